@@ -1,0 +1,38 @@
+# What every target here shares: the language level, the warnings, where results are put, and the
+# flat <postwright/...> headers that hosts and our own sources include alike.
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+find_package(Threads REQUIRED)
+
+add_library(postwright-options INTERFACE)
+target_compile_features(postwright-options INTERFACE cxx_std_20)
+target_compile_options(
+  postwright-options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+                               -Wcast-qual -Wformat=2 -Werror)
+target_include_directories(postwright-options INTERFACE "${PROJECT_SOURCE_DIR}")
+
+# Gives TARGET our language level and warnings, hidden symbols and position-independent code.
+function(postwright_configure target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:postwright-options>)
+  set_target_properties(
+    ${target}
+    PROPERTIES CXX_EXTENSIONS OFF
+               CXX_VISIBILITY_PRESET hidden
+               VISIBILITY_INLINES_HIDDEN ON
+               POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# Makes each HEADER (a path in the source tree) available as <postwright/NAME>, to the tree through
+# a forwarding header, so that an include line reads the same before and after installation. The
+# list is kept in the global property POSTWRIGHT_PUBLIC_HEADERS for installing and for the checks.
+function(postwright_public_headers)
+  foreach(header IN LISTS ARGN)
+    cmake_path(ABSOLUTE_PATH header BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}" NORMALIZE)
+    cmake_path(GET header FILENAME name)
+    file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/include/postwright/${name}" CONTENT "#include \"${header}\"\n")
+    set_property(GLOBAL APPEND PROPERTY POSTWRIGHT_PUBLIC_HEADERS "${header}")
+  endforeach()
+endfunction()
