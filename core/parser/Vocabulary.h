@@ -1,0 +1,29 @@
+#ifndef POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
+#define POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
+
+#include <vector>
+
+// The postal words that Postwright knows, as they stand in USPS Publication 28, all upper case: the
+// parser builds its patterns and its lookups from them, the local Verify service its standard form.
+// Constant data; any thread may read it at any time.
+namespace postwright::Vocabulary {
+
+struct VocabularyRow {
+  const wchar_t* written;   // a word, or pattern text where the table says so
+  const wchar_t* standard;  // its standard form
+};
+
+struct SuffixRow {
+  const wchar_t* standard;
+  std::vector<const wchar_t*> written;  // never the standard form itself
+};
+
+const std::vector<VocabularyRow>& Directions();     // 8 rows, plain words
+const std::vector<VocabularyRow>& States();         // 59 rows; names with escaped blanks
+const std::vector<SuffixRow>& Suffixes();           // 188 rows, 362 written forms, plain words
+const std::vector<VocabularyRow>& NumberedUnits();  // 16 rows, patterns
+const std::vector<VocabularyRow>& PlainUnits();     // 9 rows, patterns
+
+}  // namespace postwright::Vocabulary
+
+#endif  // POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
