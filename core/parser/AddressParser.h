@@ -12,6 +12,8 @@
 namespace postwright {
 
 class AddressReader;
+class ValuePatterns;
+struct AddressCaptures;
 
 // Finds the US postal address in a label's text and splits it into its elements.
 //
@@ -46,6 +48,7 @@ class POSTWRIGHT_CORE_EXPORT AddressParser {
   ~AddressParser();
 
   void ParseAddress();
+  void TakeCaptures(const AddressCaptures& captures);
   void ExtractAddress(std::map<std::wstring, std::wstring> captures);
   std::wstring GetNormalizedKey(const std::wstring& name) const;
   std::wstring GetNormalizedValueForKey(const std::wstring& key, std::wstring& value) const;
@@ -65,6 +68,7 @@ class POSTWRIGHT_CORE_EXPORT AddressParser {
   std::wstring text_;
   AddressInfo info_;
   std::unique_ptr<AddressReader> reader_;
+  std::unique_ptr<ValuePatterns> valuePatterns_;
 };
 
 }  // namespace postwright

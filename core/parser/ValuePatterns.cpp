@@ -1,0 +1,41 @@
+#include "core/parser/ValuePatterns.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace postwright {
+
+using boost::xpressive::wsregex;
+
+namespace {
+
+constexpr const wchar_t* kCleanValuePattern = LR"(^\s+|\s+$|[^\/\w\s\-\#\&])";
+constexpr std::wstring_view kKeptMarks = L"/-#& ";
+
+}  // namespace
+
+ValuePatterns::ValuePatterns(const std::map<std::wstring, std::wstring>& units)
+    : cleanValue_(wsregex::compile(kCleanValuePattern)) {
+  for (const auto& [key, standard] : units) {
+    units_.emplace(key, wsregex::compile(key));
+  }
+}
+
+std::wstring ValuePatterns::Clean(const std::wstring& value) const {
+  return IsClean(value) ? value : boost::xpressive::regex_replace(value, cleanValue_, L"");
+}
+
+bool ValuePatterns::Finds(const std::wstring& key, const std::wstring& value) const {
+  return boost::xpressive::regex_search(value, units_.at(key));
+}
+
+// Most values are clean: one or a few words with single blanks between them.
+bool ValuePatterns::IsClean(const std::wstring& value) const {
+  return !value.empty() && value.front() != L' ' && value.back() != L' ' &&
+         std::all_of(value.begin(), value.end(), [this](wchar_t c) {
+           return (classes_.Of(c) & CharacterClasses::kWord) != 0 ||
+                  kKeptMarks.find(c) != kKeptMarks.npos;
+         });
+}
+
+}  // namespace postwright
