@@ -15,7 +15,7 @@ boost::xpressive::wsregex gMilitaryAddressRegex;
 
 namespace {
 
-using Table = std::map<std::wstring, std::wstring>;
+using Table = AddressGrammar::Table;
 
 std::wstring Alternation(const std::vector<std::wstring>& alternatives) {
   return Utils::JoinStrings(alternatives, L"|", false);
@@ -63,7 +63,6 @@ std::wstring Designators(const Table& units) {
   return Alternation(alternatives);
 }
 
-// Bare blanks and line breaks in a pattern mean nothing; a blank of the text is written "\ ".
 boost::xpressive::wsregex Compile(const std::wstring& pattern) {
   return boost::xpressive::wsregex::compile(pattern,
                                             boost::xpressive::regex_constants::ignore_white_space);
@@ -74,12 +73,13 @@ boost::xpressive::wsregex Compile(const std::wstring& pattern) {
 // Laid out as the patterns nest, to be read as one reads them.
 // clang-format off
 
-void AddressParser::InitializeRegex() {
-  const std::wstring DIRECTIONS = Directions(directionMap_);
-  const std::wstring SUFFIXES = Suffixes(suffixMap_);
-  const std::wstring STATES = States(stateMap_);
-  const std::wstring NUMBERED_UNITS = Designators(numberedUnitMap_);
-  const std::wstring PLAIN_UNITS = Designators(plainUnitMap_);
+AddressGrammar::AddressGrammar(const Table& directions, const Table& suffixes, const Table& states,
+                               const Table& numberedUnits, const Table& plainUnits) {
+  const std::wstring DIRECTIONS = Directions(directions);
+  const std::wstring SUFFIXES = Suffixes(suffixes);
+  const std::wstring STATES = States(states);
+  const std::wstring NUMBERED_UNITS = Designators(numberedUnits);
+  const std::wstring PLAIN_UNITS = Designators(plainUnits);
 
   const std::wstring STATE = L"\\b(?:" + STATES + L")\\b";
 
@@ -136,32 +136,40 @@ void AddressParser::InitializeRegex() {
 
   const std::wstring CITY_STATE_ZIP = L"(?:" + CITY_STATE + L"\\W*)(?:(?P<ZIP>" + ZIP + L"))";
 
-  gAddressRegex = Compile(
+  address =
       L"("
         L"[^\\w\\#]*"
         L"(?:" + NUMBER + L")\\W*"
         L"(?:" + STREET + L")\\W+"
         L"(?:" + SECONDARY + L"\\W+)?"
         L"(?:" + CITY_STATE_ZIP + L")\\W*"
-      L")");
+      L")";
 
-  gPoBoxAddressRegex = Compile(
+  poBox =
       L"("
         L"\\W*"
         L"(?P<STREETLINE>(P[\\.\\ ]?O[\\.\\ ]?\\ )?BOX\\ [0-9]+)\\W+"
         + CITY_STATE_ZIP + L"\\W*"
-      L")");
+      L")";
 
-  gMilitaryAddressRegex = Compile(
+  military =
       L"("
         L"[^\\w\\#]*"
         L"(?P<STREETLINE>.+?)"
         L"(?P<CITY>[AFD]PO)\\W+"
         L"(?P<STATE>A[AEP])\\W+"
         L"(?P<ZIP>" + ZIP + L")\\W*"
-      L")");
+      L")";
 }
 
 // clang-format on
+
+void AddressParser::InitializeRegex() {
+  const AddressGrammar grammar(directionMap_, suffixMap_, stateMap_, numberedUnitMap_,
+                               plainUnitMap_);
+  gAddressRegex = Compile(grammar.address);
+  gPoBoxAddressRegex = Compile(grammar.poBox);
+  gMilitaryAddressRegex = Compile(grammar.military);
+}
 
 }  // namespace postwright

@@ -3,7 +3,23 @@
 
 #include <boost/xpressive/xpressive_dynamic.hpp>
 
+#include <map>
+#include <string>
+
 namespace postwright {
+
+// The texts of the three patterns, put together from the parser's tables. In a pattern, bare blanks
+// and line breaks mean nothing.
+struct AddressGrammar {
+  using Table = std::map<std::wstring, std::wstring>;
+
+  AddressGrammar(const Table& directions, const Table& suffixes, const Table& states,
+                 const Table& numberedUnits, const Table& plainUnits);
+
+  std::wstring address;
+  std::wstring poBox;
+  std::wstring military;
+};
 
 // The three patterns that define what an address is. They are empty, and match nothing, until the
 // parser is created; afterwards they never change.

@@ -24,8 +24,8 @@ struct AddressInfo {
   std::wstring secondaryNumber;          // "4B"
   std::wstring streetLine;               // the delivery line: "12 N MAIN ST APT 4B"
   std::wstring city;
-  std::wstring state;  // a two-letter code; a name of several words stays as it was written
-  std::wstring zip;    // "62701", "62701-1234" or "627011234"
+  std::wstring state;   // a two-letter code; a name of several words stays as it was written
+  std::wstring zip;     // "62701", "62701-1234" or "627011234"
   std::wstring suffix;  // the text after the address
 
   bool operator==(const AddressInfo&) const = default;

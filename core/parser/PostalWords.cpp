@@ -61,19 +61,23 @@ PostalWords::Steps PostalWords::TakeApart(std::wstring_view pattern) {
   return steps;
 }
 
-std::vector<PostalWords::Steps> PostalWords::TakeApart(const Table& units) {
-  std::vector<Steps> all;
+std::vector<PostalWords::Unit> PostalWords::TakeApart(const Table& units) {
+  std::vector<Unit> all;
   for (const auto& [pattern, standard] : units) {
-    all.push_back(TakeApart(pattern));
+    Steps steps = TakeApart(pattern);
+    const wchar_t initial = steps.front().choices.front().front();
+    all.push_back({initial, std::move(steps)});
   }
   return all;
 }
 
-void PostalWords::FindUnits(const std::vector<Steps>& units, std::wstring_view text, int at,
+void PostalWords::FindUnits(const std::vector<Unit>& units, std::wstring_view text, int at,
                             std::vector<int>& ends) {
   ends.clear();
-  for (const Steps& steps : units) {
-    Follow(steps, 0, text, at, ends);
+  for (const Unit& unit : units) {
+    if (unit.initial == text[static_cast<size_t>(at)]) {
+      Follow(unit.steps, 0, text, at, ends);
+    }
   }
 }
 

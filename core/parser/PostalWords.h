@@ -47,9 +47,14 @@ class PostalWords {
   };
   using Steps = std::vector<Step>;
 
+  struct Unit {
+    wchar_t initial;  // which every text of the designator begins with
+    Steps steps;
+  };
+
   static Steps TakeApart(std::wstring_view pattern);
-  static std::vector<Steps> TakeApart(const Table& units);
-  static void FindUnits(const std::vector<Steps>& units, std::wstring_view text, int at,
+  static std::vector<Unit> TakeApart(const Table& units);
+  static void FindUnits(const std::vector<Unit>& units, std::wstring_view text, int at,
                         std::vector<int>& ends);
   static void Follow(const Steps& steps, size_t step, std::wstring_view text, int at,
                      std::vector<int>& ends);
@@ -64,8 +69,8 @@ class PostalWords {
   std::vector<std::wstring> directions_;
   Words directionWords_;
   std::vector<std::wstring> states_;
-  std::vector<Steps> numberedUnits_;
-  std::vector<Steps> plainUnits_;
+  std::vector<Unit> numberedUnits_;
+  std::vector<Unit> plainUnits_;
 };
 
 }  // namespace postwright

@@ -60,8 +60,8 @@ std::wstring LookupUnit(const std::wstring& value) {
 
 void Store(const std::wstring& name, std::wstring value, AddressInfo& info) {
   const auto begins = [&name](const wchar_t* key) { return name.starts_with(key); };
-  value = boost::xpressive::regex_replace(
-      value, wsregex::compile(LR"(^\s+|\s+$|[^\/\w\s\-\#\&])"), L"");
+  value = boost::xpressive::regex_replace(value, wsregex::compile(LR"(^\s+|\s+$|[^\/\w\s\-\#\&])"),
+                                          L"");
   if (value.empty()) {
     return;
   }
@@ -91,12 +91,30 @@ void Store(const std::wstring& name, std::wstring value, AddressInfo& info) {
 void Extract(const wsmatch& match, AddressInfo& info) {
   info.prefix = match.prefix().str();
   info.suffix = match.suffix().str();
-  for (const wchar_t* name :
-       {L"CITY", L"NUMBER1", L"NUMBER2", L"NUMBER3", L"NUMBER4", L"POSTDIRECTIONAL1",
-        L"POSTDIRECTIONAL2", L"POSTDIRECTIONAL3", L"PREDIRECTIONAL1", L"SECONDARYNUMBER1",
-        L"SECONDARYNUMBER2", L"SECONDARYUNIT1", L"SECONDARYUNIT2", L"SECONDARYUNIT3", L"STATE",
-        L"STREET1", L"STREET2", L"STREET3", L"STREET4", L"STREETLINE", L"SUFFIX1", L"SUFFIX2",
-        L"SUFFIX3", L"ZIP"}) {
+  for (const wchar_t* name : {L"CITY",
+                              L"NUMBER1",
+                              L"NUMBER2",
+                              L"NUMBER3",
+                              L"NUMBER4",
+                              L"POSTDIRECTIONAL1",
+                              L"POSTDIRECTIONAL2",
+                              L"POSTDIRECTIONAL3",
+                              L"PREDIRECTIONAL1",
+                              L"SECONDARYNUMBER1",
+                              L"SECONDARYNUMBER2",
+                              L"SECONDARYUNIT1",
+                              L"SECONDARYUNIT2",
+                              L"SECONDARYUNIT3",
+                              L"STATE",
+                              L"STREET1",
+                              L"STREET2",
+                              L"STREET3",
+                              L"STREET4",
+                              L"STREETLINE",
+                              L"SUFFIX1",
+                              L"SUFFIX2",
+                              L"SUFFIX3",
+                              L"ZIP"}) {
     try {
       Store(name, match[name].str(), info);
     } catch (const boost::xpressive::regex_error&) {
@@ -106,12 +124,12 @@ void Extract(const wsmatch& match, AddressInfo& info) {
   if (!info.secondaryNumber.empty() && info.secondaryUnit.empty()) {
     info.secondaryUnit = L"APT";
   }
-  const std::wstring line = Utils::JoinStrings(
-      {info.number, info.predirectional, info.street, info.streetSuffix, info.postdirectional,
-       info.secondaryUnit, info.secondaryNumber},
-      L" ", false);
-  info.streetLine = Utils::TrimString(
-      boost::xpressive::regex_replace(line, wsregex::compile(L"\\ +"), L" "));
+  const std::wstring line =
+      Utils::JoinStrings({info.number, info.predirectional, info.street, info.streetSuffix,
+                          info.postdirectional, info.secondaryUnit, info.secondaryNumber},
+                         L" ", false);
+  info.streetLine =
+      Utils::TrimString(boost::xpressive::regex_replace(line, wsregex::compile(L"\\ +"), L" "));
 }
 
 }  // namespace
