@@ -1,0 +1,192 @@
+#include <postwright/MacPlatformServices.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <limits>
+#include <string_view>
+
+#include "platform/LogFormat.h"
+#include "platform/UrlFetch.h"
+
+namespace postwright {
+
+namespace {
+
+// Converts `text` with `convert` (wcsrtombs or mbsrtowcs), all of it or nothing.
+template <typename To, typename From, typename Convert>
+std::basic_string<To> ConvertWhole(const From* text, Convert convert) {
+  if (text == nullptr) {
+    return {};
+  }
+  std::mbstate_t state = {};
+  const From* source = text;
+  const std::size_t length = convert(nullptr, &source, 0, &state);  // SIZE_MAX for what cannot be
+  if (length == 0 || length > std::numeric_limits<std::int32_t>::max()) {
+    return {};
+  }
+  std::basic_string<To> converted(length, To());
+  state = {};
+  source = text;
+  convert(converted.data(), &source, length, &state);
+  return converted;
+}
+
+// RFC 2396, section 2: reserved and unreserved characters.
+bool IsLegalInUrl(char c) {
+  constexpr std::string_view kLegal =
+      ";/?:@&=+$,-_.!~*'()0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  return kLegal.find(c) != std::string_view::npos;
+}
+
+std::string PercentEscape(const std::string& utf8) {
+  constexpr const char* kHexDigits = "0123456789ABCDEF";
+  std::string escaped;
+  for (const char c : utf8) {
+    if (IsLegalInUrl(c)) {
+      escaped += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      escaped += {'%', kHexDigits[byte >> 4U], kHexDigits[byte & 0xFU]};
+    }
+  }
+  return escaped;
+}
+
+void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+}
+
+// Makes safe the three character references of a printed request that a street is likely to hold;
+// as they are, their ampersands would end the query parameter.
+void ReplaceSpecialChars(std::string& escaped) {
+  ReplaceAll(escaped, "&amp;", "%26amp%3b");
+  ReplaceAll(escaped, "&apos;", "%26apos%3b");
+  ReplaceAll(escaped, "&%23x09;", "%20");
+}
+
+// The value of a hexadecimal digit, or -1.
+int HexValue(char c) {
+  constexpr std::string_view kDigits = "0123456789abcdef0123456789ABCDEF";
+  const std::size_t at = kDigits.find(c);
+  return at == std::string_view::npos ? -1 : static_cast<int>(at % 16);
+}
+
+// Returns the bytes that `text` stands for; empty where a percent sign has no two digits behind it.
+std::string PercentUnescape(const std::string& text) {
+  std::string bytes;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != '%') {
+      bytes += text[at];
+      continue;
+    }
+    if (text.size() - at < 3 || HexValue(text[at + 1]) < 0 || HexValue(text[at + 2]) < 0) {
+      return {};
+    }
+    bytes += static_cast<char>(HexValue(text[at + 1]) * 16 + HexValue(text[at + 2]));
+    at += 2;
+  }
+  return bytes;
+}
+
+// The C library's UTF-8 goes beyond the code points that Unicode has.
+bool IsUnicode(const std::wstring& text) {
+  return std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= 0 && c <= 0x10FFFF; });
+}
+
+std::size_t Utf8Length(wchar_t c) {
+  return c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
+}
+
+std::size_t Utf16Length(wchar_t c) {
+  return c < 0x10000 ? 1 : 2;
+}
+
+}  // namespace
+
+std::string MacPlatformServices::UCS2ToUTF8(const std::wstring& text) {
+  return UCS2ToUTF8(text.c_str());
+}
+
+std::string MacPlatformServices::UCS2ToUTF8(const wchar_t* text) {
+  return ConvertWhole<char>(text, &std::wcsrtombs);
+}
+
+std::wstring MacPlatformServices::UTF8ToUCS2(const std::string& text) {
+  return UTF8ToUCS2(text.c_str());
+}
+
+std::wstring MacPlatformServices::UTF8ToUCS2(const char* text) {
+  return ConvertWhole<wchar_t>(text, &std::mbsrtowcs);
+}
+
+std::wstring MacPlatformServices::UrlEscape(const wchar_t* text) {
+  if (text == nullptr || !IsUnicode(text)) {
+    return {};
+  }
+  std::string escaped = PercentEscape(UCS2ToUTF8(text));
+  ReplaceSpecialChars(escaped);
+  return UTF8ToUCS2(escaped.c_str());
+}
+
+std::wstring MacPlatformServices::UrlEscape(const std::wstring& text) {
+  return UrlEscape(text.c_str());
+}
+
+std::wstring MacPlatformServices::UrlUnescape(const wchar_t* text) {
+  const std::wstring unescaped = UTF8ToUCS2(PercentUnescape(UCS2ToUTF8(text)).c_str());
+  if (!IsUnicode(unescaped)) {
+    return {};
+  }
+  std::size_t room = 1;
+  for (const wchar_t c : unescaped) {
+    room += Utf16Length(c);
+  }
+  std::size_t end = 0;
+  while (end < unescaped.size() && Utf8Length(unescaped[end]) <= room) {
+    room -= Utf8Length(unescaped[end]);
+    ++end;
+  }
+  return unescaped.substr(0, end);
+}
+
+std::unique_ptr<std::vector<std::uint8_t>> MacPlatformServices::ReadUrl(const wchar_t* url) {
+  return std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url)));
+}
+
+std::int32_t MacPlatformServices::StringToInt(const wchar_t* text) {
+  return text == nullptr ? 0 : static_cast<std::int32_t>(std::wcstol(text, nullptr, 10));
+}
+
+void MacPlatformServices::LogError(const wchar_t* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  LogMessage(format, arguments);
+  va_end(arguments);
+}
+
+void MacPlatformServices::LogWarning(const wchar_t* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  LogMessage(format, arguments);
+  va_end(arguments);
+}
+
+void MacPlatformServices::LogInfo(const wchar_t* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  LogMessage(format, arguments);
+  va_end(arguments);
+}
+
+void MacPlatformServices::LogMessage(const wchar_t* format, va_list arguments) {
+  std::wstring text = FormatLogMessage(format, arguments);
+  if (text.empty()) {
+    return;
+  }
+  text.pop_back();
+  UCS2ToUTF8(text.c_str());  // and no further
+}
+
+}  // namespace postwright
