@@ -34,7 +34,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   // the service of GetDeployment() for its standard form with exactly one ReadUrl. A text in which
   // no address is found is sent all the same, its fields empty: the service, not the parser, turns
   // it down. `services` is borrowed for the call, never null. `flag` changes nothing; hosts pass
-  // true for a quick fix and false for a full one, and may come to be treated differently by it.
+  // true for a quick fix and false for a full one, which differ in what the host makes of them.
   //
   // Returns a result that the caller owns, never null, always FixResultDefaultMatch: the text above
   // the address, the service's delivery line, urbanization, city, state and ZIP+4, the text below.
@@ -72,6 +72,8 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   TiXmlText* AddChildElement(TiXmlElement* parent, const char* name, const std::string& text);
 
  private:
+  void ParseReply(const std::string& reply, TiXmlDocument* document);
+
   AddressInfo info_;
   [[maybe_unused]] bool flag_;
   IPlatformServices* services_;

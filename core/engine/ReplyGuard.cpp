@@ -1,0 +1,175 @@
+#include "core/engine/ReplyGuard.h"
+
+#include <strings.h>
+
+#include <algorithm>
+
+namespace postwright {
+
+namespace {
+
+constexpr int kMostLevels = 100;
+constexpr int kMostAttributes = 100;
+constexpr int kMostTags = 100'000;
+
+constexpr std::string_view kDeclaration = "<?xml";
+constexpr std::string_view kComment = "<!--";
+constexpr std::string_view kCData = "<![CDATA[";
+
+// The length of the UTF-8 sequence at `at`, or 0 where there is none (The Unicode Standard, table
+// 3-7).
+std::size_t SequenceLength(std::string_view text, std::size_t at) {
+  const auto byte = [&](std::size_t i) -> unsigned {
+    return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0;
+  };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) {
+    return 1;
+  }
+  if (lead < 0xC2 || lead > 0xF4) {
+    return 0;
+  }
+  const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+  const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+  if (byte(1) < low || byte(1) > high) {
+    return 0;
+  }
+  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  for (std::size_t i = 2; i < length; ++i) {
+    if ((byte(i) & 0xC0U) != 0x80) {
+      return 0;
+    }
+  }
+  return length;
+}
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = SequenceLength(text, at);
+    if (length == 0) {
+      return false;
+    }
+    at += length;
+  }
+  return true;
+}
+
+// Follows TinyXML through a document's tags as far as it can come: a document in which the two part
+// ways is one on which TinyXML has given up before.
+class TagScanner {
+ public:
+  explicit TagScanner(std::string_view text) : text_(text) {}
+
+  const wchar_t* FindFault();
+
+ private:
+  const wchar_t* PassMarkup();
+  const wchar_t* PassDeclaration();
+  const wchar_t* PassStartTag();
+
+  bool StandsAt(std::string_view opening) const {
+    return text_.compare(at_, opening.size(), opening) == 0;
+  }
+  bool DeclarationStandsAt() const {
+    return text_.size() - at_ >= kDeclaration.size() &&
+           strncasecmp(text_.data() + at_, kDeclaration.data(), kDeclaration.size()) == 0;
+  }
+  // What TinyXML takes for the first letter of a name.
+  bool NameStandsAt(std::size_t at) const {
+    const unsigned c = at < text_.size() ? static_cast<unsigned char>(text_[at]) : 0;
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c >= 0x7F;
+  }
+  // Goes on behind the next `closing` that starts at `from` or later, or at the end of the
+  // document.
+  void PassTo(std::string_view closing, std::size_t from) {
+    const std::size_t found = text_.find(closing, from);
+    at_ = found == std::string_view::npos ? text_.size() : found + closing.size();
+  }
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+  int level_ = 0;
+};
+
+const wchar_t* TagScanner::FindFault() {
+  for (int tags = 1; (at_ = text_.find('<', at_)) != std::string_view::npos; ++tags) {
+    if (tags > kMostTags) {
+      return L"the document has more than 100,000 tags";
+    }
+    if (const wchar_t* fault = PassMarkup()) {
+      return fault;
+    }
+  }
+  return nullptr;
+}
+
+// Passes what begins with the "<" at at_.
+const wchar_t* TagScanner::PassMarkup() {
+  if (DeclarationStandsAt()) {
+    return PassDeclaration();
+  }
+  if (NameStandsAt(at_ + 1)) {
+    return PassStartTag();
+  }
+  if (StandsAt(kComment)) {
+    PassTo("-->", at_ + kComment.size());
+  } else if (StandsAt(kCData)) {
+    PassTo("]]>", at_ + kCData.size());
+  } else {
+    if (StandsAt("</")) {
+      level_ = std::max(level_ - 1, 0);
+    }
+    PassTo(">", at_);
+  }
+  return nullptr;
+}
+
+const wchar_t* TagScanner::PassDeclaration() {
+  const std::size_t begin = at_;
+  PassTo(">", at_);
+  char quote = 0;
+  for (const char c : text_.substr(begin, at_ - begin)) {
+    if (quote == 0 ? c == '"' || c == '\'' : c == quote) {
+      quote = quote == 0 ? c : 0;
+    }
+  }
+  const bool ended = text_[at_ - 1] == '>' && quote == 0;
+  return ended ? nullptr : L"the XML declaration does not end";
+}
+
+const wchar_t* TagScanner::PassStartTag() {
+  int attributes = 0;
+  char quote = 0;
+  for (; at_ < text_.size(); ++at_) {
+    const char c = text_[at_];
+    if (quote != 0) {
+      quote = c == quote ? 0 : quote;
+    } else if (c == '"' || c == '\'') {
+      quote = c;
+    } else if (c == '=' && ++attributes > kMostAttributes) {
+      return L"an element has more than 100 attributes";
+    } else if (c == '>') {
+      break;
+    }
+  }
+  const bool isEmptyElement = at_ < text_.size() && text_[at_ - 1] == '/';
+  if (level_ + 1 > kMostLevels) {
+    return L"elements are nested deeper than 100";
+  }
+  level_ += isEmptyElement ? 0 : 1;
+  return nullptr;
+}
+
+}  // namespace
+
+const wchar_t* FindReplyFault(std::string_view reply) {
+  if (reply.find('\0') != std::string_view::npos) {
+    return L"the document holds a NUL";
+  }
+  if (!IsUtf8(reply)) {
+    return L"the document is not UTF-8";
+  }
+  return TagScanner(reply).FindFault();
+}
+
+}  // namespace postwright
