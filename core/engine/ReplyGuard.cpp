@@ -12,6 +12,8 @@ constexpr int kMostLevels = 100;
 constexpr int kMostAttributes = 100;
 constexpr int kMostTags = 100'000;
 
+constexpr const wchar_t* kBrokenReference = L"a character reference is broken";
+
 constexpr std::string_view kDeclaration = "<?xml";
 constexpr std::string_view kComment = "<!--";
 constexpr std::string_view kCData = "<![CDATA[";
@@ -54,6 +56,20 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
+// True when each "&#" of `text` goes on with digits and a semicolon.
+bool HasWholeReferences(std::string_view text) {
+  for (std::size_t at = 0; (at = text.find("&#", at)) != std::string_view::npos;) {
+    at += 2;
+    const bool isHex = text.substr(at).starts_with('x');
+    const char* digits = isHex ? "0123456789abcdefABCDEF" : "0123456789";
+    at = text.find_first_not_of(digits, isHex ? at + 1 : at);
+    if (at == std::string_view::npos || text[at] != ';') {
+      return false;
+    }
+  }
+  return true;
+}
+
 // Follows TinyXML through a document's tags as far as it can come: a document in which the two part
 // ways is one on which TinyXML has given up before.
 class TagScanner {
@@ -92,7 +108,12 @@ class TagScanner {
 };
 
 const wchar_t* TagScanner::FindFault() {
-  for (int tags = 1; (at_ = text_.find('<', at_)) != std::string_view::npos; ++tags) {
+  for (int tags = 0; at_ < text_.size(); ++tags) {
+    const std::size_t begin = at_;
+    at_ = std::min(text_.find('<', at_), text_.size());
+    if (!HasWholeReferences(text_.substr(begin, at_ - begin))) {
+      return kBrokenReference;
+    }
     if (tags > kMostTags) {
       return L"the document has more than 100,000 tags";
     }
@@ -103,7 +124,7 @@ const wchar_t* TagScanner::FindFault() {
   return nullptr;
 }
 
-// Passes what begins with the "<" at at_.
+// Passes what begins with the "<" at at_, if there is one.
 const wchar_t* TagScanner::PassMarkup() {
   if (DeclarationStandsAt()) {
     return PassDeclaration();
@@ -127,17 +148,21 @@ const wchar_t* TagScanner::PassMarkup() {
 const wchar_t* TagScanner::PassDeclaration() {
   const std::size_t begin = at_;
   PassTo(">", at_);
+  const std::string_view declaration = text_.substr(begin, at_ - begin);
   char quote = 0;
-  for (const char c : text_.substr(begin, at_ - begin)) {
+  for (const char c : declaration) {
     if (quote == 0 ? c == '"' || c == '\'' : c == quote) {
       quote = quote == 0 ? c : 0;
     }
   }
-  const bool ended = text_[at_ - 1] == '>' && quote == 0;
-  return ended ? nullptr : L"the XML declaration does not end";
+  if (!declaration.ends_with('>') || quote != 0) {
+    return L"the XML declaration does not end";
+  }
+  return HasWholeReferences(declaration) ? nullptr : kBrokenReference;
 }
 
 const wchar_t* TagScanner::PassStartTag() {
+  const std::size_t begin = at_;
   int attributes = 0;
   char quote = 0;
   for (; at_ < text_.size(); ++at_) {
@@ -151,6 +176,9 @@ const wchar_t* TagScanner::PassStartTag() {
     } else if (c == '>') {
       break;
     }
+  }
+  if (!HasWholeReferences(text_.substr(begin, at_ - begin))) {
+    return kBrokenReference;
   }
   const bool isEmptyElement = at_ < text_.size() && text_[at_ - 1] == '/';
   if (level_ + 1 > kMostLevels) {

@@ -14,6 +14,8 @@ namespace postwright {
 //   text not in UTF-8  TinyXML trusts a lead byte to be followed by its sequence and so steps over
 //                      the bytes behind it, a tag's bracket or the end of the document among them;
 //                      text in another encoding would be lost at the conversion in any case
+//   a character reference of anything but digits   TinyXML reads it back from the next ";", and so
+//                      steps over the tags in between
 //   more than 100 levels of elements   TinyXML recurses once a level
 //   more than 100 attributes a tag     it compares each with all before it
 //   more than 100,000 tags             it keeps some 250 bytes for each; a real reply has twenty
