@@ -1,0 +1,78 @@
+#include "service/text/Encoding.h"
+
+#include <array>
+
+namespace postwright::service {
+namespace {
+
+// Windows-1252, 0x80 to 0x9F.
+constexpr std::array<char32_t, 32> kHighControls = {
+    0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
+
+// Appends a code point of the basic plane.
+void AppendUtf8(char32_t c, std::string& text) {
+  if (c < 0x80) {
+    text += static_cast<char>(c);
+  } else if (c < 0x800) {
+    text += static_cast<char>(0xC0 | (c >> 6));
+    text += static_cast<char>(0x80 | (c & 0x3F));
+  } else {
+    text += static_cast<char>(0xE0 | (c >> 12));
+    text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    text += static_cast<char>(0x80 | (c & 0x3F));
+  }
+}
+
+// Length of the well-formed sequence at the front of `bytes`, 0 where there is none.
+size_t SequenceLength(std::string_view bytes) {
+  const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  const unsigned char lead = byte(0);
+  const size_t length = lead < 0x80   ? 1
+                        : lead < 0xC2 ? 0
+                        : lead < 0xE0 ? 2
+                        : lead < 0xF0 ? 3
+                        : lead < 0xF5 ? 4
+                                      : 0;
+  if (length == 0 || length > bytes.size()) {
+    return 0;
+  }
+  for (size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) {
+      return 0;
+    }
+  }
+  const bool overlong = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xF0 && byte(1) < 0x90);
+  const bool surrogate = lead == 0xED && byte(1) > 0x9F;
+  const bool beyond = lead == 0xF4 && byte(1) > 0x8F;
+  return overlong || surrogate || beyond ? 0 : length;
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const size_t length = SequenceLength(bytes);
+    if (length == 0) {
+      return false;
+    }
+    bytes.remove_prefix(length);
+  }
+  return true;
+}
+
+std::string DecodeText(std::string_view bytes) {
+  if (IsUtf8(bytes)) {
+    return std::string(bytes);
+  }
+  std::string text;
+  text.reserve(2 * bytes.size());
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    AppendUtf8(byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80] : byte, text);
+  }
+  return text;
+}
+
+}  // namespace postwright::service
