@@ -1,0 +1,62 @@
+#ifndef POSTWRIGHT_SERVICE_ADDRESS_LASTLINE_H_
+#define POSTWRIGHT_SERVICE_ADDRESS_LASTLINE_H_
+
+#include <string>
+#include <variant>
+
+#include "service/address/Rejection.h"
+#include "service/address/ZipBase.h"
+
+namespace postwright::service {
+
+// City, state and ZIP code as they were asked for: folded text, any of them may be empty.
+struct LastLine {
+  std::string city;
+  std::string state;  // a name or a code
+  std::string zip;    // five digits, nine, or five and four with a hyphen
+};
+
+// City, state and ZIP code that belong together, all of them filled.
+struct PlacedLine {
+  std::string city;
+  std::string state;
+  std::string zip5;
+  bool zipCorrected = false;   // the ZIP is another than was asked for, or none was
+  bool cityCorrected = false;  // the city or the state is another, not only written otherwise
+};
+
+// Checks city, state and ZIP code against one another.
+//
+//   LastLineChecker(base).Check({"AUSTIN", "OK", "78701"});   // AUSTIN TX 78701
+//   LastLineChecker(base).Check({"HUTTO", "TEXAS", ""});      // HUTTO TX 78634
+//   LastLineChecker(base).Check({"AUSTIN", "TX", ""});        // Rejection::Multiple
+//
+// Of three statements the one that the two others contradict is corrected, one that the others
+// leave no doubt about is filled. A city that differs from the base's name for the ZIP is taken to
+// be one of the other names that the postal service accepts there, and kept, unless it is a near
+// spelling of the base's name, or is known in other states alone. What is left uncertain is not
+// decided: see docs/verify-service.md for each case and its rejection.
+//
+// Borrows the base. Any thread may call Check.
+class LastLineChecker {
+ public:
+  explicit LastLineChecker(const ZipBase& base) : base_(base) {}
+
+  std::variant<PlacedLine, Rejection> Check(const LastLine& asked) const;
+
+ private:
+  struct Reading;  // the three statements, read
+
+  using Result = std::variant<PlacedLine, Rejection>;
+  Result CheckMilitary(const Reading& asked) const;
+  Result CheckKnownZip(const Reading& asked, const ZipBase::City& ofZip) const;
+  Result KeepState(const Reading& asked, const ZipBase::City& ofZip) const;
+  Result DecideState(const Reading& asked, const ZipBase::City& ofZip) const;
+  Result CheckCityAndState(const Reading& asked) const;
+
+  const ZipBase& base_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_ADDRESS_LASTLINE_H_

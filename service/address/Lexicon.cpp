@@ -1,0 +1,179 @@
+#include "service/address/Lexicon.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/parser/Vocabulary.h"
+#include "service/text/AsciiText.h"
+
+namespace postwright::service {
+namespace {
+
+using Vocabulary::SuffixRow;
+using Vocabulary::VocabularyRow;
+
+// The vocabulary is ASCII throughout.
+std::string Narrow(std::wstring_view wide) {
+  std::string narrow;
+  std::transform(wide.begin(), wide.end(), std::back_inserter(narrow),
+                 [](wchar_t c) { return static_cast<char>(c); });
+  return narrow;
+}
+
+// Lists the words that a unit's pattern stands for. The patterns know letters, groups, `?` and `*`
+// alone; an asterisk is taken to mean up to two, as in FLOOR.
+class PatternWords {
+ public:
+  static Words List(std::string_view pattern) { return PatternWords(pattern).ReadSequence(); }
+
+ private:
+  explicit PatternWords(std::string_view pattern) : rest_(pattern) {}
+
+  Words ReadSequence() {
+    Words words = {""};
+    while (!rest_.empty() && rest_.front() != ')') {
+      words = Combine(words, ReadItem());
+    }
+    return words;
+  }
+
+  // One letter or group with what may follow it, as the list of texts that it stands for.
+  Words ReadItem() {
+    constexpr std::string_view kGroup = "(?:";
+    Words item;
+    if (rest_.starts_with(kGroup)) {
+      rest_.remove_prefix(kGroup.size());
+      item = ReadSequence();
+      rest_.remove_prefix(1);
+    } else {
+      item = {std::string(1, rest_.front())};
+      rest_.remove_prefix(1);
+    }
+    if (!rest_.empty() && (rest_.front() == '?' || rest_.front() == '*')) {
+      const Words twice = rest_.front() == '*' ? Combine(item, item) : Words();
+      item.insert(item.end(), twice.begin(), twice.end());
+      item.emplace_back();
+      rest_.remove_prefix(1);
+    }
+    return item;
+  }
+
+  static Words Combine(const Words& heads, const Words& tails) {
+    Words combined;
+    for (const std::string& head : heads) {
+      for (const std::string& tail : tails) {
+        combined.push_back(head + tail);
+      }
+    }
+    return combined;
+  }
+
+  std::string_view rest_;
+};
+
+// What the parser calls SPACE is SPC in appendix C2.
+std::string StandardUnit(const VocabularyRow& row) {
+  std::string standard = Narrow(row.standard);
+  return standard == "SPACE" ? "SPC" : standard;
+}
+
+void FillUnits(const std::vector<VocabularyRow>& rows,
+               std::unordered_map<std::string, std::string>& table) {
+  for (const VocabularyRow& row : rows) {
+    const std::string pattern = Narrow(row.written);
+    const std::string standard = StandardUnit(row);
+    for (const std::string& word : PatternWords::List(pattern)) {
+      table.emplace(word, standard);
+    }
+    table.emplace(standard, standard);
+  }
+}
+
+// The written form that names a suffix in full is the longest, but for these (appendix C1).
+constexpr std::pair<const char*, const char*> kSpelled[] = {
+    {"FRST", "FOREST"}, {"HOLW", "HOLLOW"},  {"ISLE", "ISLE"},   {"LN", "LANE"},
+    {"LOOP", "LOOP"},   {"PARK", "PARK"},    {"PATH", "PATH"},   {"PIKE", "PIKE"},
+    {"PLNS", "PLAINS"}, {"PKWY", "PARKWAY"}, {"RNCH", "RANCH"},  {"SHR", "SHORE"},
+    {"SHRS", "SHORES"}, {"SPUR", "SPUR"},    {"TRAK", "TRACK"},  {"TRCE", "TRACE"},
+    {"TRL", "TRAIL"},   {"TUNL", "TUNNEL"},  {"VLG", "VILLAGE"}, {"WALK", "WALK"},
+    {"WAY", "WAY"},     {"EXT", "EXTENSION"}};
+
+}  // namespace
+
+const Lexicon& Lexicon::Get() {
+  static const Lexicon lexicon;
+  return lexicon;
+}
+
+Lexicon::Lexicon() {
+  for (const VocabularyRow& row : Vocabulary::Directions()) {
+    directions_.emplace(Narrow(row.written), Narrow(row.standard));
+    directions_.emplace(Narrow(row.standard), Narrow(row.standard));
+  }
+  for (const auto& [standard, spelled] : kSpelled) {
+    spelledSuffixes_.emplace(standard, spelled);
+  }
+  for (const SuffixRow& row : Vocabulary::Suffixes()) {
+    const std::string standard = Narrow(row.standard);
+    suffixes_.emplace(standard, standard);
+    std::string longest;
+    for (const wchar_t* written : row.written) {
+      const std::string word = Narrow(written);
+      suffixes_.emplace(word, standard);
+      longest = word.size() > longest.size() ? word : longest;
+    }
+    spelledSuffixes_.emplace(standard, longest);
+  }
+  FillUnits(Vocabulary::NumberedUnits(), numberedUnits_);
+  numberedUnits_.emplace("PMB", "PMB");  // private mailbox, section 284
+  FillUnits(Vocabulary::PlainUnits(), plainUnits_);
+  for (const VocabularyRow& row : Vocabulary::States()) {
+    std::string name = Narrow(row.written);
+    std::erase_if(name, [](char c) { return !IsUpper(c); });
+    states_.emplace(name, Narrow(row.standard));
+    states_.emplace(Narrow(row.standard), Narrow(row.standard));
+  }
+  for (const char* military : {"AA", "AE", "AP"}) {
+    states_.emplace(military, military);
+  }
+}
+
+std::string_view Lexicon::Find(const Table& table, std::string_view word) {
+  const auto found = table.find(std::string(word));
+  return found == table.end() ? std::string_view() : std::string_view(found->second);
+}
+
+std::string_view Lexicon::Direction(std::string_view word) const {
+  return Find(directions_, word);
+}
+
+std::string_view Lexicon::Suffix(std::string_view word) const {
+  return Find(suffixes_, word);
+}
+
+std::string_view Lexicon::SpelledSuffix(std::string_view standard) const {
+  return Find(spelledSuffixes_, standard);
+}
+
+bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
+  static constexpr std::string_view kTypes[] = {"ALY", "AVE", "BLVD", "CIR", "CT", "DR",
+                                                "HWY", "LN",  "PKWY", "PL",  "RD", "SQ",
+                                                "ST",  "TER", "TRL",  "WAY"};
+  return std::find(std::begin(kTypes), std::end(kTypes), standardSuffix) != std::end(kTypes);
+}
+
+std::string_view Lexicon::NumberedUnit(std::string_view word) const {
+  return Find(numberedUnits_, word);
+}
+
+std::string_view Lexicon::PlainUnit(std::string_view word) const {
+  return Find(plainUnits_, word);
+}
+
+std::string_view Lexicon::State(std::string_view nameOrCode) const {
+  std::string letters(nameOrCode);
+  std::erase_if(letters, [](char c) { return !IsUpper(c); });
+  return Find(states_, letters);
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,54 @@
+#ifndef POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
+#define POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace postwright::service {
+
+// The postal words by their written forms: the parser's own tables, turned to look words up.
+//
+//   Lexicon::Get().Suffix("AVENUE");   // "AVE"
+//   Lexicon::Get().Unit("SUITE");      // "STE"
+//
+// Words are given in upper case and ASCII. Every look-up returns the empty text for a word that the
+// tables do not hold, and the standard form for a standard form. Constant once built, on first use:
+// any thread may ask.
+class Lexicon {
+ public:
+  static const Lexicon& Get();
+
+  std::string_view Direction(std::string_view word) const;  // NORTHEAST -> NE
+  std::string_view Suffix(std::string_view word) const;     // USPS Publication 28, appendix C1
+  std::string_view SpelledSuffix(std::string_view standard) const;  // AVE -> AVENUE
+
+  // Says whether a standard suffix can hardly be anything but a street's type, as ST and AVE are;
+  // LK or PARK may as well be its name.
+  bool IsPlainType(std::string_view standardSuffix) const;
+
+  // USPS Publication 28, appendix C2. The parser answers SPACE for a space; the standard is SPC.
+  std::string_view NumberedUnit(std::string_view word) const;  // one that a number must follow
+  std::string_view PlainUnit(std::string_view word) const;     // one that may stand alone
+
+  // Returns the two-letter code of a state, territory or military "state" given by its code or its
+  // name, blanks in the name or not.
+  std::string_view State(std::string_view nameOrCode) const;
+
+ private:
+  using Table = std::unordered_map<std::string, std::string>;
+
+  Lexicon();
+  static std::string_view Find(const Table& table, std::string_view word);
+
+  Table directions_;
+  Table suffixes_;
+  Table spelledSuffixes_;
+  Table numberedUnits_;
+  Table plainUnits_;
+  Table states_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_

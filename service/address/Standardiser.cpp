@@ -1,0 +1,81 @@
+#include "service/address/Standardiser.h"
+
+#include <algorithm>
+
+#include "service/address/BoxLine.h"
+#include "service/address/PuertoRico.h"
+#include "service/address/StreetLine.h"
+#include "service/address/UnitReader.h"
+
+namespace postwright::service {
+namespace {
+
+bool IsMilitaryState(std::string_view state) {
+  return state == "AA" || state == "AE" || state == "AP";
+}
+
+// Reads one delivery line; what does not belong on it is set aside.
+std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) {
+  if (IsMilitaryState(state)) {
+    if (auto line = ReadMilitary(words)) {
+      return line;
+    }
+  }
+  for (const auto read : {&ReadGeneralDelivery, &ReadPostOfficeBox, &ReadRoute}) {
+    if (auto line = read(words)) {
+      return line;
+    }
+  }
+  if (const auto street = ReadStreet(words, state)) {
+    return BoxLine{street->Compose(), {}};
+  }
+  if (IsMilitaryState(state) && !words.empty()) {
+    return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
+  }
+  return std::nullopt;
+}
+
+// A second line: a unit in standard form, another delivery line, or text that only loses its
+// punctuation. A lone hyphen, which clients send for "none", is no word.
+Words ReadSecondLine(const Words& words, std::string_view state) {
+  if (auto units = ReadUnitLine(words)) {
+    return *units;
+  }
+  if (const auto box = ReadPostOfficeBox(words)) {
+    return box->aside.empty() ? box->line : words;
+  }
+  if (const auto street = words.size() > 2 ? ReadStreet(words, state) : std::nullopt) {
+    return street->Compose();
+  }
+  return words;
+}
+
+}  // namespace
+
+std::optional<DeliveryLines> Standardiser::Standardise(const DeliveryLines& asked,
+                                                       std::string_view state) {
+  Words above = SplitLine(asked.address1);
+  Words delivery = SplitLine(asked.address2);
+  if (delivery.empty() || (ReadUnitLine(delivery) && !ReadUnitLine(above) && !above.empty() &&
+                           ReadDelivery(above, state))) {
+    std::swap(above, delivery);
+  }
+  std::string urbanization = StandardUrbanization(SplitLine(asked.urbanization));
+  if (state == "PR" && urbanization.empty() && IsUrbanization(above)) {
+    urbanization = StandardUrbanization(above);
+    above.clear();
+  }
+  std::optional<BoxLine> line = ReadDelivery(delivery, state);
+  if (!line) {
+    return std::nullopt;
+  }
+  if (above.empty()) {
+    above = std::move(line->aside);
+  } else {
+    line->line.insert(line->line.end(), line->aside.begin(), line->aside.end());
+  }
+  return DeliveryLines{JoinWords(ReadSecondLine(above, state)), JoinWords(line->line),
+                       std::move(urbanization)};
+}
+
+}  // namespace postwright::service
