@@ -1,0 +1,172 @@
+#include "service/protocol/VerifyReply.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+
+struct RejectionRow {
+  Rejection rejection;
+  std::string_view number;
+  std::string_view description;  // blanks at the end included: clients compare
+};
+
+constexpr RejectionRow kRejections[] = {
+    {Rejection::InvalidAddress, "-2147219396", "Invalid Address.  "},
+    {Rejection::InvalidZip, "-2147219399", "Invalid Zip Code.  "},
+    {Rejection::InvalidCity, "-2147219400", "Invalid City.  "},
+    {Rejection::NotFound, "-2147219401", "Address Not Found.  "},
+    {Rejection::InvalidState, "-2147219402", "Invalid State Code.  "},
+    {Rejection::Multiple, "-2147219403",
+     "Multiple addresses were found for the information you entered, and no default exists."},
+};
+
+const RejectionRow& RowOf(Rejection rejection) {
+  for (const RejectionRow& row : kRejections) {
+    if (row.rejection == rejection) {
+      return row;
+    }
+  }
+  return kRejections[0];
+}
+
+std::string Escape(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      case '"':
+        escaped += "&quot;";
+        break;
+      case '\t':
+      case '\n':
+      case '\r':
+        escaped += ' ';
+        break;
+      default:
+        escaped += c;
+    }
+  }
+  return escaped;
+}
+
+// Writes `<name>text</name>`, and `<name/>` for the empty text.
+void Always(std::string& xml, std::string_view name, std::string_view text) {
+  xml.append("<").append(name);
+  if (text.empty()) {
+    xml += "/>";
+  } else {
+    xml.append(">").append(Escape(text)).append("</").append(name).append(">");
+  }
+}
+
+void IfKnown(std::string& xml, std::string_view name, std::string_view text) {
+  if (!text.empty()) {
+    Always(xml, name, text);
+  }
+}
+
+void WriteRejection(std::string& xml, Rejection rejection) {
+  const RejectionRow& row = RowOf(rejection);
+  xml += "<Error>";
+  Always(xml, "Number", row.number);
+  Always(xml, "Source", "clsAMS");
+  Always(xml, "Description", row.description);
+  xml += "<HelpFile/><HelpContext/></Error>";
+}
+
+// What an address base without streets can say about delivery point validation: not confirmed, and
+// no flag set. Carrier route, delivery point and the validation's own footnotes would be invented.
+void WriteConfirmation(std::string& xml, const ReplyFields& fields) {
+  IfKnown(xml, "Footnotes", fields.footnotes);
+  IfKnown(xml, "DPVConfirmation", fields.dpvConfirmation);
+  if (fields.dpvConfirmation == "N") {
+    Always(xml, "DPVFalse", "N");
+    Always(xml, "CentralDeliveryPoint", "N");
+  }
+}
+
+void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
+  const bool shortCity = !revision1 && !fields.cityAbbreviation.empty();
+  IfKnown(xml, "FirmName", fields.firmName);
+  IfKnown(xml, "Address1", fields.address1);
+  Always(xml, "Address2", fields.address2);
+  Always(xml, "City", shortCity ? fields.cityAbbreviation : fields.city);
+  if (revision1) {
+    IfKnown(xml, "CityAbbreviation", fields.cityAbbreviation);
+  }
+  Always(xml, "State", fields.state);
+  IfKnown(xml, "Urbanization", fields.urbanization);
+  Always(xml, "Zip5", fields.zip5);
+  Always(xml, "Zip4", fields.zip4);
+  if (revision1) {
+    WriteConfirmation(xml, fields);
+  }
+}
+
+// The root error has its elements in another order than that of an address.
+std::string RootError(std::string_view number, std::string_view description) {
+  std::string xml(kDeclaration);
+  xml += "<Error>";
+  Always(xml, "Number", number);
+  Always(xml, "Description", description);
+  Always(xml, "Source", "USPSCOM::DoAuth");
+  xml += "</Error>";
+  return xml;
+}
+
+}  // namespace
+
+std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
+  std::string xml(kDeclaration);
+  xml += "<AddressValidateResponse>";
+  for (const ReplyAddress& address : addresses) {
+    xml += "<Address";
+    if (address.id) {
+      xml.append(" ID=\"").append(Escape(*address.id)).append("\"");
+    }
+    xml += ">";
+    if (const auto* fields = std::get_if<ReplyFields>(&address.outcome)) {
+      WriteFields(xml, *fields, revision1);
+    } else {
+      WriteRejection(xml, std::get<Rejection>(address.outcome));
+    }
+    xml += "</Address>";
+  }
+  xml += "</AddressValidateResponse>";
+  return xml;
+}
+
+std::string VerifyReply::ComposeFault(RequestFault fault) {
+  switch (fault) {
+    case RequestFault::NoUser:
+      return RootError("80040B1A",
+                       "Authorization failure.  Perhaps username and/or password is incorrect.");
+    case RequestFault::TooManyAddresses:
+      return RootError("80040B18",
+                       "A request may hold up to 5 addresses. Send the others in another.");
+    case RequestFault::Syntax:
+      break;
+  }
+  return RootError("80040B19",
+                   "XML Syntax Error: Please check the XML request to see if it can be parsed.(B)");
+}
+
+std::string VerifyReply::ComposeUnknownApi(std::string_view api) {
+  return RootError("80040B1A", "API Authorization failure. " + std::string(api) +
+                                   " is not a valid API name for this protocol.");
+}
+
+std::string_view VerifyReply::NumberOf(Rejection rejection) {
+  return RowOf(rejection).number;
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,58 @@
+#ifndef POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREPLY_H_
+#define POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREPLY_H_
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "service/address/Rejection.h"
+#include "service/protocol/VerifyRequest.h"
+
+namespace postwright::service {
+
+// What is known of an address that could be placed. A text that is empty is left out of the reply,
+// but for Address2, City, State, Zip5 and Zip4, which a client always finds.
+struct ReplyFields {
+  std::string firmName;
+  std::string address1;
+  std::string address2;
+  std::string city;
+  std::string cityAbbreviation;  // at most 13 letters, where the city has more and it is known
+  std::string state;
+  std::string urbanization;
+  std::string zip5;
+  std::string zip4;
+  std::string footnotes;        // letters run together, "BN"
+  std::string dpvConfirmation;  // Y, D, S or N
+};
+
+// The answer to one address.
+struct ReplyAddress {
+  std::optional<std::string> id;
+  std::variant<ReplyFields, Rejection> outcome;
+};
+
+// The reply documents of the Verify interface, as the postal service wrote them: the declaration,
+// a line feed, and everything else in one line.
+namespace VerifyReply {
+
+// Returns `AddressValidateResponse` with the addresses in their order. With `revision1` the long
+// form; without, the short one, whose City is the abbreviation and which has no footnotes and
+// nothing about delivery point validation.
+std::string Compose(const std::vector<ReplyAddress>& addresses, bool revision1);
+
+// Returns the root `Error` for a document that cannot be answered as a whole.
+std::string ComposeFault(RequestFault fault);
+
+// Returns the root `Error` for an API other than Verify.
+std::string ComposeUnknownApi(std::string_view api);
+
+// The number that stands for a rejection on the wire, such as "-2147219401".
+std::string_view NumberOf(Rejection rejection);
+
+}  // namespace VerifyReply
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREPLY_H_

@@ -1,0 +1,62 @@
+#ifndef POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREQUEST_H_
+#define POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREQUEST_H_
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace postwright::service {
+
+// One address as it was asked for: UTF-8, as the client wrote it. Elements that the client left out
+// are empty.
+struct RequestAddress {
+  std::optional<std::string> id;  // the attribute ID; the answer has one only if the request had
+  std::string firmName;
+  std::string address1;  // the unit
+  std::string address2;  // the delivery line
+  std::string city;
+  std::string state;
+  std::string urbanization;
+  std::string zip5;
+  std::string zip4;
+  bool cutShort = false;  // the document ended within this address
+};
+
+// Why a document as a whole cannot be answered.
+enum class RequestFault {
+  Syntax,            // not XML, or XML of another kind
+  NoUser,            // no USERID
+  TooManyAddresses,  // more than kMostAddresses
+};
+
+// A request document of the Verify interface, `AddressValidateRequest`.
+//
+//   const auto request = VerifyRequest::Read(document);
+//   if (const auto* good = std::get_if<VerifyRequest>(&request)) { … good->addresses … }
+struct VerifyRequest {
+  static constexpr size_t kMostAddresses = 5;    // of the interface
+  static constexpr size_t kLongestField = 200;   // bytes that are kept; the interface has 38
+  static constexpr size_t kDeepestElement = 16;  // the interface has 3
+  static constexpr size_t kLongestDocument = 64 * 1024;  // bytes; five full addresses take 4 KiB
+
+  std::string userId;
+  bool revision1 = false;  // <Revision>1</Revision>: the longer form of the answer
+  std::vector<RequestAddress> addresses;
+
+  // Reads a document of any content. UTF-8, UTF-16 with its mark, and what is neither as
+  // Windows-1252, whatever the declaration says: clients are careless with it.
+  //
+  // A document that ends too early is read as far as it goes, since clients that forget to escape
+  // an ampersand have it cut there by the query's own syntax; an address that it ends in is marked.
+  // One that ends before its first address, is not well-formed, carries a document type (and with
+  // it entities), nests deeper than kDeepestElement or is longer than kLongestDocument is a fault.
+  // Needs memory in proportion to the document, and no deeper a stack for deeper nesting. Any
+  // thread.
+  static std::variant<VerifyRequest, RequestFault> Read(std::string_view document);
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREQUEST_H_
