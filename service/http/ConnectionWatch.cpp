@@ -1,0 +1,78 @@
+#include "service/http/ConnectionWatch.h"
+
+#include <linux/tcp.h>  // the C library's own tcp_info ends before tcpi_bytes_received
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+
+namespace postwright::service {
+namespace {
+
+// How many bytes the peer has sent so far, read or not; 0 where the system cannot tell.
+uint64_t BytesReceived(int socket) {
+  tcp_info info = {};
+  socklen_t length = sizeof(info);
+  return getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &length) == 0 ? info.tcpi_bytes_received
+                                                                        : 0;
+}
+
+}  // namespace
+
+ConnectionWatch::ConnectionWatch(std::chrono::milliseconds patience)
+    : patience_(patience), thread_(&ConnectionWatch::EndLate, this) {}
+
+ConnectionWatch::~ConnectionWatch() {
+  {
+    const std::lock_guard lock(mutex_);
+    stop_ = true;
+  }
+  stopping_.notify_one();
+  thread_.join();
+}
+
+void ConnectionWatch::Opened(int socket) {
+  const std::lock_guard lock(mutex_);
+  connections_[socket] = {Clock::now() + patience_};
+}
+
+void ConnectionWatch::Answered(int socket) {
+  const uint64_t received = BytesReceived(socket);
+  const std::lock_guard lock(mutex_);
+  connections_[socket] = {Clock::now() + patience_, received};
+}
+
+void ConnectionWatch::Closed(int socket) {
+  const std::lock_guard lock(mutex_);
+  connections_.erase(socket);
+}
+
+void ConnectionWatch::EndIdle() {
+  const std::lock_guard lock(mutex_);
+  for (const auto& [socket, connection] : connections_) {
+    if (BytesReceived(socket) == connection.bytesAnswered) {
+      shutdown(socket, SHUT_RD);
+    }
+  }
+}
+
+size_t ConnectionWatch::OpenCount() const {
+  const std::lock_guard lock(mutex_);
+  return connections_.size();
+}
+
+void ConnectionWatch::EndLate() {
+  const auto interval = std::clamp<std::chrono::milliseconds>(
+      patience_ / 8, std::chrono::milliseconds(10), std::chrono::seconds(1));
+  std::unique_lock lock(mutex_);
+  while (!stopping_.wait_for(lock, interval, [this] { return stop_; })) {
+    const Clock::time_point now = Clock::now();
+    for (const auto& [socket, connection] : connections_) {
+      if (connection.deadline < now) {
+        shutdown(socket, SHUT_RDWR);  // the server meets the end and closes
+      }
+    }
+  }
+}
+
+}  // namespace postwright::service

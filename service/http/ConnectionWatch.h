@@ -1,0 +1,55 @@
+#ifndef POSTWRIGHT_SERVICE_HTTP_CONNECTIONWATCH_H_
+#define POSTWRIGHT_SERVICE_HTTP_CONNECTIONWATCH_H_
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+
+namespace postwright::service {
+
+// Knows the open connections of a server: ends those that take too long over one request, however
+// busily they trickle bytes, and tells at the end which ones have begun something.
+//
+// The server reports each connection's socket when it is opened, when a request is answered and,
+// while the socket is still open, before it is closed. Any thread may call any operation.
+class ConnectionWatch {
+ public:
+  // A connection has `patience` for each request, counted from its opening or its last answer.
+  explicit ConnectionWatch(std::chrono::milliseconds patience);
+  ~ConnectionWatch();
+  ConnectionWatch(const ConnectionWatch&) = delete;
+  ConnectionWatch& operator=(const ConnectionWatch&) = delete;
+
+  void Opened(int socket);
+  void Answered(int socket);
+  void Closed(int socket);
+
+  // Ends the reading side of every connection that has sent nothing since its last answer. Requests
+  // under way, half-sent ones among them, stay.
+  void EndIdle();
+
+  size_t OpenCount() const;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  struct Connection {
+    Clock::time_point deadline;
+    uint64_t bytesAnswered = 0;  // that had arrived when the last answer was given
+  };
+
+  void EndLate();
+
+  const std::chrono::milliseconds patience_;
+  mutable std::mutex mutex_;
+  std::condition_variable stopping_;
+  bool stop_ = false;
+  std::unordered_map<int, Connection> connections_;
+  std::thread thread_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_HTTP_CONNECTIONWATCH_H_

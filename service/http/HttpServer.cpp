@@ -1,0 +1,241 @@
+#include "service/http/HttpServer.h"
+
+#include <microhttpd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <charconv>
+#include <thread>
+
+#include "service/http/ConnectionWatch.h"
+
+namespace postwright::service {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A request from its first line to its answer.
+struct Exchange {
+  HttpRequest request;
+  Clock::time_point begun = Clock::now();
+  bool headersSeen = false;
+  bool tooLarge = false;
+};
+
+constexpr int kOk = 200;
+constexpr int kMethodNotAllowed = 405;
+constexpr int kContentTooLarge = 413;
+constexpr int kInternalError = 500;
+
+HttpReply TextReply(int status, std::string text) {
+  return {status, "text/plain; charset=UTF-8", std::move(text), ""};
+}
+
+// The methods that are known, by their own text; nothing that a client made up goes into a log.
+std::string KnownMethod(const std::string& method) {
+  return method == "GET" || method == "HEAD" || method == "POST" ? method : "other";
+}
+
+size_t AnnouncedLength(MHD_Connection* connection) {
+  const char* text =
+      MHD_lookup_connection_value(connection, MHD_HEADER_KIND, MHD_HTTP_HEADER_CONTENT_LENGTH);
+  size_t length = 0;
+  if (text != nullptr) {
+    const std::string_view digits(text);
+    std::from_chars(digits.data(), digits.data() + digits.size(), length);
+  }
+  return length;
+}
+
+int SocketOf(MHD_Connection* connection) {
+  return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
+}
+
+std::string ClientOf(MHD_Connection* connection) {
+  return ListenAddress::HostOf(
+      MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS)->client_addr);
+}
+
+}  // namespace
+
+class HttpServer::Impl {
+ public:
+  Impl(const ListenAddress& address, const Limits& limits, Handler handler, RequestLog& log)
+      : limits_(limits), handler_(std::move(handler)), log_(log), watch_(limits.request) {
+    const int socket = address.Open();
+    address_ = ListenAddress::OfSocket(socket);
+    Start(socket);
+  }
+
+  ~Impl() { MHD_stop_daemon(daemon_); }
+
+  const std::string& Address() const { return address_; }
+
+  void Drain(std::chrono::milliseconds limit) {
+    constexpr std::chrono::milliseconds kStep(5);
+    draining_ = true;
+    if (const MHD_socket socket = MHD_quiesce_daemon(daemon_); socket != MHD_INVALID_SOCKET) {
+      close(socket);
+    }
+    const Clock::time_point end = Clock::now() + limit;
+    while (watch_.OpenCount() > 0 && Clock::now() < end) {
+      watch_.EndIdle();
+      std::this_thread::sleep_for(kStep);
+    }
+  }
+
+ private:
+  void Start(int socket) {
+    const unsigned threads = limits_.threads > 0
+                                 ? limits_.threads
+                                 : std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
+    daemon_ = MHD_start_daemon(
+        MHD_USE_EPOLL_INTERNAL_THREAD | MHD_USE_ITC, 0, nullptr, nullptr, &Impl::OnRequest, this,
+        MHD_OPTION_LISTEN_SOCKET, socket, MHD_OPTION_THREAD_POOL_SIZE, threads,
+        MHD_OPTION_CONNECTION_LIMIT, limits_.connections, MHD_OPTION_PER_IP_CONNECTION_LIMIT,
+        limits_.connectionsPerAddress, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
+        limits_.bytesPerConnection, MHD_OPTION_CONNECTION_TIMEOUT,
+        static_cast<unsigned>(limits_.idle.count()), MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri,
+        this, MHD_OPTION_NOTIFY_COMPLETED, &Impl::OnCompleted, this, MHD_OPTION_NOTIFY_CONNECTION,
+        &Impl::OnConnection, this, MHD_OPTION_END);
+    if (daemon_ == nullptr) {
+      close(socket);
+      throw ListenError("cannot serve on " + address_ + ": no threads or descriptors are left");
+    }
+  }
+
+  // The request line has arrived. The server's own splitting of the query is not used: it ends a
+  // value at a zero byte.
+  static void* OnUri(void*, const char* uri, MHD_Connection*) {
+    auto* const exchange = new (std::nothrow) Exchange;
+    if (exchange != nullptr) {
+      const std::string_view whole(uri);
+      const size_t mark = std::min(whole.find('?'), whole.size());
+      exchange->request.path = whole.substr(0, mark);
+      exchange->request.query = whole.substr(std::min(mark + 1, whole.size()));
+    }
+    return exchange;
+  }
+
+  // Called once when the headers are there, again for each piece of the body, and once more behind
+  // it: then the answer is due.
+  static MHD_Result OnRequest(void* self, MHD_Connection* connection, const char*,
+                              const char* method, const char*, const char* data, size_t* size,
+                              void** state) {
+    auto* const exchange = static_cast<Exchange*>(*state);
+    if (exchange == nullptr) {
+      return MHD_NO;  // out of memory: this connection is given up, the others go on
+    }
+    return static_cast<Impl*>(self)->Receive(connection, method, data, size, *exchange);
+  }
+
+  MHD_Result Receive(MHD_Connection* connection, const char* method, const char* data, size_t* size,
+                     Exchange& exchange) {
+    if (!exchange.headersSeen) {
+      exchange.headersSeen = true;
+      exchange.request.method = method;
+      exchange.tooLarge = AnnouncedLength(connection) > limits_.bodyBytes;
+      return exchange.tooLarge ? Respond(connection, exchange) : MHD_YES;
+    }
+    if (*size == 0) {
+      return Respond(connection, exchange);
+    }
+    exchange.tooLarge =
+        exchange.tooLarge || exchange.request.body.size() + *size > limits_.bodyBytes;
+    if (!exchange.tooLarge) {
+      exchange.request.body.append(data, *size);
+    }
+    *size = 0;
+    return MHD_YES;
+  }
+
+  MHD_Result Respond(MHD_Connection* connection, const Exchange& exchange) {
+    const HttpReply reply = Compute(exchange);
+    MHD_Response* response = MHD_create_response_from_buffer(
+        reply.body.size(), const_cast<char*>(reply.body.data()), MHD_RESPMEM_MUST_COPY);
+    if (response == nullptr) {
+      return MHD_NO;
+    }
+    MHD_add_response_header(response, MHD_HTTP_HEADER_CONTENT_TYPE, reply.contentType.c_str());
+    if (reply.status == kMethodNotAllowed) {
+      MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");
+    }
+    if (draining_) {
+      MHD_add_response_header(response, MHD_HTTP_HEADER_CONNECTION, "close");
+    }
+    const MHD_Result queued =
+        MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);
+    MHD_destroy_response(response);
+    Log(connection, exchange, reply);
+    return queued;
+  }
+
+  HttpReply Compute(const Exchange& exchange) const {
+    if (exchange.tooLarge) {
+      return TextReply(kContentTooLarge, "The body of a request may have up to " +
+                                             std::to_string(limits_.bodyBytes) + " bytes.\n");
+    }
+    if (KnownMethod(exchange.request.method) == "other") {
+      return TextReply(kMethodNotAllowed, "Ask with GET or POST.\n");
+    }
+    try {
+      return handler_(exchange.request);
+    } catch (const std::exception& failure) {
+      // The client keeps its text and sees that the service failed, not that the address is wrong.
+      HttpReply reply = TextReply(kInternalError, "The service could not answer. Try again.\n");
+      reply.note = std::string("failure=\"") + failure.what() + '"';
+      return reply;
+    }
+  }
+
+  void Log(MHD_Connection* connection, const Exchange& exchange, const HttpReply& reply) const {
+    const auto taken =
+        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.begun);
+    log_.Write(ClientOf(connection) + ' ' + KnownMethod(exchange.request.method) + ' ' +
+               std::to_string(reply.status) + ' ' + std::to_string(reply.body.size()) + " bytes " +
+               std::to_string(taken.count()) + " us" +
+               (reply.note.empty() ? "" : " " + reply.note));
+  }
+
+  static void OnCompleted(void* self, MHD_Connection* connection, void** state,
+                          MHD_RequestTerminationCode) {
+    delete static_cast<Exchange*>(*state);
+    *state = nullptr;
+    static_cast<Impl*>(self)->watch_.Answered(SocketOf(connection));
+  }
+
+  static void OnConnection(void* self, MHD_Connection* connection, void**,
+                           MHD_ConnectionNotificationCode code) {
+    ConnectionWatch& watch = static_cast<Impl*>(self)->watch_;
+    if (code == MHD_CONNECTION_NOTIFY_STARTED) {
+      watch.Opened(SocketOf(connection));
+    } else {
+      watch.Closed(SocketOf(connection));
+    }
+  }
+
+  const Limits limits_;
+  const Handler handler_;
+  RequestLog& log_;
+  ConnectionWatch watch_;
+  std::string address_;
+  MHD_Daemon* daemon_ = nullptr;
+  std::atomic<bool> draining_ = false;
+};
+
+HttpServer::HttpServer(const ListenAddress& address, const Limits& limits, Handler handler,
+                       RequestLog& log)
+    : impl_(std::make_unique<Impl>(address, limits, std::move(handler), log)) {}
+
+HttpServer::~HttpServer() = default;
+
+const std::string& HttpServer::Address() const {
+  return impl_->Address();
+}
+
+void HttpServer::Drain(std::chrono::milliseconds limit) {
+  impl_->Drain(limit);
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,71 @@
+#ifndef POSTWRIGHT_SERVICE_HTTP_HTTPSERVER_H_
+#define POSTWRIGHT_SERVICE_HTTP_HTTPSERVER_H_
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "service/http/ListenAddress.h"
+#include "service/http/RequestLog.h"
+
+namespace postwright::service {
+
+struct HttpRequest {
+  std::string method;  // GET, HEAD or POST
+  std::string path;    // as it was sent, without the query
+  std::string query;   // as it was sent, without the question mark
+  std::string body;
+};
+
+struct HttpReply {
+  int status = 200;
+  std::string contentType;
+  std::string body;
+  std::string note;  // what the log's line says of it
+};
+
+// An HTTP/1.1 server on one address, whose threads are its own: one epoll loop a thread, answers
+// computed in place.
+//
+//   HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {}, handler, log);
+//   …
+//   server.Drain(std::chrono::seconds(5));
+//
+// Construction opens the socket, throws ListenError where that fails, and serves at once. The
+// destructor breaks off what is under way. One line a request goes to the log, which is borrowed.
+class HttpServer {
+ public:
+  struct Limits {
+    unsigned threads = 0;                   // 0: as many as processors, at least 2, at most 8
+    unsigned connections = 1024;            // in all
+    unsigned connectionsPerAddress = 512;   // of one client address; loopback is one
+    size_t bytesPerConnection = 64 * 1024;  // request line and headers together must fit
+    size_t bodyBytes = 64 * 1024;
+    std::chrono::seconds idle{30};                 // without a byte
+    std::chrono::milliseconds request{60 * 1000};  // for one request, however it trickles in
+  };
+
+  // Called from several threads at once. What it throws becomes a reply with status 500.
+  using Handler = std::function<HttpReply(const HttpRequest&)>;
+
+  HttpServer(const ListenAddress& address, const Limits& limits, Handler handler, RequestLog& log);
+  ~HttpServer();
+  HttpServer(const HttpServer&) = delete;
+  HttpServer& operator=(const HttpServer&) = delete;
+
+  // Returns ADDRESS:PORT with the port that was really taken.
+  const std::string& Address() const;
+
+  // Stops taking connections and waits until every request that has begun, half-sent ones among
+  // them, is answered, for `limit` at most. Then nothing is served any more.
+  void Drain(std::chrono::milliseconds limit);
+
+ private:
+  class Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_HTTP_HTTPSERVER_H_

@@ -1,0 +1,92 @@
+#include "service/http/ListenAddress.h"
+
+#include <netdb.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <memory>
+
+namespace postwright::service {
+namespace {
+
+constexpr int kBacklog = 1024;  // the kernel cuts it to net.core.somaxconn
+constexpr unsigned kHighestPort = 65535;
+
+socklen_t LengthOf(const sockaddr* address) {
+  return address->sa_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
+}
+
+bool IsPort(std::string_view text) {
+  unsigned port = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+  return error == std::errc() && end == text.data() + text.size() && port <= kHighestPort;
+}
+
+}  // namespace
+
+ListenAddress ListenAddress::Parse(std::string_view text) {
+  const size_t colon = text.rfind(':');
+  std::string_view host = text.substr(0, colon == std::string_view::npos ? 0 : colon);
+  const bool bracketed = host.starts_with('[') && host.ends_with(']');
+  if (bracketed) {
+    host = host.substr(1, host.size() - 2);
+  }
+  const bool bareIpv6 = !bracketed && host.find(':') != std::string_view::npos;
+  if (host.empty() || bareIpv6 || !IsPort(text.substr(colon + 1))) {
+    throw ListenError("'" + std::string(text) +
+                      "' is not ADDRESS:PORT, as in 127.0.0.1:8470 or [::1]:8470");
+  }
+  ListenAddress address;
+  address.host_ = host;
+  address.port_ = text.substr(colon + 1);
+  return address;
+}
+
+int ListenAddress::Open() const {
+  addrinfo hints = {};
+  hints.ai_socktype = SOCK_STREAM;
+  hints.ai_flags = AI_PASSIVE | AI_NUMERICSERV;
+  addrinfo* found = nullptr;
+  const int failure = getaddrinfo(host_.c_str(), port_.c_str(), &hints, &found);
+  if (failure != 0) {
+    throw ListenError("cannot listen on " + host_ + ": " + gai_strerror(failure));
+  }
+  const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(found, freeaddrinfo);
+  const int socket = ::socket(found->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  const int on = 1;
+  if (socket >= 0 && setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on)) == 0 &&
+      bind(socket, found->ai_addr, found->ai_addrlen) == 0 && listen(socket, kBacklog) == 0) {
+    return socket;
+  }
+  const std::string reason = std::strerror(errno);
+  if (socket >= 0) {
+    close(socket);
+  }
+  throw ListenError("cannot listen on " + host_ + ":" + port_ + ": " + reason);
+}
+
+std::string ListenAddress::OfSocket(int socket) {
+  sockaddr_storage storage = {};
+  socklen_t length = sizeof(storage);
+  auto* const address = reinterpret_cast<sockaddr*>(&storage);
+  char port[NI_MAXSERV] = "";
+  if (getsockname(socket, address, &length) != 0 ||
+      getnameinfo(address, length, nullptr, 0, port, sizeof(port), NI_NUMERICSERV) != 0) {
+    return "?";
+  }
+  const std::string host = HostOf(address);
+  return (address->sa_family == AF_INET6 ? "[" + host + "]" : host) + ":" + port;
+}
+
+std::string ListenAddress::HostOf(const sockaddr* address) {
+  char host[NI_MAXHOST] = "";
+  const bool shown =
+      address != nullptr &&
+      getnameinfo(address, LengthOf(address), host, sizeof(host), nullptr, 0, NI_NUMERICHOST) == 0;
+  return shown ? host : "?";
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,44 @@
+#ifndef POSTWRIGHT_SERVICE_HTTP_LISTENADDRESS_H_
+#define POSTWRIGHT_SERVICE_HTTP_LISTENADDRESS_H_
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+struct sockaddr;
+
+namespace postwright::service {
+
+// An address that cannot be listened on; what() says which and why.
+class ListenError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Where a server listens: ADDRESS:PORT, the address a name or a number, IPv6 in brackets.
+//
+//   const int socket = ListenAddress::Parse("127.0.0.1:0").Open();
+//   ListenAddress::OfSocket(socket);   // "127.0.0.1:41539"
+class ListenAddress {
+ public:
+  // Throws ListenError for a text of another form.
+  static ListenAddress Parse(std::string_view text);
+
+  // Opens a listening socket, which is the caller's to close; port 0 takes a free one. Throws
+  // ListenError where the address is none of this machine's or the port is taken.
+  int Open() const;
+
+  // Returns ADDRESS:PORT of a socket's own end.
+  static std::string OfSocket(int socket);
+
+  // Returns an address without its port, "127.0.0.1"; "?" for one that cannot be shown.
+  static std::string HostOf(const sockaddr* address);
+
+ private:
+  std::string host_;
+  std::string port_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_HTTP_LISTENADDRESS_H_
