@@ -1,0 +1,7 @@
+#include <postwright/AddressEntry.h>
+
+namespace postwright {
+
+AddressEntry::~AddressEntry() = default;
+
+}  // namespace postwright
