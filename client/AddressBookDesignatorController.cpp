@@ -2,11 +2,15 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QtMath>
+#include <algorithm>
 #include <utility>
 
 #include "client/suite/ModalRun.h"
 #include "client/suite/StringHelpers.h"
+#include "client/suite/TextMetric.h"
 #include "ui_AddressBookDesignator.h"
 
 namespace postwright {
@@ -16,6 +20,18 @@ namespace {
 void FillCaption(QLabel& caption, const QString& low, const QString& high) {
   const auto plain = [](QString text) { return text.replace(u'&', QStringLiteral("&&")); };
   caption.setText(StringHelpers::stringWithFormat(caption.text(), {plain(low), plain(high)}));
+}
+
+// Shows `text` whole up to eight lines, and the rest by scrolling: the window stays on the screen
+// however much the user has written above the address.
+void ShowText(QPlainTextEdit& field, const QString& text) {
+  constexpr int kMostLines = 8;
+  const double line = TextMetric::sizeForString({}, field.font()).height();
+  const double whole = TextMetric::sizeForString(text, field.font()).height();
+  // A text edit keeps room for the cursor below its last line.
+  const double border = 2 * (field.document()->documentMargin() + field.frameWidth() + 1);
+  field.setPlainText(text);
+  field.setFixedHeight(qCeil(std::min(whole, kMostLines * line) + border));
 }
 
 }  // namespace
@@ -44,7 +60,7 @@ void AddressBookDesignatorController::windowDidLoad() {
 }
 
 void AddressBookDesignatorController::loadFromData() {
-  _layout->txtAddress->setText(_addressSelector->addressTemplate());
+  ShowText(*_layout->txtAddress, _addressSelector->addressTemplate());
   FillCaption(*_layout->txtRange, _addressSelector->lowCharacter(),
               _addressSelector->highCharacter());
 
