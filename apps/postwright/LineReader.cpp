@@ -1,0 +1,135 @@
+#include "apps/postwright/LineReader.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+#include "apps/postwright/Failure.h"
+
+namespace postwright {
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{64} << 10U;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void FailToRead(const std::string& name) {
+  throw Failure("cannot read " + name + ": " + std::generic_category().message(errno));
+}
+
+int Open(const std::string& name) {
+  const int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor == -1) {
+    FailToRead(name);
+  }
+  return descriptor;
+}
+
+}  // namespace
+
+LineReader::LineReader(const std::string& name)
+    : name_(name == "-" ? "standard input" : name),
+      descriptor_(name == "-" ? STDIN_FILENO : Open(name)),
+      buffer_(kBlock + kPadding) {}
+
+LineReader::~LineReader() {
+  if (descriptor_ != STDIN_FILENO) {
+    close(descriptor_);
+  }
+}
+
+bool LineReader::Next() {
+  isTooLong_ = false;
+  for (;;) {
+    const void* const feed = std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_);
+    if (feed != nullptr) {
+      TakeLine(static_cast<const char*>(feed) - (buffer_.data() + begin_), 1);
+      return true;
+    }
+    scanned_ = end_;
+    if (end_ - begin_ > kLimit) {
+      isTooLong_ = true;
+    }
+    if (isTooLong_) {
+      begin_ = scanned_ = end_ = 0;
+    }
+    if (!Fill()) {
+      break;
+    }
+  }
+  if (begin_ == end_ && !isTooLong_) {
+    return false;
+  }
+  TakeLine(end_ - begin_, 0);
+  return true;
+}
+
+void LineReader::TakeLine(std::size_t length, std::size_t terminator) {
+  isTooLong_ = isTooLong_ || length > kLimit;
+  line_ = std::string_view(buffer_.data() + begin_, isTooLong_ ? 0 : length);
+  begin_ += length + terminator;
+  scanned_ = begin_;
+  ++number_;
+}
+
+bool LineReader::IsLineAtHand() const {
+  return isEnded_ || std::memchr(buffer_.data() + begin_, '\n', end_ - begin_) != nullptr;
+}
+
+std::string LineReader::ReadAll() {
+  while (end_ - begin_ <= kLimit && Fill()) {
+  }
+  if (end_ - begin_ > kLimit) {
+    throw Failure(name_ + " is longer than a label can be (" + std::to_string(kLimit >> 20U) +
+                  " MiB); for many labels use --jsonl");
+  }
+  std::string text(buffer_.data() + begin_, end_ - begin_);
+  begin_ = scanned_ = end_;
+  return text;
+}
+
+// Reads on behind what is held. False at the end of the input.
+bool LineReader::Fill() {
+  if (isEnded_) {
+    return false;
+  }
+  if (begin_ > 0) {
+    std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+    end_ -= begin_;
+    scanned_ -= begin_;
+    begin_ = 0;
+  }
+  if (buffer_.size() < end_ + kBlock + kPadding) {
+    buffer_.resize(2 * end_ + kBlock + kPadding);
+  }
+  ssize_t count = -1;
+  do {
+    count = read(descriptor_, buffer_.data() + end_, buffer_.size() - end_ - kPadding);
+  } while (count == -1 && errno == EINTR);
+  if (count == -1) {
+    FailToRead(name_);
+  }
+  end_ += static_cast<std::size_t>(count);
+  isEnded_ = count == 0;
+  DropMark();
+  return !isEnded_;
+}
+
+// A mark may come in pieces: it is waited for as long as what came could be the start of one.
+void LineReader::DropMark() {
+  const std::string_view held(buffer_.data() + begin_, end_ - begin_);
+  if (isStarted_ ||
+      (!isEnded_ && held.size() < kByteOrderMark.size() && kByteOrderMark.starts_with(held))) {
+    return;
+  }
+  isStarted_ = true;
+  if (held.starts_with(kByteOrderMark)) {
+    begin_ += kByteOrderMark.size();
+    scanned_ = begin_;
+  }
+}
+
+}  // namespace postwright

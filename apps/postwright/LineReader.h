@@ -1,0 +1,74 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace postwright {
+
+// Reads a file or standard input line by line, or whole, with a bound on what it holds.
+//
+//   LineReader reader("labels.jsonl");
+//   while (reader.Next()) Use(reader.Line());
+//
+// A byte-order mark at the start is dropped. Every operation that reads throws Failure where the
+// system cannot read. One thread.
+class LineReader {
+ public:
+  // The longest line, and the longest whole text, in bytes.
+  static constexpr std::size_t kLimit = std::size_t{16} << 20U;
+
+  // Readable bytes behind every line, for readers that look ahead.
+  static constexpr std::size_t kPadding = 64;
+
+  // Opens the file `name`; "-" is standard input. Throws Failure where it cannot be opened.
+  explicit LineReader(const std::string& name);
+  ~LineReader();
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+
+  // What is read, for messages: the file's name or "standard input".
+  const std::string& Name() const { return name_; }
+
+  // Goes to the next line, waiting for input where none is at hand. False at the end. A last line
+  // without a line feed is a line; input without a byte has none.
+  bool Next();
+
+  // The line without its line feed, until the next call of Next. Empty where IsTooLong.
+  std::string_view Line() const { return line_; }
+
+  // Whether the line had more than kLimit bytes: it was passed over, and never held whole.
+  bool IsTooLong() const { return isTooLong_; }
+
+  // Its number, from 1.
+  std::size_t Number() const { return number_; }
+
+  // Whether Next will return without waiting for input.
+  bool IsLineAtHand() const;
+
+  // Reads everything up to the end as one text; Failure where it has more than kLimit bytes.
+  std::string ReadAll();
+
+ private:
+  bool Fill();
+  void TakeLine(std::size_t length, std::size_t terminator);
+  void DropMark();
+
+  std::string name_;
+  int descriptor_;
+  std::vector<char> buffer_;
+  std::size_t begin_ = 0;    // the first byte not handed out
+  std::size_t scanned_ = 0;  // no line feed stands in [begin_, scanned_)
+  std::size_t end_ = 0;      // behind the last byte read
+  bool isStarted_ = false;
+  bool isEnded_ = false;
+  bool isTooLong_ = false;
+  std::size_t number_ = 0;
+  std::string_view line_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_

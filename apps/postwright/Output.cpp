@@ -1,0 +1,140 @@
+#include "apps/postwright/Output.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "apps/postwright/Failure.h"
+
+namespace postwright {
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{64} << 10U;
+constexpr int kEndingSignals[] = {SIGHUP, SIGINT, SIGTERM};
+
+// The unfinished file, for the signal handler; null while there is none.
+const char* volatile gUnfinished = nullptr;
+
+void RemoveUnfinished(int signal) {
+  if (gUnfinished != nullptr) {
+    unlink(gUnfinished);
+  }
+  std::signal(signal, SIG_DFL);
+  raise(signal);
+}
+
+// A signal that is ignored, as nohup has it, stays ignored.
+void CatchEndingSignals() {
+  for (const int signal : kEndingSignals) {
+    struct sigaction present {};
+    if (sigaction(signal, nullptr, &present) == 0 && present.sa_handler != SIG_IGN) {
+      std::signal(signal, RemoveUnfinished);
+    }
+  }
+}
+
+// The mode that a file has which is created the ordinary way, or that the one to be replaced has.
+mode_t ModeFor(const std::string& path) {
+  struct stat there {};
+  if (stat(path.c_str(), &there) == 0) {
+    return there.st_mode & 0777U;
+  }
+  const mode_t mask = umask(0);
+  umask(mask);
+  return 0666U & ~mask;
+}
+
+}  // namespace
+
+Output::Output(const std::string& path) : path_(path), descriptor_(STDOUT_FILENO) {
+  if (!path_.empty()) {
+    CreateBeside();
+  }
+}
+
+Output::~Output() {
+  if (!temporary_.empty()) {
+    close(descriptor_);
+    unlink(temporary_.c_str());
+    gUnfinished = nullptr;
+  }
+}
+
+void Output::CreateBeside() {
+  std::error_code error;
+  if (std::filesystem::exists(path_, error)) {
+    if (!std::filesystem::is_regular_file(path_, error)) {
+      throw Failure("cannot put " + path_ + " in place: it is no plain file; name one, or leave " +
+                    "--output out and redirect standard output");
+    }
+    path_ = std::filesystem::canonical(path_).string();
+  }
+  std::string name = path_ + ".unfinished-XXXXXX";
+  descriptor_ = mkostemp(name.data(), O_CLOEXEC);
+  if (descriptor_ == -1) {
+    Fail("create");
+  }
+  temporary_ = name;
+  gUnfinished = temporary_.c_str();
+  CatchEndingSignals();
+  fchmod(descriptor_, ModeFor(path_));  // where the file system knows no modes, as it is
+}
+
+void Output::Write(std::string_view text) {
+  pending_ += text;
+  if (pending_.size() >= kBlock) {
+    Flush();
+  }
+}
+
+void Output::Flush() {
+  std::string_view rest = pending_;
+  while (!rest.empty()) {
+    const ssize_t count = write(descriptor_, rest.data(), rest.size());
+    if (count == -1 && errno == EPIPE) {
+      throw ClosedPipe();
+    }
+    if (count == -1 && errno != EINTR) {
+      Fail("write");
+    }
+    rest.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  }
+  pending_.clear();
+}
+
+void Output::Finish() {
+  Flush();
+  if (temporary_.empty()) {
+    return;
+  }
+  if (fsync(descriptor_) == -1 || rename(temporary_.c_str(), path_.c_str()) == -1) {
+    Fail("write");
+  }
+  gUnfinished = nullptr;
+  temporary_.clear();
+  close(descriptor_);
+
+  // The name lasts only once the folder has been written, too.
+  const std::string folder = std::filesystem::path(path_).parent_path().string();
+  const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+  if (directory != -1) {
+    fsync(directory);
+    close(directory);
+  }
+}
+
+void Output::Fail(const std::string& what) const {
+  const std::string reason = std::generic_category().message(errno);
+  throw Failure("cannot " + what + " " + (path_.empty() ? "standard output" : path_) + ": " +
+                reason);
+}
+
+}  // namespace postwright

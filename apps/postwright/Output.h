@@ -1,0 +1,51 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
+
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// What a command writes: to standard output, or to a file that appears whole or not at all.
+//
+//   Output output(path);          // "" is standard output
+//   output.Write("a line\n");
+//   output.Finish();
+//
+// A file is written beside its final name under a name of its own; Finish synchronises it and
+// gives it the final name, in place of a file that stood there. Without Finish (an exception, or
+// SIGINT, SIGTERM, SIGHUP) what was written is removed and the older file stands as it was.
+//
+// Every operation throws Failure where the system cannot write, and ClosedPipe where nobody reads
+// any more (SIGPIPE must be ignored). At most one Output to a file in a process: it owns the
+// handling of the three signals.
+class Output {
+ public:
+  // Throws Failure where the file cannot be created, or where `path` is there and no plain file.
+  explicit Output(const std::string& path);
+  ~Output();
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  // Takes `text`, which reaches the reader at the latest with the next Flush.
+  void Write(std::string_view text);
+
+  // Hands over everything taken so far.
+  void Flush();
+
+  // Hands over the rest; a file takes its name. Nothing may be written afterwards.
+  void Finish();
+
+ private:
+  [[noreturn]] void Fail(const std::string& what) const;
+  void CreateBeside();
+
+  std::string path_;       // the final name, links resolved; empty for standard output
+  std::string temporary_;  // the name while it is written; empty for none
+  int descriptor_;
+  std::string pending_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
