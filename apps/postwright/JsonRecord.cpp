@@ -1,0 +1,86 @@
+#include "apps/postwright/JsonRecord.h"
+
+#include <boost/locale/utf.hpp>
+#include <iterator>
+
+namespace postwright {
+
+namespace {
+
+namespace utf = boost::locale::utf;
+
+constexpr utf::code_point kReplacement = 0xFFFD;
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+
+bool IsControl(wchar_t character) {
+  return character < 0x20 || character == 0x7F;
+}
+
+void AppendControl(wchar_t character, std::string& line) {
+  switch (character) {
+    case L'\n':
+      line += "\\n";
+      break;
+    case L'\r':
+      line += "\\r";
+      break;
+    case L'\t':
+      line += "\\t";
+      break;
+    default:
+      line += "\\u00";
+      line += kHexDigits[static_cast<unsigned>(character) >> 4U];
+      line += kHexDigits[static_cast<unsigned>(character) & 15U];
+  }
+}
+
+void AppendCharacter(wchar_t character, std::string& line) {
+  if (IsControl(character)) {
+    AppendControl(character, line);
+  } else if (character == L'"' || character == L'\\') {
+    line += '\\';
+    line += static_cast<char>(character);
+  } else if (character < 0x80) {
+    line += static_cast<char>(character);
+  } else {
+    const auto point = static_cast<utf::code_point>(character);
+    utf::utf_traits<char>::encode(utf::is_valid_codepoint(point) ? point : kReplacement,
+                                  std::back_inserter(line));
+  }
+}
+
+}  // namespace
+
+JsonRecord::JsonRecord(std::string_view id) : line_("{") {
+  if (!id.empty()) {
+    AddKey("id");
+    line_ += id;
+  }
+}
+
+void JsonRecord::Add(std::string_view key, std::wstring_view text) {
+  AddKey(key);
+  line_ += '"';
+  for (const wchar_t character : text) {
+    AppendCharacter(character, line_);
+  }
+  line_ += '"';
+}
+
+void JsonRecord::Add(std::string_view key, int number) {
+  AddKey(key);
+  line_ += std::to_string(number);
+}
+
+const std::string& JsonRecord::Line() {
+  line_ += "}\n";
+  return line_;
+}
+
+void JsonRecord::AddKey(std::string_view key) {
+  line_ += line_.size() > 1 ? ",\"" : "\"";
+  line_ += key;
+  line_ += "\":";
+}
+
+}  // namespace postwright

@@ -1,0 +1,38 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_
+
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// Composes one JSON object on one line, member by member in the order of the calls.
+//
+//   JsonRecord record("17");          // the id as JSON text, or "" for none
+//   record.Add("city", L"PEÑA");
+//   output.Write(record.Line());      // {"id":17,"city":"PEÑA"} and a line feed
+//
+// Characters stand as UTF-8; only what JSON demands and the control characters are escaped, so no
+// tab or line feed stands inside a record. Written by hand because a tree of values built and
+// printed for every label takes as long as reading the label does.
+class JsonRecord {
+ public:
+  explicit JsonRecord(std::string_view id);
+
+  // `key` is plain ASCII that needs no escapes. What is no character (half a surrogate pair)
+  // becomes U+FFFD.
+  void Add(std::string_view key, std::wstring_view text);
+  void Add(std::string_view key, int number);
+
+  // The finished line; nothing may be added afterwards.
+  const std::string& Line();
+
+ private:
+  void AddKey(std::string_view key);
+
+  std::string line_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_

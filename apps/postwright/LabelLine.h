@@ -1,0 +1,39 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "apps/postwright/LineReader.h"
+
+namespace postwright {
+
+// One line of labels.jsonl: a JSON string, the label's text; or an object whose member `address`
+// is that string and whose member `id`, any JSON value, is given back with the answer. Other
+// members are read past. Of members with the same name the last one counts.
+struct LabelLine {
+  std::wstring address;
+  std::string id;       // as it was written; empty where there is none. Kept beside a problem, too.
+  std::string problem;  // "is not a JSON string"; empty where the line is a label
+};
+
+// Reads such lines, to the letter of RFC 8259: text that is not UTF-8, half a surrogate pair or
+// anything behind the value makes a line that is no label. Numbers beyond the range of a double
+// and more than 1,000 arrays inside one another count as such, too.
+class LabelLineParser {
+ public:
+  LabelLineParser();
+  ~LabelLineParser();
+
+  // Reads the line at which `reader` stands; throws nothing but std::bad_alloc.
+  LabelLine Parse(const LineReader& reader);
+
+ private:
+  struct Json;
+  std::unique_ptr<Json> json_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
