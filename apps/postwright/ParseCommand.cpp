@@ -1,0 +1,100 @@
+#include "apps/postwright/ParseCommand.h"
+
+#include <postwright/AddressInfo.h>
+#include <postwright/AddressParser.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "apps/postwright/JsonRecord.h"
+#include "apps/postwright/LabelText.h"
+#include "apps/postwright/LineFilter.h"
+#include "apps/postwright/Output.h"
+#include "apps/postwright/Utf8.h"
+
+namespace postwright {
+
+namespace {
+
+struct Field {
+  std::string_view key;
+  std::wstring AddressInfo::*value;
+};
+
+constexpr Field kFields[] = {
+    {"prefix", &AddressInfo::prefix},
+    {"number", &AddressInfo::number},
+    {"predirectional", &AddressInfo::predirectional},
+    {"street", &AddressInfo::street},
+    {"street_suffix", &AddressInfo::streetSuffix},
+    {"postdirectional", &AddressInfo::postdirectional},
+    {"secondary_unit", &AddressInfo::secondaryUnit},
+    {"secondary_number", &AddressInfo::secondaryNumber},
+    {"street_line", &AddressInfo::streetLine},
+    {"city", &AddressInfo::city},
+    {"state", &AddressInfo::state},
+    {"zip", &AddressInfo::zip},
+    {"suffix", &AddressInfo::suffix},
+};
+
+constexpr std::size_t kTitleWidth = 18;
+
+// The fields that hold something, one a line; further lines of a field stand below its first.
+std::string Describe(const AddressInfo& info) {
+  std::string description;
+  for (const Field& field : kFields) {
+    if ((info.*field.value).empty()) {
+      continue;
+    }
+    std::string title(field.key);
+    std::replace(title.begin(), title.end(), '_', ' ');
+    title.resize(kTitleWidth, ' ');
+    description += title;
+    for (const char byte : Utf8FromWide(info.*field.value)) {
+      description += byte;
+      if (byte == '\n') {
+        description.append(kTitleWidth, ' ');
+      }
+    }
+    description += '\n';
+  }
+  return description;
+}
+
+ExitStatus ParseText(const std::string& file) {
+  const std::wstring text = ReadLabelText(file);
+  const AddressInfo info = AddressParser::GetInstance()->Parse(text);
+  if (info == AddressInfo()) {
+    throw Failure(
+        "no address found: it takes a house number and a street, or a box, and a city, "
+        "a state and a ZIP code",
+        kExitNotALabel);
+  }
+  Output output("");
+  output.Write(Describe(info));
+  output.Finish();
+  return kExitDone;
+}
+
+std::string ParseLine(const LabelLine& label) {
+  AddressInfo info;
+  if (label.problem.empty()) {
+    info = AddressParser::GetInstance()->Parse(label.address);
+  }
+  JsonRecord record(label.id);
+  for (const Field& field : kFields) {
+    record.Add(field.key, info.*field.value);
+  }
+  return record.Line();
+}
+
+}  // namespace
+
+ExitStatus RunParse(const ParseOptions& options) {
+  if (!options.jsonl) {
+    return ParseText(options.file);
+  }
+  return FilterLines(options.file, options.output, Flushing::kWhenIdle, ParseLine);
+}
+
+}  // namespace postwright

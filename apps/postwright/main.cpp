@@ -1,0 +1,187 @@
+// The command `postwright`: reads the command line and runs the subcommand that it names.
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <exception>
+#include <functional>
+#include <iostream>
+
+#include "apps/CharacterLocale.h"
+#include "apps/postwright/Failure.h"
+#include "apps/postwright/FixCommand.h"
+#include "apps/postwright/ParseCommand.h"
+
+namespace postwright {
+
+namespace {
+
+constexpr const char* kVersion = "postwright " POSTWRIGHT_VERSION;
+
+constexpr const char* kUsage = "postwright parse|fix [OPTIONS] [FILE]";
+
+constexpr const char* kParseUsage = "postwright parse [--jsonl [--output FILE]] [FILE]";
+constexpr const char* kParseFooter =
+    R"(Without --jsonl the fields that hold something are printed, one a line.
+
+With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
+string as "address" and any "id". Each line of the output is an object with the keys prefix, number,
+predirectional, street, street_suffix, postdirectional, secondary_unit, secondary_number,
+street_line, city, state, zip and suffix, behind the id where one was given. A label that holds no
+address has thirteen empty strings; so has a line that is no label or longer than 16 MiB, which is
+reported.
+
+Exit status: 0 done; 1 no address found, or with --jsonl a line was no label; 2 wrong usage, or
+input or output that cannot be read or written; 141 the reader of the output went away.
+
+Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright parse)";
+
+constexpr const char* kFixUsage =
+    "postwright fix [--jsonl [--output FILE]] [--server HOST[:PORT]] [FILE]";
+constexpr const char* kFixFooter =
+    R"(Without --jsonl the corrected text is printed, or why there is none.
+
+With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
+string as "address" and any "id". Each line of the output is an object with the keys address (the
+text as given), fixed (the text to use), result (why a fix failed) and status (0 unchanged, 1 fixed,
+3 failed), behind the id where one was given. Each is written as soon as it is known. A line that is
+no label or longer than 16 MiB is reported, and has status 3.
+
+Exit status: 0 done, with --jsonl even where fixes failed; 1 the fix failed, or with --jsonl a line
+was no label; 2 wrong usage, or input or output that cannot be read or written; 141 the reader of
+the output went away.
+
+Example: postwright fix --jsonl --output fixed.jsonl labels.jsonl)";
+
+// A standard stream that came closed must not be taken by the next file opened. It is opened the
+// wrong way round, so that its use is still an error.
+void OccupyStandardStreams() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) == -1) {
+      open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+  }
+}
+
+// Says what is wrong with the value of --server; the empty answer is consent.
+std::string CheckServer(const std::string& server) {
+  return HostOf(server).empty() ? "'" + server + "' is not HOST[:PORT], as in 127.0.0.1:8470" : "";
+}
+
+// The options that both subcommands have.
+template <typename Options>
+void AddStreams(CLI::App* parser, Options& options) {
+  parser->set_version_flag("--version", kVersion, "Print the version and exit");
+  parser->set_help_flag("-h,--help", "Print this help and exit");
+  CLI::Option* const lines =
+      parser->add_flag("--jsonl", options.jsonl, "Read a label a line, write a record a line")
+          ->disable_flag_override();
+  parser
+      ->add_option("--output", options.output,
+                   "Write the records to this file, which appears whole or not at all")
+      ->type_name("FILE")
+      ->needs(lines);
+  parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
+      ->type_name("");
+}
+
+struct Command {
+  CLI::App* parser;
+  const char* usage;
+  std::function<ExitStatus()> run;
+};
+
+Command AddParse(CLI::App& app, ParseOptions& options) {
+  CLI::App* const parser =
+      app.add_subcommand("parse", "Split a label into the parts of its address");
+  AddStreams(parser, options);
+  parser->footer(kParseFooter);
+  return {parser, kParseUsage, [&options] { return RunParse(options); }};
+}
+
+Command AddFix(CLI::App& app, FixOptions& options) {
+  CLI::App* const parser =
+      app.add_subcommand("fix", "Correct the address in a label with a Verify service");
+  AddStreams(parser, options);
+  parser
+      ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
+      ->type_name("HOST[:PORT]")
+      ->check(CLI::Validator(CheckServer, ""));
+  parser->footer(kFixFooter);
+  return {parser, kFixUsage, [&options] { return RunFix(options); }};
+}
+
+ExitStatus ExplainUsage(const std::string& command, const std::string& problem,
+                        const std::string& usage) {
+  std::cerr << command << ": " << problem << "\nUsage: " << usage << "\n'" << command
+            << " --help' says more.\n";
+  return kExitFailed;
+}
+
+// Help and version, as asked for, on standard output.
+ExitStatus PrintAnswer(const CLI::App& app, const CLI::Success& question) {
+  app.exit(question);
+  std::cout.flush();
+  if (!std::cout) {
+    throw Failure("cannot write standard output");
+  }
+  return kExitDone;
+}
+
+ExitStatus RunCommandLine(int argc, char** argv) {
+  CLI::App app("Finds, splits and corrects the US postal address in a label's text.", "postwright");
+  app.set_version_flag("--version", kVersion, "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.footer("'postwright COMMAND --help' says more of each.");
+  ParseOptions parseOptions;
+  FixOptions fixOptions;
+  const Command commands[] = {AddParse(app, parseOptions), AddFix(app, fixOptions)};
+  app.require_subcommand(0, 1);
+  app.allow_extras();  // so that what is no command is named in our own words
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& question) {
+    return PrintAnswer(app, question);
+  } catch (const CLI::ParseError& error) {
+    for (const Command& command : commands) {
+      if (command.parser->parsed()) {
+        return ExplainUsage("postwright " + command.parser->get_name(), error.what(),
+                            command.usage);
+      }
+    }
+    return ExplainUsage("postwright", error.what(), kUsage);
+  }
+  if (app.remaining_size() > 0) {
+    return ExplainUsage("postwright", "'" + app.remaining().front() + "' is no command", kUsage);
+  }
+  for (const Command& command : commands) {
+    if (command.parser->parsed()) {
+      return command.run();
+    }
+  }
+  return ExplainUsage("postwright", "a command is missing", kUsage);
+}
+
+}  // namespace
+
+}  // namespace postwright
+
+int main(int argc, char** argv) {
+  using namespace postwright;
+  OccupyStandardStreams();
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    SetCharacterLocale();
+    return RunCommandLine(argc, argv);
+  } catch (const ClosedPipe&) {
+    return kExitClosedPipe;
+  } catch (const Failure& failure) {
+    std::cerr << "postwright: " << failure.what() << '\n';
+    return failure.Status();
+  } catch (const std::exception& failure) {
+    std::cerr << "postwright: stopped: " << failure.what() << '\n';
+    return kExitFailed;
+  }
+}
