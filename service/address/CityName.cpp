@@ -98,7 +98,7 @@ CityFit CompareCity(std::string_view given, std::string_view known) {
 }
 
 std::optional<size_t> NearDistance(std::string_view key, std::string_view other) {
-  const auto [shorter, longer] = std::minmax(key.size(), other.size());
+  const auto [shorter, longer] = std::minmax({key.size(), other.size()});
   const size_t allowed = shorter < 4 ? 0 : shorter < 9 ? 1 : 2;
   if (longer - shorter > allowed) {
     return std::nullopt;

@@ -35,11 +35,6 @@ bool IsMilitaryCity(const std::string& city) {
   return city == "APO" || city == "FPO" || city == "DPO";
 }
 
-// The ZIPs of the prefix 966 are in use though the base knows none of them.
-bool IsUnlistedMilitaryZip(const std::string& zip5) {
-  return zip5.starts_with("966");
-}
-
 }  // namespace
 
 struct LastLineChecker::Reading {
@@ -47,7 +42,7 @@ struct LastLineChecker::Reading {
       : city(StandardCity(asked.city)),
         cityKey(CityKey(city)),
         stateGiven(!SplitLine(asked.state).empty()),
-        state(Lexicon::Get().State(asked.state)) {
+        state(Lexicon::Get().State(JoinWords(SplitLine(asked.state)))) {
     const std::string zip = JoinWords(SplitLine(asked.zip));
     zip5 = ReadZip5(zip);
     zipForm = zip.empty()    ? ZipForm::Absent

@@ -172,7 +172,7 @@ std::string_view Lexicon::PlainUnit(std::string_view word) const {
 
 std::string_view Lexicon::State(std::string_view nameOrCode) const {
   std::string letters(nameOrCode);
-  std::erase_if(letters, [](char c) { return !IsUpper(c); });
+  std::erase(letters, ' ');
   return Find(states_, letters);
 }
 
