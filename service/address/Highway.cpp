@@ -9,6 +9,8 @@
 namespace postwright::service {
 namespace {
 
+constexpr size_t kLongestRoadNumber = 6;
+
 enum class Numbered {
   ByDigits,   // the number must have a digit
   ByLetters,  // the number is one or two letters: COUNTY ROAD E, SR MM
@@ -21,74 +23,60 @@ struct HighwayRow {
   Numbered numbered;
 };
 
-// A phrase that begins like a longer one stands behind it.
+// A phrase that begins like a longer one stands behind it. Written forms are those of ShortForm.
 constexpr HighwayRow kHighways[] = {
-    {"COUNTY HIGHWAY", "COUNTY HIGHWAY", Numbered::ByEither},
     {"COUNTY HWY", "COUNTY HIGHWAY", Numbered::ByEither},
-    {"CNTY HIGHWAY", "COUNTY HIGHWAY", Numbered::ByEither},
-    {"CNTY HWY", "COUNTY HIGHWAY", Numbered::ByEither},
-    {"CO HIGHWAY", "COUNTY HIGHWAY", Numbered::ByEither},
-    {"CO HWY", "COUNTY HIGHWAY", Numbered::ByEither},
-    {"COUNTY ROAD", "COUNTY ROAD", Numbered::ByEither},
     {"COUNTY RD", "COUNTY ROAD", Numbered::ByEither},
-    {"CNTY ROAD", "COUNTY ROAD", Numbered::ByEither},
-    {"CNTY RD", "COUNTY ROAD", Numbered::ByEither},
-    {"CO ROAD", "COUNTY ROAD", Numbered::ByEither},
-    {"CO RD", "COUNTY ROAD", Numbered::ByEither},
     {"CR", "COUNTY ROAD", Numbered::ByDigits},
-    {"FARM TO MARKET ROAD", "FM", Numbered::ByDigits},
     {"FARM TO MARKET RD", "FM", Numbered::ByDigits},
     {"FARM TO MARKET", "FM", Numbered::ByDigits},
     {"HWY FM", "FM", Numbered::ByDigits},
-    {"FM ROAD", "FM", Numbered::ByDigits},
     {"FM RD", "FM", Numbered::ByDigits},
     {"FM", "FM", Numbered::ByDigits},
-    {"INTERSTATE HIGHWAY", "INTERSTATE", Numbered::ByDigits},
     {"INTERSTATE HWY", "INTERSTATE", Numbered::ByDigits},
     {"INTERSTATE", "INTERSTATE", Numbered::ByDigits},
     {"IH", "INTERSTATE", Numbered::ByDigits},
     {"I", "INTERSTATE", Numbered::ByDigits},
-    {"RANCH ROAD", "RANCH ROAD", Numbered::ByDigits},
     {"RANCH RD", "RANCH ROAD", Numbered::ByDigits},
-    {"STATE HIGHWAY", "STATE HIGHWAY", Numbered::ByEither},
     {"STATE HWY", "STATE HIGHWAY", Numbered::ByEither},
-    {"ST HIGHWAY", "STATE HIGHWAY", Numbered::ByDigits},
     {"ST HWY", "STATE HIGHWAY", Numbered::ByDigits},
-    {"STATE ROAD", "STATE ROAD", Numbered::ByDigits},
     {"STATE RD", "STATE ROAD", Numbered::ByDigits},
-    {"ST ROAD", "STATE ROAD", Numbered::ByDigits},
     {"ST RD", "STATE ROAD", Numbered::ByDigits},
     {"SR", "STATE ROAD", Numbered::ByDigits},
-    {"STATE ROUTE", "STATE ROUTE", Numbered::ByEither},
     {"STATE RTE", "STATE ROUTE", Numbered::ByEither},
-    {"STATE RT", "STATE ROUTE", Numbered::ByEither},
-    {"ST ROUTE", "STATE ROUTE", Numbered::ByDigits},
     {"ST RTE", "STATE ROUTE", Numbered::ByDigits},
-    {"ST RT", "STATE ROUTE", Numbered::ByDigits},
     {"SR", "STATE ROUTE", Numbered::ByLetters},
-    {"TOWNSHIP ROAD", "TOWNSHIP ROAD", Numbered::ByDigits},
     {"TOWNSHIP RD", "TOWNSHIP ROAD", Numbered::ByDigits},
     {"TSR", "TOWNSHIP ROAD", Numbered::ByDigits},
-    {"US HIGHWAY", "US HIGHWAY", Numbered::ByDigits},
     {"US HWY", "US HIGHWAY", Numbered::ByDigits},
-    {"U S HIGHWAY", "US HIGHWAY", Numbered::ByDigits},
-    {"U S HWY", "US HIGHWAY", Numbered::ByDigits},
-    {"US ROUTE", "US HIGHWAY", Numbered::ByDigits},
+    {"US RTE", "US HIGHWAY", Numbered::ByDigits},
     {"US", "US HIGHWAY", Numbered::ByDigits},
+    {"U S HWY", "US HIGHWAY", Numbered::ByDigits},
+    {"U S RTE", "US HIGHWAY", Numbered::ByDigits},
     {"U S", "US HIGHWAY", Numbered::ByDigits},
-    {"HIGHWAY", "HIGHWAY", Numbered::ByDigits},
     {"HWY", "HIGHWAY", Numbered::ByDigits},
-    {"ROAD", "ROAD", Numbered::ByDigits},
     {"RD", "ROAD", Numbered::ByDigits},
-    {"ROUTE", "ROUTE", Numbered::ByDigits},
     {"RTE", "ROUTE", Numbered::ByDigits},
-    {"RT", "ROUTE", Numbered::ByDigits},
 };
 
+// The shortest of a word's written forms, where it is a word of the table.
+std::string ShortForm(const std::string& word) {
+  if (word == "CNTY" || word == "CO") {
+    return "COUNTY";
+  }
+  const std::string_view suffix = word == "RT" ? "RTE" : Lexicon::Get().Suffix(word);
+  return suffix == "HWY" || suffix == "RD" || suffix == "RTE" ? std::string(suffix) : word;
+}
+
+// COUNTY HIGHWAY NORTH goes by a letter, as far as anyone can tell: NORTH is not abbreviated.
+bool IsRoadLetter(const std::string& word) {
+  return (word.size() <= 2 && AllLetters(word)) || !Lexicon::Get().Direction(word).empty();
+}
+
 bool IsRoadNumber(const std::string& word, Numbered numbered) {
-  const bool digits = IsDigit(word[0]) && word.size() <= 6;
-  const bool letters = word.size() <= 2 && AllLetters(word);
-  return (digits && numbered != Numbered::ByLetters) || (letters && numbered != Numbered::ByDigits);
+  const bool digits = IsDigit(word[0]) && word.size() <= kLongestRoadNumber;
+  return (digits && numbered != Numbered::ByLetters) ||
+         (numbered != Numbered::ByDigits && IsRoadLetter(word));
 }
 
 // Parts a road's letters from its number: "I-10" "I10" -> I 10.
@@ -120,8 +108,10 @@ size_t StateLength(const Words& name, std::string_view state) {
 
 // Rewrites the highway at `at`, returns the words it has then; 0 where there is none.
 size_t RewriteAt(Words& name, size_t at) {
+  Words shortForms = name;
+  std::transform(name.begin(), name.end(), shortForms.begin(), ShortForm);
   for (const HighwayRow& row : kHighways) {
-    const size_t length = PhraseLength(name, at, row.written);
+    const size_t length = PhraseLength(shortForms, at, row.written);
     const size_t sign = length > 0 ? NumberSignLength(name, at + length) : 0;
     const size_t number = at + length + sign;
     if (length > 0 && number < name.size() && IsRoadNumber(name[number], row.numbered)) {

@@ -129,10 +129,12 @@ class NameReader {
     return Lexicon::Get().IsPlainType(Suffix(word));
   }
 
-  // Says whether the words behind the first are a street's type, so that the first is its name.
-  bool FirstIsName() const {
-    return (rest_.size() == 2 && IsPlainType(rest_[1])) ||
-           (rest_.size() == 3 && IsPlainType(rest_[1]) && !Direction(rest_[2]).empty());
+  // Says whether there is only a suffix from `at` on, or one and a directional: then the name
+  // stands before it.
+  bool IsSuffixAlone(size_t at) const {
+    const size_t length = rest_.size() - at;
+    return (length == 1 && !Suffix(rest_[at]).empty()) ||
+           (length == 2 && !Suffix(rest_[at]).empty() && !Direction(rest_[at + 1]).empty());
   }
 
   // Returns false where the name was read along with it.
@@ -140,7 +142,7 @@ class NameReader {
     if (rest_.size() < 2 || Direction(rest_[0]).empty()) {
       return true;
     }
-    if (FirstIsName()) {
+    if (IsSuffixAlone(1) && IsPlainType(rest_[1])) {
       line_.suffix = Suffix(rest_[1]);
       line_.postdirectional = rest_.size() == 3 ? Direction(rest_[2]) : "";
       line_.name = {rest_[0]};
@@ -151,8 +153,7 @@ class NameReader {
       return false;
     }
     const std::string both = Combine(Direction(rest_[0]), Direction(rest_[1]));
-    const bool secondIsName = rest_.size() == 3 && !Suffix(rest_[2]).empty();
-    const size_t taken = !both.empty() && !secondIsName ? 2 : 1;
+    const size_t taken = !both.empty() && !IsSuffixAlone(2) ? 2 : 1;
     line_.predirectional = taken == 2 ? both : Direction(rest_[0]);
     rest_.erase(rest_.begin(), rest_.begin() + taken);
     return true;
