@@ -1,0 +1,103 @@
+#include "service/address/LastLine.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "service/protocol/VerifyReply.h"
+#include "service/text/AsciiText.h"
+#include "tests/service/DocTable.h"
+
+namespace postwright::service {
+namespace {
+
+const ZipBase& Base() {
+  static const ZipBase* const base = [] {
+    auto* loaded = new ZipBase;
+    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
+    return loaded;
+  }();
+  return *base;
+}
+
+std::string Check(const LastLine& asked) {
+  const auto answer = LastLineChecker(Base()).Check(asked);
+  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
+    return std::string(VerifyReply::NumberOf(*rejection));
+  }
+  const auto& placed = std::get<PlacedLine>(answer);
+  return placed.city + " " + placed.state + " " + placed.zip5;
+}
+
+TEST(LastLineTest, EveryRuleOfThePage) {
+  const auto rows = ReadDocTables("verify-service.md", "city", 5);
+  EXPECT_GT(rows.size(), 40U);
+  for (const DocRow& row : rows) {
+    SCOPED_TRACE(row.place);
+    EXPECT_EQ(Check({*FoldToAscii(row.cells[0]), *FoldToAscii(row.cells[1]), row.cells[2]}),
+              row.cells[3]);
+  }
+}
+
+// Walks the base: each of its rows is placed where it says, with the name that it says, and what is
+// answered is answered again.
+TEST(LastLineTest, EveryRowOfTheBase) {
+  std::ifstream rows(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
+  size_t count = 0;
+  for (std::string zip, city, state;
+       std::getline(rows, zip, '\t') && std::getline(rows, city, '\t') && std::getline(rows, state);
+       ++count) {
+    const std::string folded = *FoldToAscii(city);
+    const std::string answer = Check({folded, state, zip});
+    ASSERT_TRUE(answer.ends_with(" " + state + " " + zip)) << zip << ": " << answer;
+    ASSERT_EQ(Check({answer.substr(0, answer.size() - 9), "", zip}), answer) << zip;
+  }
+  EXPECT_EQ(count, Base().ZipCount());
+}
+
+TEST(LastLineTest, SaysWhatItCorrected) {
+  const auto placed = [](const LastLine& asked) {
+    return std::get<PlacedLine>(LastLineChecker(Base()).Check(asked));
+  };
+  EXPECT_FALSE(placed({"ST LOUIS", "MISSOURI", "63101"}).cityCorrected);
+  EXPECT_TRUE(placed({"AUSTN", "TX", "78701"}).cityCorrected);
+  EXPECT_TRUE(placed({"AUSTIN", "OK", "78701"}).cityCorrected);
+  EXPECT_FALSE(placed({"AUSTIN", "TX", "78701-1234"}).zipCorrected);
+  EXPECT_TRUE(placed({"HUTTO", "TX", ""}).zipCorrected);
+}
+
+// A base that is not one says what is wrong with it and where.
+TEST(ZipBaseTest, RefusesOtherFiles) {
+  const std::string file = testing::TempDir() + "zips.tsv";
+  for (const auto& [text, reason] :
+       {std::pair{"78701,Austin,TX\n", "line 1: is not ZIP, city"},
+        {"78701\tAustin\tTX\n787\tAustin\tTX\n", "line 2: does not begin"},
+        {"78701\tAustin\tTexas\n", "line 1: does not end in a state"},
+        {"78701\t \tTX\n", "line 1: names no city"}}) {
+    std::ofstream(file) << text;
+    ZipBase base;
+    try {
+      base.Load(file);
+      ADD_FAILURE() << text;
+    } catch (const BaseError& error) {
+      EXPECT_NE(std::string(error.what()).find(reason), std::string::npos) << error.what();
+    }
+  }
+  EXPECT_THROW(ZipBase().Load(testing::TempDir()), BaseError);
+  EXPECT_THROW(ZipBase().Load(file + ".absent"), BaseError);
+}
+
+// A later row for a ZIP takes the place of the earlier one, in the city's list of ZIPs as well.
+TEST(ZipBaseTest, LaterRowsReplaceEarlierOnes) {
+  const std::string file = testing::TempDir() + "zips.tsv";
+  std::ofstream(file) << "78634\tHutto\tTX\n\n78634\tRound Rock\tTX\r\n";
+  ZipBase base;
+  base.Load(file);
+  EXPECT_EQ(base.FindZip("78634")->name, "ROUND ROCK");
+  EXPECT_EQ(base.FindCity("HUTTO", "TX"), nullptr);
+  EXPECT_FALSE(base.IsCityAnywhere("HUTTO"));
+  EXPECT_EQ(base.ZipCount(), 1U);
+}
+
+}  // namespace
+}  // namespace postwright::service
