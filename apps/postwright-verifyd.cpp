@@ -46,7 +46,12 @@ void Describe(CLI::App& app, Arguments& arguments) {
       ->option_text("FILE");
   app.add_option("--path-prefix", arguments.service.pathPrefix,
                  "What stands in front of /ShippingAPI.dll, as in /usps")
-      ->option_text("PATH");
+      ->option_text("PATH")
+      ->check([](const std::string& path) {
+        return path.starts_with('/') && !path.ends_with('/')
+                   ? ""
+                   : "'" + path + "' does not begin with a slash, or ends with one";
+      });
   app.add_flag("--log-addresses", arguments.service.logAddresses,
                "Write the addresses into the log as well; without it no line tells one");
   app.footer(

@@ -22,6 +22,12 @@ std::string PrintableApi(std::string_view api) {
   return name;
 }
 
+// Says whether a body is the document itself; a form's would begin with a field's name.
+bool IsDocument(std::string_view body) {
+  const size_t first = body.find_first_not_of(" \t\r\n");
+  return first != std::string_view::npos && body[first] == '<';
+}
+
 std::string_view FaultName(RequestFault fault) {
   switch (fault) {
     case RequestFault::Syntax:
@@ -85,8 +91,7 @@ HttpReply VerifyService::Answer(const HttpRequest& request) const {
   if (!EqualsIgnoringCase(api, "Verify")) {
     return XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other");
   }
-  const bool bodyIsDocument = request.body.starts_with('<');
-  return AnswerVerify(bodyIsDocument ? request.body : field("XML").value_or(""));
+  return AnswerVerify(IsDocument(request.body) ? request.body : field("XML").value_or(""));
 }
 
 HttpReply VerifyService::AnswerVerify(std::string_view document) const {

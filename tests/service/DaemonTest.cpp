@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <thread>
+
+#include "tests/service/Socket.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr int kPatience = 20'000;  // ms, to keep a fault from hanging the run
+
+// The daemon as a program, its standard error read through a pipe.
+class Daemon {
+ public:
+  explicit Daemon(std::vector<std::string> arguments) {
+    int ends[2] = {};
+    EXPECT_EQ(pipe(ends), 0);
+    arguments.insert(arguments.begin(), POSTWRIGHT_VERIFYD);
+    std::vector<char*> raw;
+    for (std::string& argument : arguments) {
+      raw.push_back(argument.data());
+    }
+    raw.push_back(nullptr);
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(ends[1], STDERR_FILENO);
+      dup2(ends[1], STDOUT_FILENO);
+      close(ends[0]);
+      execv(raw[0], raw.data());
+      _exit(127);
+    }
+    close(ends[1]);
+    output_ = ends[0];
+  }
+
+  ~Daemon() {
+    if (process_ > 0) {
+      kill(process_, SIGKILL);
+      waitpid(process_, nullptr, 0);
+    }
+    close(output_);
+  }
+
+  // Returns the next line of its output; empty at the end of it.
+  std::string ReadLine() {
+    std::string line;
+    pollfd state = {output_, POLLIN, 0};
+    for (char c = 0; poll(&state, 1, kPatience) == 1 && read(output_, &c, 1) == 1 && c != '\n';) {
+      line += c;
+    }
+    return line;
+  }
+
+  std::string ReadAddress() {
+    const std::string prefix = "postwright-verifyd: listening on ";
+    const std::string line = ReadLine();
+    EXPECT_TRUE(line.starts_with(prefix)) << line;
+    return line.starts_with(prefix) ? line.substr(prefix.size()) : "127.0.0.1:0";
+  }
+
+  void Signal(int number) const { kill(process_, number); }
+
+  // Returns the exit status, -1 for an end by a signal or none.
+  int Wait() {
+    int status = 0;
+    for (int waited = 0; waited < kPatience; waited += 10) {
+      if (waitpid(process_, &status, WNOHANG) == process_) {
+        process_ = 0;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+      }
+      usleep(10'000);
+    }
+    return -1;
+  }
+
+  long ResidentKilobytes() const {
+    std::ifstream status("/proc/" + std::to_string(process_) + "/status");
+    for (std::string word; status >> word;) {
+      if (word == "VmRSS:") {
+        long kilobytes = 0;
+        status >> kilobytes;
+        return kilobytes;
+      }
+    }
+    return 0;
+  }
+
+ private:
+  pid_t process_ = 0;
+  int output_ = -1;
+};
+
+std::string Ask(Socket& client, const std::string& line = "12 main street") {
+  client.Send(AskForMain(line));
+  return client.ReceiveResponse();
+}
+
+bool IsGood(const std::string& response) {
+  return response.starts_with("HTTP/1.1 200 OK\r\n") &&
+         response.find("<Address2>12 MAIN ST</Address2><City>AUSTIN</City>") != std::string::npos;
+}
+
+TEST(DaemonTest, LogsALineARequestAndNoAddress) {
+  for (const bool logged : {false, true}) {
+    std::vector<std::string> arguments = {"--listen", "127.0.0.1:0"};
+    if (logged) {
+      arguments.emplace_back("--log-addresses");
+    }
+    Daemon daemon(arguments);
+    Socket client(daemon.ReadAddress());
+    EXPECT_TRUE(IsGood(Ask(client)));
+    const std::string line = daemon.ReadLine();
+    EXPECT_TRUE(line.starts_with("postwright-verifyd: 127.0.0.1 GET 200 ")) << line;
+    EXPECT_NE(line.find(" api=Verify addresses=1 rejected=0"), std::string::npos) << line;
+    EXPECT_EQ(line.find("78701") != std::string::npos, logged) << line;
+    client.Send("GET /12+MAIN+ST HTTP/1.1\r\nHost: a\r\n\r\n");
+    EXPECT_TRUE(client.ReceiveResponse().starts_with("HTTP/1.1 404"));
+    EXPECT_EQ(daemon.ReadLine().find("MAIN"), std::string::npos);
+    daemon.Signal(logged ? SIGINT : SIGTERM);
+    EXPECT_EQ(daemon.Wait(), 0);
+    EXPECT_EQ(daemon.ReadLine(), "");
+  }
+}
+
+// A hundred clients that have each sent half a request hold up nobody, and are answered when the
+// other half comes, the daemon having been told to end or not.
+TEST(DaemonTest, AnswersAHundredSlowClients) {
+  Daemon daemon({"--listen", "127.0.0.1:0"});
+  const std::string address = daemon.ReadAddress();
+  const std::string request = AskForMain();
+  std::vector<Socket> slow;
+  for (int i = 0; i < 100; ++i) {
+    slow.emplace_back(address).Send(request.substr(0, 20 + i));
+  }
+  Socket quick(address);
+  for (int i = 0; i < 50; ++i) {
+    ASSERT_TRUE(IsGood(Ask(quick)));
+  }
+  daemon.Signal(SIGTERM);
+  EXPECT_EQ(quick.ReceiveAll(), "");
+  for (int i = 0; i < 100; ++i) {
+    slow[i].Send(request.substr(20 + i));
+    ASSERT_TRUE(IsGood(slow[i].ReceiveAll())) << i;
+  }
+  EXPECT_EQ(daemon.Wait(), 0);
+}
+
+TEST(DaemonTest, AnswersManyAtOnce) {
+  Daemon daemon({"--listen", "127.0.0.1:0"});
+  const std::string address = daemon.ReadAddress();
+  std::atomic<int> good = 0;
+  std::vector<std::thread> clients;
+  for (int i = 0; i < 100; ++i) {
+    clients.emplace_back([&] {
+      Socket client(address);
+      for (int request = 0; request < 20; ++request) {
+        good += IsGood(Ask(client)) ? 1 : 0;
+      }
+    });
+  }
+  for (std::thread& client : clients) {
+    client.join();
+  }
+  EXPECT_EQ(good, 2000);
+  daemon.Signal(SIGTERM);
+  EXPECT_EQ(daemon.Wait(), 0);
+}
+
+// Nobody reads the log here: its pipe fills up within the first thousand requests.
+TEST(DaemonTest, SwallowsNeitherHeadersNorItsOwnLog) {
+  Daemon daemon({"--listen", "127.0.0.1:0"});
+  const std::string address = daemon.ReadAddress();
+  Socket client(address);
+  const long before = daemon.ResidentKilobytes();
+  Socket hostile(address);
+  hostile.Send("GET / HTTP/1.1\r\nA: ");
+  const std::string part(1 << 20, 'a');
+  size_t sent = 0;
+  for (size_t now = part.size(); now == part.size() && sent < 200U << 20; sent += now) {
+    now = hostile.Send(part);
+  }
+  EXPECT_LT(sent, 20U << 20);
+  for (int i = 0; i < 3000; ++i) {
+    ASSERT_TRUE(IsGood(Ask(client))) << i;
+  }
+  EXPECT_LT(daemon.ResidentKilobytes() - before, 10'000);
+}
+
+TEST(DaemonTest, SaysWhatWouldBeRight) {
+  Daemon holder({"--listen", "127.0.0.1:0"});
+  const std::string taken = holder.ReadAddress();
+  const std::string notABase = testing::TempDir() + "not-a-base.tsv";
+  std::ofstream(notABase) << "78701,Austin,TX\n";
+  const struct {
+    std::vector<std::string> arguments;
+    int status;
+    std::string text;  // that the first line holds
+  } rows[] = {
+      {{"--help"}, 0, "A local service that answers"},
+      {{"--version"}, 0, "postwright-verifyd 0."},
+      {{"--listen", "nowhere"}, 2, "'nowhere' is not ADDRESS:PORT, as in 127.0.0.1:8470"},
+      {{"--listen"}, 2, "--listen"},
+      {{"--frobnicate"}, 2, "--frobnicate"},
+      {{"more"}, 2, "more"},
+      {{"--listen", taken}, 1, "cannot listen on " + taken + ": Address already in use"},
+      {{"--listen", "127.0.0.1:0", "--base", "/nonexistent.tsv"},
+       1,
+       "/nonexistent.tsv: cannot be read"},
+      {{"--listen", "127.0.0.1:0", "--base", notABase}, 1, notABase + ": line 1: is not ZIP, city"},
+      {{"--path-prefix", "usps", "--listen", "127.0.0.1:0"},
+       2,
+       "'usps' does not begin with a slash"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    Daemon daemon(row.arguments);
+    EXPECT_EQ(daemon.Wait(), row.status);
+    EXPECT_NE(daemon.ReadLine().find(row.text), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace postwright::service

@@ -1,0 +1,241 @@
+#include "service/VerifyService.h"
+
+#include <gtest/gtest.h>
+
+namespace postwright::service {
+namespace {
+
+constexpr const char* kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+constexpr const char* kNotConfirmed =
+    "<DPVConfirmation>N</DPVConfirmation><DPVFalse>N</DPVFalse>"
+    "<CentralDeliveryPoint>N</CentralDeliveryPoint>";
+constexpr const char* kSyntax =
+    "<Error><Number>80040B19</Number><Description>XML Syntax Error: Please check the XML request "
+    "to "
+    "see if it can be parsed.(B)</Description><Source>USPSCOM::DoAuth</Source></Error>";
+constexpr const char* kNoUser =
+    "<Error><Number>80040B1A</Number><Description>Authorization failure.  Perhaps username and/or "
+    "password is incorrect.</Description><Source>USPSCOM::DoAuth</Source></Error>";
+
+const ZipBase& Base() {
+  static const ZipBase* const base = [] {
+    auto* loaded = new ZipBase;
+    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
+    return loaded;
+  }();
+  return *base;
+}
+
+std::string Answer(const HttpRequest& request) {
+  const HttpReply reply = VerifyService(Base(), {}).Answer(request);
+  EXPECT_EQ(reply.status, 200);
+  EXPECT_EQ(reply.contentType, "text/xml; charset=UTF-8");
+  EXPECT_TRUE(reply.body.starts_with(kDeclaration)) << reply.body;
+  return reply.body.substr(std::min(std::string(kDeclaration).size(), reply.body.size()));
+}
+
+// POST with the document as the body: nothing lies between the test's bytes and the reader.
+std::string AnswerDocument(const std::string& document) {
+  return Answer({"POST", "/ShippingAPI.dll", "API=Verify", document});
+}
+
+std::string Request(const std::string& content) {
+  return "<AddressValidateRequest USERID=\"305KQVZ61948\">" + content + "</AddressValidateRequest>";
+}
+
+std::string Response(const std::string& content) {
+  return "<AddressValidateResponse>" + content + "</AddressValidateResponse>";
+}
+
+std::string Rejected(const std::string& number, const std::string& description) {
+  return "<Error><Number>" + number + "</Number><Source>clsAMS</Source><Description>" +
+         description + "</Description><HelpFile/><HelpContext/></Error>";
+}
+
+const std::string kMain = "<Address2>12 MAIN ST</Address2><City>AUSTIN</City><State>TX</State>";
+const std::string kMainReply = kMain + "<Zip5>78701</Zip5><Zip4/>";
+const std::string kAsked = kMain + "<Zip5>78701</Zip5>";
+const std::string kInvalid = Rejected("-2147219396", "Invalid Address.  ");
+
+struct DocumentCase {
+  std::string name;
+  std::string document;
+  std::string reply;
+};
+
+const DocumentCase kDocuments[] = {
+    {"all fields, long form",
+     Request("<Revision>1</Revision><Address ID=\"0\"><FirmName>Smith &amp; Sons,  Inc.</FirmName>"
+             "<Address1>Suite 5</Address1><Address2>12 Main Street</Address2>"
+             "<City>East Stroudsburg</City><State>PA</State><Urbanization></Urbanization>"
+             "<Zip5>18302</Zip5><Zip4>1234</Zip4></Address>"),
+     Response("<Address ID=\"0\"><FirmName>SMITH &amp; SONS, INC.</FirmName>"
+              "<Address1>STE 5</Address1><Address2>12 MAIN ST</Address2>"
+              "<City>EAST STROUDSBURG</City><CityAbbreviation>E STROUDSBURG</CityAbbreviation>"
+              "<State>PA</State><Zip5>18302</Zip5><Zip4/><Footnotes>N</Footnotes>" +
+              std::string(kNotConfirmed) + "</Address>")},
+    {"short form has the short city",
+     Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>E STROUDSBURG</City>"
+             "<State>PA</State><Zip5>18302</Zip5></Address>"),
+     Response("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>E STROUDSBURG</City>"
+              "<State>PA</State><Zip5>18302</Zip5><Zip4/></Address>")},
+    {"everything corrected",
+     Request("<Revision>1</Revision><Address ID=\"0\"><Address2>12 Main St</Address2>"
+             "<City>Huttoo</City><State>TX</State><Zip5>10001</Zip5></Address>"),
+     Response("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>HUTTO</City><State>TX</State>"
+              "<Zip5>78634</Zip5><Zip4/><Footnotes>AB</Footnotes>" +
+              std::string(kNotConfirmed) + "</Address>")},
+    {"urbanization stands before the ZIP",
+     Request("<Address><Address2>A17 CALLE 1</Address2><City>CAROLINA</City><State>PR</State>"
+             "<Urbanization>URB Las Gladiolas</Urbanization><Zip5>00979</Zip5></Address>"),
+     Response("<Address><Address2>A17 CALLE 1</Address2><City>CAROLINA</City><State>PR</State>"
+              "<Urbanization>URB LAS GLADIOLAS</Urbanization><Zip5>00979</Zip5><Zip4/></Address>")},
+    {"one failure spoils no other, order and IDs are kept",
+     Request("<Address ID=\"b\">" + kAsked + "</Address><Address ID=\"&lt;a&gt;\"><Address2/>" +
+             "</Address><Address>" + kAsked + "</Address>"),
+     Response("<Address ID=\"b\">" + kMainReply + "</Address><Address ID=\"&lt;a&gt;\">" +
+              kInvalid + "</Address><Address>" + kMainReply + "</Address>")},
+    {"a street without a number",
+     Request("<Address ID=\"0\"><Address2>MAIN ST</Address2><Zip5>78701</Zip5></Address>"),
+     Response("<Address ID=\"0\">" + Rejected("-2147219401", "Address Not Found.  ") +
+              "</Address>")},
+    {"several places fit",
+     Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>AUSTIN</City><State>TX</State>"
+             "</Address>"),
+     Response("<Address ID=\"0\">" +
+              Rejected("-2147219403",
+                       "Multiple addresses were found for the information you entered, and no "
+                       "default exists.") +
+              "</Address>")},
+    {"a field of 201 bytes",
+     Request("<Address><Address2>12 " + std::string(198, 'A') + "</Address2></Address>"),
+     Response("<Address>" + kInvalid + "</Address>")},
+    {"no address at all", Request(""), Response("")},
+    {"six addresses", Request("<Address/><Address/><Address/><Address/><Address/><Address/>"),
+     "<Error><Number>80040B18</Number><Description>A request may hold up to 5 addresses. Send the "
+     "others in another.</Description><Source>USPSCOM::DoAuth</Source></Error>"},
+    {"no user", "<AddressValidateRequest><Address/></AddressValidateRequest>", kNoUser},
+    {"empty user", "<AddressValidateRequest USERID=\"\"><Address/></AddressValidateRequest>",
+     kNoUser},
+    {"another document", "<ZipCodeLookupRequest USERID=\"1\"/>", kSyntax},
+    {"a bare ampersand", Request("<Address><Address2>A & B</Address2></Address>"), kSyntax},
+    {"tags that do not match", Request("<Address></Adress>"), kSyntax},
+    {"a zero byte", Request("<Address>" + std::string(1, '\0') + "</Address>"), kSyntax},
+    {"entities of one's own",
+     "<!DOCTYPE a [<!ENTITY b \"bbbb\">]>" + Request("<Address><City>&b;</City></Address>"),
+     kSyntax},
+    {"deep nesting",
+     Request("<Address>" + std::string(20000, '<')
+                               .replace(0, 20000,
+                                        [] {
+                                          std::string deep;
+                                          for (int i = 0; i < 10000; ++i) {
+                                            deep += "<a>";
+                                          }
+                                          return deep;
+                                        }())),
+     kSyntax},
+    {"more than 64 KiB", Request(std::string(70000, ' ')), kSyntax},
+    // What our own engine sends for a label whose delivery line holds a line break.
+    {"cut short within an address",
+     "<AddressValidateRequest USERID=\"1\"><Address ID=\"0\"><Address1></Address1>"
+     "<Address2>JANE DOE",
+     Response("<Address ID=\"0\">" + kInvalid + "</Address>")},
+    {"cut short within a ZIP",
+     "<AddressValidateRequest USERID=\"1\"><Address>" + kMain + "<Zip5>78701",
+     Response("<Address>" + kInvalid + "</Address>")},
+    {"cut short behind an address",
+     "<AddressValidateRequest USERID=\"1\"><Address>" + kAsked + "</Address><Addr",
+     Response("<Address>" + kMainReply + "</Address>")},
+    {"cut short before the first address",
+     "<AddressValidateRequest USERID=\"1\"><Revision>1</Revision><Addr", kSyntax},
+    {"nothing", "", kSyntax},
+    {"Latin-1 whatever the declaration says",
+     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" +
+         Request("<Address><Address2>12 PE\xD1"
+                 "A ST</Address2><Zip5>78701</Zip5></Address>"),
+     Response("<Address><Address2>12 PENA ST</Address2><City>AUSTIN</City><State>TX</State>"
+              "<Zip5>78701</Zip5><Zip4/></Address>")},
+    {"UTF-8 under a wrong declaration, with blanks in front",
+     "\n <?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" +
+         Request("<Address><Address2>12 PE\xC3\x91"
+                 "A ST</Address2><Zip5>78701</Zip5></Address>"),
+     Response("<Address><Address2>12 PENA ST</Address2><City>AUSTIN</City><State>TX</State>"
+              "<Zip5>78701</Zip5><Zip4/></Address>")},
+};
+
+TEST(VerifyServiceTest, AnswersDocumentsByteForByte) {
+  for (const DocumentCase& row : kDocuments) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(AnswerDocument(row.document), row.reply);
+  }
+}
+
+struct QueryCase {
+  const char* name;
+  HttpRequest request;
+  std::string reply;
+};
+
+constexpr const char* kPath = "/ShippingAPI.dll";
+const std::string kPlus =
+    "%3CAddressValidateRequest+USERID=%221%22%3E%3CAddress%3E%3CAddress2%3E12+MAIN%20ST%3C/"
+    "Address2%3E"
+    "%3CZip5%3E78701%3C/Zip5%3E%3C/Address%3E%3C/AddressValidateRequest%3E";
+const std::string kAnswered = Response("<Address>" + kMainReply + "</Address>");
+
+const QueryCase kQueries[] = {
+    {"XML", {"GET", kPath, "API=Verify&XML=" + kPlus, ""}, kAnswered},
+    {"xml, other order", {"GET", kPath, "xml=" + kPlus + "&api=verify", ""}, kAnswered},
+    {"form", {"POST", kPath, "", "API=Verify&XML=" + kPlus}, kAnswered},
+    // The engine's own escaping: %26amp%3b for an ampersand, a bare one for &lt;.
+    {"escaped ampersand",
+     {"GET", kPath,
+      "API=Verify&XML=%3CAddressValidateRequest%20USERID=%221%22%3E%3CAddress%20ID=%220%22%3E"
+      "%3CAddress2%3E12%20A%20%26amp%3b%20B%20ST%3C/Address2%3E%3CZip5%3E78701%3C/Zip5%3E"
+      "%3C/Address%3E%3C/AddressValidateRequest%3E",
+      ""},
+     Response("<Address ID=\"0\"><Address2>12 A AND B ST</Address2><City>AUSTIN</City>"
+              "<State>TX</State><Zip5>78701</Zip5><Zip4/></Address>")},
+    {"bare ampersand of an entity",
+     {"GET", kPath,
+      "API=Verify&XML=%3CAddressValidateRequest%20USERID=%221%22%3E%3CAddress%20ID=%220%22%3E"
+      "%3CAddress2%3EJANE&%23x0A;PSC%201%20BOX%202%3C/Address2%3E%3CCity%3EAPO%3C/City%3E",
+      ""},
+     Response("<Address ID=\"0\">" + kInvalid + "</Address>")},
+    {"broken escapes stand for themselves", {"GET", kPath, "API=Verify&XML=%", ""}, kSyntax},
+    {"no document", {"GET", kPath, "API=Verify", ""}, kSyntax},
+    {"another API",
+     {"GET", kPath, "API=Rate%3CV4%0A&XML=" + kPlus, ""},
+     "<Error><Number>80040B1A</Number><Description>API Authorization failure. Rate&lt;V4 is not a "
+     "valid API name for this protocol.</Description><Source>USPSCOM::DoAuth</Source></Error>"},
+};
+
+TEST(VerifyServiceTest, ReadsQueriesAndForms) {
+  for (const QueryCase& row : kQueries) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(Answer(row.request), row.reply);
+  }
+}
+
+TEST(VerifyServiceTest, AnswersItsOwnPathAlone) {
+  EXPECT_EQ(VerifyService(Base(), {}).Answer({"GET", "/", "API=Verify", ""}).status, 404);
+  const VerifyService prefixed(Base(), {"/usps", false});
+  EXPECT_EQ(prefixed.Answer({"GET", "/usps/ShippingAPI.dll", "", ""}).status, 200);
+  EXPECT_EQ(prefixed.Answer({"GET", kPath, "", ""}).status, 404);
+}
+
+// Every beginning of a request is answered, by a document or an error, and by nothing else.
+TEST(VerifyServiceTest, AnswersEveryBeginning) {
+  const std::string whole = Request("<Revision>1</Revision><Address ID=\"0\">" + kAsked +
+                                    "</Address><Address ID=\"1\">" + kAsked + "</Address>");
+  for (size_t length = 0; length < whole.size(); ++length) {
+    const std::string reply = AnswerDocument(whole.substr(0, length));
+    ASSERT_TRUE(reply == kSyntax ||
+                reply.starts_with("<AddressValidateResponse><Address ID=\"0\">"))
+        << length << ": " << reply;
+  }
+}
+
+}  // namespace
+}  // namespace postwright::service
