@@ -21,39 +21,22 @@ struct Deleter {
 using UrlParts = std::unique_ptr<CURLU, Deleter<curl_url_cleanup>>;
 using HeaderList = std::unique_ptr<curl_slist, Deleter<curl_slist_free_all>>;
 
-// What has come in so far, against what may.
-struct Reply {
-  std::vector<std::uint8_t> body;
-  std::size_t headerBytes = 0;
-  std::size_t limit = 0;
-};
+// libcurl's callbacks. A body is collected; a transfer that brings more than it may ends, also
+// where libcurl reads past the body, as it does with a redirect's. libcurl itself bounds headers.
 
-// libcurl ends the transfer when one of these two takes fewer bytes than it was offered.
-
-std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* context) noexcept {
-  auto* reply = static_cast<Reply*>(context);
-  if (size > reply->limit - reply->body.size()) {
-    return 0;
-  }
+std::size_t CollectBody(char* data, std::size_t, std::size_t size, void* context) noexcept {
+  auto* body = static_cast<std::vector<std::uint8_t>*>(context);
   try {
-    reply->body.insert(reply->body.end(), data, data + size);
+    body->insert(body->end(), data, data + size);
   } catch (const std::bad_alloc&) {
     return 0;  // the fetch fails: the caller keeps the user's text and hears of a bad reply
   }
   return size;
 }
 
-// Headers are counted for a server that never stops sending them, trailers and interim replies
-// among them.
-std::size_t TakeHeader(char*, std::size_t, std::size_t size, void* context) noexcept {
-  auto* reply = static_cast<Reply*>(context);
-  reply->headerBytes += size;
-  return reply->headerBytes > reply->limit ? 0 : size;
-}
-
-// Bodies of redirects are read past without TakeBody; their length is only seen here.
-int WatchProgress(void* context, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) noexcept {
-  return static_cast<std::size_t>(received) > static_cast<Reply*>(context)->limit ? 1 : 0;
+int CheckLength(void* context, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) noexcept {
+  const auto* limits = static_cast<const FetchLimits*>(context);
+  return static_cast<std::size_t>(received) > limits->bytes ? 1 : 0;
 }
 
 // One thread's libcurl handle, which keeps the connection between fetches.
@@ -67,7 +50,7 @@ class Connection {
   // False in a child of the process that made it, whose socket still serves the parent.
   bool IsOurs() const { return owner_ == getpid(); }
 
-  bool Get(CURLU* url, const FetchLimits& limits, Reply* reply);
+  bool Get(CURLU* url, FetchLimits limits, std::vector<std::uint8_t>* body);
 
  private:
   const pid_t owner_ = getpid();
@@ -85,12 +68,10 @@ Connection::Connection() {
   curl_easy_setopt(handle_, CURLOPT_HTTPGET, 1L);
   curl_easy_setopt(handle_, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(handle_, CURLOPT_TCP_NODELAY, 1L);
-  curl_easy_setopt(handle_, CURLOPT_PROTOCOLS_STR, "http,https");
-  curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle_, CURLOPT_PROTOCOLS_STR, "http,https");  // for redirects, too
   curl_easy_setopt(handle_, CURLOPT_FOLLOWLOCATION, 1L);
-  curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, &TakeBody);
-  curl_easy_setopt(handle_, CURLOPT_HEADERFUNCTION, &TakeHeader);
-  curl_easy_setopt(handle_, CURLOPT_XFERINFOFUNCTION, &WatchProgress);
+  curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, &CollectBody);
+  curl_easy_setopt(handle_, CURLOPT_XFERINFOFUNCTION, &CheckLength);
   curl_easy_setopt(handle_, CURLOPT_NOPROGRESS, 0L);
 }
 
@@ -101,7 +82,7 @@ Connection::~Connection() {
   }
 }
 
-bool Connection::Get(CURLU* url, const FetchLimits& limits, Reply* reply) {
+bool Connection::Get(CURLU* url, FetchLimits limits, std::vector<std::uint8_t>* body) {
   if (handle_ == nullptr) {
     return false;
   }
@@ -110,9 +91,8 @@ bool Connection::Get(CURLU* url, const FetchLimits& limits, Reply* reply) {
   curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_LIMIT, 1L);
   curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(limits.silence.count()));
   curl_easy_setopt(handle_, CURLOPT_MAXREDIRS, limits.redirects);
-  curl_easy_setopt(handle_, CURLOPT_WRITEDATA, reply);
-  curl_easy_setopt(handle_, CURLOPT_HEADERDATA, reply);
-  curl_easy_setopt(handle_, CURLOPT_XFERINFODATA, reply);
+  curl_easy_setopt(handle_, CURLOPT_WRITEDATA, body);
+  curl_easy_setopt(handle_, CURLOPT_XFERINFODATA, &limits);
   const bool fetched = curl_easy_perform(handle_) == CURLE_OK;
   curl_easy_setopt(handle_, CURLOPT_CURLU, nullptr);
   return fetched;
@@ -136,10 +116,9 @@ std::vector<std::uint8_t> FetchUrl(const std::string& url, const FetchLimits& li
     if (parts == nullptr || curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK) {
       return {};
     }
-    Reply reply;
-    reply.limit = limits.bytes;
-    if (ThreadConnection().Get(parts.get(), limits, &reply)) {
-      return std::move(reply.body);
+    std::vector<std::uint8_t> body;
+    if (ThreadConnection().Get(parts.get(), limits, &body)) {
+      return body;
     }
   } catch (const std::bad_alloc&) {
     // No memory is one more failed fetch.

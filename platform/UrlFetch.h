@@ -13,7 +13,7 @@ namespace postwright {
 struct FetchLimits {
   std::chrono::milliseconds connect = std::chrono::seconds(30);  // a host resolved and connected to
   std::chrono::seconds silence = std::chrono::seconds(60);       // with less than 1 byte a second
-  std::size_t bytes = 16U << 20U;                                // of body, and as many of headers
+  std::size_t bytes = 16U << 20U;                                // of body
   long redirects = 20;
 };
 
