@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QPointer>
 #include <deque>
 #include <mutex>
 #include <utility>
@@ -17,8 +16,16 @@ struct MessageSender::Channel {
     QVariant data;
   };
 
+  // Called under the lock, which the port's destructor takes too: the port cannot go away
+  // meanwhile.
+  void announce() {
+    announced = true;
+    QCoreApplication::postEvent(port, new QEvent(QEvent::User));
+  }
+
   std::mutex lock;
   std::deque<Message> messages;
+  bool announced = false;  // an event is under way
   MessagePort* port = nullptr;
 };
 
@@ -31,8 +38,9 @@ bool MessageSender::sendMessage(qint32 identifier, const QVariant& data) const {
     return false;
   }
   _channel->messages.push_back({identifier, data});
-  // Under the lock, which the port's destructor takes too: the port cannot go away meanwhile.
-  QCoreApplication::postEvent(_channel->port, new QEvent(QEvent::User));
+  if (!_channel->announced) {
+    _channel->announce();
+  }
   return true;
 }
 
@@ -59,11 +67,14 @@ bool MessagePort::event(QEvent* event) {
   MessageSender::Channel::Message message;
   {
     const std::lock_guard guard(_channel->lock);
-    if (_channel->messages.empty()) {
-      return true;
-    }
     message = std::move(_channel->messages.front());
     _channel->messages.pop_front();
+    _channel->announced = false;
+    // The next is announced anew, before this one is handled: an event that was posted before a
+    // nested loop began would not wake that loop.
+    if (!_channel->messages.empty()) {
+      _channel->announce();
+    }
   }
   emit messageReceived(message.identifier, message.data);  // may destroy this port
   return true;

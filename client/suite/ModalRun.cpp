@@ -7,9 +7,10 @@
 namespace postwright {
 namespace {
 
-// Centres the frame of `window` above `above`, moved as far as needed to lie on its screen.
+// Centres `window` above `above`, moved as far as needed to lie on its screen. The window has no
+// frame yet; the other's tells how wide one is.
 void MoveAbove(QDialog& window, const QWidget& above) {
-  QRect frame({}, window.size());
+  QRect frame({}, window.size() + above.frameGeometry().size() - above.size());
   frame.moveCenter(above.frameGeometry().center());
   const QRect screen = above.screen()->availableGeometry();
   frame.moveRight(std::min(frame.right(), screen.right()));
