@@ -36,10 +36,18 @@ void ConnectionWatch::Opened(int socket) {
   connections_[socket] = {Clock::now() + patience_};
 }
 
-void ConnectionWatch::Answered(int socket) {
+// Counted before the answer leaves: a client may send its next request as soon as it has one.
+void ConnectionWatch::RequestRead(int socket) {
   const uint64_t received = BytesReceived(socket);
   const std::lock_guard lock(mutex_);
-  connections_[socket] = {Clock::now() + patience_, received};
+  connections_[socket].bytesRead = received;
+  connections_[socket].answering = true;
+}
+
+void ConnectionWatch::Answered(int socket) {
+  const std::lock_guard lock(mutex_);
+  connections_[socket].deadline = Clock::now() + patience_;
+  connections_[socket].answering = false;
 }
 
 void ConnectionWatch::Closed(int socket) {
@@ -50,7 +58,7 @@ void ConnectionWatch::Closed(int socket) {
 void ConnectionWatch::EndIdle() {
   const std::lock_guard lock(mutex_);
   for (const auto& [socket, connection] : connections_) {
-    if (BytesReceived(socket) == connection.bytesAnswered) {
+    if (!connection.answering && BytesReceived(socket) == connection.bytesRead) {
       shutdown(socket, SHUT_RD);
     }
   }

@@ -13,8 +13,8 @@ namespace postwright::service {
 // Knows the open connections of a server: ends those that take too long over one request, however
 // busily they trickle bytes, and tells at the end which ones have begun something.
 //
-// The server reports each connection's socket when it is opened, when a request is answered and,
-// while the socket is still open, before it is closed. Any thread may call any operation.
+// The server reports each connection's socket when it is opened, when a request has been read, when
+// it is answered and, while the socket is still open, before it is closed. Any thread may call any operation.
 class ConnectionWatch {
  public:
   // A connection has `patience` for each request, counted from its opening or its last answer.
@@ -24,10 +24,11 @@ class ConnectionWatch {
   ConnectionWatch& operator=(const ConnectionWatch&) = delete;
 
   void Opened(int socket);
+  void RequestRead(int socket);
   void Answered(int socket);
   void Closed(int socket);
 
-  // Ends the reading side of every connection that has sent nothing since its last answer. Requests
+  // Ends the reading side of every connection that has sent nothing since its last request. Requests
   // under way, half-sent ones among them, stay.
   void EndIdle();
 
@@ -37,7 +38,8 @@ class ConnectionWatch {
   using Clock = std::chrono::steady_clock;
   struct Connection {
     Clock::time_point deadline;
-    uint64_t bytesAnswered = 0;  // that had arrived when the last answer was given
+    uint64_t bytesRead = 0;  // that had arrived with the last request, before its answer left
+    bool answering = false;
   };
 
   void EndLate();

@@ -93,12 +93,13 @@ class HttpServer::Impl {
     daemon_ = MHD_start_daemon(
         MHD_USE_EPOLL_INTERNAL_THREAD | MHD_USE_ITC, 0, nullptr, nullptr, &Impl::OnRequest, this,
         MHD_OPTION_LISTEN_SOCKET, socket, MHD_OPTION_THREAD_POOL_SIZE, threads,
-        MHD_OPTION_CONNECTION_LIMIT, limits_.connections, MHD_OPTION_PER_IP_CONNECTION_LIMIT,
-        limits_.connectionsPerAddress, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
-        limits_.bytesPerConnection, MHD_OPTION_CONNECTION_TIMEOUT,
-        static_cast<unsigned>(limits_.idle.count()), MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri,
-        this, MHD_OPTION_NOTIFY_COMPLETED, &Impl::OnCompleted, this, MHD_OPTION_NOTIFY_CONNECTION,
-        &Impl::OnConnection, this, MHD_OPTION_END);
+        MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_CONNECTION_LIMIT, limits_.connections,
+        MHD_OPTION_PER_IP_CONNECTION_LIMIT, limits_.connectionsPerAddress,
+        MHD_OPTION_CONNECTION_MEMORY_LIMIT, limits_.bytesPerConnection,
+        MHD_OPTION_CONNECTION_TIMEOUT, static_cast<unsigned>(limits_.idle.count()),
+        MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri, this, MHD_OPTION_NOTIFY_COMPLETED,
+        &Impl::OnCompleted, this, MHD_OPTION_NOTIFY_CONNECTION, &Impl::OnConnection, this,
+        MHD_OPTION_END);
     if (daemon_ == nullptr) {
       close(socket);
       throw ListenError("cannot serve on " + address_ + ": no threads or descriptors are left");
@@ -151,6 +152,7 @@ class HttpServer::Impl {
   }
 
   MHD_Result Respond(MHD_Connection* connection, const Exchange& exchange) {
+    watch_.RequestRead(SocketOf(connection));
     const HttpReply reply = Compute(exchange);
     MHD_Response* response = MHD_create_response_from_buffer(
         reply.body.size(), const_cast<char*>(reply.body.data()), MHD_RESPMEM_MUST_COPY);
