@@ -3,6 +3,7 @@
 
 #include <postwright/MacPlatformServices.h>
 #include <postwright/Postwright.h>
+
 #include <tinyxml.h>
 
 #include <algorithm>

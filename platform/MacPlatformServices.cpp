@@ -1,12 +1,12 @@
 #include <postwright/MacPlatformServices.h>
 
+#include "platform/LogFormat.h"
+#include "platform/UrlFetch.h"
+
 #include <algorithm>
 #include <cwchar>
 #include <limits>
 #include <string_view>
-
-#include "platform/LogFormat.h"
-#include "platform/UrlFetch.h"
 
 namespace postwright {
 

@@ -1,12 +1,14 @@
+#include <postwright/Postwright.h>
+
+#include "core/engine/ReplyGuard.h"
+
 #include <postwright/AddressParser.h>
 #include <postwright/Deployment.h>
-#include <postwright/Postwright.h>
+
 #include <tinyxml.h>
 
 #include <cassert>
 #include <vector>
-
-#include "core/engine/ReplyGuard.h"
 
 namespace postwright {
 

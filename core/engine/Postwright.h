@@ -43,7 +43,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   //   FixResultBadReply        the reply was empty (no network, too), no XML, or had no Address; so
   //                            is a reply that holds a NUL, is not UTF-8, or is built to exhaust
   //                            the XML parser: elements nested deeper than 100, an element of more
-  //                            than 100 attributes, more than 100,000 tags
+  //                            than 100 attributes, more than 100,000 tags and attributes
   // and std::bad_alloc. The cause goes to LogError or LogWarning of `services`.
   static std::unique_ptr<FixedAddress> Fix(const std::wstring& text, bool flag,
                                            IPlatformServices* services);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostLevels = 100;
 constexpr int kMostAttributes = 100;
-constexpr int kMostTags = 100'000;
+constexpr int kMostParts = 100'000;
 
 constexpr const wchar_t* kBrokenReference = L"a character reference is broken";
 
@@ -105,17 +105,18 @@ class TagScanner {
   std::string_view text_;
   std::size_t at_ = 0;
   int level_ = 0;
+  int parts_ = 0;  // tags and attributes
 };
 
 const wchar_t* TagScanner::FindFault() {
-  for (int tags = 0; at_ < text_.size(); ++tags) {
+  for (; at_ < text_.size(); ++parts_) {
     const std::size_t begin = at_;
     at_ = std::min(text_.find('<', at_), text_.size());
     if (!HasWholeReferences(text_.substr(begin, at_ - begin))) {
       return kBrokenReference;
     }
-    if (tags > kMostTags) {
-      return L"the document has more than 100,000 tags";
+    if (parts_ > kMostParts) {
+      return L"the document has more than 100,000 tags and attributes";
     }
     if (const wchar_t* fault = PassMarkup()) {
       return fault;
@@ -181,6 +182,7 @@ const wchar_t* TagScanner::PassStartTag() {
     return kBrokenReference;
   }
   const bool isEmptyElement = at_ < text_.size() && text_[at_ - 1] == '/';
+  parts_ += attributes;
   if (level_ + 1 > kMostLevels) {
     return L"elements are nested deeper than 100";
   }

@@ -35,6 +35,7 @@ TEST(ReplyGuardTest, RefusesWhatWouldBreakTheParser) {
       {"a surrogate", "<R>\xED\xA0\x80</R>"},
       {"beyond Unicode", "<R>\xF4\x90\x80\x80</R>"},
       {"101 levels", DeepBehind("")},
+      {"end tags in front", "</a></a>" + DeepBehind("")},
       {"end tags in comments", DeepBehind("<!--</a>-->")},
       {"end tags in character data", DeepBehind("<![CDATA[</a>]]>")},
       {"end tags in attributes", Times(101, "<a b='</a>'>")},
@@ -47,7 +48,8 @@ TEST(ReplyGuardTest, RefusesWhatWouldBreakTheParser) {
       {"a reference over a quote", "<a b='&#'><c d='#1;'/></a>"},
       {"a reference in a declaration", "<?xml version='&#x'?><a b='x1;'/>"},
       {"101 attributes", "<a" + Times(101, " b='1'") + "/>"},
-      {"100,001 tags", "<R>" + Times(100'000, "<a/>")},
+      {"too many tags", "<R>" + Times(100'001, "<a/>")},
+      {"too many attributes", "<R>" + Times(1'001, "<a" + Times(100, " b=1") + "/>")},
   };
   for (const GuardCase& row : kRows) {
     SCOPED_TRACE(row.name);
