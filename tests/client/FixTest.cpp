@@ -1,0 +1,192 @@
+#include <postwright/BatchResultRecord.h>
+#include <postwright/Deployment.h>
+#include <postwright/MacPlatformServices.h>
+#include <postwright/PostwrightClient.h>
+
+#include "client/EngineTexts.h"
+#include "tests/client/ClientTestMain.h"
+#include "tests/support/LoopbackServer.h"
+
+using namespace postwright;  // NOLINT(google-build-using-namespace)
+
+namespace {
+
+LoopbackServer::Answer Page(const QString& body) {
+  const std::string bytes = body.toStdString();
+  return {"HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(bytes.size()) + "\r\n\r\n" +
+          bytes};
+}
+
+const QString kFound =
+    u"<R><Address><Address2>12 MAIN ST NE</Address2><City>PEÑA</City><State>TX</State>"
+    "<Zip5>78701</Zip5><Zip4>1234</Zip4></Address></R>"_qs;
+
+void Deploy(const std::string& endpoint) {
+  SetDeployment({.verifyHost = endpoint, .userId = "TEST", .probeHost = endpoint});
+}
+
+}  // namespace
+
+class FixTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void givesTextOrMessage_data();
+  void givesTextOrMessage();
+  void textThatIsNotAsciiGoesThroughWhole();
+  void wantsNoReplyWithoutANetwork();
+  void presentsCandidates_data();
+  void presentsCandidates();
+  void outcomeDecidesStatus_data();
+  void outcomeDecidesStatus();
+  void changeDuringAFixWins();
+};
+
+void FixTest::givesTextOrMessage_data() {
+  QTest::addColumn<QString>("reply");
+  QTest::addColumn<QString>("text");  // null for a failure
+  QTest::addColumn<QString>("message");
+
+  const QString badReply = PostwrightClient::stringForResult(3);
+  QTest::newRow("found") << kFound << u"12 Main St NE\nPeña TX 787011234"_qs << QString();
+  QTest::newRow("nothing in it") << u"<R><Address/></R>"_qs << u""_qs << QString();
+  QTest::newRow("turned down") << u"<R><Address><Error/></Address></R>"_qs << QString()
+                               << u"Invalid Address"_qs;
+  QTest::newRow("service's own error") << u"<Error/>"_qs << QString() << badReply;
+  QTest::newRow("cut short") << kFound.left(50) << QString() << badReply;
+  QTest::newRow("no XML") << u"oops"_qs << QString() << badReply;
+  QTest::newRow("empty") << u""_qs << QString() << badReply;
+}
+
+void FixTest::givesTextOrMessage() {
+  QFETCH(const QString, reply);
+  QFETCH(const QString, text);
+  QFETCH(const QString, message);
+  const LoopbackServer server(Page(reply));
+  Deploy(server.GetEndpoint());
+  PostwrightClient client;
+  client.setCapitalization(CapitalizationMixed);
+  client.setLastResult(u"before"_qs);
+
+  const QString label = u"\n 12 main st.\naustin, tx 78701 \n"_qs;
+  const std::optional<QString> quick = client.fixAddressQuick(label);
+  QCOMPARE(quick, text.isNull() ? std::nullopt : std::optional(text));
+  QCOMPARE(client.lastResult(), message.isNull() ? std::nullopt : std::optional(message));
+  client.setLastResult(u"before"_qs);
+  const std::optional<AddressFix> full = client.fixAddress(label);
+  QCOMPARE(full.has_value(), quick.has_value());
+  QCOMPARE(full.value_or(AddressFix()).ExactAddress, quick.value_or(QString()));
+  QVERIFY(full.value_or(AddressFix()).MatchedAddresses.isEmpty());
+  QCOMPARE(client.lastResult(), message.isNull() ? std::nullopt : std::optional(message));
+  QCOMPARE(server.GetRequests().size(), 2U);
+}
+
+void FixTest::textThatIsNotAsciiGoesThroughWhole() {
+  const LoopbackServer server(Page(kFound));
+  Deploy(server.GetEndpoint());
+  PostwrightClient client;
+  client.setRemovePunctuation(false);
+  QCOMPARE(client.fixAddressQuick(u"NGUYỄN THI\u0323 ÁNH \U0001F600\U00020BB7\n12 main st\n"
+                                  "austin tx 78701\nBÊN CẠNH NHÀ THỜ"_qs),
+           std::optional(u"NGUYỄN THI\u0323 ÁNH \U0001F600\U00020BB7\n12 MAIN ST NE\n"
+                         "PEÑA, TX 78701-1234\nBÊN CẠNH NHÀ THỜ"_qs));
+  // A NUL ends the core's strings; what stands behind it is not lost.
+  QCOMPARE(client.fixAddressQuick(u"A"_qs + QChar(u'\0') + u"B\n12 main st\naustin tx 78701"_qs),
+           std::optional(u"AB\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs));
+}
+
+void FixTest::wantsNoReplyWithoutANetwork() {
+  const LoopbackServer server(Page(kFound));
+  SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "T", .probeHost = "a.invalid"});
+  PostwrightClient client;
+  QVERIFY(!client.checkNetwork());
+  QVERIFY(!client.fixAddressQuick(u"12 main st\naustin tx"_qs));
+  QCOMPARE(client.lastResult(), std::optional(u"No internet connection available"_qs));
+  QVERIFY(!client.fixAddress(u"12 main st\naustin tx"_qs));
+  QCOMPARE(server.GetRequests().size(), 0U);
+}
+
+void FixTest::presentsCandidates_data() {
+  QTest::addColumn<int>("result");
+  QTest::addColumn<int>("expected");
+
+  QTest::newRow("multiple match") << 22 << 3;
+  QTest::newRow("default match") << 32 << 3;
+  QTest::newRow("street mismatch") << 25 << 0;
+}
+
+void FixTest::presentsCandidates() {
+  QFETCH(const int, result);
+  QFETCH(const int, expected);
+  const AddressFields fields(L"J", L"A ST", L"", L"X", L"TX", L"78701", L"");
+  const auto match = [&fields](const wchar_t* low, const wchar_t* unitLow) {
+    return AddressMatch(fields, AddressRangeTypeNone, low, low, AddressRangeTypeNone, unitLow,
+                        *unitLow != 0 ? L"1F" : L"", L"S");
+  };
+  const FixedAddress fixed(static_cast<FixResult>(result), AddressFields(),
+                           {match(L"", L"1A"), match(L"7", L""), match(L"", L"")});
+  MacPlatformServices services;
+  const QList<PostwrightSelectorPointer> selectors = selectorsForCandidates(fixed, services);
+  QCOMPARE(selectors.size(), expected);
+  if (expected == 3) {
+    QCOMPARE(selectors[0]->addressTemplate(), u"J\nA ST (1A - 1F)\nX, TX 78701"_qs);
+    selectors[0]->fixAddressWithCharacter(u"C"_qs);
+    QCOMPARE(*selectors[0]->fixedAddress(), u"J\nA ST 1C\nX, TX 78701"_qs);
+    QCOMPARE(*selectors[1]->fixedAddress(), u"J\n%@ A ST\nX, TX 78701"_qs);
+    QCOMPARE(*selectors[2]->fixedAddress(), u"J\nA ST\nX, TX 78701"_qs);
+  }
+}
+
+void FixTest::outcomeDecidesStatus_data() {
+  QTest::addColumn<bool>("failed");
+  QTest::addColumn<QString>("exact");
+  QTest::addColumn<int>("candidates");
+  QTest::addColumn<int>("status");
+  QTest::addColumn<QString>("fixed");
+
+  const QString address = u"12 main st."_qs;
+  QTest::newRow("failed") << true << u""_qs << 0 << 3 << u""_qs;
+  QTest::newRow("nothing new") << false << u"12 MAIN ST"_qs << 2 << 0 << address;
+  QTest::newRow("corrected") << false << u"12 MAIN ST N"_qs << 0 << 1 << u"12 MAIN ST N"_qs;
+  QTest::newRow("one candidate") << false << u""_qs << 1 << 1 << u""_qs;
+  QTest::newRow("two candidates") << false << u"X"_qs << 2 << 2 << u""_qs;
+}
+
+void FixTest::outcomeDecidesStatus() {
+  QFETCH(const bool, failed);
+  QFETCH(const QString, exact);
+  QFETCH(const int, candidates);
+  QFETCH(const int, status);
+  BatchResultRecord::Values values;
+  values.address = u"12 main st."_qs;
+  values.result = u"earlier"_qs;
+  const AddressFix answer{exact, QList<PostwrightSelectorPointer>(candidates)};
+  values.takeAnswer(failed ? std::nullopt : std::optional(answer), u"Invalid Address"_qs);
+  QCOMPARE(values.status, static_cast<AddressStatus>(status));
+  QTEST(values.fixed, "fixed");
+  QCOMPARE(values.result, failed ? u"Invalid Address"_qs : u"earlier"_qs);
+  QCOMPARE(values.matches.size(), status == AddressStatusMultiple ? 2 : 0);
+}
+
+void FixTest::changeDuringAFixWins() {
+  BatchResultRecord record(u"12 main st\naustin tx 78701"_qs);
+  QCOMPARE(record.values().fixed, u"Processing…"_qs);
+  bool change = true;
+  const LoopbackServer server([&](const std::string&) {
+    if (change) {
+      record.setFixed(u"the user's choice"_qs);
+    }
+    return Page(kFound);
+  });
+  Deploy(server.GetEndpoint());
+  PostwrightClient client;
+  QVERIFY(!record.fix(client));
+  QCOMPARE(record.values().fixed, u"the user's choice"_qs);
+  QCOMPARE(record.values().status, AddressStatusFixed);
+  change = false;
+  QVERIFY(record.fix(client));
+  QCOMPARE(record.values().fixed, u"12 MAIN ST NE\nPEÑA TX 787011234"_qs);
+}
+
+POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, FixTest)
+#include "FixTest.moc"
