@@ -14,7 +14,8 @@ namespace postwright::service {
 // busily they trickle bytes, and tells at the end which ones have begun something.
 //
 // The server reports each connection's socket when it is opened, when a request has been read, when
-// it is answered and, while the socket is still open, before it is closed. Any thread may call any operation.
+// it is answered and, while the socket is still open, before it is closed. Any thread may call any
+// operation.
 class ConnectionWatch {
  public:
   // A connection has `patience` for each request, counted from its opening or its last answer.
@@ -28,8 +29,8 @@ class ConnectionWatch {
   void Answered(int socket);
   void Closed(int socket);
 
-  // Ends the reading side of every connection that has sent nothing since its last request. Requests
-  // under way, half-sent ones among them, stay.
+  // Ends the reading side of every connection that has sent nothing since its last request.
+  // Requests under way, half-sent ones among them, stay.
   void EndIdle();
 
   size_t OpenCount() const;

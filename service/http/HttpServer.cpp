@@ -1,6 +1,7 @@
 #include "service/http/HttpServer.h"
 
 #include <microhttpd.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -76,16 +77,32 @@ class HttpServer::Impl {
     constexpr std::chrono::milliseconds kStep(5);
     draining_ = true;
     if (const MHD_socket socket = MHD_quiesce_daemon(daemon_); socket != MHD_INVALID_SOCKET) {
+      TakeWaiting(socket);
       close(socket);
     }
     const Clock::time_point end = Clock::now() + limit;
-    while (watch_.OpenCount() > 0 && Clock::now() < end) {
+    do {
       watch_.EndIdle();
-      std::this_thread::sleep_for(kStep);
-    }
+      std::this_thread::sleep_for(kStep);  // the first time for a connection just being taken, too
+    } while (watch_.OpenCount() > 0 && Clock::now() < end);
   }
 
  private:
+  // Connections that the system has accepted and the server has not: closing the socket would reset
+  // them, whatever their clients have sent.
+  void TakeWaiting(int listening) {
+    sockaddr_storage storage = {};
+    socklen_t length = sizeof(storage);
+    auto* const address = reinterpret_cast<sockaddr*>(&storage);
+    for (int socket; (socket = accept4(listening, address, &length, SOCK_CLOEXEC)) >= 0;) {
+      watch_.Opened(socket);
+      if (MHD_add_connection(daemon_, socket, address, length) != MHD_YES) {
+        watch_.Closed(socket);
+      }
+      length = sizeof(storage);
+    }
+  }
+
   void Start(int socket) {
     const unsigned threads = limits_.threads > 0
                                  ? limits_.threads

@@ -98,8 +98,8 @@ TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
   trickle.join();
 }
 
-// The end waits for half-sent requests, first ones and later ones, and for nothing else: neither for
-// a connection between two requests nor for one on which nothing was sent.
+// The end waits for half-sent requests, first ones and later ones, and for nothing else: neither
+// for a connection between two requests nor for one on which nothing was sent.
 TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   Start({});
   const std::string get = "GET /?done HTTP/1.1\r\nHost: a\r\n\r\n";
