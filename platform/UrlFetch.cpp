@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace postwright {
 
@@ -100,9 +101,9 @@ bool Connection::Get(CURLU* url, FetchLimits limits, std::vector<std::uint8_t>* 
 
 // The calling thread's connection, a new one after a fork.
 Connection& ThreadConnection() {
-  thread_local std::unique_ptr<Connection> connection;
-  if (connection == nullptr || !connection->IsOurs()) {
-    connection = std::make_unique<Connection>();
+  thread_local std::optional<Connection> connection;
+  if (!connection || !connection->IsOurs()) {
+    connection.emplace();
   }
   return *connection;
 }

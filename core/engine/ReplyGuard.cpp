@@ -150,13 +150,13 @@ const wchar_t* TagScanner::PassDeclaration() {
   const std::size_t begin = at_;
   PassTo(">", at_);
   const std::string_view declaration = text_.substr(begin, at_ - begin);
-  char quote = 0;
+  char quote = '\0';
   for (const char c : declaration) {
-    if (quote == 0 ? c == '"' || c == '\'' : c == quote) {
-      quote = quote == 0 ? c : 0;
+    if (quote == '\0' ? c == '"' || c == '\'' : c == quote) {
+      quote = quote == '\0' ? c : '\0';
     }
   }
-  if (!declaration.ends_with('>') || quote != 0) {
+  if (!declaration.ends_with('>') || quote != '\0') {
     return L"the XML declaration does not end";
   }
   return HasWholeReferences(declaration) ? nullptr : kBrokenReference;
@@ -165,11 +165,11 @@ const wchar_t* TagScanner::PassDeclaration() {
 const wchar_t* TagScanner::PassStartTag() {
   const std::size_t begin = at_;
   int attributes = 0;
-  char quote = 0;
+  char quote = '\0';
   for (; at_ < text_.size(); ++at_) {
     const char c = text_[at_];
-    if (quote != 0) {
-      quote = c == quote ? 0 : quote;
+    if (quote != '\0') {
+      quote = c == quote ? '\0' : quote;
     } else if (c == '"' || c == '\'') {
       quote = c;
     } else if (c == '=' && ++attributes > kMostAttributes) {

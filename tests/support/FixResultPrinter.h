@@ -7,24 +7,13 @@
 
 namespace postwright {
 
-// Lets a failing test show a name.
+// Lets a failing test show the names of the engine's outcomes.
 inline void PrintTo(FixResult result, std::ostream* stream) {
-  switch (result) {
-    case FixResultNone:
-      *stream << "no failure";
-      break;
-    case FixResultBadReply:
-      *stream << "FixResultBadReply";
-      break;
-    case FixResultInvalidAddress:
-      *stream << "FixResultInvalidAddress";
-      break;
-    case FixResultDefaultMatch:
-      *stream << "FixResultDefaultMatch";
-      break;
-    default:
-      *stream << "FixResult " << static_cast<int>(result);
-  }
+  *stream << (result == FixResultBadReply         ? "FixResultBadReply "
+              : result == FixResultInvalidAddress ? "FixResultInvalidAddress "
+              : result == FixResultDefaultMatch   ? "FixResultDefaultMatch "
+                                                  : "FixResult ")
+          << static_cast<int>(result);
 }
 
 }  // namespace postwright

@@ -1,49 +1,50 @@
 #include "tests/support/LoopbackServer.h"
 
 #include <arpa/inet.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <system_error>
 #include <utility>
 
 namespace postwright {
 
 namespace {
 
-int ListenOnFreePort() {
-  sockaddr_in address = {};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-      listen(listener, 16) != 0) {
-    throw std::system_error(errno, std::generic_category(), "LoopbackServer");
-  }
-  return listener;
-}
-
-bool SendAll(int connection, const std::string& bytes) {
-  for (size_t sent = 0; sent < bytes.size();) {
-    const ssize_t count = send(connection, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
-    if (count < 0) {
+bool SendAll(int connection, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t sent = send(connection, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (sent < 0) {
       return false;
     }
-    sent += static_cast<size_t>(count);
+    bytes.remove_prefix(static_cast<std::size_t>(sent));
   }
   return true;
 }
 
 }  // namespace
 
+LoopbackServer::Answer LoopbackServer::Page(const std::string& body) {
+  return {"HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body};
+}
+
 LoopbackServer::LoopbackServer(Script script)
-    : script_(std::move(script)), listener_(ListenOnFreePort()), thread_([this] { Run(); }) {}
+    : script_(std::move(script)), listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+  sockaddr_in address = {};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  listen(listener_, 16);
+  acceptor_ = std::thread(&LoopbackServer::Accept, this);
+}
 
 LoopbackServer::~LoopbackServer() {
-  shutdown(listener_, SHUT_RDWR);  // wakes the thread, whose accept then fails
-  thread_.join();
+  shutdown(listener_, SHUT_RDWR);
+  acceptor_.join();
+  for (std::size_t i = 0; i < servers_.size(); ++i) {
+    shutdown(connections_[i], SHUT_RDWR);
+    servers_[i].join();
+    close(connections_[i]);
+  }
   close(listener_);
 }
 
@@ -59,55 +60,43 @@ std::vector<std::string> LoopbackServer::GetRequests() const {
   return requests_;
 }
 
-void LoopbackServer::Run() {
-  std::vector<pollfd> polled = {{listener_, POLLIN, 0}};
-  std::vector<std::string> received(1);  // beside polled, what has come in of a request
-  for (bool running = true; running;) {
-    poll(polled.data(), polled.size(), -1);
-    for (size_t i = polled.size(); i-- > 1;) {
-      if (polled[i].revents != 0 && !Read(polled[i].fd, &received[i])) {
-        close(polled[i].fd);
-        polled.erase(polled.begin() + static_cast<std::ptrdiff_t>(i));
-        received.erase(received.begin() + static_cast<std::ptrdiff_t>(i));
-      }
-    }
-    if (polled[0].revents != 0) {
-      const int connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-      running = connection >= 0;
-      if (running) {
-        ++connections_;
-        polled.push_back({connection, POLLIN, 0});
-        received.emplace_back();
-      }
-    }
-  }
-  for (size_t i = 1; i < polled.size(); ++i) {
-    close(polled[i].fd);
-  }
+std::size_t LoopbackServer::CountConnections() const {
+  const std::lock_guard lock(mutex_);
+  return connections_.size();
 }
 
-// False when the connection is at its end.
-bool LoopbackServer::Read(int connection, std::string* received) {
-  char buffer[4096];
-  const ssize_t count = recv(connection, buffer, sizeof buffer, 0);
-  if (count <= 0) {
-    return false;
-  }
-  received->append(buffer, static_cast<size_t>(count));
-  return !received->ends_with("\r\n\r\n") || Reply(connection, std::exchange(*received, {}));
-}
-
-bool LoopbackServer::Reply(int connection, const std::string& request) {
-  {
+void LoopbackServer::Accept() {
+  int connection;
+  while ((connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0) {
     const std::lock_guard lock(mutex_);
-    requests_.push_back(request);
+    connections_.push_back(connection);
+    servers_.emplace_back(&LoopbackServer::Serve, this, connection);
   }
-  const Answer answer = script_(request);
-  bool open = SendAll(connection, answer.bytes) && !answer.close;
-  while (open && !answer.again.empty()) {
-    open = SendAll(connection, answer.again);
+}
+
+void LoopbackServer::Serve(int connection) {
+  std::string request;
+  char buffer[4096];
+  ssize_t count;
+  while ((count = recv(connection, buffer, sizeof buffer, 0)) > 0) {
+    request.append(buffer, static_cast<std::size_t>(count));
+    if (!request.ends_with("\r\n\r\n")) {
+      continue;
+    }
+    const Answer answer = script_(request);
+    {
+      const std::lock_guard lock(mutex_);
+      requests_.push_back(std::exchange(request, {}));
+    }
+    bool open = SendAll(connection, answer.bytes) && !answer.close;
+    while (open && !answer.again.empty()) {
+      open = SendAll(connection, answer.again);
+    }
+    if (!open) {
+      break;
+    }
   }
-  return open;
+  shutdown(connection, SHUT_RDWR);
 }
 
 }  // namespace postwright

@@ -1,7 +1,6 @@
 #ifndef POSTWRIGHT_TESTS_SUPPORT_LOOPBACKSERVER_H_
 #define POSTWRIGHT_TESTS_SUPPORT_LOOPBACKSERVER_H_
 
-#include <atomic>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -12,10 +11,10 @@ namespace postwright {
 
 // A server on a free loopback port that sends given bytes, however little they are HTTP.
 //
-//   LoopbackServer server([](const std::string&) { return LoopbackServer::Answer{"HTTP/1.1 ..."};
-//   }); FetchUrl("http://" + server.GetEndpoint() + "/");
+//   const LoopbackServer server(LoopbackServer::Page("<R/>"));
+//   FetchUrl("http://" + server.GetEndpoint() + "/");
 //
-// Serves any number of connections, from one thread of its own, until it goes out of scope.
+// Serves any number of connections, each from a thread of its own, until it goes out of scope.
 class LoopbackServer {
  public:
   struct Answer {
@@ -23,29 +22,32 @@ class LoopbackServer {
     bool close = false;      // behind the bytes
     std::string again = {};  // sent behind them, again and again, for as long as the client reads
   };
-  // Called in the server's thread with a whole request, head to blank line.
+  // Called in the connection's thread with a whole request, head to blank line.
   using Script = std::function<Answer(const std::string& request)>;
 
+  // The answer of a well-behaved server.
+  static Answer Page(const std::string& body);
+
   explicit LoopbackServer(Script script);
-  explicit LoopbackServer(Answer answer)
-      : LoopbackServer([answer = std::move(answer)](const std::string&) { return answer; }) {}
+  explicit LoopbackServer(const Answer& answer)
+      : LoopbackServer([answer](const std::string&) { return answer; }) {}
   ~LoopbackServer();
 
   std::string GetEndpoint() const;  // "127.0.0.1:PORT"
   std::vector<std::string> GetRequests() const;
-  int CountConnections() const { return connections_; }
+  std::size_t CountConnections() const;
 
  private:
-  void Run();
-  bool Read(int connection, std::string* received);
-  bool Reply(int connection, const std::string& request);
+  void Accept();
+  void Serve(int connection);
 
-  Script script_;
-  int listener_;
-  std::atomic<int> connections_ = 0;
+  const Script script_;
+  const int listener_;
   mutable std::mutex mutex_;
-  std::vector<std::string> requests_;  // under mutex_
-  std::thread thread_;
+  std::vector<std::string> requests_;  // under mutex_, as is all below
+  std::vector<int> connections_;
+  std::vector<std::thread> servers_;
+  std::thread acceptor_;
 };
 
 }  // namespace postwright

@@ -1,6 +1,8 @@
 #ifndef POSTWRIGHT_TESTS_SUPPORT_SCRIPTEDSERVICES_H_
 #define POSTWRIGHT_TESTS_SUPPORT_SCRIPTEDSERVICES_H_
 
+#include "platform/LogFormat.h"
+
 #include <postwright/MacPlatformServices.h>
 
 #include <string>
@@ -13,13 +15,25 @@ class ScriptedServices final : public MacPlatformServices {
  public:
   explicit ScriptedServices(std::string reply) : reply_(std::move(reply)) {}
 
-  std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
-  void LogError(const wchar_t* format, ...) override;
-  void LogWarning(const wchar_t* format, ...) override;
-  void LogInfo(const wchar_t* format, ...) override;
+  std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override {
+    urls.emplace_back(url);
+    return std::make_unique<std::vector<std::uint8_t>>(reply_.begin(), reply_.end());
+  }
+  void LogError(const wchar_t* format, ...) override {
+    va_list arguments;
+    va_start(arguments, format);
+    log.push_back(L"error: " + FormatLogMessage(format, arguments));
+    va_end(arguments);
+  }
+  void LogWarning(const wchar_t* format, ...) override {
+    va_list arguments;
+    va_start(arguments, format);
+    log.push_back(L"warning: " + FormatLogMessage(format, arguments));
+    va_end(arguments);
+  }
 
   std::vector<std::wstring> urls;
-  std::vector<std::wstring> log;  // each line behind "error: ", "warning: " or "info: "
+  std::vector<std::wstring> log;  // "error: Postwright::Fix(): ..."
 
  private:
   std::string reply_;
