@@ -89,26 +89,29 @@ std::optional<BoxLine> ReadPostOfficeBox(const Words& given) {
 }
 
 std::optional<BoxLine> ReadRoute(const Words& given) {
-  const Words words = PartFirst(given);
-  const size_t rural = LongestPhrase(words, 0, kRuralRoute);
+  Words words = PartFirst(given);
+  size_t at = 0;
+  const std::string boxInFront = TakeBox(words, at);  // "BOX 9 RR 3"
+  words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(at));
   const size_t contract = LongestPhrase(words, 0, kHighwayContract);
+  const size_t rural = LongestPhrase(words, 0, kRuralRoute);
   const size_t road = LongestPhrase(words, 0, kRouteOrRoad);
   const size_t length = std::max({rural, contract, road});
-  size_t at = length + NumberSignLength(words, length);
+  at = length + NumberSignLength(words, length);
   if (length == 0 || at >= words.size() || !IsDigit(words[at][0])) {
     return std::nullopt;
   }
   BoxLine read{{contract > 0 ? "HC" : "RR", WithoutLeadingZeros(words[at])}, {}};
   ++at;
-  const std::string box = TakeBox(words, at);
-  if (box.empty() && (road == length || at < words.size())) {
-    return std::nullopt;
-  }
+  const std::string box = boxInFront.empty() ? TakeBox(words, at) : boxInFront;
+  const Words rest = From(words, at);
   if (!box.empty()) {
     read.line.insert(read.line.end(), {"BOX", box});
+    read.aside = rest;
+    return read;
   }
-  read.aside = From(words, at);
-  return read;
+  read.line.insert(read.line.end(), rest.begin(), rest.end());
+  return road == length ? std::nullopt : std::optional(read);
 }
 
 std::optional<BoxLine> ReadGeneralDelivery(const Words& words) {

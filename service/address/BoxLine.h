@@ -10,7 +10,7 @@ namespace postwright::service {
 // A delivery line without a street, in standard form.
 struct BoxLine {
   Words line;
-  Words aside;  // words that do not belong on such a line, in their order
+  Words aside;  // what stands behind it, in its order
 };
 
 // The delivery lines that name no street. Each returns nullopt for a line of another form.

@@ -29,7 +29,7 @@ std::string Shorten(const std::string& word) {
 // Number of letters left out, put in, changed or swapped with their neighbour (optimal string
 // alignment).
 size_t Distance(std::string_view a, std::string_view b) {
-  std::vector<size_t> beforeLast, last(b.size() + 1), row(b.size() + 1);
+  std::vector<size_t> beforeLast(b.size() + 1), last(b.size() + 1), row(b.size() + 1);
   std::iota(last.begin(), last.end(), 0);
   for (size_t i = 1; i <= a.size(); ++i) {
     row[0] = i;
@@ -39,8 +39,8 @@ size_t Distance(std::string_view a, std::string_view b) {
         row[j] = std::min(row[j], beforeLast[j - 2] + 1);
       }
     }
-    beforeLast = last;
-    last = row;
+    beforeLast.swap(last);  // what was the row before the last is overwritten next
+    last.swap(row);
   }
   return last[b.size()];
 }
@@ -94,7 +94,10 @@ CityFit CompareCity(std::string_view given, std::string_view known) {
   if (IsAbbreviation(SplitLine(given), SplitLine(known))) {
     return CityFit::Abbreviation;
   }
-  return NearDistance(givenKey, knownKey) ? CityFit::Near : CityFit::Different;
+  if (NearDistance(givenKey, knownKey)) {
+    return CityFit::Near;
+  }
+  return known.ends_with(' ' + std::string(given)) ? CityFit::Part : CityFit::Different;
 }
 
 std::optional<size_t> NearDistance(std::string_view key, std::string_view other) {

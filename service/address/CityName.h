@@ -22,6 +22,7 @@ enum class CityFit {
   Same,          // the same name, perhaps with other abbreviations
   Abbreviation,  // a shortened form: RCHO STA MARG, CHRISTIANSBRG, the initials SF
   Near,          // one letter off, two in names of nine letters and more
+  Part,          // the first word is missing: VEGAS; LOUIS, whose ST was read as a street's
   Different,
 };
 

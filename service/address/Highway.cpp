@@ -40,6 +40,7 @@ constexpr HighwayRow kHighways[] = {
     {"RANCH RD", "RANCH ROAD", Numbered::ByDigits},
     {"STATE HWY", "STATE HIGHWAY", Numbered::ByEither},
     {"ST HWY", "STATE HIGHWAY", Numbered::ByDigits},
+    {"SH", "STATE HIGHWAY", Numbered::ByDigits},
     {"STATE RD", "STATE ROAD", Numbered::ByDigits},
     {"ST RD", "STATE ROAD", Numbered::ByDigits},
     {"SR", "STATE ROAD", Numbered::ByDigits},
@@ -61,7 +62,7 @@ constexpr HighwayRow kHighways[] = {
 
 // The shortest of a word's written forms, where it is a word of the table.
 std::string ShortForm(const std::string& word) {
-  if (word == "CNTY" || word == "CO") {
+  if (word == "CNTY" || word == "CO" || word == "CTY") {
     return "COUNTY";
   }
   const std::string_view suffix = word == "RT" ? "RTE" : Lexicon::Get().Suffix(word);
@@ -79,16 +80,17 @@ bool IsRoadNumber(const std::string& word, Numbered numbered) {
          (numbered != Numbered::ByDigits && IsRoadLetter(word));
 }
 
-// Parts a road's letters from its number: "I-10" "I10" -> I 10.
-void PartNumber(Words& name) {
-  static constexpr std::string_view kGlued[] = {"CR", "FM",  "HWY", "I",   "IH",
-                                                "RT", "RTE", "SR",  "TSR", "US"};
+// Parts a road's letters from its number: "I-10" "I10" -> I 10, and "TX-71" in Texas.
+void PartNumber(Words& name, std::string_view state) {
+  static constexpr std::string_view kGlued[] = {"CR",  "FM", "HWY", "I",   "IH", "RT",
+                                                "RTE", "SH", "SR",  "TSR", "US"};
   const std::string word = name[0];
   const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
   const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
   const std::string_view letters = std::string_view(word).substr(0, digits - (hyphen ? 1 : 0));
-  if (digits < word.size() &&
-      std::find(std::begin(kGlued), std::end(kGlued), letters) != std::end(kGlued)) {
+  const bool road = std::find(std::begin(kGlued), std::end(kGlued), letters) != std::end(kGlued) ||
+                    (hyphen && letters == state);
+  if (digits < word.size() && road) {
     name[0] = std::string(letters);
     name.insert(name.begin() + 1, word.substr(digits));
   }
@@ -130,7 +132,7 @@ size_t StandardiseHighway(Words& name, std::string_view state) {
   if (name.empty()) {
     return 0;
   }
-  PartNumber(name);
+  PartNumber(name, state);
   if (const size_t length = RewriteAt(name, 0); length > 0) {
     return length;
   }

@@ -113,7 +113,7 @@ LastLineChecker::Result LastLineChecker::KeepState(const Reading& asked,
   if (const ZipBase::City* own = base_.FindCity(asked.cityKey, ofZip.state)) {
     return asked.Place(own->name, ofZip.state, asked.zip5);  // its neighbour may be accepted there
   }
-  if (fit == CityFit::Near) {
+  if (fit == CityFit::Near || fit == CityFit::Part) {
     return takeBase();
   }
   if (base_.IsCityAnywhere(asked.cityKey)) {
@@ -128,8 +128,8 @@ LastLineChecker::Result LastLineChecker::KeepState(const Reading& asked,
 // The state differs from the ZIP's, or is none: the city decides between them.
 LastLineChecker::Result LastLineChecker::DecideState(const Reading& asked,
                                                      const ZipBase::City& ofZip) const {
-  const bool fitsZip =
-      !asked.city.empty() && CompareCity(asked.city, ofZip.name) != CityFit::Different;
+  const CityFit fit = asked.city.empty() ? CityFit::Different : CompareCity(asked.city, ofZip.name);
+  const bool fitsZip = fit != CityFit::Different && fit != CityFit::Part;
   const ZipBase::City* own = base_.FindCity(asked.cityKey, asked.state);
   if (fitsZip) {
     return own == nullptr ? Result(asked.Place(ofZip.name, ofZip.state, asked.zip5))

@@ -1,9 +1,7 @@
 #include "service/address/Lexicon.h"
 
 #include <algorithm>
-#include <vector>
 
-#include "core/parser/Vocabulary.h"
 #include "service/text/AsciiText.h"
 
 namespace postwright::service {
@@ -77,18 +75,6 @@ std::string StandardUnit(const VocabularyRow& row) {
   return standard == "SPACE" ? "SPC" : standard;
 }
 
-void FillUnits(const std::vector<VocabularyRow>& rows,
-               std::unordered_map<std::string, std::string>& table) {
-  for (const VocabularyRow& row : rows) {
-    const std::string pattern = Narrow(row.written);
-    const std::string standard = StandardUnit(row);
-    for (const std::string& word : PatternWords::List(pattern)) {
-      table.emplace(word, standard);
-    }
-    table.emplace(standard, standard);
-  }
-}
-
 // The written form that names a suffix in full is the longest, but for these (appendix C1).
 constexpr std::pair<const char*, const char*> kSpelled[] = {
     {"FRST", "FOREST"}, {"HOLW", "HOLLOW"},  {"ISLE", "ISLE"},   {"LN", "LANE"},
@@ -138,8 +124,19 @@ Lexicon::Lexicon() {
   }
 }
 
+void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
+  for (const VocabularyRow& row : rows) {
+    const std::string pattern = Narrow(row.written);
+    const std::string standard = StandardUnit(row);
+    for (const std::string& word : PatternWords::List(pattern)) {
+      table.emplace(word, standard);
+    }
+    table.emplace(standard, standard);
+  }
+}
+
 std::string_view Lexicon::Find(const Table& table, std::string_view word) {
-  const auto found = table.find(std::string(word));
+  const auto found = table.find(word);
   return found == table.end() ? std::string_view() : std::string_view(found->second);
 }
 

@@ -1,9 +1,13 @@
 #ifndef POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
 #define POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
+
+#include "core/parser/Vocabulary.h"
 
 namespace postwright::service {
 
@@ -36,9 +40,14 @@ class Lexicon {
   std::string_view State(std::string_view nameOrCode) const;
 
  private:
-  using Table = std::unordered_map<std::string, std::string>;
+  // Looks words up without making strings of them.
+  struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+  };
+  using Table = std::unordered_map<std::string, std::string, Hash, std::equal_to<>>;
 
   Lexicon();
+  static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
   static std::string_view Find(const Table& table, std::string_view word);
 
   Table directions_;

@@ -14,27 +14,6 @@ bool IsMilitaryState(std::string_view state) {
   return state == "AA" || state == "AE" || state == "AP";
 }
 
-// Reads one delivery line; what does not belong on it is set aside.
-std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) {
-  if (IsMilitaryState(state)) {
-    if (auto line = ReadMilitary(words)) {
-      return line;
-    }
-  }
-  for (const auto read : {&ReadGeneralDelivery, &ReadPostOfficeBox, &ReadRoute}) {
-    if (auto line = read(words)) {
-      return line;
-    }
-  }
-  if (const auto street = ReadStreet(words, state)) {
-    return BoxLine{street->Compose(), {}};
-  }
-  if (IsMilitaryState(state) && !words.empty()) {
-    return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
-  }
-  return std::nullopt;
-}
-
 // A second line: a unit in standard form, another delivery line, or text that only loses its
 // punctuation. A lone hyphen, which clients send for "none", is no word.
 Words ReadSecondLine(const Words& words, std::string_view state) {
@@ -48,6 +27,33 @@ Words ReadSecondLine(const Words& words, std::string_view state) {
     return street->Compose();
   }
   return words;
+}
+
+// Reads one delivery line; what does not belong on it is set aside.
+std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) {
+  if (IsMilitaryState(state)) {
+    if (auto line = ReadMilitary(words)) {
+      return line;
+    }
+  }
+  for (const auto read : {&ReadGeneralDelivery, &ReadRoute}) {
+    if (auto line = read(words)) {
+      return line;
+    }
+  }
+  if (auto box = ReadPostOfficeBox(words)) {
+    // What stands behind a box may be a second address: it stays on the line (section 215).
+    const Words rest = ReadSecondLine(box->aside, state);
+    box->line.insert(box->line.end(), rest.begin(), rest.end());
+    return BoxLine{box->line, {}};
+  }
+  if (const auto street = ReadStreet(words, state)) {
+    return BoxLine{street->Compose(), {}};
+  }
+  if (IsMilitaryState(state) && !words.empty()) {
+    return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
+  }
+  return std::nullopt;
 }
 
 }  // namespace

@@ -107,6 +107,15 @@ Sign Judge(char sign, char before, char after, bool initial) {
   }
 }
 
+// Says whether the comma at `at` stands inside a number, as in PO BOX 1,234.
+bool PartsThousands(std::string_view text, size_t at) {
+  const auto digitsFrom = [&](size_t from) {
+    const std::string_view rest = text.substr(from);
+    return std::find_if_not(rest.begin(), rest.end(), IsDigit) - rest.begin();
+  };
+  return at > 0 && IsDigit(text[at - 1]) && digitsFrom(at + 1) == 3;
+}
+
 }  // namespace
 
 std::optional<std::string> FoldToAscii(std::string_view utf8) {
@@ -142,6 +151,9 @@ Words SplitLine(std::string_view folded) {
     const char c = folded[i];
     if (IsAlnum(c)) {
       word += c;
+      continue;
+    }
+    if (c == ',' && PartsThousands(folded, i)) {
       continue;
     }
     if (c == '#' || c == '&') {
