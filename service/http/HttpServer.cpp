@@ -24,7 +24,6 @@ struct Exchange {
   bool tooLarge = false;
 };
 
-constexpr int kOk = 200;
 constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
 constexpr int kInternalError = 500;
