@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Fails where clang-format would lay out a source file differently. To mend: clang-format -i FILE.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+find . -path './build*' -prune -o \( -name '*.h' -o -name '*.cpp' \) -print |
+  xargs clang-format --dry-run -Werror
