@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/apps/ProgramRun.h"
+
+namespace postwright {
+
+namespace {
+
+using std::string_literals::operator""s;
+
+constexpr const char* kLabel = R"("1 a st\naustin tx 78701")";
+
+// The record of a label: what stands before its fields (an id or nothing), then number, street,
+// suffix, the composed line, city, state and ZIP.
+std::string Record(const std::string& id, const std::string& number, const std::string& street,
+                   const std::string& suffix, const std::string& line, const std::string& city,
+                   const std::string& state, const std::string& zip) {
+  return "{" + id + R"("prefix":"","number":")" + number + R"(","predirectional":"","street":")" +
+         street + R"(","street_suffix":")" + suffix +
+         R"(","postdirectional":"","secondary_unit":"","secondary_number":"","street_line":")" +
+         line + R"(","city":")" + city + R"(","state":")" + state + R"(","zip":")" + zip +
+         R"(","suffix":""})" + "\n";
+}
+
+std::string LabelRecord(const std::string& id = "") {
+  return Record(id, "1", "A", "ST", "1 A ST", "AUSTIN", "TX", "78701");
+}
+
+std::string EmptyRecord(const std::string& id = "") {
+  return Record(id, "", "", "", "", "", "", "");
+}
+
+struct LineRow {
+  const char* name;
+  std::string input;
+  std::string output;
+  int status;
+  std::string errors;  // a piece of what is said; "" for silence
+};
+
+TEST(ParseLinesTest, AnswersEveryLine) {
+  const std::string label = kLabel;
+  const LineRow rows[] = {
+      {"no input", "", "", 0, ""},
+      {"a label", label + "\n", LabelRecord(), 0, ""},
+      {"no line feed at the end", label, LabelRecord(), 0, ""},
+      {"carriage returns", label + "\r\n" + label + "\r\n", LabelRecord() + LabelRecord(), 0, ""},
+      {"a byte-order mark", "\xEF\xBB\xBF" + label + "\n", LabelRecord(), 0, ""},
+      {"a mark on a later line", label + "\n\xEF\xBB\xBF" + label + "\n",
+       LabelRecord() + EmptyRecord(), 1, "line 2 is not a JSON string"},
+      {"letters beyond ASCII", R"("1 Pe\u00f1a St\nAustin TX 78701")",
+       Record("", "1", "PEÑA", "ST", "1 PEÑA ST", "AUSTIN", "TX", "78701"), 0, ""},
+      {"line feed and tab inside a field", R"("1 a\nb\tc, austin tx 78701")",
+       Record("", "1", R"(A\nB\tC)", "", R"(1 A\nB\tC)", "AUSTIN", "TX", "78701"), 0, ""},
+      {"no address", R"("x")", EmptyRecord(), 0, ""},
+      {"an id", R"({"id":7,"address":)" + label + "}", LabelRecord(R"("id":7,)"), 0, ""},
+      {"an id behind, other members", R"({"a":[{}],"address":)" + label + R"(,"id":"k"})",
+       LabelRecord(R"("id":"k",)"), 0, ""},
+      {"a number beyond 64 bits", R"({"id":123456789012345678901234567890,"address":"x"})",
+       EmptyRecord(R"("id":123456789012345678901234567890,)"), 0, ""},
+      {"an id of many parts", R"({"id" : [1.50, {"\u00e9":null}, -0] ,"address":"x"})",
+       EmptyRecord(R"("id":[1.50, {"\u00e9":null}, -0],)"), 0, ""},
+      {"no label in the object", R"({"id":9,"addres":"x"})", EmptyRecord(R"("id":9,)"), 1,
+       R"(line 1 is an object without a string "address")"},
+      {"a label that is no string", R"({"address":5})", EmptyRecord(), 1, "without a string"},
+      {"no JSON", "1 a st\n" + label + "\n", EmptyRecord() + LabelRecord(), 1,
+       "postwright: line 1 is not a JSON string; an empty record stands in its place\n"},
+      {"an empty line", "\n" + label + "\n", EmptyRecord() + LabelRecord(), 1, "line 1 is not"},
+      {"two values", label + label, EmptyRecord(), 1, "line 1 is not"},
+      {"an id that is no JSON", R"({"id":[tru],"address":"x"})", EmptyRecord(), 1, "not a JSON"},
+      {"a comma too many", R"({"address":"x",})", EmptyRecord(), 1, "not a JSON"},
+      {"half a surrogate pair", R"("\ud800")", EmptyRecord(), 1, "not a JSON"},
+      {"no UTF-8", "\"\xFF\"\n" + label, EmptyRecord() + LabelRecord(), 1, "not valid UTF-8"},
+      {"a zero byte", "\"a\0b\"\n"s + label, EmptyRecord() + LabelRecord(), 1, "not a JSON"},
+      {"an escaped zero byte", R"("1 a\u0000b st, austin tx 78701")",
+       Record("", "1", "AB", "ST", "1 AB ST", "AUSTIN", "TX", "78701"), 0, ""},
+      {"17 MiB", label + "\n\"" + std::string(17U << 20U, 'x') + "\"\n" + label,
+       LabelRecord() + EmptyRecord() + LabelRecord(), 1, "line 2 is longer than 16 MiB"},
+      {"deep nesting", R"({"address":"x","id":)" + std::string(100000, '['), EmptyRecord(), 1,
+       "not a JSON"},
+  };
+  const ScratchFolder folder;
+  for (const LineRow& row : rows) {
+    SCOPED_TRACE(row.name);
+    const ProgramRun run = RunCommand("$postwright parse --jsonl", row.input, folder);
+    EXPECT_EQ(run.output, row.output);
+    EXPECT_EQ(run.status, row.status);
+    EXPECT_EQ(run.errors.empty(), row.errors.empty()) << run.errors;
+    EXPECT_NE(run.errors.find(row.errors), std::string::npos) << run.errors;
+  }
+}
+
+struct CommandRow {
+  const char* name;
+  std::string command;
+  int status;
+  std::string output;  // a piece of each; "" for silence
+  std::string errors;
+};
+
+void CheckCommands(const std::vector<CommandRow>& rows, const ScratchFolder& folder) {
+  for (const CommandRow& row : rows) {
+    SCOPED_TRACE(row.name);
+    const ProgramRun run = RunCommand(row.command, "1 a st\nAustin TX 78701\n", folder);
+    EXPECT_EQ(run.status, row.status);
+    EXPECT_EQ(run.output.empty(), row.output.empty()) << run.output;
+    EXPECT_NE(run.output.find(row.output), std::string::npos) << run.output;
+    EXPECT_EQ(run.errors.empty(), row.errors.empty()) << run.errors;
+    EXPECT_NE(run.errors.find(row.errors), std::string::npos) << run.errors;
+  }
+}
+
+TEST(CommandLineTest, ExplainsItself) {
+  CheckCommands(
+      {
+          {"help", "$postwright --help", 0, "parse", ""},
+          {"help of parse", "$postwright parse --help", 0, "street_suffix", ""},
+          {"help of fix", "$postwright fix -h", 0, "--server HOST[:PORT]", ""},
+          {"version", "$postwright --version", 0, "postwright ", ""},
+          {"version of fix", "$postwright fix --version", 0, "postwright ", ""},
+          {"no command", "$postwright", 2, "", "a command is missing"},
+          {"wrong command", "$postwright mend", 2, "", "'mend' is no command"},
+          {"wrong option", "$postwright fix --serv x", 2, "", "--serv\nUsage: postwright fix ["},
+          {"option before the command", "$postwright --jsonl fix", 2, "", "'--jsonl' is no"},
+          {"two commands", "$postwright parse - fix", 2, "", "not expected: fix"},
+          {"two files", "$postwright fix a b", 2, "", "not expected: b"},
+          {"output of one label", "$postwright parse --output x", 2, "", "requires --jsonl"},
+          {"server without port", "$postwright fix --server host:", 2, "", "is not HOST[:PORT]"},
+          {"server with path", "$postwright fix --server host/x", 2, "", "is not HOST[:PORT]"},
+          {"port too high", "$postwright fix --server [::1]:65536", 2, "", "is not HOST[:PORT]"},
+      },
+      ScratchFolder());
+}
+
+TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
+  const ScratchFolder folder;
+  WriteFile(folder.File("kept"), "as it was");
+  WriteFile(folder.File("labels"), kLabel);
+  CheckCommands(
+      {
+          {"fields for a person", "$postwright parse", 0, "street suffix     ST\n", ""},
+          {"no UTF-8 locale", "LC_ALL=C $postwright parse <<< '1 peña, austin tx 78701'", 0,
+           "street            PEÑA\n", ""},
+          {"no address", "$postwright parse <<< nothing", 1, "", "no address found"},
+          {"nothing", "$postwright fix < /dev/null", 1, "", "standard input is empty"},
+          {"no UTF-8", R"($postwright fix <<< $'\xE9')", 1, "", "not valid UTF-8"},
+          {"no end", "$postwright fix < /dev/zero", 2, "", "longer than a label can be (16 MiB)"},
+          {"no file", "$postwright parse nowhere", 2, "", "cannot read nowhere: No such file"},
+          {"a folder", "$postwright parse --jsonl /", 2, "", "cannot read /: Is a directory"},
+          {"no standard input", "$postwright parse <&-", 2, "", "cannot read standard input"},
+          {"full disk", "$postwright parse > /dev/full", 2, "", "cannot write standard output: No"},
+          {"no standard output", "$postwright parse >&-", 2, "", "cannot write standard output"},
+          {"reader gone", "yes '\"x\"' | { $postwright parse --jsonl; echo $? >&2; } | head -n 1",
+           0, "prefix", "141\n"},
+          {"answers while it waits",
+           "coproc $postwright parse --jsonl; echo '\"x\"' >&${COPROC[1]}; "
+           "read -t 30 -u ${COPROC[0]} line; echo $line",
+           0, R"({"prefix":"","number":)", ""},
+          {"file in place",
+           "cd $folder; umask 027; $postwright parse --jsonl --output new labels && "
+           "stat -c %a new && cat new",
+           0, "640\n" + LabelRecord(), ""},
+          {"no input, file as it was",
+           "cd $folder; $postwright parse --jsonl --output kept nowhere || cat kept", 0,
+           "as it was", "cannot read nowhere"},
+          {"ended early, file as it was",
+           "cd $folder; yes '\"x\"' | $postwright parse --jsonl --output kept & sleep 0.3; "
+           "kill $!; wait $!; echo $?; cat kept",
+           0, "143\nas it was", ""},
+          {"no plain file", "$postwright parse --jsonl --output /dev/null", 2, "", "no plain file"},
+          {"no such folder", "$postwright parse --jsonl --output /nowhere/x", 2, "",
+           "cannot create /nowhere/x: No such file"},
+      },
+      folder);
+  EXPECT_EQ(folder.CountFiles(), 3U);  // nothing unfinished was left behind
+}
+
+TEST(CommandLineTest, FixesWithTheService) {
+  const VerifyDaemon daemon;
+  ASSERT_FALSE(daemon.Endpoint().empty());
+  const std::string fix = "$postwright fix --server " + daemon.Endpoint();
+  CheckCommands(
+      {
+          {"corrected", fix + " <<< $'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'", 0,
+           "JANE DOE\n12 N MAIN ST APT 4\nAUSTIN, TX 78701\n", ""},
+          {"turned down", fix + " <<< 'ring twice'", 1, "", "Invalid Address\n"},
+          {"no service", "$postwright fix --server 127.0.0.1:1", 1, "",
+           "Request completed OK, but the server's reply is unexpected/wrong\n"},
+          {"records in order", fix + R"( --jsonl <<< '"12 main street\naustin tx 78701"
+{"id":[1],"address":"12 Main St., Austin TX 78701"}
+"ring\ttwice"
+3')",
+           1,
+           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN, TX 78701","result":"","status":1}
+{"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","status":0}
+{"address":"ring\ttwice","fixed":"","result":"Invalid Address","status":3}
+{"address":"","fixed":"","result":"The line is not a JSON string","status":3}
+)",
+           "line 4 is not a JSON string"},
+          {"failures are answers", fix + " --jsonl <<< '\"ring twice\"'", 0, R"("status":3})", ""},
+          {"each as soon as it is known",
+           "coproc " + fix +
+               " --jsonl; echo '\"x\"' >&${COPROC[1]}; read -t 30 -u ${COPROC[0]} line; echo $line",
+           0, R"("status":3})", ""},
+      },
+      ScratchFolder());
+}
+
+}  // namespace
+
+}  // namespace postwright
