@@ -4,6 +4,9 @@
 #include "platform/UrlFetch.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <limits>
 #include <string_view>
@@ -12,40 +15,39 @@ namespace postwright {
 
 namespace {
 
-// Converts `text` with `convert` (wcsrtombs or mbsrtowcs), all of it or nothing.
+// Converts `text` with `convert` (wcsrtombs or mbsrtowcs), all of it or nothing, into room for the
+// longest result that `longest` elements can have.
 template <typename To, typename From, typename Convert>
-std::basic_string<To> ConvertWhole(const From* text, Convert convert) {
-  if (text == nullptr) {
-    return {};
-  }
+std::basic_string<To> ConvertWhole(const From* text, std::size_t longest, Convert convert) {
+  std::basic_string<To> converted(longest, To());
   std::mbstate_t state = {};
-  const From* source = text;
-  const std::size_t length = convert(nullptr, &source, 0, &state);  // SIZE_MAX for what cannot be
-  if (length == 0 || length > std::numeric_limits<std::int32_t>::max()) {
+  const std::size_t length = convert(converted.data(), &text, longest, &state);
+  if (length > std::numeric_limits<std::int32_t>::max()) {  // SIZE_MAX for what cannot be converted
     return {};
   }
-  std::basic_string<To> converted(length, To());
-  state = {};
-  source = text;
-  convert(converted.data(), &source, length, &state);
+  converted.resize(length);
   return converted;
 }
 
-// RFC 2396, section 2: reserved and unreserved characters.
-bool IsLegalInUrl(char c) {
+// For each byte, whether RFC 2396, section 2, has it among the reserved and unreserved characters.
+constexpr std::array<bool, 256> kLegalInUrl = [] {
   constexpr std::string_view kLegal =
       ";/?:@&=+$,-_.!~*'()0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  return kLegal.find(c) != std::string_view::npos;
-}
+  std::array<bool, 256> legal = {};
+  for (const char c : kLegal) {
+    legal[static_cast<unsigned char>(c)] = true;
+  }
+  return legal;
+}();
 
 std::string PercentEscape(const std::string& utf8) {
   constexpr const char* kHexDigits = "0123456789ABCDEF";
   std::string escaped;
   for (const char c : utf8) {
-    if (IsLegalInUrl(c)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (kLegalInUrl[byte]) {
       escaped += c;
     } else {
-      const auto byte = static_cast<unsigned char>(c);
       escaped += {'%', kHexDigits[byte >> 4U], kHexDigits[byte & 0xFU]};
     }
   }
@@ -110,7 +112,9 @@ std::string MacPlatformServices::UCS2ToUTF8(const std::wstring& text) {
 }
 
 std::string MacPlatformServices::UCS2ToUTF8(const wchar_t* text) {
-  return ConvertWhole<char>(text, &std::wcsrtombs);
+  return text == nullptr
+             ? std::string()
+             : ConvertWhole<char>(text, std::wcslen(text) * MB_CUR_MAX, &std::wcsrtombs);
 }
 
 std::wstring MacPlatformServices::UTF8ToUCS2(const std::string& text) {
@@ -118,7 +122,8 @@ std::wstring MacPlatformServices::UTF8ToUCS2(const std::string& text) {
 }
 
 std::wstring MacPlatformServices::UTF8ToUCS2(const char* text) {
-  return ConvertWhole<wchar_t>(text, &std::mbsrtowcs);
+  return text == nullptr ? std::wstring()
+                         : ConvertWhole<wchar_t>(text, std::strlen(text), &std::mbsrtowcs);
 }
 
 std::wstring MacPlatformServices::UrlEscape(const wchar_t* text) {

@@ -88,6 +88,7 @@ void Postwright::ParseReply(const std::string& reply, TiXmlDocument* document) {
   if (const wchar_t* refusal = FindReplyFault(reply)) {
     fault = refusal;
   } else {
+    document->SetTabSize(0);  // spares counting lines and columns
     document->Parse(reply.c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
     if (!document->Error()) {
       return;
