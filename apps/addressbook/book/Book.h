@@ -1,0 +1,64 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOK_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOK_H_
+
+#include <QList>
+#include <QObject>
+
+#include "apps/addressbook/book/Entry.h"
+
+namespace postwright::addressbook {
+
+// An entry and its row in the book.
+struct PlacedEntry {
+  int row = 0;
+  Entry entry;
+};
+
+// The entries of an open address book, in order, and word of every change to them.
+//
+// Each operation takes time in proportion to the book at worst, however many rows it is given. Rows
+// are given in ascending order, without doubles.
+class Book : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Book(QObject* parent = nullptr);
+
+  const QList<Entry>& entries() const { return _entries; }
+  const Entry& at(int row) const { return _entries[row]; }
+  int size() const { return static_cast<int>(_entries.size()); }
+
+  // The row of the entry, or -1 where it is not in the book.
+  int rowOf(qint64 id) const;
+
+  // Begins another book.
+  void reset(const QList<Entry>& entries);
+
+  // Makes an entry that is not in the book yet, with an id that no entry of the book ever had.
+  Entry makeEntry(const QString& label);
+
+  // Inserts each entry so that it stands at its row when all are in.
+  void insert(const QList<PlacedEntry>& placed);
+
+  // Removes the entries and returns them as insert() takes them.
+  QList<PlacedEntry> remove(const QList<int>& rows);
+
+  void setLabel(int row, const QString& label);
+  // Puts the label of each entry in its row; nothing else of it is taken.
+  void setLabels(const QList<PlacedEntry>& placed);
+  void setChecks(const QList<PlacedEntry>& placed);
+
+ signals:
+  void wasReset();
+  void changed(const QList<int>& rows);
+  void inserted(const QList<int>& rows);  // as they are numbered now
+  void removed(const QList<int>& rows);   // as they were numbered before
+
+ private:
+  QList<Entry> _entries;
+  qint64 _nextId = 1;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOK_H_

@@ -1,0 +1,41 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_CHECKHISTORY_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_CHECKHISTORY_H_
+
+#include <QDate>
+#include <QList>
+#include <QString>
+
+#include "apps/addressbook/book/Entry.h"
+
+namespace postwright::addressbook {
+
+// Remembers between runs which labels were found right and when, for the files that have no place
+// for it: CSV and vCard. Kept are fingerprints and days, no label; what is older than half a year
+// is forgotten.
+//
+//   CheckHistory history(CheckHistory::usualPath());
+//   history.fill(entries);      // after a file was read
+//   history.remember(entries);  // after the service was asked
+//
+// A history that cannot be read or written is not worth stopping for: what is known is then what
+// happened in this run, and the program's log says why.
+class CheckHistory {
+ public:
+  // The history of this user. The folder is made where it is not there yet.
+  static QString usualPath();
+
+  explicit CheckHistory(QString path) : _path(std::move(path)) {}
+
+  // Gives each entry that knows of no check the one that is remembered for its label.
+  void fill(QList<Entry>& entries) const;
+
+  // Remembers the entries whose check says that the label is right; forgets those that failed.
+  void remember(const QList<Entry>& entries, QDate today) const;
+
+ private:
+  QString _path;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_CHECKHISTORY_H_

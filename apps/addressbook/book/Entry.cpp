@@ -1,0 +1,35 @@
+#include "apps/addressbook/book/Entry.h"
+
+#include <QCryptographicHash>
+
+#include "apps/addressbook/book/LabelText.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr int kMonthsUntilDueAgain = 6;
+
+}  // namespace
+
+QByteArray textFingerprint(const QString& label) {
+  return QCryptographicHash::hash(lettersOf(label).toUtf8(), QCryptographicHash::Blake2b_160);
+}
+
+CheckState checkState(const Entry& entry, QDate today) {
+  const Check& check = entry.check;
+  if (!check.day.isValid() || check.text != textFingerprint(entry.label)) {
+    return CheckState::NotChecked;
+  }
+  if (!check.failure.isEmpty()) {
+    return CheckState::Failed;
+  }
+  return check.day.addMonths(kMonthsUntilDueAgain) > today ? CheckState::Right
+                                                           : CheckState::DueAgain;
+}
+
+bool hasAddress(const Entry& entry) {
+  return entry.label.contains(QLatin1Char('\n')) || readPlace(entry.label).has_value();
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,45 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_ENTRY_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_ENTRY_H_
+
+#include <QByteArray>
+#include <QDate>
+#include <QString>
+
+namespace postwright::addressbook {
+
+// What came of the last time the service was asked about an entry.
+struct Check {
+  QDate day;        // invalid: never asked
+  QByteArray text;  // fingerprint of the label that it was asked about or that it gave
+  QString failure;  // why the service turned it down; empty when the label is right
+};
+
+// One address of a book.
+struct Entry {
+  qint64 id = 0;  // its identity, as long as the book is open; 0 is nobody's
+  QString label;  // what is printed: lines parted by a line feed, no break at the end
+  Check check;
+};
+
+// Where an entry stands with the service.
+enum class CheckState {
+  NotChecked,  // never asked, or edited since
+  Right,       // found right or corrected
+  DueAgain,    // the same, but half a year ago or longer
+  Failed,      // turned down
+};
+
+// Returns what stays the same of a label when only case, spacing or punctuation changes: a digest
+// of its letters and digits. 20 bytes.
+QByteArray textFingerprint(const QString& label);
+
+// Tells where `entry` stands on the day `today`. A check of another text than the label counts for
+// nothing, so an edit makes an entry unchecked and undoing the edit brings its check back.
+CheckState checkState(const Entry& entry, QDate today);
+
+// Tells whether a label says more than a name. One that does not cannot be checked.
+bool hasAddress(const Entry& entry);
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_ENTRY_H_

@@ -1,0 +1,179 @@
+#include "apps/addressbook/book/TextFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringConverter>
+#include <algorithm>
+#include <array>
+
+#include "apps/addressbook/book/BookError.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr qint64 kLargestFile = 512LL * 1024 * 1024;
+
+constexpr QByteArrayView kUtf8Mark("\xEF\xBB\xBF", 3);
+constexpr QByteArrayView kUtf16LittleEndianMark("\xFF\xFE", 2);
+constexpr QByteArrayView kUtf16BigEndianMark("\xFE\xFF", 2);
+
+// Codes 0x80 to 0x9F of Windows-1252.
+constexpr std::array<char16_t, 32> kWindowsCharacters = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr uchar kFirstWindowsCode = 0x80;
+constexpr uchar kLastWindowsCode = kFirstWindowsCode + kWindowsCharacters.size() - 1;
+
+QByteArrayView markOf(TextEncoding encoding) {
+  switch (encoding) {
+    case TextEncoding::Utf8WithMark:
+      return kUtf8Mark;
+    case TextEncoding::Utf16LittleEndian:
+      return kUtf16LittleEndianMark;
+    case TextEncoding::Utf16BigEndian:
+      return kUtf16BigEndianMark;
+    case TextEncoding::Utf8:
+    case TextEncoding::Windows1252:
+      break;
+  }
+  return {};
+}
+
+TextEncoding detect(QByteArrayView bytes) {
+  for (const TextEncoding marked : {TextEncoding::Utf8WithMark, TextEncoding::Utf16LittleEndian,
+                                    TextEncoding::Utf16BigEndian}) {
+    if (bytes.startsWith(markOf(marked))) {
+      return marked;
+    }
+  }
+  return QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8() ? TextEncoding::Utf8
+                                                                   : TextEncoding::Windows1252;
+}
+
+QStringConverter::Encoding converterFor(TextEncoding utf16) {
+  return utf16 == TextEncoding::Utf16LittleEndian ? QStringConverter::Utf16LE
+                                                  : QStringConverter::Utf16BE;
+}
+
+QByteArray utf16ToUtf8(const QByteArray& bytes, TextEncoding encoding) {
+  QStringDecoder decoder(converterFor(encoding));
+  const QString text = decoder(bytes);
+  if (decoder.hasError() || bytes.size() % 2 != 0) {
+    throw BookError(
+        TextFile::tr("The file is marked as UTF-16 but is not valid in it, perhaps because its end "
+                     "is missing. Save it again in the program that made it."));
+  }
+  return text.toUtf8();
+}
+
+QByteArray toUtf8(QByteArray bytes, TextEncoding encoding) {
+  bytes.remove(0, markOf(encoding).size());
+  switch (encoding) {
+    case TextEncoding::Utf16LittleEndian:
+    case TextEncoding::Utf16BigEndian:
+      return utf16ToUtf8(bytes, encoding);
+    case TextEncoding::Windows1252:
+      return windows1252ToUtf8(bytes);
+    case TextEncoding::Utf8:
+    case TextEncoding::Utf8WithMark:
+      break;
+  }
+  return bytes;
+}
+
+// `encoding` becomes the one that was used.
+QByteArray fromUtf8(const QByteArray& utf8, TextEncoding& encoding) {
+  if (encoding == TextEncoding::Windows1252) {
+    if (std::optional<QByteArray> bytes = utf8ToWindows1252(utf8)) {
+      return *std::move(bytes);
+    }
+    encoding = TextEncoding::Utf8WithMark;
+  }
+  if (encoding == TextEncoding::Utf16LittleEndian || encoding == TextEncoding::Utf16BigEndian) {
+    QStringEncoder encoder(converterFor(encoding));
+    const QByteArray bytes = encoder(QString::fromUtf8(utf8));
+    return markOf(encoding).toByteArray() + bytes;
+  }
+  return markOf(encoding).toByteArray() + utf8;
+}
+
+void refuseBinary(const QByteArray& utf8) {
+  const qsizetype nul = utf8.indexOf('\0');
+  if (nul >= 0) {
+    const qsizetype line = utf8.first(nul).count('\n') + 1;
+    throw BookError(
+        TextFile::tr("Line %1 holds a NUL byte, so this is no text file. Address books are CSV "
+                     "files, vCard files and the program's own .pwbook files.")
+            .arg(line));
+  }
+}
+
+}  // namespace
+
+TextFile TextFile::read(const QString& path) {
+  const QFileInfo info(path);
+  if (info.exists() && !info.isFile()) {
+    throw BookError(tr("This is a folder or a device and no file."));
+  }
+  if (info.size() > kLargestFile) {
+    throw BookError(tr("The file is larger than 512 MiB. Part it into smaller ones."));
+  }
+  QFile file(path);
+  const bool isOpen = file.open(QIODevice::ReadOnly);
+  const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+  if (file.error() != QFileDevice::NoError) {
+    throw BookError(tr("The file cannot be read: %1.").arg(file.errorString()));
+  }
+  const TextEncoding encoding = detect(bytes);
+  TextFile text{toUtf8(bytes, encoding), encoding};
+  refuseBinary(text.utf8);
+  return text;
+}
+
+QStringList TextFile::write(const QString& path) const {
+  TextEncoding used = encoding;
+  const QByteArray bytes = fromUtf8(utf8, used);
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    throw BookError(
+        TextFile::tr("The file could not be written: %1. What was there before is unchanged; free "
+                     "some space or save under another name.")
+            .arg(file.errorString()));
+  }
+  if (used == encoding) {
+    return {};
+  }
+  return {
+      tr("The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its "
+         "characters.")};
+}
+
+QByteArray windows1252ToUtf8(const QByteArray& bytes) {
+  QString text = QString::fromLatin1(bytes);
+  for (QChar& character : text) {
+    const char16_t code = character.unicode();
+    if (code >= kFirstWindowsCode && code <= kLastWindowsCode) {
+      character = QChar(kWindowsCharacters[code - kFirstWindowsCode]);
+    }
+  }
+  return text.toUtf8();
+}
+
+std::optional<QByteArray> utf8ToWindows1252(const QByteArray& utf8) {
+  QString text = QString::fromUtf8(utf8);
+  for (QChar& character : text) {
+    const char16_t code = character.unicode();
+    const auto* const found = std::find(kWindowsCharacters.begin(), kWindowsCharacters.end(), code);
+    if (found != kWindowsCharacters.end()) {
+      character = QChar(kFirstWindowsCode + static_cast<int>(found - kWindowsCharacters.begin()));
+    } else if (code > 0xFF || (code >= kFirstWindowsCode && code <= kLastWindowsCode)) {
+      return std::nullopt;
+    }
+  }
+  return text.toLatin1();
+}
+
+}  // namespace postwright::addressbook

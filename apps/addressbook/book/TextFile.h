@@ -1,0 +1,49 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+namespace postwright::addressbook {
+
+// How the characters of a text file are written.
+enum class TextEncoding { Utf8, Utf8WithMark, Utf16LittleEndian, Utf16BigEndian, Windows1252 };
+
+// The whole of a text file, as UTF-8 whatever its encoding.
+//
+//   TextFile file = TextFile::read(path);
+//   file.utf8.replace(from, length, "12 MAIN ST");
+//   tell(file.write(path));
+//
+// What is not changed in between is written byte for byte as it was.
+struct TextFile {
+  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::TextFile)
+
+ public:
+  // The encoding is the one its byte-order mark names, else UTF-8 where the bytes are valid in it,
+  // else Windows-1252. Throws BookError for a file that cannot be read, is larger than 512 MiB, or
+  // is no text (a NUL byte, UTF-16 that is not valid).
+  static TextFile read(const QString& path);
+
+  // Writes the file so that at any moment, should the program be killed, there is the old or the
+  // new one, whole. A file in Windows-1252 that has a character now for which there is no code
+  // becomes UTF-8 with a byte-order mark; that is what the user should know, and what is returned.
+  // Throws BookError where the file could not be written; the old one is then as it was.
+  QStringList write(const QString& path) const;
+
+  QByteArray utf8;
+  TextEncoding encoding = TextEncoding::Utf8;
+};
+
+// Windows-1252 to UTF-8 and back. The five codes that Windows leaves unused stand for the control
+// characters of the same number, so any bytes come back as they were. Nil where a character has no
+// code.
+QByteArray windows1252ToUtf8(const QByteArray& bytes);
+std::optional<QByteArray> utf8ToWindows1252(const QByteArray& utf8);
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_

@@ -1,0 +1,149 @@
+// What a book knows of its entries: the lines of a label, what was checked, what came and went.
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "apps/addressbook/book/Book.h"
+#include "apps/addressbook/book/CheckHistory.h"
+#include "apps/addressbook/book/LabelText.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+const QString kLabel = QStringLiteral("Jane Doe\n12 Main St\nAustin, TX 78701");
+
+QString idsOf(const Book& book) {
+  QString ids;
+  for (const Entry& entry : book.entries()) {
+    ids += QString::number(entry.id);
+  }
+  return ids;
+}
+
+}  // namespace
+
+class BookTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void readsPlaces_data();
+  void readsPlaces();
+  void showsLabelsInColumns_data();
+  void showsLabelsInColumns();
+  void tellsWhatIsDue_data();
+  void tellsWhatIsDue();
+  void insertsWhatWasRemoved();
+  void remembersChecksBetweenRuns();
+};
+
+void BookTest::readsPlaces_data() {
+  QTest::addColumn<QString>("line");
+  QTest::addColumn<QString>("place");
+  QTest::newRow("comma") << "Austin, TX 78701"
+                         << "Austin|TX|78701";
+  QTest::newRow("no punctuation") << "AUSTIN TX 787011234"
+                                  << "AUSTIN|TX|787011234";
+  QTest::newRow("ZIP+4") << "  New York ,  NY   10001-0001 "
+                         << "New York|NY|10001-0001";
+  QTest::newRow("state in full") << "Austin, New Mexico 78701"
+                                 << "Austin|New Mexico|78701";
+  QTest::newRow("street on the line") << "1 Main St, Austin TX 78701"
+                                      << "1 Main St, Austin|TX|78701";
+  QTest::newRow("no state") << "Austin 78701"
+                            << "";
+  QTest::newRow("short ZIP") << "Austin, TX 7870"
+                             << "";
+  QTest::newRow("ZIP alone") << "78701"
+                             << "";
+  QTest::newRow("endless") << QString(100000, QLatin1Char('a')) + ", TX 78701"
+                           << "";
+}
+
+void BookTest::readsPlaces() {
+  QFETCH(QString, line);
+  const std::optional<Place> place = readPlace(line);
+  QTEST(place ? place->city + "|" + place->state + "|" + place->zip : QString(), "place");
+}
+
+void BookTest::showsLabelsInColumns_data() {
+  QTest::addColumn<QString>("label");
+  QTest::addColumn<QString>("columns");
+  QTest::newRow("usual") << kLabel << "Jane Doe|12 Main St|Austin, TX|78701";
+  QTest::newRow("long") << "A\nB Inc\n1 C St\nApt 2\nReno NV 89501\nUSA"
+                        << "A|B Inc, 1 C St, Apt 2, USA|Reno, NV|89501";
+  QTest::newRow("no place") << "A\nB"
+                            << "A|B||";
+  QTest::newRow("empty") << ""
+                         << "|||";
+}
+
+void BookTest::showsLabelsInColumns() {
+  QFETCH(QString, label);
+  const LabelSummary summary = summarizeLabel(label);
+  QTEST(QStringList({summary.name, summary.street, summary.place, summary.zip}).join('|'),
+        "columns");
+}
+
+void BookTest::tellsWhatIsDue_data() {
+  QTest::addColumn<Entry>("entry");
+  QTest::addColumn<CheckState>("state");
+  const QByteArray text = textFingerprint(kLabel);
+  const QDate day(2026, 1, 31);
+  QTest::newRow("never asked") << Entry{1, kLabel, {}} << CheckState::NotChecked;
+  QTest::newRow("right") << Entry{1, kLabel, {day, text, {}}} << CheckState::Right;
+  QTest::newRow("right, other case")
+      << Entry{1, kLabel.toUpper(), {day, text, {}}} << CheckState::Right;
+  QTest::newRow("edited") << Entry{1, kLabel + "2", {day, text, {}}} << CheckState::NotChecked;
+  QTest::newRow("five months ago")
+      << Entry{1, kLabel, {day.addDays(-180), text, {}}} << CheckState::Right;
+  QTest::newRow("six months ago") << Entry{1, kLabel, {day.addDays(-184), text, {}}}
+                                  << CheckState::DueAgain;
+  QTest::newRow("turned down") << Entry{1, kLabel, {day, text, "Invalid Address"}}
+                               << CheckState::Failed;
+}
+
+void BookTest::tellsWhatIsDue() {
+  QFETCH(Entry, entry);
+  QTEST(checkState(entry, QDate(2026, 1, 31)), "state");
+}
+
+// Removing rows and inserting what came of it gives the book as it was, with word of each row.
+void BookTest::insertsWhatWasRemoved() {
+  Book book;
+  book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}});
+  QSignalSpy removed(&book, &Book::removed);
+  QSignalSpy inserted(&book, &Book::inserted);
+  const QList<PlacedEntry> taken = book.remove({0, 3, 4});
+  QCOMPARE(idsOf(book), "23");
+  book.insert(taken);
+  QCOMPARE(idsOf(book), "12345");
+  QCOMPARE(removed.takeFirst().first().value<QList<int>>(), QList<int>({0, 3, 4}));
+  QCOMPARE(inserted.takeFirst().first().value<QList<int>>(), QList<int>({0, 3, 4}));
+  book.remove({4});
+  QCOMPARE(book.makeEntry({}).id, 6);  // never the id of one that may come back
+}
+
+void BookTest::remembersChecksBetweenRuns() {
+  QTemporaryDir folder;
+  const QString path = folder.filePath("checks.sqlite");
+  const QDate today(2026, 5, 1);
+  const auto checked = [today](const QString& label, int daysAgo, const QString& failure = {}) {
+    return Entry{1, label, {today.addDays(-daysAgo), textFingerprint(label), failure}};
+  };
+  CheckHistory(path).remember({checked("a", 3), checked("b", 400), checked("c", 1)}, today);
+  CheckHistory(path).remember({checked("c", 0, "Invalid Address")}, today);
+  QList<Entry> entries = {{1, "A", {}}, {2, "b", {}}, {3, "c", {}}, {4, "d", {}}};
+  CheckHistory(path).fill(entries);
+  QCOMPARE(entries[0].check.day, today.addDays(-3));
+  for (const int forgotten : {1, 2, 3}) {
+    QVERIFY(!entries[forgotten].check.day.isValid());
+  }
+  CheckHistory(folder.filePath("no such folder/checks.sqlite")).remember(entries, today);
+}
+
+}  // namespace postwright::addressbook
+
+QTEST_GUILESS_MAIN(postwright::addressbook::BookTest)
+#include "BookTest.moc"
