@@ -1,0 +1,27 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMEMORY_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMEMORY_H_
+
+#include <QByteArray>
+#include <optional>
+
+#include "apps/addressbook/formats/csv/ColumnMapping.h"
+
+namespace postwright::addressbook {
+
+// How the user wants CSV files of one form to be read.
+struct ColumnChoice {
+  char delimiter = ',';
+  ColumnMapping mapping;
+};
+
+// Remembers the choice for each header that was met, in the settings of the application. Forms are
+// told apart by the first line of the file as it stands.
+class ColumnMemory {
+ public:
+  static std::optional<ColumnChoice> find(const QByteArray& firstLine);
+  static void remember(const QByteArray& firstLine, const ColumnChoice& choice);
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMEMORY_H_

@@ -1,0 +1,156 @@
+#include "apps/addressbook/formats/csv/CsvFile.h"
+
+#include "apps/addressbook/book/BookError.h"
+#include "apps/addressbook/formats/csv/CsvWriter.h"
+#include "apps/addressbook/formats/csv/FormulaGuard.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+QStringList newHeader() {
+  return QStringLiteral("Name,Company,Address 1,Address 2,City,State,ZIP").split(QLatin1Char(','));
+}
+
+bool isLineBreak(char c) {
+  return c == '\n' || c == '\r';
+}
+
+// The line break that ends the first line; that of the standard (RFC 4180) where there is none.
+QByteArray lineBreakOf(const QByteArray& text) {
+  const auto* const end = std::find_if(text.begin(), text.end(), isLineBreak);
+  if (end == text.end()) {
+    return "\r\n";
+  }
+  const bool isPair = *end == '\r' && end + 1 != text.end() && end[1] == '\n';
+  return QByteArray(end, isPair ? 2 : 1);
+}
+
+}  // namespace
+
+// The text of a file that is being written.
+struct CsvFile::Output {
+  QByteArray text;
+  int wholeLabels = 0;  // those that would not divide into columns
+};
+
+CsvFile::CsvFile(char delimiter) {
+  _text.utf8 = csvRow(newHeader(), delimiter) + _lineBreak;
+  choose({delimiter, ColumnMapping::guess(newHeader())});
+}
+
+CsvFile::CsvFile(TextFile text) : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
+  if (const std::optional<ColumnChoice> known = ColumnMemory::find(firstLine())) {
+    choose(*known);
+    return;
+  }
+  const char delimiter = CsvReader::guessDelimiter(_text.utf8);
+  const QStringList header = CsvReader(delimiter).firstRow(_text.utf8);
+  choose({delimiter, ColumnMapping::guess(header)});
+}
+
+QByteArray CsvFile::firstLine() const {
+  const auto* const end = std::find_if(_text.utf8.begin(), _text.utf8.end(), isLineBreak);
+  return _text.utf8.first(end - _text.utf8.begin());
+}
+
+void CsvFile::choose(const ColumnChoice& choice) {
+  QStringList header;
+  TextRange headerRange;
+  ColumnMapping mapping;
+  QList<TextRange> rows;
+  QStringList labels;
+  CsvReader(choice.delimiter).readRows(_text.utf8, [&](const CsvRow& row) {
+    if (header.isEmpty()) {
+      header = row.cells;
+      headerRange = row.range;
+      QList<ColumnRole> roles = choice.mapping.roles();
+      roles.resize(header.size());
+      mapping = ColumnMapping(roles);
+    } else {
+      rows.append(row.range);
+      labels.append(mapping.compose(row.cells));
+    }
+    return true;
+  });
+  if (header.isEmpty()) {
+    throw BookError(tr("The file is empty. A CSV file begins with a line that names its columns."));
+  }
+  _choice = {choice.delimiter, mapping};
+  _header = header;
+  _headerRange = headerRange;
+  _rows = rows;
+  _labels = labels;
+}
+
+QList<Entry> CsvFile::entries() const {
+  QList<Entry> entries;
+  entries.reserve(_labels.size());
+  for (const QString& label : _labels) {
+    entries.append({entries.size() + 1, label, {}});
+  }
+  return entries;
+}
+
+QStringList CsvFile::write(const QString& path, const QList<Entry>& entries) {
+  const Output output = compose(entries);
+  return TextFile{output.text, _text.encoding}.write(path) + notesOn(output);
+}
+
+QStringList CsvFile::writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const {
+  const Output output = compose(entries);
+  // Spreadsheet programs know UTF-8 by its mark alone.
+  TextFile{guardFormulas(output.text, _choice.delimiter), TextEncoding::Utf8WithMark}.write(path);
+  return notesOn(output);
+}
+
+CsvFile::Output CsvFile::compose(const QList<Entry>& entries) const {
+  Output output;
+  output.text.reserve(_text.utf8.size());
+  output.text = _headerRange.of(_text.utf8);
+  for (const Entry& entry : entries) {
+    appendRow(output, entry);
+  }
+  const qsizetype end = _rows.isEmpty() ? _headerRange.end : _rows.last().end;
+  output.text += _text.utf8.sliced(end);  // blank lines behind the last row
+  return output;
+}
+
+void CsvFile::appendRow(Output& output, const Entry& entry) const {
+  if (!isLineBreak(output.text.back())) {
+    output.text += _lineBreak;  // what was the last row had none
+  }
+  if (entry.id > _rows.size()) {
+    output.text += newRow(entry.label, output.wholeLabels) + _lineBreak;
+    return;
+  }
+  const QByteArray row = _rows[entry.id - 1].of(_text.utf8);
+  output.text +=
+      entry.label == _labels[entry.id - 1] ? row : changedRow(row, entry.label, output.wholeLabels);
+}
+
+QByteArray CsvFile::changedRow(const QByteArray& row, const QString& label,
+                               int& wholeLabels) const {
+  const QStringList cells = CsvReader(_choice.delimiter).firstRow(row);
+  const ColumnMapping::Division division = _choice.mapping.divide(label, cells);
+  wholeLabels += division.isWhole ? 1 : 0;
+  return csvRowWith(row, division.cells, _choice.delimiter);
+}
+
+QByteArray CsvFile::newRow(const QString& label, int& wholeLabels) const {
+  const ColumnMapping::Division division = _choice.mapping.divide(label, {});
+  wholeLabels += division.isWhole ? 1 : 0;
+  return csvRow(division.cells, _choice.delimiter);
+}
+
+QStringList CsvFile::notesOn(const Output& output) const {
+  if (output.wholeLabels == 0) {
+    return {};
+  }
+  return {
+      tr("%n label(s) could not be divided into the columns of the file. Each stands whole in "
+         "one cell, line below line; nothing is lost.",
+         nullptr, output.wholeLabels)};
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,59 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QCoreApplication>
+#include <QList>
+#include <QStringList>
+#include <functional>
+
+#include "apps/addressbook/book/TextRange.h"
+
+namespace postwright::addressbook {
+
+// A row of a CSV text. Blank lines before it belong to it, as does the line break at its end.
+struct CsvRow {
+  TextRange range;
+  QStringList cells;
+};
+
+// Reads CSV, quoted or not, and tells where in the text each row and cell stands, so that what is
+// not changed can be written back byte for byte.
+//
+//   CsvReader(';').readRows(utf8, [](const CsvRow& row) { take(row.cells); return true; });
+//
+// Blanks around a cell are not part of it, unless they are inside its quotation marks.
+class CsvReader {
+  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::CsvReader)
+
+ public:
+  // Delimiters that are looked for in a file. Any other ASCII character will do as well, except
+  // letters, digits, the quotation mark and line breaks.
+  static constexpr QByteArrayView kUsualDelimiters = ",;\t|:^~";
+  static bool isDelimiter(char character);
+
+  // Returns the one of the usual delimiters that parts the first rows of `utf8` most evenly; the
+  // comma where none parts them at all.
+  static char guessDelimiter(QByteArrayView utf8);
+
+  explicit CsvReader(char delimiter) : _delimiter(delimiter) {}
+
+  // Calls `take` with each row until it returns false. Throws BookError, naming the line, for a
+  // cell of more than 1 MiB and for a quotation mark that nothing closes.
+  void readRows(QByteArrayView utf8, const std::function<bool(const CsvRow&)>& take) const;
+
+  // Returns the cells of the first row of `utf8`; none where there is no row.
+  QStringList firstRow(QByteArrayView utf8) const;
+
+  // Returns where in `row`, the text of a single row, its cells stand, with their quotation marks
+  // and the blanks around them, without delimiters and line breaks.
+  QList<TextRange> cellRanges(QByteArrayView row) const;
+
+ private:
+  char _delimiter;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_

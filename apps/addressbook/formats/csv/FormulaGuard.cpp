@@ -1,0 +1,46 @@
+#include "apps/addressbook/formats/csv/FormulaGuard.h"
+
+#include "apps/addressbook/formats/csv/CsvReader.h"
+#include "apps/addressbook/formats/csv/CsvWriter.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+// The wide forms of the signs count too: spreadsheets in East Asian settings take them.
+constexpr QStringView kFormulaSigns = u"=+-@\t\r\uFF1D\uFF0B\uFF0D\uFF20";
+
+bool isFormula(const QString& cell) {
+  const auto first =
+      std::find_if(cell.begin(), cell.end(), [](QChar c) { return c != QLatin1Char(' '); });
+  return first != cell.end() && kFormulaSigns.contains(*first);
+}
+
+}  // namespace
+
+QByteArray guardFormulas(const QByteArray& csv, char delimiter) {
+  const CsvReader reader(delimiter);
+  QByteArray guarded;
+  guarded.reserve(csv.size());
+  qsizetype copied = 0;
+  reader.readRows(csv, [&](const CsvRow& row) {
+    if (std::none_of(row.cells.begin(), row.cells.end(), isFormula)) {
+      return true;
+    }
+    const QByteArrayView text = QByteArrayView(csv).sliced(row.range.begin, row.range.size());
+    const QList<TextRange> ranges = reader.cellRanges(text);
+    for (qsizetype column = 0; column < ranges.size(); ++column) {
+      if (isFormula(row.cells[column])) {
+        const qsizetype begin = row.range.begin + ranges[column].begin;
+        guarded += QByteArrayView(csv).sliced(copied, begin - copied);
+        guarded += csvCell(QLatin1Char('\'') + row.cells[column], delimiter, CsvQuotes::Always);
+        copied = row.range.begin + ranges[column].end;
+      }
+    }
+    return true;
+  });
+  guarded += QByteArrayView(csv).sliced(copied);
+  return guarded;
+}
+
+}  // namespace postwright::addressbook
