@@ -1,0 +1,164 @@
+#include "apps/addressbook/formats/store/StoreFile.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include "apps/addressbook/book/BookError.h"
+#include "apps/addressbook/book/Database.h"
+#include "apps/addressbook/formats/store/ReplacementFile.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr QByteArrayView kSignature("SQLite format 3\0", 16);
+constexpr qint64 kApplicationId = 0x50574142;  // "PWAB"
+constexpr qint64 kSchemaVersion = 1;
+
+const QStringList kColumns = {QStringLiteral("id"), QStringLiteral("label"),
+                              QStringLiteral("checked_on"), QStringLiteral("checked_text"),
+                              QStringLiteral("failure")};
+
+QString quoted(const QString& identifier) {
+  QString doubled = identifier;
+  return QLatin1Char('"') + doubled.replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
+         QLatin1Char('"');
+}
+
+void createSchema(Database& database) {
+  database.run(QStringLiteral("PRAGMA application_id = %1").arg(kApplicationId));
+  database.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
+  database.run(
+      QStringLiteral("CREATE TABLE entries (id INTEGER PRIMARY KEY, label TEXT NOT NULL, "
+                     "checked_on TEXT, checked_text BLOB, failure TEXT NOT NULL DEFAULT '')"));
+}
+
+Check checkOf(const QSqlQuery& row) {
+  return {QDate::fromString(row.value(2).toString(), Qt::ISODate), row.value(3).toByteArray(),
+          row.value(4).toString()};
+}
+
+// A null string would be bound as NULL, which the columns do not take.
+QString bound(const QString& text) { return text.isNull() ? QStringLiteral("") : text; }
+
+QVariantList cellsOf(const Entry& entry) {
+  const Check& check = entry.check;
+  if (!check.day.isValid()) {
+    return {entry.id, bound(entry.label), QVariant(), QVariant(), bound({})};
+  }
+  return {entry.id, bound(entry.label), check.day.toString(Qt::ISODate), check.text,
+          bound(check.failure)};
+}
+
+}  // namespace
+
+bool StoreFile::isStore(const QByteArray& firstBytes) {
+  return firstBytes.startsWith(kSignature);
+}
+
+StoreFile::StoreFile(const QString& path) : _path(path) {
+  // Writing rolls back what a program that was killed has left half done; where it is not allowed,
+  // the file is read as it is.
+  const bool isWritable = QFileInfo(path).isWritable() && QFileInfo(path).exists();
+  Database database(path, isWritable ? Database::Access::ReadWrite : Database::Access::ReadOnly);
+  read(database);
+}
+
+void StoreFile::read(Database& database) {
+  if (database.pragma(QStringLiteral("application_id")) != kApplicationId) {
+    throw BookError(tr("This is a database, but not an address book."));
+  }
+  if (database.pragma(QStringLiteral("user_version")) > kSchemaVersion) {
+    throw BookError(
+        tr("The file was made by a later version of the program. Use that one, so that "
+           "nothing is lost."));
+  }
+  readColumns(database);
+  QString columns = kColumns.join(QLatin1Char(','));
+  for (const QString& other : _otherColumns) {
+    columns += QLatin1Char(',') + quoted(other);
+  }
+  QSqlQuery rows = database.run(QStringLiteral("SELECT %1 FROM entries ORDER BY id").arg(columns));
+  while (rows.next()) {
+    const qint64 id = rows.value(0).toLongLong();
+    _entries.append({id, rows.value(1).toString(), checkOf(rows)});
+    for (int column = 0; column < _otherColumns.size(); ++column) {
+      _otherCells[id].append(rows.value(static_cast<int>(kColumns.size()) + column));
+    }
+  }
+}
+
+void StoreFile::readColumns(Database& database) {
+  QSqlQuery columns = database.run(QStringLiteral("SELECT name FROM pragma_table_info('entries')"));
+  while (columns.next()) {
+    const QString name = columns.value(0).toString();
+    if (!kColumns.contains(name)) {
+      _otherColumns.append(name);
+    }
+  }
+}
+
+QStringList StoreFile::write(const QString& path, const QList<Entry>& entries) {
+  ReplacementFile replacement(path);
+  if (QFileInfo::exists(_path)) {
+    Database(_path, Database::Access::ReadWrite)
+        .run(QStringLiteral("VACUUM INTO ?"), {replacement.temporaryPath()});
+  }
+  {
+    Database database(replacement.temporaryPath(), Database::Access::ReadWrite);
+    // Nobody has the file yet and a failure throws it away: it is synced once, when it is whole.
+    database.run(QStringLiteral("PRAGMA synchronous = OFF"));
+    database.run(QStringLiteral("PRAGMA journal_mode = MEMORY"));
+    if (!QFileInfo::exists(_path)) {
+      createSchema(database);
+    }
+    Database::Transaction transaction(database);
+    update(database, entries);
+    transaction.commit();
+  }
+  replacement.commit();
+  _path = path;
+  return {};
+}
+
+void StoreFile::update(Database& database, const QList<Entry>& entries) const {
+  QSet<qint64> ids;
+  ids.reserve(entries.size());
+  for (const Entry& entry : entries) {
+    ids.insert(entry.id);
+  }
+  QVariantList gone;
+  QSqlQuery known = database.run(QStringLiteral("SELECT id FROM entries"));
+  while (known.next()) {
+    if (!ids.contains(known.value(0).toLongLong())) {
+      gone.append(known.value(0));
+    }
+  }
+  QSqlQuery remove = database.prepare(QStringLiteral("DELETE FROM entries WHERE id = ?"));
+  for (const QVariant& id : gone) {
+    database.runPrepared(remove, {id});
+  }
+  QSqlQuery put = database.prepare(upsert());
+  const QVariantList noOthers(_otherColumns.size());
+  for (const Entry& entry : entries) {
+    database.runPrepared(put, cellsOf(entry) + _otherCells.value(entry.id, noOthers));
+  }
+}
+
+// A row that is there keeps its other columns; one that was removed and came back gets them anew.
+QString StoreFile::upsert() const {
+  QStringList columns = kColumns;
+  for (const QString& other : _otherColumns) {
+    columns.append(quoted(other));
+  }
+  QStringList marks(columns.size(), QStringLiteral("?"));
+  return QStringLiteral(
+             "INSERT INTO entries (%1) VALUES (%2) ON CONFLICT (id) DO UPDATE SET "
+             "label = excluded.label, checked_on = excluded.checked_on, "
+             "checked_text = excluded.checked_text, failure = excluded.failure "
+             "WHERE (label, checked_on, checked_text, failure) IS NOT "
+             "(excluded.label, excluded.checked_on, excluded.checked_text, excluded.failure)")
+      .arg(columns.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,53 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_STORE_STOREFILE_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_STORE_STOREFILE_H_
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QStringList>
+#include <QVariantList>
+
+#include "apps/addressbook/book/BookFile.h"
+
+namespace postwright::addressbook {
+
+class Database;
+
+// The program's own file: an SQLite database that keeps with each entry when it was last found
+// right or turned down. Its table:
+//
+//   entries (id INTEGER PRIMARY KEY, label TEXT, checked_on TEXT, checked_text BLOB, failure TEXT)
+//
+// The order of the book is that of the ids. Other tables, and other columns of this one, are kept.
+class StoreFile final : public BookFile {
+  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::StoreFile)
+
+ public:
+  // True where the first bytes of a file are those of an SQLite database.
+  static bool isStore(const QByteArray& firstBytes);
+
+  // A new file.
+  StoreFile() = default;
+
+  // Reads the file at `path`. Throws BookError for a database that is damaged, is not an address
+  // book, or was made by a later version of the program.
+  explicit StoreFile(const QString& path);
+
+  BookKind kind() const override { return BookKind::Store; }
+  QList<Entry> entries() const override { return _entries; }
+  QStringList write(const QString& path, const QList<Entry>& entries) override;
+
+ private:
+  void read(Database& database);
+  void readColumns(Database& database);
+  void update(Database& database, const QList<Entry>& entries) const;
+  QString upsert() const;
+
+  QString _path;                            // what the next file is a copy of; empty: nothing
+  QList<Entry> _entries;                    // as they were read
+  QStringList _otherColumns;                // those the program does not know
+  QHash<qint64, QVariantList> _otherCells;  // by id, as they were read; empty without such columns
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_STORE_STOREFILE_H_
