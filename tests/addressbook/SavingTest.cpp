@@ -1,0 +1,113 @@
+// Killed while saving, a program leaves the old file or the new one, whole.
+
+#include <signal.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "apps/addressbook/book/BookError.h"
+#include "apps/addressbook/formats/BookFormats.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr int kEntries = 20000;
+
+// The entries of the old and of the new file: every label names which.
+QList<Entry> entriesOf(const QString& word) {
+  QList<Entry> entries;
+  for (int id = 1; id <= kEntries; ++id) {
+    entries.append(
+        {id, QStringLiteral("Jane %1\n%2 Main St\nAustin, TX 78701").arg(word).arg(id), {}});
+  }
+  return entries;
+}
+
+// The child: saves one file and the other, over and over, until it is killed.
+[[noreturn]] void saveForever(const QString& path) {
+  const QList<Entry> oldEntries = entriesOf("Old");
+  const QList<Entry> newEntries = entriesOf("New");
+  const std::unique_ptr<BookFile> file = openBookFile(path);
+  for (;;) {
+    file->write(path, newEntries);
+    file->write(path, oldEntries);
+  }
+}
+
+}  // namespace
+
+class SavingTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void survivesBeingKilled_data();
+  void survivesBeingKilled();
+  void leavesTheOldFileWhereItCannotWrite_data();
+  void leavesTheOldFileWhereItCannotWrite();
+};
+
+void SavingTest::survivesBeingKilled_data() {
+  QTest::addColumn<QString>("name");
+  QTest::newRow("CSV") << "book.csv";
+  QTest::newRow("vCard") << "book.vcf";
+  QTest::newRow("store") << "book.pwbook";
+}
+
+void SavingTest::survivesBeingKilled() {
+  QFETCH(QString, name);
+  QTemporaryDir folder;
+  const QString path = folder.filePath(name);
+  newBookFile(path)->write(path, entriesOf("Old"));
+  QRandomGenerator random(1);
+  for (int round = 0; round < 8; ++round) {
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {"--save-forever", path});
+    QVERIFY(child.waitForStarted());
+    QTest::qWait(random.bounded(150, 500));
+    QCOMPARE(child.state(), QProcess::Running);
+    ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
+    child.waitForFinished();
+    const QList<Entry> entries = openBookFile(path)->entries();
+    QCOMPARE(entries.size(), kEntries);
+    const bool isNew = entries.first().label.contains("New");
+    for (const Entry& entry : entries) {
+      QCOMPARE(entry.label.contains("New"), isNew);
+    }
+  }
+}
+
+void SavingTest::leavesTheOldFileWhereItCannotWrite_data() {
+  survivesBeingKilled_data();
+}
+
+void SavingTest::leavesTheOldFileWhereItCannotWrite() {
+  QFETCH(QString, name);
+  QTemporaryDir folder;
+  const QString path = folder.filePath(name);
+  const std::unique_ptr<BookFile> file = newBookFile(path);
+  file->write(path, {{1, "old", {}}});
+  QVERIFY_EXCEPTION_THROWN(file->write(folder.filePath("no folder/" + name), {}), BookError);
+  // A folder in the way of the new file.
+  const QString blocked = folder.filePath("blocked");
+  QDir().mkpath(blocked + "/inside");
+  QVERIFY_EXCEPTION_THROWN(file->write(blocked, {{1, "new", {}}}), BookError);
+  QCOMPARE(openBookFile(path)->entries().first().label, "old");
+  QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+}  // namespace postwright::addressbook
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments();
+  if (arguments.value(1) == "--save-forever") {
+    postwright::addressbook::saveForever(arguments.value(2));
+  }
+  postwright::addressbook::SavingTest test;
+  return QTest::qExec(&test, argc, argv);
+}
+#include "SavingTest.moc"

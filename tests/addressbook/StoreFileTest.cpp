@@ -1,0 +1,134 @@
+// The program's own file.
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "apps/addressbook/book/BookError.h"
+#include "apps/addressbook/book/Database.h"
+#include "apps/addressbook/formats/BookFormats.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+QList<Entry> someEntries() {
+  return {{3, QStringLiteral("Peña\nO'Neil"), {QDate(2026, 2, 28), QByteArray("x\0y", 3), "no"}},
+          {7, QString(), {}},
+          {9, QStringLiteral("c"), {QDate(2026, 2, 28), "z", {}}}};
+}
+
+QString textOf(const QList<Entry>& entries) {
+  QString text;
+  for (const Entry& entry : entries) {
+    text += QStringLiteral("%1 %2 %3 %4 %5;")
+                .arg(entry.id)
+                .arg(entry.label, entry.check.day.toString(), entry.check.text.toHex(),
+                     entry.check.failure);
+  }
+  return text;
+}
+
+}  // namespace
+
+class StoreFileTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init();
+  void roundTrip();
+  void keepsWhatIsNotKnown();
+  void refuses_data();
+  void refuses();
+  void takesBigFiles();
+
+ private:
+  std::unique_ptr<QTemporaryDir> _folder;
+  QString _path;
+};
+
+void StoreFileTest::init() {
+  _folder = std::make_unique<QTemporaryDir>();
+  _path = _folder->filePath("it's a book.pwbook");
+  newBookFile(_path)->write(_path, someEntries());
+}
+
+void StoreFileTest::roundTrip() {
+  const std::unique_ptr<BookFile> file = openBookFile(_path);
+  QCOMPARE(textOf(file->entries()), textOf(someEntries()));
+  QList<Entry> entries = file->entries();
+  entries[2].label = "changed";
+  entries.removeFirst();
+  entries.append({12, "new", {}});
+  file->write(_path, entries);
+  QCOMPARE(textOf(openBookFile(_path)->entries()), textOf(entries));
+  QCOMPARE(QDir(_folder->path()).entryList(QDir::Files).size(), 1);  // nothing is left beside it
+}
+
+void StoreFileTest::keepsWhatIsNotKnown() {
+  const auto others = [this] {
+    Database database(_path, Database::Access::ReadOnly);
+    QSqlQuery rows = database.run(
+        "SELECT group_concat(\"a \"\"column\", ',') || (SELECT note FROM elsewhere) FROM entries");
+    rows.next();
+    return rows.value(0).toString();
+  };
+  {
+    Database database(_path, Database::Access::ReadWrite);
+    database.run("ALTER TABLE entries ADD COLUMN \"a \"\"column\" TEXT");
+    database.run("UPDATE entries SET \"a \"\"column\" = 'of ' || id");
+    database.run("CREATE TABLE elsewhere AS SELECT '!' AS note");
+  }
+  const std::unique_ptr<BookFile> file = openBookFile(_path);
+  QList<Entry> entries = file->entries();
+  entries[0].label = "changed";
+  file->write(_path, entries.first(2));
+  QCOMPARE(others(), "of 3,of 7!");
+  file->write(_path, entries);  // the removal was undone
+  QCOMPARE(others(), "of 3,of 7,of 9!");
+  const QString first = _path;
+  _path = _folder->filePath("copy.pwbook");
+  file->write(_path, entries);
+  QCOMPARE(others(), "of 3,of 7,of 9!");
+}
+
+void StoreFileTest::refuses_data() {
+  QTest::addColumn<QString>("statement");
+  QTest::addColumn<QString>("says");
+  QTest::newRow("later version") << "PRAGMA user_version = 2"
+                                 << "later version";
+  QTest::newRow("other application") << "PRAGMA application_id = 1"
+                                     << "not an address book";
+  QTest::newRow("no table") << "DROP TABLE entries"
+                            << "entries";
+}
+
+void StoreFileTest::refuses() {
+  QFETCH(QString, statement);
+  QFETCH(QString, says);
+  Database(_path, Database::Access::ReadWrite).run(statement);
+  try {
+    openBookFile(_path);
+    QFAIL("was read");
+  } catch (const BookError& error) {
+    QVERIFY2(error.message().contains(says), qUtf8Printable(error.message()));
+  }
+}
+
+void StoreFileTest::takesBigFiles() {
+  QList<Entry> entries;
+  for (int id = 1; id <= 100000; ++id) {
+    entries.append({id, QStringLiteral("Jane Doe\n%1 Main St\nAustin, TX 78701").arg(id), {}});
+  }
+  const std::unique_ptr<BookFile> file = openBookFile(_path);
+  file->write(_path, entries);
+  for (Entry& entry : entries) {
+    entry.label.replace("Main", "MAIN");
+  }
+  file->write(_path, entries);
+  QCOMPARE(textOf(openBookFile(_path)->entries()), textOf(entries));
+}
+
+}  // namespace postwright::addressbook
+
+QTEST_GUILESS_MAIN(postwright::addressbook::StoreFileTest)
+#include "StoreFileTest.moc"
