@@ -1,0 +1,52 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_SHEET_SHEETJOB_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_SHEET_SHEETJOB_H_
+
+#include <QPointF>
+#include <QStringList>
+#include <functional>
+
+#include "apps/addressbook/sheet/LabelFit.h"
+#include "apps/addressbook/sheet/LabelSheet.h"
+
+class QPagedPaintDevice;
+class QPainter;
+class QPrinter;
+
+namespace postwright::addressbook {
+
+// Labels to be printed, on sheets the first of which may have been begun before.
+//
+//   SheetJob job{LabelSheet::all().first(), labels};
+//   job.start = 4;  // the first four labels of the sheet are used up
+//   job.writePdf(path);
+struct SheetJob {
+  // Called before each page with the number of those that are done; false ends the printing.
+  using Progress = std::function<bool(int pages)>;
+
+  LabelSheet sheet;
+  QStringList labels;
+  int start = 0;  // place of the first label on the first sheet, counted from 0
+  LabelStyle style = {};
+  QPointF shift = {};        // inches right and down, for a printer that feeds the paper askew
+  bool hasOutlines = false;  // draws the edges of the labels, for a trial on plain paper
+
+  int pages() const;
+
+  // Draws a page on a painter whose unit is the inch and whose origin is the corner of the paper.
+  void paintPage(QPainter& painter, int page) const;
+
+  // Writes the pages at their true size to a PDF file, the old or the new one being there at any
+  // moment. False when `progress` ended it: nothing was written. Throws BookError.
+  bool writePdf(const QString& path, const Progress& progress = {}) const;
+
+  // The same to a printer, which is set to letter paper without margins. Throws BookError where the
+  // printer does not begin.
+  bool print(QPrinter& printer, const Progress& progress = {}) const;
+
+ private:
+  bool paintPages(QPagedPaintDevice& device, const Progress& progress) const;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_SHEET_SHEETJOB_H_
