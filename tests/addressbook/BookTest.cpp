@@ -112,7 +112,7 @@ void BookTest::tellsWhatIsDue() {
 // Removing rows and inserting what came of it gives the book as it was, with word of each row.
 void BookTest::insertsWhatWasRemoved() {
   Book book;
-  book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}});
+  book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}}, QDate(2026, 5, 1));
   QSignalSpy removed(&book, &Book::removed);
   QSignalSpy inserted(&book, &Book::inserted);
   const QList<PlacedEntry> taken = book.remove({0, 3, 4});

@@ -26,13 +26,17 @@ class Book : public QObject {
 
   const QList<Entry>& entries() const { return _entries; }
   const Entry& at(int row) const { return _entries[row]; }
+  // Where the entry stood with the service on the day the book was begun.
+  CheckState stateAt(int row) const { return _states[row]; }
+  // How many entries stand so.
+  int count(CheckState state) const { return static_cast<int>(_states.count(state)); }
   int size() const { return static_cast<int>(_entries.size()); }
 
   // The row of the entry, or -1 where it is not in the book.
   int rowOf(qint64 id) const;
 
-  // Begins another book.
-  void reset(const QList<Entry>& entries);
+  // Begins another book, on the day `today`.
+  void reset(const QList<Entry>& entries, QDate today);
 
   // Makes an entry that is not in the book yet, with an id that no entry of the book ever had.
   Entry makeEntry(const QString& label);
@@ -43,7 +47,6 @@ class Book : public QObject {
   // Removes the entries and returns them as insert() takes them.
   QList<PlacedEntry> remove(const QList<int>& rows);
 
-  void setLabel(int row, const QString& label);
   // Puts the label of each entry in its row; nothing else of it is taken.
   void setLabels(const QList<PlacedEntry>& placed);
   void setChecks(const QList<PlacedEntry>& placed);
@@ -55,7 +58,11 @@ class Book : public QObject {
   void removed(const QList<int>& rows);   // as they were numbered before
 
  private:
+  void readStates(const QList<PlacedEntry>& placed);
+
   QList<Entry> _entries;
+  QList<CheckState> _states;  // of the entries, kept because telling them takes a digest each
+  QDate _today;
   qint64 _nextId = 1;
 };
 
