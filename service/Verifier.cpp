@@ -89,7 +89,10 @@ std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& aske
   fields.state = placed.state;
   fields.zip5 = placed.zip5;
   fields.footnotes = Footnotes(placed, *lines != folded->lines);
+  // What a base without streets can say: not confirmed, and no flag set.
   fields.dpvConfirmation = "N";
+  fields.dpvFalse = "N";
+  fields.centralDeliveryPoint = "N";
   return fields;
 }
 

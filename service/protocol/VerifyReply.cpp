@@ -83,22 +83,27 @@ void WriteRejection(std::string& xml, Rejection rejection) {
   xml += "<HelpFile/><HelpContext/></Error>";
 }
 
-// What an address base without streets can say about delivery point validation: not confirmed, and
-// no flag set. Carrier route, delivery point and the validation's own footnotes would be invented.
 void WriteConfirmation(std::string& xml, const ReplyFields& fields) {
+  IfKnown(xml, "CarrierRoute", fields.carrierRoute);
   IfKnown(xml, "Footnotes", fields.footnotes);
   IfKnown(xml, "DPVConfirmation", fields.dpvConfirmation);
-  if (fields.dpvConfirmation == "N") {
-    Always(xml, "DPVFalse", "N");
-    Always(xml, "CentralDeliveryPoint", "N");
-  }
+  IfKnown(xml, "DPVCMRA", fields.dpvCmra);
+  IfKnown(xml, "DPVFalse", fields.dpvFalse);
+  IfKnown(xml, "DPVFootnotes", fields.dpvFootnotes);
+  IfKnown(xml, "Business", fields.business);
+  IfKnown(xml, "CentralDeliveryPoint", fields.centralDeliveryPoint);
+  IfKnown(xml, "Vacant", fields.vacant);
 }
 
+// The order is the interface's own: clients were written against recorded replies.
 void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
   const bool shortCity = !revision1 && !fields.cityAbbreviation.empty();
   IfKnown(xml, "FirmName", fields.firmName);
   IfKnown(xml, "Address1", fields.address1);
   Always(xml, "Address2", fields.address2);
+  if (revision1) {
+    IfKnown(xml, "Address2Abbreviation", fields.address2Abbreviation);
+  }
   Always(xml, "City", shortCity ? fields.cityAbbreviation : fields.city);
   if (revision1) {
     IfKnown(xml, "CityAbbreviation", fields.cityAbbreviation);
@@ -107,6 +112,10 @@ void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
   IfKnown(xml, "Urbanization", fields.urbanization);
   Always(xml, "Zip5", fields.zip5);
   Always(xml, "Zip4", fields.zip4);
+  if (revision1) {
+    IfKnown(xml, "DeliveryPoint", fields.deliveryPoint);
+  }
+  IfKnown(xml, "ReturnText", fields.returnText);
   if (revision1) {
     WriteConfirmation(xml, fields);
   }

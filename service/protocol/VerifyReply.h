@@ -15,17 +15,34 @@ namespace postwright::service {
 // What is known of an address that could be placed. A text that is empty is left out of the reply,
 // but for Address2, City, State, Zip5 and Zip4, which a client always finds.
 struct ReplyFields {
+  // What a default match says; clients compare it.
+  static constexpr std::string_view kDefaultMatch =
+      "Default address: The address you entered was found but more information is needed (such as "
+      "an apartment, suite, or box number) to match to a specific address.";
+
   std::string firmName;
   std::string address1;
   std::string address2;
+  std::string address2Abbreviation;  // where it differs
   std::string city;
   std::string cityAbbreviation;  // at most 13 letters, where the city has more and it is known
   std::string state;
   std::string urbanization;
   std::string zip5;
   std::string zip4;
+  std::string deliveryPoint;    // two digits
+  std::string returnText;       // kDefaultMatch, of both forms of the answer
+  std::string carrierRoute;     // "C012"
   std::string footnotes;        // letters run together, "BN"
   std::string dpvConfirmation;  // Y, D, S or N
+  std::string dpvCmra;          // Y or N, as the four others without a remark
+  std::string dpvFalse;
+  std::string dpvFootnotes;  // pairs run together, "AABB"
+  std::string business;
+  std::string centralDeliveryPoint;
+  std::string vacant;
+
+  bool operator==(const ReplyFields&) const = default;
 };
 
 // The answer to one address.
