@@ -1,5 +1,6 @@
-// postwright-verifyd: the local Verify service as a daemon.
+// The command `postwright-verifyd`: reads the command line and runs the local Verify service.
 
+#include <fcntl.h>
 #include <pthread.h>
 #include <unistd.h>
 
@@ -9,116 +10,168 @@
 #include <iostream>
 #include <thread>
 
+#include "apps/CharacterLocale.h"
 #include "service/VerifyService.h"
 #include "service/http/HttpServer.h"
 
+namespace postwright::service {
+
 namespace {
 
-using namespace postwright::service;
-
 constexpr int kFailure = 1;
-constexpr int kUsage = 2;
+constexpr int kWrongUsage = 2;
 constexpr std::chrono::seconds kDrainLimit(10);
 
-struct Arguments {
+constexpr const char* kName = "postwright-verifyd";
+constexpr const char* kUsage =
+    "postwright-verifyd [--listen ADDRESS:PORT] [--base FILE]... [--path-prefix PATH] "
+    "[--log-addresses]";
+constexpr const char* kFooter =
+    R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
+writes a line a request to standard error. Says 'listening on ADDRESS:PORT' once it can be asked.
+SIGTERM or SIGINT ends it when the requests that have begun are answered; a second one, at once.
+
+A base file has a line a ZIP code: ZIP, city and state, set apart by tabs.
+
+Exit status: 0 ended by a signal; 1 the address cannot be listened on or a base not be read;
+2 wrong usage.
+
+Example: postwright-verifyd --listen 127.0.0.1:0
+)";
+
+struct Options {
   std::string listen = "127.0.0.1:8470";
   std::vector<std::string> bases;
   VerifyService::Options service;
 };
 
-// The base that is installed with the program, or the source tree's while it is not.
+// The base that is installed beside the program, or the source tree's while none is.
 std::string DefaultBase() {
-  std::error_code none;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", none);
+  std::error_code failure;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
   const auto installed = program.parent_path() / POSTWRIGHT_SHARE_FROM_BIN / "us-zips.tsv";
-  return !none && std::filesystem::exists(installed) ? installed.lexically_normal().string()
-                                                     : POSTWRIGHT_SOURCE_BASE;
+  return !failure && std::filesystem::exists(installed, failure)
+             ? installed.lexically_normal().string()
+             : POSTWRIGHT_SOURCE_BASE;
 }
 
-void Describe(CLI::App& app, Arguments& arguments) {
-  app.set_version_flag("--version", "postwright-verifyd " POSTWRIGHT_VERSION);
-  app.add_option("--listen", arguments.listen,
-                 "Where to listen; port 0 takes a free one (default " + arguments.listen + ")")
-      ->option_text("ADDRESS:PORT");
-  app.add_option("--base", arguments.bases,
-                 "ZIP codes: ZIP, city and state set apart by tabs; may be given several times, "
-                 "later rows replace earlier ones (default: the base that comes with the program)")
-      ->option_text("FILE");
-  app.add_option("--path-prefix", arguments.service.pathPrefix,
-                 "What stands in front of /ShippingAPI.dll, as in /usps")
-      ->option_text("PATH")
-      ->check([](const std::string& path) {
-        return path.starts_with('/') && !path.ends_with('/')
-                   ? ""
-                   : "'" + path + "' does not begin with a slash, or ends with one";
-      });
-  app.add_flag("--log-addresses", arguments.service.logAddresses,
-               "Write the addresses into the log as well; without it no line tells one");
-  app.footer(
-      "Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools\n"
-      "did. Writes a line a request to standard error. SIGTERM or SIGINT ends it when the "
-      "requests\n"
-      "that have begun are answered; a second one ends it at once.");
-}
-
-// Waits for a signal that ends the program. The signals are blocked in every thread.
-int WaitForEnd(const sigset_t& signals) {
-  int signal = 0;
-  sigwait(&signals, &signal);
-  return signal;
-}
-
-int Serve(const Arguments& arguments, const sigset_t& signals) {
-  ZipBase base;
-  for (const std::string& file : arguments.bases) {
-    base.Load(file);
+// Says what is wrong with the value of --listen; the empty answer is consent.
+std::string CheckListen(const std::string& address) {
+  try {
+    ListenAddress::Parse(address);
+    return "";
+  } catch (const ListenError& error) {
+    return error.what();
   }
-  RequestLog log(STDERR_FILENO, "postwright-verifyd: ");
-  const VerifyService service(base, arguments.service);
-  HttpServer server(
-      ListenAddress::Parse(arguments.listen), {},
-      [&](const HttpRequest& request) { return service.Answer(request); }, log);
-  log.Write("listening on " + server.Address());
-  WaitForEnd(signals);
-  std::thread([&signals] {
-    WaitForEnd(signals);
-    _exit(kFailure);
-  }).detach();
-  server.Drain(kDrainLimit);
-  return 0;
 }
 
-}  // namespace
+std::string CheckPathPrefix(const std::string& path) {
+  return path.starts_with('/') && !path.ends_with('/')
+             ? ""
+             : "'" + path + "' does not begin with a slash or ends with one; right is /usps";
+}
 
-int main(int argc, char** argv) {
-  // Before any thread starts, so that every thread leaves the signals to WaitForEnd.
+void AddOptions(CLI::App& app, Options& options) {
+  app.set_version_flag("--version", std::string(kName) + " " POSTWRIGHT_VERSION,
+                       "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.add_option("--listen", options.listen,
+                 "Where to listen, " + options.listen + " if not given; port 0 takes a free one")
+      ->type_name("ADDRESS:PORT")
+      ->check(CLI::Validator(CheckListen, ""));
+  app.add_option("--base", options.bases,
+                 "What to know instead of the base that comes along; again for more files")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
+  app.add_option("--path-prefix", options.service.pathPrefix,
+                 "What stands in front of /ShippingAPI.dll, such as /usps")
+      ->type_name("PATH")
+      ->check(CLI::Validator(CheckPathPrefix, ""));
+  app.add_flag("--log-addresses", options.service.logAddresses,
+               "Write addresses into the log; no line tells one otherwise")
+      ->disable_flag_override();
+  app.footer(kFooter);
+}
+
+// A standard stream that came closed must not be taken by the next file or connection: the log
+// would be written into it.
+void OccupyStandardStreams() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) == -1) {
+      open("/dev/null", O_RDWR);
+    }
+  }
+}
+
+// Blocks the signals that end the service, in this thread and in those that it starts: they wait
+// for WaitForSignal.
+sigset_t BlockSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGTERM);
   sigaddset(&signals, SIGINT);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  signal(SIGPIPE, SIG_IGN);
+  signal(SIGPIPE, SIG_IGN);  // a client or a log's reader that has gone away is no reason to end
+  return signals;
+}
 
-  Arguments arguments;
+void WaitForSignal(const sigset_t& signals) {
+  int number = 0;
+  sigwait(&signals, &number);
+}
+
+void Serve(const Options& options) {
+  const sigset_t signals = BlockSignals();
+  ZipBase base;
+  for (const std::string& file : options.bases) {
+    base.Load(file);
+  }
+  RequestLog log(STDERR_FILENO, std::string(kName) + ": ");
+  const VerifyService service(base, options.service);
+  HttpServer server(
+      ListenAddress::Parse(options.listen), {},
+      [&](const HttpRequest& request) { return service.Answer(request); }, log);
+  log.Write("listening on " + server.Address());
+  WaitForSignal(signals);
+  std::thread([signals] {
+    WaitForSignal(signals);
+    _exit(kFailure);
+  }).detach();
+  server.Drain(kDrainLimit);
+}
+
+int RunCommandLine(int argc, char** argv) {
   CLI::App app("A local service that answers as the postal service's address verification did.",
-               "postwright-verifyd");
-  Describe(app, arguments);
+               kName);
+  Options options;
+  AddOptions(app, options);
   try {
     app.parse(argc, argv);
-    if (arguments.bases.empty()) {
-      arguments.bases.push_back(DefaultBase());
-    }
-    ListenAddress::Parse(arguments.listen);
+  } catch (const CLI::Success& question) {
+    return app.exit(question);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kUsage;
-  } catch (const ListenError& error) {
-    std::cerr << "postwright-verifyd: --listen: " << error.what() << '\n';
-    return kUsage;
+    std::cerr << kName << ": " << error.what() << "\nUsage: " << kUsage << "\n'" << kName
+              << " --help' says more.\n";
+    return kWrongUsage;
   }
+  if (options.bases.empty()) {
+    options.bases.push_back(DefaultBase());
+  }
+  Serve(options);
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace postwright::service
+
+int main(int argc, char** argv) {
   try {
-    return Serve(arguments, signals);
+    postwright::service::OccupyStandardStreams();
+    postwright::SetCharacterLocale();
+    return postwright::service::RunCommandLine(argc, argv);
   } catch (const std::exception& error) {
-    std::cerr << "postwright-verifyd: " << error.what() << '\n';
-    return kFailure;
+    std::cerr << postwright::service::kName << ": " << error.what() << '\n';
+    return postwright::service::kFailure;
   }
 }

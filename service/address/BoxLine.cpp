@@ -92,7 +92,7 @@ std::optional<BoxLine> ReadRoute(const Words& given) {
   Words words = PartFirst(given);
   size_t at = 0;
   const std::string boxInFront = TakeBox(words, at);  // "BOX 9 RR 3"
-  words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(at));
+  words.erase(words.begin(), words.begin() + at);
   const size_t contract = LongestPhrase(words, 0, kHighwayContract);
   const size_t rural = LongestPhrase(words, 0, kRuralRoute);
   const size_t road = LongestPhrase(words, 0, kRouteOrRoad);

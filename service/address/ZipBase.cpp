@@ -34,8 +34,12 @@ void ZipBase::Load(const std::filesystem::path& file) {
   if (!input || std::filesystem::is_directory(file)) {
     throw BaseError(file.string() + ": cannot be read");
   }
+  Read(input, file.string());
+}
+
+void ZipBase::Read(std::istream& rows, const std::string& name) {
   std::string line;
-  for (size_t number = 1; std::getline(input, line); ++number) {
+  for (size_t number = 1; std::getline(rows, line); ++number) {
     if (line.ends_with('\r')) {
       line.pop_back();
     }
@@ -44,11 +48,11 @@ void ZipBase::Load(const std::filesystem::path& file) {
         AddRow(line);
       }
     } catch (const BaseError& error) {
-      throw BaseError(file.string() + ": line " + std::to_string(number) + ": " + error.what());
+      throw BaseError(name + ": line " + std::to_string(number) + ": " + error.what());
     }
   }
-  if (input.bad()) {
-    throw BaseError(file.string() + ": cannot be read to its end");
+  if (rows.bad()) {
+    throw BaseError(name + ": cannot be read to its end");
   }
 }
 

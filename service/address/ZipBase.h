@@ -1,10 +1,10 @@
 #ifndef POSTWRIGHT_SERVICE_ADDRESS_ZIPBASE_H_
 #define POSTWRIGHT_SERVICE_ADDRESS_ZIPBASE_H_
 
-#include <array>
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <iosfwd>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -43,6 +43,9 @@ class ZipBase {
   // passed over. A later row for a ZIP replaces an earlier one, also one of another file. Throws
   // BaseError for a file that cannot be read or holds anything else; what was loaded stays.
   void Load(const std::filesystem::path& file);
+
+  // The same of a stream; `name` stands for it in what a BaseError says.
+  void Read(std::istream& rows, const std::string& name);
 
   // Returns the city of a ZIP code of five digits; nullptr for any other text and an unknown ZIP.
   const City* FindZip(std::string_view zip5) const;

@@ -61,7 +61,8 @@ int ListenAddress::Open() const {
       bind(socket, found->ai_addr, found->ai_addrlen) == 0 && listen(socket, kBacklog) == 0) {
     return socket;
   }
-  const std::string reason = std::strerror(errno);
+  const std::string reason =
+      std::strerror(errno) + std::string(errno == EADDRINUSE ? "; port 0 takes a free one" : "");
   if (socket >= 0) {
     close(socket);
   }

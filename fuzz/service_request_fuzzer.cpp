@@ -1,0 +1,43 @@
+// Bytes of a query, into the Verify service. Whatever they are, the answer is one whole document of
+// the interface: the declaration and a single line of printable ASCII that ends its root.
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+#include "service/VerifyService.h"
+
+namespace {
+
+using namespace postwright::service;
+
+void Require(bool property) {
+  if (!property) {
+    std::abort();
+  }
+}
+
+bool IsWhole(std::string_view body) {
+  constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+  if (!body.starts_with(kDeclaration)) {
+    return false;
+  }
+  body.remove_prefix(kDeclaration.size());
+  const bool printable =
+      std::all_of(body.begin(), body.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  return printable &&
+         ((body.starts_with("<Error><Number>") && body.ends_with("</Source></Error>")) ||
+          (body.starts_with("<AddressValidateResponse>") &&
+           body.ends_with("</AddressValidateResponse>")));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const ZipBase base;
+  static const VerifyService service(base, {});
+  const std::string query(data, data + size);
+  Require(IsWhole(service.Answer({"GET", "/ShippingAPI.dll", query, ""}).body));
+  Require(IsWhole(service.Answer({"POST", "/ShippingAPI.dll", "API=Verify", query}).body));
+  return 0;
+}
