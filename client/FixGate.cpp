@@ -1,6 +1,7 @@
 #include "client/FixGate.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QEventLoop>
 #include <QThread>
 #include <algorithm>
@@ -78,7 +79,7 @@ void Leave(Gate& gate) {
   next->granted = true;
   next->wake.notify_one();
   if (next->loop != nullptr) {
-    QMetaObject::invokeMethod(next->loop, &QEventLoop::quit, Qt::QueuedConnection);
+    QCoreApplication::postEvent(next->loop, new QEvent(QEvent::Quit));
   }
 }
 
