@@ -1,11 +1,8 @@
 #include "apps/postwright/FixCommand.h"
 
-#include <postwright/Deployment.h>
-
-#include <algorithm>
 #include <iostream>
-#include <string_view>
 
+#include "apps/VerifyServer.h"
 #include "apps/postwright/JsonRecord.h"
 #include "apps/postwright/LabelFix.h"
 #include "apps/postwright/LabelText.h"
@@ -16,26 +13,6 @@
 namespace postwright {
 
 namespace {
-
-constexpr std::string_view kDigits = "0123456789";
-constexpr std::string_view kHostCharacters =
-    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._";
-constexpr std::string_view kIpv6Characters = "0123456789abcdefABCDEF:.";
-
-bool ConsistsOf(std::string_view text, std::string_view characters) {
-  return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
-}
-
-bool IsPort(std::string_view text) {
-  return ConsistsOf(text, kDigits) && text.size() <= 5 && std::stoi(std::string(text)) <= 65535;
-}
-
-void UseServer(const std::string& server) {
-  Deployment deployment = GetDeployment();
-  deployment.verifyHost = server;
-  deployment.probeHost = HostOf(server);
-  SetDeployment(deployment);
-}
 
 ExitStatus FixText(const std::string& file) {
   const LabelFix fix = FixLabel(ReadLabelText(file));
@@ -81,17 +58,6 @@ std::string FixLine(const LabelLine& label) {
 }
 
 }  // namespace
-
-std::string HostOf(const std::string& server) {
-  const bool isIpv6 = server.starts_with('[');
-  const std::size_t end = std::min(server.find(isIpv6 ? ']' : ':'), server.size());
-  const std::string host = isIpv6 ? server.substr(1, end - 1) : server.substr(0, end);
-  const std::string port = server.substr(std::min(end + (isIpv6 ? 1 : 0), server.size()));
-  const bool isHost = isIpv6 ? end < server.size() && ConsistsOf(host, kIpv6Characters)
-                             : ConsistsOf(host, kHostCharacters);
-  const bool isGood = isHost && (port.empty() || (port[0] == ':' && IsPort(port.substr(1))));
-  return isGood ? host : "";
-}
 
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {

@@ -14,9 +14,6 @@ struct FixOptions {
   std::string server;      // HOST[:PORT]; "" is the build's own
 };
 
-// The host alone of HOST, HOST:PORT, [IPV6] or [IPV6]:PORT; empty where `server` is none of these.
-std::string HostOf(const std::string& server);
-
 // `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
 // returns kExitNotALabel where a line was no label or the fix of a plain text failed.
 ExitStatus RunFix(const FixOptions& options);

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/VerifyServer.h"
 #include "apps/postwright/Failure.h"
 #include "apps/postwright/FixCommand.h"
 #include "apps/postwright/ParseCommand.h"
@@ -63,11 +64,6 @@ void OccupyStandardStreams() {
       open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
   }
-}
-
-// Says what is wrong with the value of --server; the empty answer is consent.
-std::string CheckServer(const std::string& server) {
-  return HostOf(server).empty() ? "'" + server + "' is not HOST[:PORT], as in 127.0.0.1:8470" : "";
 }
 
 // The options that both subcommands have.
