@@ -24,6 +24,7 @@ using HeaderList = std::unique_ptr<curl_slist, Deleter<curl_slist_free_all>>;
 
 // libcurl's callbacks. A body is collected; a transfer that brings more than it may ends, also
 // where libcurl reads past the body, as it does with a redirect's. libcurl itself bounds headers.
+// It calls CheckLimits at least once a second, however silent the other side is.
 
 std::size_t CollectBody(char* data, std::size_t, std::size_t size, void* context) noexcept {
   auto* body = static_cast<std::vector<std::uint8_t>*>(context);
@@ -35,9 +36,10 @@ std::size_t CollectBody(char* data, std::size_t, std::size_t size, void* context
   return size;
 }
 
-int CheckLength(void* context, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) noexcept {
+int CheckLimits(void* context, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) noexcept {
   const auto* limits = static_cast<const FetchLimits*>(context);
-  return static_cast<std::size_t>(received) > limits->bytes ? 1 : 0;
+  const bool abandoned = limits->abandoned != nullptr && limits->abandoned->load();
+  return abandoned || static_cast<std::size_t>(received) > limits->bytes ? 1 : 0;
 }
 
 // One thread's libcurl handle, which keeps the connection between fetches.
@@ -72,7 +74,7 @@ Connection::Connection() {
   curl_easy_setopt(handle_, CURLOPT_PROTOCOLS_STR, "http,https");  // for redirects, too
   curl_easy_setopt(handle_, CURLOPT_FOLLOWLOCATION, 1L);
   curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, &CollectBody);
-  curl_easy_setopt(handle_, CURLOPT_XFERINFOFUNCTION, &CheckLength);
+  curl_easy_setopt(handle_, CURLOPT_XFERINFOFUNCTION, &CheckLimits);
   curl_easy_setopt(handle_, CURLOPT_NOPROGRESS, 0L);
 }
 

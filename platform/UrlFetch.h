@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_PLATFORM_URLFETCH_H_
 #define POSTWRIGHT_PLATFORM_URLFETCH_H_
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +16,8 @@ struct FetchLimits {
   std::chrono::seconds silence = std::chrono::seconds(60);       // with less than 1 byte a second
   std::size_t bytes = 16U << 20U;                                // of body
   long redirects = 20;
+  // Null, or set from any thread to end the fetch as failed, within about a second. Outlives it.
+  const std::atomic<bool>* abandoned = nullptr;
 };
 
 // Returns the body of one GET of `url`, which is absolute, http or https, and in ASCII or UTF-8;

@@ -1,0 +1,13 @@
+#include "platform/AbandonableServices.h"
+
+#include "platform/UrlFetch.h"
+
+namespace postwright {
+
+std::unique_ptr<std::vector<std::uint8_t>> AbandonableServices::ReadUrl(const wchar_t* url) {
+  FetchLimits limits;
+  limits.abandoned = abandoned_;
+  return std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url), limits));
+}
+
+}  // namespace postwright
