@@ -2,7 +2,6 @@
 
 #include <postwright/Deployment.h>
 #include <postwright/FixedAddress.h>
-#include <postwright/MacPlatformServices.h>
 #include <postwright/NetworkReachability.h>
 #include <postwright/Postwright.h>
 #include <postwright/PostwrightException.h>
@@ -13,6 +12,7 @@
 #include "client/FixGate.h"
 #include "client/MixedCaseDictionary.h"
 #include "client/suite/StringHelpers.h"
+#include "platform/AbandonableServices.h"
 
 namespace postwright {
 
@@ -89,7 +89,7 @@ std::optional<Result> PostwrightClient::runFix(const QString& address, bool quic
     return std::nullopt;
   }
   try {
-    MacPlatformServices services;
+    AbandonableServices services(_abandoned.get());
     const std::unique_ptr<FixedAddress> fixed =
         FixInTurn(coreString(StringHelpers::trim(address), services), quick, services);
     Result result = read(*fixed, services);

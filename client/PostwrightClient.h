@@ -8,6 +8,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -77,6 +78,13 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // in capitalized form. Nil sets none.
   void setMixedCase(const std::optional<QString>& mixedCase);
 
+  // Lets another thread end a fix: once `abandoned` holds true, a fix that waits for the service
+  // fails within about a second as one without a reply, and so does every later one. Null, as at
+  // first, lets every fix take its time.
+  void setAbandoned(std::shared_ptr<const std::atomic<bool>> abandoned) {
+    _abandoned = std::move(abandoned);
+  }
+
   // True when the network can carry a fix: the name of GetDeployment().probeHost resolves and the
   // system has a route to it. Nothing is sent, so this does not say that the service is up.
   bool checkNetwork() const;
@@ -137,6 +145,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   std::optional<QHash<QString, QString>> _mixedCaseDict;
   QHash<QString, QString> _defaultMixedCaseDict;
   std::optional<QString> _lastResult;
+  std::shared_ptr<const std::atomic<bool>> _abandoned;
 };
 
 }  // namespace postwright
