@@ -8,6 +8,7 @@ namespace postwright {
 
 void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answer,
                                            const QString& message) {
+  pending = false;
   if (!answer) {
     result = message;
     fixed = QString();
@@ -44,6 +45,7 @@ BatchResultRecord::Values BatchResultRecord::values() const {
 void BatchResultRecord::setAddress(const QString& address) {
   const std::lock_guard guard(_lock);
   _values.address = address;
+  _values.pending = true;
   ++_changes;
 }
 
@@ -51,21 +53,42 @@ void BatchResultRecord::setFixed(const QString& fixed) {
   const std::lock_guard guard(_lock);
   _values.fixed = fixed;
   _values.status = AddressStatusFixed;
+  _values.pending = false;
+  ++_changes;
+}
+
+void BatchResultRecord::restart() {
+  const std::lock_guard guard(_lock);
+  _values.fixed = localizedString("SProcessing");
+  _values.status = AddressStatusUnchanged;
+  _values.pending = true;
+  ++_changes;
+}
+
+void BatchResultRecord::ignore() {
+  const std::lock_guard guard(_lock);
+  _values.ignored = true;
   ++_changes;
 }
 
 bool BatchResultRecord::fix(PostwrightClient& client) {
+  return fix([&client](const QString& address) {
+    std::optional<AddressFix> answer = client.fixAddress(address);
+    return AddressOutcome{std::move(answer), client.lastResult().value_or(QString())};
+  });
+}
+
+bool BatchResultRecord::fix(const std::function<AddressOutcome(const QString&)>& ask) {
   std::unique_lock guard(_lock);
   const QString address = _values.address;
   const quint32 changes = _changes;
   guard.unlock();
-  const std::optional<AddressFix> answer = client.fixAddress(address);
-  const QString message = client.lastResult().value_or(QString());
+  const AddressOutcome outcome = ask(address);
   guard.lock();
   if (_changes != changes) {
     return false;
   }
-  _values.takeAnswer(answer, message);
+  _values.takeAnswer(outcome.answer, outcome.message);
   ++_changes;
   return true;
 }

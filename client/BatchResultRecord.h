@@ -7,7 +7,9 @@
 #include <postwright/PostwrightSelector.h>
 
 #include <QList>
+#include <QMetaType>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,6 +23,16 @@ enum AddressStatus : qint32 {
   AddressStatusMultiple = 2,  // several candidates, of which the user picks one
   AddressStatusError = 3,
 };
+
+// How the service answered about one address: `answer`, or nil and the message of the failure.
+struct AddressOutcome {
+  std::optional<AddressFix> answer;
+  QString message;
+};
+
+// Asks about one address, through `client` or any other way. Called on the worker's thread; must
+// not throw anything but std::bad_alloc.
+using AskFunction = std::function<AddressOutcome(PostwrightClient& client, const QString& address)>;
 
 // One address of a batch, from the text to its outcome.
 //
@@ -42,6 +54,8 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     QString result;                            // the message of the last failure, else empty
     QList<PostwrightSelectorPointer> matches;  // the candidates, two or more, else empty
     AddressStatus status = AddressStatusUnchanged;
+    bool pending = true;   // not asked about yet, or put up again since
+    bool ignored = false;  // taken out of the batch by the user
 
     // Takes the outcome of a fix of `address`: `answer`, or nil and `message`, the client's
     // lastResult(). An answer that tells nothing new (PostwrightClient::isAddress) keeps the user's
@@ -61,8 +75,15 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   // A copy of the values as they are now.
   Values values() const;
 
-  // Puts another text up for fixing; the outcome stays as it is until the next fix.
+  // Puts another text up for fixing: pending, while status and texts of the last outcome stay as
+  // they are until the next.
   void setAddress(const QString& address);
+
+  // Puts the same text up again, as if nothing had been asked.
+  void restart();
+
+  // Takes the record out of the batch: no worker asks about it any more.
+  void ignore();
 
   // Takes `fixed`, the address of a candidate that the user chose: status AddressStatusFixed.
   void setFixed(const QString& fixed);
@@ -72,6 +93,10 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   // being as before. False when the record was changed meanwhile and keeps that change.
   bool fix(PostwrightClient& client);
 
+  // The same, asking whoever `ask` asks: it is called once, on this thread and without the lock,
+  // with the address.
+  bool fix(const std::function<AddressOutcome(const QString&)>& ask);
+
  private:
   const std::shared_ptr<AddressEntry> _entry;
   mutable std::mutex _lock;
@@ -79,6 +104,12 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   quint32 _changes = 0;  // counts changes of _values, so that a fix can tell whether it came late
 };
 
+using BatchResultRecordPointer = std::shared_ptr<BatchResultRecord>;
+using BatchResultRecordList = QList<BatchResultRecordPointer>;
+
 }  // namespace postwright
+
+Q_DECLARE_METATYPE(postwright::BatchResultRecordList)
+Q_DECLARE_METATYPE(postwright::AskFunction)
 
 #endif  // POSTWRIGHT_CLIENT_BATCHRESULTRECORD_H_
