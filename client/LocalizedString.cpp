@@ -2,6 +2,8 @@
 
 #include <QLocale>
 #include <QTranslator>
+#include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace postwright {
@@ -17,11 +19,23 @@ std::unique_ptr<QTranslator> LoadTable() {
   return table;
 }
 
+const QTranslator& Table() {
+  static const std::unique_ptr<QTranslator> table = LoadTable();
+  return *table;
+}
+
 }  // namespace
 
 QString localizedString(const char* key) {
-  static const std::unique_ptr<QTranslator> table = LoadTable();
-  return table->translate(nullptr, key);
+  return Table().translate(nullptr, key);
+}
+
+QString localizedString(const char* key, qsizetype count) {
+  // Beyond the range of int every language that the library has uses one form.
+  const int number = static_cast<int>(std::min<qsizetype>(count, std::numeric_limits<int>::max()));
+  return Table()
+      .translate(nullptr, key, nullptr, number)
+      .replace(QStringLiteral("%n"), QLocale().toString(static_cast<qlonglong>(count)));
 }
 
 }  // namespace postwright

@@ -10,6 +10,9 @@ namespace postwright {
 // translator of the host's, and no application object. The language is settled at the first call.
 QString localizedString(const char* key);
 
+// The same, in the form that the language has for `count` things; the text's %n becomes the number.
+QString localizedString(const char* key, qsizetype count);
+
 }  // namespace postwright
 
 #endif  // POSTWRIGHT_CLIENT_LOCALIZEDSTRING_H_

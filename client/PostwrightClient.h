@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_CLIENT_POSTWRIGHTCLIENT_H_
 #define POSTWRIGHT_CLIENT_POSTWRIGHTCLIENT_H_
 
+#include <postwright/AddressEntry.h>
 #include <postwright/ClientExport.h>
 #include <postwright/PostwrightSelector.h>
 
@@ -126,6 +127,21 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // Returns one word in mixed case: capitalized ("main" gives "Main"), with a second capital in
   // names like O'Neil, then replaced by the product's spelling, then by the user's.
   QString fixMixedCaseOneWord(const QString& word) const;
+
+  // fixAddressWithDialog:punctuation:capitalization:mixedCase:. Shows the batch window, in which
+  // the user corrects `entries` (none of them null) at once and reviews what comes of them, and
+  // blocks until it is closed; events are handled meanwhile. `punctuation` says whether punctuation
+  // is removed, the other two are those of setCapitalization() and setMixedCase(). This client's
+  // own settings and lastResult() are neither used nor changed.
+  //
+  // Where the user applies, each entry that was corrected and is still in the window is given its
+  // text with setValue(), in the order of `entries`, and then ReloadAddressBookNotification is
+  // posted with this client as the object, also when no entry was corrected. Returns the value of
+  // the first entry that was written; nil where none was, and where the user cancelled: then
+  // nothing is written and nothing posted. Needs a QApplication and runs on its thread.
+  std::optional<QString> fixAddressWithDialog(const QList<std::shared_ptr<AddressEntry>>& entries,
+                                              bool punctuation, qint32 capitalization,
+                                              const std::optional<QString>& mixedCase);
 
   // isAddress:equalTo:. True when both texts hold the same letters and digits in the same order,
   // whatever their case, spacing, punctuation and line breaks.

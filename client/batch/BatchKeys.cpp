@@ -1,0 +1,100 @@
+#include "client/batch/BatchKeys.h"
+
+#include <postwright/PostwrightController.h>
+
+#include <QKeyEvent>
+#include <QShortcut>
+
+#include "client/batch/BatchView.h"
+#include "ui_Postwright.h"
+
+namespace postwright {
+
+BatchKeys::BatchKeys(PostwrightController& window, BatchView& view)
+    : QObject(&window), _window(window), _view(view) {
+  const auto onKey = [this](const QKeySequence& key, auto action) {
+    connect(new QShortcut(key, &_window), &QShortcut::activated, this, action);
+  };
+  onKey(Qt::ALT | Qt::Key_Down, [this] { _window.selectRecord(1, false); });
+  onKey(Qt::ALT | Qt::Key_Up, [this] { _window.selectRecord(-1, false); });
+  onKey(Qt::Key_F8, [this] { _window.selectRecord(1, true); });
+  onKey(Qt::SHIFT | Qt::Key_F8, [this] { _window.selectRecord(-1, true); });
+  onKey(Qt::CTRL | Qt::Key_Return, [this] { checkAgain(); });
+  onKey(Qt::CTRL | Qt::Key_Enter, [this] { checkAgain(); });
+  Ui::Postwright& layout = _view.layout();
+  for (QWidget* watched : QList<QWidget*>{layout.tvAddresses, layout.tvMatches}) {
+    watched->installEventFilter(this);
+  }
+  for (QWidget* watched : layout.vwContent->findChildren<QWidget*>()) {
+    watched->installEventFilter(this);
+  }
+}
+
+bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto* press = static_cast<QKeyEvent*>(event);
+    const Ui::Postwright& layout = _view.layout();
+    const bool plain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && ((watched == layout.tvAddresses && pressInAddresses(press->key())) ||
+                  (watched == layout.tvMatches && pressInMatches(press->key())))) {
+      return true;
+    }
+    if (plain && press->key() == Qt::Key_Escape && watched != layout.tvAddresses) {
+      layout.tvAddresses->setFocus();
+      return true;
+    }
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+bool BatchKeys::pressInAddresses(int key) {
+  switch (key) {
+    case Qt::Key_Delete:
+      _view.layout().bnIgnore->click();
+      return true;
+    case Qt::Key_F2:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      enterDetail();
+      return true;
+    default:
+      return chooseByDigit(key);
+  }
+}
+
+bool BatchKeys::pressInMatches(int key) {
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    _view.layout().bnChooseSelectedAddress->click();
+    return true;
+  }
+  return chooseByDigit(key);
+}
+
+bool BatchKeys::chooseByDigit(int key) {
+  const Ui::Postwright& layout = _view.layout();
+  const int match = key - Qt::Key_1;
+  if (key < Qt::Key_1 || key > Qt::Key_9 || !layout.vwMultiple->isVisible() ||
+      match >= layout.tvMatches->model()->rowCount()) {
+    return false;
+  }
+  layout.tvMatches->selectRow(match);
+  layout.bnChooseSelectedAddress->click();
+  return true;
+}
+
+void BatchKeys::checkAgain() {
+  const Ui::Postwright& layout = _view.layout();
+  for (QPushButton* button : {layout.bnFixErrorAddress, layout.bnFixMultipleAddress}) {
+    if (button->isVisible()) {
+      button->click();
+    }
+  }
+}
+
+void BatchKeys::enterDetail() {
+  if (QWidget* control = _view.detail().firstControl()) {
+    control->setFocus();
+  }
+}
+
+}  // namespace postwright

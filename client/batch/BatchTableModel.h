@@ -1,0 +1,45 @@
+#ifndef POSTWRIGHT_CLIENT_BATCH_BATCHTABLEMODEL_H_
+#define POSTWRIGHT_CLIENT_BATCH_BATCHTABLEMODEL_H_
+
+#include <postwright/BatchResultRecord.h>
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+namespace postwright {
+
+// The records that the window shows, one a row: address as typed, address as fixed, status. Reads
+// records and changes none; the controller says when one has changed.
+class BatchTableModel final : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  enum Column { AddressColumn, FixedColumn, StatusColumn, ColumnCount };
+  enum Role {
+    HintRole = Qt::UserRole,  // QString to show, set apart, where the cell's own text is empty
+    MarkedRole,               // bool: the row's two texts are to be compared
+  };
+
+  using QAbstractTableModel::QAbstractTableModel;
+
+  const BatchResultRecordList& records() const { return _records; }
+  void setRecords(const BatchResultRecordList& records);
+  // Rows keep their order and all other rows their place.
+  void removeRow(int row);
+  void recordChanged(const BatchResultRecord& record);
+  // The row of `record`, -1 where it is not shown.
+  int rowOf(const BatchResultRecord& record) const { return _rows.value(&record, -1); }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  BatchResultRecordList _records;
+  QHash<const BatchResultRecord*, int> _rows;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CLIENT_BATCH_BATCHTABLEMODEL_H_

@@ -1,0 +1,140 @@
+#include "client/batch/BatchTexts.h"
+
+#include <QLocale>
+#include <QStringList>
+
+#include "client/LocalizedString.h"
+#include "client/suite/StringHelpers.h"
+
+namespace postwright {
+namespace {
+
+QString number(qsizetype value) {
+  return QLocale().toString(static_cast<qlonglong>(value));
+}
+
+}  // namespace
+
+QString statusText(AddressStatus status) {
+  switch (status) {
+    case AddressStatusUnchanged:
+      return localizedString("SStatusUnchanged");
+    case AddressStatusFixed:
+      return localizedString("SStatusFixed");
+    case AddressStatusMultiple:
+      return localizedString("SStatusMultiple");
+    case AddressStatusError:
+      return localizedString("SStatusError");
+  }
+  return {};
+}
+
+QString hintText(const BatchResultRecord::Values& values) {
+  if (values.pending) {
+    return localizedString("SProcessing");
+  }
+  switch (values.status) {
+    case AddressStatusFixed:
+      return values.fixed.isEmpty() ? localizedString("SHintBlank") : QString();
+    case AddressStatusMultiple:
+      return localizedString("SHintMultiple", values.matches.size());
+    case AddressStatusError:
+      return values.result;
+    default:
+      return {};
+  }
+}
+
+QString segmentText(AddressStatus status, qsizetype count) {
+  const auto caption = [status] {
+    switch (status) {
+      case AddressStatusFixed:
+        return localizedString("SFilterFixed");
+      case AddressStatusMultiple:
+        return localizedString("SFilterMultiple");
+      case AddressStatusError:
+        return localizedString("SFilterError");
+      default:
+        return localizedString("SFilterUnchanged");
+    }
+  }();
+  return StringHelpers::stringWithFormat(localizedString("SFilterCount"), {caption, number(count)});
+}
+
+QString applyText(const ReviewCounts& counts) {
+  return counts.fixed == 0 ? localizedString("SApplyNothing")
+                           : localizedString("SApply", counts.fixed);
+}
+
+QString summaryText(const ReviewCounts& counts) {
+  if (counts.total() == 0) {
+    return {};
+  }
+  if (counts.unchanged == counts.total()) {
+    return localizedString("SAllRight", counts.total());
+  }
+  QStringList kept;
+  if (counts.errors > 0) {
+    kept.append(localizedString("SErrorsKept", counts.errors));
+  }
+  if (counts.multiple > 0) {
+    kept.append(localizedString("SChoicesKept", counts.multiple));
+  }
+  if (counts.pending > 0) {
+    kept.append(localizedString("SPendingKept", counts.pending));
+  }
+  QStringList sentences{localizedString("SCorrected", counts.fixed)};
+  if (counts.unchanged > 0) {
+    sentences.append(localizedString("SRight", counts.unchanged));
+  }
+  if (!kept.isEmpty()) {
+    sentences.append(StringHelpers::stringWithFormat(localizedString("SKept"),
+                                                     {kept.join(localizedString("SAnd"))}));
+  }
+  if (counts.blank > 0) {
+    sentences.append(localizedString("SBlanked", counts.blank));
+  }
+  return sentences.join(u' ');
+}
+
+QString progressText(qsizetype done, qsizetype total,
+                     const std::optional<std::chrono::seconds>& left) {
+  const QString counted =
+      StringHelpers::stringWithFormat(localizedString("SProgress"), {number(done), number(total)});
+  if (!left) {
+    return counted;
+  }
+  const auto seconds = left->count();
+  const QString time = seconds < 60     ? localizedString("SSecondsLeft", seconds)
+                       : seconds < 3600 ? localizedString("SMinutesLeft", (seconds + 30) / 60)
+                                        : localizedString("SHoursLeft", (seconds + 1800) / 3600);
+  return StringHelpers::stringWithFormat(localizedString("SProgressTime"), {counted, time});
+}
+
+std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
+                                             std::chrono::milliseconds elapsed) {
+  constexpr qsizetype kFewest = 5;
+  constexpr std::chrono::seconds kSoonest{1};
+  if (done < kFewest || elapsed < kSoonest) {
+    return std::nullopt;
+  }
+  const double each = static_cast<double>(elapsed.count()) / static_cast<double>(done);
+  const auto left = std::chrono::seconds(
+      static_cast<qint64>(each * static_cast<double>(total - done) / 1000.0 + 0.5));
+  return left < std::chrono::seconds(2) ? std::nullopt : std::optional(left);
+}
+
+QString bannerText(const ReviewCounts& counts) {
+  if (counts.notAsked == 0) {
+    return {};
+  }
+  const QString cause =
+      localizedString(counts.noNetwork == counts.notAsked ? "SNoNetwork" : "SServiceDown");
+  return cause + u' ' + localizedString("SNotChecked", counts.notAsked);
+}
+
+QString emptyText(qsizetype total) {
+  return total == 0 ? localizedString("SNoAddresses") : localizedString("SNoneShown");
+}
+
+}  // namespace postwright

@@ -1,0 +1,24 @@
+#ifndef POSTWRIGHT_CLIENT_BATCH_DIFFERENCEFORMAT_H_
+#define POSTWRIGHT_CLIENT_BATCH_DIFFERENCEFORMAT_H_
+
+#include <QPalette>
+#include <QTextCharFormat>
+#include <QTextLayout>
+
+#include "client/batch/Differences.h"
+
+namespace postwright {
+
+enum class MarkKind { Removed, Added };
+
+// How marked text looks: struck through or underlined, on a tint of red or green that is mixed into
+// the palette's own base, so that the text keeps its colour and its contrast in light and dark.
+QTextCharFormat markFormat(MarkKind kind, const QPalette& palette);
+
+// The marks as formats of a text layout.
+QList<QTextLayout::FormatRange> markFormats(const QList<TextMark>& marks, MarkKind kind,
+                                            const QPalette& palette);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CLIENT_BATCH_DIFFERENCEFORMAT_H_

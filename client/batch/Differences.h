@@ -1,0 +1,40 @@
+#ifndef POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_
+#define POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_
+
+#include <QList>
+#include <QString>
+
+namespace postwright {
+
+// A run of 16-bit characters of a text; never a part of a character.
+struct TextMark {
+  qsizetype start;
+  qsizetype length;
+  bool operator==(const TextMark&) const = default;
+};
+
+// Words that stand in place of others; one of the two may be empty.
+struct Change {
+  QString from;
+  QString to;
+  bool operator==(const Change&) const = default;
+};
+
+struct Differences {
+  QList<TextMark> removed;  // in the text before, in order
+  QList<TextMark> added;    // in the text after, in order
+  QList<Change> changes;    // the same in words, for a reader who cannot see marks
+};
+
+// Tells what a person has to look at when `before` became `after`: by word, and inside words that
+// are more than half alike by character. Words are parted by white space; where they stand does not
+// matter, so a text broken into other lines is the same text. Neither does case: the user has set
+// the case of all texts, and marks on every word would hide the others.
+//
+// Texts that differ in more than some hundred words are marked whole between their equal ends, so
+// that the time stays bounded.
+Differences findDifferences(const QString& before, const QString& after);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_

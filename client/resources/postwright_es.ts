@@ -1,0 +1,437 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es_ES" sourcelanguage="en_US">
+<context>
+    <name></name>
+    <message id="SProcessing">
+        <source>Processing…</source>
+        <extracomment>Stands in place of the corrected address until the service has answered.</extracomment>
+        <translation>Procesando…</translation>
+    </message>
+    <message id="SWindowTitle">
+        <source>Fix Addresses</source>
+        <extracomment>Title of the batch window.</extracomment>
+        <translation>Corregir direcciones</translation>
+    </message>
+    <message id="SAddressesName">
+        <source>Addresses</source>
+        <extracomment>Spoken name of the table of addresses.</extracomment>
+        <translation>Direcciones</translation>
+    </message>
+    <message id="SColumnAddress">
+        <source>Address as Typed</source>
+        <extracomment>Column of the table.</extracomment>
+        <translation>Dirección escrita</translation>
+    </message>
+    <message id="SColumnFixed">
+        <source>Address as Fixed</source>
+        <extracomment>Column of the table.</extracomment>
+        <translation>Dirección corregida</translation>
+    </message>
+    <message id="SColumnStatus">
+        <source>Status</source>
+        <extracomment>Column of the table.</extracomment>
+        <translation>Estado</translation>
+    </message>
+    <message id="SStatusUnchanged">
+        <source>Unchanged</source>
+        <extracomment>Status of an address that the service found right.</extracomment>
+        <translation>Sin cambios</translation>
+    </message>
+    <message id="SStatusFixed">
+        <source>Fixed</source>
+        <extracomment>Status of an address that was corrected.</extracomment>
+        <translation>Corregida</translation>
+    </message>
+    <message id="SStatusMultiple">
+        <source>To Choose</source>
+        <extracomment>Status of an address for which the service knows several.</extracomment>
+        <translation>Por elegir</translation>
+    </message>
+    <message id="SStatusError">
+        <source>Error</source>
+        <extracomment>Status of an address that failed.</extracomment>
+        <translation>Error</translation>
+    </message>
+    <message id="SFilterName">
+        <source>Show addresses that are</source>
+        <extracomment>Spoken name of the filter.</extracomment>
+        <translation>Mostrar las direcciones</translation>
+    </message>
+    <message id="SFilterUnchanged">
+        <source>&amp;Unchanged</source>
+        <extracomment>Segment of the filter; the others follow.</extracomment>
+        <translation>Si&amp;n cambios</translation>
+    </message>
+    <message id="SFilterFixed">
+        <source>&amp;Fixed</source>
+        <translation>C&amp;orregidas</translation>
+    </message>
+    <message id="SFilterMultiple">
+        <source>&amp;To Choose</source>
+        <translation>Por &amp;elegir</translation>
+    </message>
+    <message id="SFilterError">
+        <source>&amp;Errors</source>
+        <translation>E&amp;rrores</translation>
+    </message>
+    <message id="SFilterCount">
+        <source>%@  %@</source>
+        <extracomment>Caption of a segment: its name and its count.</extracomment>
+        <translation>%@  %@</translation>
+    </message>
+    <message id="SHintBlank">
+        <source>No text: applying would empty the entry</source>
+        <extracomment>Stands in place of an empty corrected address.</extracomment>
+        <translation>Sin texto: al aplicar, la entrada quedaría vacía</translation>
+    </message>
+    <message id="SHintMultiple" numerus="yes">
+        <source>%n addresses to choose from</source>
+        <extracomment>Stands in place of the corrected address.</extracomment>
+        <translation>
+            <numerusform>%n dirección para elegir</numerusform>
+            <numerusform>%n direcciones para elegir</numerusform>
+        </translation>
+    </message>
+    <message id="SApply" numerus="yes">
+        <source>&amp;Apply %n Corrections</source>
+        <extracomment>Button that writes the corrected addresses.</extracomment>
+        <translation>
+            <numerusform>&amp;Aplicar %n corrección</numerusform>
+            <numerusform>&amp;Aplicar %n correcciones</numerusform>
+        </translation>
+    </message>
+    <message id="SApplyNothing">
+        <source>Do&amp;ne</source>
+        <extracomment>The same button where there is nothing to write.</extracomment>
+        <translation>&amp;Listo</translation>
+    </message>
+    <message id="SCancel">
+        <source>Cance&amp;l</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+    <message id="SIgnore">
+        <source>&amp;Ignore</source>
+        <extracomment>Button that takes the selected address out of the window.</extracomment>
+        <translation>&amp;Ignorar</translation>
+    </message>
+    <message id="SRetry">
+        <source>&amp;Retry</source>
+        <extracomment>Button that asks again about all addresses that were not checked.</extracomment>
+        <translation>Rein&amp;tentar</translation>
+    </message>
+    <message id="SShowAll">
+        <source>S&amp;how All</source>
+        <extracomment>Button that selects all segments of the filter.</extracomment>
+        <translation>&amp;Mostrar todas</translation>
+    </message>
+    <message id="SCheckAgain">
+        <source>&amp;Check Again</source>
+        <extracomment>Button that asks about the edited address.</extracomment>
+        <translation>Com&amp;probar de nuevo</translation>
+    </message>
+    <message id="SRestore">
+        <source>Restore Ori&amp;ginal</source>
+        <extracomment>Button that puts the text of the entry back into the field.</extracomment>
+        <translation>Restaurar ori&amp;ginal</translation>
+    </message>
+    <message id="SChoose">
+        <source>Use &amp;Selected Address</source>
+        <extracomment>Button that takes the selected candidate.</extracomment>
+        <translation>&amp;Usar la seleccionada</translation>
+    </message>
+    <message id="SUseAddress">
+        <source>Use This Te&amp;xt</source>
+        <extracomment>Button that takes the edited address as the correction.</extracomment>
+        <translation>Usar este te&amp;xto</translation>
+    </message>
+    <message id="SNoneSelected">
+        <source>Select an address to see what became of it.</source>
+        <translation>Seleccione una dirección para ver su resultado.</translation>
+    </message>
+    <message id="SNotYetChecked">
+        <source>This address has not been checked yet.</source>
+        <translation>Esta dirección aún no se ha comprobado.</translation>
+    </message>
+    <message id="SFoundRight">
+        <source>The service found this address right. Its entry stays as it is.</source>
+        <translation>El servicio da por correcta esta dirección. Su entrada queda como está.</translation>
+    </message>
+    <message id="SFoundRightEdited">
+        <source>The service found the edited address right. Use this text to have it written to the entry.</source>
+        <translation>El servicio da por correcta la dirección editada. Use este texto para guardarlo en la entrada.</translation>
+    </message>
+    <message id="SUnchangedAddressName">
+        <source>Address</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección</translation>
+    </message>
+    <message id="SFixedBefore">
+        <source>As typed; what goes is struck out:</source>
+        <translation>Como se escribió; lo que se quita está tachado:</translation>
+    </message>
+    <message id="SFixedAfter">
+        <source>As fixed; what is new is underlined:</source>
+        <translation>Corregida; lo nuevo está subrayado:</translation>
+    </message>
+    <message id="SFixedBeforeName">
+        <source>Address as typed</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección como se escribió</translation>
+    </message>
+    <message id="SFixedAfterName">
+        <source>Address as fixed</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección corregida</translation>
+    </message>
+    <message id="SFixedBlank">
+        <source>The correction has no text: applying it empties the entry. Ignore the address to keep the entry.</source>
+        <translation>La corrección no tiene texto: al aplicarla, la entrada queda vacía. Ignore la dirección para conservarla.</translation>
+    </message>
+    <message id="SMultipleAddress">
+        <source>A&amp;ddress:</source>
+        <translation>&amp;Dirección:</translation>
+    </message>
+    <message id="SMultipleAddressName">
+        <source>Address</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección</translation>
+    </message>
+    <message id="SMatches">
+        <source>The service knows these addresses. &amp;Which one is meant?</source>
+        <translation>El servicio conoce estas direcciones. ¿Cuál e&amp;s?</translation>
+    </message>
+    <message id="SMatchesName">
+        <source>Possible addresses</source>
+        <extracomment>Spoken name of the table of candidates.</extracomment>
+        <translation>Direcciones posibles</translation>
+    </message>
+    <message id="SAlsoTwins" numerus="yes">
+        <source>Also for %n &amp;more addresses with this text</source>
+        <extracomment>Check box; the count is of the other addresses.</extracomment>
+        <translation>
+            <numerusform>Tam&amp;bién para otra dirección con este texto</numerusform>
+            <numerusform>Tam&amp;bién para otras %n direcciones con este texto</numerusform>
+        </translation>
+    </message>
+    <message id="SErrorHint">
+        <source>Correct the a&amp;ddress and check it again, or ignore it to leave it as it is.</source>
+        <translation>Corrija la &amp;dirección y compruébela de nuevo, o ignórela para dejarla como está.</translation>
+    </message>
+    <message id="SErrorHintService">
+        <source>The address itself was not judged. Check it again when the service answers, or ignore it.</source>
+        <translation>La &amp;dirección no se ha juzgado. Compruébela de nuevo cuando el servicio responda, o ignórela.</translation>
+    </message>
+    <message id="SErrorAddressName">
+        <source>Address to correct</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección por corregir</translation>
+    </message>
+    <message id="SAskingAgain">
+        <source>Checking the edited address…</source>
+        <translation>Comprobando la dirección editada…</translation>
+    </message>
+    <message id="SProgressName">
+        <source>Addresses checked</source>
+        <extracomment>Spoken name of the progress bar.</extracomment>
+        <translation>Direcciones comprobadas</translation>
+    </message>
+    <message id="SProgress">
+        <source>%@ of %@</source>
+        <extracomment>Addresses done, and all.</extracomment>
+        <translation>%@ de %@</translation>
+    </message>
+    <message id="SProgressTime">
+        <source>%@, %@</source>
+        <extracomment>Progress, and the time left.</extracomment>
+        <translation>%@, %@</translation>
+    </message>
+    <message id="SSecondsLeft" numerus="yes">
+        <source>about %n seconds left</source>
+        <translation>
+            <numerusform>queda %n segundo aproximadamente</numerusform>
+            <numerusform>quedan %n segundos aproximadamente</numerusform>
+        </translation>
+    </message>
+    <message id="SMinutesLeft" numerus="yes">
+        <source>about %n minutes left</source>
+        <translation>
+            <numerusform>queda %n minuto aproximadamente</numerusform>
+            <numerusform>quedan %n minutos aproximadamente</numerusform>
+        </translation>
+    </message>
+    <message id="SHoursLeft" numerus="yes">
+        <source>about %n hours left</source>
+        <translation>
+            <numerusform>queda %n hora aproximadamente</numerusform>
+            <numerusform>quedan %n horas aproximadamente</numerusform>
+        </translation>
+    </message>
+    <message id="SStopping">
+        <source>Stopping…</source>
+        <extracomment>While the window waits for the worker to end.</extracomment>
+        <translation>Deteniendo…</translation>
+    </message>
+    <message id="SAllRight" numerus="yes">
+        <source>All %n addresses are right; there is nothing to apply.</source>
+        <translation>
+            <numerusform>La dirección es correcta; no hay nada que aplicar.</numerusform>
+            <numerusform>Las %n direcciones son correctas; no hay nada que aplicar.</numerusform>
+        </translation>
+    </message>
+    <message id="SCorrected" numerus="yes">
+        <source>%n addresses were corrected.</source>
+        <translation>
+            <numerusform>Se corrigió %n dirección.</numerusform>
+            <numerusform>Se corrigieron %n direcciones.</numerusform>
+        </translation>
+    </message>
+    <message id="SRight" numerus="yes">
+        <source>%n were right.</source>
+        <translation>
+            <numerusform>%n era correcta.</numerusform>
+            <numerusform>%n eran correctas.</numerusform>
+        </translation>
+    </message>
+    <message id="SErrorsKept" numerus="yes">
+        <source>%n errors</source>
+        <extracomment>Part of SKept.</extracomment>
+        <translation>
+            <numerusform>%n error</numerusform>
+            <numerusform>%n errores</numerusform>
+        </translation>
+    </message>
+    <message id="SChoicesKept" numerus="yes">
+        <source>%n open choices</source>
+        <extracomment>Part of SKept.</extracomment>
+        <translation>
+            <numerusform>%n elección pendiente</numerusform>
+            <numerusform>%n elecciones pendientes</numerusform>
+        </translation>
+    </message>
+    <message id="SPendingKept" numerus="yes">
+        <source>%n addresses not checked</source>
+        <extracomment>Part of SKept.</extracomment>
+        <translation>
+            <numerusform>%n dirección sin comprobar</numerusform>
+            <numerusform>%n direcciones sin comprobar</numerusform>
+        </translation>
+    </message>
+    <message id="SAnd">
+        <source> and </source>
+        <extracomment>Between parts of SKept.</extracomment>
+        <translation> y </translation>
+    </message>
+    <message id="SKept">
+        <source>Left as they are: %@.</source>
+        <extracomment>What applying does not touch.</extracomment>
+        <translation>Quedan como están: %@.</translation>
+    </message>
+    <message id="SBlanked" numerus="yes">
+        <source>%n entries would be emptied.</source>
+        <translation>
+            <numerusform>%n entrada quedaría vacía.</numerusform>
+            <numerusform>%n entradas quedarían vacías.</numerusform>
+        </translation>
+    </message>
+    <message id="SNoNetwork">
+        <source>There is no network connection.</source>
+        <extracomment>First sentence of the banner.</extracomment>
+        <translation>No hay conexión de red.</translation>
+    </message>
+    <message id="SServiceDown">
+        <source>The address service does not answer.</source>
+        <extracomment>First sentence of the banner.</extracomment>
+        <translation>El servicio de direcciones no responde.</translation>
+    </message>
+    <message id="SNotChecked" numerus="yes">
+        <source>%n addresses could not be checked.</source>
+        <extracomment>Second sentence of the banner.</extracomment>
+        <translation>
+            <numerusform>No se pudo comprobar %n dirección.</numerusform>
+            <numerusform>No se pudieron comprobar %n direcciones.</numerusform>
+        </translation>
+    </message>
+    <message id="SNoAddresses">
+        <source>There are no addresses to check.</source>
+        <extracomment>Stands in place of an empty table.</extracomment>
+        <translation>No hay direcciones que comprobar.</translation>
+    </message>
+    <message id="SNoneShown">
+        <source>No address passes the filter.</source>
+        <extracomment>Stands in place of an empty table.</extracomment>
+        <translation>Ninguna dirección pasa el filtro.</translation>
+    </message>
+    <message id="SSpokenChanged">
+        <source>%@ changed to %@</source>
+        <extracomment>Spoken: a word and what it became.</extracomment>
+        <translation>%@ cambia a %@</translation>
+    </message>
+    <message id="SSpokenAdded">
+        <source>%@ added</source>
+        <extracomment>Spoken: new words.</extracomment>
+        <translation>se añade %@</translation>
+    </message>
+    <message id="SSpokenRemoved">
+        <source>%@ removed</source>
+        <extracomment>Spoken: words that are gone.</extracomment>
+        <translation>se quita %@</translation>
+    </message>
+    <message id="SDesignatorTitle">
+        <source>Choose One Address</source>
+        <extracomment>Title of the designation dialog.</extracomment>
+        <translation>Elegir una dirección</translation>
+    </message>
+    <message id="SDesignatorIntroduction">
+        <source>The postal service knows this address for several units. Which one is meant?</source>
+        <translation>El servicio postal conoce esta dirección para varias unidades. ¿Cuál es?</translation>
+    </message>
+    <message id="SDesignatorAddress">
+        <source>&amp;Address:</source>
+        <translation>&amp;Dirección:</translation>
+    </message>
+    <message id="SDesignatorAddressName">
+        <source>Address with the ranges it spans</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Dirección con los intervalos que abarca</translation>
+    </message>
+    <message id="SDesignatorNumber">
+        <source>House &amp;number, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest number.</extracomment>
+        <translation>&amp;Número de la casa, de %@ a %@:</translation>
+    </message>
+    <message id="SDesignatorNumberName">
+        <source>House number</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Número de la casa</translation>
+    </message>
+    <message id="SDesignatorCharacter">
+        <source>&amp;Last character of the unit, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest character.</extracomment>
+        <translation>Ú&amp;ltimo carácter de la unidad, de %@ a %@:</translation>
+    </message>
+    <message id="SDesignatorCharacterName">
+        <source>Last character of the unit</source>
+        <extracomment>Spoken name of a field.</extracomment>
+        <translation>Último carácter de la unidad</translation>
+    </message>
+    <message id="SDesignatorOK">
+        <source>&amp;OK</source>
+        <translation>&amp;Aceptar</translation>
+    </message>
+    <message id="SDesignatorOKName">
+        <source>OK</source>
+        <extracomment>Spoken name of a button.</extracomment>
+        <translation>Aceptar</translation>
+    </message>
+    <message id="SDesignatorCancel">
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
+    </message>
+    <message id="SDesignatorCancelName">
+        <source>Cancel</source>
+        <extracomment>Spoken name of a button.</extracomment>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+</TS>
