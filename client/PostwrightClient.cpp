@@ -1,5 +1,6 @@
 #include <postwright/PostwrightClient.h>
 
+#include <postwright/AbandonableServices.h>
 #include <postwright/Deployment.h>
 #include <postwright/FixedAddress.h>
 #include <postwright/NetworkReachability.h>
@@ -12,7 +13,6 @@
 #include "client/FixGate.h"
 #include "client/MixedCaseDictionary.h"
 #include "client/suite/StringHelpers.h"
-#include "platform/AbandonableServices.h"
 
 namespace postwright {
 

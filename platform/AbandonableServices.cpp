@@ -1,4 +1,4 @@
-#include "platform/AbandonableServices.h"
+#include <postwright/AbandonableServices.h>
 
 #include "platform/UrlFetch.h"
 

@@ -38,7 +38,9 @@ void Book::reset(const QList<Entry>& entries, QDate today) {
   emit wasReset();
 }
 
-Entry Book::makeEntry(const QString& label) { return {_nextId++, label, {}}; }
+Entry Book::makeEntry(const QString& label) {
+  return {_nextId++, label, {}};
+}
 
 void Book::insert(const QList<PlacedEntry>& placed) {
   QList<Entry> entries;

@@ -39,7 +39,9 @@ Check checkOf(const QSqlQuery& row) {
 }
 
 // A null string would be bound as NULL, which the columns do not take.
-QString bound(const QString& text) { return text.isNull() ? QStringLiteral("") : text; }
+QString bound(const QString& text) {
+  return text.isNull() ? QStringLiteral("") : text;
+}
 
 QVariantList cellsOf(const Entry& entry) {
   const Check& check = entry.check;
