@@ -8,6 +8,7 @@
 # for the next run, and said to be.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
+command -v clang-tidy > /dev/null || { echo "clang-tidy is not installed: ./test.sh does so"; exit 77; }
 build=$(realpath --relative-to=. "$1")
 deadline=$(($(date +%s) + $2))
 stamps=.cache/tidy  # for every build folder alike
