@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QStringList>
+#include <cmath>
 
 #include "client/LocalizedString.h"
 #include "client/suite/StringHelpers.h"
@@ -119,8 +120,8 @@ std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
     return std::nullopt;
   }
   const double each = static_cast<double>(elapsed.count()) / static_cast<double>(done);
-  const auto left = std::chrono::seconds(
-      static_cast<qint64>(each * static_cast<double>(total - done) / 1000.0 + 0.5));
+  const auto left =
+      std::chrono::seconds(std::llround(each * static_cast<double>(total - done) / 1000.0));
   return left < std::chrono::seconds(2) ? std::nullopt : std::optional(left);
 }
 

@@ -332,7 +332,7 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   if (match >= matches.size()) {
     return;  // the record has changed and the list of candidates not yet
   }
-  const PostwrightSelectorPointer candidate = matches.at(match);
+  const PostwrightSelectorPointer& candidate = matches.at(match);
   const bool forTwins = _window->_view.detail().isTwinsChecked();
   if (candidate->hasRange()) {
     AddressBookDesignatorController designator(candidate);

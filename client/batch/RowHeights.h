@@ -16,7 +16,7 @@ QFont tableFont();
 // costs one measurement for each number.
 class RowHeights {
  public:
-  explicit RowHeights(QFont font) : _font(std::move(font)) {}
+  explicit RowHeights(const QFont& font) : _font(font) {}
 
   int heightFor(const QString& text);
 
