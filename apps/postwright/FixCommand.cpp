@@ -1,10 +1,12 @@
 #include "apps/postwright/FixCommand.h"
 
+#include <postwright/PostwrightClient.h>
+
 #include <iostream>
+#include <map>
 
 #include "apps/VerifyServer.h"
-#include "apps/postwright/JsonRecord.h"
-#include "apps/postwright/LabelFix.h"
+#include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/LineFilter.h"
 #include "apps/postwright/Output.h"
@@ -14,59 +16,54 @@ namespace postwright {
 
 namespace {
 
-ExitStatus FixText(const std::string& file) {
-  const LabelFix fix = FixLabel(ReadLabelText(file));
-  if (!fix.failure.empty()) {
-    std::cerr << Utf8FromWide(fix.failure) << '\n';
+const std::map<std::string, Capitalization> kLetters = {
+    {"upper", CapitalizationUpper}, {"lower", CapitalizationLower}, {"mixed", CapitalizationMixed}};
+
+void ApplySettings(const FixOptions& options, PostwrightClient& client) {
+  client.setCapitalization(kLetters.at(options.letters));
+  client.setRemovePunctuation(!options.keepPunctuation);
+  client.setMixedCase(QString::fromStdString(options.mixedCase));
+}
+
+ExitStatus FixText(const std::string& file, PostwrightClient& client) {
+  const std::optional<QString> corrected =
+      client.fixAddressQuick(QString::fromStdWString(ReadLabelText(file)));
+  if (!corrected) {
+    std::cerr << client.lastResult().value_or(QString()).toStdString() << '\n';
     return kExitNotALabel;
   }
   Output output("");
-  output.Write(Utf8FromWide(fix.corrected) + "\n");
+  output.Write(corrected->toStdString() + "\n");
   output.Finish();
   return kExitDone;
 }
 
-// What became of a label, as in the records of a batch window.
-enum LabelStatus : int {
-  kLabelUnchanged = 0,
-  kLabelFixed = 1,
-  kLabelMultiple = 2,  // several candidates, which no reply of the service holds
-  kLabelError = 3
-};
+}  // namespace
 
-// A label whose corrected form says the same keeps the user's spelling.
-std::string FixLine(const LabelLine& label) {
-  LabelFix fix;
-  LabelStatus status = kLabelFixed;
-  if (label.problem.empty()) {
-    fix = FixLabel(label.address);
-  } else {
-    fix.failure = WideFromUtf8("The line " + label.problem);
-  }
-  if (!fix.failure.empty()) {
-    status = kLabelError;
-  } else if (IsAddressEqual(label.address, fix.corrected)) {
-    fix.corrected = label.address;
-    status = kLabelUnchanged;
-  }
-  JsonRecord record(label.id);
-  record.Add("address", label.address);
-  record.Add("fixed", fix.corrected);
-  record.Add("result", fix.failure);
-  record.Add("status", status);
-  return record.Line();
+std::string CheckLetters(const std::string& letters) {
+  return kLetters.contains(letters) ? "" : "'" + letters + "' is not upper, lower or mixed";
 }
 
-}  // namespace
+std::string CheckSpellings(const std::string& spellings) {
+  try {
+    WideFromUtf8(spellings);
+    return "";
+  } catch (const boost::locale::conv::conversion_error&) {
+    return "it is not valid UTF-8";  // nothing was begun, so no text is at stake
+  }
+}
 
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {
     UseServer(options.server);
   }
+  PostwrightClient client;
+  ApplySettings(options, client);
   if (!options.jsonl) {
-    return FixText(options.file);
+    return FixText(options.file, client);
   }
-  return FilterLines(options.file, options.output, Flushing::kEachRecord, FixLine);
+  return FilterLines(options.file, options.output, Flushing::kEachRecord,
+                     [&client](const LabelLine& label) { return FixRecord(client, label); });
 }
 
 }  // namespace postwright

@@ -40,9 +40,12 @@ input or output that cannot be read or written; 141 the reader of the output wen
 Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright parse)";
 
 constexpr const char* kFixUsage =
-    "postwright fix [--jsonl [--output FILE]] [--server HOST[:PORT]] [FILE]";
+    "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
+    "                      [--server HOST[:PORT]] [--jsonl [--output FILE]] [FILE]";
 constexpr const char* kFixFooter =
-    R"(Without --jsonl the corrected text is printed, or why there is none.
+    R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
+without punctuation unless asked for otherwise. Mixed case has a dictionary of its own for states,
+directions, names like McDonald and the like; the words of --mixed-case are spelt as given there.
 
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id". Each line of the output is an object with the keys address (the
@@ -105,6 +108,20 @@ Command AddFix(CLI::App& app, FixOptions& options) {
       ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
       ->type_name("HOST[:PORT]")
       ->check(CLI::Validator(CheckServer, ""));
+  parser
+      ->add_option("--case", options.letters,
+                   "The case of the corrected text: upper (unless given), lower or mixed")
+      ->type_name("CASE")
+      ->check(CLI::Validator(CheckLetters, ""));
+  parser
+      ->add_flag("--keep-punctuation", options.keepPunctuation,
+                 "Keep the punctuation of the corrected text, which is removed otherwise")
+      ->disable_flag_override();
+  parser
+      ->add_option("--mixed-case", options.mixedCase,
+                   "Words as they are to be spelt in mixed case: \"DeWitt;MacArthur\"")
+      ->type_name("WORDS")
+      ->check(CLI::Validator(CheckSpellings, ""));
   parser->footer(kFixFooter);
   return {parser, kFixUsage, [&options] { return RunFix(options); }};
 }

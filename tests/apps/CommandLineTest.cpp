@@ -130,6 +130,8 @@ TEST(CommandLineTest, ExplainsItself) {
           {"two files", "$postwright fix a b", 2, "", "not expected: b"},
           {"output of one label", "$postwright parse --output x", 2, "", "requires --jsonl"},
           {"server without port", "$postwright fix --server host:", 2, "", "is not HOST[:PORT]"},
+          {"no such case", "$postwright fix --case title", 2, "", "is not upper, lower or mixed"},
+          {"spellings not in UTF-8", "$postwright fix --mixed-case $'\\xE9'", 2, "", "not valid"},
           {"server with path", "$postwright fix --server host/x", 2, "", "is not HOST[:PORT]"},
           {"port too high", "$postwright fix --server [::1]:65536", 2, "", "is not HOST[:PORT]"},
       },
@@ -189,7 +191,19 @@ TEST(CommandLineTest, FixesWithTheService) {
   CheckCommands(
       {
           {"corrected", fix + " <<< $'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'", 0,
-           "JANE DOE\n12 N MAIN ST APT 4\nAUSTIN, TX 78701\n", ""},
+           "JANE DOE\n12 N MAIN ST APT 4\nAUSTIN TX 78701\n", ""},
+          {"lower case", fix + " --case lower <<< '12 N MAIN ST, AUSTIN TX 78701'", 0,
+           "12 n main st\naustin tx 78701\n", ""},
+          {"as a person writes it",
+           fix + " --case mixed --keep-punctuation --mixed-case 'DeWitt; McArthur' <<< "
+                 "'pat dewitt\n12 n main st, austin tx 78701'",
+           0, "Pat DeWitt\n12 N Main St\nAustin, TX 78701\n", ""},
+          {"the same of lines",
+           fix + " --jsonl --case mixed --keep-punctuation <<< '\"12 n main street, austin tx "
+                 "78701\"'",
+           0, R"("fixed":"12 N Main St\nAustin, TX 78701","result":"","status":1})", ""},
+          {"no network", "$postwright fix --server 255.255.255.255", 1, "",
+           "No internet connection available\n"},
           {"turned down", fix + " <<< 'ring twice'", 1, "", "Invalid Address\n"},
           {"no service", "$postwright fix --server 127.0.0.1:1", 1, "",
            "Request completed OK, but the server's reply is unexpected/wrong\n"},
@@ -198,7 +212,7 @@ TEST(CommandLineTest, FixesWithTheService) {
 "ring\ttwice"
 3')",
            1,
-           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN, TX 78701","result":"","status":1}
+           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","status":1}
 {"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","status":0}
 {"address":"ring\ttwice","fixed":"","result":"Invalid Address","status":3}
 {"address":"","fixed":"","result":"The line is not a JSON string","status":3}

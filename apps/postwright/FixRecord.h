@@ -1,0 +1,25 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_FIXRECORD_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_FIXRECORD_H_
+
+#include <postwright/PostwrightClient.h>
+
+#include <string>
+
+#include "apps/postwright/LabelLine.h"
+
+namespace postwright {
+
+// The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
+// status, which mean what they mean in the client's BatchResultRecord, behind the id where there
+// is one.
+
+// Fixes `label` through `client` and returns its record; of a line that is no label, without asking
+// anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
+std::string FixRecord(PostwrightClient& client, const LabelLine& label);
+
+// The record of a label whose fix failed as `result` says.
+std::string FailedRecord(const LabelLine& label, const std::string& result);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_FIXRECORD_H_
