@@ -8,9 +8,10 @@
 #include "apps/VerifyServer.h"
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelText.h"
-#include "apps/postwright/LineFilter.h"
-#include "apps/postwright/Output.h"
 #include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/LineFilter.h"
+#include "apps/postwright/stream/Output.h"
+#include "apps/postwright/stream/WorkerPool.h"
 
 namespace postwright {
 
@@ -38,6 +39,20 @@ ExitStatus FixText(const std::string& file, PostwrightClient& client) {
   return kExitDone;
 }
 
+ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
+  LineFilterOptions lines;
+  lines.input = options.file;
+  lines.output = options.output;
+  lines.resume = options.resume;
+  lines.jobs = options.jobs;
+  lines.progress = !options.quiet;
+  return FilterLines(
+      lines, [&client](const LabelLine& label) { return FixRecord(client, label); },
+      [](const LabelLine& label, const std::string& ending) {
+        return FailedRecord(label, "The worker process that was fixing this address " + ending);
+      });
+}
+
 }  // namespace
 
 std::string CheckLetters(const std::string& letters) {
@@ -53,6 +68,15 @@ std::string CheckSpellings(const std::string& spellings) {
   }
 }
 
+std::string CheckJobs(const std::string& jobs) {
+  const bool isNumber = !jobs.empty() && jobs.size() <= 3 &&
+                        jobs.find_first_not_of("0123456789") == std::string::npos;
+  const int number = isNumber ? std::stoi(jobs) : 0;
+  return number >= 1 && number <= WorkerPool::kLimit
+             ? ""
+             : "'" + jobs + "' is not a number from 1 to " + std::to_string(WorkerPool::kLimit);
+}
+
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {
     UseServer(options.server);
@@ -62,8 +86,7 @@ ExitStatus RunFix(const FixOptions& options) {
   if (!options.jsonl) {
     return FixText(options.file, client);
   }
-  return FilterLines(options.file, options.output, Flushing::kEachRecord,
-                     [&client](const LabelLine& label) { return FixRecord(client, label); });
+  return FixLines(options, client);
 }
 
 }  // namespace postwright

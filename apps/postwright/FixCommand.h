@@ -7,19 +7,25 @@
 
 namespace postwright {
 
+// Those of the second group go with jsonl.
 struct FixOptions {
   std::string file = "-";         // "-" is standard input
-  bool jsonl = false;             // a JSON line a label; else the whole input is one label
-  std::string output;             // "" is standard output; only with jsonl
   std::string server;             // HOST[:PORT]; "" is the build's own
   std::string letters = "upper";  // the case of corrected text: upper, lower or mixed
   bool keepPunctuation = false;
   std::string mixedCase;  // the user's spellings, separated by ";"
+  bool jsonl = false;     // a JSON line a label; else the whole input is one label
+
+  std::string output;  // "" is standard output
+  std::string resume;  // an earlier run's output to go on with; not with `output`
+  int jobs = 1;        // fixes under way at once
+  bool quiet = false;  // no progress
 };
 
-// What is wrong with the value of --case or of --mixed-case; the empty answer is consent.
+// What is wrong with the value of --case, --mixed-case or --jobs; the empty answer is consent.
 std::string CheckLetters(const std::string& letters);
 std::string CheckSpellings(const std::string& spellings);
+std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
 // returns kExitNotALabel where a line was no label or the fix of a plain text failed.

@@ -2,8 +2,8 @@
 
 #include <postwright/BatchResultRecord.h>
 
-#include "apps/postwright/JsonRecord.h"
 #include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/JsonRecord.h"
 
 namespace postwright {
 

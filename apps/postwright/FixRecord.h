@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "apps/postwright/LabelLine.h"
+#include "apps/postwright/stream/LabelLine.h"
 
 namespace postwright {
 

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include "apps/postwright/JsonRecord.h"
 #include "apps/postwright/LabelText.h"
-#include "apps/postwright/LineFilter.h"
-#include "apps/postwright/Output.h"
 #include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/JsonRecord.h"
+#include "apps/postwright/stream/LineFilter.h"
+#include "apps/postwright/stream/Output.h"
 
 namespace postwright {
 
@@ -94,7 +94,11 @@ ExitStatus RunParse(const ParseOptions& options) {
   if (!options.jsonl) {
     return ParseText(options.file);
   }
-  return FilterLines(options.file, options.output, Flushing::kWhenIdle, ParseLine);
+  LineFilterOptions lines;
+  lines.input = options.file;
+  lines.output = options.output;
+  lines.flushing = Flushing::kWhenIdle;
+  return FilterLines(lines, ParseLine);
 }
 
 }  // namespace postwright

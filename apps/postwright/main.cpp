@@ -41,7 +41,8 @@ Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright p
 
 constexpr const char* kFixUsage =
     "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
-    "                      [--server HOST[:PORT]] [--jsonl [--output FILE]] [FILE]";
+    "                      [--server HOST[:PORT]] [FILE]\n"
+    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 without punctuation unless asked for otherwise. Mixed case has a dictionary of its own for states,
@@ -50,14 +51,22 @@ directions, names like McDonald and the like; the words of --mixed-case are spel
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id". Each line of the output is an object with the keys address (the
 text as given), fixed (the text to use), result (why a fix failed) and status (0 unchanged, 1 fixed,
-3 failed), behind the id where one was given. Each is written as soon as it is known. A line that is
-no label or longer than 16 MiB is reported, and has status 3.
+2 several candidates, 3 failed), behind the id where one was given. Records come in the order of the
+lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
+is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
+
+A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
+or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
+be those of the same input, a half last line is dropped, and new records are added to FILE itself,
+which need not be there yet. What failed is not tried again.
+
+On a terminal, standard error shows how far the run has come, unless with --quiet.
 
 Exit status: 0 done, with --jsonl even where fixes failed; 1 the fix failed, or with --jsonl a line
 was no label; 2 wrong usage, or input or output that cannot be read or written; 141 the reader of
 the output went away.
 
-Example: postwright fix --jsonl --output fixed.jsonl labels.jsonl)";
+Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
 
 // A standard stream that came closed must not be taken by the next file opened. It is opened the
 // wrong way round, so that its use is still an error.
@@ -70,20 +79,27 @@ void OccupyStandardStreams() {
 }
 
 // The options that both subcommands have.
+struct Streams {
+  CLI::Option* lines;
+  CLI::Option* output;
+};
+
 template <typename Options>
-void AddStreams(CLI::App* parser, Options& options) {
+Streams AddStreams(CLI::App* parser, Options& options) {
   parser->set_version_flag("--version", kVersion, "Print the version and exit");
   parser->set_help_flag("-h,--help", "Print this help and exit");
   CLI::Option* const lines =
       parser->add_flag("--jsonl", options.jsonl, "Read a label a line, write a record a line")
           ->disable_flag_override();
-  parser
-      ->add_option("--output", options.output,
-                   "Write the records to this file, which appears whole or not at all")
-      ->type_name("FILE")
-      ->needs(lines);
+  CLI::Option* const output =
+      parser
+          ->add_option("--output", options.output,
+                       "Write the records to this file, which appears whole or not at all")
+          ->type_name("FILE")
+          ->needs(lines);
   parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
       ->type_name("");
+  return {lines, output};
 }
 
 struct Command {
@@ -100,14 +116,7 @@ Command AddParse(CLI::App& app, ParseOptions& options) {
   return {parser, kParseUsage, [&options] { return RunParse(options); }};
 }
 
-Command AddFix(CLI::App& app, FixOptions& options) {
-  CLI::App* const parser =
-      app.add_subcommand("fix", "Correct the address in a label with a Verify service");
-  AddStreams(parser, options);
-  parser
-      ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
-      ->type_name("HOST[:PORT]")
-      ->check(CLI::Validator(CheckServer, ""));
+void AddFixSettings(CLI::App* parser, FixOptions& options) {
   parser
       ->add_option("--case", options.letters,
                    "The case of the corrected text: upper (unless given), lower or mixed")
@@ -122,6 +131,33 @@ Command AddFix(CLI::App& app, FixOptions& options) {
                    "Words as they are to be spelt in mixed case: \"DeWitt;MacArthur\"")
       ->type_name("WORDS")
       ->check(CLI::Validator(CheckSpellings, ""));
+  parser
+      ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
+      ->type_name("HOST[:PORT]")
+      ->check(CLI::Validator(CheckServer, ""));
+}
+
+void AddFixStream(CLI::App* parser, FixOptions& options, const Streams& streams) {
+  parser
+      ->add_option("--resume", options.resume,
+                   "Go on with the file of records that an interrupted run left")
+      ->type_name("FILE")
+      ->needs(streams.lines)
+      ->excludes(streams.output);
+  parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
+      ->type_name("N")
+      ->needs(streams.lines)
+      ->check(CLI::Validator(CheckJobs, ""));
+  parser->add_flag("--quiet", options.quiet, "Show no progress on a terminal")
+      ->disable_flag_override();
+}
+
+Command AddFix(CLI::App& app, FixOptions& options) {
+  CLI::App* const parser =
+      app.add_subcommand("fix", "Correct the address in a label with a Verify service");
+  const Streams streams = AddStreams(parser, options);
+  AddFixSettings(parser, options);
+  AddFixStream(parser, options, streams);
   parser->footer(kFixFooter);
   return {parser, kFixUsage, [&options] { return RunFix(options); }};
 }

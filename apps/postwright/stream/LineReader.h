@@ -1,7 +1,8 @@
-#ifndef POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_
-#define POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LINEREADER_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LINEREADER_H_
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,10 @@ class LineReader {
 
   // Opens the file `name`; "-" is standard input. Throws Failure where it cannot be opened.
   explicit LineReader(const std::string& name);
+
+  // Reads the open file `descriptor`, which stays the caller's; `name` is for messages.
+  LineReader(int descriptor, std::string name);
+
   ~LineReader();
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
@@ -42,33 +47,48 @@ class LineReader {
   // Whether the line had more than kLimit bytes: it was passed over, and never held whole.
   bool IsTooLong() const { return isTooLong_; }
 
+  // Whether it ended in a line feed; only the last line may not.
+  bool IsWhole() const { return isWhole_; }
+
   // Its number, from 1.
   std::size_t Number() const { return number_; }
 
   // Whether Next will return without waiting for input.
   bool IsLineAtHand() const;
 
+  // For a caller that waits for several things at once: where the input comes from, and one read
+  // of it, which does not wait once the system finds the descriptor readable.
+  int Descriptor() const { return descriptor_; }
+  void ReadSome();
+
+  // How many lines there are from here to the end, before the first was read; nothing where the
+  // input is no plain file and so cannot be read twice.
+  std::optional<std::size_t> CountLinesAhead() const;
+
   // Reads everything up to the end as one text; Failure where it has more than kLimit bytes.
   std::string ReadAll();
 
  private:
   bool Fill();
-  void TakeLine(std::size_t length, std::size_t terminator);
+  void TakeLine(std::size_t length, bool isWhole);
   void DropMark();
 
   std::string name_;
   int descriptor_;
+  bool isOwned_;
   std::vector<char> buffer_;
   std::size_t begin_ = 0;    // the first byte not handed out
   std::size_t scanned_ = 0;  // no line feed stands in [begin_, scanned_)
   std::size_t end_ = 0;      // behind the last byte read
   bool isStarted_ = false;
   bool isEnded_ = false;
+  bool isPassingOver_ = false;  // what was read of the coming line is beyond the limit, and gone
   bool isTooLong_ = false;
+  bool isWhole_ = false;
   std::size_t number_ = 0;
   std::string_view line_;
 };
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_POSTWRIGHT_LINEREADER_H_
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LINEREADER_H_

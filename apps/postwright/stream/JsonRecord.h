@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_
-#define POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_JSONRECORD_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_JSONRECORD_H_
 
 #include <string>
 #include <string_view>
@@ -33,6 +33,11 @@ class JsonRecord {
   std::string line_;
 };
 
+// The number, 0 to 3, that `line` (with or without its line feed) ends with as the member
+// "status"; -1 where it does not. Text inside a JSON string cannot look like one: its quotation
+// marks are escaped.
+int StatusOfRecord(std::string_view line);
+
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_POSTWRIGHT_JSONRECORD_H_
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_JSONRECORD_H_

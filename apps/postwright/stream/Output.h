@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
-#define POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_OUTPUT_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_OUTPUT_H_
 
 #include <string>
 #include <string_view>
@@ -17,12 +17,16 @@ namespace postwright {
 // SIGINT, SIGTERM, SIGHUP) what was written is removed and the older file stands as it was.
 //
 // Every operation throws Failure where the system cannot write, and ClosedPipe where nobody reads
-// any more (SIGPIPE must be ignored). At most one Output to a file in a process: it owns the
-// handling of the three signals.
+// any more (SIGPIPE must be ignored). At most one Output to a file in a process.
 class Output {
  public:
   // Throws Failure where the file cannot be created, or where `path` is there and no plain file.
   explicit Output(const std::string& path);
+
+  // Writes on at the end of an open file, which keeps what it has been given whatever happens.
+  // `descriptor` stays the caller's; `name` is for messages.
+  Output(int descriptor, const std::string& name);
+
   ~Output();
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
@@ -48,4 +52,4 @@ class Output {
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_POSTWRIGHT_OUTPUT_H_
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_OUTPUT_H_

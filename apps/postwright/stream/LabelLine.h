@@ -1,11 +1,11 @@
-#ifndef POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
-#define POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LABELLINE_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LABELLINE_H_
 
 #include <memory>
 #include <string>
 #include <string_view>
 
-#include "apps/postwright/LineReader.h"
+#include "apps/postwright/stream/LineReader.h"
 
 namespace postwright {
 
@@ -36,4 +36,4 @@ class LabelLineParser {
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_POSTWRIGHT_LABELLINE_H_
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LABELLINE_H_

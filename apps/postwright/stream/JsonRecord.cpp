@@ -1,4 +1,4 @@
-#include "apps/postwright/JsonRecord.h"
+#include "apps/postwright/stream/JsonRecord.h"
 
 #include <boost/locale/utf.hpp>
 #include <iterator>
@@ -81,6 +81,19 @@ void JsonRecord::AddKey(std::string_view key) {
   line_ += line_.size() > 1 ? ",\"" : "\"";
   line_ += key;
   line_ += "\":";
+}
+
+int StatusOfRecord(std::string_view line) {
+  constexpr std::string_view kStart = ",\"status\":";
+  if (line.ends_with('\n')) {
+    line.remove_suffix(1);
+  }
+  if (line.size() < kStart.size() + 2 || !line.ends_with('}')) {
+    return -1;
+  }
+  const char digit = line[line.size() - 2];
+  line.remove_suffix(2);
+  return line.ends_with(kStart) && digit >= '0' && digit <= '3' ? digit - '0' : -1;
 }
 
 }  // namespace postwright

@@ -1,4 +1,4 @@
-#include "apps/postwright/LabelLine.h"
+#include "apps/postwright/stream/LabelLine.h"
 
 #include <simdjson.h>
 

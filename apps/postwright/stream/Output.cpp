@@ -1,4 +1,4 @@
-#include "apps/postwright/Output.h"
+#include "apps/postwright/stream/Output.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -6,38 +6,24 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/EndingSignals.h"
 
 namespace postwright {
 
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} << 10U;
-constexpr int kEndingSignals[] = {SIGHUP, SIGINT, SIGTERM};
-
 // The unfinished file, for the signal handler; null while there is none.
 const char* volatile gUnfinished = nullptr;
 
-void RemoveUnfinished(int signal) {
+void RemoveUnfinished() {
   if (gUnfinished != nullptr) {
     unlink(gUnfinished);
-  }
-  std::signal(signal, SIG_DFL);
-  raise(signal);
-}
-
-// A signal that is ignored, as nohup has it, stays ignored.
-void CatchEndingSignals() {
-  for (const int signal : kEndingSignals) {
-    struct sigaction present {};
-    if (sigaction(signal, nullptr, &present) == 0 && present.sa_handler != SIG_IGN) {
-      std::signal(signal, RemoveUnfinished);
-    }
   }
 }
 
@@ -59,6 +45,8 @@ Output::Output(const std::string& path) : path_(path), descriptor_(STDOUT_FILENO
     CreateBeside();
   }
 }
+
+Output::Output(int descriptor, const std::string& name) : path_(name), descriptor_(descriptor) {}
 
 Output::~Output() {
   if (!temporary_.empty()) {
@@ -84,7 +72,7 @@ void Output::CreateBeside() {
   }
   temporary_ = name;
   gUnfinished = temporary_.c_str();
-  CatchEndingSignals();
+  BeforeEndingBySignal(RemoveUnfinished);
   fchmod(descriptor_, ModeFor(path_));  // where the file system knows no modes, as it is
 }
 
@@ -113,6 +101,9 @@ void Output::Flush() {
 void Output::Finish() {
   Flush();
   if (temporary_.empty()) {
+    if (!path_.empty() && fsync(descriptor_) == -1) {
+      Fail("write");
+    }
     return;
   }
   if (fsync(descriptor_) == -1 || rename(temporary_.c_str(), path_.c_str()) == -1) {

@@ -1,8 +1,10 @@
-#include "apps/postwright/LineReader.h"
+#include "apps/postwright/stream/LineReader.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -33,50 +35,76 @@ int Open(const std::string& name) {
 LineReader::LineReader(const std::string& name)
     : name_(name == "-" ? "standard input" : name),
       descriptor_(name == "-" ? STDIN_FILENO : Open(name)),
+      isOwned_(name != "-"),
+      buffer_(kBlock + kPadding) {}
+
+LineReader::LineReader(int descriptor, std::string name)
+    : name_(std::move(name)),
+      descriptor_(descriptor),
+      isOwned_(false),
       buffer_(kBlock + kPadding) {}
 
 LineReader::~LineReader() {
-  if (descriptor_ != STDIN_FILENO) {
+  if (isOwned_) {
     close(descriptor_);
   }
 }
 
 bool LineReader::Next() {
-  isTooLong_ = false;
-  for (;;) {
-    const void* const feed = std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_);
-    if (feed != nullptr) {
-      TakeLine(static_cast<const char*>(feed) - (buffer_.data() + begin_), 1);
-      return true;
-    }
-    scanned_ = end_;
-    if (end_ - begin_ > kLimit) {
-      isTooLong_ = true;
-    }
-    if (isTooLong_) {
-      begin_ = scanned_ = end_ = 0;
-    }
-    if (!Fill()) {
-      break;
-    }
+  while (!IsLineAtHand()) {
+    ReadSome();
   }
-  if (begin_ == end_ && !isTooLong_) {
+  const void* const feed = std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_);
+  if (feed != nullptr) {
+    TakeLine(static_cast<const char*>(feed) - (buffer_.data() + begin_), true);
+    return true;
+  }
+  if (begin_ == end_ && !isPassingOver_) {
     return false;
   }
-  TakeLine(end_ - begin_, 0);
+  TakeLine(end_ - begin_, false);
   return true;
 }
 
-void LineReader::TakeLine(std::size_t length, std::size_t terminator) {
-  isTooLong_ = isTooLong_ || length > kLimit;
+void LineReader::TakeLine(std::size_t length, bool isWhole) {
+  isTooLong_ = isPassingOver_ || length > kLimit;
+  isPassingOver_ = false;
+  isWhole_ = isWhole;
   line_ = std::string_view(buffer_.data() + begin_, isTooLong_ ? 0 : length);
-  begin_ += length + terminator;
+  begin_ += length + (isWhole ? 1 : 0);
   scanned_ = begin_;
   ++number_;
 }
 
 bool LineReader::IsLineAtHand() const {
-  return isEnded_ || std::memchr(buffer_.data() + begin_, '\n', end_ - begin_) != nullptr;
+  return isEnded_ || std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_) != nullptr;
+}
+
+void LineReader::ReadSome() {
+  scanned_ = end_;
+  if (end_ - begin_ > kLimit) {
+    isPassingOver_ = true;
+    begin_ = scanned_ = end_ = 0;
+  }
+  Fill();
+}
+
+std::optional<std::size_t> LineReader::CountLinesAhead() const {
+  struct stat file {};
+  off_t offset = lseek(descriptor_, 0, SEEK_CUR);
+  if (fstat(descriptor_, &file) == -1 || !S_ISREG(file.st_mode) || offset == -1) {
+    return std::nullopt;
+  }
+  std::vector<char> block(kBlock);
+  std::size_t lines = 0;
+  char last = '\n';
+  ssize_t count = 0;
+  while ((count = pread(descriptor_, block.data(), block.size(), offset)) > 0) {
+    lines += std::count(block.begin(), block.begin() + count, '\n');
+    last = block[count - 1];
+    offset += count;
+  }
+  return lines + (last == '\n' ? 0 : 1);
 }
 
 std::string LineReader::ReadAll() {

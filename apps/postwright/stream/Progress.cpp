@@ -1,0 +1,121 @@
+#include "apps/postwright/stream/Progress.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <csignal>
+#include <iostream>
+
+#include "apps/postwright/stream/EndingSignals.h"
+#include "apps/postwright/stream/JsonRecord.h"
+
+namespace postwright {
+
+namespace {
+
+constexpr std::string_view kEraseLine = "\r\033[K";
+constexpr std::chrono::seconds kBeforeEstimate{2};
+
+// Whether the cursor stands behind the line, for the signal handler.
+volatile std::sig_atomic_t gIsDrawn = 0;
+
+void EndLine() {
+  if (gIsDrawn != 0) {
+    [[maybe_unused]] const ssize_t count = write(STDERR_FILENO, "\n", 1);
+  }
+}
+
+// A line that the terminal wraps could not be written over.
+std::size_t TerminalWidth() {
+  winsize size{};
+  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1 ? size.ws_col - 1 : 79;
+}
+
+}  // namespace
+
+Progress::Progress(bool isWanted)
+    : isShown_(isWanted && isatty(STDERR_FILENO) == 1),
+      sharesTerminal_(isShown_ && isatty(STDOUT_FILENO) == 1) {
+  if (isShown_) {
+    BeforeEndingBySignal(EndLine);
+  }
+}
+
+Progress::~Progress() {
+  EndLine();
+  gIsDrawn = 0;
+}
+
+void Progress::Begin(std::optional<std::size_t> total) {
+  total_ = total;
+  begun_ = Clock::now();
+  if (isShown_) {
+    Draw();
+  }
+}
+
+void Progress::Count(std::string_view record, bool isEarlier) {
+  const int status = StatusOfRecord(record);
+  ++(status == 0 ? unchanged_ : status == 1 ? fixed_ : turnedDown_);
+  earlier_ += isEarlier ? 1 : 0;
+  Refresh();
+}
+
+void Progress::Refresh() {
+  if (isShown_ && (gIsDrawn == 0 || Clock::now() - drawn_ >= kPeriod)) {
+    Draw();
+  }
+}
+
+void Progress::MakeWay() {
+  if (sharesTerminal_ && gIsDrawn != 0) {
+    std::cerr << kEraseLine;
+    gIsDrawn = 0;
+  }
+}
+
+void Progress::Say(const std::string& message) {
+  if (gIsDrawn != 0) {
+    std::cerr << kEraseLine;
+    gIsDrawn = 0;
+  }
+  std::cerr << "postwright: " << message << '\n';
+}
+
+void Progress::Finish() {
+  if (isShown_) {
+    total_.reset();
+    Draw();
+    EndLine();
+    gIsDrawn = 0;
+    isShown_ = false;
+  }
+}
+
+void Progress::Draw() {
+  std::cerr << kEraseLine << Line().substr(0, TerminalWidth()) << std::flush;
+  gIsDrawn = 1;
+  drawn_ = Clock::now();
+}
+
+std::string Progress::Line() const {
+  const std::size_t done = fixed_ + unchanged_ + turnedDown_;
+  return std::to_string(done) + (total_ ? " of " + std::to_string(*total_) : " done") + ": " +
+         std::to_string(fixed_) + " fixed, " + std::to_string(unchanged_) + " unchanged, " +
+         std::to_string(turnedDown_) + " turned down" + TimeLeft();
+}
+
+std::string Progress::TimeLeft() const {
+  const std::size_t done = fixed_ + unchanged_ + turnedDown_;
+  const Clock::duration time = Clock::now() - begun_;
+  if (!total_ || done == earlier_ || done >= *total_ || time < kBeforeEstimate) {
+    return "";
+  }
+  const double minutes = std::chrono::duration<double, std::ratio<60>>(time).count();
+  const double speed = static_cast<double>(done - earlier_) / minutes;
+  const double left = std::ceil(static_cast<double>(*total_ - done) / speed);
+  return ", about " + std::to_string(std::lround(left)) + " min left";
+}
+
+}  // namespace postwright

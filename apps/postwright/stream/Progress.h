@@ -1,0 +1,73 @@
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_PROGRESS_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_PROGRESS_H_
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// How far a stream of fixes has come, in one line on standard error that is written again and
+// again, where that is a terminal; and the messages that must not run into that line.
+//
+//   Progress progress(!options.quiet);
+//   progress.Begin(reader.CountLinesAhead());
+//   progress.Count(record);  // "7 of 90: 5 fixed, 1 unchanged, 1 turned down, about 2 min left"
+//   progress.Finish();
+//
+// Without Finish the line is ended where it stands, by the destructor or a signal.
+class Progress {
+ public:
+  // How often the line is brought up to date at most, for callers that wait.
+  static constexpr std::chrono::milliseconds kPeriod{200};
+
+  explicit Progress(bool isWanted);
+  ~Progress();
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  // Whether there is a line at all.
+  bool IsShown() const { return isShown_; }
+
+  // The work begins, of `total` labels where that is known.
+  void Begin(std::optional<std::size_t> total);
+
+  // Counts a record by its status; an `earlier` one was there before this run, and says nothing of
+  // how fast it is.
+  void Count(std::string_view record, bool isEarlier = false);
+
+  // Brings the line up to date where it is old enough.
+  void Refresh();
+
+  // Takes the line away before records go to standard output, where that is the same terminal.
+  void MakeWay();
+
+  // Writes "postwright: " and `message` on a line of its own, with or without a terminal.
+  void Say(const std::string& message);
+
+  // The last state stays to be read.
+  void Finish();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void Draw();
+  std::string Line() const;
+  std::string TimeLeft() const;
+
+  bool isShown_;
+  bool sharesTerminal_;
+  std::optional<std::size_t> total_;
+  std::size_t fixed_ = 0;
+  std::size_t unchanged_ = 0;
+  std::size_t turnedDown_ = 0;
+  std::size_t earlier_ = 0;
+  Clock::time_point begun_;
+  Clock::time_point drawn_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_PROGRESS_H_
