@@ -17,6 +17,7 @@ void PassOver(EarlierRecords& earlier, LabelSource& labels, Progress& progress) 
   while (earlier.Next()) {
     earlier.Check(labels.Next() ? &labels.Label() : nullptr);
     progress.Count(earlier.Line(), true);
+    progress.Refresh();
   }
 }
 
@@ -30,6 +31,7 @@ void FilterHere(LabelSource& labels, Flushing flushing, const LineAnswer& answer
       output.Flush();
     }
     progress.Count(record);
+    progress.Refresh();
   }
 }
 

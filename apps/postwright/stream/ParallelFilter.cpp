@@ -76,7 +76,6 @@ void ParallelFilter::WriteKnown() {
   if (entries_.empty() || entries_.front().record.empty()) {
     return;
   }
-  progress_.MakeWay();
   while (!entries_.empty() && !entries_.front().record.empty()) {
     const Entry& entry = entries_.front();
     output_.Write(entry.record);
@@ -85,7 +84,9 @@ void ParallelFilter::WriteKnown() {
     entries_.pop_front();
     ++first_;
   }
+  progress_.MakeWay();
   output_.Flush();
+  progress_.Refresh();
 }
 
 }  // namespace postwright

@@ -59,7 +59,6 @@ void Progress::Count(std::string_view record, bool isEarlier) {
   const int status = StatusOfRecord(record);
   ++(status == 0 ? unchanged_ : status == 1 ? fixed_ : turnedDown_);
   earlier_ += isEarlier ? 1 : 0;
-  Refresh();
 }
 
 void Progress::Refresh() {
@@ -85,7 +84,9 @@ void Progress::Say(const std::string& message) {
 
 void Progress::Finish() {
   if (isShown_) {
-    total_.reset();
+    if (total_) {
+      total_ = Done();  // the input may have grown or shrunk since it was counted
+    }
     Draw();
     EndLine();
     gIsDrawn = 0;
@@ -100,22 +101,22 @@ void Progress::Draw() {
 }
 
 std::string Progress::Line() const {
-  const std::size_t done = fixed_ + unchanged_ + turnedDown_;
-  return std::to_string(done) + (total_ ? " of " + std::to_string(*total_) : " done") + ": " +
+  return std::to_string(Done()) + (total_ ? " of " + std::to_string(*total_) : " done") + ": " +
          std::to_string(fixed_) + " fixed, " + std::to_string(unchanged_) + " unchanged, " +
          std::to_string(turnedDown_) + " turned down" + TimeLeft();
 }
 
 std::string Progress::TimeLeft() const {
-  const std::size_t done = fixed_ + unchanged_ + turnedDown_;
+  const std::size_t done = Done();
   const Clock::duration time = Clock::now() - begun_;
   if (!total_ || done == earlier_ || done >= *total_ || time < kBeforeEstimate) {
     return "";
   }
   const double minutes = std::chrono::duration<double, std::ratio<60>>(time).count();
   const double speed = static_cast<double>(done - earlier_) / minutes;
-  const double left = std::ceil(static_cast<double>(*total_ - done) / speed);
-  return ", about " + std::to_string(std::lround(left)) + " min left";
+  const double left = static_cast<double>(*total_ - done) / speed;
+  return left < 1 ? ", less than a minute left"
+                  : ", about " + std::to_string(std::lround(left)) + " min left";
 }
 
 }  // namespace postwright

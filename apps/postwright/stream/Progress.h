@@ -14,7 +14,8 @@ namespace postwright {
 //
 //   Progress progress(!options.quiet);
 //   progress.Begin(reader.CountLinesAhead());
-//   progress.Count(record);  // "7 of 90: 5 fixed, 1 unchanged, 1 turned down, about 2 min left"
+//   progress.Count(record);
+//   progress.Refresh();  // "7 of 90: 5 fixed, 1 unchanged, 1 turned down, about 2 min left"
 //   progress.Finish();
 //
 // Without Finish the line is ended where it stands, by the destructor or a signal.
@@ -34,8 +35,8 @@ class Progress {
   // The work begins, of `total` labels where that is known.
   void Begin(std::optional<std::size_t> total);
 
-  // Counts a record by its status; an `earlier` one was there before this run, and says nothing of
-  // how fast it is.
+  // Counts a record by its status, to be shown with the next Refresh; an `earlier` one was there
+  // before this run, and says nothing of how fast it is.
   void Count(std::string_view record, bool isEarlier = false);
 
   // Brings the line up to date where it is old enough.
@@ -53,6 +54,7 @@ class Progress {
  private:
   using Clock = std::chrono::steady_clock;
 
+  std::size_t Done() const { return fixed_ + unchanged_ + turnedDown_; }
   void Draw();
   std::string Line() const;
   std::string TimeLeft() const;
