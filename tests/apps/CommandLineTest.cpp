@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
+#include "tests/apps/CommandRows.h"
 #include "tests/apps/ProgramRun.h"
 #include "tests/support/LoopbackServer.h"
 
@@ -94,26 +94,6 @@ TEST(ParseLinesTest, AnswersEveryLine) {
   }
 }
 
-struct CommandRow {
-  const char* name;
-  std::string command;
-  int status;
-  std::string output;  // a piece of each; "" for silence
-  std::string errors;
-};
-
-void CheckCommands(const std::vector<CommandRow>& rows, const ScratchFolder& folder) {
-  for (const CommandRow& row : rows) {
-    SCOPED_TRACE(row.name);
-    const ProgramRun run = RunCommand(row.command, "1 a st\nAustin TX 78701\n", folder);
-    EXPECT_EQ(run.status, row.status);
-    EXPECT_EQ(run.output.empty(), row.output.empty()) << run.output;
-    EXPECT_NE(run.output.find(row.output), std::string::npos) << run.output;
-    EXPECT_EQ(run.errors.empty(), row.errors.empty()) << run.errors;
-    EXPECT_NE(run.errors.find(row.errors), std::string::npos) << run.errors;
-  }
-}
-
 TEST(CommandLineTest, ExplainsItself) {
   CheckCommands(
       {
@@ -132,6 +112,11 @@ TEST(CommandLineTest, ExplainsItself) {
           {"server without port", "$postwright fix --server host:", 2, "", "is not HOST[:PORT]"},
           {"no such case", "$postwright fix --case title", 2, "", "is not upper, lower or mixed"},
           {"spellings not in UTF-8", "$postwright fix --mixed-case $'\\xE9'", 2, "", "not valid"},
+          {"no jobs", "$postwright fix --jsonl --jobs 0", 2, "",
+           "'0' is not a number from 1 to 256"},
+          {"half a job", "$postwright fix --jsonl --jobs 1.5", 2, "", "is not a number from 1"},
+          {"jobs for one label", "$postwright fix --jobs 2", 2, "", "requires --jsonl"},
+          {"two outputs", "$postwright fix --jsonl --resume a --output b", 2, "", "excludes"},
           {"server with path", "$postwright fix --server host/x", 2, "", "is not HOST[:PORT]"},
           {"port too high", "$postwright fix --server [::1]:65536", 2, "", "is not HOST[:PORT]"},
       },

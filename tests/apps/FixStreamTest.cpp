@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <regex>
+#include <string>
+#include <thread>
+
+#include "tests/apps/CommandRows.h"
+#include "tests/apps/ProgramRun.h"
+#include "tests/support/LoopbackServer.h"
+
+namespace postwright {
+
+namespace {
+
+constexpr int kSilentNumber = 999;
+
+// Answers "N main street" with "N MAIN ST", sooner or later as N has it; never where N is silent.
+LoopbackServer::Answer AnswerUnevenly(const std::string& request) {
+  std::smatch found;
+  if (!std::regex_search(request, found, std::regex("([0-9]+)(%20|\\+| )MAIN"))) {
+    return LoopbackServer::Page("<R/>");
+  }
+  const int number = std::stoi(found[1]);
+  if (number == kSilentNumber) {
+    return {""};
+  }
+  std::this_thread::sleep_for(std::chrono::milliseconds(number * 7 % 5 * 10));
+  return LoopbackServer::Page("<R><Address><Address2>" + found[1].str() +
+                              " MAIN ST</Address2><City>AUSTIN</City><State>TX</State>"
+                              "<Zip5>78701</Zip5></Address></R>");
+}
+
+std::string Label(int number) {
+  return std::to_string(number) + " main street, austin tx 78701";
+}
+
+std::string LabelLine(int number) {
+  return R"({"id":)" + std::to_string(number) + R"(,"address":")" + Label(number) + "\"}\n";
+}
+
+std::string Record(int number) {
+  return R"({"id":)" + std::to_string(number) + R"(,"address":")" + Label(number) +
+         R"(","fixed":")" + std::to_string(number) +
+         R"( MAIN ST\nAUSTIN TX 78701","result":"","status":1})" + "\n";
+}
+
+// The lines from 1 to `count`, as `line` makes them.
+std::string Lines(int count, std::string (*line)(int)) {
+  std::string lines;
+  for (int number = 1; number <= count; ++number) {
+    lines += line(number);
+  }
+  return lines;
+}
+
+class FixStreamTest : public testing::Test {
+ protected:
+  const LoopbackServer server_{AnswerUnevenly};
+  const ScratchFolder folder_;
+  const std::string there_ = "cd $folder; ";
+  const std::string fix_ = "$postwright fix --jsonl --server " + server_.GetEndpoint();
+};
+
+TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
+  const std::string input = Lines(40, LabelLine) + "3\n" + LabelLine(41);
+  const std::string records =
+      Lines(40, Record) +
+      R"({"address":"","fixed":"","result":"The line is not a JSON string","status":3})" + "\n" +
+      Record(41);
+  for (const char* jobs : {"1", "2", "7", "64"}) {
+    SCOPED_TRACE(jobs);
+    const ProgramRun run = RunCommand(fix_ + " --jobs " + jobs, input, folder_);
+    EXPECT_EQ(run.output, records);
+    EXPECT_EQ(run.errors,
+              "postwright: line 41 is not a JSON string; an empty record stands in its place\n");
+    EXPECT_EQ(run.status, 1);
+  }
+}
+
+// A silent label holds up what stands behind it, and nothing that stands before it. A killed
+// process leaves no worker that runs on.
+TEST_F(FixStreamTest, EndsWithItsWorkers) {
+  WriteFile(folder_.File("labels"), LabelLine(1) + LabelLine(kSilentNumber) + LabelLine(2));
+  WriteFile(folder_.File("many"), Lines(300, LabelLine));
+  WriteFile(folder_.File("kept"), "as it was\n");
+  const std::string run = there_ + fix_ +
+                          " --jobs 3 labels > out & "
+                          "until [ -s out ]; do sleep 0.02; done; ";
+  const std::string left = "; pgrep -f --runstates R,S,D 'server " + server_.GetEndpoint() + "'";
+  CheckCommands(
+      {
+          {"ended", run + "kill $!; wait $!; echo $?; cat out" + left, 1, "143\n" + Record(1), ""},
+          {"killed", run + "kill -9 $!; wait $! 2>&-; echo $?; sleep 0.5" + left, 1, "137\n", ""},
+          {"file as it was",
+           there_ + fix_ +
+               " --jobs 3 --output kept labels & sleep 0.3; kill $!; wait $!; "
+               "cat kept; ls | wc -l" +
+               left,
+           1, "as it was\n4\n", ""},
+          {"reader gone",
+           there_ + fix_ + " --jobs 3 many | head -n 1; echo ${PIPESTATUS[0]}" + left, 1,
+           Record(1) + "141\n", ""},
+      },
+      folder_);
+}
+
+// Both workers are killed, one of them over the silent label; the third label has a new one.
+TEST_F(FixStreamTest, ReplacesADeadWorker) {
+  WriteFile(folder_.File("labels"), LabelLine(1) + LabelLine(kSilentNumber));
+  WriteFile(folder_.File("more"), LabelLine(2));
+  CheckCommands({{"killed",
+                  there_ + "coproc " + fix_ +
+                      " --jobs 2; input=${COPROC[1]}; cat labels >&$input; "
+                      "read -r -t 30 -u ${COPROC[0]} one; pkill -9 -P $COPROC_PID; "
+                      "read -r -t 30 -u ${COPROC[0]} two; cat more >&$input; "
+                      "read -r -t 30 -u ${COPROC[0]} three; exec {input}>&-; "
+                      "echo \"$two\"; echo \"$three\"",
+                  0,
+                  R"({"id":999,"address":"999 main street, austin tx 78701","fixed":"",)"
+                  R"("result":"The worker process that was fixing this address was ended by )"
+                  "signal 9 (Killed)\",\"status\":3}\n" +
+                      Record(2),
+                  ""}},
+                folder_);
+}
+
+TEST_F(FixStreamTest, GoesOnWhereARunWasKilled) {
+  WriteFile(folder_.File("labels"), Lines(120, LabelLine));
+  const std::string run = there_ + fix_ + " --jobs 3 --resume out labels";
+  CheckCommands({{"killed",
+                  run + " & until (( $(wc -l < out) > 20 )) 2>&-; do sleep 0.02; done; "
+                        "kill -9 $!; wait $! 2>&-; printf '{\"id\":' >> out; echo $?",
+                  0, "0\n", ""}},
+                folder_);
+  const std::string before = ReadFile(folder_.File("out"));
+  CheckCommands({{"resumed", run + "; echo $?", 0, "0\n", ""}}, folder_);
+  EXPECT_LT(before.size(), Lines(100, Record).size());
+  EXPECT_EQ(ReadFile(folder_.File("out")), Lines(120, Record));
+  CheckCommands({{"nothing left to do", run + "; cat out", 0, Lines(120, Record), ""}}, folder_);
+}
+
+TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
+  const std::string records = Lines(2, Record);
+  WriteFile(folder_.File("labels"), Lines(3, LabelLine));
+  WriteFile(folder_.File("shorter"), LabelLine(1));
+  WriteFile(folder_.File("other"), LabelLine(2) + LabelLine(1));
+  WriteFile(folder_.File("other ids"), R"({"id":"1","address":")" + Label(1) + "\"}\n");
+  WriteFile(folder_.File("notes"), "call Ann");
+  WriteFile(folder_.File("out"), records + "{half");
+  WriteFile(folder_.File("mark"), "\xEF\xBB\xBF" + records);
+  CheckCommands(
+      {
+          {"fewer lines", there_ + fix_ + " --resume out shorter", 2, "",
+           "more records than the input"},
+          {"other lines", there_ + fix_ + " --resume out other", 2, "",
+           "its line 1 is not the record of"},
+          {"other ids", there_ + fix_ + " --resume out 'other ids'", 2, "", "line 1 of the input"},
+          {"no records", there_ + fix_ + " --resume notes labels", 2, "",
+           "line 1 is no record of a fix"},
+          {"labels", there_ + fix_ + " --resume shorter labels", 2, "",
+           "line 1 is no record of a fix"},
+          {"a mark", there_ + fix_ + " --resume mark labels", 2, "",
+           "line 1 is no record of a fix"},
+          {"itself", there_ + fix_ + " --resume shorter shorter", 2, "", "it is the input itself"},
+          {"no file", there_ + fix_ + " --resume /dev/null labels", 2, "", "it is no plain file"},
+          {"no folder", there_ + fix_ + " --resume no/out labels", 2, "",
+           "cannot open no/out: No such"},
+          {"two runs",
+           there_ + fix_ +
+               " --resume twice < <(sleep 1) & sleep 0.5; $postwright fix --jsonl "
+               "--resume twice labels; status=$?; wait; exit $status",
+           2, "", "another run is writing it"},
+      },
+      folder_);
+  EXPECT_EQ(ReadFile(folder_.File("out")), records + "{half");
+  EXPECT_EQ(ReadFile(folder_.File("notes")), "call Ann");
+}
+
+TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
+  WriteFile(folder_.File("labels"), Lines(30, LabelLine) + "3\n");
+  const auto onTerminal = [this](const std::string& before, const std::string& behind) {
+    return there_ + "script -qec \"" + before + fix_ + behind + "\" /dev/null < /dev/null";
+  };
+  const std::string counts = "30 fixed, 0 unchanged, 1 turned down\r\n";
+  CheckCommands(
+      {
+          {"one job", onTerminal("", " labels > out"), 1, "\r\033[K31 of 31: " + counts, ""},
+          {"many", onTerminal("", " --jobs 4 labels >out"), 1, "\r\033[K31 of 31: " + counts, ""},
+          {"at first", onTerminal("", " labels > out"), 1, "\r\033[K0 of 31: 0 fixed", ""},
+          {"a pipe", onTerminal("cat labels | ", " > out"), 1, "\r\033[K31 done: " + counts, ""},
+          {"a report", onTerminal("", " labels > out"), 1,
+           "\r\033[Kpostwright: line 31 is not a JSON string; an empty record stands in its place"
+           "\r\n\r\033[K31 of 31",
+           ""},
+          {"records between", onTerminal("head -n 1 labels | ", ""), 0,
+           "\r\033[K" + Record(1).substr(0, Record(1).size() - 1) + "\r\n\r\033[K1 done: 1 fixed",
+           ""},
+          {"quiet", onTerminal("", " --quiet labels > out") + " | grep -c turned", 1, "0\n", ""},
+          {"ended by a signal", onTerminal("(echo 3; sleep 1) | timeout 0.5 ", " > out"), 124,
+           "1 turned down\r\n", ""},
+      },
+      folder_);
+}
+
+}  // namespace
+
+}  // namespace postwright
