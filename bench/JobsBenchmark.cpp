@@ -1,0 +1,100 @@
+// How much faster `postwright fix --jsonl --jobs 16` is than one job where the service takes 50 ms
+// to answer: wall time of both over the same labels, against a slow server on loopback. The records
+// of both runs are compared before the ratio is printed.
+
+#include <arpa/inet.h>
+#include <microhttpd.h>
+#include <sys/socket.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <thread>
+
+namespace postwright {
+
+namespace {
+
+constexpr int kLabels = 640;
+constexpr std::chrono::milliseconds kServiceTime(50);
+constexpr char kReply[] =
+    "<AddressValidateResponse><Address ID=\"0\"><Address2>12 N MAIN ST APT 4</Address2>"
+    "<City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5><Zip4>1234</Zip4>"
+    "</Address></AddressValidateResponse>";
+
+// A connection has a thread of its own, so each waits for itself alone.
+MHD_Result Answer(void*, MHD_Connection* connection, const char*, const char*, const char*,
+                  const char*, size_t*, void**) {
+  static MHD_Response* reply = MHD_create_response_from_buffer(
+      sizeof kReply - 1, const_cast<char*>(kReply), MHD_RESPMEM_PERSISTENT);
+  std::this_thread::sleep_for(kServiceTime);
+  return MHD_queue_response(connection, MHD_HTTP_OK, reply);
+}
+
+std::string StartServer() {
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  MHD_Daemon* daemon =
+      MHD_start_daemon(MHD_USE_THREAD_PER_CONNECTION | MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr,
+                       nullptr, &Answer, nullptr, MHD_OPTION_SOCK_ADDR, &address, MHD_OPTION_END);
+  if (daemon == nullptr) {
+    std::cerr << "no loopback server could be started\n";
+    std::exit(1);
+  }
+  return "127.0.0.1:" +
+         std::to_string(MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT)->port);
+}
+
+// Fixes the labels with so many jobs and returns the seconds that took.
+double Time(int jobs, const std::string& server, const std::string& labels,
+            const std::string& records) {
+  const std::string command = "no_proxy='*' '" POSTWRIGHT_PROGRAM "' fix --jsonl --jobs " +
+                              std::to_string(jobs) + " --server " + server + " '" + labels +
+                              "' > '" + records + "'";
+  const auto begin = std::chrono::steady_clock::now();
+  if (std::system(command.c_str()) != 0) {
+    std::cerr << "failed: " << command << '\n';
+    std::exit(1);
+  }
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+std::string Read(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+int Run() {
+  std::string folder = (std::filesystem::temp_directory_path() / "bench-jobs-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    std::cerr << "no folder can be made: " << folder << '\n';
+    return 1;
+  }
+  std::ofstream labels(folder + "/labels");
+  for (int number = 1; number <= kLabels; ++number) {
+    labels << '"' << number << " n main street apt 4, springfield il 62701\"\n";
+  }
+  labels.close();
+  const std::string server = StartServer();
+  const double one = Time(1, server, folder + "/labels", folder + "/one");
+  const double many = Time(16, server, folder + "/labels", folder + "/many");
+  const bool isSame = Read(folder + "/one") == Read(folder + "/many");
+  std::filesystem::remove_all(folder);
+  std::cout << kLabels << " labels: 1 job " << one << " s, 16 jobs " << many << " s\n"
+            << "1 job / 16 jobs: " << one / many << '\n';
+  std::cout << (isSame ? "" : "but the records differ\n");
+  return isSame ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace postwright
+
+int main() {
+  return postwright::Run();
+}
