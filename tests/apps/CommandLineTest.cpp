@@ -116,6 +116,7 @@ TEST(CommandLineTest, ExplainsItself) {
            "'0' is not a number from 1 to 256"},
           {"half a job", "$postwright fix --jsonl --jobs 1.5", 2, "", "is not a number from 1"},
           {"jobs for one label", "$postwright fix --jobs 2", 2, "", "requires --jsonl"},
+          {"nameless", "$postwright fix --jsonl --resume ''", 2, "", "a file's name is missing"},
           {"two outputs", "$postwright fix --jsonl --resume a --output b", 2, "", "excludes"},
           {"server with path", "$postwright fix --server host/x", 2, "", "is not HOST[:PORT]"},
           {"port too high", "$postwright fix --server [::1]:65536", 2, "", "is not HOST[:PORT]"},
@@ -180,9 +181,9 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"lower case", fix + " --case lower <<< '12 N MAIN ST, AUSTIN TX 78701'", 0,
            "12 n main st\naustin tx 78701\n", ""},
           {"as a person writes it",
-           fix + " --case mixed --keep-punctuation --mixed-case 'DeWitt; McArthur' <<< "
-                 "'pat dewitt\n12 n main st, austin tx 78701'",
-           0, "Pat DeWitt\n12 N Main St\nAustin, TX 78701\n", ""},
+           fix + " --case mixed --keep-punctuation --mixed-case 'MacArthur; DeLaCroix' <<< "
+                 "'pat delacroix\n12 n main st, austin tx 78701'",
+           0, "Pat DeLaCroix\n12 N Main St\nAustin, TX 78701\n", ""},
           {"the same of lines",
            fix + " --jsonl --case mixed --keep-punctuation <<< '\"12 n main street, austin tx "
                  "78701\"'",

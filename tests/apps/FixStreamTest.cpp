@@ -178,20 +178,20 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
 }
 
 TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
-  WriteFile(folder_.File("labels"), Lines(30, LabelLine) + "3\n");
+  WriteFile(folder_.File("labels"), Lines(9, LabelLine) + "3\n");
   const auto onTerminal = [this](const std::string& before, const std::string& behind) {
     return there_ + "script -qec \"" + before + fix_ + behind + "\" /dev/null < /dev/null";
   };
-  const std::string counts = "30 fixed, 0 unchanged, 1 turned down\r\n";
+  const std::string counts = "9 fixed, 0 unchanged, 1 turned down\r\n";
   CheckCommands(
       {
-          {"one job", onTerminal("", " labels > out"), 1, "\r\033[K31 of 31: " + counts, ""},
-          {"many", onTerminal("", " --jobs 4 labels >out"), 1, "\r\033[K31 of 31: " + counts, ""},
-          {"at first", onTerminal("", " labels > out"), 1, "\r\033[K0 of 31: 0 fixed", ""},
-          {"a pipe", onTerminal("cat labels | ", " > out"), 1, "\r\033[K31 done: " + counts, ""},
+          {"one job", onTerminal("", " labels > out"), 1, "\r\033[K10 of 10: " + counts, ""},
+          {"many", onTerminal("", " --jobs 4 labels >out"), 1, "\r\033[K10 of 10: " + counts, ""},
+          {"at first", onTerminal("", " labels > out"), 1, "\r\033[K0 of 10: 0 fixed", ""},
+          {"a pipe", onTerminal("cat labels | ", " > out"), 1, "\r\033[K10 done: " + counts, ""},
           {"a report", onTerminal("", " labels > out"), 1,
-           "\r\033[Kpostwright: line 31 is not a JSON string; an empty record stands in its place"
-           "\r\n\r\033[K31 of 31",
+           "\r\033[Kpostwright: line 10 is not a JSON string; an empty record stands in its place"
+           "\r\n\r\033[K10 of 10",
            ""},
           {"records between", onTerminal("head -n 1 labels | ", ""), 0,
            "\r\033[K" + Record(1).substr(0, Record(1).size() - 1) + "\r\n\r\033[K1 done: 1 fixed",
