@@ -78,6 +78,10 @@ void OccupyStandardStreams() {
   }
 }
 
+std::string CheckFileName(const std::string& name) {
+  return name.empty() ? "a file's name is missing" : "";
+}
+
 // The options that both subcommands have.
 struct Streams {
   CLI::Option* lines;
@@ -96,7 +100,8 @@ Streams AddStreams(CLI::App* parser, Options& options) {
           ->add_option("--output", options.output,
                        "Write the records to this file, which appears whole or not at all")
           ->type_name("FILE")
-          ->needs(lines);
+          ->needs(lines)
+          ->check(CLI::Validator(CheckFileName, ""));
   parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
       ->type_name("");
   return {lines, output};
@@ -143,7 +148,8 @@ void AddFixStream(CLI::App* parser, FixOptions& options, const Streams& streams)
                    "Go on with the file of records that an interrupted run left")
       ->type_name("FILE")
       ->needs(streams.lines)
-      ->excludes(streams.output);
+      ->excludes(streams.output)
+      ->check(CLI::Validator(CheckFileName, ""));
   parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
       ->type_name("N")
       ->needs(streams.lines)
