@@ -27,10 +27,10 @@ std::wstring ValuePatterns::Clean(const std::wstring& value) const {
 
 // Every text that a unit pattern fits begins with the pattern's first letter, so most patterns need
 // not be searched for at all.
-bool ValuePatterns::Finds(const std::wstring& key, const std::wstring& value) const {
+bool ValuePatterns::Finds(const std::wstring& key, const std::wstring& value) {
   const wchar_t initial = key[key.find_first_not_of(L"(?:")];
   return value.find(initial) != std::wstring::npos &&
-         boost::xpressive::regex_search(value, units_.at(key));
+         boost::xpressive::regex_search(value, found_, units_.at(key));
 }
 
 // Most values are clean: one or a few words with single blanks between them.

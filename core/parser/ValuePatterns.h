@@ -22,7 +22,7 @@ class ValuePatterns {
   std::wstring Clean(const std::wstring& value) const;
 
   // Is the unit pattern `key`, one of those given to the constructor, found anywhere in `value`?
-  bool Finds(const std::wstring& key, const std::wstring& value) const;
+  bool Finds(const std::wstring& key, const std::wstring& value);
 
  private:
   bool IsClean(const std::wstring& value) const;
@@ -30,6 +30,7 @@ class ValuePatterns {
   CharacterClasses classes_;
   boost::xpressive::wsregex cleanValue_;
   std::map<std::wstring, boost::xpressive::wsregex> units_;
+  boost::xpressive::wsmatch found_;  // kept for its memory alone, which is dear to set up
 };
 
 }  // namespace postwright
