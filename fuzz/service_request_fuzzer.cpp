@@ -1,11 +1,12 @@
 // Bytes of a query, into the Verify service. Whatever they are, the answer is one whole document of
-// the interface: the declaration and a single line of printable ASCII that ends its root.
+// the interface: the declaration and a single line of UTF-8 that ends its root.
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
 #include "service/VerifyService.h"
+#include "service/text/Encoding.h"
 
 namespace {
 
@@ -23,8 +24,9 @@ bool IsWhole(std::string_view body) {
     return false;
   }
   body.remove_prefix(kDeclaration.size());
-  const bool printable =
-      std::all_of(body.begin(), body.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  const bool printable = IsUtf8(body) && std::all_of(body.begin(), body.end(), [](char c) {
+                           return static_cast<unsigned char>(c) >= ' ';
+                         });
   return printable &&
          ((body.starts_with("<Error><Number>") && body.ends_with("</Source></Error>")) ||
           (body.starts_with("<AddressValidateResponse>") &&

@@ -58,7 +58,7 @@ Words PartFirst(Words words) {
 
 std::string WithoutLeadingZeros(const std::string& number) {
   const size_t first = number.find_first_not_of('0');
-  return first == std::string::npos ? number : number.substr(first);
+  return first == std::string::npos || !IsDigit(number[first]) ? number : number.substr(first);
 }
 
 // Reads "BOX n" at `at`; moves `at` behind it. Returns the number, empty where there is no box.

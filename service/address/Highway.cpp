@@ -96,12 +96,13 @@ void PartNumber(Words& name, std::string_view state) {
   }
 }
 
-// How many words at the front name a state: by its name, or by the code of the address's own.
-size_t StateLength(const Words& name, std::string_view state) {
+// How many words at the front name a state, by its name or its code.
+size_t StateLength(const Words& name) {
   for (size_t length = std::min<size_t>(name.size(), 4); length > 0; --length) {
-    const std::string text = JoinWords(name.begin(), name.begin() + length);
-    const std::string_view code = Lexicon::Get().State(text);
-    if (!code.empty() && (text.size() > 2 || code == state)) {
+    const bool wholeWords = std::none_of(name.begin(), name.begin() + length,
+                                         [](const std::string& word) { return word.size() == 1; });
+    if (wholeWords &&
+        !Lexicon::Get().State(JoinWords(name.begin(), name.begin() + length)).empty()) {
       return length;
     }
   }
@@ -136,13 +137,14 @@ size_t StandardiseHighway(Words& name, std::string_view state) {
   if (const size_t length = RewriteAt(name, 0); length > 0) {
     return length;
   }
-  const size_t stateLength = StateLength(name, state);
+  const size_t stateLength = StateLength(name);
   if (stateLength == 0 || stateLength >= name.size()) {
     return 0;
   }
   const std::string code(Lexicon::Get().State(JoinWords(name.begin(), name.begin() + stateLength)));
+  const bool named = name[0] != code || code == state;  // KY 1207 is a highway in Kentucky alone
   size_t length = RewriteAt(name, stateLength);
-  if (length == 0 && !AllDigits(name[stateLength])) {
+  if (length == 0 && !(named && IsRoadNumber(name[stateLength], Numbered::ByDigits))) {
     return 0;
   }
   if (length == 0) {

@@ -47,6 +47,18 @@ void JoinBlock(Words& words) {
   }
 }
 
+// Leaves out the words that announce a number, one or several in front of it.
+Words WithoutAnnouncers(const Words& words) {
+  Words kept;
+  for (auto word = words.rbegin(); word != words.rend(); ++word) {
+    if (!Is(*word, kAnnouncers) || kept.empty() || !HasDigit(kept.back())) {
+      kept.push_back(*word);
+    }
+  }
+  std::reverse(kept.begin(), kept.end());
+  return kept;
+}
+
 }  // namespace
 
 Words ArrangePuertoRico(Words words) {
@@ -57,12 +69,7 @@ Words ArrangePuertoRico(Words words) {
   if (type == words.end()) {
     return words;
   }
-  Words arranged;
-  for (size_t i = 0; i < words.size(); ++i) {
-    if (!Is(words[i], kAnnouncers) || i + 1 == words.size() || !HasDigit(words[i + 1])) {
-      arranged.push_back(words[i]);
-    }
-  }
+  Words arranged = WithoutAnnouncers(words);
   if (!SpanishType(arranged.front()).empty() && arranged.size() > 2 && HasDigit(arranged.back())) {
     std::rotate(arranged.begin(), arranged.end() - 1, arranged.end());
   }

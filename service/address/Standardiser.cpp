@@ -56,14 +56,12 @@ std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) 
   return std::nullopt;
 }
 
-}  // namespace
-
-std::optional<DeliveryLines> Standardiser::Standardise(const DeliveryLines& asked,
-                                                       std::string_view state) {
+// One reading of the lines.
+std::optional<DeliveryLines> ReadLines(const DeliveryLines& asked, std::string_view state) {
   Words above = SplitLine(asked.address1);
   Words delivery = SplitLine(asked.address2);
-  if (delivery.empty() || (ReadUnitLine(delivery) && !ReadUnitLine(above) && !above.empty() &&
-                           ReadDelivery(above, state))) {
+  if (delivery.empty() ||
+      (ReadUnitLine(delivery) && !ReadDelivery(delivery, state) && ReadDelivery(above, state))) {
     std::swap(above, delivery);
   }
   std::string urbanization = StandardUrbanization(SplitLine(asked.urbanization));
@@ -82,6 +80,24 @@ std::optional<DeliveryLines> Standardiser::Standardise(const DeliveryLines& aske
   }
   return DeliveryLines{JoinWords(ReadSecondLine(above, state)), JoinWords(line->line),
                        std::move(urbanization)};
+}
+
+}  // namespace
+
+// What one reading puts in order may let the next read more: only lines that stay as they are count
+// as standard. Ordinary ones stay after the first.
+std::optional<DeliveryLines> Standardiser::Standardise(const DeliveryLines& asked,
+                                                       std::string_view state) {
+  constexpr int kMostReadings = 8;
+  std::optional<DeliveryLines> lines = ReadLines(asked, state);
+  for (int i = 1; lines && i < kMostReadings; ++i) {
+    std::optional<DeliveryLines> again = ReadLines(*lines, state);
+    if (again == lines) {
+      return lines;
+    }
+    lines = std::move(again);
+  }
+  return std::nullopt;
 }
 
 }  // namespace postwright::service

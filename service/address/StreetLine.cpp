@@ -244,9 +244,8 @@ std::optional<StreetLine> ReadStreet(Words words, std::string_view state) {
     words = ArrangePuertoRico(std::move(words));
   }
   line.number = TakeNumber(words, puertoRico);
-  if (!puertoRico) {
-    line.units = TakeUnits(words, std::min<size_t>(words.size(), 1));
-  }
+  const Words units = TakeUnits(words, std::min<size_t>(words.size(), 1));
+  line.units.insert(line.units.begin(), units.begin(), units.end());
   if (line.number.empty() || words.empty()) {
     return std::nullopt;
   }

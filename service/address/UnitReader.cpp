@@ -62,10 +62,11 @@ class LastUnit {
   const std::string& FromEnd(size_t n) const { return words_[end_ - n]; }
 
   Unit Box() const {
-    for (const std::string_view phrase : {"PO BOX", "P O BOX", "POB"}) {
-      const size_t length = std::count(phrase.begin(), phrase.end(), ' ') + 2;
-      if (Size() >= length && PhraseLength(words_, end_ - length, phrase) > 0 &&
-          IsUnitNumber(FromEnd(1))) {
+    static constexpr std::string_view kPhrases[] = {"PO BOX", "P O BOX", "POB"};
+    for (size_t length = 2; length <= Size() && IsUnitNumber(FromEnd(1)); ++length) {
+      const size_t start = end_ - length;
+      const size_t phrase = LongestPhrase(words_, start, kPhrases);
+      if (phrase > 0 && start + phrase + NumberSignLength(words_, start + phrase) == end_ - 1) {
         return {length, {"PO", "BOX", FromEnd(1)}};
       }
     }

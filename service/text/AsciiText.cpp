@@ -158,7 +158,9 @@ Words SplitLine(std::string_view folded) {
     }
     if (c == '#' || c == '&') {
       flush();
-      words.emplace_back(c == '#' ? "#" : "AND");
+      if (c == '&' || words.empty() || words.back() != "#") {
+        words.emplace_back(c == '#' ? "#" : "AND");
+      }
       continue;
     }
     const char before = i > 0 ? folded[i - 1] : ' ';
