@@ -37,8 +37,8 @@ struct HttpReply {
 class HttpServer {
  public:
   struct Limits {
-    unsigned threads = 0;                   // 0: as many as processors, at least 2, at most 8
-    unsigned connections = 1024;            // in all
+    unsigned threads = 0;        // 0: as many as processors, at least 2, at most 8
+    unsigned connections = 768;  // in all; a process has 1,024 descriptors if not told otherwise
     unsigned connectionsPerAddress = 512;   // of one client address; loopback is one
     size_t bytesPerConnection = 64 * 1024;  // request line and headers together must fit
     size_t bodyBytes = 64 * 1024;

@@ -8,7 +8,7 @@
 
 namespace postwright::service {
 
-// The letters of a standardised address are A to Z (USPS Publication 28, section 211): everything
+// The letters of a standardised address are A to Z (USPS Publication 28, section 21): everything
 // that the service compares or answers goes through here first.
 //
 //   FoldToAscii("Peña Blanca, 12½");        // "PENA BLANCA, 12 1/2"

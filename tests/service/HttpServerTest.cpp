@@ -79,6 +79,26 @@ TEST_F(HttpServerTest, FailureOfTheHandlerIsAReply) {
   EXPECT_TRUE(Ask("GET / HTTP/1.1\r\nHost: a\r\n\r\n").starts_with("HTTP/1.1 500"));
 }
 
+TEST_F(HttpServerTest, HoldsNoMoreConnectionsThanAllowed) {
+  HttpServer::Limits limits;
+  limits.connectionsPerAddress = 2;
+  Start(limits);
+  const std::string get = "GET /?a HTTP/1.1\r\nHost: a\r\n\r\n";
+  Socket first(server_->Address());
+  std::optional<Socket> second(server_->Address());
+  for (Socket* client : {&first, &*second}) {
+    client->Send(get);
+    EXPECT_TRUE(client->ReceiveResponse().ends_with("GET a 0"));
+  }
+  EXPECT_EQ(Socket(server_->Address()).ReceiveAll(), "");
+  second.reset();
+  std::string reply;
+  for (int i = 0; i < 1000 && reply.empty(); ++i) {  // until the server has met the end
+    reply = Ask(get);
+  }
+  EXPECT_TRUE(reply.ends_with("GET a 0"));
+}
+
 // A client that trickles a header keeps its connection busy, but not for ever.
 TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
   HttpServer::Limits limits;
