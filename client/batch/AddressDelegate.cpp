@@ -63,7 +63,7 @@ void drawEllipsis(QPainter& painter, const QTextLayout& layout, const QRectF& ro
       continue;
     }
     const double x = std::min(room.left() + line.naturalTextWidth(), room.right() - width);
-    const QRectF place(x, top + line.y(), width, line.height());
+    const QRectF place(x, top + line.y(), room.right() + kMargin - x, line.height());
     painter.fillRect(place, painter.background());
     painter.drawText(QPointF(x, place.top() + line.ascent()), ellipsis);
   }

@@ -48,7 +48,15 @@ bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool BatchKeys::pressInAddresses(int key) {
+  const bool noneSelected = _view.selectedRow() < 0;
   switch (key) {
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+      // The table takes a first row for current before any is selected, and would pass over it.
+      if (noneSelected) {
+        _window.selectRecord(key == Qt::Key_Down ? 1 : -1, false);
+      }
+      return noneSelected;
     case Qt::Key_Delete:
       _view.layout().bnIgnore->click();
       return true;
@@ -93,6 +101,10 @@ void BatchKeys::checkAgain() {
 
 void BatchKeys::enterDetail() {
   if (QWidget* control = _view.detail().firstControl()) {
+    const Ui::Postwright& layout = _view.layout();
+    if (control == layout.tvMatches && _view.detail().selectedMatch() < 0) {
+      layout.tvMatches->selectRow(0);
+    }
     control->setFocus();
   }
 }

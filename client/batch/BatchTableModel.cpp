@@ -24,7 +24,7 @@ QString cellText(const Values& values, int column) {
     case BatchTableModel::FixedColumn:
       return values.fixed;
     case BatchTableModel::StatusColumn:
-      return values.pending ? QString() : statusText(values.status);
+      return statusText(values);
     default:
       return {};
   }

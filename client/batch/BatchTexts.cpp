@@ -16,8 +16,11 @@ QString number(qsizetype value) {
 
 }  // namespace
 
-QString statusText(AddressStatus status) {
-  switch (status) {
+QString statusText(const BatchResultRecord::Values& values) {
+  if (values.pending) {
+    return {};
+  }
+  switch (values.status) {
     case AddressStatusUnchanged:
       return localizedString("SStatusUnchanged");
     case AddressStatusFixed:
@@ -25,7 +28,8 @@ QString statusText(AddressStatus status) {
     case AddressStatusMultiple:
       return localizedString("SStatusMultiple");
     case AddressStatusError:
-      return localizedString("SStatusError");
+      return localizedString(isServiceFailure(values.result) ? "SStatusNotChecked"
+                                                             : "SStatusError");
   }
   return {};
 }
@@ -84,7 +88,8 @@ QString summaryText(const ReviewCounts& counts) {
   if (counts.pending > 0) {
     kept.append(localizedString("SPendingKept", counts.pending));
   }
-  QStringList sentences{localizedString("SCorrected", counts.fixed)};
+  QStringList sentences{counts.fixed > 0 ? localizedString("SCorrected", counts.fixed)
+                                         : localizedString("SNoneCorrected")};
   if (counts.unchanged > 0) {
     sentences.append(localizedString("SRight", counts.unchanged));
   }

@@ -11,8 +11,8 @@ namespace postwright {
 
 // The sentences of the batch window, each from what it is about. Pure but for the language.
 
-// The name of a status, for the icon's side and for its filter.
-QString statusText(AddressStatus status);
+// How a record stands, in a word: the one at the icon's side. Empty where nothing is known yet.
+QString statusText(const BatchResultRecord::Values& values);
 
 // What stands in place of a corrected text that is not there: the step that a record waits for.
 QString hintText(const BatchResultRecord::Values& values);

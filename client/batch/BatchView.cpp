@@ -2,7 +2,9 @@
 
 #include <QItemSelectionModel>
 #include <QScreen>
+#include <QStyledItemDelegate>
 
+#include "client/LocalizedString.h"
 #include "client/batch/AddressDelegate.h"
 #include "client/batch/BatchTexts.h"
 #include "client/batch/RowHeights.h"
@@ -12,39 +14,69 @@
 namespace postwright {
 namespace {
 
+constexpr int kDetailHeight = 230;
+constexpr int kAboveDetail = 6;
+constexpr int kIconSize = 16;
 constexpr AddressStatus kStatuses[] = {AddressStatusUnchanged, AddressStatusFixed,
                                        AddressStatusMultiple, AddressStatusError};
 
+// Keeps room for an image where a status has none, so that the words stand below one another.
+class StatusDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->decorationSize = QSize(kIconSize, kIconSize);
+  }
+};
+
+// How the user left the last window of this process.
+struct Memory {
+  QSize size{920, 680};
+  QByteArray split;
+};
+
+Memory& memory() {
+  static Memory memory;
+  return memory;
+}
+
 void fitToScreen(QDialog& window) {
-  constexpr QSize kSize(920, 680);
-  window.resize(kSize.boundedTo(window.screen()->availableSize()));
+  window.resize(memory().size.boundedTo(window.screen()->availableSize()));
 }
 
 // Of the widest status, so that the column need not be measured anew as results come in.
 int statusWidth(const QTableView& table) {
   constexpr int kIconAndMargins = 48;
   int width = 0;
-  for (const AddressStatus status : kStatuses) {
-    width = std::max(width, table.fontMetrics().horizontalAdvance(statusText(status)));
+  for (const char* key : {"SStatusUnchanged", "SStatusFixed", "SStatusMultiple", "SStatusError",
+                          "SStatusNotChecked"}) {
+    width = std::max(width, table.fontMetrics().horizontalAdvance(localizedString(key)));
   }
   return width + kIconAndMargins;
 }
 
 }  // namespace
 
-BatchView::BatchView(QDialog& window) : _layout(std::make_unique<Ui::Postwright>()) {
+BatchView::BatchView(QDialog& window)
+    : _window(window), _layout(std::make_unique<Ui::Postwright>()) {
   _layout->setupUi(&window);
   _detail = std::make_unique<DetailView>(*_layout);
   for (const AddressStatus status : kStatuses) {
     _layout->scFilter->addSegment(statusIcon(status));
   }
   _layout->vwBanner->hide();
+  _layout->vwContent->setContentsMargins(0, kAboveDetail, 0, 0);
   layTablesOut();
   _detail->showNothing();
   fitToScreen(window);
 }
 
 BatchView::~BatchView() {
+  memory() = {_window.size(), _layout->spContent->saveState()};
   _layout->tvAddresses->setModel(nullptr);  // the widgets go with the window, later
   _layout->tvMatches->setModel(nullptr);
 }
@@ -63,8 +95,12 @@ void BatchView::layTablesOut() {
   columns->setSectionResizeMode(BatchTableModel::StatusColumn, QHeaderView::Fixed);
   columns->resizeSection(BatchTableModel::StatusColumn, statusWidth(*table));
   table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  _layout->spContent->setStretchFactor(0, 3);
-  _layout->spContent->setStretchFactor(1, 2);
+  table->setItemDelegateForColumn(BatchTableModel::StatusColumn, new StatusDelegate(table));
+  _layout->spContent->setStretchFactor(0, 1);
+  _layout->spContent->setStretchFactor(1, 0);
+  if (!_layout->spContent->restoreState(memory().split)) {
+    _layout->spContent->setSizes({2 * kDetailHeight, kDetailHeight});
+  }
 }
 
 StatusFilter BatchView::filter() const {

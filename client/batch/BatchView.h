@@ -43,6 +43,7 @@ class BatchView {
   void layTablesOut();
   void fitRows();
 
+  QDialog& _window;
   BatchTableModel _addresses;
   std::unique_ptr<Ui::Postwright> _layout;
   std::unique_ptr<DetailView> _detail;

@@ -28,6 +28,14 @@ QString originalText(const BatchResultRecord& record) {
 }  // namespace
 
 DetailView::DetailView(Ui::Postwright& layout) : _layout(layout) {
+  for (QWidget* field :
+       QList<QWidget*>{_layout.tvUnchangedAddress, _layout.tvFixedBefore, _layout.tvFixedAfter,
+                       _layout.tvMultipleAddress, _layout.tvErrorAddress}) {
+    field->setFont(tableFont());
+  }
+  QFont strong = _layout.txtErrorText->font();
+  strong.setBold(true);
+  _layout.txtErrorText->setFont(strong);
   QTableView* matches = _layout.tvMatches;
   matches->setModel(&_matches);
   matches->setFont(tableFont());

@@ -5,6 +5,23 @@
 #include <QToolButton>
 
 namespace postwright {
+namespace {
+
+// A segment's count is read while it cannot be used, too.
+QPalette readableAtRest(QPalette palette) {
+  const QColor text = palette.color(QPalette::Active, QPalette::ButtonText);
+  const QColor ground = palette.color(QPalette::Active, QPalette::Button);
+  constexpr double kShare = 0.35;
+  const auto mix = [](int one, int other) {
+    return static_cast<int>(one * (1 - kShare) + other * kShare);
+  };
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText,
+                   QColor(mix(text.red(), ground.red()), mix(text.green(), ground.green()),
+                          mix(text.blue(), ground.blue())));
+  return palette;
+}
+
+}  // namespace
 
 SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent), _row(new QHBoxLayout(this)) {
   _row->setContentsMargins(0, 0, 0, 0);
@@ -18,7 +35,9 @@ void SegmentedControl::addSegment(const QIcon& icon) {
   segment->setIcon(icon);
   segment->setToolButtonStyle(icon.isNull() ? Qt::ToolButtonTextOnly
                                             : Qt::ToolButtonTextBesideIcon);
+  segment->setPalette(readableAtRest(palette()));
   segment->setFocusPolicy(_segments.isEmpty() ? Qt::StrongFocus : Qt::ClickFocus);
+  segment->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);  // one height for all
   segment->installEventFilter(this);
   connect(segment, &QToolButton::clicked, this, &SegmentedControl::clicked);
   _segments.append(segment);

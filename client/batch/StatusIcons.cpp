@@ -8,9 +8,14 @@
 namespace postwright {
 namespace {
 
-// Qt finds the images for double and triple scale beside the one that is named.
+// Qt finds the images for double and triple scale beside the one that is named. The image of a
+// selected row and of the filter at rest is the same: the style would fade it.
 QIcon load(const QString& name) {
-  return QIcon(QStringLiteral(":/com.tarnix.pallo.postwright/%1.png").arg(name));
+  const QString file = QStringLiteral(":/com.tarnix.pallo.postwright/%1.png").arg(name);
+  QIcon icon(file);
+  icon.addFile(file, {}, QIcon::Selected);
+  icon.addFile(file, {}, QIcon::Disabled);
+  return icon;
 }
 
 struct StatusImages {

@@ -53,6 +53,11 @@
         <extracomment>Status of an address that failed.</extracomment>
         <translation>Error</translation>
     </message>
+    <message id="SStatusNotChecked">
+        <source>Not Checked</source>
+        <extracomment>Status of an address that was not judged: the service or the network failed.</extracomment>
+        <translation>Not Checked</translation>
+    </message>
     <message id="SFilterName">
         <source>Show addresses that are</source>
         <extracomment>Spoken name of the filter.</extracomment>
@@ -146,8 +151,10 @@
         <translation>Use This Te&amp;xt</translation>
     </message>
     <message id="SNoneSelected">
-        <source>Select an address to see what became of it.</source>
-        <translation>Select an address to see what became of it.</translation>
+        <source>Select an address to see what became of it.
+F8 goes to the next one that needs you.</source>
+        <translation>Select an address to see what became of it.
+F8 goes to the next one that needs you.</translation>
     </message>
     <message id="SNotYetChecked">
         <source>This address has not been checked yet.</source>
@@ -285,6 +292,10 @@
             <numerusform>%n address was corrected.</numerusform>
             <numerusform>%n addresses were corrected.</numerusform>
         </translation>
+    </message>
+    <message id="SNoneCorrected">
+        <source>No address was corrected.</source>
+        <translation>No address was corrected.</translation>
     </message>
     <message id="SRight" numerus="yes">
         <source>%n were right.</source>

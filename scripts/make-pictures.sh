@@ -1,0 +1,109 @@
+#!/bin/bash
+# Makes the pictures in docs/pictures from the programs of a build, on a screen of their own, with
+# the keys that a person would press and the service that comes with the programs.
+#
+# usage: scripts/make-pictures.sh [BUILD-FOLDER]      (default: build)
+#
+# Needs Xvfb, xdotool, ImageMagick and python3 (Debian: xvfb xdotool imagemagick python3).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bin="${1:-build}/bin"
+pictures=docs/pictures
+input=scripts/pictures
+service_port=8479
+slow_port=8480
+
+work=$(mktemp -d)
+started=()
+finish() {
+  for process in "${started[@]}"; do
+    kill "$process" 2>/dev/null || true
+  done
+  wait
+  rm -rf "$work"
+}
+trap finish EXIT
+
+start() {
+  "$@" >"$work/log" 2>&1 &
+  started+=($!)
+}
+
+# The screen: no window manager, so a window has no frame and what is under the pointer has focus.
+start Xvfb :77 -screen 0 2000x1500x24
+export DISPLAY=:77 no_proxy='*' XDG_RUNTIME_DIR="$work" LANG=C.UTF-8
+unset QT_SCALE_FACTOR QT_QPA_PLATFORM
+start "$bin/postwright-verifyd" --listen "127.0.0.1:$service_port"
+start "$input/slow-service.py" "$slow_port" "$service_port" 0.08
+until xdotool getmouselocation >/dev/null 2>&1; do sleep 0.1; done
+for port in "$service_port" "$slow_port"; do
+  until (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do sleep 0.1; done
+done
+
+# shot NAME [WINDOW]: what the window shows, without the pointer.
+shot() {
+  sleep 0.6
+  import -window "${2:-$window}" "$pictures/$1.png"
+  echo "$pictures/$1.png"
+}
+
+keys() {
+  xdotool key --delay 60 "$@"
+}
+
+# await TITLE: the window of that title, ready for keys.
+await() {
+  window=$(xdotool search --sync --onlyvisible --name "$1" | tail -1)
+  xdotool windowfocus --sync "$window"
+  sleep 1
+}
+
+# host [OPTION...] FILE: opens the batch window.
+host() {
+  "$bin/batch-host" --case mixed "$@" >"$work/out" 2>&1 &
+  program=$!
+  started+=($program)
+  await "Fix Addresses"
+}
+
+leave() {
+  kill "$program"
+  wait "$program" 2>/dev/null || true
+}
+
+# 340 labels for a run that lasts.
+awk -F'\t' 'NR <= 340 {
+  sub(/ St /, " Street "); sub(/ Ave /, " Avenue "); sub(/ Ste /, ", Suite ")
+  print "The Office\n" $1 "\n" $2 ", " $3 " " $4 "\n"
+}' \
+  tests/client/data/labels.tsv >"$work/many.txt"
+host --server "127.0.0.1:$slow_port" "$work/many.txt"
+keys Down Down Down
+sleep 6
+shot batch-running
+leave
+
+batch=(--server "127.0.0.1:$service_port" --candidates "$input/candidates.json" "$input/labels.txt")
+host "${batch[@]}"
+keys Down Down Down Down
+shot batch-finished
+keys F8 Return Home Down
+xdotool type --delay 30 "1200 "
+shot batch-error
+keys Escape F8 Return Down
+shot batch-choice
+keys Up Return
+await "Choose One Address"
+xdotool type C
+shot designation-dialog
+leave
+
+host --dark "${batch[@]}"
+keys Down Down Down Down
+shot batch-dark
+leave
+
+QT_SCALE_FACTOR=2 host "${batch[@]}"
+keys Down Down Down Down
+shot batch-200-percent
+leave
