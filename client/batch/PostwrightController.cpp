@@ -167,6 +167,8 @@ BatchResultRecordList PostwrightController::results() const {
   return fixed;
 }
 
+BatchResultRecordList PostwrightController::records() const { return _window->_results; }
+
 void PostwrightController::setVisible(bool visible) {
   if (visible && !_window->_loaded) {
     _window->_loaded = true;

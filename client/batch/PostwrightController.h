@@ -46,6 +46,10 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // The records in the window whose status is AddressStatusFixed, in the order of the entries.
   BatchResultRecordList results() const;
 
+  // All records in the window, in the order of the entries: for a host that keeps what became of
+  // each. One that is pending has no outcome.
+  BatchResultRecordList records() const;
+
   // Shows the records whose status is selected in the filter, with none of them selected. Only this
   // makes a record leave the table for its status.
   void filterWithStatus();

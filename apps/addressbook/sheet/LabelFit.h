@@ -13,6 +13,9 @@ namespace postwright::addressbook {
 
 // How labels are lettered.
 struct LabelStyle {
+  static constexpr double kLeastPoints = 5;
+  static constexpr double kMostPoints = 36;
+
   QString family = QStringLiteral("Sans Serif");
   double largestPoints = 11;  // what fits is set in this size
 };

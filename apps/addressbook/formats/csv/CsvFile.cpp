@@ -49,9 +49,17 @@ CsvFile::CsvFile(TextFile text) : _text(std::move(text)), _lineBreak(lineBreakOf
   choose({delimiter, ColumnMapping::guess(header)});
 }
 
+QStringList CsvFile::cells(int row) const {
+  return CsvReader(_choice.delimiter).firstRow(_rows[row].of(_text.utf8));
+}
+
 QByteArray CsvFile::firstLine() const {
   const auto* const end = std::find_if(_text.utf8.begin(), _text.utf8.end(), isLineBreak);
   return _text.utf8.first(end - _text.utf8.begin());
+}
+
+bool CsvFile::hasOwnColumns() const {
+  return _header == newHeader();
 }
 
 void CsvFile::choose(const ColumnChoice& choice) {
@@ -148,7 +156,7 @@ QStringList CsvFile::notesOn(const Output& output) const {
     return {};
   }
   return {
-      tr("%n label(s) could not be divided into the columns of the file. Each stands whole in "
+      tr("%n labels could not be divided into the columns of the file. Each stands whole in "
          "one cell, line below line; nothing is lost.",
          nullptr, output.wholeLabels)};
 }

@@ -37,7 +37,12 @@ class CsvFile final : public BookFile {
   // formula: such cells get an apostrophe in front.
   QStringList writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const;
 
+  // True for a file with the columns that the program itself writes.
+  bool hasOwnColumns() const;
+
   const QStringList& header() const { return _header; }
+  int rowCount() const { return static_cast<int>(_rows.size()); }
+  QStringList cells(int row) const;
   QByteArray firstLine() const;
 
   const ColumnChoice& choice() const { return _choice; }

@@ -1,0 +1,199 @@
+#include "apps/addressbook/dialogs/ColumnDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "apps/addressbook/book/BookError.h"
+#include "apps/addressbook/window/LabelPreview.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+enum TableColumn { kTitle, kExample, kRole, kTableColumns };
+
+constexpr QByteArrayView kOfferedDelimiters = ",;\t|";
+constexpr int kExampleRows = 20;
+constexpr QSize kSize(820, 520);
+constexpr int kPreviewWidth = 260;
+
+}  // namespace
+
+ColumnDialog::ColumnDialog(CsvFile& file, const QString& name, QWidget* parent)
+    : QDialog(parent), _file(file), _table(new QTableWidget(this)) {
+  setWindowTitle(tr("Columns of “%1”").arg(name));
+  auto* const lead = new QLabel(tr("Choose what each column is to the label. The choice is "
+                                   "remembered for files with the same "
+                                   "first line."),
+                                this);
+  lead->setWordWrap(true);
+  _table->setObjectName(QStringLiteral("columns"));
+  _table->setAccessibleName(tr("Columns of the file"));
+  auto* const buttons = new QDialogButtonBox(this);
+  _accept = buttons->addButton(tr("&Use These Columns"), QDialogButtonBox::AcceptRole);
+  _accept->setObjectName(QStringLiteral("useColumns"));
+  buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+  auto* const middle = new QHBoxLayout;
+  middle->addWidget(_table, 1);
+  middle->addWidget(buildPreview());
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(lead);
+  layout->addWidget(buildDelimiter());
+  layout->addLayout(middle, 1);
+  layout->addWidget(buttons);
+  connect(buttons, &QDialogButtonBox::accepted, this, &ColumnDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  fillTable();
+  resize(kSize);
+}
+
+QWidget* ColumnDialog::buildDelimiter() {
+  auto* const row = new QWidget(this);
+  _delimiter = new QComboBox(row);
+  _delimiter->setObjectName(QStringLiteral("delimiter"));
+  _delimiter->addItems(
+      {tr("Comma"), tr("Semicolon"), tr("Tab"), tr("Vertical bar"), tr("Another…")});
+  _otherDelimiter = new QLineEdit(row);
+  _otherDelimiter->setMaxLength(1);
+  _otherDelimiter->setFixedWidth(_otherDelimiter->fontMetrics().averageCharWidth() * 6);
+  _otherDelimiter->setAccessibleName(tr("Another delimiter"));
+  const char delimiter = _file.choice().delimiter;
+  const qsizetype offered = kOfferedDelimiters.indexOf(delimiter);
+  const bool isOffered = offered >= 0;
+  _delimiter->setCurrentIndex(static_cast<int>(isOffered ? offered : kOfferedDelimiters.size()));
+  _otherDelimiter->setText(isOffered ? QString() : QString(QLatin1Char(delimiter)));
+  _otherDelimiter->setVisible(!isOffered);
+  _problem = new QLabel(row);
+  auto* const caption = new QLabel(tr("Columns are &parted by:"), row);
+  caption->setBuddy(_delimiter);
+  auto* const layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(caption);
+  layout->addWidget(_delimiter);
+  layout->addWidget(_otherDelimiter);
+  layout->addWidget(_problem, 1);
+  connect(_delimiter, &QComboBox::activated, this, &ColumnDialog::delimiterChanged);
+  connect(_otherDelimiter, &QLineEdit::textEdited, this, &ColumnDialog::delimiterChanged);
+  return row;
+}
+
+QWidget* ColumnDialog::buildPreview() {
+  auto* const side = new QWidget(this);
+  side->setFixedWidth(kPreviewWidth);
+  _preview = new LabelPreview(side);
+  _rowText = new QLabel(side);
+  _previous = new QToolButton(side);
+  _previous->setArrowType(Qt::LeftArrow);
+  _previous->setAccessibleName(tr("Previous row"));
+  _next = new QToolButton(side);
+  _next->setArrowType(Qt::RightArrow);
+  _next->setAccessibleName(tr("Next row"));
+  auto* const steps = new QHBoxLayout;
+  steps->addWidget(_previous);
+  steps->addWidget(_rowText, 1, Qt::AlignCenter);
+  steps->addWidget(_next);
+  auto* const layout = new QVBoxLayout(side);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(new QLabel(tr("The label:"), side));
+  layout->addWidget(_preview);
+  layout->addLayout(steps);
+  layout->addStretch(1);
+  connect(_previous, &QToolButton::clicked, this, [this] { showRow(_row - 1); });
+  connect(_next, &QToolButton::clicked, this, [this] { showRow(_row + 1); });
+  return side;
+}
+
+void ColumnDialog::fillTable() {
+  const QStringList roles = {tr("Not on the label"),
+                             tr("First name"),
+                             tr("Last or full name"),
+                             tr("Company"),
+                             tr("Address line"),
+                             tr("City"),
+                             tr("State"),
+                             tr("ZIP code"),
+                             tr("Line below")};
+  const QStringList& header = _file.header();
+  _table->clear();
+  _table->setColumnCount(kTableColumns);
+  _table->setRowCount(static_cast<int>(header.size()));
+  _table->setHorizontalHeaderLabels({tr("Column"), tr("Example"), tr("On the label")});
+  _table->verticalHeader()->hide();
+  _table->setSelectionMode(QAbstractItemView::NoSelection);
+  _table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  for (int column = 0; column < header.size(); ++column) {
+    QString example;
+    for (int row = 0; row < std::min(_file.rowCount(), kExampleRows) && example.isEmpty(); ++row) {
+      example = _file.cells(row).value(column).simplified();
+    }
+    _table->setItem(column, kTitle, new QTableWidgetItem(header[column]));
+    _table->setItem(column, kExample, new QTableWidgetItem(example));
+    auto* const box = new QComboBox(_table);
+    box->addItems(roles);
+    box->setCurrentIndex(static_cast<int>(_file.choice().mapping.roles().value(column)));
+    box->setAccessibleName(tr("What “%1” is to the label").arg(header[column]));
+    connect(box, &QComboBox::currentIndexChanged, this, &ColumnDialog::refresh);
+    _table->setCellWidget(column, kRole, box);
+  }
+  _table->resizeColumnToContents(kTitle);
+  _table->resizeColumnToContents(kRole);
+  _table->horizontalHeader()->setSectionResizeMode(kExample, QHeaderView::Stretch);
+  showRow(0);
+}
+
+void ColumnDialog::delimiterChanged() {
+  const int offered = _delimiter->currentIndex();
+  const bool isOther = offered >= kOfferedDelimiters.size();
+  _otherDelimiter->setVisible(isOther);
+  const char delimiter =
+      isOther ? _otherDelimiter->text().leftJustified(1, QLatin1Char('"')).at(0).toLatin1()
+              : kOfferedDelimiters[offered];
+  _problem->clear();
+  if (!CsvReader::isDelimiter(delimiter)) {
+    return;  // the user is about to type one
+  }
+  try {
+    _file.choose({delimiter, {}});
+    _file.choose({delimiter, ColumnMapping::guess(_file.header())});
+  } catch (const BookError& error) {
+    _problem->setText(error.message());  // the file is as it was
+  }
+  fillTable();
+}
+
+ColumnMapping ColumnDialog::mapping() const {
+  QList<ColumnRole> roles;
+  for (int column = 0; column < _table->rowCount(); ++column) {
+    const auto* const box = qobject_cast<QComboBox*>(_table->cellWidget(column, kRole));
+    roles.append(static_cast<ColumnRole>(box->currentIndex()));
+  }
+  return ColumnMapping(roles);
+}
+
+void ColumnDialog::showRow(int row) {
+  const int count = _file.rowCount();
+  _row = std::clamp(row, 0, std::max(count - 1, 0));
+  _previous->setEnabled(_row > 0);
+  _next->setEnabled(_row + 1 < count);
+  _rowText->setText(count == 0 ? tr("The file has no rows.")
+                               : tr("Row %1 of %2").arg(_row + 1).arg(count));
+  const ColumnMapping mapping = this->mapping();
+  _preview->setLabel(count == 0 ? QString() : mapping.compose(_file.cells(_row)));
+  _accept->setEnabled(mapping.isUsable());
+}
+
+void ColumnDialog::accept() {
+  _file.choose({_file.choice().delimiter, mapping()});
+  QDialog::accept();
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,53 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_COLUMNDIALOG_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_COLUMNDIALOG_H_
+
+#include <QDialog>
+
+#include "apps/addressbook/formats/csv/CsvFile.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableWidget;
+class QToolButton;
+
+namespace postwright::addressbook {
+
+class LabelPreview;
+
+// Asks which columns of a CSV file make the label, and shows the labels that come of it.
+class ColumnDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  // `file` lives longer than the dialog and is read as chosen when the dialog is accepted.
+  ColumnDialog(CsvFile& file, const QString& name, QWidget* parent = nullptr);
+
+  void accept() override;
+
+ private:
+  QWidget* buildDelimiter();
+  QWidget* buildPreview();
+  void fillTable();
+  void delimiterChanged();
+  ColumnMapping mapping() const;
+  void showRow(int row);
+  void refresh() { showRow(_row); }
+
+  CsvFile& _file;
+  int _row = 0;
+  QComboBox* _delimiter = nullptr;
+  QLineEdit* _otherDelimiter = nullptr;
+  QTableWidget* _table = nullptr;
+  LabelPreview* _preview = nullptr;
+  QLabel* _rowText = nullptr;
+  QToolButton* _previous = nullptr;
+  QToolButton* _next = nullptr;
+  QLabel* _problem = nullptr;
+  QPushButton* _accept = nullptr;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_COLUMNDIALOG_H_

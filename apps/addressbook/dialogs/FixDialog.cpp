@@ -1,0 +1,114 @@
+#include "apps/addressbook/dialogs/FixDialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "apps/addressbook/dialogs/LookFields.h"
+#include "apps/addressbook/fix/FixPlan.h"
+
+namespace postwright::addressbook {
+
+FixDialog::FixDialog(const Book& book, const QList<int>& selected, const FixOptions& options,
+                     QWidget* parent)
+    : QDialog(parent),
+      _book(book),
+      _selected(selected),
+      _failed(failedRows(book)),
+      _options(options) {
+  setWindowTitle(tr("Fix Addresses"));
+  auto* const buttons = new QDialogButtonBox(this);
+  _start = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
+  _start->setObjectName(QStringLiteral("start"));
+  buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(buildScope());
+  layout->addWidget(buildLook());
+  layout->addWidget(buttons);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  refresh();
+}
+
+QWidget* FixDialog::buildScope() {
+  auto* const group = new QGroupBox(tr("Which"), this);
+  auto* const layout = new QVBoxLayout(group);
+  _allButton = addScope(layout, "all", tr("&All entries (%1)"), _book.size());
+  _selectedButton =
+      addScope(layout, "selected", tr("The &selected entries (%1)"), _selected.size());
+  _failedButton = addScope(layout, "failed", tr("Those that &failed before (%1)"), _failed.size());
+  _includesRight =
+      new QCheckBox(tr("Ask again about those found &right in the last half year"), group);
+  _includesRight->setObjectName(QStringLiteral("includesRight"));
+  _skipped = new QLabel(group);
+  _skipped->setObjectName(QStringLiteral("skipped"));
+  layout->addWidget(_includesRight);
+  layout->addWidget(_skipped);
+  connect(_includesRight, &QCheckBox::toggled, this, &FixDialog::refresh);
+  // Several selected entries are meant; a single one is just where the user happens to be.
+  (_selected.size() > 1 ? _selectedButton : _allButton)->setChecked(true);
+  return group;
+}
+
+QRadioButton* FixDialog::addScope(QVBoxLayout* layout, const char* name, const QString& text,
+                                  qsizetype count) {
+  auto* const button = new QRadioButton(text.arg(count), this);
+  button->setObjectName(QLatin1String(name));
+  button->setEnabled(count > 0);
+  layout->addWidget(button);
+  connect(button, &QRadioButton::toggled, this, &FixDialog::refresh);
+  return button;
+}
+
+QWidget* FixDialog::buildLook() {
+  auto* const group = new QGroupBox(tr("Corrected labels"), this);
+  auto* const layout = new QFormLayout(group);
+  _case = makeCaseBox(_options.textCase, group);
+  _punctuation = makePunctuationBox(_options.removesPunctuation, group);
+  layout->addRow(tr("&Letters:"), _case);
+  layout->addRow(QString(), _punctuation);
+  return group;
+}
+
+void FixDialog::refresh() {
+  if (_start == nullptr || _punctuation == nullptr) {
+    return;  // still being built
+  }
+  const qsizetype count = rows().size();
+  const bool isSkipping = !_failedButton->isChecked();
+  _includesRight->setEnabled(isSkipping);
+  const qsizetype all = _selectedButton->isChecked() ? _selected.size()
+                        : isSkipping                 ? _book.size()
+                                                     : _failed.size();
+  _skipped->setText(all == count ? tr("None is skipped.")
+                                 : tr("%n are skipped: found right lately, or without an address.",
+                                      nullptr, static_cast<int>(all - count)));
+  _start->setText(count == 0 ? tr("Nothing to Fix")
+                             : tr("&Fix %n Addresses…", nullptr, static_cast<int>(count)));
+  _start->setEnabled(count > 0);
+  _start->setDefault(true);
+}
+
+QList<int> FixDialog::rows() const {
+  if (_failedButton->isChecked()) {
+    return _failed;
+  }
+  return rowsToFix(_book, _selectedButton->isChecked() ? _selected : allRows(_book),
+                   _includesRight->isChecked());
+}
+
+FixOptions FixDialog::options() const {
+  FixOptions options = _options;
+  options.textCase = static_cast<TextCase>(_case->currentIndex());
+  options.removesPunctuation = _punctuation->isChecked();
+  return options;
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,111 @@
+#include "apps/addressbook/dialogs/PreferencesDialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/VerifyServer.h"
+#include "apps/addressbook/dialogs/LookFields.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr int kFieldWidth = 320;
+
+// A line of explanation under a field.
+QLabel* makeHint(const QString& text, QWidget* parent) {
+  auto* const hint = new QLabel(text, parent);
+  hint->setWordWrap(true);
+  hint->setForegroundRole(QPalette::PlaceholderText);
+  return hint;
+}
+
+}  // namespace
+
+PreferencesDialog::PreferencesDialog(const Preferences& preferences, QWidget* parent)
+    : QDialog(parent), _preferences(preferences) {
+  setWindowTitle(tr("Preferences"));
+  auto* const buttons = new QDialogButtonBox(this);
+  _accept = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
+  buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(buildLook());
+  layout->addWidget(buildService());
+  layout->addWidget(buildWindow());
+  layout->addStretch(1);
+  layout->addWidget(buttons);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  checkServer();
+}
+
+QWidget* PreferencesDialog::buildLook() {
+  auto* const group = new QGroupBox(tr("Corrected labels"), this);
+  auto* const layout = new QFormLayout(group);
+  _case = makeCaseBox(_preferences.fix.textCase, group);
+  _punctuation = makePunctuationBox(_preferences.fix.removesPunctuation, group);
+  _spellings = new QLineEdit(_preferences.fix.spellings, group);
+  _spellings->setObjectName(QStringLiteral("spellings"));
+  _spellings->setPlaceholderText(QStringLiteral("DeWitt; MacArthur"));
+  _spellings->setMinimumWidth(kFieldWidth);
+  layout->addRow(tr("&Letters:"), _case);
+  layout->addRow(QString(), _punctuation);
+  layout->addRow(tr("Special &spellings:"), _spellings);
+  layout->addRow(QString(),
+                 makeHint(tr("Words that mixed case is to write just so, with semicolons "
+                             "between them."),
+                          group));
+  return group;
+}
+
+QWidget* PreferencesDialog::buildService() {
+  auto* const group = new QGroupBox(tr("Verify service"), this);
+  auto* const layout = new QFormLayout(group);
+  _server = new QLineEdit(_preferences.fix.server, group);
+  _server->setObjectName(QStringLiteral("server"));
+  _server->setPlaceholderText(tr("the usual one"));
+  _serverProblem = makeHint(QString(), group);
+  layout->addRow(tr("&Host:"), _server);
+  layout->addRow(QString(), _serverProblem);
+  connect(_server, &QLineEdit::textChanged, this, &PreferencesDialog::checkServer);
+  return group;
+}
+
+QWidget* PreferencesDialog::buildWindow() {
+  auto* const group = new QGroupBox(tr("Window"), this);
+  auto* const layout = new QFormLayout(group);
+  _appearance = new QComboBox(group);
+  _appearance->setObjectName(QStringLiteral("appearance"));
+  _appearance->addItems({tr("As the desktop"), tr("Light"), tr("Dark")});
+  _appearance->setCurrentIndex(static_cast<int>(_preferences.appearance));
+  layout->addRow(tr("&Appearance:"), _appearance);
+  return group;
+}
+
+void PreferencesDialog::checkServer() {
+  const QString server = _server->text().trimmed();
+  const bool isGood = server.isEmpty() || CheckServer(server.toStdString()).empty();
+  _serverProblem->setText(isGood ? tr("A host with a port, as in 127.0.0.1:8470.")
+                                 : tr("This is no host with a port, as in 127.0.0.1:8470."));
+  _serverProblem->setForegroundRole(isGood ? QPalette::PlaceholderText : QPalette::WindowText);
+  _accept->setEnabled(isGood);
+}
+
+Preferences PreferencesDialog::preferences() const {
+  Preferences preferences = _preferences;
+  preferences.fix.textCase = static_cast<TextCase>(_case->currentIndex());
+  preferences.fix.removesPunctuation = _punctuation->isChecked();
+  preferences.fix.spellings = _spellings->text().trimmed();
+  preferences.fix.server = _server->text().trimmed();
+  preferences.appearance = static_cast<Appearance>(_appearance->currentIndex());
+  return preferences;
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,306 @@
+#include "apps/addressbook/document/EntryModel.h"
+
+#include <QCollator>
+#include <QLocale>
+#include <algorithm>
+#include <numeric>
+
+#include "apps/addressbook/book/LabelText.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+// Removing more runs of rows than this one by one is slower than laying the table out anew.
+constexpr qsizetype kMostRuns = 50;
+
+// First what needs the user's attention.
+int urgency(CheckState state) {
+  switch (state) {
+    case CheckState::Failed:
+      return 0;
+    case CheckState::NotChecked:
+      return 1;
+    case CheckState::DueAgain:
+      return 2;
+    case CheckState::Right:
+      break;
+  }
+  return 3;
+}
+
+}  // namespace
+
+EntryModel::EntryModel(const Book& book, QObject* parent)
+    : QAbstractTableModel(parent), _book(book) {
+  connect(&book, &Book::wasReset, this, &EntryModel::bookWasReset);
+  connect(&book, &Book::changed, this, &EntryModel::bookChanged);
+  connect(&book, &Book::inserted, this, &EntryModel::bookInserted);
+  connect(&book, &Book::removed, this, &EntryModel::bookRemoved);
+  arrange();
+}
+
+void EntryModel::search(const QString& text, Filter filter) {
+  _words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  _filter = filter;
+  showAnew();
+}
+
+void EntryModel::sort(int column, Qt::SortOrder order) {
+  _sortColumn = column;
+  _sortOrder = order;
+  showAnew();
+}
+
+// Lays the rows out anew; what the views have selected goes with its entry.
+void EntryModel::showAnew() {
+  emit layoutAboutToBeChanged();
+  const QModelIndexList before = persistentIndexList();
+  QList<int> rows;
+  for (const QModelIndex& index : before) {
+    rows.append(bookRow(index));
+  }
+  arrange();
+  QList<int> places(_book.size(), -1);
+  for (int place = 0; place < _shown.size(); ++place) {
+    places[_shown[place]] = place;
+  }
+  QModelIndexList after;
+  for (qsizetype each = 0; each < before.size(); ++each) {
+    const int place = places[rows[each]];
+    after.append(place < 0 ? QModelIndex() : index(place, before[each].column()));
+  }
+  changePersistentIndexList(before, after);
+  emit layoutChanged();
+}
+
+void EntryModel::arrange() {
+  _shown.clear();
+  for (int row = 0; row < _book.size(); ++row) {
+    if (passes(row)) {
+      _shown.append(row);
+    }
+  }
+  if (_sortColumn == kBookOrder) {
+    return;
+  }
+  QCollator collator;
+  collator.setNumericMode(true);
+  collator.setCaseSensitivity(Qt::CaseInsensitive);
+  struct Keyed {
+    int row;
+    int urgency;
+    QCollatorSortKey key;
+  };
+  std::vector<Keyed> keyed;
+  keyed.reserve(_shown.size());
+  for (const int row : _shown) {
+    const bool byState = _sortColumn == Checked;
+    keyed.push_back({row, byState ? urgency(_book.stateAt(row)) : 0,
+                     collator.sortKey(text(row, byState ? Name : _sortColumn))});
+  }
+  const auto isBefore = [](const Keyed& a, const Keyed& b) {
+    const int order = a.urgency != b.urgency ? a.urgency - b.urgency : a.key.compare(b.key);
+    return order != 0 ? order < 0 : a.row < b.row;
+  };
+  std::sort(keyed.begin(), keyed.end(), isBefore);
+  std::transform(keyed.begin(), keyed.end(), _shown.begin(), [](const Keyed& k) { return k.row; });
+  if (_sortOrder == Qt::DescendingOrder) {
+    std::reverse(_shown.begin(), _shown.end());
+  }
+}
+
+bool EntryModel::passes(int bookRow) const {
+  const CheckState state = _book.stateAt(bookRow);
+  if ((_filter == Filter::Failed && state != CheckState::Failed) ||
+      (_filter == Filter::ToCheck && state != CheckState::NotChecked &&
+       state != CheckState::DueAgain)) {
+    return false;
+  }
+  const QString& label = _book.at(bookRow).label;
+  return std::all_of(_words.begin(), _words.end(), [&label](const QString& word) {
+    return label.contains(word, Qt::CaseInsensitive);
+  });
+}
+
+QList<int> EntryModel::bookRows(const QModelIndexList& indexes) const {
+  QList<int> rows;
+  rows.reserve(indexes.size());
+  for (const QModelIndex& index : indexes) {
+    rows.append(bookRow(index));
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
+}
+
+QModelIndex EntryModel::indexOf(int bookRow, int column) const {
+  const auto place = _shown.indexOf(bookRow);
+  return place < 0 ? QModelIndex() : index(static_cast<int>(place), column);
+}
+
+int EntryModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(_shown.size());
+}
+
+int EntryModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant EntryModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) {
+    return {};
+  }
+  const int row = bookRow(index);
+  const bool hasTip = index.column() == Checked || !_book.at(row).label.isEmpty();
+  switch (role) {
+    case Qt::DisplayRole:
+      return text(row, index.column());
+    case Qt::ToolTipRole:
+      return !hasTip                     ? QVariant()
+             : index.column() == Checked ? text(row, Checked)
+                                         : _book.at(row).label;
+    case kStateRole:
+      return static_cast<int>(_book.stateAt(row));
+    default:
+      return {};
+  }
+}
+
+QString EntryModel::text(int bookRow, int column) const {
+  const Entry& entry = _book.at(bookRow);
+  if (column == Checked) {
+    return stateText(entry, _book.stateAt(bookRow));
+  }
+  const LabelSummary summary = summarizeLabel(entry.label);
+  switch (column) {
+    case Name:
+      return summary.name;
+    case Street:
+      return summary.street;
+    case Place:
+      return summary.place;
+    default:
+      return summary.zip;
+  }
+}
+
+QString EntryModel::stateText(const Entry& entry, CheckState state) {
+  const QString day = QLocale().toString(entry.check.day, QLocale::ShortFormat);
+  switch (state) {
+    case CheckState::Right:
+      return tr("Right, %1").arg(day);
+    case CheckState::DueAgain:
+      return tr("Due again, right %1").arg(day);
+    case CheckState::Failed:
+      return entry.check.failure;
+    case CheckState::NotChecked:
+      break;
+  }
+  return hasAddress(entry) ? tr("Not checked") : tr("No address");
+}
+
+QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical || role != Qt::DisplayRole) {
+    return QAbstractTableModel::headerData(section, orientation, role);
+  }
+  switch (section) {
+    case Name:
+      return tr("Name");
+    case Street:
+      return tr("Address");
+    case Place:
+      return tr("City and state");
+    case Zip:
+      return tr("ZIP code");
+    default:
+      return tr("Checked");
+  }
+}
+
+void EntryModel::bookWasReset() {
+  beginResetModel();
+  arrange();
+  endResetModel();
+}
+
+void EntryModel::bookChanged(const QList<int>& rows) {
+  if (rows.size() == 1) {
+    const QModelIndex index = indexOf(rows.first());
+    if (index.isValid()) {
+      emit dataChanged(index, index.siblingAtColumn(kColumns - 1));
+    }
+  } else if (!_shown.isEmpty()) {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
+  }
+}
+
+void EntryModel::bookInserted(const QList<int>& rows) {
+  // First the rows that are shown take their new numbers, then the new ones come in.
+  QList<int> numbers;
+  numbers.reserve(_book.size());
+  auto added = rows.cbegin();
+  for (int row = 0; row < _book.size(); ++row) {
+    if (added != rows.cend() && *added == row) {
+      ++added;
+    } else {
+      numbers.append(row);
+    }
+  }
+  for (int& row : _shown) {
+    row = numbers[row];
+  }
+  if (_sortColumn == kBookOrder && rows.size() > 1) {
+    beginResetModel();
+    _shown += rows;
+    std::sort(_shown.begin(), _shown.end());
+    endResetModel();
+    return;
+  }
+  const auto place = _sortColumn == kBookOrder
+                         ? std::lower_bound(_shown.begin(), _shown.end(), rows.first())
+                         : _shown.end();
+  const int first = static_cast<int>(place - _shown.begin());
+  beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
+  _shown.insert(place, rows.size(), 0);
+  std::copy(rows.begin(), rows.end(), _shown.begin() + first);
+  endInsertRows();
+}
+
+void EntryModel::bookRemoved(const QList<int>& rows) {
+  const auto isRemoved = [&rows](int row) {
+    return std::binary_search(rows.begin(), rows.end(), row);
+  };
+  // What is left is numbered anew at once; until a run of removed rows has gone, its rows keep a
+  // number that the book still has, so that a view that looks at one finds something.
+  QList<bool> gone;
+  for (int& row : _shown) {
+    gone.append(isRemoved(row));
+    row -= static_cast<int>(std::lower_bound(rows.begin(), rows.end(), row) - rows.begin());
+    row = std::clamp(row, 0, std::max(_book.size() - 1, 0));
+  }
+  QList<std::pair<int, int>> runs;  // first and last place, the last run first
+  for (int place = rowCount() - 1; place >= 0; --place) {
+    if (!gone[place]) {
+      continue;
+    }
+    if (!runs.isEmpty() && runs.last().first == place + 1) {
+      runs.last().first = place;
+    } else {
+      runs.append({place, place});
+    }
+  }
+  if (runs.size() > kMostRuns || _book.size() == 0) {
+    beginResetModel();
+    arrange();
+    endResetModel();
+    return;
+  }
+  for (const auto& [first, last] : runs) {
+    beginRemoveRows({}, first, last);
+    _shown.remove(first, last - first + 1);
+    endRemoveRows();
+  }
+}
+
+}  // namespace postwright::addressbook

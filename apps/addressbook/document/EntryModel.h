@@ -1,0 +1,73 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_DOCUMENT_ENTRYMODEL_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_DOCUMENT_ENTRYMODEL_H_
+
+#include <QAbstractTableModel>
+#include <QList>
+#include <QStringList>
+
+#include "apps/addressbook/book/Book.h"
+
+namespace postwright::addressbook {
+
+// The entries of a book as the table shows them: those that pass the search, in the order asked
+// for.
+//
+// Searching and sorting happen on request alone: an entry that is edited or checked keeps its row,
+// and one that is added is shown whatever is searched for, until the next request.
+class EntryModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  enum Column { Name, Street, Place, Zip, Checked, kColumns };
+
+  // Which entries are shown, beside what is searched for.
+  enum class Filter { All, ToCheck, Failed };
+
+  // A CheckState, of any column.
+  static constexpr int kStateRole = Qt::UserRole;
+  // In sort(): the order of the book.
+  static constexpr int kBookOrder = -1;
+
+  explicit EntryModel(const Book& book, QObject* parent = nullptr);
+
+  // Shows the entries whose labels hold every word of `text`, in any case.
+  void search(const QString& text, Filter filter);
+  bool isSearching() const { return !_words.isEmpty() || _filter != Filter::All; }
+
+  // Rows of the book, and places in the table.
+  int bookRow(const QModelIndex& index) const { return _shown[index.row()]; }
+  QList<int> bookRows(const QModelIndexList& indexes) const;  // ascending
+  QList<int> shownBookRows() const { return _shown; }         // as shown
+  // The place in the table; invalid where the entry is not shown.
+  QModelIndex indexOf(int bookRow, int column = 0) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  void sort(int column, Qt::SortOrder order) override;
+
+  // What the last column says.
+  static QString stateText(const Entry& entry, CheckState state);
+
+ private:
+  bool passes(int bookRow) const;
+  QString text(int bookRow, int column) const;
+  void arrange();
+  void showAnew();
+  void bookWasReset();
+  void bookChanged(const QList<int>& rows);
+  void bookInserted(const QList<int>& rows);
+  void bookRemoved(const QList<int>& rows);
+
+  const Book& _book;
+  QList<int> _shown;  // rows of the book
+  QStringList _words;
+  Filter _filter = Filter::All;
+  int _sortColumn = kBookOrder;
+  Qt::SortOrder _sortOrder = Qt::AscendingOrder;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_DOCUMENT_ENTRYMODEL_H_

@@ -1,0 +1,51 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FIX_ADDRESSFIXER_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_FIX_ADDRESSFIXER_H_
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace postwright::addressbook {
+
+// How corrected labels are to look. The numbers are those of the library.
+enum class TextCase { Upper = 0, Lower = 1, Mixed = 2 };
+
+struct FixOptions {
+  TextCase textCase = TextCase::Upper;
+  bool removesPunctuation = true;
+  QString spellings;  // the user's own, parted by ";": "DeWitt; MacArthur"
+  QString server;     // HOST[:PORT]; empty: the one that the library was built for
+};
+
+// What came of one label.
+struct FixOutcome {
+  enum class Kind {
+    Open,       // not asked, or the user took it out of the list
+    Right,      // the service found it right
+    Corrected,  // `text` is the label now
+    Failed,     // `text` says why
+  };
+  Kind kind = Kind::Open;
+  QString text;
+};
+
+// Asks the service about labels and lets the user review the answers: the one place where the
+// program meets the correction library's windows.
+class AddressFixer {
+ public:
+  AddressFixer() = default;
+  AddressFixer(const AddressFixer&) = delete;
+  AddressFixer& operator=(const AddressFixer&) = delete;
+  virtual ~AddressFixer() = default;
+
+  // Returns an outcome for each of `labels`, in order, or nothing at all where the user cancelled.
+  // Blocks while the user reviews; `parent` is the window in front of which that happens.
+  virtual QList<FixOutcome> fix(const QStringList& labels, const FixOptions& options,
+                                QWidget* parent) = 0;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FIX_ADDRESSFIXER_H_

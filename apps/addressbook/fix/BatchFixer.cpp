@@ -1,0 +1,84 @@
+#include "apps/addressbook/fix/BatchFixer.h"
+
+#include <postwright/AddressEntry.h>
+#include <postwright/PostwrightController.h>
+
+#include <memory>
+
+#include "apps/VerifyServer.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+constexpr int kApplied = -1000;
+
+// A label on its way through the batch window. What comes of it is read from the window's records,
+// which tell failures and labels found right, too.
+class LabelEntry final : public AddressEntry {
+ public:
+  LabelEntry(const QString& label, qsizetype place) : _label(label), _place(place) {}
+
+  QString value() const override { return _label; }
+  void setValue(const QString& text) override { _label = text; }
+  qsizetype place() const { return _place; }
+
+ private:
+  QString _label;
+  qsizetype _place;
+};
+
+FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& label) {
+  if (values.pending) {
+    return {};
+  }
+  switch (values.status) {
+    case AddressStatusFixed:
+      return {FixOutcome::Kind::Corrected, values.fixed};
+    case AddressStatusMultiple:
+      return {FixOutcome::Kind::Failed, BatchFixer::tr("Several addresses match")};
+    case AddressStatusError:
+      return {FixOutcome::Kind::Failed, values.result};
+    case AddressStatusUnchanged:
+      break;
+  }
+  // Where the user tried another text and found that one right, nothing is known of the label.
+  return values.address == label ? FixOutcome{FixOutcome::Kind::Right, {}} : FixOutcome{};
+}
+
+}  // namespace
+
+BatchFixer::BatchFixer(std::string server) : _server(std::move(server)), _usual(GetDeployment()) {}
+
+QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixOptions& options,
+                                  QWidget* parent) {
+  pointTo(options.server);
+  QList<std::shared_ptr<AddressEntry>> entries;
+  for (const QString& label : labels) {
+    entries.append(std::make_shared<LabelEntry>(label, entries.size()));
+  }
+  PostwrightController window(entries, options.removesPunctuation,
+                              static_cast<qint32>(options.textCase), options.spellings, parent);
+  if (window.exec() != kApplied) {
+    return {};
+  }
+  QList<FixOutcome> outcomes(labels.size());
+  for (const BatchResultRecordPointer& record : window.records()) {
+    const auto place = static_cast<const LabelEntry&>(*record->entry()).place();
+    outcomes[place] = outcomeOf(record->values(), labels[place]);
+  }
+  return outcomes;
+}
+
+// Between two windows no fix is under way, so the process may be pointed elsewhere.
+void BatchFixer::pointTo(const QString& server) const {
+  if (!_server.empty()) {
+    UseServer(_server);
+  } else if (!server.isEmpty()) {
+    UseServer(server.toStdString());
+  } else {
+    SetDeployment(_usual);
+  }
+}
+
+}  // namespace postwright::addressbook

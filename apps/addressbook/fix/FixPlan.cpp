@@ -1,0 +1,62 @@
+#include "apps/addressbook/fix/FixPlan.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "apps/addressbook/book/LabelText.h"
+
+namespace postwright::addressbook {
+
+QList<int> rowsToFix(const Book& book, const QList<int>& rows, bool includesRight) {
+  QList<int> due;
+  std::copy_if(rows.begin(), rows.end(), std::back_inserter(due), [&](int row) {
+    return hasAddress(book.at(row)) && (includesRight || book.stateAt(row) != CheckState::Right);
+  });
+  return due;
+}
+
+QList<int> allRows(const Book& book) {
+  QList<int> rows(book.size());
+  std::iota(rows.begin(), rows.end(), 0);
+  return rows;
+}
+
+QList<int> failedRows(const Book& book) {
+  QList<int> rows = allRows(book);
+  rows.removeIf([&book](int row) { return book.stateAt(row) != CheckState::Failed; });
+  return rows;
+}
+
+QStringList labelsAt(const Book& book, const QList<int>& rows) {
+  QStringList labels;
+  labels.reserve(rows.size());
+  for (const int row : rows) {
+    labels.append(book.at(row).label);
+  }
+  return labels;
+}
+
+FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
+                   QDate today) {
+  FixResult result;
+  for (qsizetype each = 0; each < std::min(rows.size(), outcomes.size()); ++each) {
+    const FixOutcome& outcome = outcomes[each];
+    if (outcome.kind == FixOutcome::Kind::Open) {
+      continue;
+    }
+    PlacedEntry placed{rows[each], book.at(rows[each])};
+    Entry& entry = placed.entry;
+    if (outcome.kind == FixOutcome::Kind::Corrected) {
+      entry.label = tidyLabel(outcome.text);
+      result.corrected.append(placed);
+    }
+    const bool isFailed = outcome.kind == FixOutcome::Kind::Failed;
+    result.failed += isFailed ? 1 : 0;
+    result.right += outcome.kind == FixOutcome::Kind::Right ? 1 : 0;
+    entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString()};
+    result.checked.append(placed);
+  }
+  return result;
+}
+
+}  // namespace postwright::addressbook

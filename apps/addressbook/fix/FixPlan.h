@@ -1,0 +1,36 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FIX_FIXPLAN_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_FIX_FIXPLAN_H_
+
+#include <QList>
+#include <QStringList>
+
+#include "apps/addressbook/book/Book.h"
+#include "apps/addressbook/fix/AddressFixer.h"
+
+namespace postwright::addressbook {
+
+// Which entries of a book are to be checked. Functions without a window.
+
+// Of the entries at `rows`, those that are worth asking about: all that have an address, without
+// those that were found right within half a year unless `includesRight`.
+QList<int> rowsToFix(const Book& book, const QList<int>& rows, bool includesRight);
+
+// The rows of all entries, and of those that the service turned down.
+QList<int> allRows(const Book& book);
+QList<int> failedRows(const Book& book);
+
+QStringList labelsAt(const Book& book, const QList<int>& rows);
+
+// What outcomes, one for each of `rows`, do to a book.
+struct FixResult {
+  QList<PlacedEntry> corrected;  // the entries with their new labels
+  QList<PlacedEntry> checked;    // the entries with what is known of them from `today` on
+  int right = 0;
+  int failed = 0;
+};
+FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
+                   QDate today);
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FIX_FIXPLAN_H_

@@ -1,0 +1,129 @@
+// The program `postwright-addressbook`.
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <cstdlib>
+#include <iostream>
+
+#include "apps/CharacterLocale.h"
+#include "apps/VerifyServer.h"
+#include "apps/addressbook/fix/BatchFixer.h"
+#include "apps/addressbook/window/AddressBookWindow.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+enum ExitStatus : int { kExitDone = 0, kExitFailed = 1, kExitUsage = 2 };
+
+constexpr const char* kUsage = "postwright-addressbook [--server HOST[:PORT]] [FILE]";
+
+constexpr const char* kFooter =
+    R"(FILE is an address book: a CSV file with a header, a vCard file or a .pwbook file. Its kind is told
+by what it holds. Without one the program begins with an empty address book.
+
+Exit status: 0 done; 1 there is no display or the program failed; 2 wrong usage.
+
+Example: postwright-addressbook --server 127.0.0.1:8470 friends.csv)";
+
+struct Options {
+  std::string server;
+  std::string file;
+};
+
+// Help and version need no display, so the command line is read before Qt starts. Returns true
+// where the program is to go on.
+bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
+  CLI::App app("Keeps US postal addresses, corrects them and prints them on label sheets.",
+               "postwright-addressbook");
+  app.set_version_flag("--version", "postwright-addressbook " POSTWRIGHT_VERSION,
+                       "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.add_option("--server", options.server, "The Verify service to ask instead of the usual one")
+      ->type_name("HOST[:PORT]")
+      ->check(CLI::Validator(CheckServer, ""));
+  app.add_option("FILE", options.file, "The address book to open")->type_name("");
+  app.footer(kFooter);
+  try {
+    app.parse(argc, argv);
+    return true;
+  } catch (const CLI::Success& question) {
+    status = app.exit(question) == 0 ? kExitDone : kExitFailed;
+  } catch (const CLI::ParseError& error) {
+    std::cerr << "postwright-addressbook: " << error.what() << "\nUsage: " << kUsage
+              << "\n'postwright-addressbook --help' says more.\n";
+    status = kExitUsage;
+  }
+  return false;
+}
+
+// Qt ends the process with a signal where it finds no display; this says what to do first.
+bool hasDisplay() {
+  for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* const value = std::getenv(name);
+    if (value != nullptr && *value != '\0') {
+      return true;
+    }
+  }
+  std::cerr << "postwright-addressbook: there is no display to show a window on. Set DISPLAY, or "
+               "run this in a desktop session.\n";
+  return false;
+}
+
+// Texts in the user's language: Qt's own, where they are installed, and the program's.
+void installTranslations(QApplication& application) {
+  auto* const qt = new QTranslator(&application);
+  if (qt->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+               QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(qt);
+  }
+  auto* const own = new QTranslator(&application);
+  if (own->load(QLocale(), QStringLiteral("addressbook"), QStringLiteral("_"),
+                QStringLiteral(":/addressbook/translations")) ||
+      own->load(QStringLiteral(":/addressbook/translations/addressbook_en"))) {
+    QApplication::installTranslator(own);
+  }
+}
+
+int run(int argc, char** argv, const Options& options) {
+  QApplication application(argc, argv);
+  QApplication::setOrganizationName(QStringLiteral("Postwright"));
+  QApplication::setApplicationName(QStringLiteral("addressbook"));
+  QApplication::setApplicationVersion(QStringLiteral(POSTWRIGHT_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("postwright-addressbook"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/addressbook/icons/addressbook.svg")));
+  // Qt takes the locale of the environment; ours stays as SetCharacterLocale() has set it.
+  SetCharacterLocale();
+  installTranslations(application);
+  BatchFixer fixer(options.server);
+  AddressBookWindow window(fixer);
+  window.show();
+  if (!options.file.empty()) {
+    window.openPath(QString::fromLocal8Bit(options.file.c_str()));
+  }
+  return QApplication::exec();
+}
+
+}  // namespace
+
+}  // namespace postwright::addressbook
+
+int main(int argc, char** argv) {
+  using namespace postwright::addressbook;
+  try {
+    postwright::SetCharacterLocale();
+    Options options;
+    ExitStatus status = kExitDone;
+    if (!readOptions(argc, argv, options, status)) {
+      return status;
+    }
+    return hasDisplay() ? run(argc, argv, options) : kExitFailed;
+  } catch (const std::exception& failure) {
+    std::cerr << "postwright-addressbook: stopped: " << failure.what() << '\n';
+    return kExitFailed;
+  }
+}

@@ -1,0 +1,84 @@
+#include "apps/addressbook/settings/Preferences.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <algorithm>
+
+namespace postwright::addressbook {
+
+namespace {
+
+const QString kCase = QStringLiteral("fix/case");
+const QString kPunctuation = QStringLiteral("fix/removePunctuation");
+const QString kSpellings = QStringLiteral("fix/spellings");
+const QString kServer = QStringLiteral("fix/server");
+const QString kAppearance = QStringLiteral("window/appearance");
+const QString kSheet = QStringLiteral("print/sheet");
+const QString kFamily = QStringLiteral("print/font");
+const QString kPoints = QStringLiteral("print/points");
+const QString kShift = QStringLiteral("print/shift");
+const QString kRecent = QStringLiteral("recentFiles");
+
+// A number from the settings, which anyone may have edited.
+int bounded(const QSettings& settings, const QString& key, int usual, int count) {
+  const int number = settings.value(key, usual).toInt();
+  return number >= 0 && number < count ? number : usual;
+}
+
+}  // namespace
+
+Preferences Preferences::load() {
+  const QSettings settings;
+  Preferences preferences;
+  FixOptions& fix = preferences.fix;
+  fix.textCase = static_cast<TextCase>(bounded(settings, kCase, 0, 3));
+  fix.removesPunctuation = settings.value(kPunctuation, true).toBool();
+  fix.spellings = settings.value(kSpellings).toString();
+  fix.server = settings.value(kServer).toString();
+  preferences.appearance = static_cast<Appearance>(bounded(settings, kAppearance, 0, 3));
+  preferences.sheet = bounded(settings, kSheet, 0, static_cast<int>(LabelSheet::all().size()));
+  LabelStyle& style = preferences.style;
+  style.family = settings.value(kFamily, style.family).toString();
+  style.largestPoints = std::clamp(settings.value(kPoints, style.largestPoints).toDouble(),
+                                   LabelStyle::kLeastPoints, LabelStyle::kMostPoints);
+  preferences.shift = settings.value(kShift).toPointF();
+  return preferences;
+}
+
+void Preferences::save() const {
+  QSettings settings;
+  settings.setValue(kCase, static_cast<int>(fix.textCase));
+  settings.setValue(kPunctuation, fix.removesPunctuation);
+  settings.setValue(kSpellings, fix.spellings);
+  settings.setValue(kServer, fix.server);
+  settings.setValue(kAppearance, static_cast<int>(appearance));
+  settings.setValue(kSheet, sheet);
+  settings.setValue(kFamily, style.family);
+  settings.setValue(kPoints, style.largestPoints);
+  settings.setValue(kShift, shift);
+}
+
+QStringList RecentFiles::list() {
+  return QSettings().value(kRecent).toStringList();
+}
+
+void RecentFiles::add(const QString& path) {
+  const QString whole = QFileInfo(path).absoluteFilePath();
+  QStringList files = list();
+  files.removeAll(whole);
+  files.prepend(whole);
+  files.resize(std::min<qsizetype>(files.size(), kMost));
+  QSettings().setValue(kRecent, files);
+}
+
+void RecentFiles::remove(const QString& path) {
+  QStringList files = list();
+  files.removeAll(QFileInfo(path).absoluteFilePath());
+  QSettings().setValue(kRecent, files);
+}
+
+void RecentFiles::clear() {
+  QSettings().remove(kRecent);
+}
+
+}  // namespace postwright::addressbook

@@ -1,0 +1,87 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_ADDRESSBOOKWINDOW_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_ADDRESSBOOKWINDOW_H_
+
+#include <QMainWindow>
+
+#include "apps/addressbook/document/BookDocument.h"
+#include "apps/addressbook/document/EntryModel.h"
+#include "apps/addressbook/window/WindowActions.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QSplitter;
+class QStackedWidget;
+
+namespace postwright::addressbook {
+
+class AddressFixer;
+class EmptyPage;
+class EntryPanel;
+class EntryTable;
+class FileController;
+class FixController;
+class MessageBar;
+
+// The window of the program: an address book in a table, the selected entry beside it.
+//
+// Widgets and actions are found by object name: entryTable, labelEditor, searchField, and the names
+// of WindowActions.
+class AddressBookWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // `fixer` lives longer than the window.
+  explicit AddressBookWindow(AddressFixer& fixer);
+  ~AddressBookWindow() override;
+
+  // Opens an address book in place of the present one, which is not asked about. False where it
+  // could not be opened; the user was told.
+  bool openPath(const QString& path);
+
+  BookDocument& document() { return _document; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  QWidget* buildMiddle();
+  void buildSearch();
+  void buildStatusBar();
+  void connectDocument();
+  void connectActions();
+  void connectFixing();
+  void search();
+  void showAll();
+  void addEntry();
+  void showTouched(const QList<int>& rows);
+  void print();
+  void editPreferences();
+  void takePreferences();
+  void refresh();
+  void refreshPages();
+  void refreshStatus(qsizetype selected);
+  void restoreLayout();
+
+  BookDocument _document;
+  EntryModel _model;
+  WindowActions _actions;
+  FileController* _files;
+  FixController* _fixes;
+  EntryTable* _table;
+  EntryPanel* _panel;
+  QSplitter* _splitter = nullptr;
+  QStackedWidget* _pages = nullptr;
+  EmptyPage* _empty = nullptr;
+  MessageBar* _message = nullptr;
+  QLineEdit* _search = nullptr;
+  QComboBox* _filter = nullptr;
+  QLabel* _counts = nullptr;
+  QLabel* _states = nullptr;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_ADDRESSBOOKWINDOW_H_

@@ -1,0 +1,63 @@
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_FILECONTROLLER_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_FILECONTROLLER_H_
+
+#include <QObject>
+#include <QStringList>
+
+class QMenu;
+class QWidget;
+
+namespace postwright::addressbook {
+
+class BookDocument;
+class BookError;
+class CsvFile;
+
+// Opens and saves address books, asking the user what only the user knows: names, columns, and
+// whether changes may be lost.
+class FileController : public QObject {
+  Q_OBJECT
+
+ public:
+  // `document` and `window`, in front of which questions are asked, live longer than this.
+  FileController(BookDocument& document, QWidget* window);
+
+  // Fills the menu of recent files whenever it is shown.
+  void setRecentMenu(QMenu* menu);
+
+  // False where the user wants to stay with the book, or it could not be saved.
+  bool mayLeave();
+
+  void newBook();
+  void open();
+  // False where nothing was opened.
+  bool openPath(const QString& path);
+  bool save();
+  bool saveAs();
+
+  // Asks anew which columns of the CSV file make the label. Only for a book without changes.
+  void chooseColumns();
+  void exportForSpreadsheet();
+
+ signals:
+  // What the user should know about what was done; empty: that it went well.
+  void told(const QString& note);
+
+ private:
+  void fillRecentMenu(QMenu* menu);
+  // True once it is known which columns make the label; false where the user does not say.
+  bool knowsColumns(CsvFile& file, const QString& path);
+  bool askColumns(CsvFile& file, const QString& path);
+  bool saveTo(const QString& path);
+  bool mayOverwrite();
+  bool mayLeaveBehind(const QString& path);
+  void showError(const QString& what, const BookError& error);
+  QString folder() const;
+
+  BookDocument& _document;
+  QWidget* _window;
+};
+
+}  // namespace postwright::addressbook
+
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_FILECONTROLLER_H_

@@ -1,0 +1,53 @@
+#include "apps/addressbook/window/FixController.h"
+
+#include "apps/addressbook/dialogs/FixDialog.h"
+#include "apps/addressbook/document/BookDocument.h"
+#include "apps/addressbook/settings/Preferences.h"
+
+namespace postwright::addressbook {
+
+FixController::FixController(BookDocument& document, AddressFixer& fixer, QWidget* window)
+    : QObject(window), _document(document), _fixer(fixer), _window(window) {}
+
+void FixController::fix(const QList<int>& selected) {
+  Preferences preferences = Preferences::load();
+  FixDialog dialog(_document.book(), selected, preferences.fix, _window);
+  if (dialog.exec() == QDialog::Accepted) {
+    preferences.fix = dialog.options();
+    preferences.save();
+    run(dialog.rows());
+  }
+}
+
+void FixController::fixSelected(const QList<int>& selected) {
+  run(rowsToFix(_document.book(), selected, true));
+}
+
+void FixController::fixFailed() {
+  run(failedRows(_document.book()));
+}
+
+void FixController::run(const QList<int>& rows) {
+  const Book& book = _document.book();
+  if (rows.isEmpty()) {
+    emit told(tr("None of these entries has an address to check."), false);
+    return;
+  }
+  _document.endEdit();
+  const QList<FixOutcome> outcomes =
+      _fixer.fix(labelsAt(book, rows), Preferences::load().fix, _window);
+  const FixResult result = resultOf(book, rows, outcomes, QDate::currentDate());
+  if (result.checked.isEmpty()) {
+    return;  // the user cancelled
+  }
+  _document.correct(result.corrected);
+  _document.keepChecks(result.checked);
+  const int corrected = static_cast<int>(result.corrected.size());
+  emit told(QStringList({tr("%n addresses corrected.", nullptr, corrected),
+                         tr("%n already right.", nullptr, result.right),
+                         tr("%n failed.", nullptr, result.failed)})
+                .join(QLatin1Char(' ')),
+            result.failed > 0);
+}
+
+}  // namespace postwright::addressbook
