@@ -167,7 +167,9 @@ BatchResultRecordList PostwrightController::results() const {
   return fixed;
 }
 
-BatchResultRecordList PostwrightController::records() const { return _window->_results; }
+BatchResultRecordList PostwrightController::records() const {
+  return _window->_results;
+}
 
 void PostwrightController::setVisible(bool visible) {
   if (visible && !_window->_loaded) {
