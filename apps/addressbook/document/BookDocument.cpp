@@ -37,10 +37,9 @@ void BookDocument::begin(std::unique_ptr<BookFile> file, const QString& path,
 
 QStringList BookDocument::save(const QString& path) {
   QStringList notes;
-  if (_file && _file->kind() == kindForPath(path)) {
+  // A file that was opened stays of its kind, even where its name does not tell it.
+  if (_file && (_file->kind() == kindForPath(path) || path == _path)) {
     notes = _file->write(path, _book.entries());
-  } else if (_file && path == _path) {
-    notes = _file->write(path, _book.entries());  // a file whose name does not tell its kind
   } else {
     std::unique_ptr<BookFile> file = newBookFile(path);
     notes = file->write(path, _book.entries());
