@@ -113,7 +113,7 @@ TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
       std::this_thread::sleep_for(milliseconds(10));
     }
   });
-  EXPECT_NE(slow.ReceiveAll(), "(silence)");
+  EXPECT_EQ(slow.ReceiveAll(), "");  // and not, in the end, that the headers are too long
   ended = true;
   trickle.join();
 }
