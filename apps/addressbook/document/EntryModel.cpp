@@ -84,7 +84,9 @@ void EntryModel::arrange() {
   if (_sortColumn == kBookOrder) {
     return;
   }
-  QCollator collator;
+  // The collation of the locale "C" knows neither case nor numbers.
+  const QLocale locale;
+  QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
   collator.setNumericMode(true);
   collator.setCaseSensitivity(Qt::CaseInsensitive);
   struct Keyed {
