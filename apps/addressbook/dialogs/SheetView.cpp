@@ -15,6 +15,7 @@ constexpr double kFocusWidth = 0.04;  // inches
 }  // namespace
 
 SheetView::SheetView(QWidget* parent) : QWidget(parent), _job{LabelSheet::all().first(), {}} {
+  setObjectName(QStringLiteral("sheetView"));
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Sheet of labels"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -1,0 +1,101 @@
+// The seam to the batch window, with the real window and the real service.
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QProcess>
+#include <QTest>
+#include <QTimer>
+
+#include "apps/CharacterLocale.h"
+#include "apps/addressbook/fix/BatchFixer.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+const QStringList kLabels = {"Amir Park\n776 e adams rd\nseiling, ok 73663",
+                             "Lena Quinn\n7517 Adams Boulevard\nNatural Bridge, VA 24578",
+                             "Al Roe\n9 Elm St\nReno, ZZ 89501"};
+
+}  // namespace
+
+class BatchFixerTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase();
+  void cleanupTestCase();
+  void tellsWhatBecameOfEach();
+  void tellsNothingWhenCancelled();
+  void asksTheServerOfTheOptions();
+
+ private:
+  // Has the user wait for the answers and press a button of the batch window.
+  void press(const char* button);
+
+  QProcess _service;
+  QString _server;
+};
+
+void BatchFixerTest::initTestCase() {
+  _service.start(POSTWRIGHT_VERIFYD, {"--listen", "127.0.0.1:0"});
+  _service.setReadChannel(QProcess::StandardError);
+  QVERIFY(_service.waitForStarted());
+  QTRY_VERIFY_WITH_TIMEOUT(_service.canReadLine(), 30000);
+  _server = QString::fromUtf8(_service.readLine()).section("listening on ", 1).trimmed();
+  QVERIFY(!_server.isEmpty());
+}
+
+void BatchFixerTest::cleanupTestCase() {
+  _service.terminate();
+  QVERIFY(_service.waitForFinished());
+}
+
+void BatchFixerTest::press(const char* button) {
+  QTimer::singleShot(0, this, [button] {
+    QWidget* const window = QApplication::activeModalWidget();
+    QVERIFY(window != nullptr);
+    const auto leave = qScopeGuard([window] { window->close(); });
+    auto* const update = window->findChild<QAbstractButton*>("bnUpdate");
+    QTRY_VERIFY_WITH_TIMEOUT(update->isEnabled(), 30000);
+    QTest::mouseClick(window->findChild<QAbstractButton*>(QLatin1String(button)), Qt::LeftButton);
+  });
+}
+
+void BatchFixerTest::tellsWhatBecameOfEach() {
+  BatchFixer fixer(_server.toStdString());
+  press("bnUpdate");
+  const QList<FixOutcome> outcomes = fixer.fix(kLabels, {}, nullptr);
+  QCOMPARE(outcomes.size(), 3);
+  QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
+  QCOMPARE(outcomes[1].kind, FixOutcome::Kind::Corrected);
+  QCOMPARE(outcomes[1].text, "LENA QUINN\n7517 ADAMS BLVD\nNATURAL BRIDGE VA 24578");
+  QCOMPARE(outcomes[2].kind, FixOutcome::Kind::Failed);
+  QCOMPARE(outcomes[2].text, "Invalid Address");
+}
+
+void BatchFixerTest::tellsNothingWhenCancelled() {
+  BatchFixer fixer(_server.toStdString());
+  press("bnCancel");
+  QVERIFY(fixer.fix(kLabels, {}, nullptr).isEmpty());
+}
+
+// The server of the options counts where the command line names none.
+void BatchFixerTest::asksTheServerOfTheOptions() {
+  BatchFixer fixer({});
+  FixOptions options{TextCase::Mixed, false, {}, _server};
+  press("bnUpdate");
+  const QList<FixOutcome> outcomes = fixer.fix({kLabels[1]}, options, nullptr);
+  QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");
+  QCOMPARE(GetDeployment().verifyHost, _server.toStdString());
+}
+
+}  // namespace postwright::addressbook
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  postwright::SetCharacterLocale();
+  postwright::addressbook::BatchFixerTest test;
+  return QTest::qExec(&test, argc, argv);
+}
+#include "BatchFixerTest.moc"

@@ -1,0 +1,368 @@
+// The window as its user meets it: keys, clicks and the questions it asks.
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QFile>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "apps/addressbook/dialogs/PrintDialog.h"
+#include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/addressbook/settings/Preferences.h"
+#include "apps/addressbook/window/AddressBookWindow.h"
+#include "apps/addressbook/window/EntryTable.h"
+
+namespace postwright::addressbook {
+
+namespace {
+
+const QByteArray kBook =
+    "Name,Street,City,State,Zip,Phone\n"
+    "Jane Doe,12 Main St,Austin,TX,78701,555-0101\n"
+    "Al Roe,9 Elm St,Reno,NV,89501,555-0102\n"
+    "Zoe Li,100 Oak St,Boise,ID,83702,555-0103\n";
+
+// Answers as scripted and keeps what was asked: the batch window has tests of its own.
+class ScriptedFixer final : public AddressFixer {
+ public:
+  QList<FixOutcome> fix(const QStringList& labels, const FixOptions&, QWidget*) override {
+    asked = labels;
+    return outcomes;
+  }
+
+  QStringList asked;
+  QList<FixOutcome> outcomes;
+};
+
+}  // namespace
+
+class WindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase();
+  void init();
+  void cleanup();
+  void typingIsOneStep();
+  void addsAndRemovesByKeys();
+  void searches();
+  void sortsOnRequestOnly();
+  void asksForColumnsOnce();
+  void aBatchIsOneStep();
+  void skipsWhatWasFoundRight();
+  void asksBeforeChangesAreLost_data();
+  void asksBeforeChangesAreLost();
+  void warnsWhenTheFileHasChanged();
+  void printsFromTheLabelChosen();
+  void opensWhatIsDropped();
+  void saysWhyAFileDoesNotOpen();
+
+ private:
+  template <typename Widget>
+  Widget* find(const char* name, QWidget* in = nullptr) const;
+  void trigger(const char* action) const { find<QAction>(action)->trigger(); }
+  QString shown(int row, int column) const;
+  QString path(const char* name) const { return _folder->filePath(QLatin1String(name)); }
+  void put(const char* name, const QByteArray& bytes) const;
+  QByteArray bytes(const char* name) const;
+  // Has the user press a button of the modal window that is about to come up.
+  void answer(const QString& button, QString* said = nullptr);
+
+  QTemporaryDir _settings;
+  std::unique_ptr<QTemporaryDir> _folder;
+  ScriptedFixer _fixer;
+  std::unique_ptr<AddressBookWindow> _window;
+  EntryTable* _table = nullptr;
+  QPlainTextEdit* _editor = nullptr;
+};
+
+template <typename Widget>
+Widget* WindowTest::find(const char* name, QWidget* in) const {
+  auto* const found = (in != nullptr ? in : _window.get())->findChild<Widget*>(QLatin1String(name));
+  if (found == nullptr) {
+    qFatal("no %s", name);
+  }
+  return found;
+}
+
+void WindowTest::initTestCase() {
+  QCoreApplication::setOrganizationName("PostwrightTest");
+  QStandardPaths::setTestModeEnabled(true);
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _settings.path());
+}
+
+void WindowTest::init() {
+  QFile::remove(CheckHistory::usualPath());
+  QSettings().clear();
+  _folder = std::make_unique<QTemporaryDir>();
+  put("book.csv", kBook);
+  const QStringList header = {"Name", "Street", "City", "State", "Zip", "Phone"};
+  ColumnMemory::remember(kBook.first(kBook.indexOf('\n')), {',', ColumnMapping::guess(header)});
+  _window = std::make_unique<AddressBookWindow>(_fixer);
+  _window->show();
+  _table = find<EntryTable>("entryTable");
+  _editor = find<QPlainTextEdit>("labelEditor");
+  QVERIFY(QTest::qWaitForWindowActive(_window.get()));
+  QVERIFY(_window->openPath(path("book.csv")));
+}
+
+void WindowTest::cleanup() {
+  _window->document().undoStack().setClean();
+  _window.reset();
+}
+
+QString WindowTest::shown(int row, int column) const {
+  return _table->model()->index(row, column).data().toString();
+}
+
+void WindowTest::put(const char* name, const QByteArray& bytes) const {
+  QFile file(path(name));
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  file.write(bytes);
+}
+
+QByteArray WindowTest::bytes(const char* name) const {
+  QFile file(path(name));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void WindowTest::answer(const QString& button, QString* said) {
+  QTimer::singleShot(0, this, [button, said] {
+    QWidget* const window = QApplication::activeModalWidget();
+    QVERIFY(window != nullptr);
+    const auto leave = qScopeGuard([window] { window->close(); });  // a failure must not hang
+    if (const auto* const box = qobject_cast<QMessageBox*>(window); box != nullptr && said) {
+      *said = box->text() + "\n" + box->informativeText();
+    }
+    for (QAbstractButton* const each : window->findChildren<QAbstractButton*>()) {
+      if (each->text().remove('&').startsWith(button)) {
+        QTest::mouseClick(each, Qt::LeftButton);
+        return;
+      }
+    }
+    QFAIL(qPrintable("no button " + button));
+  });
+}
+
+// Keys typed in one go are one step of the window's undoing, whose key works in the field, too.
+void WindowTest::typingIsOneStep() {
+  _table->selectRow(1);
+  QTest::keyClick(_table, Qt::Key_F2);
+  QTRY_VERIFY(_editor->hasFocus());
+  QTest::keyClick(_editor, Qt::Key_Return);
+  QTest::keyClicks(_editor, "USA  ");
+  QCOMPARE(shown(1, EntryModel::Street), "9 Elm St, USA");
+  QVERIFY(_window->isWindowModified());
+  QTest::keyClick(_editor, Qt::Key_Z, Qt::ControlModifier);
+  QCOMPARE(_editor->toPlainText(), "Al Roe\n9 Elm St\nReno, NV 89501");
+  QVERIFY(!_window->isWindowModified());
+  QTest::keyClick(_editor, Qt::Key_Y, Qt::ControlModifier);
+  QCOMPARE(shown(1, EntryModel::Street), "9 Elm St, USA");
+  QTest::keyClick(_editor, Qt::Key_Escape);
+  QTRY_VERIFY(_table->hasFocus());
+  trigger("save");
+  QVERIFY(bytes("book.csv").contains(",555-0102\n"));
+  QVERIFY(!_window->isWindowModified());
+}
+
+void WindowTest::addsAndRemovesByKeys() {
+  QTest::keyClick(_window.get(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+  QTRY_VERIFY(_editor->hasFocus());
+  QTest::keyClicks(_editor, "New One");
+  QCOMPARE(shown(3, EntryModel::Name), "New One");
+  QTest::keyClick(_editor, Qt::Key_Escape);
+  _table->selectRow(0);
+  QTest::keyClick(_table, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(_table, Qt::Key_Delete);
+  QCOMPARE(_table->model()->rowCount(), 2);
+  QCOMPARE(shown(0, EntryModel::Name), "Zoe Li");
+  for (int step = 0; step < 3; ++step) {
+    QTest::keyClick(_table, Qt::Key_Z, Qt::ControlModifier);
+  }
+  QCOMPARE(_table->model()->rowCount(), 3);
+  trigger("save");
+  QCOMPARE(bytes("book.csv"), kBook);
+}
+
+void WindowTest::searches() {
+  auto* const field = find<QLineEdit>("searchField");
+  QTest::keyClick(_table, Qt::Key_F, Qt::ControlModifier);
+  QTRY_VERIFY(field->hasFocus());
+  QTest::keyClicks(field, "reno al");
+  QCOMPARE(_table->model()->rowCount(), 1);
+  QCOMPARE(_table->selectedBookRows(), QList<int>{1});
+  QCOMPARE(find<QLabel>("counts")->text(), "1 of 3 entries");
+  _window->document().edit(1, "No longer");  // an entry does not vanish under the user's hands
+  QCOMPARE(_table->model()->rowCount(), 1);
+  QTest::keyClicks(field, " nobody");
+  QVERIFY(find<QLabel>("emptyTitle")->isVisible());
+  QTest::mouseClick(find<QAbstractButton>("emptyStep"), Qt::LeftButton);
+  QCOMPARE(_table->model()->rowCount(), 3);
+  QVERIFY(field->text().isEmpty());
+}
+
+void WindowTest::sortsOnRequestOnly() {
+  _table->selectRow(0);
+  const QHeaderView* const header = _table->horizontalHeader();
+  const QPoint onStreet(header->sectionViewportPosition(EntryModel::Street) + 20, 5);
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, onStreet);
+  QCOMPARE(shown(0, EntryModel::Street), "9 Elm St");
+  QCOMPARE(shown(2, EntryModel::Street), "100 Oak St");  // numbers count as numbers
+  QCOMPARE(_table->selectedBookRows(), QList<int>{0});
+  _window->document().edit(0, "Jane Doe\n500 Main St\nAustin, TX 78701");
+  QCOMPARE(shown(1, EntryModel::Street), "500 Main St");
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, onStreet);
+  QCOMPARE(shown(0, EntryModel::Street), "500 Main St");
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, onStreet);
+  QCOMPARE(shown(1, EntryModel::Name), "Al Roe");  // the order of the book again
+}
+
+void WindowTest::asksForColumnsOnce() {
+  put("other.csv", "x;Address;y\nJane;1 Main St;secret\n");
+  answer("Cancel");
+  QVERIFY(!_window->openPath(path("other.csv")));
+  QCOMPARE(_window->document().title(), "book.csv");
+  QTimer::singleShot(0, this, [this] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    const auto leave = qScopeGuard([dialog] { dialog->close(); });
+    auto* const role = dialog->findChildren<QComboBox*>(QRegularExpression("^$")).value(0);
+    QVERIFY(role != nullptr);
+    role->setFocus();
+    QTest::keyClicks(role, "Last");
+    QTest::mouseClick(find<QAbstractButton>("useColumns", dialog), Qt::LeftButton);
+  });
+  QVERIFY(_window->openPath(path("other.csv")));
+  QCOMPARE(_window->document().book().at(0).label, "Jane\n1 Main St");
+  QVERIFY(_window->openPath(path("other.csv")));  // nothing is asked
+}
+
+void WindowTest::aBatchIsOneStep() {
+  using Kind = FixOutcome::Kind;
+  _fixer.outcomes = {{Kind::Corrected, "JANE DOE\n12 MAIN ST\nAUSTIN TX 78701"},
+                     {Kind::Failed, "Invalid Address"},
+                     {Kind::Right, {}}};
+  answer("Fix 3 Addresses");
+  trigger("fix");
+  QCOMPARE(_fixer.asked.size(), 3);
+  QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
+  QCOMPARE(shown(1, EntryModel::Checked), "Invalid Address");
+  QVERIFY(shown(2, EntryModel::Checked).startsWith("Right"));
+  QCOMPARE(find<QLabel>("messageText")->text(),
+           "1 addresses corrected. 1 already right. 1 failed.");
+  QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);
+  QCOMPARE(_table->model()->rowCount(), 1);
+  _fixer.outcomes = {{Kind::Corrected, "AL ROE\n9 ELM ST\nRENO NV 89501"}};
+  trigger("fixFailed");
+  QCOMPARE(_fixer.asked, QStringList{"Al Roe\n9 Elm St\nReno, NV 89501"});
+  trigger("showAll");
+  trigger("undo");
+  trigger("undo");
+  QVERIFY(!_window->isWindowModified());
+  QCOMPARE(shown(0, EntryModel::Street), "12 Main St");
+  QVERIFY(shown(0, EntryModel::Checked).startsWith("Right"));  // it differs in case alone
+  trigger("redo");
+  QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
+}
+
+void WindowTest::skipsWhatWasFoundRight() {
+  _fixer.outcomes = QList<FixOutcome>(3, {FixOutcome::Kind::Right, {}});
+  answer("Fix 3 Addresses");
+  trigger("fix");
+  QVERIFY(_window->openPath(path("book.csv")));  // known of a CSV file after it was closed, too
+  _window->document().edit(1, "Al Roe\n10 Elm St\nReno, NV 89501");
+  _table->selectRow(0);
+  answer("Fix 1 Address");
+  trigger("fix");
+  QCOMPARE(_fixer.asked, QStringList{"Al Roe\n10 Elm St\nReno, NV 89501"});
+  _table->selectAll();
+  trigger("fixSelected");  // asked for by name
+  QCOMPARE(_fixer.asked.size(), 3);
+}
+
+void WindowTest::asksBeforeChangesAreLost_data() {
+  QTest::addColumn<QString>("button");
+  QTest::addColumn<bool>("closes");
+  QTest::addColumn<bool>("saves");
+  QTest::newRow("save") << "Save" << true << true;
+  QTest::newRow("discard") << "Discard Changes" << true << false;
+  QTest::newRow("cancel") << "Cancel" << false << false;
+}
+
+void WindowTest::asksBeforeChangesAreLost() {
+  QFETCH(QString, button);
+  _window->document().edit(0, "changed");
+  answer(button);
+  QTEST(_window->close(), "closes");
+  QTEST(bytes("book.csv").contains("changed"), "saves");
+}
+
+void WindowTest::warnsWhenTheFileHasChanged() {
+  put("book.csv", kBook + "Bo,1 A St,Reno,NV,89501,\n");
+  _window->document().edit(0, "changed");
+  QString said;
+  answer("Cancel", &said);
+  trigger("save");
+  QVERIFY(said.contains("Another program has changed “book.csv”"));
+  QVERIFY(!bytes("book.csv").contains("changed"));
+  answer("Save Over It");
+  trigger("save");
+  QVERIFY(bytes("book.csv").contains("changed"));
+}
+
+void WindowTest::printsFromTheLabelChosen() {
+  _table->selectAll();
+  QTimer::singleShot(0, this, [this] {
+    auto* const dialog = qobject_cast<PrintDialog*>(QApplication::activeModalWidget());
+    const auto leave = qScopeGuard([dialog] { dialog->close(); });
+    auto* const sheet = dialog->findChild<QWidget*>("sheetView");
+    sheet->setFocus();
+    QTest::keyClick(sheet, Qt::Key_Down);
+    QTest::keyClick(sheet, Qt::Key_Right);
+    QCOMPARE(find<QSpinBox>("start", dialog)->value(), 5);  // three labels across
+    find<QComboBox>("sheet", dialog)->setCurrentIndex(2);
+    dialog->savePdfTo(path("labels.pdf"));
+  });
+  trigger("print");
+  QVERIFY(bytes("labels.pdf").startsWith("%PDF"));
+  QCOMPARE(Preferences::load().sheet, 2);
+}
+
+void WindowTest::opensWhatIsDropped() {
+  put("friends.vcf", "BEGIN:VCARD\nVERSION:4.0\nFN:Vi\nADR:;;1 A St;Reno;NV;89501;\nEND:VCARD\n");
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path("friends.vcf"))});
+  QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(_window.get(), &enter);
+  QVERIFY(enter.isAccepted());
+  QDropEvent drop(QPointF(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(_window.get(), &drop);
+  QCOMPARE(shown(0, EntryModel::Name), "Vi");
+  QCOMPARE(RecentFiles::list(), QStringList({path("friends.vcf"), path("book.csv")}));
+}
+
+void WindowTest::saysWhyAFileDoesNotOpen() {
+  put("broken.csv", "Name\n\"open\n");
+  QString said;
+  answer("Close", &said);
+  QVERIFY(!_window->openPath(path("broken.csv")));
+  QVERIFY2(said.contains("“broken.csv” cannot be opened.") && said.contains("line 2"),
+           qPrintable(said));
+  QCOMPARE(_table->model()->rowCount(), 3);  // the book that was open still is
+}
+
+}  // namespace postwright::addressbook
+
+QTEST_MAIN(postwright::addressbook::WindowTest)
+#include "WindowTest.moc"
