@@ -3,15 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
 #include "apps/VerifyServer.h"
 #include "apps/addressbook/fix/BatchFixer.h"
+#include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"
 
 namespace postwright::addressbook {
@@ -74,21 +72,6 @@ bool hasDisplay() {
   return false;
 }
 
-// Texts in the user's language: Qt's own, where they are installed, and the program's.
-void installTranslations(QApplication& application) {
-  auto* const qt = new QTranslator(&application);
-  if (qt->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-               QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(qt);
-  }
-  auto* const own = new QTranslator(&application);
-  if (own->load(QLocale(), QStringLiteral("addressbook"), QStringLiteral("_"),
-                QStringLiteral(":/addressbook/translations")) ||
-      own->load(QStringLiteral(":/addressbook/translations/addressbook_en"))) {
-    QApplication::installTranslator(own);
-  }
-}
-
 int run(int argc, char** argv, const Options& options) {
   QApplication application(argc, argv);
   QApplication::setOrganizationName(QStringLiteral("Postwright"));
@@ -98,7 +81,7 @@ int run(int argc, char** argv, const Options& options) {
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/addressbook/icons/addressbook.svg")));
   // Qt takes the locale of the environment; ours stays as SetCharacterLocale() has set it.
   SetCharacterLocale();
-  installTranslations(application);
+  installTranslations();
   BatchFixer fixer(options.server);
   AddressBookWindow window(fixer);
   window.show();

@@ -21,6 +21,7 @@
 #include "apps/addressbook/dialogs/PrintDialog.h"
 #include "apps/addressbook/formats/csv/ColumnMemory.h"
 #include "apps/addressbook/settings/Preferences.h"
+#include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"
 #include "apps/addressbook/window/EntryTable.h"
 
@@ -100,6 +101,7 @@ Widget* WindowTest::find(const char* name, QWidget* in) const {
 void WindowTest::initTestCase() {
   QCoreApplication::setOrganizationName("PostwrightTest");
   QStandardPaths::setTestModeEnabled(true);
+  installTranslations();
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _settings.path());
 }
 
@@ -259,8 +261,7 @@ void WindowTest::aBatchIsOneStep() {
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
   QCOMPARE(shown(1, EntryModel::Checked), "Invalid Address");
   QVERIFY(shown(2, EntryModel::Checked).startsWith("Right"));
-  QCOMPARE(find<QLabel>("messageText")->text(),
-           "1 addresses corrected. 1 already right. 1 failed.");
+  QCOMPARE(find<QLabel>("messageText")->text(), "1 address corrected. 1 already right. 1 failed.");
   QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);
   QCOMPARE(_table->model()->rowCount(), 1);
   _fixer.outcomes = {{Kind::Corrected, "AL ROE\n9 ELM ST\nRENO NV 89501"}};

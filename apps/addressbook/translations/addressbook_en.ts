@@ -1,0 +1,150 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>postwright::addressbook::AddEntries</name>
+    <message numerus="yes">
+        <source>Add %n entries</source>
+        <translation>
+            <numerusform>Add %n entry</numerusform>
+            <numerusform>Add %n entries</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::AddressBookWindow</name>
+    <message numerus="yes">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n entry</numerusform>
+            <numerusform>%n entries</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n entries</source>
+        <translation>
+            <numerusform>%1 of %n entry</numerusform>
+            <numerusform>%1 of %n entries</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n selected</source>
+        <translation>
+            <numerusform>%n selected</numerusform>
+            <numerusform>%n selected</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n right</source>
+        <translation>
+            <numerusform>%n right</numerusform>
+            <numerusform>%n right</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to check</source>
+        <translation>
+            <numerusform>%n to check</numerusform>
+            <numerusform>%n to check</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n failed</numerusform>
+            <numerusform>%n failed</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::ChangeLabels</name>
+    <message numerus="yes">
+        <source>Correct %n addresses</source>
+        <translation>
+            <numerusform>Correct %n address</numerusform>
+            <numerusform>Correct %n addresses</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::CsvFile</name>
+    <message numerus="yes">
+        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
+        <translation>
+            <numerusform>%n label could not be divided into the columns of the file. It stands whole in one cell, line below line; nothing is lost.</numerusform>
+            <numerusform>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::EntryPanel</name>
+    <message numerus="yes">
+        <source>%n entries are selected.</source>
+        <translation>
+            <numerusform>%n entry is selected.</numerusform>
+            <numerusform>%n entries are selected.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::FixController</name>
+    <message numerus="yes">
+        <source>%n addresses corrected.</source>
+        <translation>
+            <numerusform>%n address corrected.</numerusform>
+            <numerusform>%n addresses corrected.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n already right.</source>
+        <translation>
+            <numerusform>%n already right.</numerusform>
+            <numerusform>%n already right.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed.</source>
+        <translation>
+            <numerusform>%n failed.</numerusform>
+            <numerusform>%n failed.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::FixDialog</name>
+    <message numerus="yes">
+        <source>%n are skipped: found right lately, or without an address.</source>
+        <translation>
+            <numerusform>%n is skipped: found right lately, or without an address.</numerusform>
+            <numerusform>%n are skipped: found right lately, or without an address.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Fix %n Addresses…</source>
+        <translation>
+            <numerusform>&amp;Fix %n Address…</numerusform>
+            <numerusform>&amp;Fix %n Addresses…</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PrintDialog</name>
+    <message numerus="yes">
+        <source>%n labels sent to the printer.</source>
+        <translation>
+            <numerusform>%n label sent to the printer.</numerusform>
+            <numerusform>%n labels sent to the printer.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::RemoveEntries</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation>
+            <numerusform>Remove %n entry</numerusform>
+            <numerusform>Remove %n entries</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

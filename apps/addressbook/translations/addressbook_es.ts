@@ -1,0 +1,1064 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>postwright::addressbook::AddEntries</name>
+    <message numerus="yes">
+        <source>Add %n entries</source>
+        <translation>
+            <numerusform>Añadir %n entrada</numerusform>
+            <numerusform>Añadir %n entradas</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::AddressBookWindow</name>
+    <message>
+        <source>Which entries are shown</source>
+        <translation>Qué entradas se muestran</translation>
+    </message>
+    <message>
+        <source>All entries</source>
+        <translation>Todas las entradas</translation>
+    </message>
+    <message>
+        <source>To check</source>
+        <translation>Por comprobar</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Con error</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>About Address Book</source>
+        <translation>Acerca de Libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>Address Book %1, a part of Postwright.
+
+Corrects US postal addresses and prints them on label sheets.</source>
+        <translation>Libreta de direcciones %1, parte de Postwright.
+
+Corrige direcciones postales de Estados Unidos y las imprime en hojas de etiquetas.</translation>
+    </message>
+    <message>
+        <source>Show the &amp;Failed</source>
+        <translation>Mostrar las que tienen &amp;error</translation>
+    </message>
+    <message>
+        <source>%1[*] — Address Book</source>
+        <translation>%1[*] — Libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>No se encontró nada</translation>
+    </message>
+    <message>
+        <source>No entry is what you search for.</source>
+        <translation>Ninguna entrada coincide con la búsqueda.</translation>
+    </message>
+    <message>
+        <source>No address book is open</source>
+        <translation>No hay ninguna libreta abierta</translation>
+    </message>
+    <message>
+        <source>Open a CSV, vCard or address book file, or drop one here.
+You can also begin with Edit &gt; Add Entry.</source>
+        <translation>Abra un archivo CSV, vCard o de libreta de direcciones, o suéltelo aquí.
+También puede empezar con Editar &gt; Añadir entrada.</translation>
+    </message>
+    <message>
+        <source>“%1” has no entries</source>
+        <translation>«%1» no tiene entradas</translation>
+    </message>
+    <message>
+        <source>Give it its first one.</source>
+        <translation>Añada la primera.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries</source>
+        <translation>
+            <numerusform>%n entrada</numerusform>
+            <numerusform>%n entradas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n entries</source>
+        <translation>
+            <numerusform>%1 de %n entrada</numerusform>
+            <numerusform>%1 de %n entradas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n selected</source>
+        <translation>
+            <numerusform>%n seleccionada</numerusform>
+            <numerusform>%n seleccionadas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n right</source>
+        <translation>
+            <numerusform>%n correcta</numerusform>
+            <numerusform>%n correctas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to check</source>
+        <translation>
+            <numerusform>%n por comprobar</numerusform>
+            <numerusform>%n por comprobar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n con error</numerusform>
+            <numerusform>%n con error</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::BatchFixer</name>
+    <message>
+        <source>Several addresses match</source>
+        <translation>Coinciden varias direcciones</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::BookDocument</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sin título</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::CardScanner</name>
+    <message>
+        <source>The vCard that begins on line %1 has no END:VCARD. The end of the file may be missing.</source>
+        <translation>A la vCard que empieza en la línea %1 le falta END:VCARD. Puede que falte el final del archivo.</translation>
+    </message>
+    <message>
+        <source>The %1 on line %2 is longer than 1 MiB. Remove it from the file, or mend it, and open the file again.</source>
+        <translation>El %1 de la línea %2 pasa de 1 MiB. Quítelo del archivo o arréglelo, y vuelva a abrir el archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::ChangeLabels</name>
+    <message numerus="yes">
+        <source>Correct %n addresses</source>
+        <translation>
+            <numerusform>Corregir %n dirección</numerusform>
+            <numerusform>Corregir %n direcciones</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::ColumnDialog</name>
+    <message>
+        <source>Columns of “%1”</source>
+        <translation>Columnas de «%1»</translation>
+    </message>
+    <message>
+        <source>Choose what each column is to the label. The choice is remembered for files with the same first line.</source>
+        <translation>Elija qué es cada columna en la etiqueta. La elección se recuerda para los archivos con la misma primera línea.</translation>
+    </message>
+    <message>
+        <source>Columns of the file</source>
+        <translation>Columnas del archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Use These Columns</source>
+        <translation>&amp;Usar estas columnas</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>Coma</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Punto y coma</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulador</translation>
+    </message>
+    <message>
+        <source>Vertical bar</source>
+        <translation>Barra vertical</translation>
+    </message>
+    <message>
+        <source>Another…</source>
+        <translation>Otro…</translation>
+    </message>
+    <message>
+        <source>Another delimiter</source>
+        <translation>Otro separador</translation>
+    </message>
+    <message>
+        <source>Columns are &amp;parted by:</source>
+        <translation>&amp;Separador de columnas:</translation>
+    </message>
+    <message>
+        <source>Previous row</source>
+        <translation>Fila anterior</translation>
+    </message>
+    <message>
+        <source>Next row</source>
+        <translation>Fila siguiente</translation>
+    </message>
+    <message>
+        <source>The label:</source>
+        <translation>La etiqueta:</translation>
+    </message>
+    <message>
+        <source>Not on the label</source>
+        <translation>No va en la etiqueta</translation>
+    </message>
+    <message>
+        <source>First name</source>
+        <translation>Nombre de pila</translation>
+    </message>
+    <message>
+        <source>Last or full name</source>
+        <translation>Apellidos o nombre completo</translation>
+    </message>
+    <message>
+        <source>Company</source>
+        <translation>Empresa</translation>
+    </message>
+    <message>
+        <source>Address line</source>
+        <translation>Línea de dirección</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ciudad</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>ZIP code</source>
+        <translation>Código ZIP</translation>
+    </message>
+    <message>
+        <source>Line below</source>
+        <translation>Línea debajo</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Columna</translation>
+    </message>
+    <message>
+        <source>Example</source>
+        <translation>Ejemplo</translation>
+    </message>
+    <message>
+        <source>On the label</source>
+        <translation>En la etiqueta</translation>
+    </message>
+    <message>
+        <source>What “%1” is to the label</source>
+        <translation>Qué es «%1» en la etiqueta</translation>
+    </message>
+    <message>
+        <source>The file has no rows.</source>
+        <translation>El archivo no tiene filas.</translation>
+    </message>
+    <message>
+        <source>Row %1 of %2</source>
+        <translation>Fila %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::CsvFile</name>
+    <message>
+        <source>The file is empty. A CSV file begins with a line that names its columns.</source>
+        <translation>El archivo está vacío. Un archivo CSV empieza con una línea que nombra sus columnas.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
+        <translation>
+            <numerusform>%n etiqueta no se pudo repartir entre las columnas del archivo. Está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
+            <numerusform>%n etiquetas no se pudieron repartir entre las columnas del archivo. Cada una está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::CsvReader</name>
+    <message>
+        <source>The row that begins on line %1 holds a cell of more than 1 MiB. Perhaps a quotation mark is missing there.</source>
+        <translation>La fila que empieza en la línea %1 tiene una celda de más de 1 MiB. Puede que falte una comilla.</translation>
+    </message>
+    <message>
+        <source>In the row that begins on line %1 a quotation mark is opened and not closed until the end of the file.</source>
+        <translation>En la fila que empieza en la línea %1 se abre una comilla que no se cierra hasta el final del archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::Database</name>
+    <message>
+        <source>The database answers: %1.</source>
+        <translation>La base de datos responde: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::EntryModel</name>
+    <message>
+        <source>Right, %1</source>
+        <translation>Correcta, %1</translation>
+    </message>
+    <message>
+        <source>Due again, right %1</source>
+        <translation>Por repetir, correcta %1</translation>
+    </message>
+    <message>
+        <source>Not checked</source>
+        <translation>Sin comprobar</translation>
+    </message>
+    <message>
+        <source>No address</source>
+        <translation>Sin dirección</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Dirección</translation>
+    </message>
+    <message>
+        <source>City and state</source>
+        <translation>Ciudad y estado</translation>
+    </message>
+    <message>
+        <source>ZIP code</source>
+        <translation>Código ZIP</translation>
+    </message>
+    <message>
+        <source>Checked</source>
+        <translation>Comprobada</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::EntryPanel</name>
+    <message>
+        <source>Lines of the label</source>
+        <translation>Líneas de la etiqueta</translation>
+    </message>
+    <message>
+        <source>&amp;Label</source>
+        <translation>E&amp;tiqueta</translation>
+    </message>
+    <message>
+        <source>On paper</source>
+        <translation>En papel</translation>
+    </message>
+    <message>
+        <source>Name
+Street
+City, state and ZIP code</source>
+        <translation>Nombre
+Calle
+Ciudad, estado y código ZIP</translation>
+    </message>
+    <message>
+        <source>No entry is selected.</source>
+        <translation>No hay ninguna entrada seleccionada.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries are selected.</source>
+        <translation>
+            <numerusform>%n entrada seleccionada.</numerusform>
+            <numerusform>%n entradas seleccionadas.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::EntryTable</name>
+    <message>
+        <source>Entries</source>
+        <translation>Entradas</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::FileController</name>
+    <message>
+        <source>No recent files</source>
+        <translation>No hay archivos recientes</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Vaciar la lista</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>¿Guardar los cambios de «%1»?</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they are lost.</source>
+        <translation>Si no los guarda, se pierden.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Guardar</translation>
+    </message>
+    <message>
+        <source>&amp;Discard Changes</source>
+        <translation>&amp;Descartar los cambios</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Open an address book</source>
+        <translation>Abrir una libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>Address books (*.pwbook *.csv *.tsv *.txt *.vcf *.vcard);;All files (*)</source>
+        <translation>Libretas de direcciones (*.pwbook *.csv *.tsv *.txt *.vcf *.vcard);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened.</source>
+        <translation>No se puede abrir «%1».</translation>
+    </message>
+    <message>
+        <source>Save the address book</source>
+        <translation>Guardar la libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>Address book (*.pwbook)</source>
+        <translation>Libreta de direcciones (*.pwbook)</translation>
+    </message>
+    <message>
+        <source>CSV file (*.csv)</source>
+        <translation>Archivo CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>vCard file (*.vcf)</source>
+        <translation>Archivo vCard (*.vcf)</translation>
+    </message>
+    <message>
+        <source>Address book</source>
+        <translation>Libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be saved.</source>
+        <translation>No se puede guardar «%1».</translation>
+    </message>
+    <message>
+        <source>Another program has changed “%1” since it was opened here.</source>
+        <translation>Otro programa ha cambiado «%1» desde que se abrió aquí.</translation>
+    </message>
+    <message>
+        <source>If you save over it, what the other program wrote is lost. You can save under another name and compare.</source>
+        <translation>Si lo sobrescribe, se pierde lo que escribió el otro programa. Puede guardarlo con otro nombre y comparar.</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Guardar &amp;como…</translation>
+    </message>
+    <message>
+        <source>Save &amp;Over It</source>
+        <translation>&amp;Sobrescribir</translation>
+    </message>
+    <message>
+        <source>Save the labels to another kind of file?</source>
+        <translation>¿Guardar las etiquetas en otro tipo de archivo?</translation>
+    </message>
+    <message>
+        <source>“%1” may hold more than labels, such as telephone numbers. That stays in the old file, which is kept as it is; “%2” gets the labels alone.</source>
+        <translation>«%1» puede contener más que etiquetas, como números de teléfono. Eso se queda en el archivo anterior, que no cambia; en «%2» van solo las etiquetas.</translation>
+    </message>
+    <message>
+        <source>&amp;Save the Labels</source>
+        <translation>&amp;Guardar las etiquetas</translation>
+    </message>
+    <message>
+        <source>Export for spreadsheets</source>
+        <translation>Exportar para hojas de cálculo</translation>
+    </message>
+    <message>
+        <source>Exported to “%1”.</source>
+        <translation>Exportado a «%1».</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::FixController</name>
+    <message>
+        <source>None of these entries has an address to check.</source>
+        <translation>Ninguna de estas entradas tiene una dirección que comprobar.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n addresses corrected.</source>
+        <translation>
+            <numerusform>%n dirección corregida.</numerusform>
+            <numerusform>%n direcciones corregidas.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n already right.</source>
+        <translation>
+            <numerusform>%n ya era correcta.</numerusform>
+            <numerusform>%n ya eran correctas.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed.</source>
+        <translation>
+            <numerusform>%n con error.</numerusform>
+            <numerusform>%n con error.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::FixDialog</name>
+    <message>
+        <source>Fix Addresses</source>
+        <translation>Corregir direcciones</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Which</source>
+        <translation>Cuáles</translation>
+    </message>
+    <message>
+        <source>&amp;All entries (%1)</source>
+        <translation>&amp;Todas las entradas (%1)</translation>
+    </message>
+    <message>
+        <source>The &amp;selected entries (%1)</source>
+        <translation>Las entradas &amp;seleccionadas (%1)</translation>
+    </message>
+    <message>
+        <source>Those that &amp;failed before (%1)</source>
+        <translation>Las que dieron &amp;error antes (%1)</translation>
+    </message>
+    <message>
+        <source>Ask again about those found &amp;right in the last half year</source>
+        <translation>&amp;Volver a comprobar las correctas en el último medio año</translation>
+    </message>
+    <message>
+        <source>Corrected labels</source>
+        <translation>Etiquetas corregidas</translation>
+    </message>
+    <message>
+        <source>&amp;Letters:</source>
+        <translation>&amp;Letras:</translation>
+    </message>
+    <message>
+        <source>None is skipped.</source>
+        <translation>No se omite ninguna.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n are skipped: found right lately, or without an address.</source>
+        <translation>
+            <numerusform>Se omite %n: correcta hace poco o sin dirección.</numerusform>
+            <numerusform>Se omiten %n: correctas hace poco o sin dirección.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing to Fix</source>
+        <translation>Nada que corregir</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Fix %n Addresses…</source>
+        <translation>
+            <numerusform>&amp;Corregir %n dirección…</numerusform>
+            <numerusform>&amp;Corregir %n direcciones…</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::LabelPreview</name>
+    <message>
+        <source>Preview of the label</source>
+        <translation>Vista previa de la etiqueta</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::LabelSheet</name>
+    <message>
+        <source>%1 in, %2 labels a sheet</source>
+        <translation>%1 pulg., %2 etiquetas por hoja</translation>
+    </message>
+    <message>
+        <source>The printer does not take the sheets. See whether it is switched on, or save them as a PDF.</source>
+        <translation>La impresora no acepta las hojas. Compruebe que esté encendida o guárdelas como PDF.</translation>
+    </message>
+    <message>
+        <source>The PDF could not be written: %1. Free some space or save under another name.</source>
+        <translation>No se pudo escribir el PDF: %1. Libere espacio o guárdelo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>Address labels</source>
+        <translation>Etiquetas de direcciones</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::LookFields</name>
+    <message>
+        <source>UPPER CASE, as the Postal Service prefers</source>
+        <translation>MAYÚSCULAS, como prefiere el servicio postal</translation>
+    </message>
+    <message>
+        <source>lower case</source>
+        <translation>minúsculas</translation>
+    </message>
+    <message>
+        <source>Mixed Case</source>
+        <translation>Mayúsculas y minúsculas</translation>
+    </message>
+    <message>
+        <source>Remove &amp;punctuation</source>
+        <translation>Quitar la &amp;puntuación</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::MessageBar</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Cerrar este mensaje</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Preferencias</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Corrected labels</source>
+        <translation>Etiquetas corregidas</translation>
+    </message>
+    <message>
+        <source>&amp;Letters:</source>
+        <translation>&amp;Letras:</translation>
+    </message>
+    <message>
+        <source>Special &amp;spellings:</source>
+        <translation>Grafías &amp;especiales:</translation>
+    </message>
+    <message>
+        <source>Words that mixed case is to write just so, with semicolons between them.</source>
+        <translation>Palabras que se escriben tal cual en mayúsculas y minúsculas, separadas por punto y coma.</translation>
+    </message>
+    <message>
+        <source>Verify service</source>
+        <translation>Servicio Verify</translation>
+    </message>
+    <message>
+        <source>the usual one</source>
+        <translation>el habitual</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>&amp;Servidor:</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Ventana</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Como el escritorio</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Clara</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Oscura</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance:</source>
+        <translation>Apa&amp;riencia:</translation>
+    </message>
+    <message>
+        <source>A host with a port, as in 127.0.0.1:8470.</source>
+        <translation>Un servidor con su puerto, como 127.0.0.1:8470.</translation>
+    </message>
+    <message>
+        <source>This is no host with a port, as in 127.0.0.1:8470.</source>
+        <translation>Esto no es un servidor con su puerto, como 127.0.0.1:8470.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PrintDialog</name>
+    <message>
+        <source>Print Labels</source>
+        <translation>Imprimir etiquetas</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Imprimir…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Guardar como P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>All shown (%1)</source>
+        <translation>Todas las mostradas (%1)</translation>
+    </message>
+    <message>
+        <source>The selected ones (%1)</source>
+        <translation>Las seleccionadas (%1)</translation>
+    </message>
+    <message>
+        <source> pt</source>
+        <translation> pt</translation>
+    </message>
+    <message>
+        <source>Print the &amp;edges, for a trial on plain paper</source>
+        <translation>Imprimir los &amp;bordes, para probar en papel normal</translation>
+    </message>
+    <message>
+        <source>&amp;Labels:</source>
+        <translation>E&amp;tiquetas:</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet:</source>
+        <translation>&amp;Hoja:</translation>
+    </message>
+    <message>
+        <source>&amp;Begin at label:</source>
+        <translation>&amp;Empezar en la etiqueta:</translation>
+    </message>
+    <message>
+        <source>&amp;Typeface:</source>
+        <translation>Tipo de &amp;letra:</translation>
+    </message>
+    <message>
+        <source>Largest si&amp;ze:</source>
+        <translation>Tamaño &amp;máximo:</translation>
+    </message>
+    <message>
+        <source>Move &amp;right:</source>
+        <translation>Mover a la de&amp;recha:</translation>
+    </message>
+    <message>
+        <source>Move do&amp;wn:</source>
+        <translation>Mover hacia aba&amp;jo:</translation>
+    </message>
+    <message>
+        <source>For a printer that does not feed the sheets quite straight</source>
+        <translation>Para una impresora que no toma las hojas bien rectas</translation>
+    </message>
+    <message>
+        <source> in</source>
+        <translation> pulg.</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>Página anterior</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation>Página siguiente</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Página %1 de %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels sent to the printer.</source>
+        <translation>
+            <numerusform>%n etiqueta enviada a la impresora.</numerusform>
+            <numerusform>%n etiquetas enviadas a la impresora.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save the sheets</source>
+        <translation>Guardar las hojas</translation>
+    </message>
+    <message>
+        <source>Labels.pdf</source>
+        <translation>Etiquetas.pdf</translation>
+    </message>
+    <message>
+        <source>PDF file (*.pdf)</source>
+        <translation>Archivo PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Saved to “%1”.</source>
+        <translation>Guardado en «%1».</translation>
+    </message>
+    <message>
+        <source>Setting the labels…</source>
+        <translation>Componiendo las etiquetas…</translation>
+    </message>
+    <message>
+        <source>The labels cannot be printed.</source>
+        <translation>No se pueden imprimir las etiquetas.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::RemoveEntries</name>
+    <message numerus="yes">
+        <source>Remove %n entries</source>
+        <translation>
+            <numerusform>Quitar %n entrada</numerusform>
+            <numerusform>Quitar %n entradas</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::ReplacementFile</name>
+    <message>
+        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
+        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::SheetView</name>
+    <message>
+        <source>Sheet of labels</source>
+        <translation>Hoja de etiquetas</translation>
+    </message>
+    <message>
+        <source>The first label is printed in place %1 of %2</source>
+        <translation>La primera etiqueta se imprime en el lugar %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::StoreFile</name>
+    <message>
+        <source>This is a database, but not an address book.</source>
+        <translation>Es una base de datos, pero no una libreta de direcciones.</translation>
+    </message>
+    <message>
+        <source>The file was made by a later version of the program. Use that one, so that nothing is lost.</source>
+        <translation>El archivo se hizo con una versión posterior del programa. Use esa versión para que no se pierda nada.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::TextFile</name>
+    <message>
+        <source>The file is marked as UTF-16 but is not valid in it, perhaps because its end is missing. Save it again in the program that made it.</source>
+        <translation>El archivo dice ser UTF-16 pero no es válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
+    </message>
+    <message>
+        <source>Line %1 holds a NUL byte, so this is no text file. Address books are CSV files, vCard files and the program&apos;s own .pwbook files.</source>
+        <translation>La línea %1 tiene un byte NUL, así que no es un archivo de texto. Las libretas de direcciones son archivos CSV, vCard y los .pwbook del programa.</translation>
+    </message>
+    <message>
+        <source>This is a folder or a device and no file.</source>
+        <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 512 MiB. Part it into smaller ones.</source>
+        <translation>El archivo pasa de 512 MiB. Divídalo en otros más pequeños.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1.</source>
+        <translation>No se puede leer el archivo: %1.</translation>
+    </message>
+    <message>
+        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
+        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its characters.</source>
+        <translation>El archivo es ahora UTF-8: Windows-1252, lo que era antes, no tiene código para uno de sus caracteres.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::VCardFile</name>
+    <message>
+        <source>The file holds no vCard: no line reads BEGIN:VCARD.</source>
+        <translation>El archivo no contiene ninguna vCard: ninguna línea dice BEGIN:VCARD.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::WindowActions</name>
+    <message>
+        <source>&amp;New Address Book</source>
+        <translation>&amp;Nueva libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Abrir…</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Guardar</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Guardar &amp;como…</translation>
+    </message>
+    <message>
+        <source>&amp;Columns…</source>
+        <translation>Colu&amp;mnas…</translation>
+    </message>
+    <message>
+        <source>Choose which columns of the CSV file make the label</source>
+        <translation>Elegir qué columnas del archivo CSV forman la etiqueta</translation>
+    </message>
+    <message>
+        <source>&amp;Export for Spreadsheets…</source>
+        <translation>&amp;Exportar para hojas de cálculo…</translation>
+    </message>
+    <message>
+        <source>Write a CSV copy in which no cell is run as a formula: those that begin with = + - or @ get an apostrophe in front</source>
+        <translation>Escribir una copia CSV en la que ninguna celda se ejecute como fórmula: las que empiezan con = + - o @ llevan un apóstrofo delante</translation>
+    </message>
+    <message>
+        <source>&amp;Print Labels…</source>
+        <translation>&amp;Imprimir etiquetas…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>Abrir &amp;reciente</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Rehacer</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rehacer</translation>
+    </message>
+    <message>
+        <source>&amp;Add Entry</source>
+        <translation>&amp;Añadir entrada</translation>
+    </message>
+    <message>
+        <source>E&amp;dit Label</source>
+        <translation>Editar e&amp;tiqueta</translation>
+    </message>
+    <message>
+        <source>Re&amp;move Entries</source>
+        <translation>&amp;Quitar entradas</translation>
+    </message>
+    <message>
+        <source>Select A&amp;ll</source>
+        <translation>Seleccionar t&amp;odo</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Buscar</translation>
+    </message>
+    <message>
+        <source>&amp;Show All Entries</source>
+        <translation>&amp;Mostrar todas las entradas</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Preferencias…</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>&amp;Fix Addresses…</source>
+        <translation>&amp;Corregir direcciones…</translation>
+    </message>
+    <message>
+        <source>Fix &amp;Selected Addresses…</source>
+        <translation>Corregir las direcciones &amp;seleccionadas…</translation>
+    </message>
+    <message>
+        <source>&amp;Try Failed Addresses Again…</source>
+        <translation>&amp;Reintentar las que tienen error…</translation>
+    </message>
+    <message>
+        <source>&amp;Addresses</source>
+        <translation>&amp;Direcciones</translation>
+    </message>
+    <message>
+        <source>&amp;About Address Book</source>
+        <translation>&amp;Acerca de Libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Herramientas</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>Fix Addresses</source>
+        <translation>Corregir direcciones</translation>
+    </message>
+    <message>
+        <source>Print Labels</source>
+        <translation>Imprimir etiquetas</translation>
+    </message>
+</context>
+</TS>
