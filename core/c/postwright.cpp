@@ -1,0 +1,287 @@
+#include <postwright/postwright.h>
+
+#include "core/c/HostServices.h"
+#include "core/c/Utf8.h"
+
+#include <postwright/AddressParser.h>
+#include <postwright/Deployment.h>
+#include <postwright/Postwright.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <mutex>
+#include <new>
+#include <optional>
+#include <utility>
+
+struct postwright_address {
+  std::array<std::string, POSTWRIGHT_ELEMENTS> elements;
+  std::string text;
+};
+
+struct postwright_canceller {
+  std::atomic<bool> cancelled = false;
+};
+
+namespace postwright {
+
+namespace {
+
+static_assert(POSTWRIGHT_BAD_REPLY == int{FixResultBadReply} &&
+              POSTWRIGHT_INVALID_ADDRESS == int{FixResultInvalidAddress} &&
+              POSTWRIGHT_DEFAULT_MATCH == int{FixResultDefaultMatch});
+
+constexpr std::size_t kLargestBody = std::size_t{16} << 20U;
+constexpr std::chrono::milliseconds kCancelCheck(100);
+
+struct ResultRow {
+  std::int32_t result;
+  const char* text;
+};
+
+constexpr ResultRow kResults[] = {
+    {POSTWRIGHT_NONE, "Done."},
+    {POSTWRIGHT_CONNECTION_FAILED, "The address service could not be reached."},
+    {POSTWRIGHT_NO_DATA, "The address service sent no data."},
+    {POSTWRIGHT_BAD_REPLY, "The address service could not be reached, or its reply was no answer."},
+    {POSTWRIGHT_NO_INTERNET, "There is no network connection."},
+    {POSTWRIGHT_INVALID_ADDRESS, "The address service does not know this address."},
+    {POSTWRIGHT_INVALID_ZIP, "The ZIP code is invalid."},
+    {POSTWRIGHT_INVALID_STATE, "The state is invalid."},
+    {POSTWRIGHT_INVALID_CITY, "The city is invalid."},
+    {POSTWRIGHT_ADDRESS_NOT_FOUND, "The text holds no US postal address."},
+    {POSTWRIGHT_MULTIPLE_MATCH, "Several addresses match."},
+    {POSTWRIGHT_STREET_MISMATCH, "The street does not match."},
+    {POSTWRIGHT_EXACT_MATCH, "The address matches exactly."},
+    {POSTWRIGHT_DEFAULT_MATCH, "The address was corrected."},
+    {POSTWRIGHT_BAD_ARGUMENT, "An argument is null or of an unknown size."},
+    {POSTWRIGHT_BAD_TEXT, "The text is not UTF-8, or holds a NUL."},
+    {POSTWRIGHT_NO_MEMORY, "There is not enough memory."},
+    {POSTWRIGHT_CANCELLED, "The correction was cancelled."},
+    {POSTWRIGHT_INTERNAL, "An internal error occurred."},
+};
+
+// Runs a call's work; whatever it throws becomes a result.
+template <typename Work>
+std::int32_t Guard(Work work) noexcept {
+  try {
+    return work();
+  } catch (const PostwrightException& failure) {
+    return failure.GetResult();
+  } catch (const std::bad_alloc&) {
+    return POSTWRIGHT_NO_MEMORY;
+  } catch (const boost::locale::conv::conversion_error&) {
+    return POSTWRIGHT_BAD_TEXT;
+  } catch (...) {
+    return POSTWRIGHT_INTERNAL;
+  }
+}
+
+// A NUL would cut the text short on its way.
+std::optional<std::wstring> ReadText(const char* text, std::size_t length) {
+  const std::string_view whole =
+      length == POSTWRIGHT_TERMINATED ? std::string_view(text) : std::string_view(text, length);
+  if (whole.find('\0') != std::string_view::npos) {
+    return std::nullopt;
+  }
+  return WideFromUtf8(whole);
+}
+
+bool IsHost(std::string_view host) {
+  return !host.empty() &&
+         std::all_of(host.begin(), host.end(), [](char c) { return c > ' ' && c < '\x7F'; });
+}
+
+// The parser is the process's only one, and a fix uses it.
+std::timed_mutex& Turn() {
+  static std::timed_mutex turn;
+  return turn;
+}
+
+// Waits for the turn; nullopt where the caller has lost interest before it came.
+std::optional<std::unique_lock<std::timed_mutex>> TakeTurn(const std::atomic<bool>* cancelled) {
+  std::unique_lock lock(Turn(), std::defer_lock);
+  while (cancelled == nullptr || !cancelled->load()) {
+    if (lock.try_lock_for(kCancelCheck)) {
+      return lock;
+    }
+  }
+  return std::nullopt;
+}
+
+postwright_address* NewAddress(const AddressInfo& info) {
+  auto address = std::make_unique<postwright_address>();
+  constexpr std::pair<int, std::wstring AddressInfo::*> kElements[] = {
+      {POSTWRIGHT_PREFIX, &AddressInfo::prefix},
+      {POSTWRIGHT_NUMBER, &AddressInfo::number},
+      {POSTWRIGHT_PREDIRECTIONAL, &AddressInfo::predirectional},
+      {POSTWRIGHT_STREET, &AddressInfo::street},
+      {POSTWRIGHT_STREET_SUFFIX, &AddressInfo::streetSuffix},
+      {POSTWRIGHT_POSTDIRECTIONAL, &AddressInfo::postdirectional},
+      {POSTWRIGHT_SECONDARY_UNIT, &AddressInfo::secondaryUnit},
+      {POSTWRIGHT_SECONDARY_NUMBER, &AddressInfo::secondaryNumber},
+      {POSTWRIGHT_STREET_LINE, &AddressInfo::streetLine},
+      {POSTWRIGHT_CITY, &AddressInfo::city},
+      {POSTWRIGHT_STATE, &AddressInfo::state},
+      {POSTWRIGHT_ZIP, &AddressInfo::zip},
+      {POSTWRIGHT_SUFFIX, &AddressInfo::suffix},
+  };
+  for (const auto& [element, field] : kElements) {
+    address->elements[static_cast<std::size_t>(element)] = Utf8FromWide(info.*field);
+  }
+  address->text = Utf8FromWide(
+      AddressFields(info.prefix, info.streetLine, L"", info.city, info.state, info.zip, info.suffix)
+          .ComposeAddressBlock());
+  return address.release();
+}
+
+postwright_address* NewAddress(const FixedAddress& fixed) {
+  const AddressFields& fields = fixed.GetExactMatchAddress();
+  auto address = std::make_unique<postwright_address>();
+  const std::pair<int, const std::wstring*> elements[] = {
+      {POSTWRIGHT_PREFIX, &fields.GetPrefix()},
+      {POSTWRIGHT_STREET_LINE, &fields.GetPrimaryStreet()},
+      {POSTWRIGHT_URBANIZATION, &fields.GetSecondaryStreet()},
+      {POSTWRIGHT_CITY, &fields.GetCity()},
+      {POSTWRIGHT_STATE, &fields.GetState()},
+      {POSTWRIGHT_ZIP, &fields.GetZip()},
+      {POSTWRIGHT_SUFFIX, &fields.GetSuffix()},
+  };
+  for (const auto& [element, field] : elements) {
+    address->elements[static_cast<std::size_t>(element)] = Utf8FromWide(*field);
+  }
+  address->text = Utf8FromWide(fixed.GetExactAddress());
+  return address.release();
+}
+
+std::int32_t Fix(const std::wstring& text, const postwright_services* services,
+                 const std::atomic<bool>* cancelled, postwright_address** fixed) {
+  HostServices host(services, cancelled);
+  const auto turn = TakeTurn(cancelled);
+  if (!turn) {
+    return POSTWRIGHT_CANCELLED;
+  }
+  try {
+    *fixed = NewAddress(*Postwright::Fix(text, true, &host));
+    return POSTWRIGHT_DEFAULT_MATCH;
+  } catch (const PostwrightException&) {
+    if (cancelled != nullptr && cancelled->load()) {
+      return POSTWRIGHT_CANCELLED;  // a fetch that was given up looks like one without a reply
+    }
+    throw;
+  }
+}
+
+}  // namespace
+
+}  // namespace postwright
+
+using postwright::Guard;
+
+const char* postwright_result_text(int32_t result) {
+  for (const postwright::ResultRow& row : postwright::kResults) {
+    if (row.result == result) {
+      return row.text;
+    }
+  }
+  return "The result is unknown to this version of the library.";
+}
+
+const char* postwright_version(void) {
+  return POSTWRIGHT_VERSION;
+}
+
+int32_t postwright_set_service(const char* host, const char* user_id) {
+  return Guard([&]() -> std::int32_t {
+    postwright::Deployment deployment = postwright::GetDeployment();
+    if (host != nullptr && !postwright::IsHost(host)) {
+      return POSTWRIGHT_BAD_TEXT;
+    }
+    deployment.verifyHost = host != nullptr ? host : deployment.verifyHost;
+    deployment.userId = user_id != nullptr ? user_id : deployment.userId;
+    postwright::SetDeployment(std::move(deployment));
+    return POSTWRIGHT_NONE;
+  });
+}
+
+const char* postwright_address_element(const postwright_address* address, int32_t element) {
+  const bool exists = address != nullptr && element >= 0 && element < POSTWRIGHT_ELEMENTS;
+  return exists ? address->elements[static_cast<std::size_t>(element)].c_str() : "";
+}
+
+const char* postwright_address_text(const postwright_address* address) {
+  return address != nullptr ? address->text.c_str() : "";
+}
+
+void postwright_address_free(postwright_address* address) {
+  delete address;
+}
+
+int32_t postwright_parse(const char* text, size_t length, postwright_address** address) {
+  if (address == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  *address = nullptr;
+  if (text == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  return Guard([&]() -> std::int32_t {
+    const std::optional<std::wstring> label = postwright::ReadText(text, length);
+    if (!label) {
+      return POSTWRIGHT_BAD_TEXT;
+    }
+    const auto turn = postwright::TakeTurn(nullptr);
+    const auto info = postwright::AddressParser::GetInstance()->Parse(*label);
+    if (info == postwright::AddressInfo()) {
+      return POSTWRIGHT_ADDRESS_NOT_FOUND;
+    }
+    *address = postwright::NewAddress(info);
+    return POSTWRIGHT_NONE;
+  });
+}
+
+int32_t postwright_body_append(postwright_body* body, const void* data, size_t size) {
+  return Guard([&]() -> std::int32_t {
+    body->overflowed = body->overflowed || size > postwright::kLargestBody - body->bytes.size();
+    if (body->overflowed) {
+      return POSTWRIGHT_NO_MEMORY;
+    }
+    const auto* const bytes = static_cast<const std::uint8_t*>(data);
+    body->bytes.insert(body->bytes.end(), bytes, bytes + size);
+    return 0;
+  });
+}
+
+postwright_canceller* postwright_canceller_new(void) {
+  return new (std::nothrow) postwright_canceller;
+}
+
+void postwright_canceller_free(postwright_canceller* canceller) {
+  delete canceller;
+}
+
+void postwright_cancel(postwright_canceller* canceller) {
+  if (canceller != nullptr) {
+    canceller->cancelled = true;
+  }
+}
+
+int32_t postwright_fix(const char* text, size_t length, const postwright_services* services,
+                       postwright_canceller* canceller, postwright_address** fixed) {
+  if (fixed == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  *fixed = nullptr;
+  if (text == nullptr || (services != nullptr && services->size != sizeof *services)) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  return Guard([&]() -> std::int32_t {
+    const std::optional<std::wstring> label = postwright::ReadText(text, length);
+    if (!label) {
+      return POSTWRIGHT_BAD_TEXT;
+    }
+    const auto* cancelled = canceller != nullptr ? &canceller->cancelled : nullptr;
+    return postwright::Fix(*label, services, cancelled, fixed);
+  });
+}

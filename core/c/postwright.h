@@ -1,0 +1,171 @@
+#ifndef POSTWRIGHT_CORE_C_POSTWRIGHT_H_
+#define POSTWRIGHT_CORE_C_POSTWRIGHT_H_
+
+#include <postwright/Export.h>
+
+#include <stddef.h>  // NOLINT(modernize-deprecated-headers): this header is C, too
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers)
+
+// The core for programs in C, and for languages that bind to C. What it does is what AddressParser
+// and Postwright do.
+//
+//   postwright_address* fixed = NULL;
+//   int32_t result = postwright_fix("12 main st\naustin tx 78701", POSTWRIGHT_TERMINATED,
+//                                   NULL, NULL, &fixed);
+//   puts(result == POSTWRIGHT_DEFAULT_MATCH ? postwright_address_text(fixed)
+//                                           : postwright_result_text(result));
+//   postwright_address_free(fixed);
+//
+// Text is UTF-8 in both directions, whatever the locale. Letters beyond A to Z are put into upper
+// case where LC_CTYPE is a UTF-8 locale when the first address is read, and otherwise stay as they
+// are. Strings that a function returns end with a NUL; they belong to the handle that they come
+// from and live as long as it does, those that come from no handle for the life of the process.
+//
+// Every function may be called from any thread. Reading and correcting take turns: a second call
+// waits for the first. They must not run while another thread corrects or reads through the C++
+// interface. Nothing throws, and no function takes back an argument; a handle is not changed once
+// it is made, and is freed once.
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// How a call ended. The numbers from 0 on are those of FixResult and mean the same; the negative
+// ones say that the call itself was at fault. Numbers never change, new ones may come.
+enum {
+  POSTWRIGHT_NONE = 0, /* done, where there is nothing else to tell */
+
+  POSTWRIGHT_CONNECTION_FAILED = 1,
+  POSTWRIGHT_NO_DATA = 2,
+  POSTWRIGHT_BAD_REPLY = 3, /* empty (no network, too), not XML, or no answer to the question */
+  POSTWRIGHT_NO_INTERNET = 4,
+  POSTWRIGHT_INVALID_ADDRESS = 10, /* the service turned the address down */
+  POSTWRIGHT_INVALID_ZIP = 11,
+  POSTWRIGHT_INVALID_STATE = 12,
+  POSTWRIGHT_INVALID_CITY = 13,
+  POSTWRIGHT_ADDRESS_NOT_FOUND = 21, /* the text holds no address */
+  POSTWRIGHT_MULTIPLE_MATCH = 22,
+  POSTWRIGHT_STREET_MISMATCH = 25,
+  POSTWRIGHT_EXACT_MATCH = 31,
+  POSTWRIGHT_DEFAULT_MATCH = 32, /* the service answered with a standard form */
+
+  POSTWRIGHT_BAD_ARGUMENT = -1, /* a null pointer, or a structure of an unknown size */
+  POSTWRIGHT_BAD_TEXT = -2,     /* the text is not UTF-8, or holds a NUL */
+  POSTWRIGHT_NO_MEMORY = -3,
+  POSTWRIGHT_CANCELLED = -4,
+  POSTWRIGHT_INTERNAL = -5 /* a fault of the library or of what it stands on; please report it */
+};
+
+// Returns a sentence in English on what a result means; for an unknown number it says so.
+POSTWRIGHT_CORE_EXPORT const char* postwright_result_text(int32_t result);
+
+// Returns the library's version, "0.1.0".
+POSTWRIGHT_CORE_EXPORT const char* postwright_version(void);
+
+// Points the process's fixes at a Verify service: `host` with an optional port
+// ("127.0.0.1:8470"), ASCII, and the account identifier that is sent with every request. Both are
+// copied; null leaves that one as it is. To be called once, before the first fix. POSTWRIGHT_NONE,
+// POSTWRIGHT_BAD_TEXT for a host that is empty or has blanks or control characters in it, or
+// POSTWRIGHT_NO_MEMORY.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_set_service(const char* host, const char* user_id);
+
+// As a length: the text ends at its first NUL.
+#define POSTWRIGHT_TERMINATED SIZE_MAX
+
+// An address, read or corrected.
+typedef struct postwright_address postwright_address;
+
+// The elements of an address (USPS Publication 28, section 23).
+enum {
+  POSTWRIGHT_PREFIX = 0, /* the lines above the address */
+  POSTWRIGHT_NUMBER = 1, /* house number: "12 1/2" */
+  POSTWRIGHT_PREDIRECTIONAL = 2,
+  POSTWRIGHT_STREET = 3, /* "MAIN"; a box's whole line: "PO BOX 12" */
+  POSTWRIGHT_STREET_SUFFIX = 4,
+  POSTWRIGHT_POSTDIRECTIONAL = 5,
+  POSTWRIGHT_SECONDARY_UNIT = 6,
+  POSTWRIGHT_SECONDARY_NUMBER = 7,
+  POSTWRIGHT_STREET_LINE = 8,  /* the delivery line: "12 N MAIN ST APT 4B" */
+  POSTWRIGHT_URBANIZATION = 9, /* Puerto Rico */
+  POSTWRIGHT_CITY = 10,
+  POSTWRIGHT_STATE = 11,
+  POSTWRIGHT_ZIP = 12,     /* "62701" or "62701-1234" */
+  POSTWRIGHT_SUFFIX = 13,  /* the lines below the address */
+  POSTWRIGHT_ELEMENTS = 14 /* how many there are */
+};
+
+// Returns an element, several lines where it has several; "" where the address has none, for an
+// element that does not exist, and for a null address. A corrected address has no elements from
+// number to secondary number (read its text for them), one that was read no urbanization.
+POSTWRIGHT_CORE_EXPORT const char* postwright_address_element(const postwright_address* address,
+                                                              int32_t element);
+
+// Returns the whole text, lines separated by line feeds, the lines above and below the address in
+// it; "" for a null address. Of an address that was read: its upper-case elements put together.
+POSTWRIGHT_CORE_EXPORT const char* postwright_address_text(const postwright_address* address);
+
+// Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_address_free(postwright_address* address);
+
+// Finds the address in `text`, `length` bytes of any line breaks, and splits it; asks nobody. The
+// time taken is in proportion to the length. Sets `*address` to a handle that the caller frees, and
+// to null unless the result is POSTWRIGHT_NONE: POSTWRIGHT_ADDRESS_NOT_FOUND,
+// POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_BAD_TEXT, POSTWRIGHT_NO_MEMORY, POSTWRIGHT_INTERNAL.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_parse(const char* text, size_t length,
+                                                postwright_address** address);
+
+// Where a host's fetch puts the body of a reply.
+typedef struct postwright_body postwright_body;
+
+// Appends to the body. 0, or POSTWRIGHT_NO_MEMORY where there is none or more than 16 MiB were
+// given; the fetch has then failed, whatever it returns.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_body_append(postwright_body* body, const void* data,
+                                                      size_t size);
+
+// The levels of log messages.
+enum { POSTWRIGHT_LOG_ERROR = 0, POSTWRIGHT_LOG_WARNING = 1, POSTWRIGHT_LOG_INFO = 2 };
+
+// What a host does for the library instead of the library's own network and silence. A member may
+// be null. Called on the thread of the fix, during it, with `context`; must not throw or jump out,
+// and must not call postwright_fix or postwright_parse, which would wait for themselves.
+typedef struct postwright_services {
+  size_t size;  // sizeof(postwright_services)
+  void* context;
+  // Fetches an absolute http URL with one blocking GET and gives the body to
+  // postwright_body_append. Returns 0, or anything else where it failed.
+  int32_t (*read_url)(void* context, const char* url, postwright_body* body);
+  // Takes one message, without a line end.
+  void (*log)(void* context, int32_t level, const char* message);
+} postwright_services;
+
+// Lets another thread end a fix.
+typedef struct postwright_canceller postwright_canceller;
+
+// Returns null where there is no memory. Freed by the caller, after the fixes that use it; null is
+// allowed. Once cancelled it stays so.
+POSTWRIGHT_CORE_EXPORT postwright_canceller* postwright_canceller_new(void);
+POSTWRIGHT_CORE_EXPORT void postwright_canceller_free(postwright_canceller* canceller);
+
+// Ends the fixes that use the canceller, under way, waiting or still to come, within about a
+// second; where the host fetches, once it is done with that. Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_cancel(postwright_canceller* canceller);
+
+// Finds the address in `text` and asks the service for its standard form with one fetch. A text
+// without an address is sent all the same and turned down by the service. `services` and
+// `canceller` may be null: the library fetches by itself (bounds: MacPlatformServices) and logs
+// nothing; nobody cancels. Both are borrowed for the call.
+//
+// Sets `*fixed` to a handle that the caller frees, and to null unless the result is
+// POSTWRIGHT_DEFAULT_MATCH: POSTWRIGHT_INVALID_ADDRESS, POSTWRIGHT_BAD_REPLY,
+// POSTWRIGHT_CANCELLED, POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_BAD_TEXT, POSTWRIGHT_NO_MEMORY,
+// POSTWRIGHT_INTERNAL.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_fix(const char* text, size_t length,
+                                              const postwright_services* services,
+                                              postwright_canceller* canceller,
+                                              postwright_address** fixed);
+
+#ifdef __cplusplus
+}  // extern "C"
+#endif
+
+#endif  // POSTWRIGHT_CORE_C_POSTWRIGHT_H_

@@ -1,0 +1,170 @@
+#include <postwright/postwright.h>
+
+#include "tests/support/LoopbackServer.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace postwright {
+
+namespace {
+
+struct Free {
+  void operator()(postwright_address* address) const { postwright_address_free(address); }
+  void operator()(postwright_canceller* canceller) const { postwright_canceller_free(canceller); }
+};
+using Address = std::unique_ptr<postwright_address, Free>;
+using Canceller = std::unique_ptr<postwright_canceller, Free>;
+
+const std::string kLabel = "Zo\xC3\xAB Doe\n12 main street, apt 4\naustin tx 78701\nfragile";
+const std::string kReply =
+    "<R><Address><Address2>12 MAIN ST APT 4</Address2><City>PE\xC3\x91O</City><State>TX</State>"
+    "<Zip5>78701</Zip5><Zip4>1234</Zip4></Address></R>";
+
+// A host with a network of its own.
+struct Host {
+  std::string reply = kReply;
+  size_t copies = 1;
+  int32_t failure = 0;
+  postwright_canceller* cancels = nullptr;
+  std::vector<std::string> urls;
+  std::vector<std::string> log;
+
+  static int32_t ReadUrl(void* context, const char* url, postwright_body* body) {
+    auto* host = static_cast<Host*>(context);
+    host->urls.emplace_back(url);
+    postwright_cancel(host->cancels);
+    for (size_t i = 0; i < host->copies; ++i) {
+      (void)postwright_body_append(body, host->reply.data(), host->reply.size());
+    }
+    return host->failure;
+  }
+  static void Log(void* context, int32_t level, const char* message) {
+    static_cast<Host*>(context)->log.push_back(std::to_string(level) + " " + message);
+  }
+  postwright_services Services() { return {sizeof(postwright_services), this, ReadUrl, Log}; }
+};
+
+std::pair<int32_t, Address> FixWith(Host& host, const std::string& text = kLabel) {
+  const postwright_services services = host.Services();
+  postwright_address* fixed = nullptr;
+  const int32_t result = postwright_fix(text.data(), text.size(), &services, host.cancels, &fixed);
+  return {result, Address(fixed)};
+}
+
+}  // namespace
+
+TEST(CInterfaceTest, SplitsAText) {
+  postwright_address* parsed = nullptr;
+  ASSERT_EQ(postwright_parse(kLabel.c_str(), POSTWRIGHT_TERMINATED, &parsed), POSTWRIGHT_NONE);
+  const Address address(parsed);
+  const char* const expected[POSTWRIGHT_ELEMENTS] = {
+      "ZO\xC3\x8B DOE",   "12", "",       "MAIN", "ST",    "",       "APT", "4",
+      "12 MAIN ST APT 4", "",   "AUSTIN", "TX",   "78701", "FRAGILE"};
+  for (int32_t element = 0; element < POSTWRIGHT_ELEMENTS; ++element) {
+    EXPECT_STREQ(postwright_address_element(parsed, element), expected[element]) << element;
+  }
+  EXPECT_STREQ(postwright_address_element(parsed, POSTWRIGHT_ELEMENTS), "");
+  EXPECT_STREQ(postwright_address_element(parsed, -1), "");
+  EXPECT_STREQ(postwright_address_text(parsed),
+               "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nAUSTIN, TX 78701\nFRAGILE");
+}
+
+TEST(CInterfaceTest, FixesThroughTheHostsNetwork) {
+  Host host;
+  const auto [result, fixed] = FixWith(host);
+  EXPECT_EQ(result, POSTWRIGHT_DEFAULT_MATCH);
+  EXPECT_STREQ(postwright_address_text(fixed.get()),
+               "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nPE\xC3\x91O, TX 78701-1234\nFRAGILE");
+  EXPECT_STREQ(postwright_address_element(fixed.get(), POSTWRIGHT_CITY), "PE\xC3\x91O");
+  EXPECT_STREQ(postwright_address_element(fixed.get(), POSTWRIGHT_ZIP), "78701-1234");
+  ASSERT_EQ(host.urls.size(), 1U);
+  EXPECT_NE(host.urls[0].find("Address2%3E12%20MAIN%20ST%20APT%204%3C"), std::string::npos);
+  EXPECT_TRUE(host.log.empty());
+}
+
+TEST(CInterfaceTest, FailuresAreResults) {
+  const std::string noRoot = "0 Postwright::MakeRequestToServer(): RootElement == NULL";
+  const struct {
+    const char* name;
+    std::string text;
+    std::string reply;
+    size_t copies;
+    int32_t failure;
+    int32_t result;
+    std::string log;
+  } kRows[] = {
+      {"turned down", kLabel,
+       "<R><Address><Error><Description>No \xC3\xB1</Description></Error></Address></R>", 1, 0,
+       POSTWRIGHT_INVALID_ADDRESS, "1 Postwright::Fix(): server error = 'No \xC3\xB1'"},
+      {"fetch failed", kLabel, kReply, 1, 7, POSTWRIGHT_BAD_REPLY, noRoot},
+      {"endless body", kLabel, std::string(1U << 20U, ' '), 17, 0, POSTWRIGHT_BAD_REPLY, noRoot},
+      {"not UTF-8", "12 ma\xEFn st\naustin tx 78701", kReply, 1, 0, POSTWRIGHT_BAD_TEXT, ""},
+      {"a NUL", kLabel + std::string(1, '\0'), kReply, 1, 0, POSTWRIGHT_BAD_TEXT, ""},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    Host host;
+    host.reply = row.reply;
+    host.copies = row.copies;
+    host.failure = row.failure;
+    const auto [result, fixed] = FixWith(host, row.text);
+    EXPECT_EQ(result, row.result);
+    EXPECT_EQ(fixed, nullptr);
+    const std::vector<std::string> log(row.log.empty() ? 0 : 1, row.log);
+    EXPECT_EQ(host.log, log);
+  }
+}
+
+TEST(CInterfaceTest, RefusesBadCalls) {
+  postwright_address* address = nullptr;
+  postwright_services services = {};
+  EXPECT_EQ(postwright_parse(nullptr, 0, &address), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_parse("", 0, nullptr), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_parse("", 0, &address), POSTWRIGHT_ADDRESS_NOT_FOUND);
+  EXPECT_EQ(postwright_fix("", 0, &services, nullptr, &address), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_set_service("a b", nullptr), POSTWRIGHT_BAD_TEXT);
+  EXPECT_EQ(address, nullptr);
+  EXPECT_STREQ(postwright_address_text(nullptr), "");
+  EXPECT_STREQ(postwright_result_text(9999),
+               "The result is unknown to this version of the library.");
+  postwright_address_free(nullptr);
+  postwright_cancel(nullptr);
+}
+
+// A silent service, asked through the library's own network; the second fix waits for its turn.
+TEST(CInterfaceTest, IsCancelledFromAnotherThread) {
+  const LoopbackServer silence(LoopbackServer::Answer{});
+  ASSERT_EQ(postwright_set_service(silence.GetEndpoint().c_str(), "C"), POSTWRIGHT_NONE);
+  const Canceller canceller(postwright_canceller_new());
+  std::vector<std::thread> fixes;
+  std::atomic<int> cancelled = 0;
+  for (int i = 0; i < 2; ++i) {
+    fixes.emplace_back([&] {
+      postwright_address* fixed = nullptr;
+      cancelled += postwright_fix(kLabel.data(), kLabel.size(), nullptr, canceller.get(), &fixed) ==
+                   POSTWRIGHT_CANCELLED;
+    });
+  }
+  while (silence.GetRequests().empty()) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  postwright_cancel(canceller.get());
+  for (std::thread& fix : fixes) {
+    fix.join();
+  }
+  EXPECT_EQ(cancelled, 2);
+  EXPECT_EQ(silence.GetRequests().size(), 1U);
+
+  Host host;
+  host.cancels = canceller.get();
+  EXPECT_EQ(FixWith(host).first, POSTWRIGHT_CANCELLED);
+  EXPECT_TRUE(host.urls.empty());
+}
+
+}  // namespace postwright
