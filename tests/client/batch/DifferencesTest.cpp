@@ -1,0 +1,92 @@
+#include "client/batch/Differences.h"
+
+#include "tests/client/ClientTestMain.h"
+
+using namespace postwright;  // NOLINT(google-build-using-namespace)
+
+namespace {
+
+QString WithoutBrackets(QString text) {
+  return text.remove(u'[').remove(u']');
+}
+
+QString Bracketed(QString text, const QList<TextMark>& marks) {
+  for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
+    text.insert(mark->start + mark->length, u']').insert(mark->start, u'[');
+  }
+  return text;
+}
+
+}  // namespace
+
+class DifferencesTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void marksWhatChanged_data();
+  void marksWhatChanged();
+  void longTextsTakeBoundedTime_data();
+  void longTextsTakeBoundedTime();
+};
+
+// Both texts with what is to be marked in brackets, and the changes as they are spoken.
+void DifferencesTest::marksWhatChanged_data() {
+  QTest::addColumn<QString>("before");
+  QTest::addColumn<QString>("after");
+  QTest::addColumn<QString>("changes");
+
+  QTest::newRow("nothing") << u"12 Main St"_qs << u"12 Main St"_qs << u""_qs;
+  QTest::newRow("case alone") << u"12 main st\npeña"_qs << u"12 MAIN ST\nPEÑA"_qs << u""_qs;
+  QTest::newRow("other lines") << u"12 Main St, Austin"_qs << u"12 Main St,\nAustin"_qs << u""_qs;
+  QTest::newRow("a word for another") << u"25 [East] Oak"_qs << u"25 [E] Oak"_qs << u"East>E"_qs;
+  QTest::newRow("characters of a word")
+      << u"4 Oak Ave[nue]"_qs << u"4 Oak Ave"_qs << u"Avenue>Ave"_qs;
+  QTest::newRow("a character put in") << u"Austn TX"_qs << u"Aust[i]n TX"_qs << u"Austn>Austin"_qs;
+  QTest::newRow("half alike is not alike") << u"[abxy]"_qs << u"[abcd]"_qs << u"abxy>abcd"_qs;
+  QTest::newRow("more than half alike") << u"abc[x]"_qs << u"abc[d]"_qs << u"abcx>abcd"_qs;
+  QTest::newRow("words put in") << u"12 St"_qs << u"12 [N] [Main] St"_qs << u">N Main"_qs;
+  QTest::newRow("words gone") << u"12 [Old] [Mill] St"_qs << u"12 St"_qs << u"Old Mill>"_qs;
+  QTest::newRow("the likest is its partner")
+      << u"[Strexx] Str[x]et"_qs << u"Stre[e]t"_qs << u"Strexx>|Strxet>Street"_qs;
+  QTest::newRow("from nothing") << u""_qs << u"[a]"_qs << u">a"_qs;
+  QTest::newRow("to nothing") << u"[a]"_qs << u" \n"_qs << u"a>"_qs;
+  QTest::newRow("halves of a character stay together")
+      << u"ab[\U0001F3E0]"_qs << u"ab[\U0001F3E1]"_qs << u"ab\U0001F3E0>ab\U0001F3E1"_qs;
+}
+
+void DifferencesTest::marksWhatChanged() {
+  QFETCH(const QString, before);
+  QFETCH(const QString, after);
+  QFETCH(const QString, changes);
+  const Differences found = findDifferences(WithoutBrackets(before), WithoutBrackets(after));
+  QCOMPARE(Bracketed(WithoutBrackets(before), found.removed), before);
+  QCOMPARE(Bracketed(WithoutBrackets(after), found.added), after);
+  QStringList spoken;
+  for (const Change& change : found.changes) {
+    spoken.append(change.from + u'>' + change.to);
+  }
+  QCOMPARE(spoken.join(u'|'), changes);
+}
+
+void DifferencesTest::longTextsTakeBoundedTime_data() {
+  QTest::addColumn<QString>("before");
+  QTest::addColumn<QString>("after");
+  QTest::newRow("many words") << u"first "_qs + u"old "_qs.repeated(100000) + u"last"_qs
+                              << u"first "_qs + u"new "_qs.repeated(100000) + u"last"_qs;
+  QTest::newRow("long words") << u"first "_qs + QString(1000000, u'a') + u" last"_qs
+                              << u"first "_qs + QString(999999, u'a') + u" last"_qs;
+}
+
+// The ends are compared all the same. The hang guard of the test is its only clock.
+void DifferencesTest::longTextsTakeBoundedTime() {
+  QFETCH(const QString, before);
+  QFETCH(const QString, after);
+  const Differences found = findDifferences(before, after);
+  QCOMPARE(found.removed.first().start, 6);
+  QCOMPARE(found.added.first().start, 6);
+  QVERIFY(found.removed.last().start + found.removed.last().length <= before.size() - 5);
+  QCOMPARE(found.changes.size(), 1);
+}
+
+POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, DifferencesTest)
+#include "DifferencesTest.moc"

@@ -1,0 +1,172 @@
+#include "client/batch/PostwrightThread.h"
+
+#include <postwright/Deployment.h>
+
+#include <QSemaphore>
+
+#include "client/batch/BatchWorker.h"
+#include "tests/client/ClientTestMain.h"
+#include "tests/support/LoopbackServer.h"
+
+using namespace postwright;  // NOLINT(google-build-using-namespace)
+
+namespace {
+
+BatchResultRecordList Records(const QStringList& addresses) {
+  BatchResultRecordList records;
+  for (const QString& address : addresses) {
+    records.append(std::make_shared<BatchResultRecord>(address));
+  }
+  return records;
+}
+
+// Runs a worker to its end and returns its messages.
+class Run {
+ public:
+  explicit Run(const BatchResultRecordList& records, AskFunction ask = {}) : _worker(records) {
+    QObject::connect(&_worker.port, &MessagePort::messageReceived, &_worker.port,
+                     [this](qint32 identifier) { messages.append(identifier); });
+    _worker.thread.detach({{PostwrightResultsKey, QVariant::fromValue(records)},
+                           {RemovePunctuationKey, true},
+                           {CapitalizationKey, CapitalizationMixed},
+                           {MixedCaseKey, u"McDowell"_qs},
+                           {AskKey, QVariant::fromValue(std::move(ask))},
+                           {MachPortKey, QVariant::fromValue(_worker.port.sender())}});
+  }
+  PostwrightThread& thread() { return _worker.thread; }
+  bool hasEnded() const { return messages.contains(ThreadStopMessage); }
+
+  QList<qint32> messages;
+
+ private:
+  BatchWorker _worker;
+};
+
+AddressOutcome Answer(const QString& text, const QList<PostwrightSelectorPointer>& matches = {}) {
+  return {AddressFix{text, matches}, {}};
+}
+
+}  // namespace
+
+class PostwrightThreadTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void asksTheServiceAsItIsTold();
+  void reportsEachRecordAndTheEnd();
+  void cancelLeavesTheRestUntouched();
+  void twinsAreAskedAboutOnce();
+  void whatTheUserSettledIsPassedOver();
+  void abandonedFetchEnds();
+};
+
+void PostwrightThreadTest::asksTheServiceAsItIsTold() {
+  const std::string body =
+      "<R><Address><Address2>12 MCDOWELL ST.</Address2><City>AUSTIN</City><State>TX</State>"
+      "<Zip5>78701</Zip5><Zip4/></Address></R>";
+  const LoopbackServer server(LoopbackServer::Answer{
+      "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body});
+  SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
+  const BatchResultRecordList records = Records({u"12 mcdowell street\naustin tx"_qs});
+  Run run(records);
+  QTRY_VERIFY(run.hasEnded());
+  QCOMPARE(records.first()->values().fixed, u"12 McDowell St\nAustin TX 78701"_qs);
+}
+
+void PostwrightThreadTest::reportsEachRecordAndTheEnd() {
+  const auto ask = [](PostwrightClient&, const QString& address) {
+    return address == u"bad" ? AddressOutcome{std::nullopt, u"Invalid Address"_qs}
+                             : Answer(u"1 A ST"_qs);
+  };
+  const BatchResultRecordList records = Records({u"1 a st"_qs, u"bad"_qs, u"2 b st"_qs});
+  Run run(records, ask);
+  QTRY_VERIFY(run.hasEnded());
+  QCOMPARE(run.messages, (QList<qint32>{PostwrightUpdateMessage, PostwrightUpdateMessage,
+                                        PostwrightUpdateMessage, ThreadStopMessage}));
+  QList<int> statuses;
+  for (const BatchResultRecordPointer& record : records) {
+    statuses.append(record->values().status);
+  }
+  QCOMPARE(statuses, (QList<int>{AddressStatusUnchanged, AddressStatusError, AddressStatusFixed}));
+
+  Run nothing({}, ask);
+  QTRY_VERIFY(nothing.hasEnded());
+  QCOMPARE(nothing.messages, QList<qint32>{ThreadStopMessage});
+}
+
+void PostwrightThreadTest::cancelLeavesTheRestUntouched() {
+  QSemaphore asked;
+  QSemaphore answer;
+  const BatchResultRecordList records = Records({u"1 a"_qs, u"2 b"_qs, u"3 c"_qs});
+  Run run(records, [&](PostwrightClient&, const QString&) {
+    asked.release();
+    answer.acquire();
+    return Answer(u"9 Z"_qs);
+  });
+  asked.acquire();
+  run.thread().cancel();
+  answer.release(3);
+  QTRY_VERIFY(run.hasEnded());
+  QCOMPARE(run.messages, (QList<qint32>{PostwrightUpdateMessage, ThreadStopMessage}));
+  QCOMPARE(records[0]->values().fixed, u"9 Z"_qs);  // the one under way is finished
+  for (const BatchResultRecordPointer& record : records.mid(1)) {
+    QCOMPARE(record->values().fixed, u"Processing…"_qs);
+    QCOMPARE(record->values().status, AddressStatusUnchanged);
+  }
+}
+
+void PostwrightThreadTest::twinsAreAskedAboutOnce() {
+  QStringList asked;
+  const auto candidate = [] {
+    return std::make_shared<PostwrightSelector>(u"1 A %@"_qs, u"1 A (1 - 9)"_qs, u"1"_qs, u"9"_qs);
+  };
+  const BatchResultRecordList records = Records({u"1 a"_qs, u"2 b"_qs, u"1 a"_qs, u"1 A"_qs});
+  Run run(records, [&](PostwrightClient&, const QString& address) {
+    asked.append(address);
+    return Answer({}, {candidate(), candidate()});
+  });
+  QTRY_VERIFY(run.hasEnded());
+  QCOMPARE(asked, (QStringList{u"1 a"_qs, u"2 b"_qs, u"1 A"_qs}));
+  QCOMPARE(run.messages.size(), 5);
+  QCOMPARE(records[2]->values().status, AddressStatusMultiple);
+  records[0]->values().matches.first()->fixAddressWithCharacter(u"5"_qs);
+  QVERIFY(!records[2]->values().matches.first()->fixedAddress());  // each has its own
+}
+
+void PostwrightThreadTest::whatTheUserSettledIsPassedOver() {
+  QStringList asked;
+  QSemaphore settled;
+  const BatchResultRecordList records =
+      Records({u"1 a"_qs, u"2 b"_qs, u"3 c"_qs, u"4 d"_qs, u"5 e"_qs});
+  Run run(records, [&](PostwrightClient&, const QString& address) {
+    asked.append(address);
+    settled.acquire();
+    return Answer(u"9 Z"_qs);
+  });
+  records[0]->setFixed(u"chosen meanwhile"_qs);
+  records[1]->ignore();
+  records[2]->setFixed(u"chosen"_qs);
+  records[3]->setAddress(u"4 edited"_qs);
+  settled.release(records.size());
+  QTRY_VERIFY(run.hasEnded());
+  QCOMPARE(asked.mid(asked.indexOf(u"1 a"_qs) + 1), (QStringList{u"4 edited"_qs, u"5 e"_qs}));
+  QCOMPARE(run.messages.size(), 6);
+  QCOMPARE(records[0]->values().fixed, u"chosen meanwhile"_qs);
+  QCOMPARE(records[1]->values().fixed, u"Processing…"_qs);
+  QCOMPARE(records[2]->values().fixed, u"chosen"_qs);
+}
+
+void PostwrightThreadTest::abandonedFetchEnds() {
+  const LoopbackServer silent(LoopbackServer::Answer{});
+  SetDeployment({.verifyHost = silent.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
+  const BatchResultRecordList records = Records({u"1 a"_qs, u"2 b"_qs});
+  Run run(records);
+  QTRY_COMPARE(silent.GetRequests().size(), 1U);
+  run.thread().abandon();
+  QTRY_VERIFY_WITH_TIMEOUT(run.hasEnded(), 30000);  // a silent service would take 60 s
+  QCOMPARE(records[0]->values().result, PostwrightClient::stringForResult(3));
+  QVERIFY(records[1]->values().pending);
+}
+
+POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, PostwrightThreadTest)
+#include "PostwrightThreadTest.moc"
