@@ -1,5 +1,7 @@
 #include "client/batch/DetailView.h"
 
+#include <QApplication>
+
 #include "client/LocalizedString.h"
 #include "client/batch/BatchTexts.h"
 #include "client/batch/DifferenceFormat.h"
@@ -53,8 +55,7 @@ DetailView::DetailView(Ui::Postwright& layout) : _layout(layout) {
 void DetailView::showNothing() {
   _record = nullptr;
   _matches.setStringList({});
-  _layout.vwContent->setEnabled(true);
-  _layout.vwContent->setCurrentWidget(_layout.vwNone);
+  showPage(_layout.vwNone);
 }
 
 void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype twins) {
@@ -85,8 +86,18 @@ void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype tw
   } else if (page == _layout.vwError) {
     showError(values);
   }
-  _layout.vwContent->setEnabled(true);
-  _layout.vwContent->setCurrentWidget(page);
+  showPage(page);
+}
+
+// The keyboard goes back to the list where what it was in goes away: the record is settled, and the
+// next key is for another.
+void DetailView::showPage(QWidget* page) {
+  QStackedWidget* content = _layout.vwContent;
+  if (page != content->currentWidget() && content->isAncestorOf(QApplication::focusWidget())) {
+    _layout.tvAddresses->setFocus();
+  }
+  content->setEnabled(true);
+  content->setCurrentWidget(page);
 }
 
 void DetailView::showUnchanged(const BatchResultRecord::Values& values) {

@@ -43,6 +43,7 @@ class DetailView final : public QObject {
   void showFixed(const BatchResultRecord::Values& values);
   void showMultiple(const BatchResultRecord::Values& values, qsizetype twins);
   void showError(const BatchResultRecord::Values& values);
+  void showPage(QWidget* page);
   void fillEditor(QPlainTextEdit& editor, const QString& address);
   void showMatches(const QList<PostwrightSelectorPointer>& matches);
   void takeDraft(const QPlainTextEdit& editor);
