@@ -1,0 +1,139 @@
+// The batch window on a long list: how soon it opens, what a record takes, how a page scrolls, and
+// whether the last results cost more to show than the first. Answers come from the program itself,
+// at the pace at which the window takes them, so that nothing but the window is measured.
+
+#include <postwright/PostwrightController.h>
+
+#include <malloc.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QSemaphore>
+#include <QTableView>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <locale>
+
+namespace postwright {
+namespace {
+
+constexpr int kRecords = 100000;
+constexpr int kThousand = 1000;
+
+class Entry final : public AddressEntry {
+ public:
+  explicit Entry(QString text) : _text(std::move(text)) {}
+  QString value() const override { return _text; }
+  void setValue(const QString& text) override { _text = text; }
+
+ private:
+  QString _text;
+};
+
+QList<std::shared_ptr<AddressEntry>> makeEntries() {
+  QList<std::shared_ptr<AddressEntry>> entries;
+  for (int i = 0; i < kRecords; ++i) {
+    entries.append(std::make_shared<Entry>(
+        QStringLiteral("Resident %1\n%1 Main Street, Apartment %2\nAustin, Texas 78701")
+            .arg(i)
+            .arg(i % 90)));
+  }
+  return entries;
+}
+
+QString correctedText(const QString& address) {
+  return QString(address)
+      .replace(QLatin1String("Street, Apartment"), QLatin1String("St Apt"))
+      .replace(QLatin1String(", Texas"), QLatin1String(" TX"));
+}
+
+double heapBytes() {
+  return static_cast<double>(mallinfo2().uordblks);
+}
+
+// Processor time of this thread, the window's, in seconds.
+double threadSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+// Lets the worker answer `count` more times and returns the window's time for showing them.
+double showResults(int count, QSemaphore& answers, const QProgressBar& progress) {
+  const int goal = progress.value() + count;
+  const double before = threadSeconds();
+  answers.release(count);
+  while (progress.value() < goal) {
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  QElapsedTimer rest;  // what was coalesced is shown a little later
+  rest.start();
+  while (rest.elapsed() < 100) {
+    QApplication::processEvents(QEventLoop::AllEvents, 10);
+  }
+  return threadSeconds() - before;
+}
+
+// Pages through a part of the list, each page painted; returns the seconds of the slowest page.
+double scrollPages(QTableView& table, int pages) {
+  double slowest = 0;
+  QScrollBar& bar = *table.verticalScrollBar();
+  for (int page = 0; page < pages; ++page) {
+    const double before = threadSeconds();
+    bar.setValue(bar.value() + bar.pageStep());
+    table.viewport()->repaint();
+    slowest = std::max(slowest, threadSeconds() - before);
+  }
+  return slowest;
+}
+
+int measure() {
+  const QList<std::shared_ptr<AddressEntry>> entries = makeEntries();
+  QSemaphore answers;
+  const double heapBefore = heapBytes();
+  QElapsedTimer clock;
+  clock.start();
+  PostwrightController window(entries, true, CapitalizationMixed, std::nullopt);
+  window.setAsk([&answers](PostwrightClient&, const QString& address) {
+    answers.acquire();
+    return AddressOutcome{AddressFix{correctedText(address), {}}, {}};
+  });
+  window.show();
+  QApplication::processEvents();
+  std::printf("opens with %d entries, seconds                %8.2f\n", kRecords,
+              static_cast<double>(clock.elapsed()) / 1000);
+
+  const auto& progress = *window.findChild<QProgressBar*>(QStringLiteral("piProgress"));
+  showResults(kThousand, answers, progress);
+  const double first = showResults(kThousand, answers, progress);
+  const double middle = showResults(kRecords - 3 * kThousand, answers, progress);
+  const double last = showResults(kThousand, answers, progress);
+  std::printf("shows all results, seconds of its thread          %8.2f\n", first + middle + last);
+  std::printf("last thousand results / second thousand           %8.2f\n", last / first);
+
+  double text = 0;
+  for (const std::shared_ptr<AddressEntry>& entry : entries) {
+    text += static_cast<double>(correctedText(entry->value()).size() + 1) * sizeof(QChar);
+  }
+  std::printf("bytes a record above the texts                    %8.0f\n",
+              (heapBytes() - heapBefore - text) / kRecords);
+
+  auto& table = *window.findChild<QTableView*>(QStringLiteral("tvAddresses"));
+  std::printf("slowest page of 500, milliseconds of its thread   %8.2f\n",
+              1000 * scrollPages(table, 500));
+  window.bnUpdateClick();
+  return window.results().size() == kRecords ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace postwright
+
+int main(int argc, char** argv) {
+  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
+  setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  QApplication application(argc, argv);
+  return postwright::measure();
+}
