@@ -27,9 +27,6 @@ class Run {
     QObject::connect(&_worker.port, &MessagePort::messageReceived, &_worker.port,
                      [this](qint32 identifier) { messages.append(identifier); });
     _worker.thread.detach({{PostwrightResultsKey, QVariant::fromValue(records)},
-                           {RemovePunctuationKey, true},
-                           {CapitalizationKey, CapitalizationMixed},
-                           {MixedCaseKey, u"McDowell"_qs},
                            {AskKey, QVariant::fromValue(std::move(ask))},
                            {MachPortKey, QVariant::fromValue(_worker.port.sender())}});
   }
@@ -52,26 +49,12 @@ class PostwrightThreadTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void asksTheServiceAsItIsTold();
   void reportsEachRecordAndTheEnd();
   void cancelLeavesTheRestUntouched();
   void twinsAreAskedAboutOnce();
   void whatTheUserSettledIsPassedOver();
   void abandonedFetchEnds();
 };
-
-void PostwrightThreadTest::asksTheServiceAsItIsTold() {
-  const std::string body =
-      "<R><Address><Address2>12 MCDOWELL ST.</Address2><City>AUSTIN</City><State>TX</State>"
-      "<Zip5>78701</Zip5><Zip4/></Address></R>";
-  const LoopbackServer server(LoopbackServer::Answer{
-      "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body});
-  SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
-  const BatchResultRecordList records = Records({u"12 mcdowell street\naustin tx"_qs});
-  Run run(records);
-  QTRY_VERIFY(run.hasEnded());
-  QCOMPARE(records.first()->values().fixed, u"12 McDowell St\nAustin TX 78701"_qs);
-}
 
 void PostwrightThreadTest::reportsEachRecordAndTheEnd() {
   const auto ask = [](PostwrightClient&, const QString& address) {
