@@ -3,9 +3,9 @@
 #include <QStringList>
 
 #include "client/LocalizedString.h"
-#include "client/batch/BatchTexts.h"
-#include "client/batch/Differences.h"
 #include "client/batch/StatusIcons.h"
+#include "client/batch/review/BatchTexts.h"
+#include "client/batch/review/Differences.h"
 #include "client/suite/StringHelpers.h"
 
 namespace postwright {

@@ -6,9 +6,9 @@
 
 #include "client/LocalizedString.h"
 #include "client/batch/AddressDelegate.h"
-#include "client/batch/BatchTexts.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/StatusIcons.h"
+#include "client/batch/review/BatchTexts.h"
 #include "ui_Postwright.h"
 
 namespace postwright {

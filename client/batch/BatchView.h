@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 
-#include "client/batch/BatchReview.h"
 #include "client/batch/BatchTableModel.h"
 #include "client/batch/DetailView.h"
+#include "client/batch/review/BatchReview.h"
 
 namespace postwright {
 

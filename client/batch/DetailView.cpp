@@ -3,9 +3,9 @@
 #include <QApplication>
 
 #include "client/LocalizedString.h"
-#include "client/batch/BatchTexts.h"
 #include "client/batch/DifferenceFormat.h"
 #include "client/batch/RowHeights.h"
+#include "client/batch/review/BatchTexts.h"
 #include "ui_Postwright.h"
 
 namespace postwright {

@@ -5,7 +5,7 @@
 #include <QTextCharFormat>
 #include <QTextLayout>
 
-#include "client/batch/Differences.h"
+#include "client/batch/review/Differences.h"
 
 namespace postwright {
 

@@ -11,10 +11,10 @@
 
 #include "client/LocalizedString.h"
 #include "client/batch/BatchKeys.h"
-#include "client/batch/BatchTexts.h"
 #include "client/batch/BatchView.h"
-#include "client/batch/BatchWorker.h"
 #include "client/batch/StatusIcons.h"
+#include "client/batch/review/BatchTexts.h"
+#include "client/batch/worker/BatchWorker.h"
 #include "client/suite/ModalRun.h"
 #include "ui_Postwright.h"
 

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_CLIENT_BATCH_POSTWRIGHTTHREAD_H_
-#define POSTWRIGHT_CLIENT_BATCH_POSTWRIGHTTHREAD_H_
+#ifndef POSTWRIGHT_CLIENT_BATCH_WORKER_POSTWRIGHTTHREAD_H_
+#define POSTWRIGHT_CLIENT_BATCH_WORKER_POSTWRIGHTTHREAD_H_
 
 #include <postwright/BatchResultRecord.h>
 #include <postwright/PostwrightClient.h>
@@ -57,4 +57,4 @@ class PostwrightThread final : public WorkerThread {
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_CLIENT_BATCH_POSTWRIGHTTHREAD_H_
+#endif  // POSTWRIGHT_CLIENT_BATCH_WORKER_POSTWRIGHTTHREAD_H_

@@ -1,8 +1,8 @@
-#include "client/batch/BatchReview.h"
+#include "client/batch/review/BatchReview.h"
 
 #include <QXmlStreamReader>
 
-#include "client/batch/BatchTexts.h"
+#include "client/batch/review/BatchTexts.h"
 #include "tests/client/ClientTestMain.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)

@@ -1,7 +1,7 @@
-#ifndef POSTWRIGHT_CLIENT_BATCH_BATCHWORKER_H_
-#define POSTWRIGHT_CLIENT_BATCH_BATCHWORKER_H_
+#ifndef POSTWRIGHT_CLIENT_BATCH_WORKER_BATCHWORKER_H_
+#define POSTWRIGHT_CLIENT_BATCH_WORKER_BATCHWORKER_H_
 
-#include "client/batch/PostwrightThread.h"
+#include "client/batch/worker/PostwrightThread.h"
 #include "client/suite/MessagePort.h"
 
 namespace postwright {
@@ -19,4 +19,4 @@ struct BatchWorker {
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_CLIENT_BATCH_BATCHWORKER_H_
+#endif  // POSTWRIGHT_CLIENT_BATCH_WORKER_BATCHWORKER_H_

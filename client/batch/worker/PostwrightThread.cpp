@@ -1,8 +1,8 @@
-#include "client/batch/PostwrightThread.h"
+#include "client/batch/worker/PostwrightThread.h"
 
 #include <new>
 
-#include "client/batch/TwinOutcomes.h"
+#include "client/batch/worker/TwinOutcomes.h"
 
 namespace postwright {
 

@@ -1,4 +1,4 @@
-#include "client/batch/TwinOutcomes.h"
+#include "client/batch/worker/TwinOutcomes.h"
 
 #include <QSet>
 

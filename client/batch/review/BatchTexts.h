@@ -1,11 +1,11 @@
-#ifndef POSTWRIGHT_CLIENT_BATCH_BATCHTEXTS_H_
-#define POSTWRIGHT_CLIENT_BATCH_BATCHTEXTS_H_
+#ifndef POSTWRIGHT_CLIENT_BATCH_REVIEW_BATCHTEXTS_H_
+#define POSTWRIGHT_CLIENT_BATCH_REVIEW_BATCHTEXTS_H_
 
 #include <QString>
 #include <chrono>
 #include <optional>
 
-#include "client/batch/BatchReview.h"
+#include "client/batch/review/BatchReview.h"
 
 namespace postwright {
 
@@ -43,4 +43,4 @@ QString emptyText(qsizetype total);
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_CLIENT_BATCH_BATCHTEXTS_H_
+#endif  // POSTWRIGHT_CLIENT_BATCH_REVIEW_BATCHTEXTS_H_

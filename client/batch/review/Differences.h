@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_
-#define POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_
+#ifndef POSTWRIGHT_CLIENT_BATCH_REVIEW_DIFFERENCES_H_
+#define POSTWRIGHT_CLIENT_BATCH_REVIEW_DIFFERENCES_H_
 
 #include <QList>
 #include <QString>
@@ -37,4 +37,4 @@ Differences findDifferences(const QString& before, const QString& after);
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_CLIENT_BATCH_DIFFERENCES_H_
+#endif  // POSTWRIGHT_CLIENT_BATCH_REVIEW_DIFFERENCES_H_

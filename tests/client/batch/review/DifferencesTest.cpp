@@ -1,4 +1,4 @@
-#include "client/batch/Differences.h"
+#include "client/batch/review/Differences.h"
 
 #include "tests/client/ClientTestMain.h"
 

@@ -1,4 +1,4 @@
-#include "client/batch/BatchReview.h"
+#include "client/batch/review/BatchReview.h"
 
 #include <postwright/FixResult.h>
 

@@ -1,4 +1,4 @@
-#include "client/batch/BatchTexts.h"
+#include "client/batch/review/BatchTexts.h"
 
 #include <QLocale>
 #include <QStringList>

@@ -1,10 +1,10 @@
-#include "client/batch/PostwrightThread.h"
+#include "client/batch/worker/PostwrightThread.h"
 
 #include <postwright/Deployment.h>
 
 #include <QSemaphore>
 
-#include "client/batch/BatchWorker.h"
+#include "client/batch/worker/BatchWorker.h"
 #include "tests/client/ClientTestMain.h"
 #include "tests/support/LoopbackServer.h"
 
