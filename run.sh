@@ -1,35 +1,55 @@
 #!/usr/bin/env bash
 # From a fresh Debian 12 clone to corrected labels: installs what is missing, builds, starts the
 # local Verify service, corrects examples/labels/ and stops the service.
+#
+#   ./run.sh             shows the labels before and after
+#   ./run.sh --window    opens the address book on an example of 200 entries instead; the service
+#                        lives as long as the window
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
-scripts/install-packages.sh
-scripts/build.sh postwright-cli postwright-verifyd
+usage() {
+  sed -n '2,/^set/{/^# \?/s///p}' run.sh
+}
 
-log=$(mktemp)
-build/bin/postwright-verifyd --listen 127.0.0.1:0 2> "$log" &
-service=$!
-trap 'kill "$service" 2> /dev/null || true; wait "$service" || true; rm -f "$log"' EXIT
-
-server=
-for ((tries = 0; tries < 100 && ${#server} == 0; ++tries)); do
-  server=$(sed -n 's/^postwright-verifyd: listening on //p' "$log")
-  kill -0 "$service" 2> /dev/null || break
-  [ "$server" ] || sleep 0.1
-done
-if [ -z "$server" ]; then
-  echo "The local Verify service did not start; it said:" >&2
-  cat "$log" >&2
+check_display() {
+  [ -z "${DISPLAY-}${WAYLAND_DISPLAY-}" ] || return 0
+  cat >&2 << 'END'
+There is no display to open a window on: neither DISPLAY nor WAYLAND_DISPLAY is set. Run this in a
+desktop session, or through `ssh -X`. docs/pictures/ shows what the windows look like, and
+docs/batch-window.md explains what is in them.
+END
   exit 1
-fi
+}
 
-echo
-echo "A local Verify service answers on $server. The labels, before and after:"
-echo
-scripts/show-labels.sh "$server" examples/labels/*.txt
+# Leaves the address of the service in $server.
+start_service() {
+  log=$(mktemp)
+  build/bin/postwright-verifyd --listen 127.0.0.1:0 2> "$log" &
+  service=$!
+  trap 'kill "$service" 2> /dev/null || true; wait "$service" || true; rm -f "$log"' EXIT
 
-cat << 'END'
+  server=
+  for ((tries = 0; tries < 100 && ${#server} == 0; ++tries)); do
+    server=$(sed -n 's/^postwright-verifyd: listening on //p' "$log")
+    kill -0 "$service" 2> /dev/null || break
+    [ "$server" ] || sleep 0.1
+  done
+  if [ -z "$server" ]; then
+    echo "The local Verify service did not start; it said:" >&2
+    cat "$log" >&2
+    exit 1
+  fi
+  echo
+}
+
+show_labels() {
+  scripts/build.sh postwright-cli postwright-verifyd
+  start_service
+  echo "A local Verify service answers on $server. The labels, before and after:"
+  echo
+  scripts/show-labels.sh "$server" examples/labels/*.txt
+  cat << 'END'
 The service has been stopped. To go on by hand:
 
   build/bin/postwright-verifyd &                            # 127.0.0.1:8470
@@ -38,5 +58,38 @@ The service has been stopped. To go on by hand:
   build/bin/postwright --help
   kill %1                                                   # stops the service
 
-README.md tells of many labels at once; ./test.sh runs the tests.
+./run.sh --window shows the address book; README.md tells of many labels at once; ./test.sh runs the
+tests.
 END
+}
+
+open_window() {
+  scripts/build.sh postwright-addressbook postwright-verifyd
+  start_service
+  book=build/friends.csv
+  [ -f "$book" ] || cp examples/books/friends.csv "$book"
+  cat << END
+A local Verify service answers on $server for as long as the window is open. The book is
+$book, a copy of the example: delete it, and the next run begins with a fresh one.
+END
+  build/bin/postwright-addressbook --server "$server" "$book"
+}
+
+case "$#:${1-}" in
+  0:) show=show_labels ;;
+  1:--window)
+    check_display
+    show=open_window
+    ;;
+  1:-h | 1:--help)
+    usage
+    exit 0
+    ;;
+  *)
+    { echo "run.sh: cannot make sense of: $*"; usage; } >&2
+    exit 2
+    ;;
+esac
+
+scripts/install-packages.sh
+"$show"
