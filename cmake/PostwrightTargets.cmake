@@ -25,6 +25,17 @@ function(postwright_configure target)
                POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
+# Makes TARGET one of the shared libraries that hosts link: its version and SONAME, and a version
+# script that keeps back what visibility cannot, such as instances of the standard library's
+# templates.
+function(postwright_configure_library target)
+  postwright_configure(${target})
+  set(script "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+  target_link_options(${target} PRIVATE "LINKER:--version-script=${script}")
+  set_target_properties(${target} PROPERTIES VERSION "${PROJECT_VERSION}" SOVERSION "${POSTWRIGHT_ABI_VERSION}"
+                                             LINK_DEPENDS "${script}")
+endfunction()
+
 # Makes each HEADER (a path in the source tree) available as <postwright/NAME>, to the tree through
 # a forwarding header, so that an include line reads the same before and after installation. The
 # list is kept in the global property POSTWRIGHT_PUBLIC_HEADERS for installing and for the checks.
