@@ -45,14 +45,12 @@ struct Options {
   VerifyService::Options service;
 };
 
-// The base that is installed beside the program, or the source tree's while none is.
+// The base that comes along, seen from where the program lies.
 std::string DefaultBase() {
-  std::error_code failure;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-  const auto installed = program.parent_path() / POSTWRIGHT_SHARE_FROM_BIN / "us-zips.tsv";
-  return !failure && std::filesystem::exists(installed, failure)
-             ? installed.lexically_normal().string()
-             : POSTWRIGHT_SOURCE_BASE;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe");
+  return (program.parent_path() / POSTWRIGHT_SHARE_FROM_BIN / "us-zips.tsv")
+      .lexically_normal()
+      .string();
 }
 
 // Says what is wrong with the value of --listen; the empty answer is consent.

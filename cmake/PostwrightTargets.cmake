@@ -5,13 +5,25 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
+include(GNUInstallDirs)
+
+# An installed program finds our libraries beside it, wherever the tree has been put, but for the
+# system's own tree, whose libraries every program finds.
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  set(CMAKE_INSTALL_RPATH "")
+else()
+  file(RELATIVE_PATH libraries_from_programs "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  set(CMAKE_INSTALL_RPATH "$ORIGIN" "$ORIGIN/${libraries_from_programs}")
+endif()
+
 find_package(Threads REQUIRED)
 
 add_library(postwright-options INTERFACE)
 target_compile_features(postwright-options INTERFACE cxx_std_20)
 target_compile_options(
-  postwright-options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-                               -Wcast-qual -Wformat=2 -Werror)
+  postwright-options
+  INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2
+            $<$<BOOL:${POSTWRIGHT_WARNINGS_AS_ERRORS}>:-Werror>)
 target_include_directories(postwright-options INTERFACE "${PROJECT_SOURCE_DIR}")
 
 # Gives TARGET our language level and warnings, hidden symbols and position-independent code.

@@ -1,0 +1,31 @@
+# Completions of postwright for bash. Where nothing is offered here, bash offers files.
+
+_postwright() {
+  local current=$2 previous=$3 words='--help --version'
+
+  case $previous in
+    --case)
+      mapfile -t COMPREPLY < <(compgen -W 'upper lower mixed' -- "$current")
+      return
+      ;;
+    --output | --resume | --jobs | --mixed-case | --server)
+      return
+      ;;
+  esac
+
+  case ${COMP_WORDS[1]-} in
+    parse)
+      words+=' --jsonl --output'
+      ;;
+    fix)
+      words+=' --jsonl --output --case --keep-punctuation --mixed-case --server --resume --jobs --quiet'
+      ;;
+    *)
+      words+=' parse fix'
+      ;;
+  esac
+  if [[ $current == -* || $COMP_CWORD -eq 1 ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+  fi
+}
+complete -o bashdefault -o default -F _postwright postwright

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Fails where a validator complains about a file in the folder given. A validator that is not
+# installed is passed over, and named.
+set -euo pipefail
+cd "$1"
+status=0
+
+# with TOOL FILE...: runs the tool given in $check on the files, where there is one.
+with() {
+  local tool=$1
+  shift
+  if ! command -v "${tool%% *}" > /dev/null; then
+    echo "${tool%% *} is not installed; not looked at: $*"
+  elif ! $tool "$@"; then
+    status=1
+  fi
+}
+
+# groff tells its warnings and ends well all the same.
+pages() {
+  local warnings
+  warnings=$(groff -man -ww -z -K utf8 "$@" 2>&1)
+  [ -z "$warnings" ] || { echo "$warnings"; return 1; }
+}
+
+with "desktop-file-validate" desktop/*.desktop
+with "appstreamcli validate --no-net --no-color" desktop/*.metainfo.xml
+with "bash -n" completions/*.bash
+for file in completions/_*; do with "zsh -n" "$file"; done
+for file in completions/*.fish; do with "fish --no-execute" "$file"; done
+if command -v groff > /dev/null; then
+  pages man/*.in || status=1
+fi
+exit "$status"
