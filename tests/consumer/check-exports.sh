@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Fails where a library offers what no public header declares for hosts, or a public header declares
+# what no library offers:
+#
+#   check-exports.sh PREFIX
+set -euo pipefail
+export LC_ALL=C.UTF-8
+headers=$1/include/postwright
+mapfile -t libraries < <(find "$1" -name 'libpostwright*.so')
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# The names behind POSTWRIGHT_..._EXPORT: of a class, a function or a variable. A declaration may
+# begin on one line and give its name on the next; the functions of Utils stand in a namespace.
+cat "$headers"/*.h | sed '/^#/d; s|//.*||' | tr '\n' ' ' |
+  grep --extended-regexp --only-matching 'POSTWRIGHT_[A-Z]+_EXPORT [^;({]*[;({]' |
+  sed -E 's/^POSTWRIGHT_[A-Z]+_EXPORT *//; s/ *(final *)?(: [^{]*)?[;({]$//; s/.*[ *&]//' |
+  sort --unique > "$scratch/declared"
+
+# What the libraries offer, each symbol by the name that a header would declare.
+nm --dynamic --demangle --defined-only --format=posix "${libraries[@]}" | sed -E '/:$/d; s/ [A-Za-z] [0-9a-f]+( [0-9a-f]+)?$//' |
+  sed -E 's/^(typeinfo name for|typeinfo for|vtable for|(non-)?virtual thunk to) //' > "$scratch/offered"
+sed -nE 's/^postwright::(Utils::)?(\w+).*/\2/p; s/^(postwright_\w+)$/\1/p' "$scratch/offered" |
+  sort --unique > "$scratch/names"
+
+status=0
+if grep --invert-match --extended-regexp '^postwright(::|_)' "$scratch/offered"; then
+  echo "These symbols are not ours, and are offered: see cmake/exports.map."
+  status=1
+fi
+if ! diff "$scratch/declared" "$scratch/names"; then
+  echo "'<': declared for hosts, and offered by no library. '>': offered, and declared by no header."
+  status=1
+fi
+[ -s "$scratch/declared" ] || status=1
+exit "$status"

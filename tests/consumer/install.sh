@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs a build into an empty prefix and tries what lies there, moved to another place:
+#
+#   install.sh BUILD_FOLDER PREFIX
+set -euo pipefail
+build=$1
+prefix=$2
+rm -rf "$prefix" "$prefix.made"
+cmake --install "$build" --prefix "$prefix.made" > /dev/null
+mv "$prefix.made" "$prefix"
+
+for program in "$prefix"/bin/*; do
+  name=$(basename "$program")
+  "$program" --version | grep --quiet "^$name [0-9]" || { echo "$name does not say its version"; exit 1; }
+  ls "$prefix"/share/man/man[18]/"$name".[18] "$prefix/share/bash-completion/completions/$name" > /dev/null
+done
+
+# The daemon finds its base, and the command finds the daemon.
+if [ -e "$prefix/bin/postwright-verifyd" ]; then
+  coproc daemon { exec "$prefix/bin/postwright-verifyd" --listen 127.0.0.1:0 2>&1; }
+  process=$!
+  trap 'kill "$process"' EXIT
+  read -r -t 30 -u "${daemon[0]}" line
+  server=${line##* }
+  printf '12 north main street\naustin texas 78701' |
+    no_proxy='*' "$prefix/bin/postwright" fix --server "$server" | grep --quiet '^12 N MAIN ST$'
+fi
