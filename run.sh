@@ -17,7 +17,7 @@ check_display() {
   cat >&2 << 'END'
 There is no display to open a window on: neither DISPLAY nor WAYLAND_DISPLAY is set. Run this in a
 desktop session, or through `ssh -X`. docs/pictures/ shows what the windows look like, and
-docs/batch-window.md explains what is in them.
+docs/address-book.md and docs/batch-window.md explain what is in them.
 END
   exit 1
 }

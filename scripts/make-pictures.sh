@@ -4,7 +4,7 @@
 #
 # usage: scripts/make-pictures.sh [BUILD-FOLDER]      (default: build)
 #
-# Needs Xvfb, xdotool, ImageMagick and python3 (Debian: xvfb xdotool imagemagick python3).
+# Needs Debian's xvfb xdotool imagemagick poppler-utils python3.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin="${1:-build}/bin"
@@ -32,6 +32,7 @@ start() {
 # The screen: no window manager, so a window has no frame and what is under the pointer has focus.
 start Xvfb :77 -screen 0 2000x1500x24
 export DISPLAY=:77 no_proxy='*' XDG_RUNTIME_DIR="$work" LANG=C.UTF-8
+export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data"  # a user who begins
 unset QT_SCALE_FACTOR QT_QPA_PLATFORM
 start "$bin/postwright-verifyd" --listen "127.0.0.1:$service_port"
 start "$input/slow-service.py" "$slow_port" "$service_port" 0.08
@@ -107,3 +108,43 @@ QT_SCALE_FACTOR=2 host "${batch[@]}"
 keys Down Down Down Down
 shot batch-200-percent
 leave
+
+# The address book: its columns are chosen, its addresses fixed, its labels printed.
+cp examples/books/friends.csv "$work"
+"$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \
+  >"$work/out" 2>&1 &
+program=$!
+started+=($program)
+await "Columns of"
+shot address-book-columns
+keys Return
+await "friends.csv"
+book=$window
+keys F7
+await "Fix Addresses"
+keys alt+l
+xdotool type M  # mixed case
+shot address-book-fix
+keys Return
+sleep 4
+await "Fix Addresses"
+keys alt+a
+sleep 1
+window=$book
+xdotool windowfocus --sync "$window"
+keys Down Down Down Down
+shot address-book
+keys ctrl+p
+await "Print Labels"
+keys alt+b
+xdotool type 4
+keys alt+e
+shot address-book-print
+keys alt+d
+await "Save the sheets"
+xdotool type "$work/labels.pdf"
+keys Return
+sleep 1
+leave
+pdftoppm -r 80 -png -singlefile "$work/labels.pdf" "$pictures/label-sheet"
+echo "$pictures/label-sheet.png"
