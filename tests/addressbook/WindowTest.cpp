@@ -69,6 +69,7 @@ class WindowTest : public QObject {
   void printsFromTheLabelChosen();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
+  void takesBigBooks();
 
  private:
   template <typename Widget>
@@ -361,6 +362,38 @@ void WindowTest::saysWhyAFileDoesNotOpen() {
   QVERIFY2(said.contains("“broken.csv” cannot be opened.") && said.contains("line 2"),
            qPrintable(said));
   QCOMPARE(_table->model()->rowCount(), 3);  // the book that was open still is
+}
+
+// A step whose cost grows with the square of the entries would not end before the time is up.
+void WindowTest::takesBigBooks() {
+  constexpr int kEntries = 100000;
+  QByteArray book = kBook.first(kBook.indexOf('\n') + 1);
+  _fixer.outcomes.clear();
+  for (int entry = 0; entry < kEntries; ++entry) {
+    const QByteArray number = QByteArray::number(entry);
+    book += "Jane Doe," + number + " Main Street,Austin,TX,78701,\n";
+    _fixer.outcomes.append({entry % 2 == 0 ? FixOutcome::Kind::Failed : FixOutcome::Kind::Corrected,
+                            "JANE DOE\n" + number + " MAIN ST\nAUSTIN TX 78701"});
+  }
+  put("big.csv", book);
+  QVERIFY(_window->openPath(path("big.csv")));
+  QTest::keyClick(_table, Qt::Key_A, Qt::ControlModifier);
+  trigger("fixSelected");
+  QCOMPARE(_window->document().book().count(CheckState::Failed), kEntries / 2);
+  trigger("undo");
+  trigger("redo");
+  _table->sortByColumn(EntryModel::Street, Qt::DescendingOrder);
+  QCOMPARE(shown(0, EntryModel::Street), "99999 MAIN ST");
+  find<QLineEdit>("searchField")->setText("9999");
+  QCOMPARE(_table->model()->rowCount(), 19);
+  trigger("showAll");
+  QTest::keyClick(_table, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(_table, Qt::Key_Delete);
+  QCOMPARE(_table->model()->rowCount(), 0);
+  trigger("undo");
+  QCOMPARE(_table->selectedBookRows().size(), kEntries);
+  trigger("save");
+  QCOMPARE(bytes("big.csv").count("Main Street"), kEntries / 2);
 }
 
 }  // namespace postwright::addressbook
