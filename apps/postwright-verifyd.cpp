@@ -7,10 +7,12 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <thread>
 
 #include "apps/CharacterLocale.h"
+#include "service/Verifier.h"
 #include "service/VerifyService.h"
 #include "service/http/HttpServer.h"
 
@@ -125,10 +127,10 @@ void Serve(const Options& options) {
     base.Load(file);
   }
   RequestLog log(STDERR_FILENO, std::string(kName) + ": ");
-  const VerifyService service(base, options.service);
-  HttpServer server(
-      ListenAddress::Parse(options.listen), {},
-      [&](const HttpRequest& request) { return service.Answer(request); }, log);
+  Verifier verifier(base);
+  VerifyService service(verifier, options.service);
+  HttpServer server(ListenAddress::Parse(options.listen), {},
+                    std::bind_front(&VerifyService::Answer, &service), log);
   log.Write("listening on " + server.Address());
   WaitForSignal(signals);
   std::thread([signals] {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "service/Verifier.h"
 #include "service/VerifyService.h"
 #include "service/text/Encoding.h"
 
@@ -37,9 +38,16 @@ bool IsWhole(std::string_view body) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const ZipBase base;
-  static const VerifyService service(base, {});
+  static Verifier verifier(base);
+  static VerifyService service(verifier, {});
   const std::string query(data, data + size);
-  Require(IsWhole(service.Answer({"GET", "/ShippingAPI.dll", query, ""}).body));
-  Require(IsWhole(service.Answer({"POST", "/ShippingAPI.dll", "API=Verify", query}).body));
+  int answers = 0;
+  const auto check = [&answers](const HttpReply& reply) {
+    Require(IsWhole(reply.body));
+    ++answers;
+  };
+  service.Answer({"GET", "/ShippingAPI.dll", query, ""}, check);
+  service.Answer({"POST", "/ShippingAPI.dll", "API=Verify", query}, check);
+  Require(answers == 2);
   return 0;
 }

@@ -62,6 +62,11 @@ ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
   return {asked.id, Decide(asked)};
 }
 
+void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) {
+  done(std::visit([](auto&& decided) -> AddressAnswer { return std::move(decided); },
+                  Decide(asked)));
+}
+
 std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& asked) const {
   const std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || asked.cutShort) {

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_VERIFIER_H_
 #define POSTWRIGHT_SERVICE_VERIFIER_H_
 
+#include "service/AnswerSource.h"
 #include "service/address/ZipBase.h"
 #include "service/protocol/VerifyReply.h"
 #include "service/protocol/VerifyRequest.h"
@@ -17,11 +18,14 @@ namespace postwright::service {
 // placed is answered as not confirmed (DPVConfirmation N), its Zip4 is empty whatever was asked.
 //
 // Borrows the base. Any thread may call Verify.
-class Verifier {
+class Verifier final : public AnswerSource {
  public:
   explicit Verifier(const ZipBase& base) : base_(base) {}
 
   ReplyAddress Verify(const RequestAddress& asked) const;
+
+  // Answers within the call.
+  void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
   std::variant<ReplyFields, Rejection> Decide(const RequestAddress& asked) const;

@@ -1,6 +1,8 @@
 #include "service/VerifyService.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 #include "service/http/FormFields.h"
 #include "service/protocol/VerifyReply.h"
@@ -56,14 +58,17 @@ std::string Describe(const RequestAddress& asked) {
   return text;
 }
 
-std::string Describe(const ReplyAddress& reply) {
-  const auto* fields = std::get_if<ReplyFields>(&reply.outcome);
-  if (fields == nullptr) {
-    return std::string(VerifyReply::NumberOf(std::get<Rejection>(reply.outcome)));
+std::string Describe(const AddressAnswer& answer) {
+  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
+    return std::string(VerifyReply::NumberOf(*rejection));
   }
+  if (const auto* fault = std::get_if<ServiceFault>(&answer)) {
+    return fault->kind;
+  }
+  const auto& fields = std::get<ReplyFields>(answer);
   std::string text;
   for (const std::string* field :
-       {&fields->address1, &fields->address2, &fields->city, &fields->state, &fields->zip5}) {
+       {&fields.address1, &fields.address2, &fields.city, &fields.state, &fields.zip5}) {
     AppendField(text, *field);
   }
   return text;
@@ -71,15 +76,28 @@ std::string Describe(const ReplyAddress& reply) {
 
 }  // namespace
 
-VerifyService::VerifyService(const ZipBase& base, Options options)
-    : verifier_(base), options_(std::move(options)) {}
+struct VerifyService::Document {
+  Document(VerifyRequest asked, Respond whenDone)
+      : request(std::move(asked)),
+        answers(request.addresses.size()),
+        left(answers.size()),
+        respond(std::move(whenDone)) {}
 
-HttpReply VerifyService::Answer(const HttpRequest& request) const {
+  const VerifyRequest request;
+  std::vector<AddressAnswer> answers;  // each written by one thread
+  std::atomic<size_t> left;
+  const Respond respond;
+};
+
+VerifyService::VerifyService(AnswerSource& source, Options options)
+    : source_(source), options_(std::move(options)) {}
+
+void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
   if (request.path != options_.pathPrefix + std::string(kPath)) {
-    return {404, "text/plain; charset=UTF-8",
-            "Nothing is here. Ask for " + options_.pathPrefix + std::string(kPath) +
-                "?API=Verify&XML=...\n",
-            "path=other"};
+    return respond({404, "text/plain; charset=UTF-8",
+                    "Nothing is here. Ask for " + options_.pathPrefix + std::string(kPath) +
+                        "?API=Verify&XML=...\n",
+                    "path=other"});
   }
   const FormFields query(request.query);
   const FormFields body(request.body);
@@ -89,36 +107,80 @@ HttpReply VerifyService::Answer(const HttpRequest& request) const {
   };
   const std::string api = PrintableApi(field("API").value_or(""));
   if (!EqualsIgnoringCase(api, "Verify")) {
-    return XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other");
+    return respond(XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other"));
   }
-  return AnswerVerify(IsDocument(request.body) ? request.body : field("XML").value_or(""));
+  const bool bodyIsDocument = IsDocument(request.body);
+  AnswerVerify(bodyIsDocument ? request.body : field("XML").value_or(""), request.client, respond);
 }
 
-HttpReply VerifyService::AnswerVerify(std::string_view document) const {
-  const auto read = VerifyRequest::Read(document);
+void VerifyService::AnswerVerify(std::string_view text, const std::string& client,
+                                 const Respond& respond) {
+  auto read = VerifyRequest::Read(text);
   if (const auto* fault = std::get_if<RequestFault>(&read)) {
-    return XmlReply(VerifyReply::ComposeFault(*fault),
-                    "api=Verify fault=" + std::string(FaultName(*fault)));
+    ++counts_.unreadable;
+    return respond(XmlReply(VerifyReply::ComposeFault(*fault),
+                            "api=Verify fault=" + std::string(FaultName(*fault))));
   }
-  const auto& request = std::get<VerifyRequest>(read);
-  std::vector<ReplyAddress> replies;
-  std::transform(request.addresses.begin(), request.addresses.end(), std::back_inserter(replies),
-                 [&](const RequestAddress& asked) { return verifier_.Verify(asked); });
-  return XmlReply(VerifyReply::Compose(replies, request.revision1), Note(request, replies));
+  ++counts_.documents;
+  const auto document =
+      std::make_shared<Document>(std::move(std::get<VerifyRequest>(read)), respond);
+  const std::vector<RequestAddress>& asked = document->request.addresses;
+  if (asked.empty()) {
+    return Finish(*document);
+  }
+  // Behind a proxy every client has the proxy's address; the user's name tells them apart there.
+  const std::string asker = document->request.userId + ' ' + client;
+  for (size_t i = 0; i < asked.size(); ++i) {
+    source_.Find(asked[i], asker, [this, document, i](AddressAnswer answer) {
+      document->answers[i] = std::move(answer);
+      if (--document->left == 0) {
+        Finish(*document);
+      }
+    });
+  }
 }
 
-std::string VerifyService::Note(const VerifyRequest& request,
-                                const std::vector<ReplyAddress>& replies) const {
-  const auto rejected = std::count_if(
-      replies.begin(), replies.end(),
-      [](const ReplyAddress& reply) { return std::holds_alternative<Rejection>(reply.outcome); });
-  std::string note = "api=Verify addresses=" + std::to_string(replies.size()) +
-                     " rejected=" + std::to_string(rejected);
-  for (size_t i = 0; options_.logAddresses && i < replies.size(); ++i) {
-    note += " asked=\"" + Describe(request.addresses[i]) + "\" answered=\"" + Describe(replies[i]) +
-            '"';
+// An address that could not be asked for makes an error of the document, which the client sends
+// again; what the others were answered is not lost, if the source keeps answers.
+void VerifyService::Finish(const Document& document) {
+  const ServiceFault* fault = nullptr;
+  std::vector<ReplyAddress> replies;
+  for (size_t i = 0; i < document.answers.size(); ++i) {
+    const std::optional<std::string>& id = document.request.addresses[i].id;
+    if (const auto* fields = std::get_if<ReplyFields>(&document.answers[i])) {
+      ++counts_.found;
+      replies.push_back({id, *fields});
+    } else if (const auto* rejection = std::get_if<Rejection>(&document.answers[i])) {
+      ++counts_.rejected;
+      replies.push_back({id, *rejection});
+    } else {
+      ++counts_.unanswered;
+      fault = &std::get<ServiceFault>(document.answers[i]);
+    }
   }
-  return note;
+  document.respond(XmlReply(fault != nullptr
+                                ? VerifyReply::ComposeFault(*fault)
+                                : VerifyReply::Compose(replies, document.request.revision1),
+                            Note(document)));
+}
+
+std::string VerifyService::Note(const Document& document) const {
+  size_t rejected = 0;
+  std::string fault;
+  std::string addresses;
+  for (size_t i = 0; i < document.answers.size(); ++i) {
+    const auto& answer = document.answers[i];
+    rejected += std::holds_alternative<Rejection>(answer) ? 1 : 0;
+    if (const auto* failed = std::get_if<ServiceFault>(&answer)) {
+      fault = " fault=" + failed->kind;
+    }
+    if (options_.logAddresses) {
+      addresses += " asked=\"" + Describe(document.request.addresses[i]) + "\" answered=\"" +
+                   Describe(answer) + '"';
+    }
+  }
+  return "api=Verify addresses=" + std::to_string(document.answers.size()) +
+         " rejected=" + std::to_string(rejected) + fault + addresses;
 }
 
 }  // namespace postwright::service

@@ -1,23 +1,33 @@
 #ifndef POSTWRIGHT_SERVICE_VERIFYSERVICE_H_
 #define POSTWRIGHT_SERVICE_VERIFYSERVICE_H_
 
+#include <atomic>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "service/Verifier.h"
-#include "service/address/ZipBase.h"
-#include "service/http/HttpServer.h"
+#include "service/AnswerSource.h"
+#include "service/http/HttpMessage.h"
 
 namespace postwright::service {
 
+// What became of the documents and addresses since the start.
+struct TrafficCounts {
+  std::atomic<uint64_t> documents = 0;  // that could be read
+  std::atomic<uint64_t> unreadable = 0;
+  std::atomic<uint64_t> found = 0;  // addresses, as the two below
+  std::atomic<uint64_t> rejected = 0;
+  std::atomic<uint64_t> unanswered = 0;
+};
+
 // The Verify interface as an HTTP handler: GET or POST /ShippingAPI.dll?API=Verify&XML=…
 //
-//   VerifyService service(base, {});
-//   HttpServer server(address, {}, [&](const HttpRequest& request) { return
-//   service.Answer(request); });
+//   Verifier source(base);
+//   VerifyService service(source, {});
+//   HttpServer server(address, {}, std::bind_front(&VerifyService::Answer, &service), log);
 //
 // Every answer to the interface's own path is HTTP 200, errors too: clients of the interface look
-// at the document. Borrows the base. Any thread may call Answer.
+// at the document. Borrows the source. Any thread may call Answer.
 class VerifyService {
  public:
   struct Options {
@@ -25,16 +35,24 @@ class VerifyService {
     bool logAddresses = false;  // the note of an answer tells the address, not only its outcome
   };
 
-  VerifyService(const ZipBase& base, Options options);
+  VerifyService(AnswerSource& source, Options options);
 
-  HttpReply Answer(const HttpRequest& request) const;
+  // Answers when the source has answered every address of the document, at once or later; never
+  // waits. The service must live until then.
+  void Answer(const HttpRequest& request, const Respond& respond);
+
+  const TrafficCounts& Counts() const { return counts_; }
 
  private:
-  HttpReply AnswerVerify(std::string_view document) const;
-  std::string Note(const VerifyRequest& request, const std::vector<ReplyAddress>& replies) const;
+  struct Document;  // a request and its answers so far
 
-  Verifier verifier_;
+  void AnswerVerify(std::string_view text, const std::string& client, const Respond& respond);
+  void Finish(const Document& document);
+  std::string Note(const Document& document) const;
+
+  AnswerSource& source_;
   Options options_;
+  TrafficCounts counts_;
 };
 
 }  // namespace postwright::service

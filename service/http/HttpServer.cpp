@@ -8,21 +8,16 @@
 #include <atomic>
 #include <charconv>
 #include <thread>
+#include <unordered_set>
 
 #include "service/http/ConnectionWatch.h"
+#include "service/http/Exchange.h"
 
 namespace postwright::service {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// A request from its first line to its answer.
-struct Exchange {
-  HttpRequest request;
-  Clock::time_point begun = Clock::now();
-  bool headersSeen = false;
-  bool tooLarge = false;
-};
+using ExchangePointer = std::shared_ptr<Exchange>;
 
 constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
@@ -48,6 +43,14 @@ size_t AnnouncedLength(MHD_Connection* connection) {
   return length;
 }
 
+// Says whether a proxy asks for a client of its own (RFC 7239, and what was usual before it).
+bool IsForwarded(MHD_Connection* connection) {
+  const auto has = [connection](const char* header) {
+    return MHD_lookup_connection_value(connection, MHD_HEADER_KIND, header) != nullptr;
+  };
+  return has("Forwarded") || has("X-Forwarded-For");
+}
+
 int SocketOf(MHD_Connection* connection) {
   return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
 }
@@ -68,7 +71,10 @@ class HttpServer::Impl {
     Start(socket);
   }
 
-  ~Impl() { MHD_stop_daemon(daemon_); }
+  ~Impl() {
+    AbandonWaiting();
+    MHD_stop_daemon(daemon_);
+  }
 
   const std::string& Address() const { return address_; }
 
@@ -107,9 +113,9 @@ class HttpServer::Impl {
                                  ? limits_.threads
                                  : std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
     daemon_ = MHD_start_daemon(
-        MHD_USE_EPOLL_INTERNAL_THREAD | MHD_USE_ITC, 0, nullptr, nullptr, &Impl::OnRequest, this,
-        MHD_OPTION_LISTEN_SOCKET, socket, MHD_OPTION_THREAD_POOL_SIZE, threads,
-        MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_CONNECTION_LIMIT, limits_.connections,
+        MHD_USE_EPOLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr,
+        &Impl::OnRequest, this, MHD_OPTION_LISTEN_SOCKET, socket, MHD_OPTION_THREAD_POOL_SIZE,
+        threads, MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_CONNECTION_LIMIT, limits_.connections,
         MHD_OPTION_PER_IP_CONNECTION_LIMIT, limits_.connectionsPerAddress,
         MHD_OPTION_CONNECTION_MEMORY_LIMIT, limits_.bytesPerConnection,
         MHD_OPTION_CONNECTION_TIMEOUT, static_cast<unsigned>(limits_.idle.count()),
@@ -125,51 +131,111 @@ class HttpServer::Impl {
   // The request line has arrived. The server's own splitting of the query is not used: it ends a
   // value at a zero byte.
   static void* OnUri(void*, const char* uri, MHD_Connection*) {
-    auto* const exchange = new (std::nothrow) Exchange;
-    if (exchange != nullptr) {
+    try {
       const std::string_view whole(uri);
       const size_t mark = std::min(whole.find('?'), whole.size());
+      auto exchange = std::make_shared<Exchange>();
       exchange->request.path = whole.substr(0, mark);
       exchange->request.query = whole.substr(std::min(mark + 1, whole.size()));
+      return new ExchangePointer(std::move(exchange));
+    } catch (const std::bad_alloc&) {
+      return nullptr;  // OnRequest gives this connection up, the others go on
     }
-    return exchange;
   }
 
-  // Called once when the headers are there, again for each piece of the body, and once more behind
-  // it: then the answer is due.
+  // Called once when the headers are there, again for each piece of the body, once more behind it,
+  // and again when a connection wakes: then the answer is due.
   static MHD_Result OnRequest(void* self, MHD_Connection* connection, const char*,
                               const char* method, const char*, const char* data, size_t* size,
                               void** state) {
-    auto* const exchange = static_cast<Exchange*>(*state);
+    auto* const exchange = static_cast<ExchangePointer*>(*state);
     if (exchange == nullptr) {
-      return MHD_NO;  // out of memory: this connection is given up, the others go on
+      return MHD_NO;
     }
     return static_cast<Impl*>(self)->Receive(connection, method, data, size, *exchange);
   }
 
   MHD_Result Receive(MHD_Connection* connection, const char* method, const char* data, size_t* size,
-                     Exchange& exchange) {
-    if (!exchange.headersSeen) {
-      exchange.headersSeen = true;
-      exchange.request.method = method;
-      exchange.tooLarge = AnnouncedLength(connection) > limits_.bodyBytes;
-      return exchange.tooLarge ? Respond(connection, exchange) : MHD_YES;
+                     const ExchangePointer& exchange) {
+    HttpRequest& request = exchange->request;
+    if (!exchange->hasHeaders) {
+      exchange->hasHeaders = true;
+      request.method = method;
+      request.client = ClientOf(connection);
+      request.isForwarded = IsForwarded(connection);
+      exchange->isTooLarge = AnnouncedLength(connection) > limits_.bodyBytes;
+      return exchange->isTooLarge ? Proceed(connection, exchange) : MHD_YES;
     }
     if (*size == 0) {
-      return Respond(connection, exchange);
+      return Proceed(connection, exchange);
     }
-    exchange.tooLarge =
-        exchange.tooLarge || exchange.request.body.size() + *size > limits_.bodyBytes;
-    if (!exchange.tooLarge) {
-      exchange.request.body.append(data, *size);
+    exchange->isTooLarge = exchange->isTooLarge || request.body.size() + *size > limits_.bodyBytes;
+    if (!exchange->isTooLarge) {
+      request.body.append(data, *size);
     }
     *size = 0;
     return MHD_YES;
   }
 
-  MHD_Result Respond(MHD_Connection* connection, const Exchange& exchange) {
-    watch_.RequestRead(SocketOf(connection));
-    const HttpReply reply = Compute(exchange);
+  // The request is whole: hands it out, and sends the answer if there is one by now.
+  MHD_Result Proceed(MHD_Connection* connection, const ExchangePointer& exchange) {
+    if (!exchange->isHandedOut) {
+      exchange->isHandedOut = true;
+      watch_.RequestRead(SocketOf(connection));
+      HandOut(exchange);
+    }
+    std::optional<HttpReply> reply = exchange->TakeReply();
+    if (!reply && Wait(connection, exchange)) {
+      return MHD_YES;
+    }
+    reply = reply ? std::move(reply) : exchange->TakeReply();
+    return reply ? Send(connection, *exchange, *reply) : MHD_NO;
+  }
+
+  void HandOut(const ExchangePointer& exchange) const {
+    const Respond respond = Exchange::Responder(exchange);
+    if (exchange->isTooLarge) {
+      respond(TextReply(kContentTooLarge, "The body of a request may have up to " +
+                                              std::to_string(limits_.bodyBytes) + " bytes.\n"));
+    } else if (KnownMethod(exchange->request.method) == "other") {
+      respond(TextReply(kMethodNotAllowed, "Ask with GET or POST.\n"));
+    } else {
+      Handle(exchange->request, respond);
+    }
+  }
+
+  void Handle(const HttpRequest& request, const Respond& respond) const {
+    try {
+      handler_(request, respond);
+    } catch (const std::exception& failure) {
+      // The client keeps its text and sees that the service failed, not that the address is wrong.
+      HttpReply reply = TextReply(kInternalError, "The service could not answer. Try again.\n");
+      reply.note = std::string("failure=\"") + failure.what() + '"';
+      respond(std::move(reply));
+    }
+  }
+
+  // Lets the connection sleep until it is answered. Returns false where it need not, or may not
+  // since the server ends.
+  bool Wait(MHD_Connection* connection, const ExchangePointer& exchange) {
+    const std::lock_guard lock(waitingMutex_);
+    if (isEnding_ || !exchange->Suspend(connection)) {
+      return false;
+    }
+    waiting_.insert(exchange);
+    return true;
+  }
+
+  // A server with suspended connections cannot be stopped.
+  void AbandonWaiting() {
+    const std::lock_guard lock(waitingMutex_);
+    isEnding_ = true;
+    for (const ExchangePointer& exchange : waiting_) {
+      exchange->Abandon();
+    }
+  }
+
+  MHD_Result Send(MHD_Connection* connection, const Exchange& exchange, const HttpReply& reply) {
     MHD_Response* response = MHD_create_response_from_buffer(
         reply.body.size(), const_cast<char*>(reply.body.data()), MHD_RESPMEM_MUST_COPY);
     if (response == nullptr) {
@@ -185,32 +251,14 @@ class HttpServer::Impl {
     const MHD_Result queued =
         MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);
     MHD_destroy_response(response);
-    Log(connection, exchange, reply);
+    Log(exchange, reply);
     return queued;
   }
 
-  HttpReply Compute(const Exchange& exchange) const {
-    if (exchange.tooLarge) {
-      return TextReply(kContentTooLarge, "The body of a request may have up to " +
-                                             std::to_string(limits_.bodyBytes) + " bytes.\n");
-    }
-    if (KnownMethod(exchange.request.method) == "other") {
-      return TextReply(kMethodNotAllowed, "Ask with GET or POST.\n");
-    }
-    try {
-      return handler_(exchange.request);
-    } catch (const std::exception& failure) {
-      // The client keeps its text and sees that the service failed, not that the address is wrong.
-      HttpReply reply = TextReply(kInternalError, "The service could not answer. Try again.\n");
-      reply.note = std::string("failure=\"") + failure.what() + '"';
-      return reply;
-    }
-  }
-
-  void Log(MHD_Connection* connection, const Exchange& exchange, const HttpReply& reply) const {
+  void Log(const Exchange& exchange, const HttpReply& reply) const {
     const auto taken =
         std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.begun);
-    log_.Write(ClientOf(connection) + ' ' + KnownMethod(exchange.request.method) + ' ' +
+    log_.Write(exchange.request.client + ' ' + KnownMethod(exchange.request.method) + ' ' +
                std::to_string(reply.status) + ' ' + std::to_string(reply.body.size()) + " bytes " +
                std::to_string(taken.count()) + " us" +
                (reply.note.empty() ? "" : " " + reply.note));
@@ -218,9 +266,14 @@ class HttpServer::Impl {
 
   static void OnCompleted(void* self, MHD_Connection* connection, void** state,
                           MHD_RequestTerminationCode) {
-    delete static_cast<Exchange*>(*state);
+    auto* const impl = static_cast<Impl*>(self);
+    if (const std::unique_ptr<ExchangePointer> exchange(static_cast<ExchangePointer*>(*state));
+        exchange != nullptr) {
+      const std::lock_guard lock(impl->waitingMutex_);
+      impl->waiting_.erase(*exchange);
+    }
     *state = nullptr;
-    static_cast<Impl*>(self)->watch_.Answered(SocketOf(connection));
+    impl->watch_.Answered(SocketOf(connection));
   }
 
   static void OnConnection(void* self, MHD_Connection* connection, void**,
@@ -240,6 +293,9 @@ class HttpServer::Impl {
   std::string address_;
   MHD_Daemon* daemon_ = nullptr;
   std::atomic<bool> draining_ = false;
+  std::mutex waitingMutex_;
+  std::unordered_set<ExchangePointer> waiting_;  // suspended, or just woken
+  bool isEnding_ = false;
 };
 
 HttpServer::HttpServer(const ListenAddress& address, const Limits& limits, Handler handler,

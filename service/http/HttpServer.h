@@ -6,34 +6,23 @@
 #include <memory>
 #include <string>
 
+#include "service/http/HttpMessage.h"
 #include "service/http/ListenAddress.h"
 #include "service/http/RequestLog.h"
 
 namespace postwright::service {
 
-struct HttpRequest {
-  std::string method;  // GET, HEAD or POST
-  std::string path;    // as it was sent, without the query
-  std::string query;   // as it was sent, without the question mark
-  std::string body;
-};
-
-struct HttpReply {
-  int status = 200;
-  std::string contentType;
-  std::string body;
-  std::string note;  // what the log's line says of it
-};
-
-// An HTTP/1.1 server on one address, whose threads are its own: one epoll loop a thread, answers
-// computed in place.
+// An HTTP/1.1 server on one address, whose threads are its own: one epoll loop a thread. A handler
+// that answers at once is computed in place; one that waits for something lets its thread go and
+// answers later, from wherever it likes.
 //
 //   HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {}, handler, log);
 //   …
 //   server.Drain(std::chrono::seconds(5));
 //
 // Construction opens the socket, throws ListenError where that fails, and serves at once. The
-// destructor breaks off what is under way. One line a request goes to the log, which is borrowed.
+// destructor breaks off what is under way; answers that come later go nowhere. One line a request
+// goes to the log, which is borrowed.
 class HttpServer {
  public:
   struct Limits {
@@ -46,8 +35,9 @@ class HttpServer {
     std::chrono::milliseconds request{60 * 1000};  // for one request, however it trickles in
   };
 
-  // Called from several threads at once. What it throws becomes a reply with status 500.
-  using Handler = std::function<HttpReply(const HttpRequest&)>;
+  // Called from several threads at once, which serve other connections too: it must not wait. The
+  // request is valid as long as the call. What it throws becomes a reply with status 500.
+  using Handler = std::function<void(const HttpRequest&, const Respond&)>;
 
   HttpServer(const ListenAddress& address, const Limits& limits, Handler handler, RequestLog& log);
   ~HttpServer();

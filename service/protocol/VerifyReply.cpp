@@ -169,6 +169,10 @@ std::string VerifyReply::ComposeFault(RequestFault fault) {
                    "XML Syntax Error: Please check the XML request to see if it can be parsed.(B)");
 }
 
+std::string VerifyReply::ComposeFault(const ServiceFault& fault) {
+  return RootError(fault.number, fault.description);
+}
+
 std::string VerifyReply::ComposeUnknownApi(std::string_view api) {
   return RootError("80040B1A", "API Authorization failure. " + std::string(api) +
                                    " is not a valid API name for this protocol.");

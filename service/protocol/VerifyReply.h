@@ -51,6 +51,13 @@ struct ReplyAddress {
   std::variant<ReplyFields, Rejection> outcome;
 };
 
+// Why nothing can be said of an address now, as the root `Error` tells the client.
+struct ServiceFault {
+  std::string number;       // "80040B1A"
+  std::string description;  // what happened and, where it is known, when to ask again
+  std::string kind;         // one word for the log, "budget"
+};
+
 // The reply documents of the Verify interface, as the postal service wrote them: the declaration,
 // a line feed, and everything else in one line.
 namespace VerifyReply {
@@ -62,6 +69,9 @@ std::string Compose(const std::vector<ReplyAddress>& addresses, bool revision1);
 
 // Returns the root `Error` for a document that cannot be answered as a whole.
 std::string ComposeFault(RequestFault fault);
+
+// Returns the root `Error` for a document of which an address cannot be answered now.
+std::string ComposeFault(const ServiceFault& fault);
 
 // Returns the root `Error` for an API other than Verify.
 std::string ComposeUnknownApi(std::string_view api);

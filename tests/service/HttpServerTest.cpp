@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <map>
 #include <thread>
 
 #include "tests/service/Socket.h"
@@ -21,7 +22,8 @@ class HttpServerTest : public testing::Test {
   void Start(const HttpServer::Limits& limits) {
     server_.emplace(
         ListenAddress::Parse("127.0.0.1:0"), limits,
-        [this](const HttpRequest& request) { return handler_(request); }, log_);
+        [this](const HttpRequest& request, const Respond& respond) { respond(handler_(request)); },
+        log_);
   }
 
   std::string Ask(const std::string& request) {
@@ -116,6 +118,49 @@ TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
   EXPECT_EQ(slow.ReceiveAll(), "");  // and not, in the end, that the headers are too long
   ended = true;
   trickle.join();
+}
+
+// One thread serves all: it goes on with others while an answer is waited for, an answer may come
+// when the server is gone, and one that never comes is a failure.
+TEST_F(HttpServerTest, OthersGoOnWhileAnAnswerIsWaitedFor) {
+  HttpServer::Limits limits;
+  limits.threads = 1;
+  std::mutex mutex;
+  std::map<std::string, Respond> waiting;
+  server_.emplace(
+      ListenAddress::Parse("127.0.0.1:0"), limits,
+      [&](const HttpRequest& request, const Respond& respond) {
+        if (request.query.starts_with("later")) {
+          const std::lock_guard lock(mutex);
+          waiting[request.query] = respond;
+        } else if (request.query != "never") {
+          respond({200, "text/plain", request.query, ""});
+        }
+      },
+      log_);
+  const auto get = [](const std::string& query) {
+    return "GET /?" + query + " HTTP/1.1\r\nHost: a\r\n\r\n";
+  };
+  Socket slow(server_->Address());
+  Socket abandoned(server_->Address());
+  slow.Send(get("later"));
+  abandoned.Send(get("later-than-that"));
+  for (size_t count = 0; count < 2;) {
+    EXPECT_TRUE(Ask(get("now")).ends_with("now"));
+    const std::lock_guard lock(mutex);
+    count = waiting.size();
+  }
+  EXPECT_TRUE(Ask(get("never")).starts_with("HTTP/1.1 500"));
+  std::thread([respond = waiting["later"]] {
+    respond({200, "text/plain", "at last", ""});
+    respond({200, "text/plain", "again", ""});
+  }).join();
+  EXPECT_TRUE(slow.ReceiveResponse().ends_with("at last"));
+  slow.Send(get("now"));
+  EXPECT_TRUE(slow.ReceiveResponse().ends_with("now"));
+  server_.reset();
+  EXPECT_EQ(abandoned.ReceiveAll(), "");
+  waiting["later-than-that"]({200, "text/plain", "too late", ""});
 }
 
 // The end waits for half-sent requests, first ones and later ones, and for nothing else: neither

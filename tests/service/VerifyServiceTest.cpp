@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "service/Verifier.h"
+
 namespace postwright::service {
 namespace {
 
@@ -26,8 +28,16 @@ const ZipBase& Base() {
   return *base;
 }
 
+HttpReply AnswerAt(const HttpRequest& request, const std::string& pathPrefix) {
+  Verifier verifier(Base());
+  VerifyService service(verifier, {pathPrefix, false});
+  HttpReply answer;
+  service.Answer(request, [&](HttpReply reply) { answer = std::move(reply); });
+  return answer;
+}
+
 std::string Answer(const HttpRequest& request) {
-  const HttpReply reply = VerifyService(Base(), {}).Answer(request);
+  const HttpReply reply = AnswerAt(request, "");
   EXPECT_EQ(reply.status, 200);
   EXPECT_EQ(reply.contentType, "text/xml; charset=UTF-8");
   EXPECT_TRUE(reply.body.starts_with(kDeclaration)) << reply.body;
@@ -220,10 +230,9 @@ TEST(VerifyServiceTest, ReadsQueriesAndForms) {
 }
 
 TEST(VerifyServiceTest, AnswersItsOwnPathAlone) {
-  EXPECT_EQ(VerifyService(Base(), {}).Answer({"GET", "/", "API=Verify", ""}).status, 404);
-  const VerifyService prefixed(Base(), {"/usps", false});
-  EXPECT_EQ(prefixed.Answer({"GET", "/usps/ShippingAPI.dll", "", ""}).status, 200);
-  EXPECT_EQ(prefixed.Answer({"GET", kPath, "", ""}).status, 404);
+  EXPECT_EQ(AnswerAt({"GET", "/", "API=Verify", ""}, "").status, 404);
+  EXPECT_EQ(AnswerAt({"GET", "/usps/ShippingAPI.dll", "", ""}, "/usps").status, 200);
+  EXPECT_EQ(AnswerAt({"GET", kPath, "", ""}, "/usps").status, 404);
 }
 
 // Every beginning of a request is answered, by a document or an error, and by nothing else.

@@ -1,0 +1,34 @@
+#ifndef POSTWRIGHT_SERVICE_ANSWERSOURCE_H_
+#define POSTWRIGHT_SERVICE_ANSWERSOURCE_H_
+
+#include <functional>
+#include <string>
+#include <variant>
+
+#include "service/protocol/VerifyReply.h"
+#include "service/protocol/VerifyRequest.h"
+
+namespace postwright::service {
+
+// What is said of one address: its standard form, why it is turned down, or why nothing can be said
+// of it now. The last makes the whole document an error: what stands beside an address would tell
+// the client that the address is wrong.
+using AddressAnswer = std::variant<ReplyFields, Rejection, ServiceFault>;
+
+// Where answers come from: the local base (Verifier), or somebody who is asked (Gateway).
+class AnswerSource {
+ public:
+  // Takes the answer, in the thread of the call or another.
+  using Done = std::function<void(AddressAnswer)>;
+
+  virtual ~AnswerSource() = default;
+
+  // Answers `asked`, which is valid as long as the call, by one call of `done`, within this call or
+  // later. Never waits. `asker` tells whom the address is asked for, to serve all alike; any text.
+  // Any thread.
+  virtual void Find(const RequestAddress& asked, const std::string& asker, Done done) = 0;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_ANSWERSOURCE_H_

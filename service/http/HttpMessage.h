@@ -1,0 +1,32 @@
+#ifndef POSTWRIGHT_SERVICE_HTTP_HTTPMESSAGE_H_
+#define POSTWRIGHT_SERVICE_HTTP_HTTPMESSAGE_H_
+
+#include <functional>
+#include <string>
+
+namespace postwright::service {
+
+struct HttpRequest {
+  std::string method;  // GET, HEAD or POST
+  std::string path;    // as it was sent, without the query
+  std::string query;   // as it was sent, without the question mark
+  std::string body;
+  std::string client = {};   // the peer's address without its port, "127.0.0.1"
+  bool isForwarded = false;  // a proxy says that it asks for somebody else
+};
+
+struct HttpReply {
+  int status = 200;
+  std::string contentType;
+  std::string body;
+  std::string note;  // what the log's line says of it
+};
+
+// Gives the answer to one request, from any thread and at any time, also when the server is no
+// more. Of several answers the first counts. When the last copy is gone and none was given, the
+// client is told that the service failed.
+using Respond = std::function<void(HttpReply)>;
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_HTTP_HTTPMESSAGE_H_
