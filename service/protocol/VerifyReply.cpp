@@ -1,5 +1,7 @@
 #include "service/protocol/VerifyReply.h"
 
+#include "service/text/Xml.h"
+
 namespace postwright::service {
 namespace {
 
@@ -30,56 +32,18 @@ const RejectionRow& RowOf(Rejection rejection) {
   return kRejections[0];
 }
 
-std::string Escape(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      case '\t':
-      case '\n':
-      case '\r':
-        escaped += ' ';
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
-// Writes `<name>text</name>`, and `<name/>` for the empty text.
-void Always(std::string& xml, std::string_view name, std::string_view text) {
-  xml.append("<").append(name);
-  if (text.empty()) {
-    xml += "/>";
-  } else {
-    xml.append(">").append(Escape(text)).append("</").append(name).append(">");
-  }
-}
-
 void IfKnown(std::string& xml, std::string_view name, std::string_view text) {
   if (!text.empty()) {
-    Always(xml, name, text);
+    AppendElement(xml, name, text);
   }
 }
 
 void WriteRejection(std::string& xml, Rejection rejection) {
   const RejectionRow& row = RowOf(rejection);
   xml += "<Error>";
-  Always(xml, "Number", row.number);
-  Always(xml, "Source", "clsAMS");
-  Always(xml, "Description", row.description);
+  AppendElement(xml, "Number", row.number);
+  AppendElement(xml, "Source", "clsAMS");
+  AppendElement(xml, "Description", row.description);
   xml += "<HelpFile/><HelpContext/></Error>";
 }
 
@@ -100,18 +64,18 @@ void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
   const bool shortCity = !revision1 && !fields.cityAbbreviation.empty();
   IfKnown(xml, "FirmName", fields.firmName);
   IfKnown(xml, "Address1", fields.address1);
-  Always(xml, "Address2", fields.address2);
+  AppendElement(xml, "Address2", fields.address2);
   if (revision1) {
     IfKnown(xml, "Address2Abbreviation", fields.address2Abbreviation);
   }
-  Always(xml, "City", shortCity ? fields.cityAbbreviation : fields.city);
+  AppendElement(xml, "City", shortCity ? fields.cityAbbreviation : fields.city);
   if (revision1) {
     IfKnown(xml, "CityAbbreviation", fields.cityAbbreviation);
   }
-  Always(xml, "State", fields.state);
+  AppendElement(xml, "State", fields.state);
   IfKnown(xml, "Urbanization", fields.urbanization);
-  Always(xml, "Zip5", fields.zip5);
-  Always(xml, "Zip4", fields.zip4);
+  AppendElement(xml, "Zip5", fields.zip5);
+  AppendElement(xml, "Zip4", fields.zip4);
   if (revision1) {
     IfKnown(xml, "DeliveryPoint", fields.deliveryPoint);
   }
@@ -125,9 +89,9 @@ void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
 std::string RootError(std::string_view number, std::string_view description) {
   std::string xml(kDeclaration);
   xml += "<Error>";
-  Always(xml, "Number", number);
-  Always(xml, "Description", description);
-  Always(xml, "Source", "USPSCOM::DoAuth");
+  AppendElement(xml, "Number", number);
+  AppendElement(xml, "Description", description);
+  AppendElement(xml, "Source", "USPSCOM::DoAuth");
   xml += "</Error>";
   return xml;
 }
@@ -140,7 +104,7 @@ std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, boo
   for (const ReplyAddress& address : addresses) {
     xml += "<Address";
     if (address.id) {
-      xml.append(" ID=\"").append(Escape(*address.id)).append("\"");
+      xml.append(" ID=\"").append(EscapeXml(*address.id)).append("\"");
     }
     xml += ">";
     if (const auto* fields = std::get_if<ReplyFields>(&address.outcome)) {
