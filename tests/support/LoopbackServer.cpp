@@ -21,6 +21,16 @@ bool SendAll(int connection, std::string_view bytes) {
   return true;
 }
 
+// Says whether a request's head is there, and the body that it announces.
+bool IsWhole(const std::string& request) {
+  const std::string length = "\r\nContent-Length: ";
+  const size_t end = request.find("\r\n\r\n");
+  const size_t at = request.find(length);
+  return end != std::string::npos &&
+         request.size() >=
+             end + 4 + (at < end ? std::stoul(request.substr(at + length.size())) : 0);
+}
+
 }  // namespace
 
 LoopbackServer::Answer LoopbackServer::Page(const std::string& body) {
@@ -80,7 +90,7 @@ void LoopbackServer::Serve(int connection) {
   ssize_t count;
   while ((count = recv(connection, buffer, sizeof buffer, 0)) > 0) {
     request.append(buffer, static_cast<std::size_t>(count));
-    if (!request.ends_with("\r\n\r\n")) {
+    if (!IsWhole(request)) {
       continue;
     }
     const Answer answer = script_(request);

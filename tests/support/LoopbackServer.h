@@ -22,7 +22,7 @@ class LoopbackServer {
     bool close = false;      // behind the bytes
     std::string again = {};  // sent behind them, again and again, for as long as the client reads
   };
-  // Called in the connection's thread with a whole request, head to blank line.
+  // Called in the connection's thread with a whole request, head and body.
   using Script = std::function<Answer(const std::string& request)>;
 
   // The answer of a well-behaved server.

@@ -1,0 +1,81 @@
+#ifndef POSTWRIGHT_SERVICE_UPSTREAM_HTTPCLIENT_H_
+#define POSTWRIGHT_SERVICE_UPSTREAM_HTTPCLIENT_H_
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "service/upstream/Upstream.h"
+
+namespace postwright::service {
+
+struct HttpCall {
+  std::string url;
+  std::vector<std::string> headers;  // "Accept: application/json"
+  std::string body = {};             // POST where there is one, else GET
+};
+
+struct HttpAnswer {
+  int status = 0;
+  std::string body;
+  std::optional<std::chrono::seconds> retryAfter;  // the header of that name, either form of it
+};
+
+// Asks an HTTP or HTTPS server. Certificates are checked; redirects are not followed, since a
+// call's headers are meant for one host; compressed answers are unpacked.
+//
+//   HttpClient client({});
+//   const auto answer = client.Send({"https://apis.usps.com/…", {"Authorization: Bearer …"}});
+//
+// Connections are kept between calls. Any number of threads at once.
+class HttpClient {
+ public:
+  struct Limits {
+    std::chrono::milliseconds connect = std::chrono::seconds(5);
+    std::chrono::milliseconds whole = std::chrono::seconds(15);  // from the call to the last byte
+    size_t bytes = 256 * 1024;                                   // of the body, unpacked
+  };
+
+  // No answer at all.
+  struct Failure {
+    FaultKind kind = FaultKind::Unreachable;  // or TimedOut, BadReply
+    bool isSent = false;                      // the server may have seen the call
+    std::string detail;                       // libcurl's words
+  };
+
+  explicit HttpClient(const Limits& limits);
+  ~HttpClient();
+  HttpClient(const HttpClient&) = delete;
+  HttpClient& operator=(const HttpClient&) = delete;
+
+  // Waits for the whole answer, whatever its status.
+  std::variant<HttpAnswer, Failure> Send(const HttpCall& call);
+
+  // Ends every call within a second, those to come as well.
+  void Stop() { isStopped_ = true; }
+
+ private:
+  class Handle;
+
+  std::unique_ptr<Handle> TakeHandle();
+  void PutBack(std::unique_ptr<Handle> handle);
+
+  const Limits limits_;
+  std::atomic<bool> isStopped_ = false;
+  std::mutex mutex_;
+  std::vector<std::unique_ptr<Handle>> idle_;
+};
+
+// Returns what an HTTP status other than 200 means by itself, with `answer`'s time to ask again.
+UpstreamFault FaultOfStatus(const HttpAnswer& answer);
+
+// Returns `text` as a part of a query (RFC 3986): everything but letters, digits and -._~ escaped.
+std::string EscapeQuery(std::string_view text);
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_UPSTREAM_HTTPCLIENT_H_

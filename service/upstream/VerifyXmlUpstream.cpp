@@ -1,0 +1,49 @@
+#include "service/upstream/VerifyXmlUpstream.h"
+
+#include "service/upstream/VerifyXml.h"
+
+namespace postwright::service {
+namespace {
+
+Credentials LoadCredentials(const std::string& file) {
+  Credentials credentials = Credentials::Load(file);
+  if (credentials.userId.empty()) {
+    throw CredentialsError(file + ": needs user_id");
+  }
+  return credentials;
+}
+
+}  // namespace
+
+VerifyXmlUpstream::VerifyXmlUpstream(const std::string& url, std::string credentials,
+                                     const HttpClient::Limits& limits)
+    : name_("verify-xml " + url),
+      verifyUrl_(url + "/ShippingAPI.dll?API=Verify&XML="),
+      credentialsFile_(std::move(credentials)),
+      client_(limits),
+      credentials_(LoadCredentials(credentialsFile_)) {}
+
+UpstreamOutcome VerifyXmlUpstream::Ask(const RequestAddress& normal) {
+  constexpr int kOk = 200;
+  const Credentials credentials = GetCredentials();
+  const std::string document = VerifyXml::Compose(normal, credentials.userId, credentials.password);
+  const auto answer = client_.Send({verifyUrl_ + EscapeQuery(document), {"Accept: text/xml"}});
+  if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
+    return {UpstreamFault{failure->kind, {}, failure->detail}, failure->isSent ? 1U : 0U};
+  }
+  const auto& reply = std::get<HttpAnswer>(answer);
+  return {reply.status == kOk ? VerifyXml::Read(reply.body) : FaultOfStatus(reply), 1};
+}
+
+void VerifyXmlUpstream::ReloadCredentials() {
+  Credentials credentials = LoadCredentials(credentialsFile_);
+  const std::lock_guard lock(mutex_);
+  credentials_ = std::move(credentials);
+}
+
+Credentials VerifyXmlUpstream::GetCredentials() const {
+  const std::lock_guard lock(mutex_);
+  return credentials_;
+}
+
+}  // namespace postwright::service

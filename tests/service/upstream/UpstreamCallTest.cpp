@@ -1,0 +1,297 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <thread>
+
+#include "service/Verifier.h"
+#include "service/VerifyService.h"
+#include "service/http/HttpServer.h"
+#include "service/upstream/PostalApiUpstream.h"
+#include "service/upstream/UpstreamUrl.h"
+#include "service/upstream/VerifyXmlUpstream.h"
+#include "tests/service/upstream/ManualClock.h"
+#include "tests/service/upstream/PostalStandIn.h"
+
+namespace postwright::service {
+namespace {
+
+using std::chrono::hours;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+
+std::string Write(const std::string& name, const std::string& content, mode_t mode = 0600) {
+  const std::string file = testing::TempDir() + "postwright-" + name + std::to_string(getpid());
+  unlink(file.c_str());
+  std::ofstream(file) << content;
+  chmod(file.c_str(), mode);
+  return file;
+}
+
+RequestAddress Main() {
+  RequestAddress normal;
+  normal.address2 = "12 MAIN ST";
+  normal.city = "SPRINGFIELD";
+  normal.state = "IL";
+  return normal;
+}
+
+// "found", the number of a rejection, or a fault's kind.
+std::string Show(const UpstreamOutcome& outcome) {
+  if (const auto* fault = std::get_if<UpstreamFault>(&outcome.answer)) {
+    return std::string(NameOf(fault->kind));
+  }
+  const auto* const rejection = std::get_if<Rejection>(&outcome.answer);
+  return rejection == nullptr ? "found" : std::string(VerifyReply::NumberOf(*rejection));
+}
+
+class PostalUpstreamTest : public testing::Test {
+ protected:
+  PostalUpstreamTest() {
+    limits_.whole = seconds(5);
+    api_.Say("12 MAIN ST", 200, PostalStandIn::Found("12 MAIN ST"));
+  }
+
+  PostalApiUpstream& Upstream() {
+    if (!upstream_) {
+      upstream_.emplace(api_.Url(), credentials_, base_, clock_, limits_);
+    }
+    return *upstream_;
+  }
+
+  UpstreamOutcome Ask(const RequestAddress& normal = Main()) { return Upstream().Ask(normal); }
+
+  std::string credentials_ = Write("good", "# comment\n\n client_id = id\r\nclient_secret=secret");
+  ZipBase base_;
+  ManualClock clock_;
+  HttpClient::Limits limits_;
+  PostalStandIn api_;
+  std::optional<PostalApiUpstream> upstream_;
+};
+
+TEST_F(PostalUpstreamTest, FetchesATokenAheadOfItsEnd) {
+  EXPECT_EQ(Show(Ask()), "found");
+  clock_.Move(hours(7));
+  EXPECT_EQ(Show(Ask()), "found");
+  EXPECT_EQ(api_.Tokens(), 1);
+  clock_.Move(seconds(13 * 60));  // in the last tenth of its eight hours
+  EXPECT_EQ(Show(Ask()), "found");
+  EXPECT_EQ(api_.Tokens(), 2);
+  EXPECT_EQ(api_.Addresses(), 3);
+  clock_.Move(hours(9));
+  EXPECT_EQ(Show(Ask()), "found");
+  EXPECT_EQ(api_.Tokens(), 3);
+}
+
+// While the old token is good, a token server that fails is asked once a minute and fails nobody.
+TEST_F(PostalUpstreamTest, GoesOnWithTheOldTokenWhereThereIsNoOther) {
+  Ask();
+  api_.SetTokenReply("");
+  clock_.Move(hours(7) + seconds(13 * 60));
+  for (const int tokens : {2, 2, 3}) {
+    EXPECT_EQ(Show(Ask()), "found");
+    EXPECT_EQ(api_.Tokens(), tokens);
+    clock_.Move(seconds(31));
+  }
+  clock_.Move(hours(1));
+  EXPECT_EQ(Show(Ask()), "server-error");
+}
+
+TEST_F(PostalUpstreamTest, ManyThreadsFetchOneToken) {
+  std::vector<std::thread> threads;
+  std::atomic<int> found = 0;
+  for (int i = 0; i < 8; ++i) {
+    threads.emplace_back([&, this] { found += Show(Ask()) == "found" ? 1 : 0; });
+    Upstream();
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_EQ(found, 8);
+  EXPECT_EQ(api_.Tokens(), 1);
+}
+
+TEST_F(PostalUpstreamTest, A401GetsOneNewTokenAndOneMoreTry) {
+  Ask();
+  api_.EndTokens();
+  const UpstreamOutcome outcome = Ask();
+  EXPECT_EQ(Show(outcome), "found");
+  EXPECT_EQ(outcome.calls, 2U);
+  EXPECT_EQ(api_.Tokens(), 2);
+  api_.Say("12 MAIN ST", 401, "");
+  const UpstreamOutcome refused = Ask();
+  EXPECT_EQ(Show(refused), "unauthorised");
+  EXPECT_EQ(refused.calls, 2U);
+  EXPECT_EQ(api_.Tokens(), 3);
+  EXPECT_EQ(api_.Addresses(), 5);
+}
+
+TEST_F(PostalUpstreamTest, ReadsTokensInEveryForm) {
+  const struct {
+    const char* reply;
+    const char* result;
+    seconds life;  // after which the next one is fetched
+  } rows[] = {
+      {R"({"access_token":"@","expires_in":100})", "found", seconds(90)},
+      {R"({"access_token":"@","expires_in":"100"})", "found", seconds(90)},
+      {R"({"access_token":"@"})", "found", seconds(3240)},
+      {R"({"access_token":"@\r\nX-Other: 1","expires_in":100})", "bad-reply", {}},
+      {R"({"access_token":""})", "bad-reply", {}},
+      {R"(<html>@</html>)", "bad-reply", {}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.reply);
+    upstream_.reset();
+    api_.SetTokenReply(row.reply);
+    EXPECT_EQ(Show(Ask()), row.result);
+    const int tokens = api_.Tokens();
+    if (row.life.count() > 0) {
+      clock_.Move(row.life - seconds(1));
+      Ask();
+      EXPECT_EQ(api_.Tokens(), tokens);
+      clock_.Move(seconds(1));
+      Ask();
+      EXPECT_EQ(api_.Tokens(), tokens + 1);
+    }
+  }
+}
+
+TEST_F(PostalUpstreamTest, TakesOtherCredentialsWhenTold) {
+  credentials_ = Write("changing", "client_id = id\nclient_secret = wrong");
+  const UpstreamOutcome outcome = Ask();
+  EXPECT_EQ(Show(outcome), "unauthorised");
+  EXPECT_EQ(outcome.calls, 0U);
+  EXPECT_EQ(api_.Addresses(), 0);
+  Write("changing", "client_id = id");
+  EXPECT_THROW(Upstream().ReloadCredentials(), CredentialsError);
+  Write("changing", "client_id = id\nclient_secret = secret");
+  Upstream().ReloadCredentials();
+  EXPECT_EQ(Show(Ask()), "found");
+}
+
+TEST_F(PostalUpstreamTest, TellsFailuresApart) {
+  Ask();
+  limits_.whole = milliseconds(300);
+  limits_.bytes = 1000;
+  upstream_.reset();
+  const std::string head = "HTTP/1.1 200 OK\r\nContent-Length: 5000\r\n\r\n{";
+  const struct {
+    const char* bytes;
+    std::string rest;
+    const char* result;
+  } rows[] = {
+      {"closed at once", "", "bad-reply"},
+      {"half an answer", head + std::string(100, ' '), "bad-reply"},
+      {"too long", head + std::string(4999, ' '), "bad-reply"},
+      {"no HTTP", "SSH-2.0-OpenSSH\r\n", "bad-reply"},
+      {"redirected", "HTTP/1.1 302 Found\r\nLocation: /\r\nContent-Length: 0\r\n\r\n", "bad-reply"},
+  };
+  for (const auto& row : rows) {
+    api_.Break(row.rest);
+    const UpstreamOutcome outcome = Ask();
+    EXPECT_EQ(Show(outcome), row.result) << row.bytes;
+    EXPECT_EQ(outcome.calls, 1U) << row.bytes;
+  }
+  api_.Hold();
+  EXPECT_EQ(Show(Ask()), "timed-out");
+  std::thread([this] { Upstream().Stop(); }).join();
+  EXPECT_NE(Show(Ask()), "found");
+  api_.Release();
+  PostalApiUpstream away("http://127.0.0.1:1", credentials_, base_, clock_, limits_);
+  EXPECT_EQ(Show(away.Ask(Main())), "unreachable");
+}
+
+TEST_F(PostalUpstreamTest, HearsWhenToAskAgain) {
+  const struct {
+    const char* header;
+    std::optional<seconds> pause;
+  } rows[] = {
+      {"Retry-After: 30\r\n", seconds(30)},
+      {"retry-after: 999999999\r\n", hours(24)},
+      {"Retry-After: soon\r\n", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const auto& row : rows) {
+    api_.Say("12 MAIN ST", 429, "", row.header);
+    const auto outcome = Ask();
+    EXPECT_EQ(Show(outcome), "quota");
+    EXPECT_EQ(std::get<UpstreamFault>(outcome.answer).retryAfter, row.pause) << row.header;
+  }
+}
+
+TEST(CredentialsTest, TakesPrivateFilesOfOneForm) {
+  const std::string good = "client_id = a\nclient_secret = b=c\nuser_id = d\npassword = e\n";
+  const Credentials read = Credentials::Load(Write("private", good, 0400));
+  EXPECT_EQ(read.clientId + read.clientSecret + read.userId + read.password, "ab=cde");
+  const struct {
+    std::string content;
+    mode_t mode;
+    const char* complaint;
+  } rows[] = {
+      {good, 0640, "let its owner alone read it (chmod 600)"},
+      {good, 0604, "let its owner alone read it (chmod 600)"},
+      {good, 0602, "let its owner alone read it (chmod 600)"},
+      {"client_id = a\nclient_secret\n", 0600, ": line 2: is not NAME = VALUE"},
+      {"client_secret = hunter2\x01\n", 0600, ": line 1: is not NAME = VALUE"},
+      {"clientid = hunter2\n", 0600, ": line 1: is not NAME = VALUE"},
+      {std::string(5000, '#'), 0600, "is longer than 4096 bytes"},
+  };
+  for (const auto& row : rows) {
+    const std::string file = Write("private", row.content, row.mode);
+    try {
+      Credentials::Load(file);
+      ADD_FAILURE() << row.complaint;
+    } catch (const CredentialsError& error) {
+      EXPECT_NE(std::string(error.what()).find(row.complaint), std::string::npos) << error.what();
+      EXPECT_EQ(std::string(error.what()).find("hunter2"), std::string::npos);
+    }
+  }
+  EXPECT_THROW(Credentials::Load(testing::TempDir()), CredentialsError);
+  EXPECT_THROW(Credentials::Load("/nonexistent"), CredentialsError);
+}
+
+TEST(UpstreamUrlTest, SendsNoSecretInTheClear) {
+  EXPECT_EQ(ReadUpstreamUrl("https://apis.usps.com/"), "https://apis.usps.com");
+  EXPECT_EQ(ReadUpstreamUrl("http://[::1]:80"), "http://[::1]:80");
+  for (const char* wrong : {"http://apis.usps.com", "apis.usps.com", "https://", "https://a@b",
+                            "https://a?b", "https://a b", "ftp://a", "http://127.0.0.1@b.c", ""}) {
+    EXPECT_THROW(ReadUpstreamUrl(wrong), std::invalid_argument) << wrong;
+  }
+  EXPECT_EQ(ReadPartnerUrl("verify.example.com:8443"), "https://verify.example.com:8443");
+  EXPECT_EQ(ReadPartnerUrl("localhost:8470"), "http://localhost:8470");
+  EXPECT_EQ(ReadPartnerUrl("http://intranet/usps"), "http://intranet/usps");
+  for (const char* wrong : {"", "a/b", "a@b", "ftp://a", "https://"}) {
+    EXPECT_THROW(ReadPartnerUrl(wrong), std::invalid_argument) << wrong;
+  }
+}
+
+// The partner is our own service.
+TEST(VerifyXmlUpstreamTest, AsksAPartner) {
+  ZipBase base;
+  base.Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
+  Verifier verifier(base);
+  VerifyService service(verifier, {"/usps", false});
+  RequestLog log(-1, "");
+  HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {},
+                    std::bind_front(&VerifyService::Answer, &service), log);
+  const std::string credentials = Write("partner", "user_id = \"<&\npassword = p");
+  VerifyXmlUpstream upstream(ReadPartnerUrl("http://" + server.Address() + "/usps"), credentials,
+                             {});
+  RequestAddress normal = Main();
+  normal.firmName = "SMITH & SONS <INC>";
+  normal.zip5 = "62701";
+  const UpstreamOutcome found = upstream.Ask(normal);
+  ASSERT_EQ(Show(found), "found");
+  EXPECT_EQ(std::get<ReplyFields>(found.answer),
+            std::get<ReplyFields>(verifier.Verify(normal).outcome));
+  normal.zip5 = "";
+  EXPECT_EQ(Show(upstream.Ask(normal)), "-2147219403");
+  VerifyXmlUpstream lost(ReadPartnerUrl("http://" + server.Address()), credentials, {});
+  EXPECT_EQ(Show(lost.Ask(normal)), "refused");
+  EXPECT_THROW(VerifyXmlUpstream("https://a", Write("partner", "password = p"), {}),
+               CredentialsError);
+}
+
+}  // namespace
+}  // namespace postwright::service
