@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <functional>
@@ -12,9 +13,12 @@
 #include <thread>
 
 #include "apps/CharacterLocale.h"
+#include "apps/verifyd/GatewayOptions.h"
+#include "apps/verifyd/GatewayParts.h"
 #include "service/Verifier.h"
 #include "service/VerifyService.h"
 #include "service/http/HttpServer.h"
+#include "service/status/StatusPages.h"
 
 namespace postwright::service {
 
@@ -23,28 +27,36 @@ namespace {
 constexpr int kFailure = 1;
 constexpr int kWrongUsage = 2;
 constexpr std::chrono::seconds kDrainLimit(10);
+constexpr std::chrono::seconds kDrainMargin(2);  // beyond what a request may wait for an upstream
 
 constexpr const char* kName = "postwright-verifyd";
 constexpr const char* kUsage =
     "postwright-verifyd [--listen ADDRESS:PORT] [--base FILE]... [--path-prefix PATH] "
-    "[--log-addresses]";
+    "[--log-addresses] [--open-status] [--upstream KIND [HOST] --credentials FILE ...]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
 writes a line a request to standard error. Says 'listening on ADDRESS:PORT' once it can be asked.
 SIGTERM or SIGINT ends it when the requests that have begun are answered; a second one, at once.
+SIGHUP reads the credentials again. /status and /metrics show what it has done and is doing.
 
 A base file has a line a ZIP code: ZIP, city and state, set apart by tabs.
 
-Exit status: 0 ended by a signal; 1 the address cannot be listened on or a base not be read;
-2 wrong usage.
+With --upstream it is a gateway: it asks another service, keeps the answers, and keeps within a
+budget of calls. A credentials file holds NAME = VALUE a line: client_id and client_secret for
+postal-v3, user_id and, where one is needed, password for verify-xml.
 
-Example: postwright-verifyd --listen 127.0.0.1:0
+Exit status: 0 ended by a signal; 1 the address cannot be listened on, or a base, the credentials or
+the cache not be used; 2 wrong usage.
+
+Examples: postwright-verifyd --listen 127.0.0.1:0
+          postwright-verifyd --upstream postal-v3 --credentials postal.credentials
 )";
 
 struct Options {
   std::string listen = "127.0.0.1:8470";
   std::vector<std::string> bases;
   VerifyService::Options service;
+  GatewayOptions gateway;
 };
 
 // The base that comes along, seen from where the program lies.
@@ -90,6 +102,7 @@ void AddOptions(CLI::App& app, Options& options) {
   app.add_flag("--log-addresses", options.service.logAddresses,
                "Write addresses into the log; no line tells one otherwise")
       ->disable_flag_override();
+  AddGatewayOptions(app, options.gateway);
   app.footer(kFooter);
 }
 
@@ -103,21 +116,24 @@ void OccupyStandardStreams() {
   }
 }
 
-// Blocks the signals that end the service, in this thread and in those that it starts: they wait
-// for WaitForSignal.
+// Blocks the signals that are meant for the service, in this thread and in those that it starts:
+// they wait for WaitForEnd.
 sigset_t BlockSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGTERM);
   sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGHUP);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   signal(SIGPIPE, SIG_IGN);  // a client or a log's reader that has gone away is no reason to end
   return signals;
 }
 
-void WaitForSignal(const sigset_t& signals) {
-  int number = 0;
-  sigwait(&signals, &number);
+// Waits for a signal that ends the service.
+void WaitForEnd(const sigset_t& signals, const std::function<void()>& onHangUp) {
+  for (int number = 0; sigwait(&signals, &number) != 0 || number == SIGHUP;) {
+    onHangUp();
+  }
 }
 
 void Serve(const Options& options) {
@@ -127,17 +143,28 @@ void Serve(const Options& options) {
     base.Load(file);
   }
   RequestLog log(STDERR_FILENO, std::string(kName) + ": ");
+  const Clock clock;
   Verifier verifier(base);
-  VerifyService service(verifier, options.service);
-  HttpServer server(ListenAddress::Parse(options.listen), {},
-                    std::bind_front(&VerifyService::Answer, &service), log);
+  GatewayParts parts(options.gateway, base, verifier, clock, log);
+  VerifyService service(parts.Source(), options.service);
+  const StatusPages pages(
+      {service.Counts(), parts.GetGateway(), parts.GetCache(), parts.GetFallback()}, clock,
+      POSTWRIGHT_VERSION, options.gateway.openStatus);
+  const auto answer = [&](const HttpRequest& request, const Respond& respond) {
+    if (std::optional<HttpReply> page = pages.Answer(request)) {
+      respond(std::move(*page));
+    } else {
+      service.Answer(request, respond);
+    }
+  };
+  HttpServer server(ListenAddress::Parse(options.listen), {}, answer, log);
   log.Write("listening on " + server.Address());
-  WaitForSignal(signals);
+  WaitForEnd(signals, [&parts] { parts.ReloadCredentials(); });
   std::thread([signals] {
-    WaitForSignal(signals);
+    WaitForEnd(signals, [] {});
     _exit(kFailure);
   }).detach();
-  server.Drain(kDrainLimit);
+  server.Drain(std::max(kDrainLimit, options.gateway.deadline + kDrainMargin));
 }
 
 int RunCommandLine(int argc, char** argv) {

@@ -99,11 +99,11 @@ TEST_F(PostalUpstreamTest, GoesOnWithTheOldTokenWhereThereIsNoOther) {
 }
 
 TEST_F(PostalUpstreamTest, ManyThreadsFetchOneToken) {
+  Upstream();
   std::vector<std::thread> threads;
   std::atomic<int> found = 0;
   for (int i = 0; i < 8; ++i) {
     threads.emplace_back([&, this] { found += Show(Ask()) == "found" ? 1 : 0; });
-    Upstream();
   }
   for (std::thread& thread : threads) {
     thread.join();

@@ -1,0 +1,163 @@
+#include "apps/verifyd/GatewayOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+
+#include "service/upstream/UpstreamUrl.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr long kLongestDeadline = 25;  // seconds; a connection ends after 60, whatever it waits for
+constexpr const char* kNone = "none";
+
+// Reads "30d", "12h", "90min" or "45s", of a second at least and ten years at most.
+std::optional<std::chrono::seconds> ParseDuration(const std::string& text) {
+  constexpr std::chrono::seconds kLongest = std::chrono::hours(24 * 3650);
+  const std::pair<std::string_view, std::chrono::seconds> units[] = {
+      {"d", std::chrono::hours(24)},
+      {"h", std::chrono::hours(1)},
+      {"min", std::chrono::minutes(1)},
+      {"s", std::chrono::seconds(1)},
+  };
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  for (const auto& [name, unit] : units) {
+    if (error == std::errc() && name == std::string_view(rest, static_cast<size_t>(end - rest)) &&
+        number > 0 && number <= kLongest / unit) {
+      return number * unit;
+    }
+  }
+  return std::nullopt;
+}
+
+// Where answers are kept unless the command line says: in the state folder that systemd gives a
+// service, or in the user's cache folder.
+std::string DefaultCache() {
+  const auto variable = [](const char* name) {
+    const char* const text = std::getenv(name);
+    return std::string(text == nullptr ? "" : text);
+  };
+  constexpr const char* kName = "answers.sqlite";
+  if (const std::string state = variable("STATE_DIRECTORY"); !state.empty()) {
+    return std::filesystem::path(state.substr(0, state.find(':'))) / kName;
+  }
+  std::filesystem::path caches = variable("XDG_CACHE_HOME");
+  if (caches.empty() && !variable("HOME").empty()) {
+    caches = std::filesystem::path(variable("HOME")) / ".cache";
+  }
+  return caches.empty() ? std::string() : (caches / "postwright" / kName).string();
+}
+
+void ReadUpstream(GatewayOptions& options) {
+  const std::string& kind = options.upstream[0];
+  const bool hasHost = options.upstream.size() > 1;
+  if (kind == "postal-v3" && !hasHost) {
+    options.url = ReadUpstreamUrl(options.url);
+  } else if (kind == "verify-xml" && hasHost) {
+    options.url = ReadPartnerUrl(options.upstream[1]);
+  } else {
+    throw CLI::ValidationError("--upstream", "takes 'postal-v3' or 'verify-xml HOST[:PORT]'");
+  }
+}
+
+// What the options say together, once they are read.
+void Complete(GatewayOptions& options, const std::string& cache) {
+  if (!options.IsGateway()) {
+    return;
+  }
+  try {
+    ReadUpstream(options);
+  } catch (const std::invalid_argument& error) {
+    throw CLI::ValidationError("--upstream", error.what());
+  }
+  if (options.credentials.empty()) {
+    throw CLI::ValidationError("--credentials", "is needed with --upstream");
+  }
+  options.cache = cache.empty() ? DefaultCache() : cache == kNone ? std::string() : cache;
+  if (options.cache.empty() && cache.empty()) {
+    throw CLI::ValidationError("--cache",
+                               "is needed where neither STATE_DIRECTORY nor HOME is set");
+  }
+}
+
+void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
+  app.add_option(
+         "--upstream", options.upstream,
+         "Ask 'postal-v3', the postal service's Addresses API, or 'verify-xml HOST[:PORT]', "
+         "a service that still speaks the old form, instead of the base")
+      ->expected(1, 2)
+      ->type_name("KIND [HOST]");
+  app.add_option("--upstream-url", options.url, "Where postal-v3 is (default " + options.url + ")")
+      ->type_name("URL");
+  app.add_option(
+         "--credentials", options.credentials,
+         "What the upstream knows the service by; its owner alone may read the file. SIGHUP "
+         "reads it again")
+      ->type_name("FILE");
+  app.add_option_function<std::string>(
+         "--budget",
+         [&options](const std::string& text) {
+           options.budget = text == kNone ? std::nullopt : Budget::ParseRate(text);
+           if (!options.budget && text != kNone) {
+             throw CLI::ValidationError("--budget", "'" + text + "' is not as 60/h, 5/min or none");
+           }
+         },
+         "How often the upstream is asked at most (default 60/h)")
+      ->type_name("CALLS/TIME");
+}
+
+void AddAnswerOptions(CLI::App& app, GatewayOptions& options, std::string& cache) {
+  const auto duration = [&app](const std::string& name, std::chrono::seconds& target, long longest,
+                               const std::string& help, const std::string& form) {
+    app.add_option_function<std::string>(
+           name,
+           [name, &target, longest](const std::string& text) {
+             const auto read = ParseDuration(text);
+             if (!read || (longest > 0 && read->count() > longest)) {
+               throw CLI::ValidationError(
+                   name, "'" + text + "' is not as 30d, 12h or 20s" +
+                             (longest == 0 ? "" : " up to " + std::to_string(longest) + "s"));
+             }
+             target = *read;
+           },
+           help)
+        ->type_name(form);
+  };
+  app.add_option("--cache", cache,
+                 "Where the upstream's answers are kept, or 'none' (default: answers.sqlite in "
+                 "STATE_DIRECTORY or the user's cache folder)")
+      ->type_name("FILE");
+  duration("--cache-lifetime", options.lifetime, 0, "How long they are good for (default 30d)",
+           "TIME");
+  duration("--deadline", options.deadline, kLongestDeadline,
+           "How long a request waits for the upstream (default 20s)", "TIME");
+  app.add_option_function<std::string>(
+         "--fallback",
+         [&options](const std::string& text) {
+           if (text != "base" && text != kNone) {
+             throw CLI::ValidationError("--fallback", "takes 'base' or 'none'");
+           }
+           options.fallsBack = text == "base";
+         },
+         "Answer from 'base', marked as not confirmed, what the upstream cannot answer now "
+         "(default "
+         "none)")
+      ->type_name("KIND");
+  app.add_flag("--open-status", options.openStatus,
+               "Show /status and /metrics to every client, not to this machine alone");
+}
+
+}  // namespace
+
+void AddGatewayOptions(CLI::App& app, GatewayOptions& options) {
+  const auto cache = std::make_shared<std::string>();
+  AddUpstreamOptions(app, options);
+  AddAnswerOptions(app, options, *cache);
+  app.final_callback([&options, cache] { Complete(options, *cache); });
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,37 @@
+#ifndef POSTWRIGHT_APPS_VERIFYD_GATEWAYOPTIONS_H_
+#define POSTWRIGHT_APPS_VERIFYD_GATEWAYOPTIONS_H_
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "service/gateway/Budget.h"
+
+namespace CLI {
+class App;
+}
+
+namespace postwright::service {
+
+// What the command line says of the gateway.
+struct GatewayOptions {
+  std::vector<std::string> upstream;  // its kind, and its host where the kind needs one; or empty
+  std::string url = "https://apis.usps.com";
+  std::string credentials;
+  std::optional<Budget::Rate> budget = Budget::Rate{};
+  std::string cache;  // empty: none
+  std::chrono::seconds lifetime = std::chrono::hours(24 * 30);
+  std::chrono::seconds deadline{20};
+  bool fallsBack = false;
+  bool openStatus = false;
+
+  bool IsGateway() const { return !upstream.empty(); }
+};
+
+// Adds the options to `app`, which fills `options` in when it parses; both must live until then.
+void AddGatewayOptions(CLI::App& app, GatewayOptions& options);
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_APPS_VERIFYD_GATEWAYOPTIONS_H_

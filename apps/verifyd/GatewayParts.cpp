@@ -1,0 +1,69 @@
+#include "apps/verifyd/GatewayParts.h"
+
+#include <filesystem>
+
+#include "service/upstream/PostalApiUpstream.h"
+#include "service/upstream/VerifyXmlUpstream.h"
+
+namespace postwright::service {
+namespace {
+
+std::unique_ptr<Upstream> MakeUpstream(const GatewayOptions& options, const ZipBase& base,
+                                       const Clock& clock) {
+  if (options.upstream[0] == "postal-v3") {
+    return std::make_unique<PostalApiUpstream>(options.url, options.credentials, base, clock,
+                                               HttpClient::Limits());
+  }
+  return std::make_unique<VerifyXmlUpstream>(options.url, options.credentials,
+                                             HttpClient::Limits());
+}
+
+// Makes the folder of a file that is to be created there, for its owner alone.
+void MakeFolderOf(const std::filesystem::path& file) {
+  const std::filesystem::path folder = file.parent_path();
+  std::error_code none;  // opening the file says what is wrong
+  if (!folder.empty() && std::filesystem::create_directories(folder, none)) {
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all, none);
+  }
+}
+
+}  // namespace
+
+GatewayParts::GatewayParts(const GatewayOptions& options, const ZipBase& base, AnswerSource& local,
+                           const Clock& clock, RequestLog& log)
+    : local_(local), log_(log) {
+  if (!options.IsGateway()) {
+    return;
+  }
+  upstream_ = MakeUpstream(options, base, clock);
+  if (!options.cache.empty()) {
+    AnswerCache::Limits limits;
+    limits.lifetime = options.lifetime;
+    MakeFolderOf(options.cache);
+    cache_.emplace(options.cache, upstream_->Name(), clock, limits);
+  }
+  Gateway::Limits limits;
+  limits.deadline = options.deadline;
+  gateway_.emplace(*upstream_, base, Budget(options.budget), GetCache(), clock, limits, log);
+  if (options.fallsBack) {
+    fallback_.emplace(*gateway_, local_);
+  }
+}
+
+AnswerSource& GatewayParts::Source() {
+  return fallback_ ? static_cast<AnswerSource&>(*fallback_) : gateway_ ? *gateway_ : local_;
+}
+
+void GatewayParts::ReloadCredentials() {
+  if (!gateway_) {
+    return;
+  }
+  try {
+    gateway_->ReloadCredentials();
+    log_.Write("the credentials were read again");
+  } catch (const std::exception& error) {
+    log_.Write(std::string(error.what()) + "; the old credentials stay in use");
+  }
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,253 @@
+#include "service/gateway/AnswerCache.h"
+
+#include "service/store/Sqlite.h"
+#include "service/upstream/VerifyXml.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr int64_t kApplication = 0x50574143;  // "PWAC"
+constexpr std::chrono::milliseconds kPatience(250);
+constexpr uint64_t kTrimEvery = 100;             // answers: counting them all takes a millisecond
+constexpr std::chrono::seconds kRetryPause(10);  // before a file that failed is opened again
+constexpr std::chrono::seconds kCallsKept = std::chrono::hours(24);
+
+// An answer is kept as the reply that a client gets: readable, and with a reader that is there
+// already. `saved` is in seconds since 1970.
+constexpr const char* kCreate =
+    "CREATE TABLE answers(key TEXT PRIMARY KEY, saved INTEGER NOT NULL, answer TEXT NOT NULL)"
+    " WITHOUT ROWID;"
+    "CREATE INDEX answers_saved ON answers(saved);"
+    "CREATE TABLE calls(source TEXT NOT NULL, at INTEGER NOT NULL);"
+    "CREATE INDEX calls_at ON calls(source, at);";
+
+int64_t Seconds(Clock::Date date) {
+  return std::chrono::duration_cast<std::chrono::seconds>(date.time_since_epoch()).count();
+}
+
+// Resets a statement when its work is done, however that ends.
+class Running {
+ public:
+  explicit Running(SqliteStatement& statement) : statement_(statement) {}
+  ~Running() { statement_.Reset(); }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  SqliteStatement& statement_;
+};
+
+// Brings a new file into form and turns down one of another form.
+void Prepare(SqliteFile& file, const std::string& name) {
+  file.Run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; BEGIN IMMEDIATE");
+  const int64_t schema = file.Number("PRAGMA user_version");
+  const bool isNew = schema == 0 && file.Number("SELECT count(*) FROM sqlite_schema") == 0;
+  if (isNew) {
+    file.Run(kCreate);
+    file.Run("PRAGMA application_id=" + std::to_string(kApplication) +
+             "; PRAGMA user_version=" + std::to_string(AnswerCache::kSchema));
+  }
+  file.Run("COMMIT");
+  if (file.Number("PRAGMA application_id") != kApplication) {
+    throw StoreError(name + ": is not a cache of answers; name another file", SQLITE_NOTADB);
+  }
+  if (!isNew && schema != AnswerCache::kSchema) {
+    throw StoreError(name +
+                         ": was written by another version of this program; remove it or name "
+                         "another file",
+                     SQLITE_NOTADB);
+  }
+}
+
+}  // namespace
+
+class AnswerCache::Reader {
+ public:
+  explicit Reader(const AnswerCache& cache)
+      : file_(cache.file_, std::chrono::milliseconds(0)),
+        find_(file_, "SELECT saved, answer FROM answers WHERE key = ?") {}
+
+  // Returns when the answer was kept and its document.
+  std::optional<std::pair<int64_t, std::string>> Find(const std::string& key) {
+    const Running running(find_);
+    find_.Bind(1, key);
+    if (!find_.Step()) {
+      return std::nullopt;
+    }
+    return std::pair(find_.Number(0), find_.Text(1));
+  }
+
+ private:
+  SqliteFile file_;
+  SqliteStatement find_;
+};
+
+class AnswerCache::Writer {
+ public:
+  explicit Writer(const AnswerCache& cache)
+      : file_(Opened(cache.file_)),
+        keep_(file_, "REPLACE INTO answers VALUES(?, ?, ?)"),
+        trim_(file_, "DELETE FROM answers WHERE saved < ?"),
+        shrink_(
+            file_,
+            "DELETE FROM answers WHERE key IN (SELECT key FROM answers ORDER BY saved LIMIT ?)"),
+        note_(file_, "INSERT INTO calls VALUES(?, ?)"),
+        forget_(file_, "DELETE FROM calls WHERE source = ? AND at < ?"),
+        calls_(file_, "SELECT at FROM calls WHERE source = ? AND at > ? ORDER BY at") {}
+
+  void Keep(const std::string& key, int64_t now, const std::string& answer) {
+    Start(keep_, key, now, answer);
+  }
+
+  // Lets go of what was kept before `oldest`, and of the oldest beyond `most`. Returns what is
+  // left.
+  int64_t Trim(int64_t oldest, int64_t most) {
+    Start(trim_, oldest);
+    const int64_t size = file_.Number("SELECT count(*) FROM answers");
+    if (size <= most) {
+      return size;
+    }
+    Start(shrink_, size - most);
+    return most;
+  }
+
+  bool IsTrimDue() { return kept_++ % kTrimEvery == 0; }
+
+  void NoteCall(const std::string& source, int64_t now) {
+    Start(note_, source, now);
+    Start(forget_, source, now - kCallsKept.count());
+  }
+
+  std::vector<Clock::Date> CallsSince(const std::string& source, int64_t since) {
+    const Running running(calls_);
+    calls_.Bind(1, source);
+    calls_.Bind(2, since);
+    std::vector<Clock::Date> dates;
+    while (calls_.Step()) {
+      dates.emplace_back(std::chrono::seconds(calls_.Number(0)));
+    }
+    return dates;
+  }
+
+ private:
+  static SqliteFile Opened(const std::filesystem::path& name) {
+    SqliteFile file(name, kPatience);
+    Prepare(file, name.string());
+    return file;
+  }
+
+  template <typename... Values>
+  static void Start(SqliteStatement& statement, const Values&... values) {
+    const Running running(statement);
+    int parameter = 0;
+    (statement.Bind(++parameter, values), ...);
+    statement.Step();
+  }
+
+  SqliteFile file_;
+  SqliteStatement keep_;
+  SqliteStatement trim_;
+  SqliteStatement shrink_;
+  SqliteStatement note_;
+  SqliteStatement forget_;
+  SqliteStatement calls_;
+  uint64_t kept_ = 0;
+};
+
+AnswerCache::AnswerCache(std::filesystem::path file, std::string source, const Clock& clock,
+                         const Limits& limits)
+    : file_(std::move(file)), source_(std::move(source)), clock_(clock), limits_(limits) {
+  try {
+    writer_.connection = std::make_unique<Writer>(*this);
+    reader_.connection = std::make_unique<Reader>(*this);
+    size_ = writer_.connection->Trim(Seconds(clock_.Today() - limits_.lifetime), limits_.answers);
+  } catch (const StoreError& error) {
+    if (!error.MayPass()) {
+      throw;
+    }
+    NoteFailure(error.what());
+  }
+}
+
+AnswerCache::~AnswerCache() = default;
+
+std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
+  std::optional<std::pair<int64_t, std::string>> row;
+  Try(reader_, [&](Reader& reader) { row = reader.Find(source_ + '\n' + key); });
+  if (!row) {
+    return std::nullopt;
+  }
+  const UpstreamAnswer answer = VerifyXml::Read(row->second);
+  const auto* const rejection = std::get_if<Rejection>(&answer);
+  if (!IsFresh(row->first, rejection != nullptr)) {
+    return std::nullopt;
+  }
+  if (rejection != nullptr) {
+    return *rejection;
+  }
+  const auto* const fields = std::get_if<ReplyFields>(&answer);
+  return fields == nullptr ? std::nullopt : std::optional<Kept>(*fields);
+}
+
+void AnswerCache::Keep(const std::string& key, const Kept& answer) {
+  const std::string text = VerifyReply::Compose({{std::nullopt, answer}}, true);
+  const int64_t now = Seconds(clock_.Today());
+  Try(writer_, [&](Writer& writer) {
+    writer.Keep(source_ + '\n' + key, now, text);
+    ++size_;
+    if (writer.IsTrimDue()) {
+      size_ = writer.Trim(now - limits_.lifetime.count(), limits_.answers);
+    }
+  });
+}
+
+void AnswerCache::NoteCall() {
+  Try(writer_, [&](Writer& writer) { writer.NoteCall(source_, Seconds(clock_.Today())); });
+}
+
+std::vector<Clock::Date> AnswerCache::CallsWithin(std::chrono::seconds stretch) {
+  std::vector<Clock::Date> calls;
+  Try(writer_, [&](Writer& writer) {
+    calls = writer.CallsSince(source_, Seconds(clock_.Today() - stretch));
+  });
+  return calls;
+}
+
+std::string AnswerCache::LastFailure() const {
+  const std::lock_guard lock(failureMutex_);
+  return lastFailure_;
+}
+
+// What fails here costs a call of the upstream more; the answers are as good as before.
+template <typename Connection, typename Work>
+void AnswerCache::Try(Side<Connection>& side, Work work) {
+  const std::lock_guard lock(side.mutex);
+  try {
+    if (side.connection == nullptr) {
+      if (clock_.Now() < side.retryAt) {
+        return;
+      }
+      side.retryAt = clock_.Now() + kRetryPause;
+      side.connection = std::make_unique<Connection>(*this);
+    }
+    work(*side.connection);
+  } catch (const std::exception& error) {
+    NoteFailure(error.what());
+  }
+}
+
+void AnswerCache::NoteFailure(const std::string& what) {
+  ++failures_;
+  const std::lock_guard lock(failureMutex_);
+  lastFailure_ = what;
+}
+
+// An answer of the future was kept while the system's clock was wrong: nobody knows its age.
+bool AnswerCache::IsFresh(int64_t saved, bool isRejection) const {
+  const int64_t age = Seconds(clock_.Today()) - saved;
+  const auto lifetime =
+      isRejection ? std::min(limits_.lifetime, limits_.rejectionLifetime) : limits_.lifetime;
+  return age >= 0 && age < lifetime.count();
+}
+
+}  // namespace postwright::service

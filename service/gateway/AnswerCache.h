@@ -1,0 +1,101 @@
+#ifndef POSTWRIGHT_SERVICE_GATEWAY_ANSWERCACHE_H_
+#define POSTWRIGHT_SERVICE_GATEWAY_ANSWERCACHE_H_
+
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "service/address/Rejection.h"
+#include "service/protocol/VerifyReply.h"
+#include "service/upstream/Clock.h"
+
+namespace postwright::service {
+
+// Keeps an upstream's answers, and when it was called, in an SQLite file, over restarts.
+//
+//   AnswerCache cache("answers.sqlite", "postal-v3 https://apis.usps.com", clock, {});
+//   cache.Keep(KeyOf(normal), fields);
+//   cache.Find(KeyOf(normal));   // the same fields, for thirty days
+//
+// A file that fails (no room on the disk, a lock of another program, damage) is as good as none:
+// what cannot be kept is not kept, what cannot be read is not there, and the count of failures
+// tells. Several processes may use one file. Borrows the clock. Any number of threads at once;
+// finding waits neither for keeping nor for another process.
+class AnswerCache {
+ public:
+  static constexpr int kSchema = 1;  // the file's user_version
+
+  struct Limits {
+    std::chrono::seconds lifetime = std::chrono::hours(24 * 30);
+    // An address that was turned down may be there tomorrow.
+    std::chrono::seconds rejectionLifetime = std::chrono::hours(24);
+    int64_t answers = 200'000;  // about 150 MB; a hundred more, and the oldest go
+  };
+
+  using Kept = std::variant<ReplyFields, Rejection>;
+
+  // Opens `file` or creates it, readable by its owner alone. Answers of another `source` are not
+  // found, only counted and aged. Throws StoreError for a file that cannot be opened, is no
+  // database, or belongs to another program or a later version of this one. One that is locked or
+  // on a full disk is opened later.
+  AnswerCache(std::filesystem::path file, std::string source, const Clock& clock,
+              const Limits& limits);
+  ~AnswerCache();
+  AnswerCache(const AnswerCache&) = delete;
+  AnswerCache& operator=(const AnswerCache&) = delete;
+
+  // Returns what was kept under `key` within its lifetime.
+  std::optional<Kept> Find(const std::string& key);
+
+  // Keeps an answer in the place of an older one. Waits for another process for a quarter of a
+  // second at most.
+  void Keep(const std::string& key, const Kept& answer);
+
+  // Notes a call of the upstream at this moment; CallsWithin returns those of the last `stretch`,
+  // of a day at most. Both wait as Keep does.
+  void NoteCall();
+  std::vector<Clock::Date> CallsWithin(std::chrono::seconds stretch);
+
+  // Returns about how many answers the file holds, of all sources.
+  int64_t Size() const { return size_; }
+  uint64_t Failures() const { return failures_; }
+  std::string LastFailure() const;  // empty where there was none
+  const std::filesystem::path& File() const { return file_; }
+
+ private:
+  class Reader;
+  class Writer;
+
+  // A connection, or the moment until which none is tried.
+  template <typename Connection>
+  struct Side {
+    std::mutex mutex;
+    std::unique_ptr<Connection> connection;
+    Clock::Time retryAt = Clock::Time::min();
+  };
+
+  template <typename Connection, typename Work>
+  void Try(Side<Connection>& side, Work work);
+  void NoteFailure(const std::string& what);
+  bool IsFresh(int64_t saved, bool isRejection) const;
+
+  const std::filesystem::path file_;
+  const std::string source_;
+  const Clock& clock_;
+  const Limits limits_;
+  Side<Reader> reader_;
+  Side<Writer> writer_;
+  std::atomic<int64_t> size_ = 0;
+  std::atomic<uint64_t> failures_ = 0;
+  mutable std::mutex failureMutex_;
+  std::string lastFailure_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_GATEWAY_ANSWERCACHE_H_

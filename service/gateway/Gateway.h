@@ -1,0 +1,159 @@
+#ifndef POSTWRIGHT_SERVICE_GATEWAY_GATEWAY_H_
+#define POSTWRIGHT_SERVICE_GATEWAY_GATEWAY_H_
+
+#include <array>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <unordered_map>
+#include <vector>
+
+#include "service/AnswerSource.h"
+#include "service/address/ZipBase.h"
+#include "service/gateway/AnswerCache.h"
+#include "service/gateway/Budget.h"
+#include "service/gateway/FairQueue.h"
+#include "service/http/RequestLog.h"
+#include "service/upstream/Clock.h"
+#include "service/upstream/Upstream.h"
+
+namespace postwright::service {
+
+// What a gateway has done and is doing, at one moment.
+struct GatewayState {
+  std::string upstream;
+
+  uint64_t calls = 0;                             // that counted against the upstream's quota
+  double callSeconds = 0;                         // that they took, together
+  uint64_t cached = 0;                            // addresses answered from the cache
+  uint64_t joined = 0;                            // addresses that were being asked for already
+  uint64_t turnedDownHere = 0;                    // addresses that no upstream could answer
+  uint64_t turnedAway = 0;                        // addresses without an answer
+  std::array<uint64_t, kFaultKinds> errors = {};  // by FaultKind
+
+  size_t waiting = 0;  // addresses in the queue
+  size_t calling = 0;  // calls under way
+
+  std::optional<Budget::Rate> budget;  // nullopt: no bound
+  size_t budgetLeft = 0;
+  std::optional<Clock::Date> resumesAt;  // where no call may be made now
+  std::optional<UpstreamFault> pause;    // what the upstream said that keeps it from being asked
+  std::optional<UpstreamFault> lastError;
+  std::optional<Clock::Date> lastErrorAt;
+};
+
+// Answers addresses by asking an upstream as little as possible: answers are kept, an address that
+// is being asked for is not asked for again, and calls keep within a budget and out of the pauses
+// that the upstream wants.
+//
+//   Gateway gateway(upstream, base, Budget(rate), &cache, clock, {}, log);
+//   VerifyService service(gateway, {});
+//
+// Addresses that are not in the cache wait in a bounded, fair queue, for `deadline` at most and
+// only where their turn can come within it; the others are told at once when to come again. A few
+// threads make the calls. Finding an answer never waits, so that cached answers go on whatever the
+// upstream does. Borrows everything it is given. Any thread may call any operation.
+class Gateway final : public AnswerSource {
+ public:
+  struct Limits {
+    std::chrono::milliseconds deadline = std::chrono::seconds(20);  // for one address
+    size_t waiting = 256;                                           // addresses in the queue
+    unsigned connections = 4;                                       // calls at once
+  };
+
+  // `cache` may be null. Calls that it knows of count against the budget.
+  Gateway(Upstream& upstream, const ZipBase& base, Budget budget, AnswerCache* cache,
+          const Clock& clock, const Limits& limits, RequestLog& log);
+
+  // Breaks calls off; whoever still waits is told that the service ends.
+  ~Gateway() override;
+  Gateway(const Gateway&) = delete;
+  Gateway& operator=(const Gateway&) = delete;
+
+  void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
+
+  // Makes the next call with the credentials that the file has now, and at once, whatever pause the
+  // old ones had brought. Throws CredentialsError and goes on with the old ones where it cannot.
+  void ReloadCredentials();
+
+  GatewayState State();
+
+ private:
+  struct Waiter {
+    Done done;
+    Clock::Time deadline;
+  };
+
+  // An address that is being asked for, from its first asker to the moment when the cache has it.
+  struct Flight {
+    Flight(const std::string& itsKey, const std::string& itsAsker, const RequestAddress& asked)
+        : key(itsKey), asker(itsAsker), normal(asked) {}
+
+    const std::string key;
+    const std::string asker;  // in whose lane it waits
+    const RequestAddress normal;
+    std::vector<Waiter> waiters;
+    bool isCalled = false;  // out of the queue
+    std::optional<AddressAnswer> answer;
+  };
+  using FlightPointer = std::shared_ptr<Flight>;
+
+  // Answers to give once the lock is released.
+  struct Delivery {
+    Done done;
+    AddressAnswer answer;
+  };
+  using Deliveries = std::vector<Delivery>;
+
+  // Under the lock:
+  Deliveries Enter(const std::string& key, const RequestAddress& normal, const std::string& asker,
+                   Done done);
+  std::optional<ServiceFault> MakeRoom(const std::string& asker, Clock::Time now,
+                                       Deliveries& displaced);
+  Clock::Time ReadyAt(Clock::Time now, size_t ahead);
+  Deliveries Settle(const FlightPointer& flight, const UpstreamOutcome& outcome);
+  void Book(const UpstreamOutcome& outcome);
+  void NoteFault(const UpstreamFault& fault);
+  Deliveries TakeLost(Clock::Time now, Clock::Time* next);
+  ServiceFault Blocked(Clock::Time now, size_t ahead);
+  ServiceFault TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt = {});
+  Clock::Date DateOf(Clock::Time time) const;
+
+  // Without it:
+  void Work();
+  void Expire();
+  void Call(const FlightPointer& flight);
+  UpstreamOutcome AskUpstream(const RequestAddress& normal);
+  static void Deliver(Deliveries deliveries);
+
+  Upstream& upstream_;
+  const ZipBase& base_;
+  AnswerCache* const cache_;
+  const Clock& clock_;
+  const Limits limits_;
+  RequestLog& log_;
+
+  std::mutex mutex_;
+  std::condition_variable workable_;   // a flight to call, another time for it, or the end
+  std::condition_variable expirable_;  // a waiter, another time, or the end
+  bool isStopping_ = false;
+  Budget budget_;
+  FairQueue<FlightPointer> queue_;
+  std::unordered_map<std::string, FlightPointer> flights_;
+  uint64_t landed_ = 0;  // flights that have ended
+  Clock::Time pausedUntil_ = Clock::Time::min();
+  UpstreamFault pause_;
+  unsigned failures_ = 0;  // in a row
+  Clock::Time loggedAt_ = Clock::Time::min();
+  GatewayState counts_;
+
+  std::vector<std::thread> threads_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_GATEWAY_GATEWAY_H_

@@ -1,0 +1,126 @@
+#include "service/gateway/NormalRequest.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "service/address/CityName.h"
+#include "service/address/Lexicon.h"
+#include "service/text/AsciiText.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr std::string RequestAddress::*kFields[] = {
+    &RequestAddress::firmName, &RequestAddress::address1, &RequestAddress::address2,
+    &RequestAddress::city,     &RequestAddress::state,    &RequestAddress::urbanization,
+    &RequestAddress::zip5,     &RequestAddress::zip4,
+};
+
+// Folds every field. Returns false where one is too long or has letters that no address has.
+bool Fold(RequestAddress& address) {
+  return std::all_of(std::begin(kFields), std::end(kFields), [&](auto field) {
+    std::string& text = address.*field;
+    std::optional<std::string> folded = FoldToAscii(text);
+    const bool fits = folded && text.size() <= VerifyRequest::kLongestField;
+    text = std::move(folded).value_or("");
+    return fits;
+  });
+}
+
+std::string Plain(const std::string& folded) {
+  return JoinWords(SplitLine(folded));
+}
+
+// A firm's name keeps its punctuation.
+std::string SingleBlanks(const std::string& folded) {
+  std::string text = folded;
+  const auto end =
+      std::unique(text.begin(), text.end(), [](char a, char b) { return a == ' ' && b == ' '; });
+  text.erase(end, text.end());
+  text.erase(0, text.find_first_not_of(' '));
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
+}
+
+std::string Digits(std::string_view text) {
+  std::string digits;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(digits), IsDigit);
+  return digits;
+}
+
+// Takes Zip5 and Zip4 apart again where one field holds both, and drops what is not whole.
+void SplitZip(RequestAddress& address) {
+  constexpr size_t kZip = 5;
+  constexpr size_t kAddOn = 4;
+  const std::string digits = Digits(address.zip5);
+  std::string addOn = Digits(address.zip4);
+  if (digits.size() == kZip + kAddOn && addOn.empty()) {
+    addOn = digits.substr(kZip);
+  }
+  const bool whole = digits.size() == kZip || digits.size() == kZip + kAddOn;
+  address.zip5 = whole ? digits.substr(0, kZip) : "";
+  address.zip4 = whole && addOn.size() == kAddOn ? addOn : "";
+}
+
+// Finds the state and says what is missing of the last line, where something is.
+std::optional<Rejection> CompleteLastLine(RequestAddress& address, const ZipBase& base) {
+  const bool isZipGiven = !address.zip5.empty();
+  const bool isStateGiven = !address.state.empty();
+  address.state = Lexicon::Get().State(address.state);
+  SplitZip(address);
+  if (isStateGiven && address.state.empty()) {
+    return Rejection::InvalidState;
+  }
+  if (!isStateGiven && !address.zip5.empty()) {
+    const ZipBase::City* const city = base.FindZip(address.zip5);
+    address.state = city != nullptr ? city->state : "";
+  }
+  if (address.state.empty()) {
+    return isZipGiven              ? Rejection::InvalidZip
+           : !address.city.empty() ? Rejection::InvalidState
+                                   : Rejection::InvalidAddress;
+  }
+  if (address.city.empty() && address.zip5.empty()) {
+    return isZipGiven ? Rejection::InvalidZip : Rejection::InvalidCity;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::variant<RequestAddress, Rejection> NormaliseRequest(const RequestAddress& asked,
+                                                         const ZipBase& base) {
+  RequestAddress address = asked;
+  address.id.reset();
+  if (asked.cutShort || !Fold(address)) {
+    return Rejection::InvalidAddress;
+  }
+  address.firmName = SingleBlanks(address.firmName);
+  address.address1 = Plain(address.address1);
+  address.address2 = Plain(address.address2);
+  address.city = StandardCity(address.city);
+  address.state = Plain(address.state);
+  address.urbanization = Plain(address.urbanization);
+  if (address.address2.empty()) {
+    std::swap(address.address1, address.address2);
+  }
+  if (address.address2.empty()) {
+    return Rejection::InvalidAddress;
+  }
+  if (const auto rejection = CompleteLastLine(address, base)) {
+    return *rejection;
+  }
+  return address;
+}
+
+std::string KeyOf(const RequestAddress& normal) {
+  constexpr char kSeparator = '\x1F';  // in no folded text
+  std::string key;
+  for (const auto field : kFields) {
+    key += normal.*field;
+    key += kSeparator;
+  }
+  return key;
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,35 @@
+#ifndef POSTWRIGHT_SERVICE_GATEWAY_NORMALREQUEST_H_
+#define POSTWRIGHT_SERVICE_GATEWAY_NORMALREQUEST_H_
+
+#include <string>
+#include <variant>
+
+#include "service/address/Rejection.h"
+#include "service/address/ZipBase.h"
+#include "service/protocol/VerifyRequest.h"
+
+namespace postwright::service {
+
+// Brings an address into the form in which an upstream is asked for it, so that one address written
+// in several ways is asked once:
+//
+//   {"", "", "12  main st., apt 4", "", "texas", "", "78701-1234"}
+//   {"", "", "12 MAIN ST APT 4", "", "TX", "", "78701", "1234"}
+//
+// Upper case, ASCII, one blank between words, no punctuation that says nothing; no ID; the state a
+// code, taken from the ZIP code where only that was given; the delivery line in Address2, also
+// where it came alone in Address1; Zip5 and Zip4 whole or empty. Nothing is standardised: that is
+// for the upstream.
+//
+// Returns the reason where no upstream could answer the address, so that no call is spent on it: no
+// delivery line, a field too long or without Latin letters, no such state, neither a ZIP code nor a
+// city and state. Pure, for any thread.
+std::variant<RequestAddress, Rejection> NormaliseRequest(const RequestAddress& asked,
+                                                         const ZipBase& base);
+
+// Returns what two normal requests have in common exactly if they are the same.
+std::string KeyOf(const RequestAddress& normal);
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_GATEWAY_NORMALREQUEST_H_

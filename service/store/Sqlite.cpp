@@ -1,0 +1,104 @@
+#include "service/store/Sqlite.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace postwright::service {
+namespace {
+
+// SQLite would create the file with the process's own mask; its helper files take its mode.
+void CreatePrivate(const std::filesystem::path& file) {
+  const int created = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (created >= 0) {
+    close(created);
+  }
+}
+
+}  // namespace
+
+bool StoreError::MayPass() const {
+  const int primary = code_ & 0xFF;
+  return primary == SQLITE_BUSY || primary == SQLITE_LOCKED || primary == SQLITE_FULL ||
+         primary == SQLITE_IOERR || primary == SQLITE_NOMEM;
+}
+
+SqliteFile::SqliteFile(const std::filesystem::path& file, std::chrono::milliseconds patience)
+    : name_(file.string()) {
+  CreatePrivate(file);
+  sqlite3* opened = nullptr;
+  const int end =
+      sqlite3_open_v2(name_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  connection_.reset(opened);
+  if (end != SQLITE_OK) {
+    Fail();
+  }
+  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+}
+
+void SqliteFile::Run(const std::string& statements) {
+  if (sqlite3_exec(connection_.get(), statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+    Fail();
+  }
+}
+
+int64_t SqliteFile::Number(const std::string& statement) {
+  SqliteStatement compiled(*this, statement);
+  return compiled.Step() ? compiled.Number(0) : 0;
+}
+
+void SqliteFile::Fail() const {
+  sqlite3* const connection = connection_.get();
+  throw StoreError(
+      name_ + ": " + (connection == nullptr ? "no memory" : sqlite3_errmsg(connection)),
+      connection == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(connection));
+}
+
+SqliteStatement::SqliteStatement(SqliteFile& file, const std::string& text) : file_(file) {
+  sqlite3_stmt* compiled = nullptr;
+  const int end = sqlite3_prepare_v3(file.connection_.get(), text.c_str(), -1,
+                                     SQLITE_PREPARE_PERSISTENT, &compiled, nullptr);
+  statement_.reset(compiled);
+  if (end != SQLITE_OK) {
+    file.Fail();
+  }
+}
+
+void SqliteStatement::Bind(int parameter, std::string_view text) {
+  if (sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(), SQLITE_STATIC,
+                          SQLITE_UTF8) != SQLITE_OK) {
+    file_.Fail();
+  }
+}
+
+void SqliteStatement::Bind(int parameter, int64_t number) {
+  if (sqlite3_bind_int64(statement_.get(), parameter, number) != SQLITE_OK) {
+    file_.Fail();
+  }
+}
+
+bool SqliteStatement::Step() {
+  const int end = sqlite3_step(statement_.get());
+  if (end == SQLITE_ROW || end == SQLITE_DONE) {
+    return end == SQLITE_ROW;
+  }
+  const StoreError error(file_.name_ + ": " + sqlite3_errmsg(file_.connection_.get()),
+                         sqlite3_extended_errcode(file_.connection_.get()));
+  Reset();
+  throw error;
+}
+
+void SqliteStatement::Reset() {
+  sqlite3_reset(statement_.get());
+}
+
+std::string SqliteStatement::Text(int column) const {
+  const auto* const text =
+      reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+  return text == nullptr
+             ? std::string()
+             : std::string(text,
+                           static_cast<size_t>(sqlite3_column_bytes(statement_.get(), column)));
+}
+
+}  // namespace postwright::service
