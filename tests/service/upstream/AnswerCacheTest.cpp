@@ -125,7 +125,6 @@ TEST_F(AnswerCacheTest, DoesWithoutAFileThatIsLocked) {
   Open();
   EXPECT_EQ(cache_->Find("before"), std::nullopt);
   cache_->Keep("locked", found_);
-  cache_.reset();
   other.Run("COMMIT; PRAGMA locking_mode=NORMAL; SELECT * FROM calls");
   clock_.Move(seconds(11));
   cache_->Keep("after", found_);
