@@ -240,9 +240,6 @@ void Gateway::Work() {
 void Gateway::Call(const FlightPointer& flight) {
   const Clock::Time begun = clock_.Now();
   const UpstreamOutcome outcome = AskUpstream(flight->normal);
-  for (size_t i = 0; cache_ != nullptr && i < outcome.calls; ++i) {
-    cache_->NoteCall();
-  }
   Deliveries deliveries;
   std::optional<AnswerCache::Kept> toKeep;
   {
@@ -253,11 +250,14 @@ void Gateway::Call(const FlightPointer& flight) {
     toKeep = flight->answer ? ToKeep(*flight->answer) : std::nullopt;
   }
   Deliver(std::move(deliveries));
+  for (size_t i = 0; cache_ != nullptr && i < outcome.calls; ++i) {
+    cache_->NoteCall();
+  }
   if (toKeep && cache_ != nullptr) {
     cache_->Keep(flight->key, *toKeep);
   }
-  const std::lock_guard lock(mutex_);
-  if (flight->answer) {
+  if (toKeep) {
+    const std::lock_guard lock(mutex_);
     flights_.erase(flight->key);
     ++landed_;
   }
@@ -294,6 +294,7 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
     flight->answer = ExplainFault(isStopping_ ? FaultKind::Stopping : fault->kind,
                                   isPaused ? std::optional(DateOf(pausedUntil_)) : std::nullopt);
     counts_.turnedAway += flight->waiters.size();
+    flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
   } else if (const auto* fields = std::get_if<ReplyFields>(&outcome.answer)) {
     flight->answer = *fields;
   } else {

@@ -1,105 +1,20 @@
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <thread>
 
+#include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
 
 namespace postwright::service {
 namespace {
-
-constexpr int kPatience = 20'000;  // ms, to keep a fault from hanging the run
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr long kGrowth = 150'000;  // kB; a sanitizer keeps what was freed
 #else
 constexpr long kGrowth = 10'000;
 #endif
-
-// The daemon as a program, its standard error read through a pipe.
-class Daemon {
- public:
-  explicit Daemon(std::vector<std::string> arguments) {
-    int ends[2] = {};
-    EXPECT_EQ(pipe(ends), 0);
-    arguments.insert(arguments.begin(), POSTWRIGHT_VERIFYD);
-    std::vector<char*> raw;
-    for (std::string& argument : arguments) {
-      raw.push_back(argument.data());
-    }
-    raw.push_back(nullptr);
-    process_ = fork();
-    if (process_ == 0) {
-      dup2(ends[1], STDERR_FILENO);
-      dup2(ends[1], STDOUT_FILENO);
-      close(ends[0]);
-      execv(raw[0], raw.data());
-      _exit(127);
-    }
-    close(ends[1]);
-    output_ = ends[0];
-  }
-
-  ~Daemon() {
-    if (process_ > 0) {
-      kill(process_, SIGKILL);
-      waitpid(process_, nullptr, 0);
-    }
-    close(output_);
-  }
-
-  // Returns the next line of its output; empty at the end of it.
-  std::string ReadLine() {
-    std::string line;
-    pollfd state = {output_, POLLIN, 0};
-    for (char c = 0; poll(&state, 1, kPatience) == 1 && read(output_, &c, 1) == 1 && c != '\n';) {
-      line += c;
-    }
-    return line;
-  }
-
-  std::string ReadAddress() {
-    const std::string prefix = "postwright-verifyd: listening on ";
-    const std::string line = ReadLine();
-    EXPECT_TRUE(line.starts_with(prefix)) << line;
-    return line.starts_with(prefix) ? line.substr(prefix.size()) : "127.0.0.1:0";
-  }
-
-  void Signal(int number) const { kill(process_, number); }
-
-  // Returns the exit status, -1 for an end by a signal or none.
-  int Wait() {
-    int status = 0;
-    for (int waited = 0; waited < kPatience; waited += 10) {
-      if (waitpid(process_, &status, WNOHANG) == process_) {
-        process_ = 0;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-      }
-      usleep(10'000);
-    }
-    return -1;
-  }
-
-  long ResidentKilobytes() const {
-    std::ifstream status("/proc/" + std::to_string(process_) + "/status");
-    for (std::string word; status >> word;) {
-      if (word == "VmRSS:") {
-        long kilobytes = 0;
-        status >> kilobytes;
-        return kilobytes;
-      }
-    }
-    return 0;
-  }
-
- private:
-  pid_t process_ = 0;
-  int output_ = -1;
-};
 
 std::string Ask(Socket& client, const std::string& line = "12 main street") {
   client.Send(AskForMain(line));

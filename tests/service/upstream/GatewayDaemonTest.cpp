@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "service/upstream/HttpClient.h"
+#include "tests/service/Daemon.h"
+#include "tests/service/Socket.h"
+#include "tests/service/upstream/PostalStandIn.h"
+
+namespace postwright::service {
+namespace {
+
+class GatewayDaemonTest : public testing::Test {
+ protected:
+  GatewayDaemonTest() {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    WriteCredentials("secret");
+    for (const char* number : {"1", "2", "3", "4"}) {
+      const std::string street = std::string(number) + " MAIN ST";
+      api_.Say(street, 200, PostalStandIn::Found(street));
+    }
+  }
+  ~GatewayDaemonTest() override { std::filesystem::remove_all(folder_); }
+
+  void WriteCredentials(const std::string& secret) const {
+    const std::string file = folder_ + "/credentials";
+    std::ofstream(file) << "client_id = id\nclient_secret = " << secret << '\n';
+    chmod(file.c_str(), S_IRUSR | S_IWUSR);
+  }
+
+  std::vector<std::string> Arguments(const std::vector<std::string>& more) const {
+    std::vector<std::string> all = {"--listen",       "127.0.0.1:0",
+                                    "--upstream",     "postal-v3",
+                                    "--upstream-url", api_.Url(),
+                                    "--credentials",  folder_ + "/credentials",
+                                    "--cache",        folder_ + "/new/answers.sqlite"};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+  }
+
+  static std::string Body(const std::string& response) {
+    return response.substr(std::min(response.find("\r\n\r\n") + 4, response.size()));
+  }
+
+  static std::string Get(const std::string& address, const std::string& path,
+                         const std::string& headers = "") {
+    Socket client(address);
+    client.Send("GET " + path + " HTTP/1.1\r\nHost: a\r\n" + headers + "\r\n");
+    return client.ReceiveResponse();
+  }
+
+  // Asks for the addresses with those house numbers in one document.
+  static std::string Ask(const std::string& address, const std::vector<std::string>& numbers) {
+    std::string document = "<AddressValidateRequest USERID=\"U\">";
+    for (const std::string& number : numbers) {
+      document += "<Address ID=\"" + number + "\"><Address1/><Address2>" + number +
+                  " main street</Address2><City/><State/><Zip5>62701</Zip5><Zip4/></Address>";
+    }
+    document += "</AddressValidateRequest>";
+    return Body(Get(address, "/ShippingAPI.dll?API=Verify&XML=" + EscapeQuery(document)));
+  }
+
+  static std::string Found(const std::string& number) {
+    return "<Address ID=\"" + number + "\"><Address2>" + number +
+           " MAIN ST</Address2><City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5>"
+           "<Zip4>1103</Zip4></Address>";
+  }
+
+  static void ExpectHolds(const std::string& text, const std::vector<std::string>& parts) {
+    for (const std::string& part : parts) {
+      EXPECT_NE(text.find(part), std::string::npos) << part << " is not in\n" << text;
+    }
+  }
+
+  const std::string kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+  const std::string folder_ =
+      testing::TempDir() + "postwright-gatewayd-" + std::to_string(getpid());
+  PostalStandIn api_;
+};
+
+// Each row of a document is asked for by itself; what is turned down spoils nothing, what cannot be
+// asked for now makes an error of the whole, and what was answered beside it is kept.
+TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
+  for (const char* street : {"1 MAIN STREET", "2 MAIN STREET", "3 MAIN STREET"}) {
+    api_.Say(street, 200, PostalStandIn::Found(std::string(1, street[0]) + " MAIN ST"));
+  }
+  {
+    Daemon daemon(Arguments({"--budget", "4/h"}));
+    const std::string address = daemon.ReadAddress();
+    EXPECT_EQ(Ask(address, {"2", "9", "1"}),
+              kDeclaration + "<AddressValidateResponse>" + Found("2") +
+                  "<Address ID=\"9\"><Error><Number>-2147219401</Number><Source>clsAMS</Source>"
+                  "<Description>Address Not Found.  </Description><HelpFile/><HelpContext/></Error>"
+                  "</Address>" +
+                  Found("1") + "</AddressValidateResponse>");
+    EXPECT_EQ(api_.LastQuery().find("ZIPPlus4"), std::string::npos);
+    const std::string error = Ask(address, {"3", "4"});
+    EXPECT_TRUE(error.starts_with(
+        kDeclaration +
+        "<Error><Number>80040B18</Number><Description>The gateway has made all the "
+        "calls to the address service that it may make for now. It goes on with new "
+        "addresses at 20"))
+        << error;
+    EXPECT_TRUE(error.ends_with(" UTC.</Description><Source>USPSCOM::DoAuth</Source></Error>"));
+    EXPECT_EQ(api_.Addresses(), 4);
+    ExpectHolds(Body(Get(address, "/status")),
+                {"postal-v3 " + api_.Url(), "waits until 20", "budget is spent", "0 of 4/h left",
+                 "4 calls, 0 under way", "budget-spent 1",
+                 " answers in " + folder_ + "/new/answers.sqlite", "0 failures"});
+    ExpectHolds(Body(Get(address, "/metrics")),
+                {"\npostwright_upstream_calls_total 4\n", "\npostwright_upstream_budget_left 0\n",
+                 "\npostwright_errors_total{kind=\"budget-spent\"} 1\n",
+                 "\npostwright_addresses_total{outcome=\"found\"} 3\n",
+                 "\npostwright_upstream_paused 1\n"});
+    EXPECT_TRUE(
+        Get(address, "/status", "X-Forwarded-For: 192.0.2.1\r\n").starts_with("HTTP/1.1 403"));
+    daemon.Signal(SIGTERM);
+    EXPECT_EQ(daemon.Wait(), 0);
+    for (std::string line = daemon.ReadLine(); !line.empty(); line = daemon.ReadLine()) {
+      EXPECT_EQ(line.find("secret"), std::string::npos) << line;
+      EXPECT_EQ(line.find("token-"), std::string::npos) << line;
+      EXPECT_EQ(line.find("MAIN"), std::string::npos) << line;
+    }
+  }
+  Daemon again(Arguments({"--budget", "4/h", "--fallback", "base", "--open-status"}));
+  const std::string address = again.ReadAddress();
+  EXPECT_EQ(Ask(address, {"3"}),
+            kDeclaration + "<AddressValidateResponse>" + Found("3") + "</AddressValidateResponse>");
+  EXPECT_EQ(Ask(address, {"4"}),
+            kDeclaration +
+                "<AddressValidateResponse><Address ID=\"4\"><Address2>4 MAIN ST"
+                "</Address2><City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5>"
+                "<Zip4/></Address></AddressValidateResponse>");
+  EXPECT_EQ(api_.Addresses(), 4);
+  ExpectHolds(Get(address, "/status", "X-Forwarded-For: 192.0.2.1\r\n"),
+              {"HTTP/1.1 200", "1 answered from the local base"});
+}
+
+TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
+  api_.Say("1 MAIN STREET", 200, PostalStandIn::Found("1 MAIN ST"));
+  WriteCredentials("outdated");
+  Daemon daemon(Arguments({}));
+  const std::string address = daemon.ReadAddress();
+  ExpectHolds(Ask(address, {"1"}), {"<Number>80040B1A</Number>"});
+  ExpectHolds(daemon.ReadLine(), {"upstream: unauthorised (token: HTTP 401); asked again at 20"});
+  daemon.ReadLine();
+  chmod((folder_ + "/credentials").c_str(), 0644);
+  daemon.Signal(SIGHUP);
+  ExpectHolds(daemon.ReadLine(), {"chmod 600", "the old credentials stay in use"});
+  WriteCredentials("secret");
+  daemon.Signal(SIGHUP);
+  ExpectHolds(daemon.ReadLine(), {"the credentials were read again"});
+  EXPECT_EQ(Ask(address, {"1"}),
+            kDeclaration + "<AddressValidateResponse>" + Found("1") + "</AddressValidateResponse>");
+}
+
+TEST_F(GatewayDaemonTest, FinishesWhatWaitsForTheUpstream) {
+  api_.Say("1 MAIN STREET", 200, PostalStandIn::Found("1 MAIN ST"));
+  api_.Hold();
+  Daemon daemon(Arguments({}));
+  const std::string address = daemon.ReadAddress();
+  std::string answer;
+  std::thread client([&] { answer = Ask(address, {"1"}); });
+  while (api_.Addresses() == 0) {
+    usleep(1000);
+  }
+  daemon.Signal(SIGTERM);
+  usleep(50'000);
+  api_.Release();
+  EXPECT_EQ(daemon.Wait(), 0);
+  client.join();
+  ExpectHolds(answer, {Found("1")});
+}
+
+TEST_F(GatewayDaemonTest, SaysWhatWouldBeRight) {
+  const std::string good = folder_ + "/credentials";
+  const std::string closed = "127.0.0.1:1";
+  const struct {
+    std::vector<std::string> arguments;
+    int status;
+    std::string text;  // that the first line holds
+  } rows[] = {
+      {{"--upstream", "postal-v3"}, 2, "--credentials: is needed with --upstream"},
+      {{"--upstream", "postal-v4", "--credentials", good}, 2, "takes 'postal-v3' or 'verify-xml"},
+      {{"--upstream", "verify-xml", "--credentials", good}, 2, "takes 'postal-v3' or 'verify-xml"},
+      {{"--upstream", "verify-xml", "a@b", "--credentials", good}, 2, "is not HOST[:PORT]"},
+      {{"--upstream", "postal-v3", "--upstream-url", "http://example.com"}, 2, "is not https://"},
+      {{"--budget", "60"}, 2, "'60' is not as 60/h, 5/min or none"},
+      {{"--deadline", "26s"}, 2, "'26s' is not as 30d, 12h or 20s up to 25s"},
+      {{"--cache-lifetime", "0d"}, 2, "'0d' is not as 30d, 12h or 20s"},
+      {{"--fallback", "cache"}, 2, "takes 'base' or 'none'"},
+      {{"--upstream", "postal-v3", "--credentials", "/nonexistent"}, 1, "/nonexistent: cannot be"},
+      {{"--upstream", "postal-v3", "--credentials", good, "--cache", "/dev/null/a"},
+       1,
+       "/dev/null/a: "},
+      {{"--upstream", "verify-xml", closed, "--credentials", good}, 1, "needs user_id"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    std::vector<std::string> arguments = {"--listen", "127.0.0.1:0"};
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    Daemon daemon(arguments);
+    EXPECT_EQ(daemon.Wait(), row.status);
+    ExpectHolds(daemon.ReadLine(), {row.text});
+  }
+}
+
+}  // namespace
+}  // namespace postwright::service
