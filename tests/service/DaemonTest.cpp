@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include <fstream>
 #include <thread>
 
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -115,8 +115,8 @@ TEST(DaemonTest, SwallowsNeitherHeadersNorItsOwnLog) {
 TEST(DaemonTest, SaysWhatWouldBeRight) {
   Daemon holder({"--listen", "127.0.0.1:0"});
   const std::string taken = holder.ReadAddress();
-  const std::string notABase = testing::TempDir() + "not-a-base.tsv";
-  std::ofstream(notABase) << "78701,Austin,TX\n";
+  const TempFolder folder;
+  const std::string notABase = folder.Write("base.tsv", "78701,Austin,TX\n");
   const struct {
     std::vector<std::string> arguments;
     int status;

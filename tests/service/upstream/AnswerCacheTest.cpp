@@ -11,6 +11,7 @@
 
 #include "service/store/Sqlite.h"
 #include "tests/service/upstream/ManualClock.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -22,8 +23,6 @@ using std::chrono::seconds;
 class AnswerCacheTest : public testing::Test {
  protected:
   AnswerCacheTest() {
-    file_ = testing::TempDir() + "postwright-answers-" + std::to_string(getpid());
-    Remove();
     found_.firmName = "A & <B>";
     found_.address2 = "12 MAIN ST";
     found_.city = "AUSTIN";
@@ -34,7 +33,6 @@ class AnswerCacheTest : public testing::Test {
     found_.dpvConfirmation = "D";
     found_.vacant = "N";
   }
-  ~AnswerCacheTest() override { Remove(); }
 
   void Remove() {
     for (const char* suffix : {"", "-wal", "-shm"}) {
@@ -47,7 +45,8 @@ class AnswerCacheTest : public testing::Test {
     return *cache_;
   }
 
-  std::string file_;
+  const TempFolder folder_;
+  std::string file_ = folder_.File("answers");
   ManualClock clock_;
   AnswerCache::Limits limits_;
   ReplyFields found_;

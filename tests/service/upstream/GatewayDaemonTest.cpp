@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <thread>
 
 #include "service/upstream/HttpClient.h"
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
 #include "tests/service/upstream/PostalStandIn.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -19,28 +17,23 @@ namespace {
 class GatewayDaemonTest : public testing::Test {
  protected:
   GatewayDaemonTest() {
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
     WriteCredentials("secret");
     for (const char* number : {"1", "2", "3", "4"}) {
       const std::string street = std::string(number) + " MAIN ST";
       api_.Say(street, 200, PostalStandIn::Found(street));
     }
   }
-  ~GatewayDaemonTest() override { std::filesystem::remove_all(folder_); }
 
   void WriteCredentials(const std::string& secret) const {
-    const std::string file = folder_ + "/credentials";
-    std::ofstream(file) << "client_id = id\nclient_secret = " << secret << '\n';
-    chmod(file.c_str(), S_IRUSR | S_IWUSR);
+    folder_.Write("credentials", "client_id = id\nclient_secret = " + secret + '\n');
   }
 
   std::vector<std::string> Arguments(const std::vector<std::string>& more) const {
     std::vector<std::string> all = {"--listen",       "127.0.0.1:0",
                                     "--upstream",     "postal-v3",
                                     "--upstream-url", api_.Url(),
-                                    "--credentials",  folder_ + "/credentials",
-                                    "--cache",        folder_ + "/new/answers.sqlite"};
+                                    "--credentials",  folder_.File("credentials"),
+                                    "--cache",        folder_.File("new/answers.sqlite")};
     all.insert(all.end(), more.begin(), more.end());
     return all;
   }
@@ -80,8 +73,7 @@ class GatewayDaemonTest : public testing::Test {
   }
 
   const std::string kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  const std::string folder_ =
-      testing::TempDir() + "postwright-gatewayd-" + std::to_string(getpid());
+  const TempFolder folder_;
   PostalStandIn api_;
 };
 
@@ -113,7 +105,7 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
     ExpectHolds(Body(Get(address, "/status")),
                 {"postal-v3 " + api_.Url(), "waits until 20", "budget is spent", "0 of 4/h left",
                  "4 calls, 0 under way", "budget-spent 1",
-                 " answers in " + folder_ + "/new/answers.sqlite", "0 failures"});
+                 " answers in " + folder_.File("new/answers.sqlite"), "0 failures"});
     ExpectHolds(Body(Get(address, "/metrics")),
                 {"\npostwright_upstream_calls_total 4\n", "\npostwright_upstream_budget_left 0\n",
                  "\npostwright_errors_total{kind=\"budget-spent\"} 1\n",
@@ -151,7 +143,7 @@ TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
   ExpectHolds(Ask(address, {"1"}), {"<Number>80040B1A</Number>"});
   ExpectHolds(daemon.ReadLine(), {"upstream: unauthorised (token: HTTP 401); asked again at 20"});
   daemon.ReadLine();
-  chmod((folder_ + "/credentials").c_str(), 0644);
+  chmod((folder_.File("credentials")).c_str(), 0644);
   daemon.Signal(SIGHUP);
   ExpectHolds(daemon.ReadLine(), {"chmod 600", "the old credentials stay in use"});
   WriteCredentials("secret");
@@ -180,7 +172,7 @@ TEST_F(GatewayDaemonTest, FinishesWhatWaitsForTheUpstream) {
 }
 
 TEST_F(GatewayDaemonTest, SaysWhatWouldBeRight) {
-  const std::string good = folder_ + "/credentials";
+  const std::string good = folder_.File("credentials");
   const std::string closed = "127.0.0.1:1";
   const struct {
     std::vector<std::string> arguments;

@@ -1,7 +1,6 @@
 #include "service/gateway/Gateway.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <functional>
 #include <future>
@@ -10,6 +9,7 @@
 #include "service/gateway/FallbackSource.h"
 #include "service/upstream/Credentials.h"
 #include "tests/service/upstream/ManualClock.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -112,25 +112,12 @@ std::string Show(const AddressAnswer& answer) {
 
 class GatewayTest : public testing::Test {
  protected:
-  GatewayTest() {
-    RemoveCache();
-    upstream_.Find();
-  }
-  ~GatewayTest() override {
-    gateway_.reset();
-    RemoveCache();
-  }
-
-  void RemoveCache() const {
-    for (const char* suffix : {"", "-wal", "-shm"}) {
-      unlink((file_ + suffix).c_str());
-    }
-  }
+  GatewayTest() { upstream_.Find(); }
 
   void Start() {
     gateway_.reset();
     upstream_.Resume();
-    cache_.emplace(file_, upstream_.Name(), clock_, AnswerCache::Limits());
+    cache_.emplace(folder_.File("answers"), upstream_.Name(), clock_, AnswerCache::Limits());
     gateway_.emplace(upstream_, base_, Budget(rate_), &*cache_, clock_, limits_, log_);
   }
 
@@ -160,7 +147,7 @@ class GatewayTest : public testing::Test {
   }
   size_t Calls() { return upstream_.Asked().size(); }
 
-  const std::string file_ = testing::TempDir() + "postwright-gateway-" + std::to_string(getpid());
+  const TempFolder folder_;
   ManualClock clock_;
   ZipBase base_;
   RequestLog log_{-1, ""};

@@ -1,8 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <fstream>
 #include <thread>
 
 #include "service/Verifier.h"
@@ -13,6 +9,7 @@
 #include "service/upstream/VerifyXmlUpstream.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/service/upstream/PostalStandIn.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -20,14 +17,6 @@ namespace {
 using std::chrono::hours;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-std::string Write(const std::string& name, const std::string& content, mode_t mode = 0600) {
-  const std::string file = testing::TempDir() + "postwright-" + name + std::to_string(getpid());
-  unlink(file.c_str());
-  std::ofstream(file) << content;
-  chmod(file.c_str(), mode);
-  return file;
-}
 
 RequestAddress Main() {
   RequestAddress normal;
@@ -62,7 +51,9 @@ class PostalUpstreamTest : public testing::Test {
 
   UpstreamOutcome Ask(const RequestAddress& normal = Main()) { return Upstream().Ask(normal); }
 
-  std::string credentials_ = Write("good", "# comment\n\n client_id = id\r\nclient_secret=secret");
+  const TempFolder folder_;
+  std::string credentials_ =
+      folder_.Write("good", "# comment\n\n client_id = id\r\nclient_secret=secret");
   ZipBase base_;
   ManualClock clock_;
   HttpClient::Limits limits_;
@@ -158,14 +149,14 @@ TEST_F(PostalUpstreamTest, ReadsTokensInEveryForm) {
 }
 
 TEST_F(PostalUpstreamTest, TakesOtherCredentialsWhenTold) {
-  credentials_ = Write("changing", "client_id = id\nclient_secret = wrong");
+  credentials_ = folder_.Write("changing", "client_id = id\nclient_secret = wrong");
   const UpstreamOutcome outcome = Ask();
   EXPECT_EQ(Show(outcome), "unauthorised");
   EXPECT_EQ(outcome.calls, 0U);
   EXPECT_EQ(api_.Addresses(), 0);
-  Write("changing", "client_id = id");
+  folder_.Write("changing", "client_id = id");
   EXPECT_THROW(Upstream().ReloadCredentials(), CredentialsError);
-  Write("changing", "client_id = id\nclient_secret = secret");
+  folder_.Write("changing", "client_id = id\nclient_secret = secret");
   Upstream().ReloadCredentials();
   EXPECT_EQ(Show(Ask()), "found");
 }
@@ -221,8 +212,9 @@ TEST_F(PostalUpstreamTest, HearsWhenToAskAgain) {
 }
 
 TEST(CredentialsTest, TakesPrivateFilesOfOneForm) {
+  const TempFolder folder;
   const std::string good = "client_id = a\nclient_secret = b=c\nuser_id = d\npassword = e\n";
-  const Credentials read = Credentials::Load(Write("private", good, 0400));
+  const Credentials read = Credentials::Load(folder.Write("private", good, 0400));
   EXPECT_EQ(read.clientId + read.clientSecret + read.userId + read.password, "ab=cde");
   const struct {
     std::string content;
@@ -238,7 +230,7 @@ TEST(CredentialsTest, TakesPrivateFilesOfOneForm) {
       {std::string(5000, '#'), 0600, "is longer than 4096 bytes"},
   };
   for (const auto& row : rows) {
-    const std::string file = Write("private", row.content, row.mode);
+    const std::string file = folder.Write("private", row.content, row.mode);
     try {
       Credentials::Load(file);
       ADD_FAILURE() << row.complaint;
@@ -247,7 +239,7 @@ TEST(CredentialsTest, TakesPrivateFilesOfOneForm) {
       EXPECT_EQ(std::string(error.what()).find("hunter2"), std::string::npos);
     }
   }
-  EXPECT_THROW(Credentials::Load(testing::TempDir()), CredentialsError);
+  EXPECT_THROW(Credentials::Load(folder.File(".")), CredentialsError);
   EXPECT_THROW(Credentials::Load("/nonexistent"), CredentialsError);
 }
 
@@ -268,6 +260,7 @@ TEST(UpstreamUrlTest, SendsNoSecretInTheClear) {
 
 // The partner is our own service.
 TEST(VerifyXmlUpstreamTest, AsksAPartner) {
+  const TempFolder folder;
   ZipBase base;
   base.Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
   Verifier verifier(base);
@@ -275,7 +268,7 @@ TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   RequestLog log(-1, "");
   HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {},
                     std::bind_front(&VerifyService::Answer, &service), log);
-  const std::string credentials = Write("partner", "user_id = \"<&\npassword = p");
+  const std::string credentials = folder.Write("partner", "user_id = \"<&\npassword = p");
   VerifyXmlUpstream upstream(ReadPartnerUrl("http://" + server.Address() + "/usps"), credentials,
                              {});
   RequestAddress normal = Main();
@@ -289,7 +282,7 @@ TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   EXPECT_EQ(Show(upstream.Ask(normal)), "-2147219403");
   VerifyXmlUpstream lost(ReadPartnerUrl("http://" + server.Address()), credentials, {});
   EXPECT_EQ(Show(lost.Ask(normal)), "refused");
-  EXPECT_THROW(VerifyXmlUpstream("https://a", Write("partner", "password = p"), {}),
+  EXPECT_THROW(VerifyXmlUpstream("https://a", folder.Write("partner", "password = p"), {}),
                CredentialsError);
 }
 
