@@ -1,12 +1,18 @@
 # Completions of postwright-verifyd for bash. Where nothing is offered here, bash offers files.
 
 _postwright_verifyd() {
+  local words='--help --version --listen --base --path-prefix --log-addresses --open-status'
+  words+=' --upstream --upstream-url --credentials --budget --cache --cache-lifetime --deadline'
+  words+=' --fallback'
+
   case $3 in
-    --base | --listen | --path-prefix) ;;
-    *)
-      mapfile -t COMPREPLY < <(
-        compgen -W '--help --version --listen --base --path-prefix --log-addresses' -- "$2")
+    --upstream) words='postal-v3 verify-xml' ;;
+    --fallback) words='base none' ;;
+    --base | --listen | --path-prefix | --upstream-url | --credentials | --budget | --cache | \
+      --cache-lifetime | --deadline)
+      return
       ;;
   esac
+  mapfile -t COMPREPLY < <(compgen -W "$words" -- "$2")
 }
 complete -o bashdefault -o default -F _postwright_verifyd postwright-verifyd
