@@ -63,8 +63,9 @@ ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
 }
 
 void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) {
-  done(std::visit([](auto&& decided) -> AddressAnswer { return std::move(decided); },
-                  Decide(asked)));
+  std::variant<ReplyFields, Rejection> decided = Decide(asked);
+  auto* const fields = std::get_if<ReplyFields>(&decided);
+  done(fields != nullptr ? AddressAnswer(std::move(*fields)) : std::get<Rejection>(decided));
 }
 
 std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& asked) const {
