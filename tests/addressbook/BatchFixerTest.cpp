@@ -2,12 +2,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QProcess>
 #include <QTest>
 #include <QTimer>
 
 #include "apps/CharacterLocale.h"
 #include "apps/addressbook/fix/BatchFixer.h"
+#include "tests/support/ServiceProcess.h"
 
 namespace postwright::addressbook {
 
@@ -23,8 +23,6 @@ class BatchFixerTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase();
-  void cleanupTestCase();
   void tellsWhatBecameOfEach();
   void tellsNothingWhenCancelled();
   void asksTheServerOfTheOptions();
@@ -33,23 +31,9 @@ class BatchFixerTest : public QObject {
   // Has the user wait for the answers and press a button of the batch window.
   void press(const char* button);
 
-  QProcess _service;
-  QString _server;
+  ServiceProcess _service;
+  const std::string _server = GetDeployment().verifyHost;
 };
-
-void BatchFixerTest::initTestCase() {
-  _service.start(POSTWRIGHT_VERIFYD, {"--listen", "127.0.0.1:0"});
-  _service.setReadChannel(QProcess::StandardError);
-  QVERIFY(_service.waitForStarted());
-  QTRY_VERIFY_WITH_TIMEOUT(_service.canReadLine(), 30000);
-  _server = QString::fromUtf8(_service.readLine()).section("listening on ", 1).trimmed();
-  QVERIFY(!_server.isEmpty());
-}
-
-void BatchFixerTest::cleanupTestCase() {
-  _service.terminate();
-  QVERIFY(_service.waitForFinished());
-}
 
 void BatchFixerTest::press(const char* button) {
   QTimer::singleShot(0, this, [button] {
@@ -63,7 +47,7 @@ void BatchFixerTest::press(const char* button) {
 }
 
 void BatchFixerTest::tellsWhatBecameOfEach() {
-  BatchFixer fixer(_server.toStdString());
+  BatchFixer fixer(_server);
   press("bnUpdate");
   const QList<FixOutcome> outcomes = fixer.fix(kLabels, {}, nullptr);
   QCOMPARE(outcomes.size(), 3);
@@ -75,19 +59,20 @@ void BatchFixerTest::tellsWhatBecameOfEach() {
 }
 
 void BatchFixerTest::tellsNothingWhenCancelled() {
-  BatchFixer fixer(_server.toStdString());
+  BatchFixer fixer(_server);
   press("bnCancel");
   QVERIFY(fixer.fix(kLabels, {}, nullptr).isEmpty());
 }
 
 // The server of the options counts where the command line names none.
 void BatchFixerTest::asksTheServerOfTheOptions() {
+  SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "127.0.0.1"});
   BatchFixer fixer({});
-  FixOptions options{TextCase::Mixed, false, {}, _server};
+  FixOptions options{TextCase::Mixed, false, {}, QString::fromStdString(_server)};
   press("bnUpdate");
   const QList<FixOutcome> outcomes = fixer.fix({kLabels[1]}, options, nullptr);
   QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");
-  QCOMPARE(GetDeployment().verifyHost, _server.toStdString());
+  QCOMPARE(GetDeployment().verifyHost, _server);
 }
 
 }  // namespace postwright::addressbook

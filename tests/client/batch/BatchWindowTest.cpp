@@ -16,8 +16,8 @@
 #include <QToolButton>
 
 #include "tests/client/ClientTestMain.h"
-#include "tests/client/batch/ServiceProcess.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/ServiceProcess.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)
 
