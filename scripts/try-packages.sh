@@ -1,0 +1,88 @@
+#!/usr/bin/env bash
+# Tries the packages in build-packages/ (scripts/make-packages.sh) on a Debian 12 that holds nothing
+# else: makes a root with debootstrap, installs them, runs what they bring, builds a program against
+# them, purges them, and looks for anything left. Takes some minutes and 1 GB, and needs root.
+#
+#   MIRROR=http://... scripts/try-packages.sh     (otherwise the mirror that apt uses here)
+#
+# TMPDIR says where the root is made; it is removed at the end.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+if [ "$(id -u)" -ne 0 ] || ! command -v debootstrap > /dev/null; then
+  echo "This needs to be root, and the Debian package debootstrap." >&2
+  exit 1
+fi
+mapfile -t packages < <(find build-packages -name '*.deb' ! -name '*-dbgsym_*' | sort)
+if [ ${#packages[@]} -eq 0 ]; then
+  echo "There are no packages: scripts/make-packages.sh builds them." >&2
+  exit 1
+fi
+# shellcheck disable=SC2016  # apt's own variable
+mirror=${MIRROR:-$(apt-get indextargets --format '$(SITE)' 'Codename: bookworm' 'Created-By: Packages' | head -n 1)}
+
+root=$(mktemp --directory --tmpdir postwright-root.XXXXXX)
+finish() {
+  umount "$root/proc" 2> /dev/null || true
+  rm --recursive --force --one-file-system "$root"
+}
+trap finish EXIT
+
+inside() { chroot "$root" env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/try "$@"; }
+step() { printf '\n%4d s  %s\n' "$SECONDS" "$*"; }
+
+step "A bare system"
+debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" || { tail "$root.log"; exit 1; }
+rm "$root.log"
+mount -t proc proc "$root/proc"
+mkdir "$root/try"
+cp "${packages[@]}" tests/consumer/core/label-checker.cpp examples/books/friends.csv "$root/try"
+
+step "Installing ${#packages[@]} packages"
+apt() {
+  inside DEBIAN_FRONTEND=noninteractive apt-get --quiet --quiet --yes "$@" > "$root/try/log" 2>&1 ||
+    { cat "$root/try/log"; exit 1; }
+}
+apt install --no-install-recommends "${packages[@]/#build-packages//try}"
+
+step "Running the programs"
+# shellcheck disable=SC2016  # variables of the shell inside
+inside bash -euc '
+  cd /try
+  for program in postwright postwright-verifyd postwright-addressbook; do
+    $program --version
+    $program --help > /dev/null
+  done
+  coproc daemon { exec postwright-verifyd --listen 127.0.0.1:0 2>&1; }
+  read -r -t 30 -u "${daemon[0]}" line
+  printf "jane doe\n12 north main street apartment 4\naustin texas 78701\n" > label.txt
+  postwright fix --server "${line##* }" label.txt
+  printf "\"12 north main street\\\\naustin texas 78701\"\n" | postwright fix --jsonl --server "${line##* }"
+  kill "$daemon_PID"
+  # A window stays open until it is closed.
+  status=0
+  QT_QPA_PLATFORM=offscreen timeout 5 postwright-addressbook friends.csv 2> /dev/null || status=$?
+  test "$status" -eq 124'
+
+step "Building a program against libpostwright-core-dev"
+apt install --no-install-recommends g++ pkg-config
+# shellcheck disable=SC2016
+inside sh -euc '
+  cd /try
+  g++ -std=c++20 label-checker.cpp -o label-checker $(pkg-config --cflags --libs postwright-core)
+  ./label-checker'
+
+step "Purging"
+mapfile -t names < <(for package in "${packages[@]}"; do dpkg-deb --field "$package" Package; done)
+apt purge "${names[@]}"
+inside dpkg --list | awk '/postwright/ { print "still known to dpkg:", $0; left = 1 } END { exit left }'
+if inside find / -xdev \( -path /proc -o -path /try \) -prune -o -iname '*postwright*' -print | grep .; then
+  echo "These files are left." >&2
+  exit 1
+fi
+if inside grep postwright /etc/passwd /etc/group; then
+  echo "These accounts are left." >&2
+  exit 1
+fi
+
+step "Everything was installed, ran, and left nothing."
