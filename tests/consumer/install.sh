@@ -15,6 +15,15 @@ for program in "$prefix"/bin/*; do
   ls "$prefix"/share/man/man[18]/"$name".[18] "$prefix/share/bash-completion/completions/$name" > /dev/null
 done
 
+# What is loaded is named in the notices.
+find "$prefix" -type f \( -perm /u+x -path '*/bin/*' -o -name 'libpostwright*.so.*' \) -exec readelf --dynamic {} + |
+  sed -nE 's/.*NEEDED.*\[lib([A-Za-z]+).*/\1/p' | sort --unique |
+  while read -r library; do
+    case $library in c | m | gcc | stdc | postwright) continue ;; esac
+    grep --quiet --ignore-case "$library.*loaded by" "$prefix/share/doc/postwright/NOTICE.md" ||
+      { echo "NOTICE.md does not name lib$library"; exit 1; }
+  done
+
 # The daemon finds its base, and the command finds the daemon.
 if [ -e "$prefix/bin/postwright-verifyd" ]; then
   coproc daemon { exec "$prefix/bin/postwright-verifyd" --listen 127.0.0.1:0 2>&1; }

@@ -31,4 +31,10 @@ for file in completions/*.fish; do with "fish --no-execute" "$file"; done
 if command -v groff > /dev/null; then
   pages man/*.in || status=1
 fi
+
+# Debian's build of the packages takes what ours takes, but for the tests.
+sed -nE '/the tests,|test:/d; s/^([a-z0-9+.-]+-dev) .*/\1/p' ../scripts/packages.txt |
+  while read -r package; do
+    grep --quiet "^ ${package}[ ,]" debian/control || { echo "debian/control does not build with $package"; exit 1; }
+  done || status=1
 exit "$status"
