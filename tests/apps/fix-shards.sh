@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Shards are worked by four workers that are killed in the middle, and gone on with as the tasks of
+# an array: every record is there once, in the order of the labels.
+#
+#   fix-shards.sh PROGRAMS SCRIPT
+set -euo pipefail
+export POSTWRIGHT=$1/postwright
+script=$2
+folder=$(mktemp --directory)
+service=
+trap 'kill "$service" 2> /dev/null || true; rm -rf "$folder"' EXIT
+cd "$folder"
+
+"${POSTWRIGHT}-verifyd" --listen 127.0.0.1:0 2> log &
+service=$!
+server=
+for ((tries = 0; tries < 100 && ${#server} == 0; ++tries)); do
+  sleep 0.05
+  server=$(sed -n 's/^postwright-verifyd: listening on //p' log)
+done
+
+for ((i = 0; i < 4000; ++i)); do
+  echo "{\"id\":$i,\"address\":\"$i main street\\naustin tx 78701\"}"
+done > labels.jsonl
+sed --in-place 's/^{"id":777,.*/{"id":777}/' labels.jsonl  # no label
+"$script" split labels.jsonl shards 250
+if "$script" join shards 2> complaint; then
+  echo "joined what is not there" >&2
+  exit 1
+fi
+grep --quiet 'shards/000000.fixed is missing' complaint
+
+export server script
+# shellcheck disable=SC2016
+setsid xargs --max-procs=4 --replace "$script" shard {} --server "$server" \
+  < <(printf '%s\n' shards/*.labels) 2> killed &
+workers=$!
+while [ "$(cat shards/*.part shards/*.fixed 2> /dev/null | wc --lines)" -lt 500 ]; do sleep 0.02; done
+kill -KILL -- "-$workers"
+wait "$workers" || true
+[ "$(find shards -name '*.fixed' | wc --lines)" -lt 16 ]
+
+for task in 1 2 3 4; do
+  SLURM_ARRAY_TASK_ID=$task SLURM_ARRAY_TASK_MIN=1 SLURM_ARRAY_TASK_COUNT=4 \
+    "$script" work shards --server "$server" 2> "task$task" &
+done
+wait -n && wait -n && wait -n && wait -n
+
+"$script" join shards > records.jsonl
+diff <(seq 0 3999 | grep --invert-match --line-regexp 777) \
+  <(sed -n 's/^{"id":\([0-9]*\),.*"status":[01]}$/\1/p' records.jsonl)
+[ "$(wc --lines < records.jsonl)" -eq 4000 ]
