@@ -29,6 +29,11 @@ int urgency(CheckState state) {
   return 3;
 }
 
+// A tool tip is read as HTML where it looks like it, and a label may hold anything.
+QString asToolTip(const QString& label) {
+  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(label.toHtmlEscaped());
+}
+
 }  // namespace
 
 EntryModel::EntryModel(const Book& book, QObject* parent)
@@ -161,7 +166,7 @@ QVariant EntryModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return !hasTip                     ? QVariant()
              : index.column() == Checked ? text(row, Checked)
-                                         : _book.at(row).label;
+                                         : asToolTip(_book.at(row).label);
     case kStateRole:
       return static_cast<int>(_book.stateAt(row));
     default:

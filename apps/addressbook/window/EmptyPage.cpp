@@ -29,6 +29,7 @@ EmptyPage::EmptyPage(QWidget* parent)
   _title->setObjectName(QStringLiteral("emptyTitle"));
   _sentence->setAlignment(Qt::AlignCenter);
   _sentence->setWordWrap(true);
+  _sentence->setTextFormat(Qt::PlainText);
   _button->setObjectName(QStringLiteral("emptyStep"));
   auto* const layout = new QVBoxLayout(this);
   layout->setSpacing(kSpacing);

@@ -39,6 +39,7 @@ EntryPanel::EntryPanel(BookDocument& document, QWidget* parent)
       _sheetTitle(new QLabel(this)) {
   _editor->setObjectName(QStringLiteral("labelEditor"));
   _editor->setAccessibleName(tr("Lines of the label"));
+  _stateText->setTextFormat(Qt::PlainText);
   _stateText->setObjectName(QStringLiteral("stateText"));
   _stateText->setWordWrap(true);
   _sheetTitle->setForegroundRole(QPalette::PlaceholderText);

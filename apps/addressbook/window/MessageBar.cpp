@@ -23,6 +23,7 @@ MessageBar::MessageBar(QWidget* parent)
   setBackgroundRole(QPalette::AlternateBase);
   _text->setObjectName(QStringLiteral("messageText"));
   _text->setWordWrap(true);
+  _text->setTextFormat(Qt::PlainText);
   _text->setTextInteractionFlags(Qt::TextSelectableByMouse);
   _step->setObjectName(QStringLiteral("messageStep"));
   auto* const icon = new QToolButton(this);  // a label would keep the colours of one palette
