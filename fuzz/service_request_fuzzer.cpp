@@ -39,7 +39,7 @@ bool IsWhole(std::string_view body) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const ZipBase base;
   static Verifier verifier(base);
-  static VerifyService service(verifier, {});
+  static VerifyService service(verifier, nullptr, {});
   const std::string query(data, data + size);
   int answers = 0;
   const auto check = [&answers](const HttpReply& reply) {

@@ -89,8 +89,8 @@ struct VerifyService::Document {
   const Respond respond;
 };
 
-VerifyService::VerifyService(AnswerSource& source, Options options)
-    : source_(source), options_(std::move(options)) {}
+VerifyService::VerifyService(AnswerSource& source, const UserList* users, Options options)
+    : source_(source), users_(users), options_(std::move(options)) {}
 
 void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
   if (request.path != options_.pathPrefix + std::string(kPath)) {
@@ -120,6 +120,11 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
     ++counts_.unreadable;
     return respond(XmlReply(VerifyReply::ComposeFault(*fault),
                             "api=Verify fault=" + std::string(FaultName(*fault))));
+  }
+  if (users_ != nullptr && !users_->Allows(std::get<VerifyRequest>(read).userId)) {
+    ++counts_.strangers;
+    return respond(
+        XmlReply(VerifyReply::ComposeFault(RequestFault::NoUser), "api=Verify fault=unknown-user"));
   }
   ++counts_.documents;
   const auto document =

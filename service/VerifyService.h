@@ -7,15 +7,17 @@
 #include <string_view>
 
 #include "service/AnswerSource.h"
+#include "service/UserList.h"
 #include "service/http/HttpMessage.h"
 
 namespace postwright::service {
 
 // What became of the documents and addresses since the start.
 struct TrafficCounts {
-  std::atomic<uint64_t> documents = 0;  // that could be read
+  std::atomic<uint64_t> documents = 0;  // that could be read and were answered
   std::atomic<uint64_t> unreadable = 0;
-  std::atomic<uint64_t> found = 0;  // addresses, as the two below
+  std::atomic<uint64_t> strangers = 0;  // of a user who is not on the list
+  std::atomic<uint64_t> found = 0;      // addresses, as the two below
   std::atomic<uint64_t> rejected = 0;
   std::atomic<uint64_t> unanswered = 0;
 };
@@ -23,11 +25,11 @@ struct TrafficCounts {
 // The Verify interface as an HTTP handler: GET or POST /ShippingAPI.dll?API=Verify&XML=…
 //
 //   Verifier source(base);
-//   VerifyService service(source, {});
+//   VerifyService service(source, nullptr, {});
 //   HttpServer server(address, {}, std::bind_front(&VerifyService::Answer, &service), log);
 //
 // Every answer to the interface's own path is HTTP 200, errors too: clients of the interface look
-// at the document. Borrows the source. Any thread may call Answer.
+// at the document. Borrows the source and the users. Any thread may call Answer.
 class VerifyService {
  public:
   struct Options {
@@ -35,7 +37,8 @@ class VerifyService {
     bool logAddresses = false;  // the note of an answer tells the address, not only its outcome
   };
 
-  VerifyService(AnswerSource& source, Options options);
+  // `users` may be null: then everybody who gives a USERID is answered.
+  VerifyService(AnswerSource& source, const UserList* users, Options options);
 
   // Answers when the source has answered every address of the document, at once or later; never
   // waits. The service must live until then.
@@ -51,6 +54,7 @@ class VerifyService {
   std::string Note(const Document& document) const;
 
   AnswerSource& source_;
+  const UserList* const users_;
   Options options_;
   TrafficCounts counts_;
 };

@@ -1,38 +1,16 @@
 #include "apps/verifyd/GatewayOptions.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 
+#include "apps/verifyd/TimeOption.h"
 #include "service/upstream/UpstreamUrl.h"
 
 namespace postwright::service {
 namespace {
 
-constexpr long kLongestDeadline = 25;  // seconds; a connection ends after 60, whatever it waits for
 constexpr const char* kNone = "none";
-
-// Reads "30d", "12h", "90min" or "45s", of a second at least and ten years at most.
-std::optional<std::chrono::seconds> ParseDuration(const std::string& text) {
-  constexpr std::chrono::seconds kLongest = std::chrono::hours(24 * 3650);
-  const std::pair<std::string_view, std::chrono::seconds> units[] = {
-      {"d", std::chrono::hours(24)},
-      {"h", std::chrono::hours(1)},
-      {"min", std::chrono::minutes(1)},
-      {"s", std::chrono::seconds(1)},
-  };
-  int number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, number);
-  for (const auto& [name, unit] : units) {
-    if (error == std::errc() && name == std::string_view(rest, static_cast<size_t>(end - rest)) &&
-        number > 0 && number <= kLongest / unit) {
-      return number * unit;
-    }
-  }
-  return std::nullopt;
-}
 
 // Where answers are kept unless the command line says: in the state folder that systemd gives a
 // service, or in the user's cache folder.
@@ -64,26 +42,6 @@ void ReadUpstream(GatewayOptions& options) {
   }
 }
 
-// What the options say together, once they are read.
-void Complete(GatewayOptions& options, const std::string& cache) {
-  if (!options.IsGateway()) {
-    return;
-  }
-  try {
-    ReadUpstream(options);
-  } catch (const std::invalid_argument& error) {
-    throw CLI::ValidationError("--upstream", error.what());
-  }
-  if (options.credentials.empty()) {
-    throw CLI::ValidationError("--credentials", "is needed with --upstream");
-  }
-  options.cache = cache.empty() ? DefaultCache() : cache == kNone ? std::string() : cache;
-  if (options.cache.empty() && cache.empty()) {
-    throw CLI::ValidationError("--cache",
-                               "is needed where neither STATE_DIRECTORY nor HOME is set");
-  }
-}
-
 void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
   app.add_option(
          "--upstream", options.upstream,
@@ -110,31 +68,15 @@ void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
       ->type_name("CALLS/TIME");
 }
 
-void AddAnswerOptions(CLI::App& app, GatewayOptions& options, std::string& cache) {
-  const auto duration = [&app](const std::string& name, std::chrono::seconds& target, long longest,
-                               const std::string& help, const std::string& form) {
-    app.add_option_function<std::string>(
-           name,
-           [name, &target, longest](const std::string& text) {
-             const auto read = ParseDuration(text);
-             if (!read || (longest > 0 && read->count() > longest)) {
-               throw CLI::ValidationError(
-                   name, "'" + text + "' is not as 30d, 12h or 20s" +
-                             (longest == 0 ? "" : " up to " + std::to_string(longest) + "s"));
-             }
-             target = *read;
-           },
-           help)
-        ->type_name(form);
-  };
-  app.add_option("--cache", cache,
+void AddAnswerOptions(CLI::App& app, GatewayOptions& options) {
+  app.add_option("--cache", options.cache,
                  "Where the upstream's answers are kept, or 'none' (default: answers.sqlite in "
                  "STATE_DIRECTORY or the user's cache folder)")
       ->type_name("FILE");
-  duration("--cache-lifetime", options.lifetime, 0, "How long they are good for (default 30d)",
-           "TIME");
-  duration("--deadline", options.deadline, kLongestDeadline,
-           "How long a request waits for the upstream (default 20s)", "TIME");
+  AddTimeOption(app, "--cache-lifetime", options.lifetime,
+                "How long they are good for (default 30d)");
+  AddTimeOption(app, "--deadline", options.deadline,
+                "How long a request waits for the upstream (default 20s)");
   app.add_option_function<std::string>(
          "--fallback",
          [&options](const std::string& text) {
@@ -154,10 +96,31 @@ void AddAnswerOptions(CLI::App& app, GatewayOptions& options, std::string& cache
 }  // namespace
 
 void AddGatewayOptions(CLI::App& app, GatewayOptions& options) {
-  const auto cache = std::make_shared<std::string>();
   AddUpstreamOptions(app, options);
-  AddAnswerOptions(app, options, *cache);
-  app.final_callback([&options, cache] { Complete(options, *cache); });
+  AddAnswerOptions(app, options);
+}
+
+void CompleteGatewayOptions(GatewayOptions& options) {
+  if (!options.IsGateway()) {
+    return;
+  }
+  try {
+    ReadUpstream(options);
+  } catch (const std::invalid_argument& error) {
+    throw CLI::ValidationError("--upstream", error.what());
+  }
+  if (options.credentials.empty()) {
+    throw CLI::ValidationError("--credentials", "is needed with --upstream");
+  }
+  if (options.cache.empty()) {
+    options.cache = DefaultCache();
+    if (options.cache.empty()) {
+      throw CLI::ValidationError("--cache",
+                                 "is needed where neither STATE_DIRECTORY nor HOME is set");
+    }
+  } else if (options.cache == kNone) {
+    options.cache.clear();
+  }
 }
 
 }  // namespace postwright::service

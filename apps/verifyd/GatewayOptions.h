@@ -20,7 +20,7 @@ struct GatewayOptions {
   std::string url = "https://apis.usps.com";
   std::string credentials;
   std::optional<Budget::Rate> budget = Budget::Rate{};
-  std::string cache;  // empty: none
+  std::string cache;  // as it is given; once completed a file, empty for none
   std::chrono::seconds lifetime = std::chrono::hours(24 * 30);
   std::chrono::seconds deadline{20};
   bool fallsBack = false;
@@ -31,6 +31,9 @@ struct GatewayOptions {
 
 // Adds the options to `app`, which fills `options` in when it parses; both must live until then.
 void AddGatewayOptions(CLI::App& app, GatewayOptions& options);
+
+// What the options say together, once they are read. Throws CLI::ValidationError.
+void CompleteGatewayOptions(GatewayOptions& options);
 
 }  // namespace postwright::service
 

@@ -8,10 +8,10 @@
 namespace postwright::service {
 namespace {
 
-std::unique_ptr<Upstream> MakeUpstream(const GatewayOptions& options, const ZipBase& base,
+std::unique_ptr<Upstream> MakeUpstream(const GatewayOptions& options, const Zips& zips,
                                        const Clock& clock) {
   if (options.upstream[0] == "postal-v3") {
-    return std::make_unique<PostalApiUpstream>(options.url, options.credentials, base, clock,
+    return std::make_unique<PostalApiUpstream>(options.url, options.credentials, zips, clock,
                                                HttpClient::Limits());
   }
   return std::make_unique<VerifyXmlUpstream>(options.url, options.credentials,
@@ -29,13 +29,14 @@ void MakeFolderOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-GatewayParts::GatewayParts(const GatewayOptions& options, const ZipBase& base, AnswerSource& local,
-                           const Clock& clock, RequestLog& log)
-    : local_(local), log_(log) {
+GatewayParts::GatewayParts(const GatewayOptions& options, LocalBase& local, const Clock& clock,
+                           RequestLog& log)
+    : local_(local) {
   if (!options.IsGateway()) {
     return;
   }
-  upstream_ = MakeUpstream(options, base, clock);
+  const Zips zips = [&local] { return local.Zips(); };
+  upstream_ = MakeUpstream(options, zips, clock);
   if (!options.cache.empty()) {
     AnswerCache::Limits limits;
     limits.lifetime = options.lifetime;
@@ -44,26 +45,17 @@ GatewayParts::GatewayParts(const GatewayOptions& options, const ZipBase& base, A
   }
   Gateway::Limits limits;
   limits.deadline = options.deadline;
-  gateway_.emplace(*upstream_, base, Budget(options.budget), GetCache(), clock, limits, log);
+  gateway_.emplace(*upstream_, zips, Budget(options.budget), GetCache(), clock, limits, log);
   if (options.fallsBack) {
     fallback_.emplace(*gateway_, local_);
   }
 }
 
 AnswerSource& GatewayParts::Source() {
-  return fallback_ ? static_cast<AnswerSource&>(*fallback_) : gateway_ ? *gateway_ : local_;
-}
-
-void GatewayParts::ReloadCredentials() {
-  if (!gateway_) {
-    return;
+  if (fallback_) {
+    return *fallback_;
   }
-  try {
-    gateway_->ReloadCredentials();
-    log_.Write("the credentials were read again");
-  } catch (const std::exception& error) {
-    log_.Write(std::string(error.what()) + "; the old credentials stay in use");
-  }
+  return gateway_ ? static_cast<AnswerSource&>(*gateway_) : local_;
 }
 
 }  // namespace postwright::service

@@ -5,8 +5,7 @@
 #include <optional>
 
 #include "apps/verifyd/GatewayOptions.h"
-#include "service/AnswerSource.h"
-#include "service/address/ZipBase.h"
+#include "service/LocalBase.h"
 #include "service/gateway/AnswerCache.h"
 #include "service/gateway/FallbackSource.h"
 #include "service/gateway/Gateway.h"
@@ -21,13 +20,10 @@ namespace postwright::service {
 class GatewayParts {
  public:
   // Throws CredentialsError or StoreError where a file cannot be used. Borrows all but the options.
-  GatewayParts(const GatewayOptions& options, const ZipBase& base, AnswerSource& local,
-               const Clock& clock, RequestLog& log);
+  GatewayParts(const GatewayOptions& options, LocalBase& local, const Clock& clock,
+               RequestLog& log);
 
   AnswerSource& Source();
-
-  // Reads the credentials again and writes into the log how that went.
-  void ReloadCredentials();
 
   // Null where there is none.
   Gateway* GetGateway() { return gateway_ ? &*gateway_ : nullptr; }
@@ -35,8 +31,7 @@ class GatewayParts {
   FallbackSource* GetFallback() { return fallback_ ? &*fallback_ : nullptr; }
 
  private:
-  AnswerSource& local_;
-  RequestLog& log_;
+  LocalBase& local_;
   std::unique_ptr<Upstream> upstream_;
   std::optional<AnswerCache> cache_;
   std::optional<Gateway> gateway_;

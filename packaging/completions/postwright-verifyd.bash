@@ -1,17 +1,17 @@
 # Completions of postwright-verifyd for bash. Where nothing is offered here, bash offers files.
 
 _postwright_verifyd() {
-  local words='--help --version --listen --base --path-prefix --log-addresses --open-status'
+  local words='--help --version --listen --users --base --path-prefix --log-addresses'
+  words+=' --threads --connections --connections-per-address --idle-time --request-time'
+  words+=' --header-size --body-size --open-status'
   words+=' --upstream --upstream-url --credentials --budget --cache --cache-lifetime --deadline'
   words+=' --fallback'
 
   case $3 in
     --upstream) words='postal-v3 verify-xml' ;;
     --fallback) words='base none' ;;
-    --base | --listen | --path-prefix | --upstream-url | --credentials | --budget | --cache | \
-      --cache-lifetime | --deadline)
-      return
-      ;;
+    --open-status | --log-addresses | --help | --version) ;;
+    --*) return ;;
   esac
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$2")
 }

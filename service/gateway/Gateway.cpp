@@ -46,10 +46,10 @@ std::optional<AnswerCache::Kept> ToKeep(const AddressAnswer& answer) {
 
 }  // namespace
 
-Gateway::Gateway(Upstream& upstream, const ZipBase& base, Budget budget, AnswerCache* cache,
+Gateway::Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cache,
                  const Clock& clock, const Limits& limits, RequestLog& log)
     : upstream_(upstream),
-      base_(base),
+      zips_(std::move(zips)),
       cache_(cache),
       clock_(clock),
       limits_(limits),
@@ -88,7 +88,7 @@ Gateway::~Gateway() {
 }
 
 void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done done) {
-  const auto normal = NormaliseRequest(asked, base_);
+  const auto normal = NormaliseRequest(asked, *zips_());
   if (const auto* rejection = std::get_if<Rejection>(&normal)) {
     {
       const std::lock_guard lock(mutex_);

@@ -13,13 +13,13 @@
 #include <vector>
 
 #include "service/AnswerSource.h"
-#include "service/address/ZipBase.h"
 #include "service/gateway/AnswerCache.h"
 #include "service/gateway/Budget.h"
 #include "service/gateway/FairQueue.h"
 #include "service/http/RequestLog.h"
 #include "service/upstream/Clock.h"
 #include "service/upstream/Upstream.h"
+#include "service/upstream/Zips.h"
 
 namespace postwright::service {
 
@@ -50,8 +50,8 @@ struct GatewayState {
 // is being asked for is not asked for again, and calls keep within a budget and out of the pauses
 // that the upstream wants.
 //
-//   Gateway gateway(upstream, base, Budget(rate), &cache, clock, {}, log);
-//   VerifyService service(gateway, {});
+//   Gateway gateway(upstream, zips, Budget(rate), &cache, clock, {}, log);
+//   VerifyService service(gateway, nullptr, {});
 //
 // Addresses that are not in the cache wait in a bounded, fair queue, for `deadline` at most and
 // only where their turn can come within it; the others are told at once when to come again. A few
@@ -66,8 +66,8 @@ class Gateway final : public AnswerSource {
   };
 
   // `cache` may be null. Calls that it knows of count against the budget.
-  Gateway(Upstream& upstream, const ZipBase& base, Budget budget, AnswerCache* cache,
-          const Clock& clock, const Limits& limits, RequestLog& log);
+  Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cache, const Clock& clock,
+          const Limits& limits, RequestLog& log);
 
   // Breaks calls off; whoever still waits is told that the service ends.
   ~Gateway() override;
@@ -131,7 +131,7 @@ class Gateway final : public AnswerSource {
   static void Deliver(Deliveries deliveries);
 
   Upstream& upstream_;
-  const ZipBase& base_;
+  const Zips zips_;
   AnswerCache* const cache_;
   const Clock& clock_;
   const Limits limits_;

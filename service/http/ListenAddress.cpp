@@ -45,6 +45,10 @@ ListenAddress ListenAddress::Parse(std::string_view text) {
   return address;
 }
 
+bool ListenAddress::IsLoopback() const {
+  return host_ == "localhost" || host_ == "::1" || host_.starts_with("127.");
+}
+
 int ListenAddress::Open() const {
   addrinfo hints = {};
   hints.ai_socktype = SOCK_STREAM;

@@ -24,6 +24,9 @@ class ListenAddress {
   // Throws ListenError for a text of another form.
   static ListenAddress Parse(std::string_view text);
 
+  // Says whether this machine alone can connect. A name other than localhost counts as not.
+  bool IsLoopback() const;
+
   // Opens a listening socket, which is the caller's to close; port 0 takes a free one. Throws
   // ListenError where the address is none of this machine's or the port is taken.
   int Open() const;

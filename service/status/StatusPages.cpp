@@ -166,7 +166,7 @@ std::string StatusPages::Status() const {
                      FormatStretch(clock_.Now() - started_) + "\n\n";
   Line(page, "Documents",
        std::to_string(traffic.documents) + " read, " + std::to_string(traffic.unreadable) +
-           " that could not be");
+           " that could not be, " + std::to_string(traffic.strangers) + " of unknown users");
   Line(page, "Addresses",
        std::to_string(traffic.found) + " found, " + std::to_string(traffic.rejected) +
            " turned down, " + std::to_string(traffic.unanswered) + " without an answer");
@@ -191,10 +191,12 @@ std::string StatusPages::Status() const {
 std::string StatusPages::Metrics() const {
   const TrafficCounts& traffic = sources_.traffic;
   std::string page;
-  Metric(page, "postwright_documents_total", "counter", "Requests that could be read.",
+  Metric(page, "postwright_documents_total", "counter", "Requests that were answered.",
          std::to_string(traffic.documents));
   Metric(page, "postwright_unreadable_documents_total", "counter", "Requests that could not.",
          std::to_string(traffic.unreadable));
+  Metric(page, "postwright_unauthorised_documents_total", "counter", "Requests of unknown users.",
+         std::to_string(traffic.strangers));
   page +=
       "# HELP postwright_addresses_total Addresses by what became of them.\n"
       "# TYPE postwright_addresses_total counter\n";

@@ -21,13 +21,12 @@ bool IsUnauthorised(const UpstreamOutcome& outcome) {
 
 }  // namespace
 
-PostalApiUpstream::PostalApiUpstream(const std::string& url, std::string credentials,
-                                     const ZipBase& base, const Clock& clock,
-                                     const HttpClient::Limits& limits)
+PostalApiUpstream::PostalApiUpstream(const std::string& url, std::string credentials, Zips zips,
+                                     const Clock& clock, const HttpClient::Limits& limits)
     : name_("postal-v3 " + url),
       addressUrl_(url + "/addresses/v3/address?"),
       credentialsFile_(std::move(credentials)),
-      base_(base),
+      zips_(std::move(zips)),
       client_(limits),
       tokens_(url + "/oauth2/v3/token", LoadCredentials(credentialsFile_), client_, clock) {}
 
@@ -61,7 +60,7 @@ UpstreamOutcome PostalApiUpstream::Call(const RequestAddress& normal, const std:
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
     return {UpstreamFault{failure->kind, {}, failure->detail}, failure->isSent ? 1U : 0U};
   }
-  return {PostalApi::Read(std::get<HttpAnswer>(answer), normal, base_), 1};
+  return {PostalApi::Read(std::get<HttpAnswer>(answer), normal, *zips_()), 1};
 }
 
 }  // namespace postwright::service

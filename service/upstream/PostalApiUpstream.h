@@ -3,27 +3,27 @@
 
 #include <string>
 
-#include "service/address/ZipBase.h"
 #include "service/upstream/HttpClient.h"
 #include "service/upstream/TokenKeeper.h"
 #include "service/upstream/Upstream.h"
+#include "service/upstream/Zips.h"
 
 namespace postwright::service {
 
 // The postal service's Addresses API, version 3, behind OAuth 2.0.
 //
-//   PostalApiUpstream upstream("https://apis.usps.com", "/etc/postwright/postal.credentials", base,
+//   PostalApiUpstream upstream("https://apis.usps.com", "/etc/postwright/postal.credentials", zips,
 //                              clock, {});
 //   const UpstreamOutcome outcome = upstream.Ask(normal);
 //
 // One call an address. A call that is turned down with 401 gets one new token and is made once
-// more. Borrows the base and the clock.
+// more. Borrows the clock.
 class PostalApiUpstream final : public Upstream {
  public:
   // `url` is the API's host with its scheme and without a slash at the end. Throws CredentialsError
   // where `credentials` cannot be used or lacks client_id or client_secret.
-  PostalApiUpstream(const std::string& url, std::string credentials, const ZipBase& base,
-                    const Clock& clock, const HttpClient::Limits& limits);
+  PostalApiUpstream(const std::string& url, std::string credentials, Zips zips, const Clock& clock,
+                    const HttpClient::Limits& limits);
 
   const std::string& Name() const override { return name_; }
   UpstreamOutcome Ask(const RequestAddress& normal) override;
@@ -36,7 +36,7 @@ class PostalApiUpstream final : public Upstream {
   const std::string name_;
   const std::string addressUrl_;
   const std::string credentialsFile_;
-  const ZipBase& base_;
+  const Zips zips_;
   HttpClient client_;
   TokenKeeper tokens_;
 };

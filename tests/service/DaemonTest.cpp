@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <atomic>
 #include <thread>
 
 #include "tests/service/Daemon.h"
@@ -112,6 +113,69 @@ TEST(DaemonTest, SwallowsNeitherHeadersNorItsOwnLog) {
   EXPECT_LT(daemon.ResidentKilobytes() - before, kGrowth);
 }
 
+// Reads the log up to a line that ends so.
+void AwaitLine(Daemon& daemon, const std::string& end) {
+  std::string line = daemon.ReadLine();
+  while (!line.empty() && !line.ends_with(end)) {
+    line = daemon.ReadLine();
+  }
+  EXPECT_NE(line, "") << end;
+}
+
+// Beyond loopback, too: a connection to no address at all is one to this machine.
+TEST(DaemonTest, AnswersItsUsersAlone) {
+  const TempFolder folder;
+  const std::string users = folder.Write("users", "# ours\n\n 1\r\n22\n");
+  Daemon daemon({"--listen", "0.0.0.0:0", "--users", users});
+  Socket client(daemon.ReadAddress());
+  EXPECT_TRUE(IsGood(Ask(client)));
+  folder.Write("users", "11\n");
+  daemon.Signal(SIGHUP);
+  AwaitLine(daemon, "the list of users was read again");
+  EXPECT_NE(Ask(client).find("<Number>80040B1A</Number>"), std::string::npos);
+  AwaitLine(daemon, " api=Verify fault=unknown-user");
+  folder.Write("users", "1\nJane Doe\n");
+  daemon.Signal(SIGHUP);
+  AwaitLine(daemon,
+            "users: line 2: is not a USERID of up to 100 letters without a blank; the old "
+            "list of users stays in use");
+  EXPECT_FALSE(IsGood(Ask(client)));
+}
+
+TEST(DaemonTest, ReadsItsBaseAgainUnderRequests) {
+  const TempFolder folder;
+  const std::string base = folder.Write("base.tsv", "78701\tAustin\tTX\n");
+  Daemon daemon({"--listen", "127.0.0.1:0", "--base", base});
+  const std::string address = daemon.ReadAddress();
+  std::atomic<bool> isOver = false;
+  std::atomic<int> lost = 0;
+  std::vector<std::thread> clients;
+  for (int i = 0; i < 2; ++i) {
+    clients.emplace_back([&] {
+      for (Socket client(address); !isOver;) {
+        const std::string answer = Ask(client);
+        lost += IsGood(answer) || answer.find("<City>HUTTO</City>") < answer.size() ? 0 : 1;
+      }
+    });
+  }
+  Socket client(address);
+  for (const char* city : {"Hutto", "Austin", "Hutto", "broken"}) {
+    folder.Write("base.tsv", std::string("78701\t") + city + "\tTX\n");
+    if (city == std::string("broken")) {
+      folder.Write("base.tsv", "78701,Austin,TX\n");
+    }
+    daemon.Signal(SIGHUP);
+    AwaitLine(daemon, city == std::string("broken") ? "; the old base stays in use"
+                                                    : "the base was read again");
+    EXPECT_EQ(IsGood(Ask(client)), city == std::string("Austin"));
+  }
+  isOver = true;
+  for (std::thread& thread : clients) {
+    thread.join();
+  }
+  EXPECT_EQ(lost, 0);
+}
+
 TEST(DaemonTest, SaysWhatWouldBeRight) {
   Daemon holder({"--listen", "127.0.0.1:0"});
   const std::string taken = holder.ReadAddress();
@@ -136,6 +200,12 @@ TEST(DaemonTest, SaysWhatWouldBeRight) {
       {{"--path-prefix", "usps", "--listen", "127.0.0.1:0"},
        2,
        "'usps' does not begin with a slash"},
+      {{"--listen", "[::]:0"}, 2, "--users: is needed to listen on [::]:0, where other machines"},
+      {{"--users", "/dev/null"}, 1, "/dev/null: holds no USERID; it has one a line"},
+      {{"--users", "/nonexistent"}, 1, "/nonexistent: cannot be read: No such file"},
+      {{"--connections", "0"}, 2, "--connections: Value 0 not in range"},
+      {{"--body-size", "1K"}, 2, "--body-size"},
+      {{"--idle-time", "60s"}, 2, "--request-time: must be longer than a silence"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);

@@ -30,7 +30,7 @@ const ZipBase& Base() {
 
 HttpReply AnswerAt(const HttpRequest& request, const std::string& pathPrefix) {
   Verifier verifier(Base());
-  VerifyService service(verifier, {pathPrefix, false});
+  VerifyService service(verifier, nullptr, {pathPrefix, false});
   HttpReply answer;
   service.Answer(request, [&](HttpReply reply) { answer = std::move(reply); });
   return answer;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <thread>
 
+#include "service/store/Sqlite.h"
 #include "service/upstream/HttpClient.h"
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
@@ -145,12 +146,39 @@ TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
   daemon.ReadLine();
   chmod((folder_.File("credentials")).c_str(), 0644);
   daemon.Signal(SIGHUP);
-  ExpectHolds(daemon.ReadLine(), {"chmod 600", "the old credentials stay in use"});
+  ExpectHolds(daemon.ReadLine(), {"the base was read again"});
+  ExpectHolds(daemon.ReadLine(), {"chmod 600", "the old file of credentials stays in use"});
   WriteCredentials("secret");
   daemon.Signal(SIGHUP);
-  ExpectHolds(daemon.ReadLine(), {"the credentials were read again"});
+  daemon.ReadLine();
+  ExpectHolds(daemon.ReadLine(), {"the file of credentials was read again"});
   EXPECT_EQ(Ask(address, {"1"}),
             kDeclaration + "<AddressValidateResponse>" + Found("1") + "</AddressValidateResponse>");
+}
+
+// Neither a cache that another program holds nor a full disk makes an error of a good answer.
+TEST_F(GatewayDaemonTest, AnswersWhatItCannotKeep) {
+  for (const char* street : {"1 MAIN STREET", "2 MAIN STREET", "3 MAIN STREET"}) {
+    api_.Say(street, 200, PostalStandIn::Found(std::string(1, street[0]) + " MAIN ST"));
+  }
+  const auto whole = [&](const std::string& number) {
+    return kDeclaration + "<AddressValidateResponse>" + Found(number) +
+           "</AddressValidateResponse>";
+  };
+  Daemon daemon(Arguments({}));
+  const std::string address = daemon.ReadAddress();
+  EXPECT_EQ(Ask(address, {"1"}), whole("1"));
+  {
+    SqliteFile other(folder_.File("new/answers.sqlite"), std::chrono::seconds(1));
+    other.Run("BEGIN IMMEDIATE");
+    EXPECT_EQ(Ask(address, {"2"}), whole("2"));
+    EXPECT_EQ(Ask(address, {"1"}), whole("1"));
+    EXPECT_EQ(api_.Addresses(), 2);
+  }
+  daemon.LimitFiles(0);
+  EXPECT_EQ(Ask(address, {"3"}), whole("3"));
+  EXPECT_EQ(Body(Get(address, "/metrics")).find("postwright_cache_failures_total 0"),
+            std::string::npos);
 }
 
 TEST_F(GatewayDaemonTest, FinishesWhatWaitsForTheUpstream) {
@@ -185,7 +213,10 @@ TEST_F(GatewayDaemonTest, SaysWhatWouldBeRight) {
       {{"--upstream", "verify-xml", "a@b", "--credentials", good}, 2, "is not HOST[:PORT]"},
       {{"--upstream", "postal-v3", "--upstream-url", "http://example.com"}, 2, "is not https://"},
       {{"--budget", "60"}, 2, "'60' is not as 60/h, 5/min or none"},
-      {{"--deadline", "26s"}, 2, "'26s' is not as 30d, 12h or 20s up to 25s"},
+      {{"--deadline", "20"}, 2, "'20' is not as 30d, 12h or 20s"},
+      {{"--upstream", "postal-v3", "--credentials", good, "--deadline", "30s"},
+       2,
+       "--request-time: must be longer than a silence and an answer together, which may take 60s"},
       {{"--cache-lifetime", "0d"}, 2, "'0d' is not as 30d, 12h or 20s"},
       {{"--fallback", "cache"}, 2, "takes 'base' or 'none'"},
       {{"--upstream", "postal-v3", "--credentials", "/nonexistent"}, 1, "/nonexistent: cannot be"},

@@ -118,7 +118,8 @@ class GatewayTest : public testing::Test {
     gateway_.reset();
     upstream_.Resume();
     cache_.emplace(folder_.File("answers"), upstream_.Name(), clock_, AnswerCache::Limits());
-    gateway_.emplace(upstream_, base_, Budget(rate_), &*cache_, clock_, limits_, log_);
+    gateway_.emplace(
+        upstream_, [this] { return zips_; }, Budget(rate_), &*cache_, clock_, limits_, log_);
   }
 
   // What becomes of an address whose delivery line begins with `number`.
@@ -149,7 +150,7 @@ class GatewayTest : public testing::Test {
 
   const TempFolder folder_;
   ManualClock clock_;
-  ZipBase base_;
+  std::shared_ptr<ZipBase> zips_ = std::make_shared<ZipBase>();
   RequestLog log_{-1, ""};
   ScriptedUpstream upstream_;
   std::optional<Budget::Rate> rate_ = Budget::Rate{100, seconds(3600)};
@@ -353,9 +354,9 @@ TEST_F(GatewayTest, AnswersManyAtOnce) {
 }
 
 TEST_F(GatewayTest, FallsBackOnTheBaseUnconfirmed) {
-  base_.Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
+  zips_->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
   Start();
-  Verifier verifier(base_);
+  Verifier verifier(*zips_);
   FallbackSource source(*gateway_, verifier);
   // A base that knows streets would say all this.
   class Confident final : public AnswerSource {

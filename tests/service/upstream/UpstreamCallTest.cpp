@@ -44,7 +44,7 @@ class PostalUpstreamTest : public testing::Test {
 
   PostalApiUpstream& Upstream() {
     if (!upstream_) {
-      upstream_.emplace(api_.Url(), credentials_, base_, clock_, limits_);
+      upstream_.emplace(api_.Url(), credentials_, zips_, clock_, limits_);
     }
     return *upstream_;
   }
@@ -54,7 +54,7 @@ class PostalUpstreamTest : public testing::Test {
   const TempFolder folder_;
   std::string credentials_ =
       folder_.Write("good", "# comment\n\n client_id = id\r\nclient_secret=secret");
-  ZipBase base_;
+  Zips zips_ = [] { return std::make_shared<ZipBase>(); };
   ManualClock clock_;
   HttpClient::Limits limits_;
   PostalStandIn api_;
@@ -189,7 +189,7 @@ TEST_F(PostalUpstreamTest, TellsFailuresApart) {
   std::thread([this] { Upstream().Stop(); }).join();
   EXPECT_NE(Show(Ask()), "found");
   api_.Release();
-  PostalApiUpstream away("http://127.0.0.1:1", credentials_, base_, clock_, limits_);
+  PostalApiUpstream away("http://127.0.0.1:1", credentials_, zips_, clock_, limits_);
   EXPECT_EQ(Show(away.Ask(Main())), "unreachable");
 }
 
@@ -264,7 +264,7 @@ TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   ZipBase base;
   base.Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
   Verifier verifier(base);
-  VerifyService service(verifier, {"/usps", false});
+  VerifyService service(verifier, nullptr, {"/usps", false});
   RequestLog log(-1, "");
   HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {},
                     std::bind_front(&VerifyService::Answer, &service), log);

@@ -1,0 +1,106 @@
+#include "apps/verifyd/ServiceOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <climits>
+
+#include "apps/verifyd/TimeOption.h"
+#include "service/http/ListenAddress.h"
+
+namespace postwright::service {
+namespace {
+
+constexpr unsigned kMostThreads = 64;
+constexpr unsigned kMostConnections = 100'000;
+constexpr size_t kLeastHeader = 4096;
+constexpr size_t kLeastBody = 1024;
+constexpr size_t kMostBytes = 1024 * 1024;
+
+// Says what is wrong with the value of --listen; the empty answer is consent.
+std::string CheckListen(const std::string& address) {
+  try {
+    ListenAddress::Parse(address);
+    return "";
+  } catch (const ListenError& error) {
+    return error.what();
+  }
+}
+
+std::string CheckPathPrefix(const std::string& path) {
+  return path.starts_with('/') && !path.ends_with('/')
+             ? ""
+             : "'" + path + "' does not begin with a slash or ends with one; right is /usps";
+}
+
+template <typename Number>
+void AddNumber(CLI::App& app, const std::string& name, Number& target, Number least, Number most,
+               const std::string& type, const std::string& help) {
+  const std::string bounds = std::to_string(least) + " to " + std::to_string(most);
+  app.add_option(name, target, help + ", " + bounds)
+      ->type_name(type)
+      ->check(CLI::Range(least, most).description(""));
+}
+
+void AddLimits(CLI::App& app, ServiceOptions& options) {
+  HttpServer::Limits& limits = options.limits;
+  const auto byDefault = [](const auto& value) {
+    return " (default " + std::to_string(value) + ")";
+  };
+  AddNumber(app, "--threads", limits.threads, 1U, kMostThreads, "NUMBER",
+            "Threads that answer (default: as many as processors, 2 to 8)");
+  AddNumber(app, "--connections", limits.connections, 1U, kMostConnections, "NUMBER",
+            "Connections in all" + byDefault(limits.connections));
+  AddNumber(app, "--connections-per-address", limits.connectionsPerAddress, 1U, kMostConnections,
+            "NUMBER",
+            "Connections of one client address; a proxy is one" +
+                byDefault(limits.connectionsPerAddress));
+  AddTimeOption(app, "--idle-time", limits.idle,
+                "How long a connection may be silent (default 30s)");
+  AddTimeOption(app, "--request-time", options.requestTime,
+                "How long a request may take, however it trickles in (default 60s)");
+  AddNumber(app, "--header-size", limits.bytesPerConnection, kLeastHeader, kMostBytes, "BYTES",
+            "Request line and headers together" + byDefault(limits.bytesPerConnection));
+  AddNumber(app, "--body-size", limits.bodyBytes, kLeastBody, kMostBytes, "BYTES",
+            "The body of a request" + byDefault(limits.bodyBytes));
+}
+
+}  // namespace
+
+void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
+  app.add_option("--listen", options.listen,
+                 "Where to listen, " + options.listen + " if not given; port 0 takes a free one")
+      ->type_name("ADDRESS:PORT")
+      ->check(CLI::Validator(CheckListen, ""));
+  app.add_option("--users", options.users,
+                 "The USERIDs that are answered, one a line; everybody if not given, which only a "
+                 "service for this machine may do. SIGHUP reads the file again")
+      ->type_name("FILE");
+  app.add_option("--base", options.bases,
+                 "What to know instead of the base that comes along; again for more files. SIGHUP "
+                 "reads them again")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
+  app.add_option("--path-prefix", options.answers.pathPrefix,
+                 "What stands in front of /ShippingAPI.dll, such as /usps")
+      ->type_name("PATH")
+      ->check(CLI::Validator(CheckPathPrefix, ""));
+  app.add_flag("--log-addresses", options.answers.logAddresses,
+               "Write addresses into the log; no line tells one otherwise")
+      ->disable_flag_override();
+  AddLimits(app, options);
+}
+
+void CompleteServiceOptions(ServiceOptions& options, std::chrono::seconds answerTime) {
+  if (options.users.empty() && !ListenAddress::Parse(options.listen).IsLoopback()) {
+    throw CLI::ValidationError(
+        "--users", "is needed to listen on " + options.listen + ", where other machines can ask");
+  }
+  // The time of a request begins with the silence in front of it.
+  if (options.requestTime <= options.limits.idle + answerTime) {
+    throw CLI::ValidationError(
+        "--request-time", "must be longer than a silence and an answer together, which may take " +
+                              std::to_string((options.limits.idle + answerTime).count()) + "s");
+  }
+  options.limits.request = options.requestTime;
+}
+
+}  // namespace postwright::service

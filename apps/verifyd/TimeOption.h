@@ -1,0 +1,20 @@
+#ifndef POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_
+#define POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_
+
+#include <chrono>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace postwright::service {
+
+// Adds an option whose value is "30d", "12h", "90min" or "45s": a second at least, ten years at
+// most. `target` must live until `app` has parsed.
+void AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
+                   const std::string& help);
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_

@@ -1,0 +1,45 @@
+#include "service/LocalBase.h"
+
+#include <utility>
+
+#include "service/Verifier.h"
+
+namespace postwright::service {
+
+struct LocalBase::Loaded {
+  explicit Loaded(const std::vector<std::filesystem::path>& files) {
+    for (const std::filesystem::path& file : files) {
+      zips.Load(file);
+    }
+  }
+
+  ZipBase zips;
+  Verifier verifier{zips};
+};
+
+LocalBase::LocalBase(std::vector<std::filesystem::path> files)
+    : files_(std::move(files)), loaded_(std::make_shared<Loaded>(files_)) {}
+
+LocalBase::~LocalBase() = default;
+
+void LocalBase::Reload() {
+  auto loaded = std::make_shared<Loaded>(files_);
+  const std::lock_guard lock(mutex_);
+  loaded_.swap(loaded);
+}
+
+void LocalBase::Find(const RequestAddress& asked, const std::string& asker, Done done) {
+  Get()->verifier.Find(asked, asker, std::move(done));
+}
+
+std::shared_ptr<const ZipBase> LocalBase::Zips() const {
+  const std::shared_ptr<Loaded> loaded = Get();
+  return {loaded, &loaded->zips};
+}
+
+std::shared_ptr<LocalBase::Loaded> LocalBase::Get() const {
+  const std::lock_guard lock(mutex_);
+  return loaded_;
+}
+
+}  // namespace postwright::service

@@ -1,0 +1,49 @@
+#ifndef POSTWRIGHT_SERVICE_LOCALBASE_H_
+#define POSTWRIGHT_SERVICE_LOCALBASE_H_
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "service/AnswerSource.h"
+#include "service/address/ZipBase.h"
+
+namespace postwright::service {
+
+// What the service knows by itself, read from files, and read again while it runs.
+//
+//   LocalBase base({"us-zips.tsv"});
+//   VerifyService service(base, nullptr, {});
+//   base.Reload();
+//
+// Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
+class LocalBase final : public AnswerSource {
+ public:
+  // Loads the files in their order. Throws BaseError where one cannot be used.
+  explicit LocalBase(std::vector<std::filesystem::path> files);
+  ~LocalBase() override;
+
+  // Loads them again. Throws BaseError; what was loaded before stays in use then.
+  void Reload();
+
+  // Answers within the call, as Verifier does.
+  void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
+
+  // Returns the ZIP codes as they are now; they stay as they are while the pointer is held.
+  std::shared_ptr<const ZipBase> Zips() const;
+
+ private:
+  struct Loaded;
+
+  std::shared_ptr<Loaded> Get() const;
+
+  const std::vector<std::filesystem::path> files_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<Loaded> loaded_;  // never null
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_LOCALBASE_H_
