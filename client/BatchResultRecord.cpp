@@ -1,5 +1,7 @@
 #include <postwright/BatchResultRecord.h>
+#include <postwright/FixResult.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "client/LocalizedString.h"
@@ -24,6 +26,15 @@ void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answ
     fixed = answer->ExactAddress;
     status = AddressStatusFixed;
   }
+}
+
+bool BatchResultRecord::Values::isUnanswered() const {
+  constexpr FixResult kFailures[] = {FixResultConnectionFailed, FixResultNoData, FixResultBadReply,
+                                     FixResultNoInternet};
+  return status == AddressStatusError &&
+         std::any_of(std::begin(kFailures), std::end(kFailures), [this](FixResult failure) {
+           return result == PostwrightClient::stringForResult(failure);
+         });
 }
 
 BatchResultRecord::BatchResultRecord(std::shared_ptr<AddressEntry> entry)

@@ -57,6 +57,10 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
 
+    // True for an error of the service or the network: the address was not judged, and asking again
+    // later may help.
+    bool isUnanswered() const;
+
     // Takes the outcome of a fix of `address`: `answer`, or nil and `message`, the client's
     // lastResult(). An answer that tells nothing new (PostwrightClient::isAddress) keeps the user's
     // text, fewer than two candidates never make an address "multiple", and `result` and `matches`

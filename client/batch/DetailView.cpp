@@ -139,7 +139,7 @@ void DetailView::showMatches(const QList<PostwrightSelectorPointer>& matches) {
 }
 
 void DetailView::showError(const BatchResultRecord::Values& values) {
-  const bool service = isServiceFailure(values.result);
+  const bool service = values.isUnanswered();
   _layout.txtErrorText->setText(values.result);
   _layout.txtErrorHint->setText(localizedString(values.pending ? "SAskingAgain"
                                                 : service      ? "SErrorHintService"

@@ -393,8 +393,7 @@ void PostwrightController::bnRetryClick() {
     return;
   }
   for (const BatchResultRecordPointer& record : _window->_results) {
-    const BatchResultRecord::Values values = record->values();
-    if (values.status == AddressStatusError && isServiceFailure(values.result)) {
+    if (record->values().isUnanswered()) {
       record->restart();
       _window->_changed.append(record);
     }

@@ -25,6 +25,7 @@ class BatchFixerTest : public QObject {
  private slots:
   void tellsWhatBecameOfEach();
   void tellsNothingWhenCancelled();
+  void tellsWhatGotNoAnswer();
   void asksTheServerOfTheOptions();
 
  private:
@@ -62,6 +63,15 @@ void BatchFixerTest::tellsNothingWhenCancelled() {
   BatchFixer fixer(_server);
   press("bnCancel");
   QVERIFY(fixer.fix(kLabels, {}, nullptr).isEmpty());
+}
+
+void BatchFixerTest::tellsWhatGotNoAnswer() {
+  BatchFixer fixer("127.0.0.1:1");
+  press("bnUpdate");
+  const QList<FixOutcome> outcomes = fixer.fix({kLabels[1]}, {}, nullptr);
+  QCOMPARE(outcomes.size(), 1);
+  QCOMPARE(outcomes[0].kind, FixOutcome::Kind::NoAnswer);
+  QVERIFY(!outcomes[0].text.isEmpty());
 }
 
 // The server of the options counts where the command line names none.

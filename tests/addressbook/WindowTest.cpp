@@ -63,6 +63,7 @@ class WindowTest : public QObject {
   void asksForColumnsOnce();
   void aBatchIsOneStep();
   void skipsWhatWasFoundRight();
+  void keepsWhatWasRightWhenNobodyAnswers();
   void asksBeforeChangesAreLost_data();
   void asksBeforeChangesAreLost();
   void warnsWhenTheFileHasChanged();
@@ -291,6 +292,23 @@ void WindowTest::skipsWhatWasFoundRight() {
   _table->selectAll();
   trigger("fixSelected");  // asked for by name
   QCOMPARE(_fixer.asked.size(), 3);
+}
+
+// An entry that was never checked can be tried again with those that failed.
+void WindowTest::keepsWhatWasRightWhenNobodyAnswers() {
+  using Kind = FixOutcome::Kind;
+  _fixer.outcomes = {{Kind::Right, {}}};
+  _table->selectRow(0);
+  trigger("fixSelected");
+  _fixer.outcomes = QList<FixOutcome>(3, {Kind::NoAnswer, "No connection"});
+  _table->selectAll();
+  trigger("fixSelected");
+  QVERIFY(shown(0, EntryModel::Checked).startsWith("Right"));
+  QCOMPARE(shown(1, EntryModel::Checked), "No connection");
+  QCOMPARE(find<QLabel>("messageText")->text(),
+           "0 addresses corrected. 0 already right. 2 failed. 1 found right before got no answer.");
+  trigger("fixFailed");
+  QCOMPARE(_fixer.asked.size(), 2);
 }
 
 void WindowTest::asksBeforeChangesAreLost_data() {

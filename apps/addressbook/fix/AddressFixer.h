@@ -25,7 +25,8 @@ struct FixOutcome {
     Open,       // not asked, or the user took it out of the list
     Right,      // the service found it right
     Corrected,  // `text` is the label now
-    Failed,     // `text` says why
+    Failed,     // the service turned it down: `text` says why
+    NoAnswer,   // the service or the network failed: `text` says how
   };
   Kind kind = Kind::Open;
   QString text;

@@ -38,7 +38,8 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
     case AddressStatusMultiple:
       return {FixOutcome::Kind::Failed, BatchFixer::tr("Several addresses match")};
     case AddressStatusError:
-      return {FixOutcome::Kind::Failed, values.result};
+      return {values.isUnanswered() ? FixOutcome::Kind::NoAnswer : FixOutcome::Kind::Failed,
+              values.result};
     case AddressStatusUnchanged:
       break;
   }

@@ -7,6 +7,14 @@
 
 namespace postwright::addressbook {
 
+namespace {
+
+bool wasRight(CheckState state) {
+  return state == CheckState::Right || state == CheckState::DueAgain;
+}
+
+}  // namespace
+
 QList<int> rowsToFix(const Book& book, const QList<int>& rows, bool includesRight) {
   QList<int> due;
   std::copy_if(rows.begin(), rows.end(), std::back_inserter(due), [&](int row) {
@@ -41,6 +49,11 @@ FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutc
   FixResult result;
   for (qsizetype each = 0; each < std::min(rows.size(), outcomes.size()); ++each) {
     const FixOutcome& outcome = outcomes[each];
+    const bool isUnanswered = outcome.kind == FixOutcome::Kind::NoAnswer;
+    if (isUnanswered && wasRight(book.stateAt(rows[each]))) {
+      ++result.leftRight;
+      continue;
+    }
     if (outcome.kind == FixOutcome::Kind::Open) {
       continue;
     }
@@ -50,7 +63,7 @@ FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutc
       entry.label = tidyLabel(outcome.text);
       result.corrected.append(placed);
     }
-    const bool isFailed = outcome.kind == FixOutcome::Kind::Failed;
+    const bool isFailed = outcome.kind == FixOutcome::Kind::Failed || isUnanswered;
     result.failed += isFailed ? 1 : 0;
     result.right += outcome.kind == FixOutcome::Kind::Right ? 1 : 0;
     entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString()};

@@ -15,18 +15,20 @@ namespace postwright::addressbook {
 // those that were found right within half a year unless `includesRight`.
 QList<int> rowsToFix(const Book& book, const QList<int>& rows, bool includesRight);
 
-// The rows of all entries, and of those that the service turned down.
+// The rows of all entries, and of those that failed.
 QList<int> allRows(const Book& book);
 QList<int> failedRows(const Book& book);
 
 QStringList labelsAt(const Book& book, const QList<int>& rows);
 
-// What outcomes, one for each of `rows`, do to a book.
+// What outcomes, one for each of `rows`, do to a book. Where the service gave no answer, an entry
+// that was found right before is left as it was; any other one has failed.
 struct FixResult {
   QList<PlacedEntry> corrected;  // the entries with their new labels
   QList<PlacedEntry> checked;    // the entries with what is known of them from `today` on
   int right = 0;
   int failed = 0;
+  int leftRight = 0;  // without an answer
 };
 FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
                    QDate today);

@@ -109,6 +109,13 @@
             <numerusform>%n failed.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n found right before got no answer.</source>
+        <translation>
+            <numerusform>%n found right before got no answer.</numerusform>
+            <numerusform>%n found right before got no answer.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::FixDialog</name>

@@ -530,6 +530,13 @@ Ciudad, estado y código ZIP</translation>
             <numerusform>%n con error.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n found right before got no answer.</source>
+        <translation>
+            <numerusform>%n que era correcta quedó sin respuesta.</numerusform>
+            <numerusform>%n que eran correctas quedaron sin respuesta.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::FixDialog</name>

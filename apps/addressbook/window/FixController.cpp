@@ -36,18 +36,20 @@ void FixController::run(const QList<int>& rows) {
   _document.endEdit();
   const QList<FixOutcome> outcomes =
       _fixer.fix(labelsAt(book, rows), Preferences::load().fix, _window);
-  const FixResult result = resultOf(book, rows, outcomes, QDate::currentDate());
-  if (result.checked.isEmpty()) {
+  if (outcomes.isEmpty()) {
     return;  // the user cancelled
   }
+  const FixResult result = resultOf(book, rows, outcomes, QDate::currentDate());
   _document.correct(result.corrected);
   _document.keepChecks(result.checked);
   const int corrected = static_cast<int>(result.corrected.size());
-  emit told(QStringList({tr("%n addresses corrected.", nullptr, corrected),
-                         tr("%n already right.", nullptr, result.right),
-                         tr("%n failed.", nullptr, result.failed)})
-                .join(QLatin1Char(' ')),
-            result.failed > 0);
+  QStringList sentences{tr("%n addresses corrected.", nullptr, corrected),
+                        tr("%n already right.", nullptr, result.right),
+                        tr("%n failed.", nullptr, result.failed)};
+  if (result.leftRight > 0) {
+    sentences += tr("%n found right before got no answer.", nullptr, result.leftRight);
+  }
+  emit told(sentences.join(QLatin1Char(' ')), result.failed > 0);
 }
 
 }  // namespace postwright::addressbook

@@ -28,7 +28,7 @@ Kind kindOf(const BatchResultRecord::Values& values) {
   if (values.result == PostwrightClient::stringForResult(FixResultNoInternet)) {
     return NoNetwork;
   }
-  return isServiceFailure(values.result) ? NotAsked : Error;
+  return values.isUnanswered() ? NotAsked : Error;
 }
 
 void count(Kind kind, qsizetype by, ReviewCounts& counts) {
@@ -57,14 +57,6 @@ BatchResultRecordList filterRecords(const BatchResultRecordList& records,
     }
   }
   return passed;
-}
-
-bool isServiceFailure(const QString& result) {
-  constexpr FixResult kFailures[] = {FixResultConnectionFailed, FixResultNoData, FixResultBadReply,
-                                     FixResultNoInternet};
-  return std::any_of(std::begin(kFailures), std::end(kFailures), [&result](FixResult failure) {
-    return result == PostwrightClient::stringForResult(failure);
-  });
 }
 
 qsizetype ReviewCounts::ofStatus(AddressStatus status) const {

@@ -16,10 +16,6 @@ using StatusFilter = std::array<bool, 4>;
 BatchResultRecordList filterRecords(const BatchResultRecordList& records,
                                     const StatusFilter& filter);
 
-// True for the message of a fix that failed for the service's or the network's sake: the address
-// was not judged, and asking again later may help.
-bool isServiceFailure(const QString& result);
-
 // How the records of a list stand. Each is counted in one of the first five.
 struct ReviewCounts {
   qsizetype pending = 0;  // no outcome yet, or asked about anew

@@ -28,8 +28,7 @@ QString statusText(const BatchResultRecord::Values& values) {
     case AddressStatusMultiple:
       return localizedString("SStatusMultiple");
     case AddressStatusError:
-      return localizedString(isServiceFailure(values.result) ? "SStatusNotChecked"
-                                                             : "SStatusError");
+      return localizedString(values.isUnanswered() ? "SStatusNotChecked" : "SStatusError");
   }
   return {};
 }
