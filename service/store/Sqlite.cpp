@@ -15,6 +15,15 @@ void CreatePrivate(const std::filesystem::path& file) {
   }
 }
 
+// The signs that mean something else in a URI's path.
+std::string EscapeForUri(const std::string& path) {
+  std::string escaped;
+  for (const char c : path) {
+    escaped += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+  }
+  return escaped;
+}
+
 }  // namespace
 
 bool StoreError::MayPass() const {
@@ -26,14 +35,24 @@ bool StoreError::MayPass() const {
 SqliteFile::SqliteFile(const std::filesystem::path& file, std::chrono::milliseconds patience)
     : name_(file.string()) {
   CreatePrivate(file);
+  Open(name_, SQLITE_OPEN_READWRITE);
+  sqlite3_busy_timeout(connection_.get(), static_cast<int>(patience.count()));
+}
+
+SqliteFile SqliteFile::OpenUnchanging(const std::filesystem::path& file) {
+  SqliteFile opened(file.string());
+  opened.Open("file:" + EscapeForUri(std::filesystem::absolute(file).string()) + "?immutable=1",
+              SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  return opened;
+}
+
+void SqliteFile::Open(const std::string& name, int flags) {
   sqlite3* opened = nullptr;
-  const int end =
-      sqlite3_open_v2(name_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int end = sqlite3_open_v2(name.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   connection_.reset(opened);
   if (end != SQLITE_OK) {
     Fail();
   }
-  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
 }
 
 void SqliteFile::Run(const std::string& statements) {

@@ -40,6 +40,10 @@ class SqliteFile {
   // Opens `file`, which is created, for its owner alone, where there is none.
   SqliteFile(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
+  // Opens `file` for reading alone, as one that nobody changes while it is open: no locks are taken
+  // and nothing is written beside it, so that the file may lie where nothing can be written.
+  static SqliteFile OpenUnchanging(const std::filesystem::path& file);
+
   // Runs statements without parameters, whose rows go nowhere.
   void Run(const std::string& statements);
 
@@ -56,6 +60,9 @@ class SqliteFile {
     void operator()(sqlite3* connection) const { sqlite3_close(connection); }
   };
 
+  explicit SqliteFile(std::string name) : name_(std::move(name)) {}
+
+  void Open(const std::string& name, int flags);
   [[noreturn]] void Fail() const;
 
   std::string name_;
