@@ -1,0 +1,16 @@
+#ifndef POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
+#define POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
+
+namespace postwright::service {
+
+// How the command ended. Scripts branch on these: they never change their meaning.
+enum ExitStatus : int {
+  kExitDone = 0,
+  kExitNotConfirmed = 1,  // the address is not confirmed, or turned down
+  kExitFailed = 2,        // wrong usage, or a file that cannot be read, written or used
+  kExitStopped = 130      // a signal stopped the import; the same command goes on with it
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_APPS_BASE_EXITSTATUS_H_

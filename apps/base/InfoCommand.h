@@ -1,0 +1,14 @@
+#ifndef POSTWRIGHT_APPS_BASE_INFOCOMMAND_H_
+#define POSTWRIGHT_APPS_BASE_INFOCOMMAND_H_
+
+#include <string>
+
+namespace postwright::service {
+
+// `postwright-base info`: writes to standard output what a base holds, and of each source what must
+// be said of it. Returns the exit status.
+int RunInfo(const std::string& base);
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_APPS_BASE_INFOCOMMAND_H_

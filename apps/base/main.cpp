@@ -1,0 +1,128 @@
+// The command `postwright-base`: reads the command line and runs the subcommand that it names.
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+
+#include "apps/CharacterLocale.h"
+#include "apps/base/ExitStatus.h"
+#include "apps/base/ImportCommand.h"
+#include "apps/base/InfoCommand.h"
+
+namespace postwright::service {
+
+namespace {
+
+constexpr const char* kName = "postwright-base";
+
+constexpr const char* kFooter =
+    R"(A base is one file, which postwright-verifyd takes with --base. 'postwright-base import --help' and
+the others say more.
+
+Exit status: 0 done; 1 of lookup: the address is not confirmed; 2 wrong usage, or a file that cannot
+be read, written or used; 130 a signal stopped an import, which the same command goes on with.
+
+Example: postwright-base import texas.base travis.csv --source 'Travis County' --licence 'CC BY 4.0')";
+
+constexpr const char* kImportFooter =
+    R"(Adds the files to BASE, which is made where there is none, as one source. Rows that an earlier
+import of the same --source brought are replaced. A service that has BASE open goes on with the old
+one until it is told to read it again.
+
+A file is a CSV file whose first line names the columns: that of OpenAddresses, that of the National
+Address Database, one whose columns are called as the fields below, or any other with --map. Fields:
+number street unit city state zip zip4 urbanization, and for ranges of numbers low high parity (E, O
+or B). A field may be made of several columns: street=PREDIR+NAME+TYPE.
+
+Rows without a house number, a street or a ZIP code are left out; the first twenty are named, all are
+counted. SIGINT stops the import between two rows; the same command goes on where it stopped. BASE
+is not touched before everything is read and sorted. Sorting takes room in SQLITE_TMPDIR or /var/tmp.
+
+Example: postwright-base import my.base houses.csv --source 'County GIS' --licence 'public domain' \
+           --map number=HOUSENO,street=PREDIR+NAME+TYPE,zip=ZIP,city=POSTCITY)";
+
+std::string CheckMap(const std::string& map) {
+  try {
+    ColumnMap::Parse(map);
+    return "";
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+}
+
+std::string CheckName(const std::string& name) {
+  return name.empty() ? "a name is missing" : "";
+}
+
+void AddImport(CLI::App& app, ImportOptions& options) {
+  CLI::App* const command = app.add_subcommand("import", "Make a base, or add files to one");
+  command->add_option("BASE", options.base, "The base")
+      ->required()
+      ->check(CLI::Validator(CheckName, ""));
+  command->add_option("FILE", options.files, "What to add")->required();
+  command
+      ->add_option("--source", options.source,
+                   "What the files are called as a whole; a later import of it replaces this one")
+      ->required()
+      ->type_name("NAME")
+      ->check(CLI::Validator(CheckName, ""));
+  command
+      ->add_option("--licence", options.licence, "Under which licence they are, kept in the base")
+      ->type_name("TEXT");
+  command
+      ->add_option("--attribution", options.attribution,
+                   "What has to be said wherever they go, kept in the base")
+      ->type_name("TEXT");
+  command->add_option("--map", options.map, "Which columns make up which field")
+      ->type_name("FIELD=COLUMN,...")
+      ->check(CLI::Validator(CheckMap, ""));
+  command
+      ->add_flag("--partial", options.partial,
+                 "The files lack streets of their ZIP codes: a street that they do not name is not "
+                 "turned down")
+      ->disable_flag_override();
+  command
+      ->add_flag("--restart", options.restart,
+                 "Begin anew, and throw away what a stopped import has read")
+      ->disable_flag_override();
+  command->add_flag("--quiet", options.quiet, "Do not show how far it is")->disable_flag_override();
+  command->footer(kImportFooter);
+}
+
+int RunCommandLine(int argc, char** argv) {
+  CLI::App app("Makes address bases for the local Verify service, and tells what is in one.",
+               kName);
+  app.set_version_flag("--version", std::string(kName) + " " POSTWRIGHT_VERSION,
+                       "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.footer(kFooter);
+  app.require_subcommand(1);
+  ImportOptions import;
+  AddImport(app, import);
+  std::string base;
+  CLI::App* const info = app.add_subcommand("info", "Tell what a base holds, and its sources");
+  info->add_option("BASE", base, "The base")->required();
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& question) {
+    return app.exit(question);
+  } catch (const CLI::ParseError& error) {
+    std::cerr << kName << ": " << error.what() << "\n'" << kName << " --help' says more.\n";
+    return kExitFailed;
+  }
+  return info->parsed() ? RunInfo(base) : RunImport(import);
+}
+
+}  // namespace
+
+}  // namespace postwright::service
+
+int main(int argc, char** argv) {
+  try {
+    postwright::SetCharacterLocale();
+    return postwright::service::RunCommandLine(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "postwright-base: " << error.what() << '\n';
+    return postwright::service::kExitFailed;
+  }
+}

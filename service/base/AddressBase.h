@@ -1,0 +1,63 @@
+#ifndef POSTWRIGHT_SERVICE_BASE_ADDRESSBASE_H_
+#define POSTWRIGHT_SERVICE_BASE_ADDRESSBASE_H_
+
+#include <condition_variable>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "service/base/BaseReader.h"
+
+namespace postwright::service {
+
+// An address base: which streets and house numbers there are. postwright-base makes it.
+//
+//   const AddressBase base("texas.base");
+//   const AddressBase::Lease reader = base.Borrow();
+//   reader->FindStreets("78701", StreetKey("MAIN"));
+//
+// Any thread may borrow, each a connection of its own. A base that is replaced by a newer one
+// (postwright-base import) stays readable as it was for as long as the object lives: all
+// connections are opened at once, so that none of them can be to the newer file.
+class AddressBase {
+ public:
+  // Opens the file. Throws BaseError where it is no finished base of this version, or was changed
+  // in place by a program that has not closed it properly, and StoreError where it cannot be read.
+  explicit AddressBase(const std::filesystem::path& file);
+
+  class Lease;
+
+  // Lends a connection to the calling thread until the lease ends, which must be before the base
+  // does. Waits for one while all are lent; a thread must not ask for a second.
+  Lease Borrow() const;
+
+ private:
+  static constexpr size_t kConnections = 8;  // as many as the server has threads at most
+
+  void Open(const std::filesystem::path& file);
+
+  mutable std::mutex mutex_;
+  mutable std::condition_variable returned_;
+  mutable std::vector<std::unique_ptr<BaseReader>> idle_;
+};
+
+class AddressBase::Lease {
+ public:
+  Lease(const AddressBase& base, std::unique_ptr<BaseReader> reader)
+      : base_(base), reader_(std::move(reader)) {}
+  ~Lease();
+  Lease(const Lease&) = delete;
+  Lease& operator=(const Lease&) = delete;
+
+  BaseReader& operator*() const { return *reader_; }
+  BaseReader* operator->() const { return reader_.get(); }
+
+ private:
+  const AddressBase& base_;
+  std::unique_ptr<BaseReader> reader_;
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_BASE_ADDRESSBASE_H_
