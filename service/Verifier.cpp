@@ -50,25 +50,60 @@ std::string StandardFirm(std::string_view folded) {
   return firm;
 }
 
-// A ZIP corrected, B city or state corrected, N address standardised; in this order, run together.
-std::string Footnotes(const PlacedLine& placed, bool standardised) {
-  return std::string(placed.zipCorrected ? "A" : "") + (placed.cityCorrected ? "B" : "") +
-         (standardised ? "N" : "");
+// A ZIP corrected, B city or state corrected, H unit missing, L a part of the address changed, M
+// the street's name changed, N address standardised; in this order, run together.
+std::string Footnotes(const AddressMatch& match, bool standardised) {
+  const std::pair<bool, char> notes[] = {
+      {match.placed.zipCorrected, 'A'}, {match.placed.cityCorrected, 'B'},
+      {match.unitIsMissing, 'H'},       {match.elementChanged, 'L'},
+      {match.nameChanged, 'M'},         {standardised, 'N'},
+  };
+  std::string footnotes;
+  for (const auto& [applies, note] : notes) {
+    if (applies) {
+      footnotes += note;
+    }
+  }
+  return footnotes;
+}
+
+// What a base that knows no more than house numbers can say: no flag is set.
+ReplyFields Compose(const AddressMatch& match) {
+  ReplyFields fields;
+  fields.address1 = match.lines.address1;
+  fields.address2 = match.lines.address2;
+  fields.urbanization = match.lines.urbanization;
+  fields.city = match.placed.city;
+  fields.cityAbbreviation = AbbreviateCity(match.placed.city);
+  fields.state = match.placed.state;
+  fields.zip5 = match.placed.zip5;
+  fields.zip4 = match.zip4;
+  fields.returnText = match.confirmation == 'D' ? ReplyFields::kDefaultMatch : "";
+  fields.dpvConfirmation = match.confirmation;
+  fields.dpvFalse = match.confirmation == 'N' ? "N" : "";
+  fields.dpvFootnotes = match.dpvFootnotes;
+  fields.centralDeliveryPoint = "N";
+  return fields;
 }
 
 }  // namespace
 
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
-  return {asked.id, Decide(asked)};
+  return {asked.id, Decide(asked, nullptr)};
+}
+
+ReplyAddress Verifier::Explain(const RequestAddress& asked, Explanation& explanation) const {
+  return {asked.id, Decide(asked, &explanation)};
 }
 
 void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) {
-  std::variant<ReplyFields, Rejection> decided = Decide(asked);
+  std::variant<ReplyFields, Rejection> decided = Decide(asked, nullptr);
   auto* const fields = std::get_if<ReplyFields>(&decided);
   done(fields != nullptr ? AddressAnswer(std::move(*fields)) : std::get<Rejection>(decided));
 }
 
-std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& asked) const {
+std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& asked,
+                                                      Explanation* explanation) const {
   const std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || asked.cutShort) {
     return Rejection::InvalidAddress;
@@ -76,30 +111,42 @@ std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& aske
   if (SplitLine(folded->lines.address1).empty() && SplitLine(folded->lines.address2).empty()) {
     return Rejection::InvalidAddress;
   }
-  const auto checked = LastLineChecker(base_).Check(folded->lastLine);
-  if (const auto* rejection = std::get_if<Rejection>(&checked)) {
+  AddressQuestion question;
+  question.asked = folded->lastLine;
+  question.lastLine = LastLineChecker(base_).Check(folded->lastLine);
+  const auto* const placed = std::get_if<PlacedLine>(&question.lastLine);
+  question.state =
+      placed != nullptr ? placed->state : LastLineChecker::StateOf(folded->lastLine.state);
+  const std::optional<DeliveryLines> lines =
+      Standardiser::Standardise(folded->lines, question.state);
+  if (!lines) {
+    return placed != nullptr ? Rejection::NotFound : std::get<Rejection>(question.lastLine);
+  }
+  question.lines = *lines;
+  const AddressMatcher::Answer matched = MatchStreet(question, explanation);
+  if (const auto* rejection = std::get_if<Rejection>(&matched)) {
     return *rejection;
   }
-  const PlacedLine& placed = std::get<PlacedLine>(checked);
-  const std::optional<DeliveryLines> lines = Standardiser::Standardise(folded->lines, placed.state);
-  if (!lines) {
-    return Rejection::NotFound;
-  }
-  ReplyFields fields;
+  const auto& match = std::get<AddressMatch>(matched);
+  ReplyFields fields = Compose(match);
   fields.firmName = StandardFirm(folded->firmName);
-  fields.address1 = lines->address1;
-  fields.address2 = lines->address2;
-  fields.urbanization = lines->urbanization;
-  fields.city = placed.city;
-  fields.cityAbbreviation = AbbreviateCity(placed.city);
-  fields.state = placed.state;
-  fields.zip5 = placed.zip5;
-  fields.footnotes = Footnotes(placed, *lines != folded->lines);
-  // What a base without streets can say: not confirmed, and no flag set.
-  fields.dpvConfirmation = "N";
-  fields.dpvFalse = "N";
-  fields.centralDeliveryPoint = "N";
+  fields.footnotes = Footnotes(match, *lines != folded->lines);
   return fields;
+}
+
+AddressMatcher::Answer Verifier::MatchStreet(const AddressQuestion& question,
+                                             Explanation* explanation) const {
+  if (addresses_ != nullptr) {
+    const AddressBase::Lease reader = addresses_->Borrow();
+    return AddressMatcher(base_, *reader, explanation).Match(question);
+  }
+  if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
+    return *rejection;
+  }
+  AddressMatch match;
+  match.placed = std::get<PlacedLine>(question.lastLine);
+  match.lines = question.lines;
+  return match;
 }
 
 }  // namespace postwright::service

@@ -3,6 +3,9 @@
 
 #include "service/AnswerSource.h"
 #include "service/address/ZipBase.h"
+#include "service/base/AddressBase.h"
+#include "service/base/AddressMatcher.h"
+#include "service/base/Explanation.h"
 #include "service/protocol/VerifyReply.h"
 #include "service/protocol/VerifyRequest.h"
 
@@ -14,23 +17,33 @@ namespace postwright::service {
 //   const ReplyAddress reply = verifier.Verify(request.addresses[0]);
 //
 // City, state and ZIP are checked against one another (LastLineChecker), the delivery line is
-// brought into its standard form (Standardiser). The base knows no streets: an address that is
-// placed is answered as not confirmed (DPVConfirmation N), its Zip4 is empty whatever was asked.
+// brought into its standard form (Standardiser). Without an address base no streets are known: an
+// address that is placed is answered as not confirmed (DPVConfirmation N), its Zip4 is empty
+// whatever was asked. With one, AddressMatcher confirms and corrects it.
 //
-// Borrows the base. Any thread may call Verify.
+// Borrows the bases. Any thread may call Verify.
 class Verifier final : public AnswerSource {
  public:
-  explicit Verifier(const ZipBase& base) : base_(base) {}
+  // `addresses` may be null.
+  explicit Verifier(const ZipBase& base, const AddressBase* addresses = nullptr)
+      : base_(base), addresses_(addresses) {}
 
   ReplyAddress Verify(const RequestAddress& asked) const;
+
+  // The same, and how it was decided, step by step.
+  ReplyAddress Explain(const RequestAddress& asked, Explanation& explanation) const;
 
   // Answers within the call.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
-  std::variant<ReplyFields, Rejection> Decide(const RequestAddress& asked) const;
+  std::variant<ReplyFields, Rejection> Decide(const RequestAddress& asked,
+                                              Explanation* explanation) const;
+  AddressMatcher::Answer MatchStreet(const AddressQuestion& question,
+                                     Explanation* explanation) const;
 
   const ZipBase& base_;
+  const AddressBase* addresses_;
 };
 
 }  // namespace postwright::service

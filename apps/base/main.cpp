@@ -8,6 +8,7 @@
 #include "apps/base/ExitStatus.h"
 #include "apps/base/ImportCommand.h"
 #include "apps/base/InfoCommand.h"
+#include "apps/base/LookupCommand.h"
 
 namespace postwright::service {
 
@@ -40,6 +41,14 @@ is not touched before everything is read and sorted. Sorting takes room in SQLIT
 
 Example: postwright-base import my.base houses.csv --source 'County GIS' --licence 'public domain' \
            --map number=HOUSENO,street=PREDIR+NAME+TYPE,zip=ZIP,city=POSTCITY)";
+
+constexpr const char* kLookupFooter =
+    R"(Prints the steps of the decision, then the address as the service would answer it. Leave a part out
+with ''.
+
+Exit status: 0 confirmed, with its unit or without; 1 not confirmed or turned down; 2 as above.
+
+Example: postwright-base lookup my.base '12 n main street' Austin TX '')";
 
 std::string CheckMap(const std::string& map) {
   try {
@@ -89,6 +98,23 @@ void AddImport(CLI::App& app, ImportOptions& options) {
   command->footer(kImportFooter);
 }
 
+void AddLookup(CLI::App& app, LookupOptions& options) {
+  CLI::App* const command =
+      app.add_subcommand("lookup", "Tell what becomes of an address, and why");
+  command->add_option("BASE", options.base, "The base")->required();
+  command->add_option("STREET", options.street, "The delivery line")->required();
+  command->add_option("CITY", options.city, "The city")->required();
+  command->add_option("STATE", options.state, "The state, by its name or code")->required();
+  command->add_option("ZIP", options.zip, "The ZIP code")->required();
+  command->add_option("--unit", options.unit, "The line above, such as an apartment")
+      ->type_name("TEXT");
+  command
+      ->add_option("--zips", options.zips,
+                   "Further ZIP codes, as postwright-verifyd takes them with --base")
+      ->type_name("FILE");
+  command->footer(kLookupFooter);
+}
+
 int RunCommandLine(int argc, char** argv) {
   CLI::App app("Makes address bases for the local Verify service, and tells what is in one.",
                kName);
@@ -102,6 +128,8 @@ int RunCommandLine(int argc, char** argv) {
   std::string base;
   CLI::App* const info = app.add_subcommand("info", "Tell what a base holds, and its sources");
   info->add_option("BASE", base, "The base")->required();
+  LookupOptions lookup;
+  AddLookup(app, lookup);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& question) {
@@ -110,7 +138,10 @@ int RunCommandLine(int argc, char** argv) {
     std::cerr << kName << ": " << error.what() << "\n'" << kName << " --help' says more.\n";
     return kExitFailed;
   }
-  return info->parsed() ? RunInfo(base) : RunImport(import);
+  if (info->parsed()) {
+    return RunInfo(base);
+  }
+  return app.got_subcommand("lookup") ? RunLookup(lookup) : RunImport(import);
 }
 
 }  // namespace

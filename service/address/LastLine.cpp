@@ -9,15 +9,6 @@ namespace {
 
 enum class ZipForm { Absent, Malformed, WellFormed };
 
-// The five digits of a ZIP code written in one of its three ways.
-std::string ReadZip5(const std::string& zip) {
-  const std::string_view plus4 = std::string_view(zip).substr(std::min<size_t>(zip.size(), 5));
-  const bool known = plus4.empty() || (plus4.size() == 4 && AllDigits(plus4)) ||
-                     (plus4.size() == 5 && plus4[0] == '-' && AllDigits(plus4.substr(1)));
-  const std::string zip5 = zip.substr(0, 5);
-  return known && zip5.size() == 5 && AllDigits(zip5) ? zip5 : std::string();
-}
-
 // The military "state" of a ZIP code (USPS Publication 28, section 225; Postal Bulletin 22414): 340
 // AA, 090 to 098 AE, 962 to 966 AP; empty for a civil one.
 std::string MilitaryState(const std::string& zip5) {
@@ -42,9 +33,9 @@ struct LastLineChecker::Reading {
       : city(StandardCity(asked.city)),
         cityKey(CityKey(city)),
         stateGiven(!SplitLine(asked.state).empty()),
-        state(Lexicon::Get().State(JoinWords(SplitLine(asked.state)))) {
+        state(StateOf(asked.state)) {
     const std::string zip = JoinWords(SplitLine(asked.zip));
-    zip5 = ReadZip5(zip);
+    zip5 = Zip5Of(zip);
     zipForm = zip.empty()    ? ZipForm::Absent
               : zip5.empty() ? ZipForm::Malformed
                              : ZipForm::WellFormed;
@@ -65,6 +56,18 @@ struct LastLineChecker::Reading {
   ZipForm zipForm = ZipForm::Absent;
   std::string zip5;
 };
+
+std::string LastLineChecker::Zip5Of(const std::string& zip) {
+  const std::string_view plus4 = std::string_view(zip).substr(std::min<size_t>(zip.size(), 5));
+  const bool known = plus4.empty() || (plus4.size() == 4 && AllDigits(plus4)) ||
+                     (plus4.size() == 5 && plus4[0] == '-' && AllDigits(plus4.substr(1)));
+  const std::string zip5 = zip.substr(0, 5);
+  return known && zip5.size() == 5 && AllDigits(zip5) ? zip5 : std::string();
+}
+
+std::string LastLineChecker::StateOf(const std::string& state) {
+  return std::string(Lexicon::Get().State(JoinWords(SplitLine(state))));
+}
 
 std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked) const {
   const Reading reading(asked);

@@ -44,6 +44,13 @@ class LastLineChecker {
 
   std::variant<PlacedLine, Rejection> Check(const LastLine& asked) const;
 
+  // Returns the five digits of a ZIP code in one of its three written forms; the empty text for any
+  // other text.
+  static std::string Zip5Of(const std::string& zip);
+
+  // Returns the code of a state given by code or name, folded; the empty text where there is none.
+  static std::string StateOf(const std::string& state);
+
  private:
   struct Reading;  // the three statements, read
 

@@ -146,4 +146,8 @@ std::string_view VerifyReply::NumberOf(Rejection rejection) {
   return RowOf(rejection).number;
 }
 
+std::string_view VerifyReply::DescriptionOf(Rejection rejection) {
+  return RowOf(rejection).description;
+}
+
 }  // namespace postwright::service

@@ -76,8 +76,9 @@ std::string ComposeFault(const ServiceFault& fault);
 // Returns the root `Error` for an API other than Verify.
 std::string ComposeUnknownApi(std::string_view api);
 
-// The number that stands for a rejection on the wire, such as "-2147219401".
+// What stands for a rejection on the wire: "-2147219401", "Address Not Found.  ".
 std::string_view NumberOf(Rejection rejection);
+std::string_view DescriptionOf(Rejection rejection);
 
 }  // namespace VerifyReply
 }  // namespace postwright::service

@@ -144,8 +144,9 @@ void BaseBuilder::GoOn(const std::string& job) {
 std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
   std::optional<RowFault> fault;
   const std::optional<int64_t> street = FindStreet(row, fault);
-  const std::string& zip4 = row[Field::Zip4];
-  const std::string_view knownZip4 = zip4.size() == 4 && AllDigits(zip4) ? zip4 : "";
+  const std::string_view zip4 = row[Field::Zip4];
+  const std::string_view knownZip4 =
+      zip4.size() == 4 && AllDigits(zip4) ? zip4 : std::string_view("");
   if (!street) {
     ++counts_.leftOut;
     return fault;

@@ -1,0 +1,68 @@
+#include "apps/base/LookupCommand.h"
+
+#include <iostream>
+
+#include "apps/DefaultBase.h"
+#include "apps/base/ExitStatus.h"
+#include "service/Verifier.h"
+
+namespace postwright::service {
+namespace {
+
+const char* Describe(const std::string& confirmation) {
+  return confirmation == "Y"   ? "confirmed"
+         : confirmation == "D" ? "the building is confirmed, its unit is missing"
+         : confirmation == "S" ? "the building is confirmed, its unit is not"
+                               : "not confirmed";
+}
+
+int WriteAnswer(const ReplyFields& fields) {
+  std::cout << '\n';
+  for (const std::string* line : {&fields.urbanization, &fields.address1, &fields.address2}) {
+    if (!line->empty()) {
+      std::cout << *line << '\n';
+    }
+  }
+  std::cout << fields.city << ' ' << fields.state << ' ' << fields.zip5
+            << (fields.zip4.empty() ? "" : "-") << fields.zip4 << "\n\n";
+  std::cout << "DPVConfirmation  " << fields.dpvConfirmation << ": "
+            << Describe(fields.dpvConfirmation) << '\n';
+  if (!fields.dpvFootnotes.empty()) {
+    std::cout << "DPVFootnotes     " << fields.dpvFootnotes << '\n';
+  }
+  if (!fields.footnotes.empty()) {
+    std::cout << "Footnotes        " << fields.footnotes << '\n';
+  }
+  return fields.dpvConfirmation == "N" ? kExitNotConfirmed : kExitDone;
+}
+
+}  // namespace
+
+int RunLookup(const LookupOptions& options) {
+  ZipBase zips;
+  zips.Load(DefaultBase());
+  if (!options.zips.empty()) {
+    zips.Load(options.zips);
+  }
+  const AddressBase addresses(options.base);
+  RequestAddress asked;
+  asked.address1 = options.unit;
+  asked.address2 = options.street;
+  asked.city = options.city;
+  asked.state = options.state;
+  asked.zip5 = options.zip;
+  Explanation explanation;
+  const ReplyAddress reply = Verifier(zips, &addresses).Explain(asked, explanation);
+  for (const std::string& step : explanation) {
+    std::cout << "- " << step << '\n';
+  }
+  if (const auto* fields = std::get_if<ReplyFields>(&reply.outcome)) {
+    return WriteAnswer(*fields);
+  }
+  const Rejection rejection = std::get<Rejection>(reply.outcome);
+  std::cout << "\nturned down: " << VerifyReply::NumberOf(rejection) << ' '
+            << VerifyReply::DescriptionOf(rejection) << '\n';
+  return kExitNotConfirmed;
+}
+
+}  // namespace postwright::service

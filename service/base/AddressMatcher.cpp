@@ -1,0 +1,262 @@
+#include "service/base/AddressMatcher.h"
+
+#include <algorithm>
+
+#include "service/address/CityName.h"
+#include "service/address/StreetLine.h"
+#include "service/address/UnitReader.h"
+#include "service/base/UnitMatch.h"
+
+namespace postwright::service {
+namespace {
+
+// A bare unit in the line above: "4B", "A".
+bool IsBareUnit(const Words& words) {
+  return words.size() == 1 && (HasDigit(words[0]) || words[0].size() <= 2);
+}
+
+}  // namespace
+
+// The delivery line of a question, read.
+struct AddressMatcher::Subject {
+  explicit Subject(const AddressQuestion& asked) : question(asked) {
+    if (auto read = ReadStreet(SplitLine(asked.lines.address2), asked.state)) {
+      line = std::move(*read);
+      number = JoinWords(line.number);
+      street = StreetNameOf(line, asked.lines.urbanization);
+    }
+    const Words above = SplitLine(asked.lines.address1);
+    unitIsAbove = line.units.empty() && (ReadUnitLine(above) || IsBareUnit(above));
+    unit = JoinWords(unitIsAbove ? above : line.units);
+    if (unit.starts_with("PO BOX")) {
+      unit.clear();  // a second address, no unit of this one
+    }
+  }
+
+  bool HasStreet() const { return !number.empty(); }
+
+  const AddressQuestion& question;
+  StreetLine line;
+  std::string number;
+  StreetName street;
+  std::string unit;
+  bool unitIsAbove = false;
+};
+
+AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
+  const Subject subject(question);
+  if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
+    return subject.HasStreet() ? MatchInCity(subject, *rejection) : Answer(*rejection);
+  }
+  AddressMatch answer;
+  answer.placed = std::get<PlacedLine>(question.lastLine);
+  answer.lines = question.lines;
+  KeepAcceptedCity(question.asked, answer.placed);
+  if (!subject.HasStreet()) {
+    Explain(explanation_, "the delivery line names no street, so the base cannot confirm it");
+    return answer;
+  }
+  if (!reader_.HoldsStreetsOf(answer.placed.zip5)) {
+    Explain(explanation_, answer.placed.zip5,
+            ": the base holds no streets, so nothing is confirmed");
+    return answer;
+  }
+  return MatchInZip(subject, std::move(answer));
+}
+
+AddressMatcher::Answer AddressMatcher::MatchInZip(const Subject& subject, AddressMatch answer) {
+  const StreetMatch match = streets_.Match(answer.placed.zip5, subject.street, subject.number);
+  if (match.kind == StreetMatch::Kind::Several) {
+    return Rejection::Multiple;
+  }
+  if (match.kind == StreetMatch::Kind::Found) {
+    if (const auto rejection = CheckCity(subject, answer)) {
+      return *rejection;
+    }
+    return Decide(subject, std::move(answer), match);
+  }
+  std::vector<std::string> others = ZipsOf(answer.placed.city, answer.placed.state);
+  std::erase(others, answer.placed.zip5);
+  const auto found = FindElsewhere(subject, others);
+  if (found.size() == 1) {
+    Explain(explanation_, "of ", answer.placed.city, "'s other ZIP codes ", found[0].first,
+            " alone has it: it is taken");
+    answer.placed.zip5 = found[0].first;
+    answer.placed.zipCorrected = true;
+    return Decide(subject, std::move(answer), found[0].second);
+  }
+  if (found.size() > 1 && match.kind == StreetMatch::Kind::NoStreet) {
+    Explain(explanation_, "several other ZIP codes of ", answer.placed.city, " have it");
+    return Rejection::Multiple;
+  }
+  return Unconfirmed(std::move(answer), match);
+}
+
+// City, state and ZIP did not tell a place: the street may, where the city's ZIP codes are many.
+AddressMatcher::Answer AddressMatcher::MatchInCity(const Subject& subject, Rejection otherwise) {
+  const std::string city = StandardCity(subject.question.asked.city);
+  const ZipBase::City* const known = zips_.FindCity(CityKey(city), subject.question.state);
+  if (known == nullptr ||
+      (otherwise != Rejection::Multiple && otherwise != Rejection::InvalidZip)) {
+    return otherwise;
+  }
+  std::vector<std::string> zips = ZipsOf(known->name, known->state);
+  const std::string askedZip =
+      LastLineChecker::Zip5Of(JoinWords(SplitLine(subject.question.asked.zip)));
+  const ZipBase::City* const elsewhere = zips_.FindZip(askedZip);
+  if (elsewhere != nullptr) {
+    zips.push_back(askedZip);
+  }
+  const auto found = FindElsewhere(subject, zips);
+  if (found.size() != 1) {
+    Explain(explanation_, found.empty() ? "no ZIP code of " : "several ZIP codes of ", city,
+            found.empty() ? " is known to have it" : " have it");
+    return found.empty() ? otherwise : Rejection::Multiple;
+  }
+  Explain(explanation_, found[0].first, " alone has it: it is taken");
+  const bool isAsked = found[0].first == askedZip;
+  const ZipBase::City& place = isAsked ? *elsewhere : *known;
+  AddressMatch answer;
+  answer.lines = subject.question.lines;
+  answer.placed = {place.name, place.state, found[0].first, !isAsked, &place != known};
+  return Decide(subject, std::move(answer), found[0].second);
+}
+
+std::vector<std::pair<std::string, StreetMatch>> AddressMatcher::FindElsewhere(
+    const Subject& subject, const std::vector<std::string>& zips) {
+  std::vector<std::pair<std::string, StreetMatch>> found;
+  for (const std::string& zip : zips) {
+    StreetMatch match = streets_.MatchExactly(zip, subject.street, subject.number);
+    if (match.kind == StreetMatch::Kind::Found) {
+      found.emplace_back(zip, std::move(match));
+    }
+  }
+  return found;
+}
+
+std::vector<std::string> AddressMatcher::ZipsOf(const std::string& city, const std::string& state) {
+  const std::string key = CityKey(city);
+  std::vector<std::string> zips = reader_.ZipsOfCity(key);
+  std::erase_if(zips, [&](const std::string& zip) {
+    const ZipBase::City* const place = zips_.FindZip(zip);
+    return place == nullptr || place->state != state;
+  });
+  if (const ZipBase::City* const known = zips_.FindCity(key, state)) {
+    zips.insert(zips.end(), known->zips.begin(), known->zips.end());
+  }
+  std::sort(zips.begin(), zips.end());
+  zips.erase(std::unique(zips.begin(), zips.end()), zips.end());
+  return zips;
+}
+
+// A name that a source gives a place of the ZIP code is no misspelling of the usual one.
+void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed) {
+  const std::string key = CityKey(StandardCity(asked.city));
+  if (key.empty() || key == CityKey(placed.city)) {
+    return;
+  }
+  const std::string accepted = reader_.CityName(placed.zip5, key);
+  if (!accepted.empty()) {
+    Explain(explanation_, placed.zip5, ": the name ", accepted, " is accepted");
+    placed.city = accepted;
+    placed.cityCorrected = false;
+  }
+}
+
+// The ZIP code has the address. A city that is neither the ZIP code's nor accepted there is wrong,
+// if the base would know the address in that city and does not.
+std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, AddressMatch& answer) {
+  PlacedLine& placed = answer.placed;
+  const ZipBase::City* const usual = zips_.FindZip(placed.zip5);
+  const std::string key = CityKey(placed.city);
+  if (usual == nullptr || usual->key == key || !reader_.CityName(placed.zip5, key).empty()) {
+    return std::nullopt;
+  }
+  const std::vector<std::string> zips = ZipsOf(placed.city, placed.state);
+  if (!FindElsewhere(subject, zips).empty()) {
+    Explain(explanation_, placed.city, " has the same address in another ZIP code");
+    return Rejection::Multiple;
+  }
+  if (std::any_of(zips.begin(), zips.end(),
+                  [this](const std::string& zip) { return reader_.HoldsStreetsOf(zip); })) {
+    Explain(explanation_, placed.city, " does not have the address: ", usual->name, " is right");
+    placed.city = usual->name;
+    placed.cityCorrected = true;
+  }
+  return std::nullopt;
+}
+
+AddressMatcher::Answer AddressMatcher::Decide(const Subject& subject, AddressMatch answer,
+                                              const StreetMatch& match) {
+  answer.nameChanged = match.nameChanged;
+  answer.elementChanged = match.elementChanged;
+  Confirm(subject, match, answer);
+  return answer;
+}
+
+// The street is not there, or the number is not known on it.
+AddressMatcher::Answer AddressMatcher::Unconfirmed(AddressMatch answer, const StreetMatch& match) {
+  const bool whole = reader_.HoldsAllStreetsOf(answer.placed.zip5);
+  if (match.kind == StreetMatch::Kind::NoStreet) {
+    Explain(explanation_, answer.placed.zip5,
+            whole ? ": all its streets are known, and this is none of them"
+                  : ": not all its streets are known, so this may be one of them");
+    return whole ? Answer(Rejection::NotFound) : Answer(std::move(answer));
+  }
+  const bool wrong = whole || match.facts.hasRanges;
+  Explain(explanation_, wrong ? "the number is outside all that is known of the street"
+                              : "not all numbers of the street are known");
+  answer.dpvFootnotes = wrong ? "AAM3" : "AA";
+  return answer;
+}
+
+void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
+                             AddressMatch& answer) {
+  StreetLine line = subject.line;
+  const StreetName& street = match.street.street;
+  line.predirectional = street.predirectional;
+  line.name = SplitLine(street.name);
+  line.suffix = street.suffix;
+  line.postdirectional = street.postdirectional;
+  answer.lines.urbanization = street.urbanization;
+  answer.lines.address2 = JoinWords(line.Compose());
+  answer.zip4 = match.facts.zip4;
+  if (match.facts.isPoint) {
+    ConfirmUnit(subject, match, answer);
+  } else {
+    Explain(explanation_, "ranges say what is possible, not what is there: not confirmed");
+    answer.dpvFootnotes = "AA";
+  }
+}
+
+void AddressMatcher::ConfirmUnit(const Subject& subject, const StreetMatch& match,
+                                 AddressMatch& answer) {
+  const std::vector<std::string>& units = match.facts.units;
+  const std::string unit = subject.unit.empty() ? "" : FindUnit(units, subject.unit);
+  if (subject.unit.empty() && units.empty()) {
+    answer.confirmation = 'Y';
+    answer.dpvFootnotes = "AABB";
+  } else if (subject.unit.empty()) {
+    Explain(explanation_, "the building has ", std::to_string(units.size()),
+            " units that are known, and none is given");
+    answer.confirmation = 'D';
+    answer.dpvFootnotes = "AAN1";
+    answer.unitIsMissing = true;
+  } else if (unit.empty()) {
+    Explain(explanation_, "the building is known, '", subject.unit, "' in it is not");
+    answer.confirmation = 'S';
+    answer.dpvFootnotes = "AACC";
+  } else {
+    answer.confirmation = 'Y';
+    answer.dpvFootnotes = "AABB";
+    answer.zip4 = reader_.UnitZip4(match.street.id, subject.number, unit);
+    if (unit != subject.unit && subject.unit.starts_with("# ")) {
+      Explain(explanation_, "'", subject.unit, "' is '", unit, "'");
+      std::string& line = subject.unitIsAbove ? answer.lines.address1 : answer.lines.address2;
+      line.replace(line.size() - subject.unit.size(), subject.unit.size(), unit);
+      answer.elementChanged = true;
+    }
+  }
+}
+
+}  // namespace postwright::service

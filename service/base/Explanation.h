@@ -1,0 +1,24 @@
+#ifndef POSTWRIGHT_SERVICE_BASE_EXPLANATION_H_
+#define POSTWRIGHT_SERVICE_BASE_EXPLANATION_H_
+
+#include <string>
+#include <vector>
+
+namespace postwright::service {
+
+// The steps of a decision in words, for people who want to know why.
+using Explanation = std::vector<std::string>;
+
+// Adds a step, of which `parts` are joined; nothing is done where nobody wants to know.
+template <typename... Parts>
+void Explain(Explanation* explanation, const Parts&... parts) {
+  if (explanation != nullptr) {
+    std::string step;
+    (step.append(parts), ...);
+    explanation->push_back(std::move(step));
+  }
+}
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_BASE_EXPLANATION_H_
