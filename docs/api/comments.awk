@@ -23,6 +23,8 @@ function release(ending) {
 
 { behind = 0 }
 
+/[^ ] +\/\* .*\*\/$/ { sub(/\/\* /, "/**< ") }  # in headers that are C, too
+
 /^ *\/\/   / {
   indent = $0; sub(/\/\/.*/, "", indent)
   text = $0; sub(/^ *\/\/ /, "", text)
