@@ -49,7 +49,7 @@ step "Running the programs"
 # shellcheck disable=SC2016  # variables of the shell inside
 inside bash -euc '
   cd /try
-  for program in postwright postwright-verifyd postwright-addressbook; do
+  for program in /usr/bin/postwright*; do
     $program --version
     $program --help > /dev/null
   done

@@ -2,12 +2,11 @@
 # Fails where the options of a program differ between its --help, its manual page and its completions
 # for bash, zsh and fish:
 #
-#   check-options.sh PROGRAM MANUAL_PAGE [COMMAND...]
+#   check-options.sh PROGRAM MANUAL_PAGE
 set -euo pipefail
 export LC_ALL=C.UTF-8
 program=$1
 page=$2
-shift 2
 name=$(basename "$program")
 completions=$(dirname "$(readlink -f "$0")")/../../packaging/completions
 scratch=$(mktemp -d)
@@ -44,7 +43,9 @@ page_options() {
 source "$completions/$name.bash"
 function=_${name//-/_}
 
-for command in '' "$@"; do
+# The commands of the program, where it has any, stand at the end of its --help.
+mapfile -t commands < <("$program" --help | sed -nE '1,/^Subcommands:/d; s/^  ([a-z]+) .*/\1/p')
+for command in '' "${commands[@]}"; do
   "$program" ${command:+"$command"} --help | help_options | sort --unique > "$scratch/wanted"
   same "$name.bash behind '$name $command'" < <(offered "$name" ${command:+"$command"} --)
   cat "$scratch/wanted" >> "$scratch/all"
