@@ -9,33 +9,13 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
-if [ "$(id -u)" -ne 0 ] || ! command -v debootstrap > /dev/null; then
-  echo "This needs to be root, and the Debian package debootstrap." >&2
-  exit 1
-fi
 mapfile -t packages < <(find build-packages -name '*.deb' ! -name '*-dbgsym_*' | sort)
 if [ ${#packages[@]} -eq 0 ]; then
   echo "There are no packages: scripts/make-packages.sh builds them." >&2
   exit 1
 fi
-# shellcheck disable=SC2016  # apt's own variable
-mirror=${MIRROR:-$(apt-get indextargets --format '$(SITE)' 'Codename: bookworm' 'Created-By: Packages' | head -n 1)}
-
-root=$(mktemp --directory --tmpdir postwright-root.XXXXXX)
-finish() {
-  umount "$root/proc" 2> /dev/null || true
-  rm --recursive --force --one-file-system "$root"
-}
-trap finish EXIT
-
-inside() { chroot "$root" env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/try "$@"; }
-step() { printf '\n%4d s  %s\n' "$SECONDS" "$*"; }
-
-step "A bare system"
-debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" || { tail "$root.log"; exit 1; }
-rm "$root.log"
-mount -t proc proc "$root/proc"
-mkdir "$root/try"
+# shellcheck source=scripts/bare-debian.sh
+source scripts/bare-debian.sh
 cp "${packages[@]}" tests/consumer/core/label-checker.cpp examples/books/friends.csv "$root/try"
 
 step "Installing ${#packages[@]} packages"
