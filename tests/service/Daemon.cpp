@@ -7,7 +7,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace postwright::service {
 namespace {
@@ -80,6 +82,11 @@ int Daemon::Wait() {
     usleep(10'000);
   }
   return -1;
+}
+
+size_t Daemon::OpenFiles() const {
+  const std::filesystem::directory_iterator files("/proc/" + std::to_string(process_) + "/fd");
+  return static_cast<size_t>(std::distance(begin(files), end(files)));
 }
 
 long Daemon::ResidentKilobytes() const {

@@ -32,6 +32,7 @@ class Daemon {
   int Wait();
 
   long ResidentKilobytes() const;
+  size_t OpenFiles() const;  // descriptors, connections among them
 
  private:
   pid_t process_ = 0;

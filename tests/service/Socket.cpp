@@ -9,10 +9,15 @@
 
 namespace postwright::service {
 
-Socket::Socket(const std::string& address) : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
+Socket::Socket(const std::string& address, const char* from)
+    : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
   const timeval patience = {10, 0};
   setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof(patience));
   setsockopt(socket_, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof(patience));
+  sockaddr_in own = {};
+  own.sin_family = AF_INET;
+  inet_pton(AF_INET, from, &own.sin_addr);
+  bind(socket_, reinterpret_cast<sockaddr*>(&own), sizeof(own));
   sockaddr_in peer = {};
   peer.sin_family = AF_INET;
   const size_t colon = address.find(':');
@@ -30,6 +35,12 @@ Socket::~Socket() {
 }
 
 Socket::Socket(Socket&& other) noexcept : socket_(std::exchange(other.socket_, -1)) {}
+
+void Socket::Reset() {
+  const linger none = {1, 0};
+  setsockopt(socket_, SOL_SOCKET, SO_LINGER, &none, sizeof(none));
+  close(std::exchange(socket_, -1));
+}
 
 size_t Socket::Send(const std::string& bytes) {
   size_t sent = 0;

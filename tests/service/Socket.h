@@ -9,13 +9,17 @@ namespace postwright::service {
 // waits longer than ten seconds.
 class Socket {
  public:
-  explicit Socket(const std::string& address);  // "127.0.0.1:8470"
+  // Connects to "127.0.0.1:8470", from another loopback address where one is given.
+  explicit Socket(const std::string& address, const char* from = "127.0.0.1");
   ~Socket();
   Socket(Socket&& other) noexcept;
   Socket(const Socket&) = delete;
   Socket& operator=(const Socket&) = delete;
 
   bool IsOpen() const { return socket_ >= 0; }
+
+  // Closes so that the peer's next word is an error, as from a client that crashed.
+  void Reset();
 
   // Returns how much was sent before the peer closed.
   size_t Send(const std::string& bytes);
