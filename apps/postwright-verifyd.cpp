@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "apps/CharacterLocale.h"
+#include "apps/DefaultBase.h"
 #include "apps/verifyd/GatewayOptions.h"
 #include "apps/verifyd/GatewayParts.h"
 #include "apps/verifyd/Process.h"
@@ -16,6 +17,7 @@
 #include "service/LocalBase.h"
 #include "service/UserList.h"
 #include "service/VerifyService.h"
+#include "service/base/BaseFile.h"
 #include "service/http/HttpServer.h"
 #include "service/status/StatusPages.h"
 
@@ -39,7 +41,8 @@ writes a line a request to standard error. Says 'listening on ADDRESS:PORT' once
 SIGTERM or SIGINT ends it when the requests that have begun are answered; a second one, at once.
 SIGHUP reads the base, the users and the credentials again. /status and /metrics show what it has done and is doing.
 
-A base file has a line a ZIP code: ZIP, city and state, set apart by tabs.
+A base file is an address base, as postwright-base makes it, or has a line a ZIP code: ZIP, city and
+state, set apart by tabs. The ZIP codes that come along are taken where none are given.
 
 With --upstream it is a gateway: it asks another service, keeps the answers, and keeps within a
 budget of calls. A credentials file holds NAME = VALUE a line: client_id and client_secret for
@@ -137,8 +140,9 @@ int RunCommandLine(int argc, char** argv) {
               << " --help' says more.\n";
     return kWrongUsage;
   }
-  if (options.service.bases.empty()) {
-    options.service.bases.push_back(DefaultBase());
+  // An address base says which streets a ZIP code has, not which ZIP codes there are.
+  if (std::all_of(options.service.bases.begin(), options.service.bases.end(), BaseFile::IsSqlite)) {
+    options.service.bases.emplace_back(DefaultBase());
   }
   Serve(options);
   return 0;

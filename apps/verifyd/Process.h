@@ -2,7 +2,6 @@
 #define POSTWRIGHT_APPS_VERIFYD_PROCESS_H_
 
 #include <csignal>
-#include <filesystem>
 #include <functional>
 
 namespace postwright::service {
@@ -18,9 +17,6 @@ void OccupyStandardStreams();
 // process's limit of descriptors as far as it may. Throws std::runtime_error where that is not far
 // enough.
 void ReserveDescriptors(unsigned connections);
-
-// Returns the base that comes along, seen from where the program lies.
-std::filesystem::path DefaultBase();
 
 // Blocks the signals that are meant for the service, in this thread and in those that it starts:
 // they wait for WaitForEnd.

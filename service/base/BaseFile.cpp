@@ -35,7 +35,7 @@ int64_t NumberAt(const std::string& header, size_t offset) {
 }  // namespace
 
 bool IsSqlite(const std::filesystem::path& file) {
-  return !std::filesystem::is_directory(file) && ReadHeader(file).starts_with(BaseSchema::kMagic);
+  return ReadHeader(file).starts_with(BaseSchema::kMagic);
 }
 
 void Check(const std::filesystem::path& file) {

@@ -8,7 +8,7 @@ namespace postwright::service {
 namespace {
 
 constexpr int64_t kRowsATell = 4096;
-constexpr int64_t kRowsASave = 262'144;
+constexpr int64_t kRowsASave = 65'536;
 
 const char* Describe(RowFault fault) {
   switch (fault) {

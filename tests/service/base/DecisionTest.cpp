@@ -3,6 +3,7 @@
 #include "service/Verifier.h"
 #include "tests/service/DocTable.h"
 #include "tests/service/base/SampleBase.h"
+#include "tests/support/TempFolder.h"
 
 namespace postwright::service {
 namespace {
@@ -42,7 +43,7 @@ std::string Write(const ReplyFields& fields) {
 class DecisionTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    folder_ = new BaseFolder;
+    folder_ = new TempFolder;
     zips_ = new ZipBase(SampleZips());
     Import(folder_->File("base"), "town", {kSample / "town.csv"}, *zips_);
     Import(folder_->File("base"), "part", {kSample / "town-part.csv"}, *zips_, false);
@@ -58,7 +59,7 @@ class DecisionTest : public testing::Test {
     return Verifier(*zips_, base_).Verify(asked);
   }
 
-  static inline BaseFolder* folder_ = nullptr;
+  static inline TempFolder* folder_ = nullptr;
   static inline ZipBase* zips_ = nullptr;
   static inline AddressBase* base_ = nullptr;
 };

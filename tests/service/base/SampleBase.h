@@ -11,19 +11,6 @@
 
 namespace postwright::service {
 
-// A folder that goes away with its object, files and all.
-class BaseFolder {
- public:
-  BaseFolder();
-  ~BaseFolder();
-  std::filesystem::path File(const std::string& name) const { return path_ / name; }
-  std::filesystem::path Write(const std::string& name, const std::string& text) const;
-  size_t CountFiles() const;
-
- private:
-  std::filesystem::path path_;
-};
-
 // The ZIP codes that come along, and those of the made-up town.
 ZipBase SampleZips();
 
