@@ -1,0 +1,180 @@
+#!/usr/bin/env python3
+"""Fails where a page says what is not so.
+
+    check-documents.py snippets SOURCES PAGE...
+    check-documents.py commands SOURCES PROGRAMS PAGE...
+
+Snippets: a block of C++ or CMake repeats marked lines of a file that is built and run. The line in
+front of the block names the file and the marks, "<!-- from examples/host-guide/client.cpp: fix -->";
+in the file "guide: fix" and "guide: end" stand in front of the lines and behind them, once or more
+often. Of several marks ("include, fix") the lines are set apart by a blank one.
+
+Commands: those of a page's "console" blocks print what the page shows, and those of its "sh" blocks
+end well, one after another in a folder that holds examples/ and data/, with PROGRAMS as build/bin/.
+Those and examples/shards/ are on the path. "…" stands for any text, alone on a line for any lines.
+127.0.0.1:8470 is whatever port is free. A block that cannot be run so says why in front of it,
+"<!-- not run here: needs root -->".
+"""
+
+import contextlib
+import os
+import re
+import shlex
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import textwrap
+from pathlib import Path
+
+PORT = "127.0.0.1:8470"
+BLOCK = re.compile(r"^(?P<mark>[^\n]*)\n(?P<indent> *)```(?P<language>\w+)\n(?P<text>.*?)^ *```$",
+                   re.MULTILINE | re.DOTALL)
+
+
+def blocks(page, languages):
+    """Yields where each block of these languages stands, its language, its text, and the mark in
+    front of it."""
+    whole = page.read_text()
+    for block in BLOCK.finditer(whole):
+        if block["language"] in languages:
+            place = f"{page.name}:{whole.count(chr(10), 0, block.start('text'))}"
+            yield place, block["language"], textwrap.dedent(block["text"]), block["mark"].strip()
+
+
+def marked_lines(source, mark):
+    found = re.findall(rf"^ *(?://|#) guide: {re.escape(mark)}\n(.*?)^ *(?://|#) guide: end$",
+                       source.read_text(), re.MULTILINE | re.DOTALL)
+    return "".join(map(textwrap.dedent, found))
+
+
+def check_snippets(sources, *pages):
+    for page in map(Path, pages):
+        for place, _, text, mark in blocks(page, {"c", "cpp", "cmake", "python"}):
+            named = re.fullmatch(r"<!-- from (\S+): (.+) -->", mark)
+            if not named:
+                yield f"{place}: does not say which file's lines these are"
+                continue
+            source = Path(sources, named[1])
+            lines = "\n".join(marked_lines(source, name) for name in named[2].split(", "))
+            if text != lines:
+                yield f"{place}: is not what {named[1]} has:\n{lines}"
+
+
+def is_whole(command):
+    return not subprocess.run(["bash", "-n", "-c", command], capture_output=True).stderr
+
+
+def console_commands(text):
+    """Yields each command behind a "$ " with what it prints."""
+    lines = text.splitlines(keepends=True)
+    while lines:
+        command = lines.pop(0).removeprefix("$ ")
+        while lines and not is_whole(command):
+            command += lines.pop(0)
+        answer = ""
+        while lines and not lines[0].startswith("$ "):
+            answer += lines.pop(0)
+        yield command, answer
+
+
+def page_commands(page):
+    """Yields the place of each command to run, the command, and what it prints; None where that
+    does not matter."""
+    for place, language, text, mark in blocks(page, {"console", "sh"}):
+        if re.fullmatch(r"<!-- not run here: .+ -->", mark):
+            continue
+        if language == "sh":
+            yield place, f"(set -e\n{text})\n", None
+        elif not text.startswith("$ "):
+            sys.exit(f"{place}: a console block begins with a prompt, '$ '")
+        else:
+            for command, answer in console_commands(text):
+                yield place, command, answer
+
+
+def add_programs(folder, programs, port):
+    """Puts the programs into the folder, those that by default use the port with another port."""
+    options = {
+        "postwright": f'[[ $1 != fix || "$*" == *--server* ]] || set -- "$@" --server {port}',
+        "postwright-verifyd": f'[[ "$*" == *--listen* ]] || set -- "$@" --listen {port}'}
+    folder.mkdir(parents=True)
+    for program in Path(programs).resolve().iterdir():
+        wrapper = folder / program.name
+        wrapper.write_text(f"#!/usr/bin/env bash\n{options.get(program.name, '')}\n"
+                           f'exec {shlex.quote(str(program))} "$@"\n')
+        wrapper.chmod(0o755)
+
+
+def session(commands, streams):
+    """The commands as one script that keeps what each prints and how it ends. What is started in
+    the background is given time to print what it should."""
+    script = "trap 'kill $(jobs -p) 2> /dev/null' EXIT\n"
+    for number, (_, command, answer) in enumerate(commands):
+        output = f"{streams}/{number}"
+        script += f"{{ {command}}} > {output} 2>&1\necho $? > {output}.status\n"
+        if command.rstrip().endswith("&"):
+            lines = answer.count("\n")
+            script += (f"for ((i = 0; i < 100; ++i)); do (($(wc -l < {output}) >= {lines})) && break;"
+                       " sleep 0.05; done\n")
+    return script
+
+
+def prints(command, printed, answer):
+    lines = re.sub("^…\\\\\n", "(.*\n)*", re.escape(answer), flags=re.MULTILINE)
+    pattern = re.compile(lines.replace("…", "[^\n]*"))
+    if command.rstrip().endswith("&"):  # which goes on to print
+        return pattern.match(printed)
+    return pattern.fullmatch(printed if not printed or printed.endswith("\n") else printed + "\n")
+
+
+def run_page(page, sources, programs, scratch):
+    with socket.create_server(("127.0.0.1", 0)) as probe:
+        port = "127.0.0.1:%d" % probe.getsockname()[1]
+    home, streams = scratch / "home", scratch / "streams"
+    streams.mkdir()
+    add_programs(home / "build/bin", programs, port)
+    subprocess.run(["cp", "-r", f"{sources}/examples", f"{sources}/data", home], check=True)
+    commands = [(place, command.replace(PORT, port), answer and answer.replace(PORT, port))
+                for place, command, answer in page_commands(page)]
+    path = f"{home}/build/bin:{home}/examples/shards:{os.environ['PATH']}"
+    environment = os.environ | {
+        "PATH": path, "HOME": str(home), "XDG_CACHE_HOME": str(home / ".cache"), "no_proxy": "*",
+        "XDG_RUNTIME_DIR": str(scratch), "QT_QPA_PLATFORM": "offscreen",
+        "QT_LOGGING_RULES": "default.warning=false"}  # what the platform cannot do
+    shell = subprocess.Popen(["bash", "-c", session(commands, streams)], cwd=home, env=environment,
+                             stdin=subprocess.DEVNULL, start_new_session=True)
+    try:
+        shell.wait(timeout=60)
+    except subprocess.TimeoutExpired:
+        pass  # the first command without a status, below
+    with contextlib.suppress(ProcessLookupError):  # what the commands have left running
+        os.killpg(shell.pid, signal.SIGKILL)
+    for number, (place, command, answer) in enumerate(commands):
+        if not (streams / f"{number}.status").exists():
+            yield f"{place}: has not ended:\n{command}"
+            break
+        printed = (streams / f"{number}").read_text()
+        status = (streams / f"{number}.status").read_text().strip()
+        if answer is None and status != "0":
+            yield f"{place}: ends with status {status}:\n{command}{printed}"
+        if answer is not None and not prints(command, printed, answer):
+            yield f"{place}: {command}prints\n{printed}where the page has\n{answer}"
+
+
+def check_commands(sources, programs, *pages):
+    for page in map(Path, pages):
+        with tempfile.TemporaryDirectory() as scratch:
+            yield from run_page(page, sources, programs, Path(scratch))
+
+
+def main():
+    check = {"snippets": check_snippets, "commands": check_commands}[sys.argv[1]]
+    faults = list(check(*sys.argv[2:]))
+    print(*faults, sep="\n")
+    sys.exit(1 if faults else 0)
+
+
+if __name__ == "__main__":
+    main()
