@@ -13,9 +13,9 @@ ReplyFields Unconfirmed(ReplyFields fields) {
         &ReplyFields::business, &ReplyFields::vacant}) {
     (fields.*field).clear();
   }
-  fields.dpvConfirmation = "N";
-  fields.dpvFalse = "N";
-  fields.centralDeliveryPoint = "N";
+  fields.dpvConfirmation = 'N';
+  fields.dpvFalse = 'N';
+  fields.centralDeliveryPoint = 'N';
   return fields;
 }
 

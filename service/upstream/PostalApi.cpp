@@ -123,7 +123,7 @@ void ReadConfirmation(const json& reply, ReplyFields& fields) {
   fields.dpvFootnotes = DpvFootnotes(fields.dpvConfirmation);
   fields.centralDeliveryPoint = Letter(info, "centralDeliveryPoint", "YN");
   if (fields.dpvConfirmation == "N") {
-    fields.dpvFalse = "N";
+    fields.dpvFalse = 'N';
     return;
   }
   fields.deliveryPoint = Value(info, "deliveryPoint");
