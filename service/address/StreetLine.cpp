@@ -152,7 +152,10 @@ class NameReader {
       line_.name = rest_;  // NORTH LAKE, SOUTH WEST: which of them is the name is not certain
       return false;
     }
-    const std::string both = Combine(Direction(rest_[0]), Direction(rest_[1]));
+    // One written out behind one that is not is the name, as in S WEST TEMPLE.
+    const bool alike = (rest_[0].size() == 1) == (rest_[1].size() == 1);
+    const std::string both =
+        alike ? Combine(Direction(rest_[0]), Direction(rest_[1])) : std::string();
     const size_t taken = !both.empty() && !IsSuffixAlone(2) ? 2 : 1;
     line_.predirectional = taken == 2 ? both : Direction(rest_[0]);
     rest_.erase(rest_.begin(), rest_.begin() + taken);
