@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "service/base/import/CsvSource.h"
+#include "service/base/import/TigerSource.h"
 
 namespace postwright::service {
 namespace {
@@ -52,6 +53,10 @@ std::string Importer::Job() const {
 }
 
 std::unique_ptr<RowSource> Importer::Open(const std::filesystem::path& file) {
+  if (file.extension() == ".zip" || file.extension() == ".dbf") {
+    source_.format = "TIGER/Line ADDRFEAT";
+    return std::make_unique<TigerSource>(file);
+  }
   auto source = std::make_unique<CsvSource>(file, map_);
   source_.format = source->Format();
   return source;
