@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "service/Verifier.h"
+#include "service/base/import/CsvSource.h"
 #include "tests/service/DocTable.h"
 #include "tests/service/base/SampleBase.h"
 #include "tests/support/TempFolder.h"
@@ -84,6 +85,87 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
     EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
     EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
   }
+}
+
+// Every address of the sample is confirmed as it stands there: what it says is standard, and asking
+// with the answer gives the answer.
+TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
+  const std::filesystem::path base = folder_->File("buildings");
+  Import(base, "buildings", {kSample / "public-buildings.csv"}, *zips_, false);
+  Import(base, "town", {kSample / "town.csv"}, *zips_);
+  const AddressBase buildings(base);
+  CsvSource rows(kSample / "public-buildings.csv", std::nullopt);
+  int count = 0;
+  for (AddressRow row; rows.Next(row); ++count) {
+    RequestAddress asked;
+    asked.address2 = row[Field::Number] + " " + row[Field::Street];
+    asked.city = row[Field::City];
+    asked.state = row[Field::State];
+    asked.zip5 = row[Field::Zip];
+    SCOPED_TRACE(asked.address2);
+    const ReplyAddress reply = Verifier(*zips_, &buildings).Verify(asked);
+    ASSERT_TRUE(std::holds_alternative<ReplyFields>(reply.outcome));
+    const auto& fields = std::get<ReplyFields>(reply.outcome);
+    EXPECT_EQ(Write(fields),
+              asked.address2 + ", " + asked.city + " " + asked.state + " " + asked.zip5);
+    EXPECT_EQ(fields.dpvConfirmation, "Y");
+  }
+  EXPECT_GT(count, 250);
+}
+
+// A thousand addresses of parts that fit and parts that do not: whatever is answered is answered
+// again when it is asked for.
+TEST_F(DecisionTest, AnAnswerStaysAsItIs) {
+  const std::vector<std::string> numbers = {"12",     "14",     "31",  "33",       "5", "12A",
+                                            "13 1/2", "112-10", "150", "N6W23001", "9"};
+  const std::vector<std::string> streets = {"Main",
+                                            "N Main St",
+                                            "South Main Street",
+                                            "Oak",
+                                            "oak ave",
+                                            "Riversdie Dr",
+                                            "Elm St",
+                                            "Towpath Trail",
+                                            "Boulder Road",
+                                            "Chestnut Avenue",
+                                            "Bluemound Rd",
+                                            "Beich Ct",
+                                            "Hawthrone",
+                                            "E Street",
+                                            "State Hwy 60",
+                                            "Fifth St",
+                                            "Mac Arthur Rd",
+                                            "Calle 1"};
+  const std::vector<std::string> units = {"", "", "Apt 1", "#2", "Suite 100", "Floor 3", "4B"};
+  const std::vector<std::string> places = {"Millrace OH 00011",  "Millrace OH",
+                                           "Elderburn OH 00011", "Farley OH 00014",
+                                           "Millrace OH 00013",  "Villa Ejemplo PR 00016"};
+  int answers = 0;
+  for (size_t i = 0; i < 1500; ++i) {
+    const std::string line = numbers[i % numbers.size()] + " " + streets[i / 3 % streets.size()] +
+                             " " + units[i / 7 % units.size()];
+    SCOPED_TRACE(line + ", " + places[i / 11 % places.size()]);
+    const ReplyAddress first = Verify(ReadAsked(line, places[i / 11 % places.size()]));
+    const auto* fields = std::get_if<ReplyFields>(&first.outcome);
+    if (fields == nullptr) {
+      continue;
+    }
+    RequestAddress again;
+    again.address1 = fields->address1;
+    again.address2 = fields->address2;
+    again.urbanization = fields->urbanization;
+    again.city = fields->city;
+    again.state = fields->state;
+    again.zip5 = fields->zip5;
+    const ReplyAddress second = Verify(again);
+    ASSERT_TRUE(std::holds_alternative<ReplyFields>(second.outcome));
+    EXPECT_EQ(Write(std::get<ReplyFields>(second.outcome)), Write(*fields));
+    EXPECT_EQ(std::get<ReplyFields>(second.outcome).dpvConfirmation, fields->dpvConfirmation);
+    EXPECT_EQ(std::get<ReplyFields>(second.outcome).footnotes,
+              fields->dpvConfirmation == "D" ? "H" : "");
+    ++answers;
+  }
+  EXPECT_GT(answers, 300);
 }
 
 }  // namespace
