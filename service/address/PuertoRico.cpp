@@ -14,11 +14,11 @@ struct TypeRow {
 };
 
 constexpr TypeRow kTypes[] = {
-    {"AVE", "AVE"},       {"AVENIDA", "AVE"},    {"BLVD", "BLVD"},         {"BULEVAR", "BLVD"},
-    {"CALETA", "CALETA"}, {"CALLE", "CALLE"},    {"CALLEJON", "CALLEJON"}, {"CAMINO", "CAMINO"},
-    {"CARR", "CARR"},     {"CARRETERA", "CARR"}, {"MARGINAL", "MARGINAL"}, {"PARQUE", "PARQUE"},
-    {"PASAJE", "PASAJE"}, {"PASEO", "PASEO"},    {"PATIO", "PATIO"},       {"PLAZA", "PLAZA"},
-    {"VEREDA", "VEREDA"}, {"VIA", "VIA"},        {"VISTA", "VISTA"},
+    {"AVE", "AVE"},       {"AVENIDA", "AVE"},   {"BLVD", "BLVD"},      {"BOULEVARD", "BLVD"},
+    {"BULEVAR", "BLVD"},  {"CALETA", "CALETA"}, {"CALLE", "CALLE"},    {"CALLEJON", "CALLEJON"},
+    {"CAMINO", "CAMINO"}, {"CARR", "CARR"},     {"CARRETERA", "CARR"}, {"MARGINAL", "MARGINAL"},
+    {"PARQUE", "PARQUE"}, {"PASAJE", "PASAJE"}, {"PASEO", "PASEO"},    {"PATIO", "PATIO"},
+    {"PLAZA", "PLAZA"},   {"VEREDA", "VEREDA"}, {"VIA", "VIA"},        {"VISTA", "VISTA"},
 };
 
 constexpr std::string_view kAnnouncers[] = {"#", "CASA", "LOTE", "NO", "NUM", "NUMERO"};
@@ -35,16 +35,22 @@ std::string WithoutHyphenBehindLetter(const std::string& number) {
              : number;
 }
 
-// "BLQ 199 CASA 31" in front becomes the number 199-31.
+// "BLQ 199 CASA 31", in front or behind the street, becomes the number 199-31 in front, "BLQ A CASA
+// 5" A5.
 void JoinBlock(Words& words) {
-  if (words.size() < 4 || !Is(words[0], kBlocks) || !HasDigit(words[1])) {
+  const auto block = std::find_if(words.begin(), words.end(),
+                                  [](const std::string& word) { return Is(word, kBlocks); });
+  if (words.end() - block < 3) {
     return;
   }
-  const size_t house = Is(words[2], kAnnouncers) ? 3 : 2;
-  if (AllDigits(words[1]) && AllDigits(words[house])) {
-    words[0] = words[1] + "-" + words[house];
-    words.erase(words.begin() + 1, words.begin() + house + 1);
+  const auto house = block + (Is(block[2], kAnnouncers) ? 3 : 2);
+  const bool isLetter = block[1].size() == 1 && AllLetters(block[1]);
+  if (house >= words.end() || !AllDigits(*house) || (!AllDigits(block[1]) && !isLetter)) {
+    return;
   }
+  const std::string number = block[1] + (isLetter ? "" : "-") + *house;
+  words.erase(block, house + 1);
+  words.insert(words.begin(), number);
 }
 
 // Leaves out the words that announce a number, one or several in front of it.
@@ -92,6 +98,24 @@ std::string StandardUrbanization(const Words& words) {
     standard[0] = "URB";
   }
   return JoinWords(standard);
+}
+
+// Its name ends where the street begins: at a number in front of a type that no such name has, or
+// at the type itself.
+Words TakeUrbanization(Words& line) {
+  static constexpr std::string_view kTypesOfStreets[] = {"AVE", "AVENIDA", "CALLE", "CARR"};
+  const auto type = std::find_if(line.begin(), line.end(),
+                                 [](const std::string& word) { return Is(word, kTypesOfStreets); });
+  if (!IsUrbanization(line) || type == line.end()) {
+    return {};
+  }
+  const auto street = HasDigit(*(type - 1)) ? type - 1 : type;
+  if (street - line.begin() < 2) {
+    return {};
+  }
+  const Words urbanization(line.begin(), street);
+  line.erase(line.begin(), street);
+  return urbanization;
 }
 
 bool IsUrbanization(const Words& words) {

@@ -23,6 +23,10 @@ std::string SpanishType(const std::string& word);
 // of settlement than a URB (VILLA, COND, …) is kept.
 std::string StandardUrbanization(const Words& words);
 
+// Takes an urbanization off the front of a delivery line, "URB LOS OLMOS A17 CALLE 3"; empty where
+// there is none and where it is not certain where its name ends.
+Words TakeUrbanization(Words& line);
+
 // Says whether a line names an urbanization and nothing else.
 bool IsUrbanization(const Words& words);
 

@@ -1,6 +1,7 @@
 #include "service/address/Standardiser.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "service/address/BoxLine.h"
 #include "service/address/PuertoRico.h"
@@ -9,6 +10,9 @@
 
 namespace postwright::service {
 namespace {
+
+// Letters that a line of the Verify interface has room for.
+constexpr size_t kLongestLine = 38;
 
 bool IsMilitaryState(std::string_view state) {
   return state == "AA" || state == "AE" || state == "AP";
@@ -47,8 +51,11 @@ std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) 
     box->line.insert(box->line.end(), rest.begin(), rest.end());
     return BoxLine{box->line, {}};
   }
-  if (const auto street = ReadStreet(words, state)) {
-    return BoxLine{street->Compose(), {}};
+  if (auto street = ReadStreet(words, state)) {
+    // A unit that does not fit goes on the line above (section 213).
+    const bool fits = JoinWords(street->Compose()).size() <= kLongestLine;
+    const Words aside = fits ? Words() : std::exchange(street->units, {});
+    return BoxLine{street->Compose(), aside};
   }
   if (IsMilitaryState(state) && !words.empty()) {
     return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
@@ -68,6 +75,9 @@ std::optional<DeliveryLines> ReadLines(const DeliveryLines& asked, std::string_v
   if (state == "PR" && urbanization.empty() && IsUrbanization(above)) {
     urbanization = StandardUrbanization(above);
     above.clear();
+  }
+  if (state == "PR" && urbanization.empty()) {
+    urbanization = StandardUrbanization(TakeUrbanization(delivery));
   }
   std::optional<BoxLine> line = ReadDelivery(delivery, state);
   if (!line) {

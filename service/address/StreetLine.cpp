@@ -77,14 +77,15 @@ Words TakeNumber(Words& words, bool puertoRico) {
   return number;
 }
 
-// Moves a unit that was written in front of the house number behind the street: APT 4 12 MAIN ST.
-void MoveLeadingUnit(Words& words) {
-  if (words.size() < 4 || Lexicon::Get().NumberedUnit(words[0]).empty()) {
-    return;
+// Moves units that were written in front of the house number behind the street: APT 4 12 MAIN ST.
+void MoveLeadingUnits(Words& words) {
+  size_t number = 0;
+  while (number + 1 < words.size() && !Lexicon::Get().NumberedUnit(words[number]).empty()) {
+    number += 2 + NumberSignLength(words, number + 1);
   }
-  const size_t number = 1 + NumberSignLength(words, 1);
-  if (number + 2 < words.size() && IsDigit(words[number + 1][0]) && !IsOrdinal(words[number + 1])) {
-    std::rotate(words.begin(), words.begin() + number + 1, words.end());
+  if (number > 0 && number + 1 < words.size() && IsDigit(words[number][0]) &&
+      !IsOrdinal(words[number])) {
+    std::rotate(words.begin(), words.begin() + static_cast<long>(number), words.end());
   }
 }
 
@@ -240,7 +241,7 @@ Words StreetLine::Compose() const {
 std::optional<StreetLine> ReadStreet(Words words, std::string_view state) {
   const bool puertoRico = state == "PR";
   words.erase(words.begin(), words.begin() + NumberSignLength(words, 0));
-  MoveLeadingUnit(words);
+  MoveLeadingUnits(words);
   StreetLine line;
   if (puertoRico) {
     line.units = TakeUnits(words, std::min<size_t>(words.size(), 3));

@@ -41,6 +41,19 @@ bool EndsStreet(const std::string& word) {
   return lexicon.IsPlainType(lexicon.Suffix(word)) || !lexicon.Direction(word).empty();
 }
 
+// "PRIVATE MAILBOX 234" is written "PMB 234" (section 284).
+void ShortenMailbox(Words& words, size_t from) {
+  static constexpr std::string_view kPhrases[] = {"PRIVATE MAILBOX", "PRIVATE MAIL BOX"};
+  for (size_t at = from; at < words.size(); ++at) {
+    const size_t length = LongestPhrase(words, at, kPhrases);
+    if (length > 0 && at + length < words.size()) {
+      words.erase(words.begin() + static_cast<long>(at),
+                  words.begin() + static_cast<long>(at + length - 1));
+      words[at] = "PMB";
+    }
+  }
+}
+
 // Looks at the end of words[begin, end).
 class LastUnit {
  public:
@@ -143,6 +156,7 @@ class LastUnit {
 }  // namespace
 
 Words TakeUnits(Words& words, size_t kept) {
+  ShortenMailbox(words, kept);
   Words units;
   while (words.size() > kept) {
     Unit last = LastUnit(words, kept, words.size()).Read();

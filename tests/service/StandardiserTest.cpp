@@ -90,6 +90,8 @@ TEST(StandardiserTest, UrbanizationIsKept) {
   const auto above = Standardiser::Standardise({"URB LAS GLADIOLAS", "A17 CALLE 1", ""}, "PR");
   EXPECT_EQ(above->urbanization, "URB LAS GLADIOLAS");
   EXPECT_EQ(above->address1, "");
+  const auto within = Standardiser::Standardise({"", "URB LAS GLADIOLAS A17 CALLE 1", ""}, "PR");
+  EXPECT_EQ(within->urbanization, "URB LAS GLADIOLAS");
 }
 
 }  // namespace
