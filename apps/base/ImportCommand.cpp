@@ -37,7 +37,7 @@ void StopOnSignals(void (*action)(int)) {
 std::string Thousands(int64_t number) {
   std::string text = std::to_string(number);
   for (auto at = static_cast<int64_t>(text.size()) - 3; at > 0; at -= 3) {
-    text.insert(static_cast<size_t>(at), ",");
+    text.insert(static_cast<size_t>(at), 1, ',');
   }
   return text;
 }
