@@ -63,6 +63,13 @@ std::string Ending(int status) {
   return "ended with exit status " + std::to_string(WEXITSTATUS(status));
 }
 
+// In a worker: whether the parent is gone. It may have left answers unread, which makes the
+// worker's next read fail where it would otherwise find the end.
+bool IsAbandoned() {
+  pollfd channel{STDIN_FILENO, 0, 0};
+  return poll(&channel, 1, 0) == 1 && (channel.revents & POLLHUP) != 0;
+}
+
 bool IsToBeTriedAgain(int error) {
   return error == EAGAIN || error == EINTR;
 }
@@ -133,6 +140,9 @@ void WorkerPool::Serve(int channel, pid_t parent) const {
   } catch (const ClosedPipe&) {
     _exit(kExitClosedPipe);
   } catch (const std::exception& failure) {
+    if (IsAbandoned()) {
+      _exit(kExitClosedPipe);
+    }
     // The label has its record all the same: the parent says there how the worker ended.
     std::cerr << "postwright: a worker process stopped: " << failure.what() << '\n';
     _exit(kExitFailed);
