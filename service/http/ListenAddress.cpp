@@ -1,5 +1,6 @@
 #include "service/http/ListenAddress.h"
 
+#include <arpa/inet.h>
 #include <netdb.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -14,10 +15,6 @@ namespace {
 
 constexpr int kBacklog = 1024;  // the kernel cuts it to net.core.somaxconn
 constexpr unsigned kHighestPort = 65535;
-
-socklen_t LengthOf(const sockaddr* address) {
-  return address->sa_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
-}
 
 bool IsPort(std::string_view text) {
   unsigned port = 0;
@@ -87,10 +84,15 @@ std::string ListenAddress::OfSocket(int socket) {
 }
 
 std::string ListenAddress::HostOf(const sockaddr* address) {
-  char host[NI_MAXHOST] = "";
+  char host[INET6_ADDRSTRLEN] = "";
+  const void* bytes = nullptr;
+  if (address != nullptr && address->sa_family == AF_INET) {
+    bytes = &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
+  } else if (address != nullptr && address->sa_family == AF_INET6) {
+    bytes = &reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr;
+  }
   const bool shown =
-      address != nullptr &&
-      getnameinfo(address, LengthOf(address), host, sizeof(host), nullptr, 0, NI_NUMERICHOST) == 0;
+      bytes != nullptr && inet_ntop(address->sa_family, bytes, host, sizeof(host)) != nullptr;
   return shown ? host : "?";
 }
 

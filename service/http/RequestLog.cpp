@@ -4,42 +4,112 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace postwright::service {
+namespace {
+
+constexpr std::chrono::milliseconds kGathering(10);
+constexpr size_t kPipe = 4096;      // PIPE_BUF: what is written to a pipe whole or not at all
+constexpr int kPollPause = 100;     // ms between two looks whether the end has come
+constexpr int kLastPatience = 500;  // ms for a reader that sleeps at the end
+
+}  // namespace
 
 RequestLog::RequestLog(int descriptor, std::string prefix)
-    : descriptor_(descriptor), prefix_(std::move(prefix)) {}
+    : descriptor_(descriptor), prefix_(std::move(prefix)) {
+  if (descriptor_ >= 0) {
+    thread_ = std::thread(&RequestLog::Run, this);
+  }
+}
+
+RequestLog::~RequestLog() {
+  {
+    const std::lock_guard lock(mutex_);
+    isEnding_ = true;
+  }
+  wake_.notify_one();
+  if (thread_.joinable()) {
+    thread_.join();
+  }
+}
 
 void RequestLog::Write(std::string_view line) {
-  const std::lock_guard lock(mutex_);
-  if (!CanWrite()) {
+  std::unique_lock lock(mutex_);
+  if (descriptor_ < 0 || waiting_.size() + 2 * kLongestLine > kMostWaiting) {
     ++leftOut_;
     return;
   }
+  const bool sleeps = waiting_.empty();
   if (leftOut_ > 0) {
-    WriteWhole(std::to_string(leftOut_) + " lines were left out, since nobody read them");
-    leftOut_ = 0;
-    if (!CanWrite()) {
-      ++leftOut_;
+    Append(std::to_string(std::exchange(leftOut_, 0)) +
+           " lines were left out, since nobody read them");
+  }
+  Append(line);
+  lock.unlock();
+  if (sleeps) {
+    wake_.notify_one();
+  }
+}
+
+void RequestLog::Append(std::string_view line) {
+  waiting_ += prefix_;
+  const size_t begin = waiting_.size();
+  waiting_ += line.substr(0, kLongestLine - prefix_.size() - 1);
+  std::replace_if(
+      waiting_.begin() + static_cast<std::ptrdiff_t>(begin), waiting_.end(),
+      [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
+  waiting_ += '\n';
+}
+
+void RequestLog::Run() {
+  std::string lines;
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    wake_.wait(lock, [this] { return isEnding_ || !waiting_.empty(); });
+    if (waiting_.empty()) {
       return;
     }
+    lines.clear();
+    lines.swap(waiting_);
+    lock.unlock();
+    if (!WriteLines(lines)) {
+      return;
+    }
+    lock.lock();
+    wake_.wait_for(lock, kGathering, [this] { return isEnding_.load(); });
   }
-  WriteWhole(line);
+}
+
+// Whole lines at a time, so that other writers of the same pipe come between them and not into
+// them. Returns false where the end came first.
+bool RequestLog::WriteLines(std::string_view lines) const {
+  while (!lines.empty()) {
+    if (!AwaitRoom()) {
+      return false;
+    }
+    const size_t end = lines.size() <= kPipe ? lines.size() : lines.rfind('\n', kPipe - 1) + 1;
+    // A log that cannot be written has nobody who could be told.
+    [[maybe_unused]] const ssize_t written = write(descriptor_, lines.data(), end);
+    lines.remove_prefix(end);
+  }
+  return true;
 }
 
 // A pipe counts as writable only while PIPE_BUF bytes fit, so the write that follows does not wait.
-bool RequestLog::CanWrite() const {
+// Returns false where the end cannot wait for that any longer.
+bool RequestLog::AwaitRoom() const {
   pollfd state = {descriptor_, POLLOUT, 0};
-  return poll(&state, 1, 0) == 1 && (state.revents & POLLOUT) != 0;
-}
-
-void RequestLog::WriteWhole(std::string_view line) const {
-  std::string text = prefix_ + std::string(line.substr(0, kLongestLine - prefix_.size() - 1));
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
-  text += '\n';
-  // A log that cannot be written has nobody who could be told.
-  [[maybe_unused]] const ssize_t written = write(descriptor_, text.data(), text.size());
+  for (;;) {
+    const bool isLast = isEnding_;
+    if (poll(&state, 1, isLast ? kLastPatience : kPollPause) > 0) {
+      return true;
+    }
+    if (isLast) {
+      return false;
+    }
+  }
 }
 
 }  // namespace postwright::service

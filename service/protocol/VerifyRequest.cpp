@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <random>
 
 #include "service/text/Encoding.h"
 
@@ -32,6 +33,16 @@ std::optional<std::string> Attribute(const XML_Char** attributes, std::string_vi
   return std::nullopt;
 }
 
+// What keeps a client from choosing names that share a hash. Once for the process: the parser would
+// ask the system for one with every document.
+unsigned long HashSalt() {
+  static const unsigned long salt = [] {
+    std::random_device random;
+    return (static_cast<unsigned long>(random()) << 32U) | random() | 1U;  // 0 stands for none
+  }();
+  return salt;
+}
+
 // The elements of one document, as the parser meets them.
 class Reader {
  public:
@@ -48,6 +59,7 @@ class Reader {
       throw std::bad_alloc();
     }
     parser_ = parser.get();
+    XML_SetHashSalt(parser_, HashSalt());
     XML_SetUserData(parser_, this);
     XML_SetElementHandler(parser_, &Reader::OnStart, &Reader::OnEnd);
     XML_SetCharacterDataHandler(parser_, &Reader::OnText);

@@ -192,6 +192,49 @@ TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   drain.join();
 }
 
+// Of what nobody reads some is kept and the rest is counted; no line is torn.
+TEST(RequestLogTest, CountsWhatItLeavesOut) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  const std::string leftOut = " lines were left out, since nobody read them";
+  int lines = 0;
+  int told = 0;  // lines that came, and those that were said to be left out
+  std::atomic<bool> isTold = false;
+  std::thread reader;
+  {
+    RequestLog log(ends[1], "log: ");
+    const auto write = [&] {
+      log.Write(std::string(5000, 'a') + '\n');
+      ++lines;
+    };
+    while (lines < 1000) {
+      write();
+    }
+    reader = std::thread([&] {
+      FILE* const input = fdopen(ends[0], "r");
+      char line[5000] = "";
+      while (fgets(line, sizeof(line), input) != nullptr) {
+        const std::string text(line);
+        const int count = text.ends_with(leftOut + '\n') ? std::stoi(text.substr(5)) : 1;
+        isTold = isTold || count > 1;
+        told += count;
+        EXPECT_TRUE(text.starts_with("log: ") &&
+                    (count > 1 || text.size() == RequestLog::kLongestLine))
+            << text;
+      }
+      fclose(input);
+    });
+    while (!isTold && lines < 10'000) {
+      write();
+      std::this_thread::sleep_for(milliseconds(1));
+    }
+  }
+  close(ends[1]);
+  reader.join();
+  EXPECT_TRUE(isTold);
+  EXPECT_EQ(told, lines);
+}
+
 TEST(ListenAddressTest, ReadsAddressAndPort) {
   for (const char* wrong : {"", "8470", ":8470", "127.0.0.1", "127.0.0.1:", "127.0.0.1:x",
                             "127.0.0.1:65536", "127.0.0.1:-1", "::1:80", "127.0.0.1:80 "}) {
