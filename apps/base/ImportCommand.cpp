@@ -135,13 +135,13 @@ int RunImport(const ImportOptions& options) {
   }
   ImportProgress progress(options.quiet);
   LeftOutRows leftOut(progress);
+  StopOnSignals(Stop);
   Importer importer(options.base,
                     {options.source, "", options.licence, options.attribution, !options.partial},
                     {options.files.begin(), options.files.end()}, map, zips);
   if (importer.GoesOn()) {
     progress.Say("goes on with the import that was stopped");
   }
-  StopOnSignals(Stop);
   const auto end = importer.Run(
       gStop, {[&](const Importer::Progress& now) { progress.Show(now); },
               [&](const std::string& file, int64_t line, const std::string& why) {

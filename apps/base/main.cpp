@@ -28,13 +28,14 @@ Example: postwright-base import texas.base travis.csv --source 'Travis County' -
 constexpr const char* kImportFooter =
     R"(Adds the files to BASE, which is made where there is none, as one source. Rows that an earlier
 import of the same --source brought are replaced. A service that has BASE open goes on with the old
-one until it is told to read it again.
+one until SIGHUP has it read its files again.
 
 A file is the address ranges of a county as the Census Bureau publishes them in TIGER/Line
-(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), or a CSV file whose first line names the columns: that of OpenAddresses, that of the National
-Address Database, one whose columns are called as the fields below, or any other with --map. Fields:
-number street unit city state zip zip4 urbanization, and for ranges of numbers low high parity (E, O
-or B). A field may be made of several columns: street=PREDIR+NAME+TYPE.
+(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), or a CSV file whose first line names the columns:
+that of OpenAddresses, that of the National Address Database, one whose columns are called as the
+fields below, or any other with --map. Fields: number street unit city state zip zip4 urbanization,
+and for ranges of numbers low high parity (E, O or B). A field may be made of several columns:
+street=PREDIR+NAME+TYPE.
 
 Rows without a house number, a street or a ZIP code are left out; the first twenty are named, all are
 counted. SIGINT stops the import between two rows; the same command goes on where it stopped. BASE

@@ -33,6 +33,9 @@ BaseReader::BaseReader(const std::filesystem::path& file)
       wholeZip_(file_,
                 "SELECT 1 FROM zip JOIN source ON source.id=zip.source "
                 "WHERE zip.zip=? AND whole LIMIT 1"),
+      street_(file_,
+              "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
+              "suffix=? AND postdirectional=? AND urbanization=?"),
       streets_(file_,
                "SELECT id,predirectional,name,suffix,postdirectional,urbanization "
                "FROM street WHERE zip=? AND key=?"),
@@ -46,6 +49,14 @@ BaseReader::BaseReader(const std::filesystem::path& file)
 
 bool BaseReader::Has(SqliteStatement& statement, const std::string& zip) {
   return Query(statement, {zip}).Step();
+}
+
+std::optional<KnownStreet> BaseReader::FindStreet(const std::string& zip,
+                                                  const StreetName& street) {
+  const std::string key = StreetKey(street.name);
+  Query query(street_, {zip, key, street.name, street.predirectional, street.suffix,
+                        street.postdirectional, street.urbanization});
+  return query.Step() ? std::optional(KnownStreet{street_.Number(0), street}) : std::nullopt;
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,9 @@ class BaseReader {
   // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
   bool HoldsStreetsOf(const std::string& zip) { return Has(streetsOfZip_, zip); }
   bool HoldsAllStreetsOf(const std::string& zip) { return Has(wholeZip_, zip); }
+
+  // Returns the street of exactly that name in the ZIP code; nullopt where there is none.
+  std::optional<KnownStreet> FindStreet(const std::string& zip, const StreetName& street);
 
   // Returns the streets of the ZIP code that have the key.
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
@@ -76,6 +80,7 @@ class BaseReader {
   SqliteFile file_;
   SqliteStatement streetsOfZip_;
   SqliteStatement wholeZip_;
+  SqliteStatement street_;
   SqliteStatement streets_;
   SqliteStatement keys_;
   SqliteStatement points_;

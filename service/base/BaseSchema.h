@@ -34,6 +34,7 @@ CREATE UNIQUE INDEX street_in_zip ON street(
 CREATE TABLE city(
   zip TEXT NOT NULL, key TEXT NOT NULL, name TEXT NOT NULL, source INTEGER NOT NULL,
   PRIMARY KEY(zip, key, source)) WITHOUT ROWID;
+CREATE INDEX city_by_key ON city(key, zip);
 CREATE TABLE zip(
   zip TEXT NOT NULL, source INTEGER NOT NULL, PRIMARY KEY(zip, source)) WITHOUT ROWID;
 )";

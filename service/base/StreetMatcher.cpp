@@ -84,15 +84,12 @@ StreetMatch StreetMatcher::Match(const std::string& zip, const StreetName& asked
 StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetName& asked,
                                         const std::string& number) {
   StreetMatch match;
-  for (KnownStreet& street : reader_.FindStreets(zip, StreetKey(asked.name))) {
-    if (street.street == asked) {
-      match.facts = reader_.FindNumber(street.id, number);
-      match.kind = match.facts.IsKnown() ? StreetMatch::Kind::Found : StreetMatch::Kind::NoNumber;
-      match.street = std::move(street);
-      Explain(explanation_, zip, ": ", Quote(asked), " is there, and ", number, " ",
-              Describe(match.facts), " on it");
-      return match;
-    }
+  if (auto street = reader_.FindStreet(zip, asked)) {
+    match.facts = reader_.FindNumber(street->id, number);
+    match.kind = match.facts.IsKnown() ? StreetMatch::Kind::Found : StreetMatch::Kind::NoNumber;
+    match.street = std::move(*street);
+    Explain(explanation_, zip, ": ", Quote(asked), " is there, and ", number, " ",
+            Describe(match.facts), " on it");
   }
   return match;
 }
