@@ -26,6 +26,11 @@ std::string PrintableApi(std::string_view api) {
 
 // Says whether a body is the document itself; a form's would begin with a field's name.
 bool IsDocument(std::string_view body) {
+  for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+    if (body.starts_with(mark)) {
+      return true;
+    }
+  }
   const size_t first = body.find_first_not_of(" \t\r\n");
   return first != std::string_view::npos && body[first] == '<';
 }

@@ -66,6 +66,14 @@ std::string Nested(int depth) {
   return nested;
 }
 
+std::string Utf16(const std::string& ascii) {
+  std::string text = "\xFF\xFE";
+  for (const char c : ascii) {
+    text += {c, '\0'};
+  }
+  return text;
+}
+
 std::string Rejected(const std::string& number, const std::string& description) {
   return "<Error><Number>" + number + "</Number><Source>clsAMS</Source><Description>" +
          description + "</Description><HelpFile/><HelpContext/></Error>";
@@ -129,6 +137,40 @@ const DocumentCase kDocuments[] = {
     {"a field of 201 bytes",
      Request("<Address><Address2>12 " + std::string(198, 'A') + "</Address2></Address>"),
      Response("<Address>" + kInvalid + "</Address>")},
+    {"unit and street swapped",
+     Request("<Address ID=\"0\"><Address1>12 Main St</Address1><Address2>Suite 700</Address2>"
+             "<City/><State/><Zip5>78701</Zip5><Zip4/></Address>"),
+     Response("<Address ID=\"0\"><Address1>STE 700</Address1>" + kMainReply + "</Address>")},
+    {"a street alone in the unit's place",
+     Request("<Address ID=\"0\"><Address1>12 Main St</Address1><Address2/><Zip5>78701</Zip5>"
+             "</Address>"),
+     Response("<Address ID=\"0\">" + kMainReply + "</Address>")},
+    {"five addresses, the elements of before Revision, another order",
+     Request("<IncludeOptionalElements>true</IncludeOptionalElements>"
+             "<ReturnCarrierRoute>true</ReturnCarrierRoute><Address ID=\"4\"><Zip5>78701</Zip5>"
+             "<Address2>12 Main St</Address2></Address><Address ID=\"3\"/><Address ID=\"2\">" +
+             kAsked + "</Address><Address ID=\"\">" + kAsked + "</Address><Address ID=\"2\">" +
+             kAsked + "</Address>"),
+     Response("<Address ID=\"4\">" + kMainReply + "</Address><Address ID=\"3\">" + kInvalid +
+              "</Address><Address ID=\"2\">" + kMainReply + "</Address><Address ID=\"\">" +
+              kMainReply + "</Address><Address ID=\"2\">" + kMainReply + "</Address>")},
+    {"no such state",
+     Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>Seoul</City>"
+             "<State>Korea</State><Zip5>36100</Zip5></Address>"),
+     Response("<Address ID=\"0\">" + Rejected("-2147219402", "Invalid State Code.  ") +
+              "</Address>")},
+    {"no such city",
+     Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>Qwxyzzy</City>"
+             "<State>TX</State></Address>"),
+     Response("<Address ID=\"0\">" + Rejected("-2147219400", "Invalid City.  ") + "</Address>")},
+    {"no such ZIP",
+     Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><Zip5>00000</Zip5></Address>"),
+     Response("<Address ID=\"0\">" + Rejected("-2147219399", "Invalid Zip Code.  ") +
+              "</Address>")},
+    {"UTF-16 with its mark", Utf16(Request("<Address>" + kAsked + "</Address>")),
+     Response("<Address>" + kMainReply + "</Address>")},
+    {"UTF-8 with its mark", "\xEF\xBB\xBF" + Request("<Address>" + kAsked + "</Address>"),
+     Response("<Address>" + kMainReply + "</Address>")},
     {"no address at all", Request(""), Response("")},
     {"six addresses", Request("<Address/><Address/><Address/><Address/><Address/><Address/>"),
      "<Error><Number>80040B18</Number><Description>A request may hold up to 5 addresses. Send the "
@@ -180,6 +222,52 @@ TEST(VerifyServiceTest, AnswersDocumentsByteForByte) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(AnswerDocument(row.document), row.reply);
   }
+}
+
+// The forms that were recorded of the postal service, each element in its place.
+TEST(VerifyServiceTest, ComposesEveryElementInItsPlace) {
+  ReplyFields fields;
+  fields.firmName = "F";
+  fields.address1 = "STE 7";
+  fields.address2 = "12 MAIN STREET";
+  fields.address2Abbreviation = "12 MAIN ST";
+  fields.city = "EAST STROUDSBURG";
+  fields.cityAbbreviation = "E STROUDSBURG";
+  fields.state = "PA";
+  fields.urbanization = "U";
+  fields.zip5 = "18302";
+  fields.zip4 = "1234";
+  fields.deliveryPoint = "99";
+  fields.returnText = ReplyFields::kDefaultMatch;
+  fields.carrierRoute = "C069";
+  fields.footnotes = "HN";
+  fields.dpvConfirmation = "D";
+  fields.dpvCmra = fields.dpvFalse = fields.business = fields.centralDeliveryPoint = "N";
+  fields.dpvFootnotes = "AAN1";
+  fields.vacant = "Y";
+  const std::string returnText =
+      "<ReturnText>Default address: The address you entered was found but more information is "
+      "needed (such as an apartment, suite, or box number) to match to a specific "
+      "address.</ReturnText>";
+  const std::string place = "<State>PA</State><Urbanization>U</Urbanization><Zip5>18302</Zip5>";
+  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, true),
+            kDeclaration +
+                Response("<Address ID=\"0\"><FirmName>F</FirmName><Address1>STE 7</Address1>"
+                         "<Address2>12 MAIN STREET</Address2>"
+                         "<Address2Abbreviation>12 MAIN ST</Address2Abbreviation>"
+                         "<City>EAST STROUDSBURG</City>"
+                         "<CityAbbreviation>E STROUDSBURG</CityAbbreviation>" +
+                         place + "<Zip4>1234</Zip4><DeliveryPoint>99</DeliveryPoint>" + returnText +
+                         "<CarrierRoute>C069</CarrierRoute><Footnotes>HN</Footnotes>"
+                         "<DPVConfirmation>D</DPVConfirmation><DPVCMRA>N</DPVCMRA>"
+                         "<DPVFalse>N</DPVFalse><DPVFootnotes>AAN1</DPVFootnotes>"
+                         "<Business>N</Business><CentralDeliveryPoint>N</CentralDeliveryPoint>"
+                         "<Vacant>Y</Vacant></Address>"));
+  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, false),
+            kDeclaration + Response("<Address ID=\"0\"><FirmName>F</FirmName>"
+                                    "<Address1>STE 7</Address1><Address2>12 MAIN STREET</Address2>"
+                                    "<City>E STROUDSBURG</City>" +
+                                    place + "<Zip4>1234</Zip4>" + returnText + "</Address>"));
 }
 
 struct QueryCase {
