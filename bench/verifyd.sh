@@ -1,0 +1,144 @@
+#!/usr/bin/env bash
+# Compares the Verify service with nginx serving one file of the size of an answer, through the same
+# client: requests a second, latencies, and the service's memory over many requests.
+#
+#   bench/verifyd.sh [--base FILE]... [--ask FILE] [--rounds N] [--seconds N] [--millions N]
+#
+# --ask names what is asked for: an address a line, set apart by tabs: delivery line, city, state, ZIP.
+# Without it, a house on a main street in a thousand cities of data/us-zips.tsv. Needs wrk and nginx,
+# and a release build. Whatever else runs on the machine takes from both, but not always alike: look
+# at several rounds.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+base=()
+ask=
+rounds=5
+seconds=5
+millions=1
+while [ $# -gt 0 ]; do
+  case $1 in
+    --base) base+=(--base "$2") ;;
+    --ask) ask=$2 ;;
+    --rounds) rounds=$2 ;;
+    --seconds) seconds=$2 ;;
+    --millions) millions=$2 ;;
+    *) sed -n '2,/^set/s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  esac
+  shift 2
+done
+verifyd=build-release/bin/postwright-verifyd
+[ -x "$verifyd" ] || { echo "build it: cmake --preset release && cmake --build --preset release"; exit 1; }
+for tool in wrk nginx curl; do
+  command -v "$tool" > /dev/null || { echo "install it: apt-get install wrk nginx-light curl"; exit 1; }
+done
+scratch=$(mktemp -d)
+pids=()
+stop() {
+  kill -KILL "${pids[@]}" 2> /dev/null || true
+  wait 2> /dev/null
+  rm -rf "$scratch"
+}
+trap stop EXIT
+
+# A query a line, as a client escapes it.
+queries() {
+  awk -F '\t' '
+    function element(name, text) { return "%3C" name "%3E" text "%3C/" name "%3E" }
+    {
+      gsub("&", "%26amp;"); gsub(" ", "+"); gsub("#", "%23")
+      print "%3CAddressValidateRequest+USERID=%221%22%3E%3CRevision%3E1%3C/Revision%3E%3CAddress+ID=%220%22%3E" \
+        element("Address1", "") element("Address2", $1) element("City", $2) element("State", $3) \
+        element("Zip5", $4) element("Zip4", "") "%3C/Address%3E%3C/AddressValidateRequest%3E"
+    }' "$@"
+}
+if [ -n "$ask" ]; then
+  queries "$ask" > "$scratch/queries"
+else
+  awk -F '\t' -v OFS='\t' 'NR % 41 == 0 { print NR % 990 + 1 " north main street apt 4", $2, $3, $1 }' \
+    data/us-zips.tsv | queries > "$scratch/queries"
+fi
+cat > "$scratch/client.lua" << 'END'
+local requests, at = {}, 0
+function init()
+  for line in io.lines(os.getenv("QUERIES")) do
+    requests[#requests + 1] = wrk.format("GET", "/ShippingAPI.dll?API=Verify&XML=" .. line)
+  end
+end
+function request()
+  at = at % #requests + 1
+  return requests[at]
+end
+END
+export QUERIES=$scratch/queries
+
+port=$((20000 + RANDOM % 10000))
+service=http://127.0.0.1:$port
+"$verifyd" --listen "127.0.0.1:$port" "${base[@]}" 2> /dev/null &
+verifyd_pid=$!
+pids+=("$verifyd_pid")
+until curl --silent --output /dev/null "$service/"; do
+  kill -0 "$verifyd_pid" || exit 1
+  sleep 0.1
+done
+curl --silent "$service/ShippingAPI.dll?API=Verify&XML=$(head -n 1 "$scratch/queries")" > "$scratch/answer.xml"
+port=$((port + 1))
+cat > "$scratch/nginx.conf" << END
+daemon off;
+worker_processes auto;
+pid $scratch/nginx.pid;
+error_log $scratch/nginx.log;
+events {}
+http {
+  access_log off;
+  keepalive_requests 1000000000;
+  client_body_temp_path $scratch/body;
+  proxy_temp_path $scratch/proxy;
+  fastcgi_temp_path $scratch/fastcgi;
+  uwsgi_temp_path $scratch/uwsgi;
+  scgi_temp_path $scratch/scgi;
+  server {
+    listen 127.0.0.1:$port;
+    location = /ShippingAPI.dll { alias $scratch/answer.xml; types { text/xml xml; } }
+  }
+}
+END
+chmod 755 "$scratch" # nginx may serve as another user
+nginx -p "$scratch" -e "$scratch/nginx.log" -c "$scratch/nginx.conf" &
+pids+=($!)
+sleep 1
+[ "$(curl --silent "http://127.0.0.1:$port/ShippingAPI.dll")" = "$(cat "$scratch/answer.xml")" ] ||
+  { cat "$scratch/nginx.log"; exit 1; }
+
+# load URL SECONDS: requests a second, median and 99th percentile in microseconds, errors.
+load() {
+  wrk --threads 2 --connections 16 --duration "$2s" --latency --script "$scratch/client.lua" "$1" |
+    awk '
+      function us(text) { return text * (text ~ /us$/ ? 1 : text ~ /ms$/ ? 1000 : 1000000) }
+      $1 == "50%" { median = us($2) }
+      $1 == "99%" { last = us($2) }
+      /^Requests\/sec:/ { rate = $2 }
+      /Non-2xx|Socket errors/ { bad = $0 }
+      END { printf "%.0f\t%.0f\t%.0f\t%s\n", rate, median, last, bad }'
+}
+
+memory() { awk '/^VmRSS:/ { print $2 }' "/proc/$verifyd_pid/status"; }
+answered() { curl --silent "$service/metrics" | awk '/^postwright_documents_total / { print $2 }'; }
+
+echo "$(wc --bytes < "$scratch/answer.xml") bytes an answer, $(wc --lines < "$scratch/queries") addresses, ${base[*]:-the base that comes along}, load $(cut -d ' ' -f 1 /proc/loadavg)"
+load "$service" 1 > /dev/null
+printf 'nginx/s\tservice/s\tratio\tmedian us\t99%% us\t99%%/median\n'
+for ((round = 0; round < rounds; ++round)); do
+  IFS=$'\t' read -r there _ _ bad < <(load "http://127.0.0.1:$port" "$seconds")
+  [ -z "$bad" ] || echo "nginx: $bad"
+  IFS=$'\t' read -r here median last bad < <(load "$service" "$seconds")
+  [ -z "$bad" ] || echo "service: $bad"
+  awk -v t="$there" -v h="$here" -v m="$median" -v l="$last" \
+    'BEGIN { printf "%d\t%d\t%.2f\t%d\t%d\t%.1f\n", t, h, h / t, m, l, l / m }'
+done
+
+printf 'requests\tmemory kB\n'
+printf '%d\t%d\n' "$(answered)" "$(memory)"
+while [ "$(answered)" -lt "$((millions * 1000000))" ]; do
+  load "$service" 20 > /dev/null
+  printf '%d\t%d\n' "$(answered)" "$(memory)"
+done
