@@ -101,7 +101,8 @@ TEST_F(ImportTest, StoppedOrKilledGoesOnWhereItWas) {
   RunAndKill("base", file, {{}, {}, [] { raise(SIGKILL); }});
   EXPECT_EQ(Content(folder_.File("base")), before);
   Run("base", "many", file);
-  EXPECT_EQ(Content(folder_.File("base")), Content(folder_.File("straight")));
+  // Too long to be shown side by side.
+  EXPECT_TRUE(Content(folder_.File("base")) == Content(folder_.File("straight")));
   EXPECT_FALSE(std::filesystem::exists(folder_.File("base.import")));
 
   EXPECT_TRUE(reader.Borrow()->FindStreets("00011", "STREET1AVE").empty());  // the old one
