@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -65,11 +64,6 @@ std::string Daemon::ReadAddress() {
 
 void Daemon::Signal(int number) const {
   kill(process_, number);
-}
-
-void Daemon::LimitFiles(size_t bytes) const {
-  const rlimit limit = {bytes, bytes};
-  EXPECT_EQ(prlimit(process_, RLIMIT_FSIZE, &limit, nullptr), 0);
 }
 
 int Daemon::Wait() {

@@ -25,9 +25,6 @@ class Daemon {
 
   void Signal(int number) const;
 
-  // Lets no file that it writes grow beyond `bytes`, as a disk does that is full.
-  void LimitFiles(size_t bytes) const;
-
   // Returns the exit status, -1 for an end by a signal or none.
   int Wait();
 

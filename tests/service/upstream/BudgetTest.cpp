@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <random>
 
-#include "service/gateway/FairQueue.h"
-
 namespace postwright::service {
 namespace {
 
@@ -63,29 +61,6 @@ TEST(BudgetTest, HoldsInEveryStretch) {
       ASSERT_EQ(within, 5U);
     }
   }
-}
-
-TEST(FairQueueTest, ServesInTurn) {
-  FairQueue<int> queue;
-  for (const int item : {1, 2, 3, 4}) {
-    queue.Push("batch", item);
-  }
-  queue.Push("window", 10);
-  EXPECT_EQ(queue.Pop(), 1);
-  EXPECT_EQ(queue.Pop(), 10);
-  EXPECT_EQ(queue.Pop(), 2);
-  queue.Push("window", 11);
-  queue.PutBack("window", 12);
-  EXPECT_EQ(queue.Pop(), 12);
-  queue.Remove("window", 11);
-  EXPECT_EQ(queue.Size(), 2U);
-  queue.Push("batch", 5);
-  EXPECT_EQ(queue.Displace("batch"), std::nullopt);
-  EXPECT_EQ(queue.Displace("other"), 5);
-  EXPECT_EQ(queue.Pop(), 3);
-  EXPECT_EQ(queue.Displace("other"), std::nullopt);  // would only change places
-  EXPECT_EQ(queue.Pop(), 4);
-  EXPECT_EQ(queue.Size(), 0U);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <thread>
 
-#include "service/store/Sqlite.h"
 #include "service/upstream/HttpClient.h"
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
@@ -21,7 +20,7 @@ class GatewayDaemonTest : public testing::Test {
     WriteCredentials("secret");
     for (const char* number : {"1", "2", "3", "4"}) {
       const std::string street = std::string(number) + " MAIN ST";
-      api_.Say(street, 200, PostalStandIn::Found(street));
+      api_.Say(street + "REET", 200, PostalStandIn::Found(street));
     }
   }
 
@@ -81,9 +80,6 @@ class GatewayDaemonTest : public testing::Test {
 // Each row of a document is asked for by itself; what is turned down spoils nothing, what cannot be
 // asked for now makes an error of the whole, and what was answered beside it is kept.
 TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
-  for (const char* street : {"1 MAIN STREET", "2 MAIN STREET", "3 MAIN STREET"}) {
-    api_.Say(street, 200, PostalStandIn::Found(std::string(1, street[0]) + " MAIN ST"));
-  }
   {
     Daemon daemon(Arguments({"--budget", "4/h"}));
     const std::string address = daemon.ReadAddress();
@@ -93,7 +89,6 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
                   "<Description>Address Not Found.  </Description><HelpFile/><HelpContext/></Error>"
                   "</Address>" +
                   Found("1") + "</AddressValidateResponse>");
-    EXPECT_EQ(api_.LastQuery().find("ZIPPlus4"), std::string::npos);
     const std::string error = Ask(address, {"3", "4"});
     EXPECT_TRUE(error.starts_with(
         kDeclaration +
@@ -137,7 +132,6 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
 }
 
 TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
-  api_.Say("1 MAIN STREET", 200, PostalStandIn::Found("1 MAIN ST"));
   WriteCredentials("outdated");
   Daemon daemon(Arguments({}));
   const std::string address = daemon.ReadAddress();
@@ -156,33 +150,7 @@ TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
             kDeclaration + "<AddressValidateResponse>" + Found("1") + "</AddressValidateResponse>");
 }
 
-// Neither a cache that another program holds nor a full disk makes an error of a good answer.
-TEST_F(GatewayDaemonTest, AnswersWhatItCannotKeep) {
-  for (const char* street : {"1 MAIN STREET", "2 MAIN STREET", "3 MAIN STREET"}) {
-    api_.Say(street, 200, PostalStandIn::Found(std::string(1, street[0]) + " MAIN ST"));
-  }
-  const auto whole = [&](const std::string& number) {
-    return kDeclaration + "<AddressValidateResponse>" + Found(number) +
-           "</AddressValidateResponse>";
-  };
-  Daemon daemon(Arguments({}));
-  const std::string address = daemon.ReadAddress();
-  EXPECT_EQ(Ask(address, {"1"}), whole("1"));
-  {
-    SqliteFile other(folder_.File("new/answers.sqlite"), std::chrono::seconds(1));
-    other.Run("BEGIN IMMEDIATE");
-    EXPECT_EQ(Ask(address, {"2"}), whole("2"));
-    EXPECT_EQ(Ask(address, {"1"}), whole("1"));
-    EXPECT_EQ(api_.Addresses(), 2);
-  }
-  daemon.LimitFiles(0);
-  EXPECT_EQ(Ask(address, {"3"}), whole("3"));
-  EXPECT_EQ(Body(Get(address, "/metrics")).find("postwright_cache_failures_total 0"),
-            std::string::npos);
-}
-
 TEST_F(GatewayDaemonTest, FinishesWhatWaitsForTheUpstream) {
-  api_.Say("1 MAIN STREET", 200, PostalStandIn::Found("1 MAIN ST"));
   api_.Hold();
   Daemon daemon(Arguments({}));
   const std::string address = daemon.ReadAddress();
@@ -197,42 +165,6 @@ TEST_F(GatewayDaemonTest, FinishesWhatWaitsForTheUpstream) {
   EXPECT_EQ(daemon.Wait(), 0);
   client.join();
   ExpectHolds(answer, {Found("1")});
-}
-
-TEST_F(GatewayDaemonTest, SaysWhatWouldBeRight) {
-  const std::string good = folder_.File("credentials");
-  const std::string closed = "127.0.0.1:1";
-  const struct {
-    std::vector<std::string> arguments;
-    int status;
-    std::string text;  // that the first line holds
-  } rows[] = {
-      {{"--upstream", "postal-v3"}, 2, "--credentials: is needed with --upstream"},
-      {{"--upstream", "postal-v4", "--credentials", good}, 2, "takes 'postal-v3' or 'verify-xml"},
-      {{"--upstream", "verify-xml", "--credentials", good}, 2, "takes 'postal-v3' or 'verify-xml"},
-      {{"--upstream", "verify-xml", "a@b", "--credentials", good}, 2, "is not HOST[:PORT]"},
-      {{"--upstream", "postal-v3", "--upstream-url", "http://example.com"}, 2, "is not https://"},
-      {{"--budget", "60"}, 2, "'60' is not as 60/h, 5/min or none"},
-      {{"--deadline", "20"}, 2, "'20' is not as 30d, 12h or 20s"},
-      {{"--upstream", "postal-v3", "--credentials", good, "--deadline", "30s"},
-       2,
-       "--request-time: must be longer than a silence and an answer together, which may take 60s"},
-      {{"--cache-lifetime", "0d"}, 2, "'0d' is not as 30d, 12h or 20s"},
-      {{"--fallback", "cache"}, 2, "takes 'base' or 'none'"},
-      {{"--upstream", "postal-v3", "--credentials", "/nonexistent"}, 1, "/nonexistent: cannot be"},
-      {{"--upstream", "postal-v3", "--credentials", good, "--cache", "/dev/null/a"},
-       1,
-       "/dev/null/a: "},
-      {{"--upstream", "verify-xml", closed, "--credentials", good}, 1, "needs user_id"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    std::vector<std::string> arguments = {"--listen", "127.0.0.1:0"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    Daemon daemon(arguments);
-    EXPECT_EQ(daemon.Wait(), row.status);
-    ExpectHolds(daemon.ReadLine(), {row.text});
-  }
 }
 
 }  // namespace

