@@ -8,18 +8,10 @@
 #include "service/protocol/VerifyReply.h"
 #include "service/text/AsciiText.h"
 #include "tests/service/DocTable.h"
+#include "tests/service/ShippedBase.h"
 
 namespace postwright::service {
 namespace {
-
-const ZipBase& Base() {
-  static const ZipBase* const base = [] {
-    auto* loaded = new ZipBase;
-    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
-    return loaded;
-  }();
-  return *base;
-}
 
 std::string Check(const LastLine& asked) {
   const auto answer = LastLineChecker(Base()).Check(asked);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "service/Verifier.h"
+#include "tests/service/ShippedBase.h"
 
 namespace postwright::service {
 namespace {
@@ -19,25 +20,11 @@ constexpr const char* kNoUser =
     "<Error><Number>80040B1A</Number><Description>Authorization failure.  Perhaps username and/or "
     "password is incorrect.</Description><Source>USPSCOM::DoAuth</Source></Error>";
 
-const ZipBase& Base() {
-  static const ZipBase* const base = [] {
-    auto* loaded = new ZipBase;
-    loaded->Load(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
-    return loaded;
-  }();
-  return *base;
-}
-
-HttpReply AnswerAt(const HttpRequest& request, const std::string& pathPrefix) {
-  Verifier verifier(Base());
-  VerifyService service(verifier, nullptr, {pathPrefix, false});
-  HttpReply answer;
-  service.Answer(request, [&](HttpReply reply) { answer = std::move(reply); });
-  return answer;
-}
-
 std::string Answer(const HttpRequest& request) {
-  const HttpReply reply = AnswerAt(request, "");
+  Verifier verifier(Base());
+  VerifyService service(verifier, nullptr, {"", false});
+  HttpReply reply;
+  service.Answer(request, [&](HttpReply answer) { reply = std::move(answer); });
   EXPECT_EQ(reply.status, 200);
   EXPECT_EQ(reply.contentType, "text/xml; charset=UTF-8");
   EXPECT_TRUE(reply.body.starts_with(kDeclaration)) << reply.body;
@@ -315,12 +302,6 @@ TEST(VerifyServiceTest, ReadsQueriesAndForms) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(Answer(row.request), row.reply);
   }
-}
-
-TEST(VerifyServiceTest, AnswersItsOwnPathAlone) {
-  EXPECT_EQ(AnswerAt({"GET", "/", "API=Verify", ""}, "").status, 404);
-  EXPECT_EQ(AnswerAt({"GET", "/usps/ShippingAPI.dll", "", ""}, "/usps").status, 200);
-  EXPECT_EQ(AnswerAt({"GET", kPath, "", ""}, "/usps").status, 404);
 }
 
 // Every beginning of a request is answered, by a document or an error, and by nothing else.
