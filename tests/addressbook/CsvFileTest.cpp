@@ -1,14 +1,11 @@
 // CSV: what is not changed stays byte for byte, what is changed comes back as the same label.
 
-#include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include "apps/addressbook/book/BookError.h"
-#include "apps/addressbook/formats/BookFormats.h"
 #include "apps/addressbook/formats/csv/CsvFile.h"
+#include "tests/addressbook/TestFolder.h"
 
 namespace postwright::addressbook {
 
@@ -33,34 +30,20 @@ class CsvFileTest : public QObject {
   void guessesColumns();
   void refusesWithLine_data();
   void refusesWithLine();
-  void remembersColumns();
   void growsOutOfWindows1252();
   void guardsFormulas();
-  void takesBigFiles();
 
  private:
-  QString put(const QByteArray& bytes) const;
-  QByteArray bytes() const;
+  QString put(const QByteArray& bytes) const { return _folder.put("book.csv", bytes); }
+  QByteArray bytes() const { return _folder.bytes("book.csv"); }
 
-  QTemporaryDir _folder;
+  TestFolder _folder;
 };
 
 void CsvFileTest::initTestCase() {
   QCoreApplication::setOrganizationName("PostwrightTest");
   QStandardPaths::setTestModeEnabled(true);
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _folder.path());
-}
-
-QString CsvFileTest::put(const QByteArray& bytes) const {
-  QFile file(_folder.filePath("book.csv"));
-  [&] { QVERIFY(file.open(QIODevice::WriteOnly)); }();
-  file.write(bytes);
-  return file.fileName();
-}
-
-QByteArray CsvFileTest::bytes() const {
-  QFile file(_folder.filePath("book.csv"));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _folder.path({}));
 }
 
 // The label of the first row is edited; the bytes of the file differ in its street alone.
@@ -187,23 +170,8 @@ void CsvFileTest::refusesWithLine_data() {
 void CsvFileTest::refusesWithLine() {
   QFETCH(QByteArray, file);
   QFETCH(QString, says);
-  try {
-    openBookFile(put(file));
-    QFAIL("was read");
-  } catch (const BookError& error) {
-    QVERIFY2(error.message().contains(says), qUtf8Printable(error.message()));
-  }
-}
-
-void CsvFileTest::remembersColumns() {
-  const QString path = put("a,x;b;c\n1,5;2;3\n");
-  {
-    CsvFile file(TextFile::read(path));
-    QVERIFY(!file.choice().mapping.isUsable());
-    ColumnMemory::remember(file.firstLine(),
-                           {',', ColumnMapping({ColumnRole::None, ColumnRole::Name})});
-  }
-  QCOMPARE(CsvFile(TextFile::read(path)).entries().first().label, "5;2;3");
+  const QString refusal = TestFolder::refusal(put(file));
+  QVERIFY2(refusal.contains(says), qUtf8Printable(refusal));
 }
 
 void CsvFileTest::growsOutOfWindows1252() {
@@ -222,25 +190,6 @@ void CsvFileTest::guardsFormulas() {
   CsvFile file(TextFile::read(path));
   file.writeForSpreadsheet(path, file.entries());
   QCOMPARE(bytes(), "\xEF\xBB\xBFName,Note\nJane,\"'=1+1\"\n\"'-Li\",\"' @x\"\n5-3,a=b\n");
-}
-
-void CsvFileTest::takesBigFiles() {
-  QByteArray file = "Name,Street,City,State,Zip,Notes\n";
-  for (int row = 0; row < 100000; ++row) {
-    file += "Jane Doe,\"12 Main St, Apt " + QByteArray::number(row) + "\",Austin,TX,78701,none\n";
-  }
-  const QString path = put(file);
-  const std::unique_ptr<BookFile> book = openBookFile(path);
-  QList<Entry> entries = book->entries();
-  for (Entry& entry : entries) {
-    entry.label = entry.label.toUpper();
-  }
-  book->write(path, entries);
-  QCOMPARE(bytes(), file.toUpper()
-                        .replace("NAME,STREET,CITY,STATE,ZIP,NOTES",
-                                 "Name,Street,City,"
-                                 "State,Zip,Notes")
-                        .replace("NONE", "none"));
 }
 
 }  // namespace postwright::addressbook

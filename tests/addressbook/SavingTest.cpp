@@ -18,9 +18,9 @@ namespace {
 constexpr int kEntries = 20000;
 
 // The entries of the old and of the new file: every label names which.
-QList<Entry> entriesOf(const QString& word) {
+QList<Entry> entriesOf(const QString& word, int count = kEntries) {
   QList<Entry> entries;
-  for (int id = 1; id <= kEntries; ++id) {
+  for (int id = 1; id <= count; ++id) {
     entries.append(
         {id, QStringLiteral("Jane %1\n%2 Main St\nAustin, TX 78701").arg(word).arg(id), {}});
   }
@@ -48,6 +48,8 @@ class SavingTest : public QObject {
   void survivesBeingKilled();
   void leavesTheOldFileWhereItCannotWrite_data();
   void leavesTheOldFileWhereItCannotWrite();
+  void takesBigFiles_data();
+  void takesBigFiles();
 };
 
 void SavingTest::survivesBeingKilled_data() {
@@ -97,6 +99,28 @@ void SavingTest::leavesTheOldFileWhereItCannotWrite() {
   QVERIFY_EXCEPTION_THROWN(file->write(blocked, {{1, "new", {}}}), BookError);
   QCOMPARE(openBookFile(path)->entries().first().label, "old");
   QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+void SavingTest::takesBigFiles_data() {
+  survivesBeingKilled_data();
+}
+
+// A step whose cost grows with the square of the entries would not end before the time is up.
+void SavingTest::takesBigFiles() {
+  QFETCH(QString, name);
+  QTemporaryDir folder;
+  const QString path = folder.filePath(name);
+  newBookFile(path)->write(path, entriesOf("Old", 100000));
+  const std::unique_ptr<BookFile> file = openBookFile(path);
+  QList<Entry> entries = file->entries();
+  for (Entry& entry : entries) {
+    entry.label.replace("Old", "New");
+  }
+  file->write(path, entries);
+  const QList<Entry> read = openBookFile(path)->entries();
+  const QList<Entry> expected = entriesOf("New", 100000);
+  QVERIFY(std::equal(read.begin(), read.end(), expected.begin(), expected.end(),
+                     [](const Entry& a, const Entry& b) { return a.label == b.label; }));
 }
 
 }  // namespace postwright::addressbook

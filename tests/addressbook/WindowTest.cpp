@@ -24,6 +24,7 @@
 #include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"
 #include "apps/addressbook/window/EntryTable.h"
+#include "tests/addressbook/TestFolder.h"
 
 namespace postwright::addressbook {
 
@@ -77,14 +78,14 @@ class WindowTest : public QObject {
   Widget* find(const char* name, QWidget* in = nullptr) const;
   void trigger(const char* action) const { find<QAction>(action)->trigger(); }
   QString shown(int row, int column) const;
-  QString path(const char* name) const { return _folder->filePath(QLatin1String(name)); }
-  void put(const char* name, const QByteArray& bytes) const;
-  QByteArray bytes(const char* name) const;
+  QString path(const char* name) const { return _folder->path(name); }
+  void put(const char* name, const QByteArray& bytes) const { _folder->put(name, bytes); }
+  QByteArray bytes(const char* name) const { return _folder->bytes(name); }
   // Has the user press a button of the modal window that is about to come up.
   void answer(const QString& button, QString* said = nullptr);
 
   QTemporaryDir _settings;
-  std::unique_ptr<QTemporaryDir> _folder;
+  std::unique_ptr<TestFolder> _folder;
   ScriptedFixer _fixer;
   std::unique_ptr<AddressBookWindow> _window;
   EntryTable* _table = nullptr;
@@ -110,7 +111,7 @@ void WindowTest::initTestCase() {
 void WindowTest::init() {
   QFile::remove(CheckHistory::usualPath());
   QSettings().clear();
-  _folder = std::make_unique<QTemporaryDir>();
+  _folder = std::make_unique<TestFolder>();
   put("book.csv", kBook);
   const QStringList header = {"Name", "Street", "City", "State", "Zip", "Phone"};
   ColumnMemory::remember(kBook.first(kBook.indexOf('\n')), {',', ColumnMapping::guess(header)});
@@ -129,17 +130,6 @@ void WindowTest::cleanup() {
 
 QString WindowTest::shown(int row, int column) const {
   return _table->model()->index(row, column).data().toString();
-}
-
-void WindowTest::put(const char* name, const QByteArray& bytes) const {
-  QFile file(path(name));
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(bytes);
-}
-
-QByteArray WindowTest::bytes(const char* name) const {
-  QFile file(path(name));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void WindowTest::answer(const QString& button, QString* said) {
