@@ -59,10 +59,8 @@ class FixGateTest : public QObject {
 void FixGateTest::clientsOfManyThreadsTakeTurns() {
   const LoopbackServer server([](const std::string& request) {
     const bool first = request.find("AUSTIN") != std::string::npos;
-    const std::string body =
-        "<R><Address><City>" + std::string(first ? "AUSTIN" : "DALLAS") + "</City></Address></R>";
-    return LoopbackServer::Answer{
-        "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body};
+    return LoopbackServer::Page("<R><Address><City>" + std::string(first ? "AUSTIN" : "DALLAS") +
+                                "</City></Address></R>");
   });
   SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "T", .probeHost = "127.0.0.1"});
   std::atomic<int> right = 0;

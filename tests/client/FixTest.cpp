@@ -12,9 +12,7 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 namespace {
 
 LoopbackServer::Answer Page(const QString& body) {
-  const std::string bytes = body.toStdString();
-  return {"HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(bytes.size()) + "\r\n\r\n" +
-          bytes};
+  return LoopbackServer::Page(body.toStdString());
 }
 
 const QString kFound =
@@ -35,9 +33,7 @@ class FixTest : public QObject {
   void givesTextOrMessage();
   void textThatIsNotAsciiGoesThroughWhole();
   void wantsNoReplyWithoutANetwork();
-  void presentsCandidates_data();
   void presentsCandidates();
-  void outcomeDecidesStatus_data();
   void outcomeDecidesStatus();
   void changeDuringAFixWins();
 };
@@ -106,66 +102,52 @@ void FixTest::wantsNoReplyWithoutANetwork() {
   QCOMPARE(server.GetRequests().size(), 0U);
 }
 
-void FixTest::presentsCandidates_data() {
-  QTest::addColumn<int>("result");
-  QTest::addColumn<int>("expected");
-
-  QTest::newRow("multiple match") << 22 << 3;
-  QTest::newRow("default match") << 32 << 3;
-  QTest::newRow("street mismatch") << 25 << 0;
-}
-
 void FixTest::presentsCandidates() {
-  QFETCH(const int, result);
-  QFETCH(const int, expected);
   const AddressFields fields(L"J", L"A ST", L"", L"X", L"TX", L"78701", L"");
   const auto match = [&fields](const wchar_t* low, const wchar_t* unitLow) {
     return AddressMatch(fields, AddressRangeTypeNone, low, low, AddressRangeTypeNone, unitLow,
                         *unitLow != 0 ? L"1F" : L"", L"S");
   };
-  const FixedAddress fixed(static_cast<FixResult>(result), AddressFields(),
-                           {match(L"", L"1A"), match(L"7", L""), match(L"", L"")});
   MacPlatformServices services;
-  const QList<PostwrightSelectorPointer> selectors = selectorsForCandidates(fixed, services);
-  QCOMPARE(selectors.size(), expected);
-  if (expected == 3) {
+  const auto present = [&](FixResult result) {
+    const FixedAddress fixed(result, AddressFields(),
+                             {match(L"", L"1A"), match(L"7", L""), match(L"", L"")});
+    return selectorsForCandidates(fixed, services);
+  };
+  for (const FixResult result : {FixResultMultipleMatch, FixResultDefaultMatch}) {
+    const QList<PostwrightSelectorPointer> selectors = present(result);
+    QCOMPARE(selectors.size(), 3);
     QCOMPARE(selectors[0]->addressTemplate(), u"J\nA ST (1A - 1F)\nX, TX 78701"_qs);
     selectors[0]->fixAddressWithCharacter(u"C"_qs);
     QCOMPARE(*selectors[0]->fixedAddress(), u"J\nA ST 1C\nX, TX 78701"_qs);
     QCOMPARE(*selectors[1]->fixedAddress(), u"J\n%@ A ST\nX, TX 78701"_qs);
     QCOMPARE(*selectors[2]->fixedAddress(), u"J\nA ST\nX, TX 78701"_qs);
   }
+  QVERIFY(present(FixResultStreetMismatch).isEmpty());
 }
 
-void FixTest::outcomeDecidesStatus_data() {
-  QTest::addColumn<bool>("failed");
-  QTest::addColumn<QString>("exact");
-  QTest::addColumn<int>("candidates");
-  QTest::addColumn<int>("status");
-  QTest::addColumn<QString>("fixed");
-
-  const QString address = u"12 main st."_qs;
-  QTest::newRow("failed") << true << u""_qs << 0 << 3 << u""_qs;
-  QTest::newRow("nothing new") << false << u"12 MAIN ST"_qs << 2 << 0 << address;
-  QTest::newRow("corrected") << false << u"12 MAIN ST N"_qs << 0 << 1 << u"12 MAIN ST N"_qs;
-  QTest::newRow("one candidate") << false << u""_qs << 1 << 1 << u""_qs;
-  QTest::newRow("two candidates") << false << u"X"_qs << 2 << 2 << u""_qs;
-}
-
+// What a window shows for the usual outcomes its own tests say.
 void FixTest::outcomeDecidesStatus() {
-  QFETCH(const bool, failed);
-  QFETCH(const QString, exact);
-  QFETCH(const int, candidates);
-  QFETCH(const int, status);
-  BatchResultRecord::Values values;
-  values.address = u"12 main st."_qs;
-  values.result = u"earlier"_qs;
-  const AddressFix answer{exact, QList<PostwrightSelectorPointer>(candidates)};
-  values.takeAnswer(failed ? std::nullopt : std::optional(answer), u"Invalid Address"_qs);
-  QCOMPARE(values.status, static_cast<AddressStatus>(status));
-  QTEST(values.fixed, "fixed");
-  QCOMPARE(values.result, failed ? u"Invalid Address"_qs : u"earlier"_qs);
-  QCOMPARE(values.matches.size(), status == AddressStatusMultiple ? 2 : 0);
+  const struct {
+    QString exact;
+    int candidates;
+    AddressStatus status;
+    QString fixed;
+  } rows[] = {
+      {u"12 MAIN ST"_qs, 2, AddressStatusUnchanged, u"12 main st."_qs},
+      {u""_qs, 1, AddressStatusFixed, u""_qs},
+      {u"X"_qs, 2, AddressStatusMultiple, u""_qs},
+  };
+  for (const auto& row : rows) {
+    BatchResultRecord::Values values;
+    values.address = u"12 main st."_qs;
+    values.result = u"earlier"_qs;
+    values.takeAnswer(AddressFix{row.exact, QList<PostwrightSelectorPointer>(row.candidates)}, {});
+    QCOMPARE(values.status, row.status);
+    QCOMPARE(values.fixed, row.fixed);
+    QCOMPARE(values.result, u"earlier"_qs);
+    QCOMPARE(values.matches.size(), row.status == AddressStatusMultiple ? 2 : 0);
+  }
 }
 
 void FixTest::changeDuringAFixWins() {

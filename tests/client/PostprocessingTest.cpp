@@ -8,36 +8,28 @@ class PostprocessingTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void setsCase_data();
   void setsCase();
   void removesPunctuation_data();
   void removesPunctuation();
   void mixesCase_data();
   void mixesCase();
-  void comparesAddresses_data();
   void comparesAddresses();
-  void hasAMessageForEveryResult_data();
   void hasAMessageForEveryResult();
 };
 
-void PostprocessingTest::setsCase_data() {
-  QTest::addColumn<int>("capitalization");
-  QTest::addColumn<QString>("expected");
-
-  QTest::newRow("upper") << 0 << u"12 MAIN ST NE\nPEÑA BLANCA NM 87041"_qs;
-  QTest::newRow("lower") << 1 << u"12 main st ne\npeña blanca nm 87041"_qs;
-  QTest::newRow("mixed") << 2 << u"12 Main St NE\nPeña Blanca NM 87041"_qs;
-  QTest::newRow("unknown") << 3 << u""_qs;
-  QTest::newRow("negative") << -1 << u""_qs;
-}
-
 void PostprocessingTest::setsCase() {
-  QFETCH(const int, capitalization);
-  PostwrightClient client;
-  client.setCapitalization(capitalization);
-  QTEST(client.capitalizeAddress(u" 12 Main St. Ne\r\n\r\nPeña Blanca, Nm 87041\n"_qs.replace(
-            u"\r\n\r\n"_qs, u"\r\n"_qs)),
-        "expected");
+  const std::pair<int, QString> rows[] = {
+      {CapitalizationUpper, u"12 MAIN ST NE\nPEÑA BLANCA NM 87041"_qs},
+      {CapitalizationLower, u"12 main st ne\npeña blanca nm 87041"_qs},
+      {CapitalizationMixed, u"12 Main St NE\nPeña Blanca NM 87041"_qs},
+      {3, u""_qs},
+      {-1, u""_qs},
+  };
+  for (const auto& [capitalization, expected] : rows) {
+    PostwrightClient client;
+    client.setCapitalization(capitalization);
+    QCOMPARE(client.capitalizeAddress(u" 12 Main St. Ne\r\nPeña Blanca, Nm 87041\n"_qs), expected);
+  }
 }
 
 void PostprocessingTest::removesPunctuation_data() {
@@ -96,31 +88,26 @@ void PostprocessingTest::mixesCase() {
   QTEST(client.fixMixedCase(text), "expected");
 }
 
-void PostprocessingTest::comparesAddresses_data() {
-  QTest::addColumn<QString>("text");
-  QTest::addColumn<QString>("other");
-  QTest::addColumn<bool>("equal");
-
-  QTest::newRow("lines, case, signs")
-      << u"12 Main St.\nSpringfield"_qs << u"12 MAIN ST SPRINGFIELD"_qs << true;
-  QTest::newRow("a digit") << u"12 Main St"_qs << u"13 Main St"_qs << false;
-  QTest::newRow("a fraction") << u"12½ Main St"_qs << u"12 Main St"_qs << false;
-  QTest::newRow("an accent") << u"Peña"_qs << u"Pena"_qs << false;
-  QTest::newRow("upper case is longer") << u"Weißes"_qs << u"WEISSES"_qs << true;
-  QTest::newRow("beyond 16 bits") << u"\U00010400"_qs << u"\U00010428"_qs << true;
-  QTest::newRow("nothing") << u" .,-"_qs << u""_qs << true;
-}
-
 void PostprocessingTest::comparesAddresses() {
-  QFETCH(const QString, text);
-  QFETCH(const QString, other);
-  QTEST(PostwrightClient::isAddress(text, other), "equal");
+  const struct {
+    QString text;
+    QString other;
+    bool equal;
+  } rows[] = {
+      {u"12 Main St.\nSpringfield"_qs, u"12 MAIN ST SPRINGFIELD"_qs, true},
+      {u"12 Main St"_qs, u"13 Main St"_qs, false},
+      {u"12½ Main St"_qs, u"12 Main St"_qs, false},
+      {u"Peña"_qs, u"Pena"_qs, false},
+      {u"Weißes"_qs, u"WEISSES"_qs, true},
+      {u"\U00010400"_qs, u"\U00010428"_qs, true},
+      {u" .,-"_qs, u""_qs, true},
+  };
+  for (const auto& row : rows) {
+    QVERIFY2(PostwrightClient::isAddress(row.text, row.other) == row.equal, qPrintable(row.text));
+  }
 }
 
-void PostprocessingTest::hasAMessageForEveryResult_data() {
-  QTest::addColumn<int>("code");
-  QTest::addColumn<QString>("message");
-
+void PostprocessingTest::hasAMessageForEveryResult() {
   const struct {
     int code;
     const char* message;
@@ -141,13 +128,8 @@ void PostprocessingTest::hasAMessageForEveryResult_data() {
               {5, "Unexpected error code 5"},
               {-1, "Unexpected error code -1"}};
   for (const auto& row : rows) {
-    QTest::addRow("%d", row.code) << row.code << QString::fromLatin1(row.message);
+    QCOMPARE(PostwrightClient::stringForResult(row.code), QString::fromLatin1(row.message));
   }
-}
-
-void PostprocessingTest::hasAMessageForEveryResult() {
-  QFETCH(const int, code);
-  QTEST(PostwrightClient::stringForResult(code), "message");
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, PostprocessingTest)

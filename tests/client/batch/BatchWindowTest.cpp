@@ -16,6 +16,7 @@
 #include <QToolButton>
 
 #include "tests/client/ClientTestMain.h"
+#include "tests/client/Controls.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/ServiceProcess.h"
 
@@ -180,10 +181,8 @@ class BatchWindowTest : public QObject {
   void editedTextThatIsRightCanBeUsed();
   void survivesADeadService();
   void staysAliveWhileTheServiceIsSilent();
-  void saysWhyNothingIsShown();
   void workByKeyboardAlone();
   void everyControlIsNamedAndMnemonicsDiffer();
-  void rowsHoldTheirText();
 };
 
 void BatchWindowTest::appliesWhatWasFixed() {
@@ -247,12 +246,10 @@ void BatchWindowTest::cancelsInEveryState() {
   QFETCH(const QString, state);
   QFETCH(const bool, silent);
   QFETCH(const QString, by);
-  const std::string body = "<R><Address><Error/></Address></R>";
   std::atomic<bool> quiet = silent && state != u"re-fixing";
   const LoopbackServer server([&](const std::string&) {
     return quiet ? LoopbackServer::Answer{}
-                 : LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: " +
-                                          std::to_string(body.size()) + "\r\n\r\n" + body};
+                 : LoopbackServer::Page("<R><Address><Error/></Address></R>");
   });
   SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
   QStringList texts;
@@ -495,9 +492,7 @@ void BatchWindowTest::staysAliveWhileTheServiceIsSilent() {
   const std::string body =
       "<R><Address><Address2>1 A ST</Address2><City>B</City><State>TX</State><Zip5/></Address></R>";
   const LoopbackServer server([&](const std::string&) {
-    return silent ? LoopbackServer::Answer{}
-                  : LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: " +
-                                           std::to_string(body.size()) + "\r\n\r\n" + body};
+    return silent ? LoopbackServer::Answer{} : LoopbackServer::Page(body);
   });
   SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
   OpenWindow open(EntriesOf({u"1 x"_qs, u"2 y"_qs}), {});
@@ -512,21 +507,6 @@ void BatchWindowTest::staysAliveWhileTheServiceIsSilent() {
   open.window.bnRetryClick();
   QTRY_VERIFY_WITH_TIMEOUT(person.hasFinished(), 30000);
   QCOMPARE(person.column(2), (QStringList{u"Fixed"_qs, u"Unchanged"_qs}));
-}
-
-void BatchWindowTest::saysWhyNothingIsShown() {
-  Oracle oracle;
-  OpenWindow none({}, oracle.ask());
-  QTRY_VERIFY(none.person.hasFinished());
-  QVERIFY(none.person.find<QWidget>(u"vwEmpty"_qs)->isVisible());
-  QCOMPARE(none.person.label(u"txtEmpty"_qs), u"There are no addresses to check."_qs);
-  QVERIFY(!none.person.find<QWidget>(u"bnShowAll"_qs)->isVisible());
-
-  SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "no-such-host.invalid"});
-  OpenWindow unplugged(EntriesOf({u"1 a st"_qs}), {});
-  QTRY_VERIFY(unplugged.person.hasFinished());
-  QCOMPARE(unplugged.person.label(u"txtBanner"_qs),
-           u"There is no network connection. 1 address could not be checked."_qs);
 }
 
 void BatchWindowTest::workByKeyboardAlone() {
@@ -582,42 +562,9 @@ void BatchWindowTest::everyControlIsNamedAndMnemonicsDiffer() {
   for (int row = 0; row < 4; ++row) {
     open.person.clickRow(row);
     QStringList mnemonics;
-    const QList<QWidget*> controls = open.window.findChildren<QWidget*>();
-    for (const QWidget* control : controls) {
-      if (!control->isVisible()) {
-        continue;
-      }
-      const auto* button = qobject_cast<const QAbstractButton*>(control);
-      const auto* label = qobject_cast<const QLabel*>(control);
-      const QString text = button != nullptr  ? button->text()
-                           : label != nullptr ? label->text()
-                                              : QString();
-      const QKeySequence key = QKeySequence::mnemonic(text);
-      if (!key.isEmpty()) {
-        mnemonics.append(key.toString());
-      }
-      const bool inner = control->objectName().startsWith(u"qt_"_qs);
-      if (!inner && (control->focusPolicy() & Qt::TabFocus) != 0) {
-        QVERIFY2(!control->accessibleName().isEmpty() || !text.isEmpty(),
-                 qPrintable(control->objectName()));
-      }
-    }
+    checkControls(open.window, mnemonics);
     QVERIFY(mnemonics.size() >= 7);
-    mnemonics.sort();
-    const QString all = mnemonics.join(u' ');
-    QVERIFY2(mnemonics.removeDuplicates() == 0, qPrintable(all));
   }
-}
-
-void BatchWindowTest::rowsHoldTheirText() {
-  Oracle oracle;
-  const QString long_ = u"line\n"_qs.repeated(9) + u"line"_qs;
-  OpenWindow open(EntriesOf({u""_qs, u"1 a\nb"_qs, long_}), oracle.ask());
-  QTRY_VERIFY(open.person.hasFinished());
-  const QTableView* table = open.person.table();
-  QVERIFY(table->rowHeight(0) >= 48);
-  QVERIFY(table->rowHeight(1) >= 48);
-  QVERIFY(table->rowHeight(2) >= 10 * table->fontMetrics().height());
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QApplication, BatchWindowTest)

@@ -12,7 +12,6 @@ class StringHelpersTest : public QObject {
   void capitalized();
   void splitsAndKeeps_data();
   void splitsAndKeeps();
-  void fillsPlaceholders_data();
   void fillsPlaceholders();
 };
 
@@ -68,26 +67,23 @@ void StringHelpersTest::splitsAndKeeps() {
   QTEST(StringHelpers::lines(text), "lines");
   QTEST(StringHelpers::alphanumericOnly(text), "alphanumeric");
   QTEST(StringHelpers::trim(text), "trimmed");
-  QCOMPARE(StringHelpers::isNilOrEmpty(text), text.isEmpty());
-  QVERIFY(StringHelpers::isNilOrEmpty(std::nullopt));
-}
-
-void StringHelpersTest::fillsPlaceholders_data() {
-  QTest::addColumn<QString>("format");
-  QTest::addColumn<QStringList>("arguments");
-  QTest::addColumn<QString>("expected");
-
-  QTest::newRow("two") << u"%@ to %@"_qs << QStringList{"A", "F"} << u"A to F"_qs;
-  QTest::newRow("percent signs") << u"100% %d %@ %%"_qs << QStringList{"1"} << u"100% %d 1 %%"_qs;
-  QTest::newRow("argument is text") << u"%@ %@"_qs << QStringList{"%@", "x"} << u"%@ x"_qs;
-  QTest::newRow("too few") << u"%@ %@"_qs << QStringList{"A"} << u"A %@"_qs;
-  QTest::newRow("too many") << u"%@"_qs << QStringList{"A", "B"} << u"A"_qs;
 }
 
 void StringHelpersTest::fillsPlaceholders() {
-  QFETCH(const QString, format);
-  QFETCH(const QStringList, arguments);
-  QTEST(StringHelpers::stringWithFormat(format, arguments), "expected");
+  const struct {
+    const char* format;
+    QStringList arguments;
+    const char* expected;
+  } rows[] = {
+      {"%@ to %@", {"A", "F"}, "A to F"},
+      {"100% %d %@ %%", {"1"}, "100% %d 1 %%"},
+      {"%@ %@", {"%@", "x"}, "%@ x"},
+      {"%@ %@", {"A"}, "A %@"},
+      {"%@", {"A", "B"}, "A"},
+  };
+  for (const auto& row : rows) {
+    QCOMPARE(StringHelpers::stringWithFormat(row.format, row.arguments), row.expected);
+  }
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, StringHelpersTest)

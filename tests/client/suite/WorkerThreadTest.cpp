@@ -1,7 +1,5 @@
 #include "client/suite/WorkerThread.h"
 
-#include <postwright/NotificationCenter.h>
-
 #include "tests/client/ClientTestMain.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)
@@ -32,7 +30,6 @@ class WorkerThreadTest : public QObject {
  private slots:
   void messagesArriveInOrderInNestedLoops();
   void portMayGoFirst();
-  void notificationsReachListenersAtOnce();
 };
 
 void WorkerThreadTest::messagesArriveInOrderInNestedLoops() {
@@ -72,14 +69,6 @@ void WorkerThreadTest::portMayGoFirst() {
 
   Counter counter;  // ends although it has no port
   counter.detach({{QStringLiteral("steps"), 1000}});
-}
-
-void WorkerThreadTest::notificationsReachListenersAtOnce() {
-  QSignalSpy posts(NotificationCenter::defaultCenter(), &NotificationCenter::notificationPosted);
-  NotificationCenter::defaultCenter()->postNotificationName(QStringLiteral("Reload"), this);
-  QCOMPARE(posts.size(), 1);
-  QCOMPARE(posts[0][0].toString(), QStringLiteral("Reload"));
-  QCOMPARE(posts[0][1].value<QObject*>(), this);
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, WorkerThreadTest)

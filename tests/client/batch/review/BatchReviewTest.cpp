@@ -1,7 +1,5 @@
 #include "client/batch/review/BatchReview.h"
 
-#include <QXmlStreamReader>
-
 #include "client/batch/review/BatchTexts.h"
 #include "tests/client/ClientTestMain.h"
 
@@ -37,66 +35,17 @@ BatchResultRecordList Records(const QString& kinds) {
   return records;
 }
 
-// The messages of a string table: for each id whether it is complete.
-QMap<QString, bool> ReadTable(const QString& name) {
-  QFile file(QStringLiteral(POSTWRIGHT_RESOURCES "/") + name);
-  if (!file.open(QIODevice::ReadOnly)) {
-    return {};
-  }
-  QMap<QString, bool> table;
-  QString id;
-  for (QXmlStreamReader xml(&file); !xml.atEnd(); xml.readNext()) {
-    if (xml.isStartElement() && xml.name() == u"message") {
-      id = xml.attributes().value(u"id"_qs).toString();
-    } else if (xml.isStartElement() &&
-               (xml.name() == u"translation" || xml.name() == u"numerusform")) {
-      const bool draft = xml.attributes().value(u"type"_qs) == u"unfinished";
-      const QString text = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-      table[id] = table.value(id, true) && !draft && !text.trimmed().isEmpty();
-    }
-  }
-  return table;
-}
-
 }  // namespace
 
 class BatchReviewTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void filterPassesSelectedStatuses_data();
-  void filterPassesSelectedStatuses();
   void tallyIsTheCount();
   void sentencesSayWhatIsSo_data();
   void sentencesSayWhatIsSo();
-  void timeLeftIsToldWhereItHelps_data();
   void timeLeftIsToldWhereItHelps();
-  void everyTextIsTranslated();
 };
-
-void BatchReviewTest::filterPassesSelectedStatuses_data() {
-  QTest::addColumn<QString>("selected");  // of UFME
-  QTest::addColumn<QList<int>>("passed");
-  QTest::newRow("all") << u"UFME"_qs << QList<int>{0, 1, 2, 3, 4, 5, 6};
-  QTest::newRow("none") << u""_qs << QList<int>{};
-  QTest::newRow("unchanged, and not asked yet") << u"U"_qs << QList<int>{1, 4};
-  QTest::newRow("fixed and errors") << u"FE"_qs << QList<int>{0, 3, 5, 6};
-  QTest::newRow("multiple") << u"M"_qs << QList<int>{2};
-}
-
-void BatchReviewTest::filterPassesSelectedStatuses() {
-  QFETCH(const QString, selected);
-  QFETCH(const QList<int>, passed);
-  const BatchResultRecordList records = Records(u"FPMEUDF"_qs);
-  const BatchResultRecordList shown =
-      filterRecords(records, {selected.contains(u'U'), selected.contains(u'F'),
-                              selected.contains(u'M'), selected.contains(u'E')});
-  QList<int> places;
-  for (const BatchResultRecordPointer& record : shown) {
-    places.append(static_cast<int>(records.indexOf(record)));
-  }
-  QCOMPARE(places, passed);
-}
 
 void BatchReviewTest::tallyIsTheCount() {
   const BatchResultRecordList records = Records(u"PUFBMEDNPPP"_qs);
@@ -152,34 +101,26 @@ void BatchReviewTest::sentencesSayWhatIsSo() {
   QTEST(bannerText(counts), "banner");
 }
 
-void BatchReviewTest::timeLeftIsToldWhereItHelps_data() {
-  QTest::addColumn<int>("done");
-  QTest::addColumn<int>("total");
-  QTest::addColumn<int>("milliseconds");
-  QTest::addColumn<QString>("text");
-  QTest::newRow("none done") << 0 << 340 << 5000 << u"0 of 340"_qs;
-  QTest::newRow("too few done") << 4 << 340 << 5000 << u"4 of 340"_qs;
-  QTest::newRow("too soon") << 5 << 340 << 999 << u"5 of 340"_qs;
-  QTest::newRow("seconds") << 12 << 340 << 1200 << u"12 of 340, about 33 seconds left"_qs;
-  QTest::newRow("minutes") << 10 << 130 << 10000 << u"10 of 130, about 2 minutes left"_qs;
-  QTest::newRow("hours") << 10 << 7210 << 10000 << u"10 of 7,210, about 2 hours left"_qs;
-  QTest::newRow("hardly any") << 339 << 340 << 34000 << u"339 of 340"_qs;
-  QTest::newRow("all done") << 340 << 340 << 34000 << u"340 of 340"_qs;
-}
-
 void BatchReviewTest::timeLeftIsToldWhereItHelps() {
-  QFETCH(const int, done);
-  QFETCH(const int, total);
-  QFETCH(const int, milliseconds);
-  QTEST(progressText(done, total, timeLeft(done, total, std::chrono::milliseconds(milliseconds))),
-        "text");
-}
-
-void BatchReviewTest::everyTextIsTranslated() {
-  const QMap<QString, bool> english = ReadTable(u"postwright_en.ts"_qs);
-  QVERIFY(english.size() > 80);
-  QCOMPARE(english.values().count(false), 0);
-  QCOMPARE(ReadTable(u"postwright_es.ts"_qs), english);
+  const struct {
+    int done;
+    int total;
+    int milliseconds;
+    QString text;
+  } rows[] = {
+      {0, 340, 5000, u"0 of 340"_qs},
+      {4, 340, 5000, u"4 of 340"_qs},  // too few to tell
+      {5, 340, 999, u"5 of 340"_qs},   // too soon
+      {12, 340, 1200, u"12 of 340, about 33 seconds left"_qs},
+      {10, 130, 10000, u"10 of 130, about 2 minutes left"_qs},
+      {10, 7210, 10000, u"10 of 7,210, about 2 hours left"_qs},
+      {339, 340, 34000, u"339 of 340"_qs},
+      {340, 340, 34000, u"340 of 340"_qs},
+  };
+  for (const auto& [done, total, milliseconds, text] : rows) {
+    const auto left = timeLeft(done, total, std::chrono::milliseconds(milliseconds));
+    QCOMPARE(progressText(done, total, left), text);
+  }
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, BatchReviewTest)

@@ -1,12 +1,9 @@
 #include "client/batch/worker/PostwrightThread.h"
 
-#include <postwright/Deployment.h>
-
 #include <QSemaphore>
 
 #include "client/batch/worker/BatchWorker.h"
 #include "tests/client/ClientTestMain.h"
-#include "tests/support/LoopbackServer.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)
 
@@ -23,7 +20,7 @@ BatchResultRecordList Records(const QStringList& addresses) {
 // Runs a worker to its end and returns its messages.
 class Run {
  public:
-  explicit Run(const BatchResultRecordList& records, AskFunction ask = {}) : _worker(records) {
+  Run(const BatchResultRecordList& records, AskFunction ask) : _worker(records) {
     QObject::connect(&_worker.port, &MessagePort::messageReceived, &_worker.port,
                      [this](qint32 identifier) { messages.append(identifier); });
     _worker.thread.detach({{PostwrightResultsKey, QVariant::fromValue(records)},
@@ -49,33 +46,9 @@ class PostwrightThreadTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void reportsEachRecordAndTheEnd();
   void cancelLeavesTheRestUntouched();
-  void twinsAreAskedAboutOnce();
   void whatTheUserSettledIsPassedOver();
-  void abandonedFetchEnds();
 };
-
-void PostwrightThreadTest::reportsEachRecordAndTheEnd() {
-  const auto ask = [](PostwrightClient&, const QString& address) {
-    return address == u"bad" ? AddressOutcome{std::nullopt, u"Invalid Address"_qs}
-                             : Answer(u"1 A ST"_qs);
-  };
-  const BatchResultRecordList records = Records({u"1 a st"_qs, u"bad"_qs, u"2 b st"_qs});
-  Run run(records, ask);
-  QTRY_VERIFY(run.hasEnded());
-  QCOMPARE(run.messages, (QList<qint32>{PostwrightUpdateMessage, PostwrightUpdateMessage,
-                                        PostwrightUpdateMessage, ThreadStopMessage}));
-  QList<int> statuses;
-  for (const BatchResultRecordPointer& record : records) {
-    statuses.append(record->values().status);
-  }
-  QCOMPARE(statuses, (QList<int>{AddressStatusUnchanged, AddressStatusError, AddressStatusFixed}));
-
-  Run nothing({}, ask);
-  QTRY_VERIFY(nothing.hasEnded());
-  QCOMPARE(nothing.messages, QList<qint32>{ThreadStopMessage});
-}
 
 void PostwrightThreadTest::cancelLeavesTheRestUntouched() {
   QSemaphore asked;
@@ -96,24 +69,6 @@ void PostwrightThreadTest::cancelLeavesTheRestUntouched() {
     QCOMPARE(record->values().fixed, u"Processing…"_qs);
     QCOMPARE(record->values().status, AddressStatusUnchanged);
   }
-}
-
-void PostwrightThreadTest::twinsAreAskedAboutOnce() {
-  QStringList asked;
-  const auto candidate = [] {
-    return std::make_shared<PostwrightSelector>(u"1 A %@"_qs, u"1 A (1 - 9)"_qs, u"1"_qs, u"9"_qs);
-  };
-  const BatchResultRecordList records = Records({u"1 a"_qs, u"2 b"_qs, u"1 a"_qs, u"1 A"_qs});
-  Run run(records, [&](PostwrightClient&, const QString& address) {
-    asked.append(address);
-    return Answer({}, {candidate(), candidate()});
-  });
-  QTRY_VERIFY(run.hasEnded());
-  QCOMPARE(asked, (QStringList{u"1 a"_qs, u"2 b"_qs, u"1 A"_qs}));
-  QCOMPARE(run.messages.size(), 5);
-  QCOMPARE(records[2]->values().status, AddressStatusMultiple);
-  records[0]->values().matches.first()->fixAddressWithCharacter(u"5"_qs);
-  QVERIFY(!records[2]->values().matches.first()->fixedAddress());  // each has its own
 }
 
 void PostwrightThreadTest::whatTheUserSettledIsPassedOver() {
@@ -137,18 +92,6 @@ void PostwrightThreadTest::whatTheUserSettledIsPassedOver() {
   QCOMPARE(records[0]->values().fixed, u"chosen meanwhile"_qs);
   QCOMPARE(records[1]->values().fixed, u"Processing…"_qs);
   QCOMPARE(records[2]->values().fixed, u"chosen"_qs);
-}
-
-void PostwrightThreadTest::abandonedFetchEnds() {
-  const LoopbackServer silent(LoopbackServer::Answer{});
-  SetDeployment({.verifyHost = silent.GetEndpoint(), .userId = "X", .probeHost = "127.0.0.1"});
-  const BatchResultRecordList records = Records({u"1 a"_qs, u"2 b"_qs});
-  Run run(records);
-  QTRY_COMPARE(silent.GetRequests().size(), 1U);
-  run.thread().abandon();
-  QTRY_VERIFY_WITH_TIMEOUT(run.hasEnded(), 30000);  // a silent service would take 60 s
-  QCOMPARE(records[0]->values().result, PostwrightClient::stringForResult(3));
-  QVERIFY(records[1]->values().pending);
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, PostwrightThreadTest)
