@@ -1,6 +1,5 @@
 #include <postwright/Postwright.h>
 
-#include "tests/support/FixResultPrinter.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/ScriptedServices.h"
 
