@@ -34,7 +34,7 @@ done
 scratch=$(mktemp -d)
 pids=()
 stop() {
-  kill -KILL "${pids[@]}" 2> /dev/null || true
+  kill "${pids[@]}" 2> /dev/null || true  # killed hard, nginx would leave its workers behind
   wait 2> /dev/null
   rm -rf "$scratch"
 }
