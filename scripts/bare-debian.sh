@@ -16,7 +16,7 @@ mirror=${MIRROR:-$(apt-get indextargets --format '$(SITE)' 'Codename: bookworm' 
 root=$(mktemp --directory --tmpdir postwright-root.XXXXXX)
 
 remove_root() {
-  umount "$root/proc" 2> /dev/null || true
+  umount "$root/proc" "$root/dev/pts" 2> /dev/null || true
   rm --recursive --force --one-file-system "$root"
 }
 trap remove_root EXIT
@@ -29,4 +29,6 @@ step "A bare system"
 debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" || { tail "$root.log"; exit 1; }
 rm "$root.log"
 mount -t proc proc "$root/proc"
+mount -t devpts devpts "$root/dev/pts"
+echo "127.0.0.1 localhost" > "$root/etc/hosts"  # which an installer would write
 mkdir "$root/try"

@@ -7,7 +7,7 @@ set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
 
 if [ "${1-}" = --test ]; then unwanted='^#'; else unwanted='^#|# test:'; fi
-mapfile -t wanted < <(grep -Ev "$unwanted" "$here/packages.txt" | awk '{ print $1 }')
+mapfile -t wanted < <(grep -Ev "$unwanted" "$here/packages.txt" | awk '{ print $1 }' | sort --unique)
 
 if ! command -v apt-get > /dev/null; then
   echo "This system has no apt-get: the counterparts of these Debian packages must be there:" >&2
