@@ -56,7 +56,7 @@ int Run(int argc, char** argv) {
   }
   ZipBase zips;
   zips.Load(argv[2]);
-  const AddressBase addresses(argv[1]);
+  const AddressBase addresses(argv[1], AddressBase::kMostInMemory);
   const Verifier without(zips);
   const Verifier with(zips, &addresses);
   const Questions asItIs = MakeQuestions(

@@ -15,7 +15,7 @@ struct LocalBase::Loaded {
       if (!BaseFile::IsSqlite(file)) {
         zips.Load(file);
       } else if (!addresses) {
-        addresses.emplace(file);
+        addresses.emplace(file, AddressBase::kMostInMemory);
       } else {
         throw BaseError(file.string() +
                         ": is a second address base; import the sources of both into one");

@@ -21,11 +21,11 @@ std::pair<dev_t, ino_t> IdentityOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-AddressBase::AddressBase(const std::filesystem::path& file) {
+AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory) {
   constexpr int kMostTries = 10;
   for (int tries = 1;; ++tries) {
     const auto before = IdentityOf(file);
-    Open(file);
+    Open(file, mostInMemory);
     if (IdentityOf(file) == before) {
       return;
     }
@@ -36,7 +36,7 @@ AddressBase::AddressBase(const std::filesystem::path& file) {
   }
 }
 
-void AddressBase::Open(const std::filesystem::path& file) {
+void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
   BaseFile::Check(file);
   std::error_code failure;
   const auto changes = std::filesystem::file_size(file.string() + "-wal", failure);
@@ -44,8 +44,13 @@ void AddressBase::Open(const std::filesystem::path& file) {
     throw BaseError(file.string() + ": has changes beside it that would not be seen; 'sqlite3 " +
                     file.string() + " \"PRAGMA wal_checkpoint(TRUNCATE)\"' puts them in");
   }
+  if (std::filesystem::file_size(file) <= mostInMemory) {
+    image_.emplace(file);
+  }
   while (idle_.size() < kConnections) {
-    idle_.push_back(std::make_unique<BaseReader>(file));
+    idle_.push_back(
+        std::make_unique<BaseReader>(image_ ? SqliteFile::OpenImage(image_->Bytes(), file.string())
+                                            : SqliteFile::OpenUnchanging(file)));
   }
 }
 

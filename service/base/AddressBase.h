@@ -5,9 +5,11 @@
 #include <filesystem>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include "service/base/BaseReader.h"
+#include "service/store/FileImage.h"
 
 namespace postwright::service {
 
@@ -22,9 +24,15 @@ namespace postwright::service {
 // connections are opened at once, so that none of them can be to the newer file.
 class AddressBase {
  public:
+  // Bytes of a base that a service keeps in memory.
+  static constexpr size_t kMostInMemory = size_t{512} * 1024 * 1024;
+
   // Opens the file. Throws BaseError where it is no finished base of this version, or was changed
   // in place by a program that has not closed it properly, and StoreError where it cannot be read.
-  explicit AddressBase(const std::filesystem::path& file);
+  //
+  // A base of up to `mostInMemory` bytes is read into memory, which the connections share; of a
+  // larger one each keeps the pages that it met last. The first answers faster, the second at once.
+  explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0);
 
   class Lease;
 
@@ -35,8 +43,9 @@ class AddressBase {
  private:
   static constexpr size_t kConnections = 8;  // as many as the server has threads at most
 
-  void Open(const std::filesystem::path& file);
+  void Open(const std::filesystem::path& file, size_t mostInMemory);
 
+  std::optional<FileImage> image_;
   mutable std::mutex mutex_;
   mutable std::condition_variable returned_;
   mutable std::vector<std::unique_ptr<BaseReader>> idle_;

@@ -27,12 +27,10 @@ class Query {
 
 }  // namespace
 
-BaseReader::BaseReader(const std::filesystem::path& file)
-    : file_(SqliteFile::OpenUnchanging(file)),
-      streetsOfZip_(file_, "SELECT 1 FROM zip WHERE zip=? LIMIT 1"),
-      wholeZip_(file_,
-                "SELECT 1 FROM zip JOIN source ON source.id=zip.source "
-                "WHERE zip.zip=? AND whole LIMIT 1"),
+BaseReader::BaseReader(SqliteFile file)
+    : file_(std::move(file)),
+      zips_(ReadZips(file_)),
+      hasRanges_(file_.Number("SELECT EXISTS(SELECT 1 FROM number_range)") != 0),
       street_(file_,
               "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
               "suffix=? AND postdirectional=? AND urbanization=?"),
@@ -47,8 +45,20 @@ BaseReader::BaseReader(const std::filesystem::path& file)
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
       zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
 
-bool BaseReader::Has(SqliteStatement& statement, const std::string& zip) {
-  return Query(statement, {zip}).Step();
+BaseReader::Zips BaseReader::ReadZips(SqliteFile& file) {
+  Zips zips;
+  SqliteStatement rows(file,
+                       "SELECT zip.zip,max(whole) FROM zip JOIN source ON source.id=zip.source "
+                       "GROUP BY zip.zip");
+  while (rows.Step()) {
+    zips.emplace(rows.Text(0), rows.Number(1) != 0);
+  }
+  return zips;
+}
+
+bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
+  const auto found = zips_.find(zip);
+  return found != zips_.end() && found->second;
 }
 
 std::optional<KnownStreet> BaseReader::FindStreet(const std::string& zip,
@@ -91,6 +101,9 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
     } else {
       facts.units.push_back(std::move(unit));
     }
+  }
+  if (!hasRanges_) {
+    return facts;
   }
   const auto read = HouseNumber::Read(number);
   ranges_.Bind(1, street);

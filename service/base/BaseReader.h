@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "service/base/StreetName.h"
@@ -33,11 +34,11 @@ struct NumberFacts {
 // StoreError where the file is damaged.
 class BaseReader {
  public:
-  explicit BaseReader(const std::filesystem::path& file);
+  explicit BaseReader(SqliteFile file);
 
   // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
-  bool HoldsStreetsOf(const std::string& zip) { return Has(streetsOfZip_, zip); }
-  bool HoldsAllStreetsOf(const std::string& zip) { return Has(wholeZip_, zip); }
+  bool HoldsStreetsOf(const std::string& zip) const { return zips_.contains(zip); }
+  bool HoldsAllStreetsOf(const std::string& zip) const;
 
   // Returns the street of exactly that name in the ZIP code; nullopt where there is none.
   std::optional<KnownStreet> FindStreet(const std::string& zip, const StreetName& street);
@@ -75,11 +76,14 @@ class BaseReader {
   int64_t Count(const std::string& what) { return file_.Number("SELECT count(*) FROM " + what); }
 
  private:
-  static bool Has(SqliteStatement& statement, const std::string& zip);
+  // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
+  using Zips = std::unordered_map<std::string, bool>;
+  static Zips ReadZips(SqliteFile& file);
 
   SqliteFile file_;
-  SqliteStatement streetsOfZip_;
-  SqliteStatement wholeZip_;
+  // What every question asks for, and is small.
+  const Zips zips_;
+  const bool hasRanges_;
   SqliteStatement street_;
   SqliteStatement streets_;
   SqliteStatement keys_;

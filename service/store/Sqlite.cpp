@@ -24,6 +24,12 @@ std::string EscapeForUri(const std::string& path) {
   return escaped;
 }
 
+// SQLite would keep a count of all memory, behind a lock that all connections share. Has no effect
+// where some other part of the program uses SQLite already.
+void LeaveMemoryUncounted() {
+  [[maybe_unused]] static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 }  // namespace
 
 bool StoreError::MayPass() const {
@@ -43,10 +49,38 @@ SqliteFile SqliteFile::OpenUnchanging(const std::filesystem::path& file) {
   SqliteFile opened(file.string());
   opened.Open("file:" + EscapeForUri(std::filesystem::absolute(file).string()) + "?immutable=1",
               SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  opened.Run("PRAGMA cache_size=-" + std::to_string(kPageCache / 1024));
+  opened.ReadAsItIs();
   return opened;
 }
 
+SqliteFile SqliteFile::OpenImage(std::span<unsigned char> image, std::string name) {
+  constexpr size_t kWriteVersion = 18;  // of the file format, and behind it the read version
+  constexpr size_t kHeader = 100;
+  if (image.size() >= kHeader) {
+    image[kWriteVersion] = image[kWriteVersion + 1] = 1;  // there is no WAL beside an image
+  }
+  SqliteFile opened(std::move(name));
+  opened.Open(":memory:", SQLITE_OPEN_READWRITE);
+  const auto size = static_cast<sqlite3_int64>(image.size());
+  if (sqlite3_deserialize(opened.connection_.get(), "main", image.data(), size, size,
+                          SQLITE_DESERIALIZE_READONLY) != SQLITE_OK) {
+    opened.Fail();
+  }
+  opened.Run("PRAGMA mmap_size=" + std::to_string(size));  // pages are read where they are
+  opened.ReadAsItIs();
+  return opened;
+}
+
+// One transaction for all that will ever be read: where each statement had its own, each would
+// begin with a look whether the file has changed.
+void SqliteFile::ReadAsItIs() {
+  Run("BEGIN");
+  Number("SELECT count(*) FROM sqlite_schema");
+}
+
 void SqliteFile::Open(const std::string& name, int flags) {
+  LeaveMemoryUncounted();
   sqlite3* opened = nullptr;
   const int end = sqlite3_open_v2(name.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   connection_.reset(opened);

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -40,9 +41,16 @@ class SqliteFile {
   // Opens `file`, which is created, for its owner alone, where there is none.
   SqliteFile(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
+  // Bytes of a file opened by OpenUnchanging that are kept in memory at most.
+  static constexpr size_t kPageCache = size_t{32} * 1024 * 1024;
+
   // Opens `file` for reading alone, as one that nobody changes while it is open: no locks are taken
   // and nothing is written beside it, so that the file may lie where nothing can be written.
   static SqliteFile OpenUnchanging(const std::filesystem::path& file);
+
+  // Opens the image of a file, which must outlive the connection, for reading alone. Any number of
+  // connections may share it. `name` stands for it in errors.
+  static SqliteFile OpenImage(std::span<unsigned char> image, std::string name);
 
   // Runs statements without parameters, whose rows go nowhere.
   void Run(const std::string& statements);
@@ -63,6 +71,7 @@ class SqliteFile {
   explicit SqliteFile(std::string name) : name_(std::move(name)) {}
 
   void Open(const std::string& name, int flags);
+  void ReadAsItIs();
   [[noreturn]] void Fail() const;
 
   std::string name_;

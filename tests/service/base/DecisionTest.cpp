@@ -48,7 +48,7 @@ class DecisionTest : public testing::Test {
     zips_ = new ZipBase(SampleZips());
     Import(folder_->File("base"), "town", {kSample / "town.csv"}, *zips_);
     Import(folder_->File("base"), "part", {kSample / "town-part.csv"}, *zips_, false);
-    base_ = new AddressBase(folder_->File("base"));
+    base_ = new AddressBase(folder_->File("base"), AddressBase::kMostInMemory);
   }
   static void TearDownTestSuite() {
     delete base_;
