@@ -45,13 +45,16 @@ struct AddressMatcher::Subject {
 
 AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
   const Subject subject(question);
-  if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
-    return subject.HasStreet() ? MatchInCity(subject, *rejection) : Answer(*rejection);
-  }
   AddressMatch answer;
-  answer.placed = std::get<PlacedLine>(question.lastLine);
   answer.lines = question.lines;
-  KeepAcceptedCity(question.asked, answer.placed);
+  if (auto inNewZip = PlaceInNewZip(question)) {
+    answer.placed = std::move(*inNewZip);
+  } else if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
+    return subject.HasStreet() ? MatchInCity(subject, *rejection) : Answer(*rejection);
+  } else {
+    answer.placed = std::get<PlacedLine>(question.lastLine);
+    KeepAcceptedCity(question.asked, answer.placed);
+  }
   if (!subject.HasStreet()) {
     Explain(explanation_, "the delivery line names no street, so the base cannot confirm it");
     return answer;
@@ -62,6 +65,24 @@ AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
     return answer;
   }
   return MatchInZip(subject, std::move(answer));
+}
+
+// A ZIP code that the list of them does not have yet, but a source of addresses does, for a city
+// that is known.
+std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& question) {
+  const auto* const placed = std::get_if<PlacedLine>(&question.lastLine);
+  if (placed != nullptr && !placed->zipCorrected) {
+    return std::nullopt;
+  }
+  const std::string zip = LastLineChecker::Zip5Of(JoinWords(SplitLine(question.asked.zip)));
+  const std::string key = CityKey(StandardCity(question.asked.city));
+  const ZipBase::City* const city = zips_.FindCity(key, question.state);
+  if (zip.empty() || city == nullptr || zips_.FindZip(zip) != nullptr ||
+      reader_.CityName(zip, key).empty()) {
+    return std::nullopt;
+  }
+  Explain(explanation_, zip, ": a source has addresses of ", city->name, " there");
+  return PlacedLine{city->name, city->state, zip};
 }
 
 AddressMatcher::Answer AddressMatcher::MatchInZip(const Subject& subject, AddressMatch answer) {

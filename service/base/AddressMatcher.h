@@ -53,6 +53,7 @@ class AddressMatcher {
  private:
   struct Subject;
 
+  std::optional<PlacedLine> PlaceInNewZip(const AddressQuestion& question);
   Answer MatchInZip(const Subject& subject, AddressMatch answer);
   Answer MatchInCity(const Subject& subject, Rejection otherwise);
   Answer Decide(const Subject& subject, AddressMatch answer, const StreetMatch& match);
