@@ -86,24 +86,30 @@ ReplyFields Compose(const AddressMatch& match) {
   return fields;
 }
 
+// The base always has an answer.
+ReplyAddress ToReply(const RequestAddress& asked, AddressAnswer answer) {
+  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
+    return {asked.id, *rejection};
+  }
+  return {asked.id, std::get<ReplyFields>(std::move(answer))};
+}
+
 }  // namespace
 
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
-  return {asked.id, Decide(asked, nullptr)};
+  return ToReply(asked, Decide(asked, nullptr));
 }
 
 ReplyAddress Verifier::Explain(const RequestAddress& asked, Explanation& explanation) const {
-  return {asked.id, Decide(asked, &explanation)};
+  return ToReply(asked, Decide(asked, &explanation));
 }
 
 void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) {
-  std::variant<ReplyFields, Rejection> decided = Decide(asked, nullptr);
-  auto* const fields = std::get_if<ReplyFields>(&decided);
-  done(fields != nullptr ? AddressAnswer(std::move(*fields)) : std::get<Rejection>(decided));
+  done(Decide(asked, nullptr));
 }
 
-std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& asked,
-                                                      Explanation* explanation) const {
+// Never a ServiceFault.
+AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explanation) const {
   const std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || asked.cutShort) {
     return Rejection::InvalidAddress;
@@ -117,12 +123,12 @@ std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& aske
   const auto* const placed = std::get_if<PlacedLine>(&question.lastLine);
   question.state =
       placed != nullptr ? placed->state : LastLineChecker::StateOf(folded->lastLine.state);
-  const std::optional<DeliveryLines> lines =
-      Standardiser::Standardise(folded->lines, question.state);
+  std::optional<StandardLines> lines = Standardiser::Standardise(folded->lines, question.state);
   if (!lines) {
     return placed != nullptr ? Rejection::NotFound : std::get<Rejection>(question.lastLine);
   }
-  question.lines = *lines;
+  const bool standardised = *lines != folded->lines;
+  question.lines = std::move(*lines);
   const AddressMatcher::Answer matched = MatchStreet(question, explanation);
   if (const auto* rejection = std::get_if<Rejection>(&matched)) {
     return *rejection;
@@ -130,7 +136,7 @@ std::variant<ReplyFields, Rejection> Verifier::Decide(const RequestAddress& aske
   const auto& match = std::get<AddressMatch>(matched);
   ReplyFields fields = Compose(match);
   fields.firmName = StandardFirm(folded->firmName);
-  fields.footnotes = Footnotes(match, *lines != folded->lines);
+  fields.footnotes = Footnotes(match, standardised);
   return fields;
 }
 

@@ -37,8 +37,7 @@ class Verifier final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
-  std::variant<ReplyFields, Rejection> Decide(const RequestAddress& asked,
-                                              Explanation* explanation) const;
+  AddressAnswer Decide(const RequestAddress& asked, Explanation* explanation) const;
   AddressMatcher::Answer MatchStreet(const AddressQuestion& question,
                                      Explanation* explanation) const;
 

@@ -86,6 +86,9 @@ std::string CityKey(std::string_view standardCity) {
 }
 
 CityFit CompareCity(std::string_view given, std::string_view known) {
+  if (given == known) {
+    return CityFit::Same;
+  }
   const std::string givenKey = CityKey(given);
   const std::string knownKey = CityKey(known);
   if (givenKey == knownKey) {

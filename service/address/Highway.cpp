@@ -109,8 +109,19 @@ size_t StateLength(const Words& name) {
   return 0;
 }
 
+// Says whether the first word of a row's phrase is `word`: nearly always it is not.
+bool BeginsHighway(const std::string& word) {
+  const std::string first = ShortForm(word);
+  return std::any_of(std::begin(kHighways), std::end(kHighways), [&](const HighwayRow& row) {
+    return row.written[0] == first[0] && row.written.substr(0, row.written.find(' ')) == first;
+  });
+}
+
 // Rewrites the highway at `at`, returns the words it has then; 0 where there is none.
 size_t RewriteAt(Words& name, size_t at) {
+  if (!BeginsHighway(name[at])) {
+    return 0;
+  }
   Words shortForms = name;
   std::transform(name.begin(), name.end(), shortForms.begin(), ShortForm);
   for (const HighwayRow& row : kHighways) {
@@ -136,6 +147,12 @@ size_t StandardiseHighway(Words& name, std::string_view state) {
   PartNumber(name, state);
   if (const size_t length = RewriteAt(name, 0); length > 0) {
     return length;
+  }
+  const auto mayStandBehindState = [](const std::string& word) {
+    return IsDigit(word[0]) || BeginsHighway(word);
+  };
+  if (std::none_of(name.begin() + 1, name.end(), mayStandBehindState)) {
+    return 0;
   }
   const size_t stateLength = StateLength(name);
   if (stateLength == 0 || stateLength >= name.size()) {

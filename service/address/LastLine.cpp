@@ -44,9 +44,9 @@ struct LastLineChecker::Reading {
   // The answer where this city, state and ZIP are right.
   PlacedLine Place(const std::string& rightCity, const std::string& rightState,
                    const std::string& rightZip) const {
-    return {
-        rightCity, rightState, rightZip, zip5 != rightZip,
-        (!city.empty() && CityKey(rightCity) != cityKey) || (stateGiven && state != rightState)};
+    return {rightCity, rightState, rightZip, zip5 != rightZip,
+            (!city.empty() && city != rightCity && CityKey(rightCity) != cityKey) ||
+                (stateGiven && state != rightState)};
   }
 
   std::string city;

@@ -5,6 +5,9 @@
 namespace postwright::service {
 
 size_t PhraseLength(const Words& words, size_t at, std::string_view phrase) {
+  if (at >= words.size() || phrase.empty() || words[at][0] != phrase[0]) {
+    return 0;  // nearly always
+  }
   size_t length = 0;
   while (!phrase.empty()) {
     const size_t end = std::min(phrase.find(' '), phrase.size());

@@ -33,8 +33,25 @@ Words ReadSecondLine(const Words& words, std::string_view state) {
   return words;
 }
 
-// Reads one delivery line; what does not belong on it is set aside.
-std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) {
+// A delivery line, whatever it names.
+struct Delivery {
+  Delivery(BoxLine read) : line(std::move(read.line)), aside(std::move(read.aside)) {}
+  explicit Delivery(StreetLine read) {
+    line = read.Compose();
+    // A unit that does not fit goes on the line above (section 213).
+    if (JoinWords(line).size() > kLongestLine && !read.units.empty()) {
+      aside = std::exchange(read.units, {});
+      line = read.Compose();
+    }
+    street = std::move(read);
+  }
+
+  Words line;
+  Words aside;  // what does not belong on the line
+  std::optional<StreetLine> street;
+};
+
+std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state) {
   if (IsMilitaryState(state)) {
     if (auto line = ReadMilitary(words)) {
       return line;
@@ -52,10 +69,7 @@ std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) 
     return BoxLine{box->line, {}};
   }
   if (auto street = ReadStreet(words, state)) {
-    // A unit that does not fit goes on the line above (section 213).
-    const bool fits = JoinWords(street->Compose()).size() <= kLongestLine;
-    const Words aside = fits ? Words() : std::exchange(street->units, {});
-    return BoxLine{street->Compose(), aside};
+    return Delivery(std::move(*street));
   }
   if (IsMilitaryState(state) && !words.empty()) {
     return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
@@ -63,15 +77,29 @@ std::optional<BoxLine> ReadDelivery(const Words& words, std::string_view state) 
   return std::nullopt;
 }
 
+// The lines in words, as they are read.
+struct LinesInWords {
+  explicit LinesInWords(const DeliveryLines& lines)
+      : above(SplitLine(lines.address1)),
+        delivery(SplitLine(lines.address2)),
+        urbanization(SplitLine(lines.urbanization)) {}
+
+  bool operator==(const LinesInWords&) const = default;
+
+  Words above;
+  Words delivery;
+  Words urbanization;
+};
+
 // One reading of the lines.
-std::optional<DeliveryLines> ReadLines(const DeliveryLines& asked, std::string_view state) {
-  Words above = SplitLine(asked.address1);
-  Words delivery = SplitLine(asked.address2);
+std::optional<StandardLines> ReadLines(const LinesInWords& asked, std::string_view state) {
+  Words above = asked.above;
+  Words delivery = asked.delivery;
   if (delivery.empty() ||
       (ReadUnitLine(delivery) && !ReadDelivery(delivery, state) && ReadDelivery(above, state))) {
     std::swap(above, delivery);
   }
-  std::string urbanization = StandardUrbanization(SplitLine(asked.urbanization));
+  std::string urbanization = StandardUrbanization(asked.urbanization);
   if (state == "PR" && urbanization.empty() && IsUrbanization(above)) {
     urbanization = StandardUrbanization(above);
     above.clear();
@@ -79,7 +107,7 @@ std::optional<DeliveryLines> ReadLines(const DeliveryLines& asked, std::string_v
   if (state == "PR" && urbanization.empty()) {
     urbanization = StandardUrbanization(TakeUrbanization(delivery));
   }
-  std::optional<BoxLine> line = ReadDelivery(delivery, state);
+  std::optional<Delivery> line = ReadDelivery(delivery, state);
   if (!line) {
     return std::nullopt;
   }
@@ -87,25 +115,31 @@ std::optional<DeliveryLines> ReadLines(const DeliveryLines& asked, std::string_v
     above = std::move(line->aside);
   } else {
     line->line.insert(line->line.end(), line->aside.begin(), line->aside.end());
+    if (line->street && !line->aside.empty()) {
+      line->street->units = std::move(line->aside);
+    }
   }
-  return DeliveryLines{JoinWords(ReadSecondLine(above, state)), JoinWords(line->line),
-                       std::move(urbanization)};
+  return StandardLines{
+      {JoinWords(ReadSecondLine(above, state)), JoinWords(line->line), std::move(urbanization)},
+      std::move(line->street)};
 }
 
 }  // namespace
 
 // What one reading puts in order may let the next read more: only lines that stay as they are count
 // as standard. Ordinary ones stay after the first.
-std::optional<DeliveryLines> Standardiser::Standardise(const DeliveryLines& asked,
+std::optional<StandardLines> Standardiser::Standardise(const DeliveryLines& asked,
                                                        std::string_view state) {
   constexpr int kMostReadings = 8;
-  std::optional<DeliveryLines> lines = ReadLines(asked, state);
-  for (int i = 1; lines && i < kMostReadings; ++i) {
-    std::optional<DeliveryLines> again = ReadLines(*lines, state);
-    if (again == lines) {
-      return lines;
+  LinesInWords words(asked);
+  std::optional<StandardLines> lines = ReadLines(words, state);
+  for (int i = 0; lines && i < kMostReadings; ++i) {
+    LinesInWords standard(*lines);
+    if (standard == words) {
+      return lines;  // what was read once is read alike again
     }
-    lines = std::move(again);
+    words = std::move(standard);
+    lines = ReadLines(words, state);
   }
   return std::nullopt;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "service/address/StreetLine.h"
 #include "service/text/AsciiText.h"
 
 namespace postwright::service {
@@ -16,6 +17,11 @@ struct DeliveryLines {
   std::string urbanization;
 
   bool operator==(const DeliveryLines&) const = default;
+};
+
+// Lines in standard form. `street` is the delivery line in its elements, where it names a street.
+struct StandardLines : DeliveryLines {
+  std::optional<StreetLine> street;
 };
 
 // Brings delivery lines into the standard form of USPS Publication 28; docs/standardiser.md is the
@@ -31,7 +37,7 @@ class Standardiser {
   // `asked` is folded text (FoldToAscii), the fields in either order: where Address1 holds the
   // street and Address2 the unit, or nothing, they change places. `state` is the two-letter code of
   // the address, or empty. Returns nullopt where there is no delivery line of a known form.
-  static std::optional<DeliveryLines> Standardise(const DeliveryLines& asked,
+  static std::optional<StandardLines> Standardise(const DeliveryLines& asked,
                                                   std::string_view state);
 };
 

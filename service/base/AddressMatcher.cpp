@@ -20,14 +20,17 @@ bool IsBareUnit(const Words& words) {
 // The delivery line of a question, read.
 struct AddressMatcher::Subject {
   explicit Subject(const AddressQuestion& asked) : question(asked) {
-    if (auto read = ReadStreet(SplitLine(asked.lines.address2), asked.state)) {
-      line = std::move(*read);
-      number = JoinWords(line.number);
-      street = StreetNameOf(line, asked.lines.urbanization);
+    const std::optional<StreetLine>& line = asked.lines.street;
+    if (line) {
+      number = JoinWords(line->number);
+      street = StreetNameOf(*line, asked.lines.urbanization);
+      unit = JoinWords(line->units);
     }
-    const Words above = SplitLine(asked.lines.address1);
-    unitIsAbove = line.units.empty() && (ReadUnitLine(above) || IsBareUnit(above));
-    unit = JoinWords(unitIsAbove ? above : line.units);
+    if (unit.empty()) {
+      const Words above = SplitLine(asked.lines.address1);
+      unitIsAbove = ReadUnitLine(above) || IsBareUnit(above);
+      unit = unitIsAbove ? JoinWords(above) : unit;
+    }
     if (unit.starts_with("PO BOX")) {
       unit.clear();  // a second address, no unit of this one
     }
@@ -36,7 +39,6 @@ struct AddressMatcher::Subject {
   bool HasStreet() const { return !number.empty(); }
 
   const AddressQuestion& question;
-  StreetLine line;
   std::string number;
   StreetName street;
   std::string unit;
@@ -172,7 +174,8 @@ std::vector<std::string> AddressMatcher::ZipsOf(const std::string& city, const s
 
 // A name that a source gives a place of the ZIP code is no misspelling of the usual one.
 void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed) {
-  const std::string key = CityKey(StandardCity(asked.city));
+  const std::string city = StandardCity(asked.city);
+  const std::string key = city == placed.city ? std::string() : CityKey(city);
   if (key.empty() || key == CityKey(placed.city)) {
     return;
   }
@@ -189,6 +192,9 @@ void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed)
 std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, AddressMatch& answer) {
   PlacedLine& placed = answer.placed;
   const ZipBase::City* const usual = zips_.FindZip(placed.zip5);
+  if (usual != nullptr && usual->name == placed.city) {
+    return std::nullopt;
+  }
   const std::string key = CityKey(placed.city);
   if (usual == nullptr || usual->key == key || !reader_.CityName(placed.zip5, key).empty()) {
     return std::nullopt;
@@ -233,14 +239,16 @@ AddressMatcher::Answer AddressMatcher::Unconfirmed(AddressMatch answer, const St
 
 void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
                              AddressMatch& answer) {
-  StreetLine line = subject.line;
-  const StreetName& street = match.street.street;
-  line.predirectional = street.predirectional;
-  line.name = SplitLine(street.name);
-  line.suffix = street.suffix;
-  line.postdirectional = street.postdirectional;
-  answer.lines.urbanization = street.urbanization;
-  answer.lines.address2 = JoinWords(line.Compose());
+  if (match.nameChanged || match.elementChanged) {
+    StreetLine line = *subject.question.lines.street;
+    const StreetName& street = match.street.street;
+    line.predirectional = street.predirectional;
+    line.name = SplitLine(street.name);
+    line.suffix = street.suffix;
+    line.postdirectional = street.postdirectional;
+    answer.lines.urbanization = street.urbanization;
+    answer.lines.address2 = JoinWords(line.Compose());
+  }
   answer.zip4 = match.facts.zip4;
   if (match.facts.isPoint) {
     ConfirmUnit(subject, match, answer);

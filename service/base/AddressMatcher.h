@@ -20,7 +20,7 @@ struct AddressQuestion {
   LastLine asked;                                // folded, as it came
   std::variant<PlacedLine, Rejection> lastLine;  // what LastLineChecker said of it
   std::string state;                             // that the lines were standardised for
-  DeliveryLines lines;                           // standard
+  StandardLines lines;
 };
 
 // The same with what the base knows of it.

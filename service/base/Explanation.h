@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_BASE_EXPLANATION_H_
 #define POSTWRIGHT_SERVICE_BASE_EXPLANATION_H_
 
+#include <concepts>
 #include <string>
 #include <vector>
 
@@ -9,12 +10,20 @@ namespace postwright::service {
 // The steps of a decision in words, for people who want to know why.
 using Explanation = std::vector<std::string>;
 
-// Adds a step, of which `parts` are joined; nothing is done where nobody wants to know.
+// Adds a step, of which `parts` are joined: texts, and functions that return them. Nothing is done,
+// and no function called, where nobody wants to know.
 template <typename... Parts>
 void Explain(Explanation* explanation, const Parts&... parts) {
   if (explanation != nullptr) {
     std::string step;
-    (step.append(parts), ...);
+    const auto append = [&step](const auto& part) {
+      if constexpr (std::invocable<decltype(part)>) {
+        step += part();
+      } else {
+        step += part;
+      }
+    };
+    (append(parts), ...);
     explanation->push_back(std::move(step));
   }
 }

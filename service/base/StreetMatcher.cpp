@@ -43,13 +43,15 @@ std::string Digits(const std::string& key) {
   return digits;
 }
 
-std::string Quote(const StreetName& street) {
-  return "'" + ComposeStreet(street) + "'" +
-         (street.urbanization.empty() ? "" : " in '" + street.urbanization + "'");
+auto Quote(const StreetName& street) {
+  return [&street] {
+    return "'" + ComposeStreet(street) + "'" +
+           (street.urbanization.empty() ? "" : " in '" + street.urbanization + "'");
+  };
 }
 
 // Says how the number is known.
-std::string Describe(const NumberFacts& facts) {
+std::string_view Describe(const NumberFacts& facts) {
   return facts.isPoint   ? "is an address of its own"
          : facts.inRange ? "lies in a range"
                          : "is not known";

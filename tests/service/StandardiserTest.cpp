@@ -20,7 +20,7 @@ DeliveryLines Standardise(const DeliveryLines& asked, const std::string& state) 
     return {"", kTurnedDown, ""};
   }
   return Standardiser::Standardise({*address1, *address2, asked.urbanization}, state)
-      .value_or(DeliveryLines{"", kTurnedDown, ""});
+      .value_or(StandardLines{{"", kTurnedDown, ""}, {}});
 }
 
 void ExpectStable(const DeliveryLines& standard, const std::string& state) {
