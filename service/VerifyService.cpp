@@ -152,14 +152,15 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
 
 // An address that could not be asked for makes an error of the document, which the client sends
 // again; what the others were answered is not lost, if the source keeps answers.
-void VerifyService::Finish(const Document& document) {
+void VerifyService::Finish(Document& document) {
+  std::string note = Note(document);
   const ServiceFault* fault = nullptr;
   std::vector<ReplyAddress> replies;
   for (size_t i = 0; i < document.answers.size(); ++i) {
     const std::optional<std::string>& id = document.request.addresses[i].id;
-    if (const auto* fields = std::get_if<ReplyFields>(&document.answers[i])) {
+    if (auto* fields = std::get_if<ReplyFields>(&document.answers[i])) {
       ++counts_.found;
-      replies.push_back({id, *fields});
+      replies.push_back({id, std::move(*fields)});
     } else if (const auto* rejection = std::get_if<Rejection>(&document.answers[i])) {
       ++counts_.rejected;
       replies.push_back({id, *rejection});
@@ -171,7 +172,7 @@ void VerifyService::Finish(const Document& document) {
   document.respond(XmlReply(fault != nullptr
                                 ? VerifyReply::ComposeFault(*fault)
                                 : VerifyReply::Compose(replies, document.request.revision1),
-                            Note(document)));
+                            std::move(note)));
 }
 
 std::string VerifyService::Note(const Document& document) const {

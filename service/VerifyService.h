@@ -50,7 +50,7 @@ class VerifyService {
   struct Document;  // a request and its answers so far
 
   void AnswerVerify(std::string_view text, const std::string& client, const Respond& respond);
-  void Finish(const Document& document);
+  void Finish(Document& document);
   std::string Note(const Document& document) const;
 
   AnswerSource& source_;

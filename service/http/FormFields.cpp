@@ -19,18 +19,19 @@ int HexValue(char c) {
 }
 
 std::string Decode(std::string_view encoded) {
-  std::string decoded;
-  decoded.reserve(encoded.size());
+  std::string decoded(encoded.size(), '\0');
+  char* end = decoded.data();
   for (size_t i = 0; i < encoded.size(); ++i) {
     const bool escape = encoded[i] == '%' && i + 2 < encoded.size() &&
                         HexValue(encoded[i + 1]) >= 0 && HexValue(encoded[i + 2]) >= 0;
     if (escape) {
-      decoded += static_cast<char>(HexValue(encoded[i + 1]) * 16 + HexValue(encoded[i + 2]));
+      *end++ = static_cast<char>(HexValue(encoded[i + 1]) * 16 + HexValue(encoded[i + 2]));
       i += 2;
     } else {
-      decoded += encoded[i] == '+' ? ' ' : encoded[i];
+      *end++ = encoded[i] == '+' ? ' ' : encoded[i];
     }
   }
+  decoded.resize(static_cast<size_t>(end - decoded.data()));
   return decoded;
 }
 

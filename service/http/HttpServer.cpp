@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <charconv>
+#include <cstring>
 #include <thread>
 #include <unordered_set>
 
@@ -119,14 +120,17 @@ class HttpServer::Impl {
         MHD_OPTION_PER_IP_CONNECTION_LIMIT, limits_.connectionsPerAddress,
         MHD_OPTION_CONNECTION_MEMORY_LIMIT, limits_.bytesPerConnection,
         MHD_OPTION_CONNECTION_TIMEOUT, static_cast<unsigned>(limits_.idle.count()),
-        MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri, this, MHD_OPTION_NOTIFY_COMPLETED,
-        &Impl::OnCompleted, this, MHD_OPTION_NOTIFY_CONNECTION, &Impl::OnConnection, this,
-        MHD_OPTION_END);
+        MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri, this, MHD_OPTION_UNESCAPE_CALLBACK,
+        &Impl::LeaveEscaped, nullptr, MHD_OPTION_NOTIFY_COMPLETED, &Impl::OnCompleted, this,
+        MHD_OPTION_NOTIFY_CONNECTION, &Impl::OnConnection, this, MHD_OPTION_END);
     if (daemon_ == nullptr) {
       close(socket);
       throw ListenError("cannot serve on " + address_ + ": no threads or descriptors are left");
     }
   }
+
+  // The server's own reading of the query is not used, so its escapes need not be resolved.
+  static size_t LeaveEscaped(void*, MHD_Connection*, char* text) { return std::strlen(text); }
 
   // The request line has arrived. The server's own splitting of the query is not used: it ends a
   // value at a zero byte.

@@ -139,7 +139,9 @@ std::optional<std::string> FoldToAscii(std::string_view utf8) {
 }
 
 Words SplitLine(std::string_view folded) {
+  constexpr size_t kUsual = 8;
   Words words;
+  words.reserve(folded.empty() ? 0 : kUsual);
   std::string word;
   const auto flush = [&] {
     if (!word.empty()) {

@@ -1,5 +1,6 @@
 #include "service/text/Encoding.h"
 
+#include <algorithm>
 #include <array>
 
 namespace postwright::service {
@@ -52,14 +53,19 @@ size_t SequenceLength(std::string_view bytes) {
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
+  const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  for (;;) {
+    const auto other = std::find_if_not(bytes.begin(), bytes.end(), isPlain);
+    if (other == bytes.end()) {
+      return true;
+    }
+    bytes.remove_prefix(static_cast<size_t>(other - bytes.begin()));
     const size_t length = SequenceLength(bytes);
     if (length == 0) {
       return false;
     }
     bytes.remove_prefix(length);
   }
-  return true;
 }
 
 std::string DecodeText(std::string_view bytes) {
