@@ -99,7 +99,10 @@ std::string RootError(std::string_view number, std::string_view description) {
 }  // namespace
 
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
-  std::string xml(kDeclaration);
+  constexpr size_t kUsualLength = 400;  // of one address
+  std::string xml;
+  xml.reserve(kUsualLength * (addresses.size() + 1));
+  xml += kDeclaration;
   xml += "<AddressValidateResponse>";
   for (const ReplyAddress& address : addresses) {
     xml += "<Address";

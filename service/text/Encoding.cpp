@@ -12,7 +12,6 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
 
-// Appends a code point of the basic plane.
 void AppendUtf8(char32_t c, std::string& text) {
   if (c < 0x80) {
     text += static_cast<char>(c);
@@ -20,7 +19,12 @@ void AppendUtf8(char32_t c, std::string& text) {
     text += static_cast<char>(0xC0 | (c >> 6));
     text += static_cast<char>(0x80 | (c & 0x3F));
   } else {
-    text += static_cast<char>(0xE0 | (c >> 12));
+    if (c < 0x10000) {
+      text += static_cast<char>(0xE0 | (c >> 12));
+    } else {
+      text += static_cast<char>(0xF0 | (c >> 18));
+      text += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+    }
     text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
     text += static_cast<char>(0x80 | (c & 0x3F));
   }
@@ -50,6 +54,27 @@ size_t SequenceLength(std::string_view bytes) {
   return overlong || surrogate || beyond ? 0 : length;
 }
 
+std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
+  constexpr char32_t kReplacement = 0xFFFD;
+  const auto unitAt = [&](size_t i) -> char32_t {
+    const auto byte = [&](size_t at) { return static_cast<unsigned char>(bytes[at]); };
+    return isBigEndian ? byte(i) << 8U | byte(i + 1) : byte(i + 1) << 8U | byte(i);
+  };
+  const auto isSurrogate = [](char32_t unit) { return unit >= 0xD800 && unit < 0xE000; };
+  std::string text;
+  text.reserve(bytes.size());
+  for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    char32_t c = unitAt(i);
+    if (c < 0xDC00 && isSurrogate(c) && i + 3 < bytes.size() && unitAt(i + 2) >= 0xDC00 &&
+        isSurrogate(unitAt(i + 2))) {
+      i += 2;
+      c = 0x10000 + ((c - 0xD800) << 10U) + (unitAt(i) - 0xDC00);
+    }
+    AppendUtf8(isSurrogate(c) ? kReplacement : c, text);
+  }
+  return text;
+}
+
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
@@ -66,6 +91,12 @@ bool IsUtf8(std::string_view bytes) {
     }
     bytes.remove_prefix(length);
   }
+}
+
+std::string DecodeDocument(std::string_view bytes) {
+  const bool isBigEndian = bytes.starts_with("\xFE\xFF");
+  return isBigEndian || bytes.starts_with("\xFF\xFE") ? DecodeUtf16(bytes.substr(2), isBigEndian)
+                                                      : DecodeText(bytes);
 }
 
 std::string DecodeText(std::string_view bytes) {

@@ -14,6 +14,10 @@ bool IsUtf8(std::string_view bytes);
 // Windows-1252 leaves open read as U+FFFD.
 std::string DecodeText(std::string_view bytes);
 
+// The same for a document that may also be UTF-16 with its byte order mark (RFC 2781). What is no
+// character there reads as U+FFFD.
+std::string DecodeDocument(std::string_view bytes);
+
 }  // namespace postwright::service
 
 #endif  // POSTWRIGHT_SERVICE_TEXT_ENCODING_H_

@@ -2,8 +2,9 @@
 
 namespace postwright::service {
 
-std::string EscapeXml(std::string_view utf8) {
-  std::string escaped;
+namespace {
+
+void AppendEscaped(std::string& escaped, std::string_view utf8) {
   for (const char c : utf8) {
     switch (c) {
       case '&':
@@ -27,6 +28,13 @@ std::string EscapeXml(std::string_view utf8) {
         escaped += c;
     }
   }
+}
+
+}  // namespace
+
+std::string EscapeXml(std::string_view utf8) {
+  std::string escaped;
+  AppendEscaped(escaped, utf8);
   return escaped;
 }
 
@@ -34,9 +42,11 @@ void AppendElement(std::string& xml, std::string_view name, std::string_view utf
   xml.append("<").append(name);
   if (utf8.empty()) {
     xml += "/>";
-  } else {
-    xml.append(">").append(EscapeXml(utf8)).append("</").append(name).append(">");
+    return;
   }
+  xml += '>';
+  AppendEscaped(xml, utf8);
+  xml.append("</").append(name).append(">");
 }
 
 }  // namespace postwright::service

@@ -1,12 +1,7 @@
 #include "service/upstream/VerifyXml.h"
 
-#include <expat.h>
-
-#include <memory>
-#include <new>
-
-#include "service/text/Encoding.h"
 #include "service/text/Xml.h"
+#include "service/text/XmlDocument.h"
 
 namespace postwright::service {
 namespace {
@@ -14,10 +9,9 @@ namespace {
 constexpr size_t kLongestDocument = 64 * 1024;
 constexpr size_t kLongestValue = 400;  // ReturnText is the longest there is
 constexpr size_t kLongestNumber = 11;
-constexpr size_t kDeepestElement = 8;  // the interface has 4
 
 struct FieldRow {
-  std::string_view element;
+  const char* element;
   std::string ReplyFields::*field;
 };
 
@@ -50,109 +44,41 @@ constexpr Rejection kRejections[] = {
     Rejection::InvalidCity,    Rejection::NotFound,   Rejection::Multiple,
 };
 
-// The elements of one reply, as the parser meets them.
-class Reader {
- public:
-  UpstreamAnswer Read(std::string_view document) {
-    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
-                                                                         XML_ParserFree);
-    if (!parser) {
-      throw std::bad_alloc();
-    }
-    parser_ = parser.get();
-    XML_SetUserData(parser_, this);
-    XML_SetElementHandler(parser_, &Reader::OnStart, &Reader::OnEnd);
-    XML_SetCharacterDataHandler(parser_, &Reader::OnText);
-    XML_SetStartDoctypeDeclHandler(parser_, &Reader::OnDoctype);
-    const std::string text = DecodeText(document);
-    if (document.size() > kLongestDocument ||
-        XML_Parse(parser_, text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK) {
-      return UpstreamFault{FaultKind::BadReply, {}, "the reply is not XML"};
-    }
-    return Conclude();
-  }
+std::string ValueOf(pugi::xml_node element) {
+  return XmlDocument::TextOf(element).substr(0, kLongestValue);
+}
 
- private:
-  static void OnStart(void* self, const XML_Char* name, const XML_Char**) {
-    static_cast<Reader*>(self)->Start(name);
-  }
-  static void OnEnd(void* self, const XML_Char*) { static_cast<Reader*>(self)->End(); }
-  static void OnText(void* self, const XML_Char* text, int length) {
-    static_cast<Reader*>(self)->Text({text, static_cast<size_t>(length)});
-  }
-  static void OnDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-    XML_StopParser(static_cast<Reader*>(self)->parser_, XML_FALSE);
-  }
+UpstreamAnswer RootFault(const std::string& number) {
+  const bool isOfUser = number == "80040B1A" || number == "80040b1a";
+  const FaultKind kind = isOfUser               ? FaultKind::Unauthorised
+                         : number == "80040B19" ? FaultKind::Refused
+                                                : FaultKind::ServerError;
+  return UpstreamFault{kind, {}, "root error " + number.substr(0, kLongestNumber)};
+}
 
-  void Start(std::string_view name) {
-    ++depth_;
-    if (depth_ > kDeepestElement) {
-      XML_StopParser(parser_, XML_FALSE);
-    }
-    isRootError_ = isRootError_ || (depth_ == 1 && name == "Error");
-    addresses_ += depth_ == 2 && name == "Address" ? 1 : 0;
-    isError_ = isError_ || (depth_ == 3 && name == "Error");
-    text_ = nullptr;
-    if (name == "Number" && depth_ == (isRootError_ ? 2U : 4U)) {
-      text_ = &number_;
-    }
-    for (const FieldRow& row : kFields) {
-      if (depth_ == 3 && addresses_ == 1 && row.element == name) {
-        text_ = &(fields_.*row.field);
-      }
+Rejection ReadRejection(const std::string& number) {
+  for (const Rejection rejection : kRejections) {
+    if (VerifyReply::NumberOf(rejection) == number) {
+      return rejection;
     }
   }
+  return Rejection::InvalidAddress;  // of a kind that only the partner knows
+}
 
-  void End() {
-    text_ = nullptr;
-    --depth_;
+UpstreamAnswer ReadAddress(pugi::xml_node address) {
+  ReplyFields fields;
+  for (const FieldRow& row : kFields) {
+    fields.*row.field = ValueOf(address.child(row.element));
   }
-
-  void Text(std::string_view text) {
-    if (text_ != nullptr && text_->size() < kLongestValue) {
-      text_->append(text.substr(0, kLongestValue - text_->size()));
-    }
+  if (fields.address1 == "-") {
+    fields.address1.clear();
   }
-
-  UpstreamAnswer Conclude() {
-    if (isRootError_) {
-      return RootFault();
-    }
-    if (isError_) {
-      for (const Rejection rejection : kRejections) {
-        if (VerifyReply::NumberOf(rejection) == number_) {
-          return rejection;
-        }
-      }
-      return Rejection::InvalidAddress;  // of a kind that only the partner knows
-    }
-    if (fields_.address1 == "-") {
-      fields_.address1.clear();
-    }
-    if (fields_.address2.empty() || fields_.city.empty() || fields_.state.empty() ||
-        fields_.zip5.empty()) {
-      return UpstreamFault{FaultKind::BadReply, {}, "the reply holds no whole address"};
-    }
-    return std::move(fields_);
+  if (fields.address2.empty() || fields.city.empty() || fields.state.empty() ||
+      fields.zip5.empty()) {
+    return UpstreamFault{FaultKind::BadReply, {}, "the reply holds no whole address"};
   }
-
-  UpstreamAnswer RootFault() const {
-    const bool isOfUser = number_ == "80040B1A" || number_ == "80040b1a";
-    const FaultKind kind = isOfUser                ? FaultKind::Unauthorised
-                           : number_ == "80040B19" ? FaultKind::Refused
-                                                   : FaultKind::ServerError;
-    return UpstreamFault{kind, {}, "root error " + number_.substr(0, kLongestNumber)};
-  }
-
-  XML_Parser parser_ = nullptr;
-  size_t depth_ = 0;
-  size_t addresses_ = 0;
-  bool isRootError_ = false;
-  bool isError_ = false;
-  std::string number_;
-  ReplyFields fields_;
-  std::string* text_ = nullptr;  // where text goes
-};
+  return fields;
+}
 
 }  // namespace
 
@@ -176,7 +102,18 @@ std::string VerifyXml::Compose(const RequestAddress& normal, std::string_view us
 }
 
 UpstreamAnswer VerifyXml::Read(std::string_view document) {
-  return Reader().Read(document);
+  const XmlDocument reply(document.substr(0, kLongestDocument));
+  if (document.size() > kLongestDocument || reply.GetState() != XmlDocument::State::Whole) {
+    return UpstreamFault{FaultKind::BadReply, {}, "the reply is not XML"};
+  }
+  if (reply.Root().name() == std::string_view("Error")) {
+    return RootFault(ValueOf(reply.Root().child("Number")));
+  }
+  const pugi::xml_node address = reply.Root().child("Address");
+  if (const pugi::xml_node error = address.child("Error")) {
+    return ReadRejection(ValueOf(error.child("Number")));
+  }
+  return ReadAddress(address);
 }
 
 }  // namespace postwright::service

@@ -167,6 +167,15 @@ const DocumentCase kDocuments[] = {
      kNoUser},
     {"another document", "<ZipCodeLookupRequest USERID=\"1\"/>", kSyntax},
     {"a bare ampersand", Request("<Address><Address2>A & B</Address2></Address>"), kSyntax},
+    {"a reference to nothing", Request("<Address><City>&b;</City></Address>"), kSyntax},
+    {"a reference to no character", Request("<Address ID=\"&#0;\"/>"), kSyntax},
+    {"ampersands that are none",
+     Request("<!-- & --><Address><Address2><![CDATA[12 & ]]><b>MAIN</b> S&#x54;</Address2>"
+             "<Zip5>78701</Zip5></Address>"),
+     Response("<Address><Address2>12 AND MAIN ST</Address2><City>AUSTIN</City><State>TX</State>"
+              "<Zip5>78701</Zip5><Zip4/></Address>")},
+    {"text behind the document", Request("") + "&amp;", kSyntax},
+    {"two documents", Request("") + Request(""), kSyntax},
     {"tags that do not match", Request("<Address></Adress>"), kSyntax},
     {"a zero byte", Request("<Address>" + std::string(1, '\0') + "</Address>"), kSyntax},
     {"entities of one's own",
