@@ -33,11 +33,11 @@ constexpr std::chrono::seconds kDrainMargin(2);  // beyond what a request may wa
 constexpr const char* kName = "postwright-verifyd";
 constexpr const char* kUsage =
     "postwright-verifyd [--listen ADDRESS:PORT] [--users FILE] [--base FILE]... "
-    "[--path-prefix PATH] [--log-addresses] [--open-status] "
+    "[--path-prefix PATH] [--log-addresses | --quiet] [--open-status] "
     "[--upstream KIND [HOST] --credentials FILE ...] [LIMITS]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
-writes a line a request to standard error. Says 'listening on ADDRESS:PORT' once it can be asked.
+writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT' once it can be asked.
 SIGTERM or SIGINT ends it when the requests that have begun are answered; a second one, at once.
 SIGHUP reads the base, the users and the credentials again. /status and /metrics show what it has done and is doing.
 

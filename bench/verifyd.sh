@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares the Verify service with nginx serving one file of the size of an answer, through the same
-# client: requests a second, latencies, and the service's memory over many requests.
+# client: requests a second, latencies, and the service's memory over many requests. Neither writes a
+# line a request.
 #
 #   bench/verifyd.sh [--base FILE]... [--ask FILE] [--rounds N] [--seconds N] [--millions N]
 #
@@ -73,7 +74,7 @@ export QUERIES=$scratch/queries
 
 port=$((20000 + RANDOM % 10000))
 service=http://127.0.0.1:$port
-"$verifyd" --listen "127.0.0.1:$port" "${base[@]}" 2> /dev/null &
+"$verifyd" --quiet --listen "127.0.0.1:$port" "${base[@]}" 2> /dev/null &
 verifyd_pid=$!
 pids+=("$verifyd_pid")
 until curl --silent --output /dev/null "$service/"; do

@@ -86,6 +86,10 @@ void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
   app.add_flag("--log-addresses", options.answers.logAddresses,
                "Write addresses into the log; no line tells one otherwise")
       ->disable_flag_override();
+  app.add_flag("--quiet", options.limits.quiet,
+               "Write no line of a request that is answered; /metrics counts them")
+      ->disable_flag_override()
+      ->excludes("--log-addresses");
   AddLimits(app, options);
 }
 

@@ -1,7 +1,7 @@
 # Completions of postwright-verifyd for bash. Where nothing is offered here, bash offers files.
 
 _postwright_verifyd() {
-  local words='--help --version --listen --users --base --path-prefix --log-addresses'
+  local words='--help --version --listen --users --base --path-prefix --log-addresses --quiet'
   words+=' --threads --connections --connections-per-address --idle-time --request-time'
   words+=' --header-size --body-size --open-status'
   words+=' --upstream --upstream-url --credentials --budget --cache --cache-lifetime --deadline'
@@ -10,7 +10,7 @@ _postwright_verifyd() {
   case $3 in
     --upstream) words='postal-v3 verify-xml' ;;
     --fallback) words='base none' ;;
-    --open-status | --log-addresses | --help | --version) ;;
+    --open-status | --log-addresses | --quiet | --help | --version) ;;
     --*) return ;;
   esac
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$2")

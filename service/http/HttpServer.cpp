@@ -20,6 +20,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using ExchangePointer = std::shared_ptr<Exchange>;
 
+constexpr int kOk = 200;
 constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
 constexpr int kInternalError = 500;
@@ -260,6 +261,9 @@ class HttpServer::Impl {
   }
 
   void Log(const Exchange& exchange, const HttpReply& reply) const {
+    if (limits_.quiet && reply.status == kOk) {
+      return;
+    }
     const auto taken =
         std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.begun);
     log_.Write(exchange.request.client + ' ' + KnownMethod(exchange.request.method) + ' ' +

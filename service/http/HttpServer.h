@@ -29,10 +29,11 @@ class HttpServer {
     unsigned threads = 0;        // 0: as many as processors, at least 2, at most 8
     unsigned connections = 768;  // in all; a process has 1,024 descriptors if not told otherwise
     unsigned connectionsPerAddress = 512;   // of one client address; loopback is one
-    size_t bytesPerConnection = 32 * 1024;  // request line and headers together must fit
+    size_t bytesPerConnection = 16 * 1024;  // request line and headers together must fit
     size_t bodyBytes = 64 * 1024;
     std::chrono::seconds idle{30};                 // without a byte
     std::chrono::milliseconds request{60 * 1000};  // for one request, however it trickles in
+    bool quiet = false;                            // no line of a request with status 200
   };
 
   // Called from several threads at once, which serve other connections too: it must not wait. The
