@@ -36,12 +36,13 @@ void ConnectionWatch::Opened(int socket) {
   connections_[socket] = {Clock::now() + patience_};
 }
 
-// Counted before the answer leaves: a client may send its next request as soon as it has one.
-void ConnectionWatch::RequestRead(int socket) {
-  const uint64_t received = BytesReceived(socket);
+void ConnectionWatch::RequestRead(int socket, std::optional<size_t> length) {
+  // Asked before the answer leaves: a client may send its next request as soon as it has one.
+  const uint64_t received = length ? 0 : BytesReceived(socket);
   const std::lock_guard lock(mutex_);
-  connections_[socket].bytesRead = received;
-  connections_[socket].answering = true;
+  Connection& connection = connections_[socket];
+  connection.bytesRead = length ? connection.bytesRead + *length : received;
+  connection.answering = true;
 }
 
 void ConnectionWatch::Answered(int socket) {

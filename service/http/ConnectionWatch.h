@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <unordered_map>
 
@@ -14,8 +15,9 @@ namespace postwright::service {
 // busily they trickle bytes, and tells at the end which ones have begun something.
 //
 // The server reports each connection's socket when it is opened, when a request has been read, when
-// it is answered and, while the socket is still open, before it is closed. Any thread may call any
-// operation.
+// it is answered and, while the socket is still open, before it is closed. A request's length is in
+// bytes as they were sent; nullopt where they are not known, which asks the system. Any thread may
+// call any operation.
 class ConnectionWatch {
  public:
   // A connection has `patience` for each request, counted from its opening or its last answer.
@@ -25,7 +27,7 @@ class ConnectionWatch {
   ConnectionWatch& operator=(const ConnectionWatch&) = delete;
 
   void Opened(int socket);
-  void RequestRead(int socket);
+  void RequestRead(int socket, std::optional<size_t> length);
   void Answered(int socket);
   void Closed(int socket);
 
@@ -39,7 +41,7 @@ class ConnectionWatch {
   using Clock = std::chrono::steady_clock;
   struct Connection {
     Clock::time_point deadline;
-    uint64_t bytesRead = 0;  // that had arrived with the last request, before its answer left
+    uint64_t bytesRead = 0;  // of requests that were read to their end
     bool answering = false;
   };
 

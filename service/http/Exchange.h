@@ -19,6 +19,7 @@ class Exchange {
  public:
   // Read and written by the connection's thread; by nobody once the request was handed out.
   HttpRequest request;
+  size_t bodyBytes = 0;  // that were read, kept or not
   bool hasHeaders = false;
   bool isTooLarge = false;
   bool isHandedOut = false;

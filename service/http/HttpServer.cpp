@@ -53,13 +53,29 @@ bool IsForwarded(MHD_Connection* connection) {
   return has("Forwarded") || has("X-Forwarded-For");
 }
 
+// How many bytes the request took; nullopt for one in chunks, whose frames nobody counts.
+std::optional<size_t> LengthOf(MHD_Connection* connection, const Exchange& exchange) {
+  if (MHD_lookup_connection_value(connection, MHD_HEADER_KIND, MHD_HTTP_HEADER_TRANSFER_ENCODING) !=
+      nullptr) {
+    return std::nullopt;
+  }
+  return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE)->header_size +
+         exchange.bodyBytes;
+}
+
 int SocketOf(MHD_Connection* connection) {
   return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
 }
 
-std::string ClientOf(MHD_Connection* connection) {
+std::string HostOfClient(MHD_Connection* connection) {
   return ListenAddress::HostOf(
       MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS)->client_addr);
+}
+
+// What OnConnection keeps with a connection: its client's address in text.
+const std::string& ClientOf(MHD_Connection* connection) {
+  return *static_cast<const std::string*>(
+      MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT)->socket_context);
 }
 
 }  // namespace
@@ -174,6 +190,7 @@ class HttpServer::Impl {
     if (*size == 0) {
       return Proceed(connection, exchange);
     }
+    exchange->bodyBytes += *size;
     exchange->isTooLarge = exchange->isTooLarge || request.body.size() + *size > limits_.bodyBytes;
     if (!exchange->isTooLarge) {
       request.body.append(data, *size);
@@ -186,7 +203,7 @@ class HttpServer::Impl {
   MHD_Result Proceed(MHD_Connection* connection, const ExchangePointer& exchange) {
     if (!exchange->isHandedOut) {
       exchange->isHandedOut = true;
-      watch_.RequestRead(SocketOf(connection));
+      watch_.RequestRead(SocketOf(connection), LengthOf(connection, *exchange));
       HandOut(exchange);
     }
     std::optional<HttpReply> reply = exchange->TakeReply();
@@ -284,12 +301,14 @@ class HttpServer::Impl {
     impl->watch_.Answered(SocketOf(connection));
   }
 
-  static void OnConnection(void* self, MHD_Connection* connection, void**,
+  static void OnConnection(void* self, MHD_Connection* connection, void** kept,
                            MHD_ConnectionNotificationCode code) {
     ConnectionWatch& watch = static_cast<Impl*>(self)->watch_;
     if (code == MHD_CONNECTION_NOTIFY_STARTED) {
+      *kept = new std::string(HostOfClient(connection));
       watch.Opened(SocketOf(connection));
     } else {
+      const std::unique_ptr<std::string> client(static_cast<std::string*>(*kept));
       watch.Closed(SocketOf(connection));
     }
   }
