@@ -68,20 +68,20 @@ std::string Footnotes(const AddressMatch& match, bool standardised) {
 }
 
 // What a base that knows no more than house numbers can say: no flag is set.
-ReplyFields Compose(const AddressMatch& match) {
+ReplyFields Compose(AddressMatch match) {
   ReplyFields fields;
-  fields.address1 = match.lines.address1;
-  fields.address2 = match.lines.address2;
-  fields.urbanization = match.lines.urbanization;
-  fields.city = match.placed.city;
+  fields.address1 = std::move(match.lines.address1);
+  fields.address2 = std::move(match.lines.address2);
+  fields.urbanization = std::move(match.lines.urbanization);
   fields.cityAbbreviation = AbbreviateCity(match.placed.city);
-  fields.state = match.placed.state;
-  fields.zip5 = match.placed.zip5;
-  fields.zip4 = match.zip4;
+  fields.city = std::move(match.placed.city);
+  fields.state = std::move(match.placed.state);
+  fields.zip5 = std::move(match.placed.zip5);
+  fields.zip4 = std::move(match.zip4);
   fields.returnText = match.confirmation == 'D' ? ReplyFields::kDefaultMatch : "";
   fields.dpvConfirmation = match.confirmation;
   fields.dpvFalse = match.confirmation == 'N' ? "N" : "";
-  fields.dpvFootnotes = match.dpvFootnotes;
+  fields.dpvFootnotes = std::move(match.dpvFootnotes);
   fields.centralDeliveryPoint = "N";
   return fields;
 }
@@ -129,14 +129,15 @@ AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explana
   }
   const bool standardised = *lines != folded->lines;
   question.lines = std::move(*lines);
-  const AddressMatcher::Answer matched = MatchStreet(question, explanation);
+  AddressMatcher::Answer matched = MatchStreet(question, explanation);
   if (const auto* rejection = std::get_if<Rejection>(&matched)) {
     return *rejection;
   }
-  const auto& match = std::get<AddressMatch>(matched);
-  ReplyFields fields = Compose(match);
+  auto& match = std::get<AddressMatch>(matched);
+  std::string footnotes = Footnotes(match, standardised);
+  ReplyFields fields = Compose(std::move(match));
   fields.firmName = StandardFirm(folded->firmName);
-  fields.footnotes = Footnotes(match, standardised);
+  fields.footnotes = std::move(footnotes);
   return fields;
 }
 

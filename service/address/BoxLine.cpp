@@ -72,6 +72,11 @@ std::string TakeBox(const Words& words, size_t& at) {
   return words[number];
 }
 
+// Most lines begin with a house number, and no phrase of these forms does.
+bool BeginsWithNumber(const Words& words) {
+  return words.empty() || IsDigit(words[0][0]);
+}
+
 Words From(const Words& words, size_t at) {
   return at < words.size() ? Words(words.begin() + at, words.end()) : Words();
 }
@@ -79,6 +84,9 @@ Words From(const Words& words, size_t at) {
 }  // namespace
 
 std::optional<BoxLine> ReadPostOfficeBox(const Words& given) {
+  if (BeginsWithNumber(given)) {
+    return std::nullopt;
+  }
   const Words words = PartFirst(given);
   const size_t length = LongestPhrase(words, 0, kPostOfficeBox);
   const size_t number = length + NumberSignLength(words, length);
@@ -89,6 +97,9 @@ std::optional<BoxLine> ReadPostOfficeBox(const Words& given) {
 }
 
 std::optional<BoxLine> ReadRoute(const Words& given) {
+  if (BeginsWithNumber(given)) {
+    return std::nullopt;
+  }
   Words words = PartFirst(given);
   size_t at = 0;
   const std::string boxInFront = TakeBox(words, at);  // "BOX 9 RR 3"

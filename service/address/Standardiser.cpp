@@ -21,6 +21,9 @@ bool IsMilitaryState(std::string_view state) {
 // A second line: a unit in standard form, another delivery line, or text that only loses its
 // punctuation. A lone hyphen, which clients send for "none", is no word.
 Words ReadSecondLine(const Words& words, std::string_view state) {
+  if (words.empty()) {
+    return {};
+  }
   if (auto units = ReadUnitLine(words)) {
     return *units;
   }

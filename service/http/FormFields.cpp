@@ -18,18 +18,28 @@ int HexValue(char c) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
+// Takes what stands in front of the first `mark`, or all, and the mark.
+std::string_view TakeUpTo(char mark, std::string_view& text) {
+  const std::string_view taken = text.substr(0, text.find(mark));
+  text.remove_prefix(taken.size());
+  text = text.empty() ? text : text.substr(1);
+  return taken;
+}
+
 std::string Decode(std::string_view encoded) {
   std::string decoded(encoded.size(), '\0');
   char* end = decoded.data();
   for (size_t i = 0; i < encoded.size(); ++i) {
-    const bool escape = encoded[i] == '%' && i + 2 < encoded.size() &&
-                        HexValue(encoded[i + 1]) >= 0 && HexValue(encoded[i + 2]) >= 0;
-    if (escape) {
-      *end++ = static_cast<char>(HexValue(encoded[i + 1]) * 16 + HexValue(encoded[i + 2]));
-      i += 2;
-    } else {
-      *end++ = encoded[i] == '+' ? ' ' : encoded[i];
+    const char c = encoded[i];
+    if (c != '%' || i + 2 >= encoded.size()) {
+      *end++ = c == '+' ? ' ' : c;
+      continue;
     }
+    const int high = HexValue(encoded[i + 1]);
+    const int low = HexValue(encoded[i + 2]);
+    const bool isEscape = high >= 0 && low >= 0;
+    *end++ = isEscape ? static_cast<char>(high * 16 + low) : c;
+    i += isEscape ? 2 : 0;
   }
   decoded.resize(static_cast<size_t>(end - decoded.data()));
   return decoded;
@@ -39,12 +49,10 @@ std::string Decode(std::string_view encoded) {
 
 FormFields::FormFields(std::string_view encoded) {
   while (!encoded.empty()) {
-    const size_t end = std::min(encoded.find('&'), encoded.size());
-    const std::string_view field = encoded.substr(0, end);
-    const size_t equals = std::min(field.find('='), field.size());
-    fields_.emplace_back(Decode(field.substr(0, equals)),
-                         Decode(field.substr(std::min(equals + 1, field.size()))));
-    encoded.remove_prefix(std::min(end + 1, encoded.size()));
+    const std::string_view field = TakeUpTo('&', encoded);
+    std::string_view value = field;
+    const std::string_view name = TakeUpTo('=', value);
+    fields_.emplace_back(Decode(name), Decode(value));
   }
 }
 
