@@ -26,8 +26,9 @@ RequestAddress ReadAddress(pugi::xml_node element) {
     address.id = id.value();
   }
   for (const pugi::xml_node child : element) {
+    const std::string_view name = child.name();
     for (const FieldRow& row : kFields) {
-      if (row.element == child.name() && (address.*row.field).empty()) {
+      if (row.element == name && (address.*row.field).empty()) {
         address.*row.field = XmlDocument::TextOf(child).substr(0, VerifyRequest::kLongestField + 1);
       }
     }
