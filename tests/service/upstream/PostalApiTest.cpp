@@ -185,22 +185,16 @@ TEST(PostalApiTest, ReadsErrors) {
 }
 
 TEST(PostalApiTest, LeavesOutWhatTheValidatorTurnsDown) {
-  RequestAddress normal;
-  normal.address2 = "12 A/B ST # 4";
-  normal.state = "TX";
-  normal.zip5 = "78701";
-  EXPECT_EQ(PostalApi::QueryFor(normal),
+  const RequestAddress sparse{{}, "", "", "12 A/B ST # 4", "", "TX", "", "78701", ""};
+  EXPECT_EQ(PostalApi::QueryFor(sparse),
             "streetAddress=12%20A%2FB%20ST%20%23%204&state=TX&ZIPCode=78701");
-  normal.firmName = "A & B";
-  normal.address1 = "STE 1";
-  normal.city = "AUSTIN";
-  normal.zip4 = "1234";
-  normal.urbanization = "URB A";
-  EXPECT_EQ(PostalApi::QueryFor(normal),
+  RequestAddress full{{},   "A & B", "STE 1", "12 A/B ST # 4", "AUSTIN",
+                      "TX", "URB A", "78701", "1234"};
+  EXPECT_EQ(PostalApi::QueryFor(full),
             "firm=A%20%26%20B&streetAddress=12%20A%2FB%20ST%20%23%204&secondaryAddress=STE%201"
             "&city=AUSTIN&state=TX&urbanization=URB%20A&ZIPCode=78701&ZIPPlus4=1234");
-  normal.firmName = std::string(51, 'A');
-  EXPECT_TRUE(PostalApi::QueryFor(normal).starts_with("streetAddress"));
+  full.firmName = std::string(51, 'A');
+  EXPECT_TRUE(PostalApi::QueryFor(full).starts_with("streetAddress"));
 }
 
 const struct {
