@@ -13,9 +13,11 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 command -v abidiff > /dev/null || { echo "abidiff is not installed: apt-get install abigail-tools" >&2; exit 2; }
 
 if ! earlier=${1:-$(git describe --tags --abbrev=0 2> /dev/null)}; then
-  echo "There is no tag, so there is no earlier version to compare with."
+  echo "There is no tag, so there is no earlier version to compare with. To compare with a commit:"
+  echo "scripts/check-abi.sh COMMIT"
   exit 0
 fi
+git rev-parse --quiet --verify "$earlier^{commit}" > /dev/null || { echo "There is no commit '$earlier'." >&2; exit 2; }
 
 # library_build SOURCES BUILD: leaves the libraries and their headers in BUILD/prefix.
 library_build() {
