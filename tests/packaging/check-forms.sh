@@ -25,9 +25,6 @@ pages() {
 
 with "desktop-file-validate" desktop/*.desktop
 with "appstreamcli validate --no-net --no-color" desktop/*.metainfo.xml
-with "bash -n" completions/*.bash
-for file in completions/_*; do with "zsh -n" "$file"; done
-for file in completions/*.fish; do with "fish --no-execute" "$file"; done
 if command -v groff > /dev/null; then
   pages man/*.in || status=1
 fi
