@@ -95,14 +95,15 @@ struct VerifyService::Document {
 };
 
 VerifyService::VerifyService(AnswerSource& source, const UserList* users, Options options)
-    : source_(source), users_(users), options_(std::move(options)) {}
+    : source_(source),
+      users_(users),
+      options_(std::move(options)),
+      path_(options_.pathPrefix + std::string(kPath)) {}
 
 void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
-  if (request.path != options_.pathPrefix + std::string(kPath)) {
+  if (request.path != path_) {
     return respond({404, "text/plain; charset=UTF-8",
-                    "Nothing is here. Ask for " + options_.pathPrefix + std::string(kPath) +
-                        "?API=Verify&XML=...\n",
-                    "path=other"});
+                    "Nothing is here. Ask for " + path_ + "?API=Verify&XML=...\n", "path=other"});
   }
   const FormFields query(request.query);
   const FormFields body(request.body);
@@ -153,9 +154,10 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
 // An address that could not be asked for makes an error of the document, which the client sends
 // again; what the others were answered is not lost, if the source keeps answers.
 void VerifyService::Finish(Document& document) {
-  std::string note = Note(document);
+  std::string note = options_.takesNotes ? Note(document) : std::string();
   const ServiceFault* fault = nullptr;
   std::vector<ReplyAddress> replies;
+  replies.reserve(document.answers.size());
   for (size_t i = 0; i < document.answers.size(); ++i) {
     const std::optional<std::string>& id = document.request.addresses[i].id;
     if (auto* fields = std::get_if<ReplyFields>(&document.answers[i])) {

@@ -34,6 +34,7 @@ class VerifyService {
  public:
   struct Options {
     std::string pathPrefix;     // in front of /ShippingAPI.dll, as in "/usps"; empty for none
+    bool takesNotes = true;     // for the log; without, an answer to a document has none
     bool logAddresses = false;  // the note of an answer tells the address, not only its outcome
   };
 
@@ -55,7 +56,8 @@ class VerifyService {
 
   AnswerSource& source_;
   const UserList* const users_;
-  Options options_;
+  const Options options_;
+  const std::string path_;
   TrafficCounts counts_;
 };
 

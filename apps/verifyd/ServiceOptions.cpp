@@ -94,6 +94,7 @@ void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
 }
 
 void CompleteServiceOptions(ServiceOptions& options, std::chrono::seconds answerTime) {
+  options.answers.takesNotes = !options.limits.quiet;
   if (options.users.empty() && !ListenAddress::Parse(options.listen).IsLoopback()) {
     throw CLI::ValidationError(
         "--users", "is needed to listen on " + options.listen + ", where other machines can ask");
