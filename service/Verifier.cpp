@@ -152,7 +152,7 @@ AddressMatcher::Answer Verifier::MatchStreet(const AddressQuestion& question,
   }
   AddressMatch match;
   match.placed = std::get<PlacedLine>(question.lastLine);
-  match.lines = question.lines;
+  match.lines = question.lines.Lines();
   return match;
 }
 

@@ -22,6 +22,8 @@ struct DeliveryLines {
 // Lines in standard form. `street` is the delivery line in its elements, where it names a street.
 struct StandardLines : DeliveryLines {
   std::optional<StreetLine> street;
+
+  const DeliveryLines& Lines() const { return *this; }
 };
 
 // Brings delivery lines into the standard form of USPS Publication 28; docs/standardiser.md is the

@@ -48,7 +48,7 @@ struct AddressMatcher::Subject {
 AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
   const Subject subject(question);
   AddressMatch answer;
-  answer.lines = question.lines;
+  answer.lines = question.lines.Lines();
   if (auto inNewZip = PlaceInNewZip(question)) {
     answer.placed = std::move(*inNewZip);
   } else if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
@@ -140,7 +140,7 @@ AddressMatcher::Answer AddressMatcher::MatchInCity(const Subject& subject, Rejec
   const bool isAsked = found[0].first == askedZip;
   const ZipBase::City& place = isAsked ? *elsewhere : *known;
   AddressMatch answer;
-  answer.lines = subject.question.lines;
+  answer.lines = subject.question.lines.Lines();
   answer.placed = {place.name, place.state, found[0].first, !isAsked, &place != known};
   return Decide(subject, std::move(answer), found[0].second);
 }

@@ -146,7 +146,7 @@ XmlDocument::State XmlDocument::Parse() {
   }
   if (parsed.status == pugi::status_bad_start_element ||
       parsed.status == pugi::status_bad_attribute) {
-    RemoveLast(document_);  // whose start tag is not whole
+    RemoveLast(document_.root());  // whose start tag is not whole
   }
   for (const pugi::xml_node node : document_) {
     if (IsText(node) || root_) {

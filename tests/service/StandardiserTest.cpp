@@ -20,7 +20,8 @@ DeliveryLines Standardise(const DeliveryLines& asked, const std::string& state) 
     return {"", kTurnedDown, ""};
   }
   return Standardiser::Standardise({*address1, *address2, asked.urbanization}, state)
-      .value_or(StandardLines{{"", kTurnedDown, ""}, {}});
+      .value_or(StandardLines{{"", kTurnedDown, ""}, {}})
+      .Lines();
 }
 
 void ExpectStable(const DeliveryLines& standard, const std::string& state) {
