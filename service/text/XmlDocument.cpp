@@ -53,9 +53,8 @@ class MarkupScan {
     return state;
   }
 
-  static bool IsSpecial(char c) {
-    return c == '&' || c == '<' || static_cast<unsigned char>(c) < 0x20;
-  }
+  static bool IsXmlByte(char c) { return IsXmlCharacter(static_cast<unsigned char>(c)); }
+  static bool IsSpecial(char c) { return c == '&' || c == '<' || !IsXmlByte(c); }
 
   State Take() {
     const char c = rest_.front();
@@ -66,7 +65,7 @@ class MarkupScan {
       return TakeUnread();
     }
     rest_.remove_prefix(1);
-    return IsXmlCharacter(static_cast<unsigned char>(c)) ? State::Whole : State::Malformed;
+    return IsXmlByte(c) ? State::Whole : State::Malformed;
   }
 
   State TakeReference() {
@@ -87,8 +86,12 @@ class MarkupScan {
     for (const auto& [begin, end] : kMarks) {
       if (rest_.starts_with(begin)) {
         const size_t at = rest_.find(end, begin.size());
-        rest_.remove_prefix(at == std::string_view::npos ? rest_.size() : at + end.size());
-        return at == std::string_view::npos ? State::CutShort : State::Whole;
+        const bool isCut = at == std::string_view::npos;
+        const std::string_view unread = rest_.substr(0, isCut ? at : at + end.size());
+        rest_.remove_prefix(unread.size());
+        return !std::all_of(unread.begin(), unread.end(), IsXmlByte) ? State::Malformed
+               : isCut                                               ? State::CutShort
+                                                                     : State::Whole;
       }
       if (begin.starts_with(rest_)) {
         return State::CutShort;
@@ -159,19 +162,21 @@ XmlDocument::State XmlDocument::Parse() {
 }
 
 bool XmlDocument::IsCutWithin(pugi::xml_node element) const {
+  if (state_ != State::CutShort) {
+    return false;
+  }
   const std::string endTag = std::string("</") + element.name();
   auto at = static_cast<size_t>(element.offset_debug());
-  while (state_ == State::CutShort) {
+  for (;;) {
     at = text_.find(endTag, at);
     if (at == std::string::npos || at + endTag.size() >= text_.size()) {
       return true;
     }
     at += endTag.size();
     if (text_[at] == '>' || IsBlank(text_[at])) {
-      return false;
+      return false;  // no longer name that begins like it
     }
   }
-  return false;
 }
 
 bool XmlDocument::IsDeeperThan(size_t most) const {

@@ -14,8 +14,10 @@ namespace postwright::service {
 //   const XmlDocument document(body);
 //   if (document.GetState() == XmlDocument::State::Whole) { … document.Root().child("Zip5") … }
 //
-// A document type is malformed here, and with it entities of the sender's own. Needs memory in
-// proportion to the document, and no deeper a stack for deeper nesting.
+// A document type is malformed here, and with it entities of the sender's own. Some of what is not
+// well-formed is taken, where it leaves no doubt what was meant: an attribute that stands there
+// twice (the first counts), a sign in a name that names do not have. Needs memory in proportion to
+// the document, and no deeper a stack for deeper nesting.
 class XmlDocument {
  public:
   enum class State {

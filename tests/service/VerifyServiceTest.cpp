@@ -177,6 +177,7 @@ const DocumentCase kDocuments[] = {
     {"text behind the document", Request("") + "&amp;", kSyntax},
     {"two documents", Request("") + Request(""), kSyntax},
     {"tags that do not match", Request("<Address></Adress>"), kSyntax},
+    {"a control character in a comment", Request("<!-- \x01 -->"), kSyntax},
     {"a zero byte", Request("<Address>" + std::string(1, '\0') + "</Address>"), kSyntax},
     {"entities of one's own",
      "<!DOCTYPE a [<!ENTITY b \"bbbb\">]>" + Request("<Address><City>&b;</City></Address>"),
