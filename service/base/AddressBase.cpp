@@ -33,6 +33,7 @@ AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory)
       throw BaseError(file.string() + ": is replaced again and again");
     }
     idle_.clear();  // some of them may be to the newer base
+    image_.reset();
   }
 }
 
@@ -47,10 +48,14 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
   if (std::filesystem::file_size(file) <= mostInMemory) {
     image_.emplace(file);
   }
+  std::shared_ptr<const BaseReader::Facts> facts;
   while (idle_.size() < kConnections) {
-    idle_.push_back(
-        std::make_unique<BaseReader>(image_ ? SqliteFile::OpenImage(image_->Bytes(), file.string())
-                                            : SqliteFile::OpenUnchanging(file)));
+    SqliteFile opened = image_ ? SqliteFile::OpenImage(image_->Bytes(), file.string())
+                               : SqliteFile::OpenUnchanging(file);
+    if (!facts) {
+      facts = std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened));
+    }
+    idle_.push_back(std::make_unique<BaseReader>(std::move(opened), facts));
   }
 }
 

@@ -27,10 +27,9 @@ class Query {
 
 }  // namespace
 
-BaseReader::BaseReader(SqliteFile file)
+BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
     : file_(std::move(file)),
-      zips_(ReadZips(file_)),
-      hasRanges_(file_.Number("SELECT EXISTS(SELECT 1 FROM number_range)") != 0),
+      facts_(std::move(facts)),
       street_(file_,
               "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
               "suffix=? AND postdirectional=? AND urbanization=?"),
@@ -45,20 +44,21 @@ BaseReader::BaseReader(SqliteFile file)
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
       zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
 
-BaseReader::Zips BaseReader::ReadZips(SqliteFile& file) {
-  Zips zips;
+BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file) {
+  Facts facts;
+  facts.hasRanges = file.Number("SELECT EXISTS(SELECT 1 FROM number_range)") != 0;
   SqliteStatement rows(file,
                        "SELECT zip.zip,max(whole) FROM zip JOIN source ON source.id=zip.source "
                        "GROUP BY zip.zip");
   while (rows.Step()) {
-    zips.emplace(rows.Text(0), rows.Number(1) != 0);
+    facts.zips.emplace(rows.Text(0), rows.Number(1) != 0);
   }
-  return zips;
+  return facts;
 }
 
 bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
-  const auto found = zips_.find(zip);
-  return found != zips_.end() && found->second;
+  const auto found = facts_->zips.find(zip);
+  return found != facts_->zips.end() && found->second;
 }
 
 std::optional<KnownStreet> BaseReader::FindStreet(const std::string& zip,
@@ -102,7 +102,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
       facts.units.push_back(std::move(unit));
     }
   }
-  if (!hasRanges_) {
+  if (!facts_->hasRanges) {
     return facts;
   }
   const auto read = HouseNumber::Read(number);

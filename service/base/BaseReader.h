@@ -2,7 +2,7 @@
 #define POSTWRIGHT_SERVICE_BASE_BASEREADER_H_
 
 #include <cstdint>
-#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -34,10 +34,19 @@ struct NumberFacts {
 // StoreError where the file is damaged.
 class BaseReader {
  public:
-  explicit BaseReader(SqliteFile file);
+  // What every question asks for, and is small: read once for all connections to a file.
+  struct Facts {
+    // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
+    std::unordered_map<std::string, bool> zips;
+    bool hasRanges = false;
+  };
+  static Facts ReadFacts(SqliteFile& file);
+
+  // `facts` are the file's own.
+  BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts);
 
   // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
-  bool HoldsStreetsOf(const std::string& zip) const { return zips_.contains(zip); }
+  bool HoldsStreetsOf(const std::string& zip) const { return facts_->zips.contains(zip); }
   bool HoldsAllStreetsOf(const std::string& zip) const;
 
   // Returns the street of exactly that name in the ZIP code; nullopt where there is none.
@@ -76,14 +85,8 @@ class BaseReader {
   int64_t Count(const std::string& what) { return file_.Number("SELECT count(*) FROM " + what); }
 
  private:
-  // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
-  using Zips = std::unordered_map<std::string, bool>;
-  static Zips ReadZips(SqliteFile& file);
-
   SqliteFile file_;
-  // What every question asks for, and is small.
-  const Zips zips_;
-  const bool hasRanges_;
+  const std::shared_ptr<const Facts> facts_;
   SqliteStatement street_;
   SqliteStatement streets_;
   SqliteStatement keys_;
