@@ -1,6 +1,8 @@
 #include "service/http/FormFields.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 
 namespace postwright::service {
 namespace {
@@ -9,13 +11,18 @@ char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// The value of a hexadecimal digit, -1 for anything else.
-int HexValue(char c) {
-  if (c >= '0' && c <= '9') {
-    return c - '0';
+// The values of hexadecimal digits, -1 for any other byte.
+constexpr std::array<int8_t, 256> kHexValues = [] {
+  std::array<int8_t, 256> values = {};
+  values.fill(-1);
+  for (int8_t value = 0; value < 16; ++value) {
+    values["0123456789ABCDEF"[value]] = values["0123456789abcdef"[value]] = value;
   }
-  const char lower = Lower(c);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+  return values;
+}();
+
+int HexValue(char c) {
+  return kHexValues[static_cast<unsigned char>(c)];
 }
 
 // Takes what stands in front of the first `mark`, or all, and the mark.

@@ -27,10 +27,10 @@ RequestAddress ReadAddress(pugi::xml_node element) {
   }
   for (const pugi::xml_node child : element) {
     const std::string_view name = child.name();
-    for (const FieldRow& row : kFields) {
-      if (row.element == name && (address.*row.field).empty()) {
-        address.*row.field = XmlDocument::TextOf(child).substr(0, VerifyRequest::kLongestField + 1);
-      }
+    const auto* const row = std::find_if(std::begin(kFields), std::end(kFields),
+                                         [&](const FieldRow& r) { return r.element == name; });
+    if (row != std::end(kFields) && (address.*row->field).empty()) {
+      address.*row->field = XmlDocument::TextOf(child, VerifyRequest::kLongestField + 1);
     }
   }
   return address;

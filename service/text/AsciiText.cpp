@@ -42,6 +42,16 @@ char32_t TakeCodePoint(std::string_view& text) {
   return c;
 }
 
+bool IsAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
+char FoldPlain(char ascii) {
+  return ascii >= 'a' && ascii <= 'z'    ? static_cast<char>(ascii - 'a' + 'A')
+         : ascii < 0x20 || ascii == 0x7F ? ' '
+                                         : ascii;
+}
+
 bool In(char32_t c, char32_t first, char32_t last) {
   return c >= first && c <= last;
 }
@@ -84,21 +94,29 @@ const char* FoldBeyondLatin(char32_t c) {
   return nullptr;
 }
 
-// What becomes of a sign that stands between `before` and `after` (blank at an end of the line).
+// What becomes of a sign.
 enum class Sign { Kept, Dropped, Blank };
 
-Sign Judge(char sign, char before, char after, bool initial) {
-  switch (sign) {
+// Judges the sign at `at` by what stands around it; an end of the line counts as a blank.
+Sign Judge(std::string_view line, size_t at) {
+  const auto around = [&](size_t i) { return i < line.size() ? line[i] : ' '; };
+  const char before = around(at - 1);
+  const char after = around(at + 1);
+  const bool isBetween = IsAlnum(before) && IsAlnum(after);
+  switch (line[at]) {
     case '-':
-      return IsAlnum(before) && IsAlnum(after) && (IsDigit(before) || IsDigit(after)) ? Sign::Kept
-                                                                                      : Sign::Blank;
+      return isBetween && (IsDigit(before) || IsDigit(after)) ? Sign::Kept : Sign::Blank;
     case '/':
-      return IsAlnum(before) && IsAlnum(after) ? Sign::Kept : Sign::Blank;
-    case '.':
+      return isBetween ? Sign::Kept : Sign::Blank;
+    case '.': {
       if (IsDigit(before) && IsDigit(after)) {
         return Sign::Kept;
       }
-      return initial ? Sign::Dropped : Sign::Blank;  // N.W. is one word, ST.LOUIS and J.DOE two
+      // N.W. is one word, ST.LOUIS and J.DOE two.
+      const bool isInitial =
+          !IsAlnum(around(at - 2)) && (!IsAlnum(after) || !IsAlnum(around(at + 2)));
+      return isInitial ? Sign::Dropped : Sign::Blank;
+    }
     case '\'':
     case '`':
       return Sign::Dropped;
@@ -122,13 +140,17 @@ std::optional<std::string> FoldToAscii(std::string_view utf8) {
   std::string folded;
   folded.reserve(utf8.size());
   while (!utf8.empty()) {
+    const auto ascii = std::find_if_not(utf8.begin(), utf8.end(), IsAscii);
+    const size_t before = folded.size();
+    folded.append(utf8.begin(), ascii);
+    std::transform(folded.begin() + before, folded.end(), folded.begin() + before, FoldPlain);
+    utf8.remove_prefix(ascii - utf8.begin());
+    if (utf8.empty()) {
+      break;
+    }
     char32_t c = TakeCodePoint(utf8);
     if (In(c, 0xFF01, 0xFF5E)) {
-      c -= 0xFEE0;  // full-width forms
-    }
-    if (c < 0x80) {
-      const char plain = c < 0x20 || c == 0x7F ? ' ' : static_cast<char>(c);
-      folded += plain >= 'a' && plain <= 'z' ? static_cast<char>(plain - 'a' + 'A') : plain;
+      folded += FoldPlain(static_cast<char>(c - 0xFEE0));  // full-width forms
     } else if (const char* form = FoldBeyondLatin(c)) {
       folded += form;
     } else {
@@ -146,42 +168,38 @@ Words SplitLine(std::string_view folded) {
   const auto flush = [&] {
     if (!word.empty()) {
       words.push_back(std::move(word));
+      word.clear();
     }
-    word.clear();
   };
-  for (size_t i = 0; i < folded.size(); ++i) {
-    const char c = folded[i];
-    if (IsAlnum(c)) {
-      word += c;
-      continue;
+  for (size_t i = 0;; ++i) {
+    const auto* const rest = folded.begin() + i;
+    const size_t letters = std::find_if_not(rest, folded.end(), IsAlnum) - rest;
+    word.append(rest, letters);
+    i += letters;
+    if (i == folded.size()) {
+      break;
     }
+    const char c = folded[i];
     if (c == ',' && PartsThousands(folded, i)) {
       continue;
     }
-    if (c == '#' || c == '&') {
+    const Sign sign = c == ' ' ? Sign::Blank : Judge(folded, i);
+    if (sign == Sign::Blank) {
       flush();
-      if (c == '&' || words.empty() || words.back() != "#") {
-        words.emplace_back(c == '#' ? "#" : "AND");
-      }
-      continue;
+    } else if (sign == Sign::Kept) {
+      word += c;
     }
-    const char before = i > 0 ? folded[i - 1] : ' ';
-    const char after = i + 1 < folded.size() ? folded[i + 1] : ' ';
-    const auto aloneAt = [&](size_t at) { return at >= folded.size() || !IsAlnum(folded[at]); };
-    const bool initial = (i < 2 || aloneAt(i - 2)) && (!IsAlnum(after) || aloneAt(i + 2));
-    switch (Judge(c, before, after, initial)) {
-      case Sign::Kept:
-        word += c;
-        break;
-      case Sign::Dropped:
-        break;
-      case Sign::Blank:
-        flush();
-        break;
+    if (c == '&' || (c == '#' && (words.empty() || words.back() != "#"))) {
+      words.emplace_back(c == '#' ? "#" : "AND");
     }
   }
   flush();
   return words;
+}
+
+bool HasWords(std::string_view folded) {
+  return std::any_of(folded.begin(), folded.end(),
+                     [](char c) { return IsAlnum(c) || c == '#' || c == '&'; });
 }
 
 std::string JoinWords(const Words& words) {
@@ -190,6 +208,7 @@ std::string JoinWords(const Words& words) {
 
 std::string JoinWords(Words::const_iterator begin, Words::const_iterator end) {
   std::string joined;
+  joined.reserve(JoinedLength(begin, end));
   for (auto word = begin; word != end; ++word) {
     if (!joined.empty()) {
       joined += ' ';
@@ -197,6 +216,25 @@ std::string JoinWords(Words::const_iterator begin, Words::const_iterator end) {
     joined += *word;
   }
   return joined;
+}
+
+size_t JoinedLength(Words::const_iterator begin, Words::const_iterator end) {
+  size_t length = begin == end ? 0 : end - begin - 1;
+  for (auto word = begin; word != end; ++word) {
+    length += word->size();
+  }
+  return length;
+}
+
+std::string TidyLine(std::string_view folded) {
+  char before = ' ';
+  for (const char c : folded) {
+    if (!IsAlnum(c) && (c != ' ' || before == ' ')) {
+      return JoinWords(SplitLine(folded));
+    }
+    before = c;
+  }
+  return before == ' ' ? JoinWords(SplitLine(folded)) : std::string(folded);
 }
 
 bool AllDigits(std::string_view text) {

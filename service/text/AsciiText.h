@@ -28,9 +28,16 @@ std::optional<std::string> FoldToAscii(std::string_view utf8);
 // between letters parts two words. `#` is a word of its own, `&` becomes AND.
 Words SplitLine(std::string_view folded);
 
+// Says whether SplitLine finds any.
+bool HasWords(std::string_view folded);
+
 // Returns the words with one blank between them.
 std::string JoinWords(const Words& words);
 std::string JoinWords(Words::const_iterator begin, Words::const_iterator end);
+size_t JoinedLength(Words::const_iterator begin, Words::const_iterator end);
+
+// Returns JoinWords(SplitLine(folded)): most texts are that already.
+std::string TidyLine(std::string_view folded);
 
 // ASCII alone, whatever the locale: a ZIP code has no other digits.
 constexpr bool IsDigit(char c) {

@@ -75,9 +75,21 @@ std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
   return text;
 }
 
+// Nearly all texts are: one look over the whole is the quickest.
+bool IsAscii(std::string_view bytes) {
+  unsigned char bits = 0;
+  for (const char c : bytes) {
+    bits |= static_cast<unsigned char>(c);
+  }
+  return bits < 0x80;
+}
+
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
+  if (IsAscii(bytes)) {
+    return true;
+  }
   const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   for (;;) {
     const auto other = std::find_if_not(bytes.begin(), bytes.end(), isPlain);

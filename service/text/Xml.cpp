@@ -4,30 +4,35 @@ namespace postwright::service {
 
 namespace {
 
+// What a character of ASCII becomes; empty for one that stays.
+std::string_view Escape(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\t':
+    case '\n':
+    case '\r':
+      return " ";
+    default:
+      return {};
+  }
+}
+
 void AppendEscaped(std::string& escaped, std::string_view utf8) {
-  for (const char c : utf8) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      case '\t':
-      case '\n':
-      case '\r':
-        escaped += ' ';
-        break;
-      default:
-        escaped += c;
+  size_t written = 0;
+  for (size_t i = 0; i < utf8.size(); ++i) {
+    if (const std::string_view escape = Escape(utf8[i]); !escape.empty()) {
+      escaped.append(utf8, written, i - written).append(escape);
+      written = i + 1;
     }
   }
+  escaped.append(utf8, written);
 }
 
 }  // namespace

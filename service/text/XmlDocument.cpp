@@ -1,6 +1,7 @@
 #include "service/text/XmlDocument.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 
@@ -12,7 +13,7 @@ namespace {
 using State = XmlDocument::State;
 
 // XML 1.0, production 2.
-bool IsXmlCharacter(uint32_t c) {
+constexpr bool IsXmlCharacter(uint32_t c) {
   return c >= 0x20 ? (c < 0xD800 || c > 0xDFFF) && c != 0xFFFE && c != 0xFFFF && c <= 0x10FFFF
                    : c == '\t' || c == '\n' || c == '\r';
 }
@@ -30,6 +31,15 @@ bool IsReference(std::string_view name) {
       std::from_chars(name.data(), name.data() + name.size(), character, isHex ? 16 : 10);
   return failure == std::errc() && end == name.data() + name.size() && IsXmlCharacter(character);
 }
+
+// Whether a byte of UTF-8 is no character of XML or may begin what is looked at more closely.
+constexpr std::array<bool, 256> kSpecial = [] {
+  std::array<bool, 256> special = {};
+  for (uint32_t byte = 0; byte < special.size(); ++byte) {
+    special[byte] = byte == '&' || byte == '<' || !IsXmlCharacter(byte);
+  }
+  return special;
+}();
 
 // Looks for what the parser lets pass: characters that XML does not have, references that stand for
 // none, document types.
@@ -54,7 +64,7 @@ class MarkupScan {
   }
 
   static bool IsXmlByte(char c) { return IsXmlCharacter(static_cast<unsigned char>(c)); }
-  static bool IsSpecial(char c) { return c == '&' || c == '<' || !IsXmlByte(c); }
+  static bool IsSpecial(char c) { return kSpecial[static_cast<unsigned char>(c)]; }
 
   State Take() {
     const char c = rest_.front();
@@ -190,10 +200,10 @@ bool XmlDocument::IsDeeperThan(size_t most) const {
   return isDeeper;
 }
 
-std::string XmlDocument::TextOf(pugi::xml_node element) {
+std::string XmlDocument::TextOf(pugi::xml_node element, size_t most) {
   const pugi::xml_node first = element.first_child();
   if (!first.next_sibling() && (!first || IsText(first))) {
-    return first.value();
+    return std::string(std::string_view(first.value()).substr(0, most));
   }
   std::string text;
   Walker walker([&text](pugi::xml_node node, int) {
@@ -201,6 +211,7 @@ std::string XmlDocument::TextOf(pugi::xml_node element) {
     return true;
   });
   element.traverse(walker);
+  text.resize(std::min(text.size(), most));
   return text;
 }
 

@@ -39,8 +39,8 @@ class XmlDocument {
   // Says whether elements stand in more than `most` others, the root one of them.
   bool IsDeeperThan(size_t most) const;
 
-  // Returns the text of an element, with that of the elements in it.
-  static std::string TextOf(pugi::xml_node element);
+  // Returns the text of an element, with that of the elements in it: the first `most` bytes.
+  static std::string TextOf(pugi::xml_node element, size_t most = std::string::npos);
 
  private:
   State Parse();

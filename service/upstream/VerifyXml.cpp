@@ -45,7 +45,7 @@ constexpr Rejection kRejections[] = {
 };
 
 std::string ValueOf(pugi::xml_node element) {
-  return XmlDocument::TextOf(element).substr(0, kLongestValue);
+  return XmlDocument::TextOf(element, kLongestValue);
 }
 
 UpstreamAnswer RootFault(const std::string& number) {
