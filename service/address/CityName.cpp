@@ -69,12 +69,15 @@ bool IsAbbreviation(const Words& given, const Words& known) {
 }  // namespace
 
 std::string StandardCity(std::string_view folded) {
+  if (folded.find('\'') == std::string_view::npos) {
+    return TidyLine(folded);
+  }
   std::string spaced;
   for (size_t i = 0; i < folded.size(); ++i) {
     const bool initial = folded[i] == '\'' && i > 0 && (i == 1 || folded[i - 2] == ' ');
     spaced += initial ? ' ' : folded[i];  // O'FALLON, COEUR D'ALENE, but LEE'S
   }
-  return JoinWords(SplitLine(spaced));
+  return TidyLine(spaced);
 }
 
 std::string CityKey(std::string_view standardCity) {

@@ -109,8 +109,13 @@ size_t StateLength(const Words& name) {
   return 0;
 }
 
-// Says whether the first word of a row's phrase is `word`: nearly always it is not.
+// Says whether the first word of a row's phrase is `word`: nearly always it is not. A short form
+// begins with the word's own letter.
 bool BeginsHighway(const std::string& word) {
+  static constexpr std::string_view kInitials = "CFHIRSTU";
+  if (kInitials.find(word[0]) == std::string_view::npos) {
+    return false;
+  }
   const std::string first = ShortForm(word);
   return std::any_of(std::begin(kHighways), std::end(kHighways), [&](const HighwayRow& row) {
     return row.written[0] == first[0] && row.written.substr(0, row.written.find(' ')) == first;

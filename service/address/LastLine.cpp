@@ -11,7 +11,7 @@ enum class ZipForm { Absent, Malformed, WellFormed };
 
 // The military "state" of a ZIP code (USPS Publication 28, section 225; Postal Bulletin 22414): 340
 // AA, 090 to 098 AE, 962 to 966 AP; empty for a civil one.
-std::string MilitaryState(const std::string& zip5) {
+std::string_view MilitaryState(const std::string& zip5) {
   if (zip5.empty()) {
     return {};
   }
@@ -29,12 +29,11 @@ bool IsMilitaryCity(const std::string& city) {
 }  // namespace
 
 struct LastLineChecker::Reading {
-  explicit Reading(const LastLine& asked)
-      : city(StandardCity(asked.city)),
-        cityKey(CityKey(city)),
-        stateGiven(!SplitLine(asked.state).empty()),
-        state(StateOf(asked.state)) {
-    const std::string zip = JoinWords(SplitLine(asked.zip));
+  explicit Reading(const LastLine& asked) : city(StandardCity(asked.city)) {
+    const std::string givenState = TidyLine(asked.state);
+    stateGiven = !givenState.empty();
+    state = Lexicon::Get().State(givenState);
+    const std::string zip = TidyLine(asked.zip);
     zip5 = Zip5Of(zip);
     zipForm = zip.empty()    ? ZipForm::Absent
               : zip5.empty() ? ZipForm::Malformed
@@ -45,13 +44,15 @@ struct LastLineChecker::Reading {
   PlacedLine Place(const std::string& rightCity, const std::string& rightState,
                    const std::string& rightZip) const {
     return {rightCity, rightState, rightZip, zip5 != rightZip,
-            (!city.empty() && city != rightCity && CityKey(rightCity) != cityKey) ||
+            (!city.empty() && city != rightCity && CityKey(rightCity) != Key()) ||
                 (stateGiven && state != rightState)};
   }
 
+  // The city's key, which few questions need.
+  std::string Key() const { return CityKey(city); }
+
   std::string city;
-  std::string cityKey;
-  bool stateGiven;
+  bool stateGiven = false;
   std::string state;  // empty where none was given and where there is no such state
   ZipForm zipForm = ZipForm::Absent;
   std::string zip5;
@@ -66,7 +67,7 @@ std::string LastLineChecker::Zip5Of(const std::string& zip) {
 }
 
 std::string LastLineChecker::StateOf(const std::string& state) {
-  return std::string(Lexicon::Get().State(JoinWords(SplitLine(state))));
+  return std::string(Lexicon::Get().State(TidyLine(state)));
 }
 
 std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked) const {
@@ -84,7 +85,7 @@ std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked
 // The base does not list every military ZIP, nor tell which are DPO, so both are taken as they
 // come.
 LastLineChecker::Result LastLineChecker::CheckMilitary(const Reading& asked) const {
-  const std::string state = MilitaryState(asked.zip5);
+  const std::string state(MilitaryState(asked.zip5));
   if (state.empty()) {
     return asked.zipForm == ZipForm::Absent ? Rejection::Multiple : Rejection::InvalidZip;
   }
@@ -113,13 +114,13 @@ LastLineChecker::Result LastLineChecker::KeepState(const Reading& asked,
   if (fit == CityFit::Same || fit == CityFit::Abbreviation) {
     return takeBase();
   }
-  if (const ZipBase::City* own = base_.FindCity(asked.cityKey, ofZip.state)) {
+  if (const ZipBase::City* own = base_.FindCity(asked.Key(), ofZip.state)) {
     return asked.Place(own->name, ofZip.state, asked.zip5);  // its neighbour may be accepted there
   }
   if (fit == CityFit::Near || fit == CityFit::Part) {
     return takeBase();
   }
-  if (base_.IsCityAnywhere(asked.cityKey)) {
+  if (base_.IsCityAnywhere(asked.Key())) {
     return asked.stateGiven ? Result(takeBase()) : Result(Rejection::InvalidCity);
   }
   if (!Lexicon::Get().State(asked.city).empty()) {
@@ -133,7 +134,7 @@ LastLineChecker::Result LastLineChecker::DecideState(const Reading& asked,
                                                      const ZipBase::City& ofZip) const {
   const CityFit fit = asked.city.empty() ? CityFit::Different : CompareCity(asked.city, ofZip.name);
   const bool fitsZip = fit != CityFit::Different && fit != CityFit::Part;
-  const ZipBase::City* own = base_.FindCity(asked.cityKey, asked.state);
+  const ZipBase::City* own = base_.FindCity(asked.Key(), asked.state);
   if (fitsZip) {
     return own == nullptr ? Result(asked.Place(ofZip.name, ofZip.state, asked.zip5))
                           : Result(Rejection::Multiple);
@@ -156,9 +157,9 @@ LastLineChecker::Result LastLineChecker::CheckCityAndState(const Reading& asked)
            : !asked.state.empty() ? Rejection::InvalidCity
                                   : Rejection::InvalidAddress;
   }
-  const ZipBase::City* own = base_.FindCity(asked.cityKey, asked.state);
+  const ZipBase::City* own = base_.FindCity(asked.Key(), asked.state);
   if (own == nullptr) {
-    own = base_.FindNearCity(asked.cityKey, asked.state);
+    own = base_.FindNearCity(asked.Key(), asked.state);
   }
   if (own == nullptr) {
     return wrongZip && base_.FindZip(asked.zip5) == nullptr ? Rejection::InvalidZip

@@ -86,6 +86,27 @@ constexpr std::pair<const char*, const char*> kSpelled[] = {
 
 }  // namespace
 
+void Lexicon::Table::Add(std::string_view word, std::string_view standard) {
+  words_.emplace(word, standard);
+  shapes_.set(ShapeOf(word));
+}
+
+std::string_view Lexicon::Table::Find(std::string_view word) const {
+  if (!shapes_.test(ShapeOf(word))) {
+    return {};
+  }
+  const auto found = words_.find(word);
+  return found == words_.end() ? std::string_view() : std::string_view(found->second);
+}
+
+size_t Lexicon::Table::ShapeOf(std::string_view word) {
+  if (word.empty()) {
+    return 0;
+  }
+  const auto letter = [](char c) { return static_cast<unsigned char>(c) % 32U; };
+  return (letter(word.front()) * 32 + letter(word.back()) + word.size() * 83) % kShapes;
+}
+
 const Lexicon& Lexicon::Get() {
   static const Lexicon lexicon;
   return lexicon;
@@ -93,34 +114,34 @@ const Lexicon& Lexicon::Get() {
 
 Lexicon::Lexicon() {
   for (const VocabularyRow& row : Vocabulary::Directions()) {
-    directions_.emplace(Narrow(row.written), Narrow(row.standard));
-    directions_.emplace(Narrow(row.standard), Narrow(row.standard));
+    directions_.Add(Narrow(row.written), Narrow(row.standard));
+    directions_.Add(Narrow(row.standard), Narrow(row.standard));
   }
   for (const auto& [standard, spelled] : kSpelled) {
-    spelledSuffixes_.emplace(standard, spelled);
+    spelledSuffixes_.Add(standard, spelled);
   }
   for (const SuffixRow& row : Vocabulary::Suffixes()) {
     const std::string standard = Narrow(row.standard);
-    suffixes_.emplace(standard, standard);
+    suffixes_.Add(standard, standard);
     std::string longest;
     for (const wchar_t* written : row.written) {
       const std::string word = Narrow(written);
-      suffixes_.emplace(word, standard);
+      suffixes_.Add(word, standard);
       longest = word.size() > longest.size() ? word : longest;
     }
-    spelledSuffixes_.emplace(standard, longest);
+    spelledSuffixes_.Add(standard, longest);
   }
   FillUnits(Vocabulary::NumberedUnits(), numberedUnits_);
-  numberedUnits_.emplace("PMB", "PMB");  // private mailbox, section 284
+  numberedUnits_.Add("PMB", "PMB");  // private mailbox, section 284
   FillUnits(Vocabulary::PlainUnits(), plainUnits_);
   for (const VocabularyRow& row : Vocabulary::States()) {
     std::string name = Narrow(row.written);
     std::erase_if(name, [](char c) { return !IsUpper(c); });
-    states_.emplace(name, Narrow(row.standard));
-    states_.emplace(Narrow(row.standard), Narrow(row.standard));
+    states_.Add(name, Narrow(row.standard));
+    states_.Add(Narrow(row.standard), Narrow(row.standard));
   }
   for (const char* military : {"AA", "AE", "AP"}) {
-    states_.emplace(military, military);
+    states_.Add(military, military);
   }
 }
 
@@ -129,27 +150,22 @@ void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
     const std::string pattern = Narrow(row.written);
     const std::string standard = StandardUnit(row);
     for (const std::string& word : PatternWords::List(pattern)) {
-      table.emplace(word, standard);
+      table.Add(word, standard);
     }
-    table.emplace(standard, standard);
+    table.Add(standard, standard);
   }
 }
 
-std::string_view Lexicon::Find(const Table& table, std::string_view word) {
-  const auto found = table.find(word);
-  return found == table.end() ? std::string_view() : std::string_view(found->second);
-}
-
 std::string_view Lexicon::Direction(std::string_view word) const {
-  return Find(directions_, word);
+  return directions_.Find(word);
 }
 
 std::string_view Lexicon::Suffix(std::string_view word) const {
-  return Find(suffixes_, word);
+  return suffixes_.Find(word);
 }
 
 std::string_view Lexicon::SpelledSuffix(std::string_view standard) const {
-  return Find(spelledSuffixes_, standard);
+  return spelledSuffixes_.Find(standard);
 }
 
 bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
@@ -160,17 +176,17 @@ bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
 }
 
 std::string_view Lexicon::NumberedUnit(std::string_view word) const {
-  return Find(numberedUnits_, word);
+  return numberedUnits_.Find(word);
 }
 
 std::string_view Lexicon::PlainUnit(std::string_view word) const {
-  return Find(plainUnits_, word);
+  return plainUnits_.Find(word);
 }
 
 std::string_view Lexicon::State(std::string_view nameOrCode) const {
   std::string letters(nameOrCode);
   std::erase(letters, ' ');
-  return Find(states_, letters);
+  return states_.Find(letters);
 }
 
 }  // namespace postwright::service

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
 #define POSTWRIGHT_SERVICE_ADDRESS_LEXICON_H_
 
+#include <bitset>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -40,15 +41,27 @@ class Lexicon {
   std::string_view State(std::string_view nameOrCode) const;
 
  private:
-  // Looks words up without making strings of them.
-  struct Hash : std::hash<std::string_view> {
-    using is_transparent = void;
+  // Words with their standard forms. Nearly every word that is looked up is none of them, which
+  // its first and last letter and its length mostly tell.
+  class Table {
+   public:
+    void Add(std::string_view word, std::string_view standard);  // the first one of a word stays
+    std::string_view Find(std::string_view word) const;
+
+   private:
+    // Looks words up without making strings of them.
+    struct Hash : std::hash<std::string_view> {
+      using is_transparent = void;
+    };
+    static constexpr size_t kShapes = 1024;
+    static size_t ShapeOf(std::string_view word);
+
+    std::bitset<kShapes> shapes_;
+    std::unordered_map<std::string, std::string, Hash, std::equal_to<>> words_;
   };
-  using Table = std::unordered_map<std::string, std::string, Hash, std::equal_to<>>;
 
   Lexicon();
   static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
-  static std::string_view Find(const Table& table, std::string_view word);
 
   Table directions_;
   Table suffixes_;

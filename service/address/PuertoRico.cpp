@@ -92,12 +92,11 @@ std::string SpanishType(const std::string& word) {
   return {};
 }
 
-std::string StandardUrbanization(const Words& words) {
-  Words standard = words;
-  if (!standard.empty() && standard[0] == "URBANIZACION") {
-    standard[0] = "URB";
+Words StandardUrbanization(Words words) {
+  if (!words.empty() && words[0] == "URBANIZACION") {
+    words[0] = "URB";
   }
-  return JoinWords(standard);
+  return words;
 }
 
 // Its name ends where the street begins: at a number in front of a type that no such name has, or

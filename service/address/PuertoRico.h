@@ -19,9 +19,9 @@ Words ArrangePuertoRico(Words words);
 // stays CALLE: it is no ST.
 std::string SpanishType(const std::string& word);
 
-// Returns an urbanization's name in its standard form, "URB LAS GLADIOLAS"; what says another kind
-// of settlement than a URB (VILLA, COND, …) is kept.
-std::string StandardUrbanization(const Words& words);
+// Returns an urbanization's name in its standard form, URB LAS GLADIOLAS; what says another kind of
+// settlement than a URB (VILLA, COND, …) is kept.
+Words StandardUrbanization(Words words);
 
 // Takes an urbanization off the front of a delivery line, "URB LOS OLMOS A17 CALLE 3"; empty where
 // there is none and where it is not certain where its name ends.

@@ -42,7 +42,7 @@ struct Delivery {
   explicit Delivery(StreetLine read) {
     line = read.Compose();
     // A unit that does not fit goes on the line above (section 213).
-    if (JoinWords(line).size() > kLongestLine && !read.units.empty()) {
+    if (!read.units.empty() && JoinedLength(line.begin(), line.end()) > kLongestLine) {
       aside = std::exchange(read.units, {});
       line = read.Compose();
     }
@@ -80,29 +80,37 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
   return std::nullopt;
 }
 
-// The lines in words, as they are read.
+// The lines in words.
 struct LinesInWords {
-  explicit LinesInWords(const DeliveryLines& lines)
-      : above(SplitLine(lines.address1)),
-        delivery(SplitLine(lines.address2)),
-        urbanization(SplitLine(lines.urbanization)) {}
-
   bool operator==(const LinesInWords&) const = default;
+
+  DeliveryLines Join() const {
+    return {JoinWords(above), JoinWords(delivery), JoinWords(urbanization)};
+  }
 
   Words above;
   Words delivery;
   Words urbanization;
 };
 
-// One reading of the lines.
-std::optional<StandardLines> ReadLines(const LinesInWords& asked, std::string_view state) {
+LinesInWords Split(const DeliveryLines& lines) {
+  return {SplitLine(lines.address1), SplitLine(lines.address2), SplitLine(lines.urbanization)};
+}
+
+// What one reading makes of the lines.
+struct Reading {
+  LinesInWords lines;
+  std::optional<StreetLine> street;
+};
+
+std::optional<Reading> ReadLines(const LinesInWords& asked, std::string_view state) {
   Words above = asked.above;
   Words delivery = asked.delivery;
   if (delivery.empty() ||
       (ReadUnitLine(delivery) && !ReadDelivery(delivery, state) && ReadDelivery(above, state))) {
     std::swap(above, delivery);
   }
-  std::string urbanization = StandardUrbanization(asked.urbanization);
+  Words urbanization = StandardUrbanization(asked.urbanization);
   if (state == "PR" && urbanization.empty() && IsUrbanization(above)) {
     urbanization = StandardUrbanization(above);
     above.clear();
@@ -122,9 +130,8 @@ std::optional<StandardLines> ReadLines(const LinesInWords& asked, std::string_vi
       line->street->units = std::move(line->aside);
     }
   }
-  return StandardLines{
-      {JoinWords(ReadSecondLine(above, state)), JoinWords(line->line), std::move(urbanization)},
-      std::move(line->street)};
+  return Reading{{ReadSecondLine(above, state), std::move(line->line), std::move(urbanization)},
+                 std::move(line->street)};
 }
 
 }  // namespace
@@ -134,15 +141,20 @@ std::optional<StandardLines> ReadLines(const LinesInWords& asked, std::string_vi
 std::optional<StandardLines> Standardiser::Standardise(const DeliveryLines& asked,
                                                        std::string_view state) {
   constexpr int kMostReadings = 8;
-  LinesInWords words(asked);
-  std::optional<StandardLines> lines = ReadLines(words, state);
-  for (int i = 0; lines && i < kMostReadings; ++i) {
-    LinesInWords standard(*lines);
-    if (standard == words) {
-      return lines;  // what was read once is read alike again
+  LinesInWords words = Split(asked);
+  for (int i = 0; i < kMostReadings; ++i) {
+    std::optional<Reading> read = ReadLines(words, state);
+    if (!read) {
+      break;
     }
-    words = std::move(standard);
-    lines = ReadLines(words, state);
+    DeliveryLines lines = read->lines.Join();
+    if (read->lines != words) {
+      read->lines = Split(lines);  // as they are read when they are asked for again
+    }
+    if (read->lines == words) {
+      return StandardLines{std::move(lines), std::move(read->street)};
+    }
+    words = std::move(read->lines);
   }
   return std::nullopt;
 }

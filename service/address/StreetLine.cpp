@@ -19,11 +19,14 @@ bool IsFraction(std::string_view word) {
          AllDigits(word.substr(slash + 1));
 }
 
+bool IsCompassPoint(char letter) {
+  return letter == 'N' || letter == 'S' || letter == 'E' || letter == 'W';
+}
+
 // N6W23001: two compass points, each with its distance (appendix D1).
 bool IsGrid(std::string_view text) {
-  constexpr std::string_view kPoints = "NSEW";
   for (int axis = 0; axis < 2; ++axis) {
-    if (text.size() < 2 || kPoints.find(text[0]) == std::string_view::npos || !IsDigit(text[1])) {
+    if (text.size() < 2 || !IsCompassPoint(text[0]) || !IsDigit(text[1])) {
       return false;
     }
     text.remove_prefix(1);
@@ -34,6 +37,9 @@ bool IsGrid(std::string_view text) {
 
 // How many words in front make up a grid number: N6W23001, N6 W23001, N 6 W 23001.
 size_t GridLength(const Words& words) {
+  if (words.empty() || !IsCompassPoint(words[0][0])) {
+    return 0;
+  }
   std::string joined;
   for (size_t length = 1; length <= 4 && length < words.size(); ++length) {
     joined += words[length - 1];
@@ -104,7 +110,7 @@ class NameReader {
   void Read() {
     if (state_ == "PR" && !SpanishType(rest_[0]).empty()) {
       rest_[0] = SpanishType(rest_[0]);
-      line_.name = rest_;
+      line_.name = std::move(rest_);
       return;
     }
     if (!TakePredirectional()) {
@@ -112,13 +118,13 @@ class NameReader {
     }
     whole_ = StandardiseHighway(rest_, state_);
     if (whole_ == 0 && IsTypeWithLetter()) {
-      line_.name = rest_;
+      line_.name = std::move(rest_);
       return;
     }
     TakeBareUnit();
     TakePostdirectional();
     TakeSuffix();
-    line_.name = rest_;
+    line_.name = std::move(rest_);
   }
 
  private:
@@ -150,7 +156,8 @@ class NameReader {
       return false;
     }
     if (rest_.size() == 2 && (!Direction(rest_[1]).empty() || !Suffix(rest_[1]).empty())) {
-      line_.name = rest_;  // NORTH LAKE, SOUTH WEST: which of them is the name is not certain
+      line_.name =
+          std::move(rest_);  // NORTH LAKE, SOUTH WEST: which of them is the name is not certain
       return false;
     }
     // One written out behind one that is not is the name, as in S WEST TEMPLE.
@@ -224,7 +231,10 @@ class NameReader {
 }  // namespace
 
 Words StreetLine::Compose() const {
-  Words words = number;
+  constexpr size_t kOneWordElements = 3;
+  Words words;
+  words.reserve(number.size() + name.size() + units.size() + kOneWordElements);
+  words = number;
   const auto add = [&](const std::string& word) {
     if (!word.empty()) {
       words.push_back(word);

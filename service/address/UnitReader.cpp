@@ -173,6 +173,9 @@ Words TakeUnits(Words& words, size_t kept) {
 }
 
 std::optional<Words> ReadUnitLine(const Words& words) {
+  if (words.empty() || (IsDigit(words[0][0]) && !IsOrdinal(words[0]))) {
+    return std::nullopt;  // nearly always a street's line: no unit begins so
+  }
   Words rest = words;
   Words units = TakeUnits(rest, 0);
   return rest.empty() && !units.empty() ? std::optional(units) : std::nullopt;

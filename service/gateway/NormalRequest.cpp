@@ -28,7 +28,7 @@ bool Fold(RequestAddress& address) {
 }
 
 std::string Plain(const std::string& folded) {
-  return JoinWords(SplitLine(folded));
+  return TidyLine(folded);
 }
 
 // A firm's name keeps its punctuation.

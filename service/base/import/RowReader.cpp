@@ -54,7 +54,8 @@ std::variant<RowStreet, RowFault> RowReader::ReadStreet(const AddressRow& row) c
   }
   const auto city = FoldToAscii(DecodeText(row[Field::City]));
   read.city = city ? StandardCity(*city) : std::string();
-  read.street = StreetNameOf(*parsed, StandardUrbanization(WordsOf(row[Field::Urbanization])));
+  read.street =
+      StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
   return read;
 }
 
