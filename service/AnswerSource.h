@@ -3,17 +3,11 @@
 
 #include <functional>
 #include <string>
-#include <variant>
 
 #include "service/protocol/VerifyReply.h"
 #include "service/protocol/VerifyRequest.h"
 
 namespace postwright::service {
-
-// What is said of one address: its standard form, why it is turned down, or why nothing can be said
-// of it now. The last makes the whole document an error: what stands beside an address would tell
-// the client that the address is wrong.
-using AddressAnswer = std::variant<ReplyFields, Rejection, ServiceFault>;
 
 // Where answers come from: the local base (Verifier), or somebody who is asked (Gateway).
 class AnswerSource {

@@ -86,22 +86,14 @@ ReplyFields Compose(AddressMatch match) {
   return fields;
 }
 
-// The base always has an answer.
-ReplyAddress ToReply(const RequestAddress& asked, AddressAnswer answer) {
-  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
-    return {asked.id, *rejection};
-  }
-  return {asked.id, std::get<ReplyFields>(std::move(answer))};
-}
-
 }  // namespace
 
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
-  return ToReply(asked, Decide(asked, nullptr));
+  return {asked.id, Decide(asked, nullptr)};
 }
 
 ReplyAddress Verifier::Explain(const RequestAddress& asked, Explanation& explanation) const {
-  return ToReply(asked, Decide(asked, &explanation));
+  return {asked.id, Decide(asked, &explanation)};
 }
 
 void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) {
@@ -110,19 +102,17 @@ void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) 
 
 // Never a ServiceFault.
 AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explanation) const {
-  const std::optional<FoldedAddress> folded = Fold(asked);
-  if (!folded || asked.cutShort) {
-    return Rejection::InvalidAddress;
-  }
-  if (SplitLine(folded->lines.address1).empty() && SplitLine(folded->lines.address2).empty()) {
+  std::optional<FoldedAddress> folded = Fold(asked);
+  if (!folded || asked.cutShort ||
+      !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
     return Rejection::InvalidAddress;
   }
   AddressQuestion question;
-  question.asked = folded->lastLine;
-  question.lastLine = LastLineChecker(base_).Check(folded->lastLine);
+  question.asked = std::move(folded->lastLine);
+  question.lastLine = LastLineChecker(base_).Check(question.asked);
   const auto* const placed = std::get_if<PlacedLine>(&question.lastLine);
   question.state =
-      placed != nullptr ? placed->state : LastLineChecker::StateOf(folded->lastLine.state);
+      placed != nullptr ? placed->state : LastLineChecker::StateOf(question.asked.state);
   std::optional<StandardLines> lines = Standardiser::Standardise(folded->lines, question.state);
   if (!lines) {
     return placed != nullptr ? Rejection::NotFound : std::get<Rejection>(question.lastLine);

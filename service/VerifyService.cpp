@@ -83,13 +83,15 @@ std::string Describe(const AddressAnswer& answer) {
 
 struct VerifyService::Document {
   Document(VerifyRequest asked, Respond whenDone)
-      : request(std::move(asked)),
-        answers(request.addresses.size()),
-        left(answers.size()),
-        respond(std::move(whenDone)) {}
+      : request(std::move(asked)), left(request.addresses.size()), respond(std::move(whenDone)) {
+    replies.reserve(request.addresses.size());
+    for (const RequestAddress& address : request.addresses) {
+      replies.push_back({address.id, {}});
+    }
+  }
 
   const VerifyRequest request;
-  std::vector<AddressAnswer> answers;  // each written by one thread
+  std::vector<ReplyAddress> replies;  // the outcome of each written by one thread
   std::atomic<size_t> left;
   const Respond respond;
 };
@@ -143,7 +145,7 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
   const std::string asker = document->request.userId + ' ' + client;
   for (size_t i = 0; i < asked.size(); ++i) {
     source_.Find(asked[i], asker, [this, document, i](AddressAnswer answer) {
-      document->answers[i] = std::move(answer);
+      document->replies[i].outcome = std::move(answer);
       if (--document->left == 0) {
         Finish(*document);
       }
@@ -153,36 +155,22 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
 
 // An address that could not be asked for makes an error of the document, which the client sends
 // again; what the others were answered is not lost, if the source keeps answers.
-void VerifyService::Finish(Document& document) {
-  std::string note = options_.takesNotes ? Note(document) : std::string();
-  const ServiceFault* fault = nullptr;
-  std::vector<ReplyAddress> replies;
-  replies.reserve(document.answers.size());
-  for (size_t i = 0; i < document.answers.size(); ++i) {
-    const std::optional<std::string>& id = document.request.addresses[i].id;
-    if (auto* fields = std::get_if<ReplyFields>(&document.answers[i])) {
-      ++counts_.found;
-      replies.push_back({id, std::move(*fields)});
-    } else if (const auto* rejection = std::get_if<Rejection>(&document.answers[i])) {
-      ++counts_.rejected;
-      replies.push_back({id, *rejection});
-    } else {
-      ++counts_.unanswered;
-      fault = &std::get<ServiceFault>(document.answers[i]);
-    }
+void VerifyService::Finish(const Document& document) {
+  for (const ReplyAddress& reply : document.replies) {
+    ++(std::holds_alternative<ReplyFields>(reply.outcome) ? counts_.found
+       : std::holds_alternative<Rejection>(reply.outcome) ? counts_.rejected
+                                                          : counts_.unanswered);
   }
-  document.respond(XmlReply(fault != nullptr
-                                ? VerifyReply::ComposeFault(*fault)
-                                : VerifyReply::Compose(replies, document.request.revision1),
-                            std::move(note)));
+  document.respond(XmlReply(VerifyReply::Compose(document.replies, document.request.revision1),
+                            options_.takesNotes ? Note(document) : std::string()));
 }
 
 std::string VerifyService::Note(const Document& document) const {
   size_t rejected = 0;
   std::string fault;
   std::string addresses;
-  for (size_t i = 0; i < document.answers.size(); ++i) {
-    const auto& answer = document.answers[i];
+  for (size_t i = 0; i < document.replies.size(); ++i) {
+    const AddressAnswer& answer = document.replies[i].outcome;
     rejected += std::holds_alternative<Rejection>(answer) ? 1 : 0;
     if (const auto* failed = std::get_if<ServiceFault>(&answer)) {
       fault = " fault=" + failed->kind;
@@ -192,7 +180,7 @@ std::string VerifyService::Note(const Document& document) const {
                    Describe(answer) + '"';
     }
   }
-  return "api=Verify addresses=" + std::to_string(document.answers.size()) +
+  return "api=Verify addresses=" + std::to_string(document.replies.size()) +
          " rejected=" + std::to_string(rejected) + fault + addresses;
 }
 

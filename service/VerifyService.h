@@ -51,7 +51,7 @@ class VerifyService {
   struct Document;  // a request and its answers so far
 
   void AnswerVerify(std::string_view text, const std::string& client, const Respond& respond);
-  void Finish(Document& document);
+  void Finish(const Document& document);
   std::string Note(const Document& document) const;
 
   AnswerSource& source_;

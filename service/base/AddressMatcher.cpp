@@ -46,27 +46,32 @@ struct AddressMatcher::Subject {
 };
 
 AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
-  const Subject subject(question);
   AddressMatch answer;
   answer.lines = question.lines.Lines();
+  const std::optional<Rejection> rejection = Decide(Subject(question), answer);
+  return rejection ? Answer(*rejection) : Answer(std::move(answer));
+}
+
+std::optional<Rejection> AddressMatcher::Decide(const Subject& subject, AddressMatch& answer) {
+  const AddressQuestion& question = subject.question;
   if (auto inNewZip = PlaceInNewZip(question)) {
     answer.placed = std::move(*inNewZip);
   } else if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
-    return subject.HasStreet() ? MatchInCity(subject, *rejection) : Answer(*rejection);
+    return subject.HasStreet() ? MatchInCity(subject, *rejection, answer) : *rejection;
   } else {
     answer.placed = std::get<PlacedLine>(question.lastLine);
     KeepAcceptedCity(question.asked, answer.placed);
   }
   if (!subject.HasStreet()) {
     Explain(explanation_, "the delivery line names no street, so the base cannot confirm it");
-    return answer;
+    return std::nullopt;
   }
   if (!reader_.HoldsStreetsOf(answer.placed.zip5)) {
     Explain(explanation_, answer.placed.zip5,
             ": the base holds no streets, so nothing is confirmed");
-    return answer;
+    return std::nullopt;
   }
-  return MatchInZip(subject, std::move(answer));
+  return MatchInZip(subject, answer);
 }
 
 // A ZIP code that the list of them does not have yet, but a source of addresses does, for a city
@@ -76,7 +81,7 @@ std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& q
   if (placed != nullptr && !placed->zipCorrected) {
     return std::nullopt;
   }
-  const std::string zip = LastLineChecker::Zip5Of(JoinWords(SplitLine(question.asked.zip)));
+  const std::string zip = LastLineChecker::Zip5Of(TidyLine(question.asked.zip));
   const std::string key = CityKey(StandardCity(question.asked.city));
   const ZipBase::City* const city = zips_.FindCity(key, question.state);
   if (zip.empty() || city == nullptr || zips_.FindZip(zip) != nullptr ||
@@ -87,16 +92,17 @@ std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& q
   return PlacedLine{city->name, city->state, zip};
 }
 
-AddressMatcher::Answer AddressMatcher::MatchInZip(const Subject& subject, AddressMatch answer) {
+std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject, AddressMatch& answer) {
   const StreetMatch match = streets_.Match(answer.placed.zip5, subject.street, subject.number);
   if (match.kind == StreetMatch::Kind::Several) {
     return Rejection::Multiple;
   }
   if (match.kind == StreetMatch::Kind::Found) {
     if (const auto rejection = CheckCity(subject, answer)) {
-      return *rejection;
+      return rejection;
     }
-    return Decide(subject, std::move(answer), match);
+    Confirm(subject, match, answer);
+    return std::nullopt;
   }
   std::vector<std::string> others = ZipsOf(answer.placed.city, answer.placed.state);
   std::erase(others, answer.placed.zip5);
@@ -106,17 +112,19 @@ AddressMatcher::Answer AddressMatcher::MatchInZip(const Subject& subject, Addres
             " alone has it: it is taken");
     answer.placed.zip5 = found[0].first;
     answer.placed.zipCorrected = true;
-    return Decide(subject, std::move(answer), found[0].second);
+    Confirm(subject, found[0].second, answer);
+    return std::nullopt;
   }
   if (found.size() > 1 && match.kind == StreetMatch::Kind::NoStreet) {
     Explain(explanation_, "several other ZIP codes of ", answer.placed.city, " have it");
     return Rejection::Multiple;
   }
-  return Unconfirmed(std::move(answer), match);
+  return LeaveUnconfirmed(match, answer);
 }
 
 // City, state and ZIP did not tell a place: the street may, where the city's ZIP codes are many.
-AddressMatcher::Answer AddressMatcher::MatchInCity(const Subject& subject, Rejection otherwise) {
+std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rejection otherwise,
+                                                     AddressMatch& answer) {
   const std::string city = StandardCity(subject.question.asked.city);
   const ZipBase::City* const known = zips_.FindCity(CityKey(city), subject.question.state);
   if (known == nullptr ||
@@ -124,8 +132,7 @@ AddressMatcher::Answer AddressMatcher::MatchInCity(const Subject& subject, Rejec
     return otherwise;
   }
   std::vector<std::string> zips = ZipsOf(known->name, known->state);
-  const std::string askedZip =
-      LastLineChecker::Zip5Of(JoinWords(SplitLine(subject.question.asked.zip)));
+  const std::string askedZip = LastLineChecker::Zip5Of(TidyLine(subject.question.asked.zip));
   const ZipBase::City* const elsewhere = zips_.FindZip(askedZip);
   if (elsewhere != nullptr) {
     zips.push_back(askedZip);
@@ -139,10 +146,9 @@ AddressMatcher::Answer AddressMatcher::MatchInCity(const Subject& subject, Rejec
   Explain(explanation_, found[0].first, " alone has it: it is taken");
   const bool isAsked = found[0].first == askedZip;
   const ZipBase::City& place = isAsked ? *elsewhere : *known;
-  AddressMatch answer;
-  answer.lines = subject.question.lines.Lines();
   answer.placed = {place.name, place.state, found[0].first, !isAsked, &place != known};
-  return Decide(subject, std::move(answer), found[0].second);
+  Confirm(subject, found[0].second, answer);
+  return std::nullopt;
 }
 
 std::vector<std::pair<std::string, StreetMatch>> AddressMatcher::FindElsewhere(
@@ -174,8 +180,10 @@ std::vector<std::string> AddressMatcher::ZipsOf(const std::string& city, const s
 
 // A name that a source gives a place of the ZIP code is no misspelling of the usual one.
 void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed) {
-  const std::string city = StandardCity(asked.city);
-  const std::string key = city == placed.city ? std::string() : CityKey(city);
+  if (asked.city == placed.city) {
+    return;  // nearly always
+  }
+  const std::string key = CityKey(StandardCity(asked.city));
   if (key.empty() || key == CityKey(placed.city)) {
     return;
   }
@@ -213,32 +221,27 @@ std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, Addre
   return std::nullopt;
 }
 
-AddressMatcher::Answer AddressMatcher::Decide(const Subject& subject, AddressMatch answer,
-                                              const StreetMatch& match) {
-  answer.nameChanged = match.nameChanged;
-  answer.elementChanged = match.elementChanged;
-  Confirm(subject, match, answer);
-  return answer;
-}
-
 // The street is not there, or the number is not known on it.
-AddressMatcher::Answer AddressMatcher::Unconfirmed(AddressMatch answer, const StreetMatch& match) {
+std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const StreetMatch& match,
+                                                          AddressMatch& answer) {
   const bool whole = reader_.HoldsAllStreetsOf(answer.placed.zip5);
   if (match.kind == StreetMatch::Kind::NoStreet) {
     Explain(explanation_, answer.placed.zip5,
             whole ? ": all its streets are known, and this is none of them"
                   : ": not all its streets are known, so this may be one of them");
-    return whole ? Answer(Rejection::NotFound) : Answer(std::move(answer));
+    return whole ? std::optional(Rejection::NotFound) : std::nullopt;
   }
   const bool wrong = whole || match.facts.hasRanges;
   Explain(explanation_, wrong ? "the number is outside all that is known of the street"
                               : "not all numbers of the street are known");
   answer.dpvFootnotes = wrong ? "AAM3" : "AA";
-  return answer;
+  return std::nullopt;
 }
 
 void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
                              AddressMatch& answer) {
+  answer.nameChanged = match.nameChanged;
+  answer.elementChanged = match.elementChanged;
   if (match.nameChanged || match.elementChanged) {
     StreetLine line = *subject.question.lines.street;
     const StreetName& street = match.street.street;

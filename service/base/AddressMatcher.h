@@ -53,11 +53,13 @@ class AddressMatcher {
  private:
   struct Subject;
 
+  // These fill `answer`, or tell why there is none.
+  std::optional<Rejection> Decide(const Subject& subject, AddressMatch& answer);
   std::optional<PlacedLine> PlaceInNewZip(const AddressQuestion& question);
-  Answer MatchInZip(const Subject& subject, AddressMatch answer);
-  Answer MatchInCity(const Subject& subject, Rejection otherwise);
-  Answer Decide(const Subject& subject, AddressMatch answer, const StreetMatch& match);
-  Answer Unconfirmed(AddressMatch answer, const StreetMatch& match);
+  std::optional<Rejection> MatchInZip(const Subject& subject, AddressMatch& answer);
+  std::optional<Rejection> MatchInCity(const Subject& subject, Rejection otherwise,
+                                       AddressMatch& answer);
+  std::optional<Rejection> LeaveUnconfirmed(const StreetMatch& match, AddressMatch& answer);
   std::optional<Rejection> CheckCity(const Subject& subject, AddressMatch& answer);
   void Confirm(const Subject& subject, const StreetMatch& match, AddressMatch& answer);
   void ConfirmUnit(const Subject& subject, const StreetMatch& match, AddressMatch& answer);

@@ -190,7 +190,9 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
 }
 
 void AnswerCache::Keep(const std::string& key, const Kept& answer) {
-  const std::string text = VerifyReply::Compose({{std::nullopt, answer}}, true);
+  AddressAnswer outcome =
+      std::visit([](const auto& kept) -> AddressAnswer { return kept; }, answer);
+  const std::string text = VerifyReply::Compose({{std::nullopt, std::move(outcome)}}, true);
   const int64_t now = Seconds(clock_.Today());
   Try(writer_, [&](Writer& writer) {
     writer.Keep(source_ + '\n' + key, now, text);

@@ -100,6 +100,11 @@ std::string RootError(std::string_view number, std::string_view description) {
 
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
   constexpr size_t kUsualLength = 400;  // of one address
+  for (const ReplyAddress& address : addresses) {
+    if (const auto* fault = std::get_if<ServiceFault>(&address.outcome)) {
+      return RootError(fault->number, fault->description);
+    }
+  }
   std::string xml;
   xml.reserve(kUsualLength * (addresses.size() + 1));
   xml += kDeclaration;
@@ -134,10 +139,6 @@ std::string VerifyReply::ComposeFault(RequestFault fault) {
   }
   return RootError("80040B19",
                    "XML Syntax Error: Please check the XML request to see if it can be parsed.(B)");
-}
-
-std::string VerifyReply::ComposeFault(const ServiceFault& fault) {
-  return RootError(fault.number, fault.description);
 }
 
 std::string VerifyReply::ComposeUnknownApi(std::string_view api) {

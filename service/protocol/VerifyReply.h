@@ -45,17 +45,24 @@ struct ReplyFields {
   bool operator==(const ReplyFields&) const = default;
 };
 
-// The answer to one address.
-struct ReplyAddress {
-  std::optional<std::string> id;
-  std::variant<ReplyFields, Rejection> outcome;
-};
-
 // Why nothing can be said of an address now, as the root `Error` tells the client.
 struct ServiceFault {
   std::string number;       // "80040B1A"
   std::string description;  // what happened and, where it is known, when to ask again
   std::string kind;         // one word for the log, "budget"
+
+  bool operator==(const ServiceFault&) const = default;
+};
+
+// What is said of one address: why it is turned down, its standard form, or why nothing can be said
+// of it now. The last makes the whole document an error: what stands beside an address would tell
+// the client that the address is wrong.
+using AddressAnswer = std::variant<Rejection, ReplyFields, ServiceFault>;
+
+// The answer to one address.
+struct ReplyAddress {
+  std::optional<std::string> id;
+  AddressAnswer outcome;
 };
 
 // The reply documents of the Verify interface, as the postal service wrote them: the declaration,
@@ -64,14 +71,12 @@ namespace VerifyReply {
 
 // Returns `AddressValidateResponse` with the addresses in their order. With `revision1` the long
 // form; without, the short one, whose City is the abbreviation and which has no footnotes and
-// nothing about delivery point validation.
+// nothing about delivery point validation. The root `Error` where nothing can be said of one of
+// them now.
 std::string Compose(const std::vector<ReplyAddress>& addresses, bool revision1);
 
 // Returns the root `Error` for a document that cannot be answered as a whole.
 std::string ComposeFault(RequestFault fault);
-
-// Returns the root `Error` for a document of which an address cannot be answered now.
-std::string ComposeFault(const ServiceFault& fault);
 
 // Returns the root `Error` for an API other than Verify.
 std::string ComposeUnknownApi(std::string_view api);
