@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <atomic>
 #include <utility>
 
 #include "service/address/ZipBase.h"
@@ -32,7 +33,9 @@ AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory)
     if (tries == kMostTries) {
       throw BaseError(file.string() + ": is replaced again and again");
     }
-    idle_.clear();  // some of them may be to the newer base
+    for (Connection& connection : connections_) {
+      connection.reader.reset();  // some of them may be to the newer base
+    }
     image_.reset();
   }
 }
@@ -49,30 +52,29 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
     image_.emplace(file);
   }
   std::shared_ptr<const BaseReader::Facts> facts;
-  while (idle_.size() < kConnections) {
+  for (Connection& connection : connections_) {
     SqliteFile opened = image_ ? SqliteFile::OpenImage(image_->Bytes(), file.string())
                                : SqliteFile::OpenUnchanging(file);
     if (!facts) {
-      facts = std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened));
+      facts =
+          std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened));
     }
-    idle_.push_back(std::make_unique<BaseReader>(std::move(opened), facts));
+    connection.reader = std::make_unique<BaseReader>(std::move(opened), facts);
   }
 }
 
+// What a connection uses stays in the cache of the processor that its thread runs on.
 AddressBase::Lease AddressBase::Borrow() const {
-  std::unique_lock lock(mutex_);
-  returned_.wait(lock, [this] { return !idle_.empty(); });
-  std::unique_ptr<BaseReader> reader = std::move(idle_.back());
-  idle_.pop_back();
-  return {*this, std::move(reader)};
-}
-
-AddressBase::Lease::~Lease() {
-  {
-    const std::lock_guard lock(base_.mutex_);
-    base_.idle_.push_back(std::move(reader_));
+  static std::atomic<size_t> threads = 0;
+  thread_local const size_t own = threads++;
+  for (size_t i = 0; i < kConnections; ++i) {
+    Connection& connection = connections_[(own + i) % kConnections];
+    if (std::unique_lock lock(connection.mutex, std::try_to_lock); lock) {
+      return {std::move(lock), *connection.reader};
+    }
   }
-  base_.returned_.notify_one();
+  Connection& connection = connections_[own % kConnections];
+  return {std::unique_lock(connection.mutex), *connection.reader};
 }
 
 }  // namespace postwright::service

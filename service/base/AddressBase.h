@@ -1,12 +1,11 @@
 #ifndef POSTWRIGHT_SERVICE_BASE_ADDRESSBASE_H_
 #define POSTWRIGHT_SERVICE_BASE_ADDRESSBASE_H_
 
-#include <condition_variable>
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <vector>
 
 #include "service/base/BaseReader.h"
 #include "service/store/FileImage.h"
@@ -37,34 +36,37 @@ class AddressBase {
   class Lease;
 
   // Lends a connection to the calling thread until the lease ends, which must be before the base
-  // does. Waits for one while all are lent; a thread must not ask for a second.
+  // does: the same one as the last time, where that is free. Waits for it while all are lent; a
+  // thread must not ask for a second.
   Lease Borrow() const;
 
  private:
   static constexpr size_t kConnections = 8;  // as many as the server has threads at most
 
+  // Two of them share no cache line.
+  struct alignas(64) Connection {
+    std::mutex mutex;  // held while it is lent
+    std::unique_ptr<BaseReader> reader;
+  };
+
   void Open(const std::filesystem::path& file, size_t mostInMemory);
 
   std::optional<FileImage> image_;
-  mutable std::mutex mutex_;
-  mutable std::condition_variable returned_;
-  mutable std::vector<std::unique_ptr<BaseReader>> idle_;
+  mutable std::array<Connection, kConnections> connections_;
 };
 
 class AddressBase::Lease {
  public:
-  Lease(const AddressBase& base, std::unique_ptr<BaseReader> reader)
-      : base_(base), reader_(std::move(reader)) {}
-  ~Lease();
-  Lease(const Lease&) = delete;
-  Lease& operator=(const Lease&) = delete;
-
   BaseReader& operator*() const { return *reader_; }
-  BaseReader* operator->() const { return reader_.get(); }
+  BaseReader* operator->() const { return reader_; }
 
  private:
-  const AddressBase& base_;
-  std::unique_ptr<BaseReader> reader_;
+  friend class AddressBase;
+  Lease(std::unique_lock<std::mutex> lock, BaseReader& reader)
+      : lock_(std::move(lock)), reader_(&reader) {}
+
+  std::unique_lock<std::mutex> lock_;
+  BaseReader* reader_;
 };
 
 }  // namespace postwright::service
