@@ -57,7 +57,7 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
                                : SqliteFile::OpenUnchanging(file);
     if (!facts) {
       facts =
-          std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened));
+          std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened, image_.has_value()));
     }
     connection.reader = std::make_unique<BaseReader>(std::move(opened), facts);
   }

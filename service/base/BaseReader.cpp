@@ -44,7 +44,7 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
       zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
 
-BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file) {
+BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
   Facts facts;
   facts.hasRanges = file.Number("SELECT EXISTS(SELECT 1 FROM number_range)") != 0;
   SqliteStatement rows(file,
@@ -52,6 +52,9 @@ BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file) {
                        "GROUP BY zip.zip");
   while (rows.Step()) {
     facts.zips.emplace(rows.Text(0), rows.Number(1) != 0);
+  }
+  if (withStreets) {
+    facts.streets.emplace(file);
   }
   return facts;
 }
@@ -63,6 +66,10 @@ bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
 
 std::optional<KnownStreet> BaseReader::FindStreet(const std::string& zip,
                                                   const StreetName& street) {
+  if (facts_->streets) {
+    const auto id = facts_->streets->Find(zip, street);
+    return id ? std::optional(KnownStreet{*id, street}) : std::nullopt;
+  }
   const std::string key = StreetKey(street.name);
   Query query(street_, {zip, key, street.name, street.predirectional, street.suffix,
                         street.postdirectional, street.urbanization});

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "service/base/StreetIndex.h"
 #include "service/base/StreetName.h"
 #include "service/store/Sqlite.h"
 
@@ -39,8 +40,9 @@ class BaseReader {
     // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
     std::unordered_map<std::string, bool> zips;
     bool hasRanges = false;
+    std::optional<StreetIndex> streets;  // where the file is in memory, too
   };
-  static Facts ReadFacts(SqliteFile& file);
+  static Facts ReadFacts(SqliteFile& file, bool withStreets);
 
   // `facts` are the file's own.
   BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts);
