@@ -31,24 +31,26 @@ ConnectionWatch::~ConnectionWatch() {
   thread_.join();
 }
 
-void ConnectionWatch::Opened(int socket) {
+ConnectionWatch::Connection& ConnectionWatch::Opened(int socket) {
   const std::lock_guard lock(mutex_);
-  connections_[socket] = {Clock::now() + patience_};
+  Connection& connection = connections_.try_emplace(socket, socket).first->second;
+  connection.deadline_ = Clock::now() + patience_;
+  return connection;
 }
 
-void ConnectionWatch::RequestRead(int socket, std::optional<size_t> length) {
+void ConnectionWatch::RequestRead(Connection& connection, std::optional<size_t> length) {
   // Asked before the answer leaves: a client may send its next request as soon as it has one.
-  const uint64_t received = length ? 0 : BytesReceived(socket);
-  const std::lock_guard lock(mutex_);
-  Connection& connection = connections_[socket];
-  connection.bytesRead = length ? connection.bytesRead + *length : received;
-  connection.answering = true;
+  connection.answering_ = true;  // before what EndIdle compares
+  if (length) {
+    connection.bytesRead_ += *length;
+  } else {
+    connection.bytesRead_ = BytesReceived(connection.socket_);
+  }
 }
 
-void ConnectionWatch::Answered(int socket) {
-  const std::lock_guard lock(mutex_);
-  connections_[socket].deadline = Clock::now() + patience_;
-  connections_[socket].answering = false;
+void ConnectionWatch::Answered(Connection& connection) {
+  connection.deadline_ = Clock::now() + patience_;
+  connection.answering_ = false;
 }
 
 void ConnectionWatch::Closed(int socket) {
@@ -59,7 +61,7 @@ void ConnectionWatch::Closed(int socket) {
 void ConnectionWatch::EndIdle() {
   const std::lock_guard lock(mutex_);
   for (const auto& [socket, connection] : connections_) {
-    if (!connection.answering && BytesReceived(socket) == connection.bytesRead) {
+    if (BytesReceived(socket) == connection.bytesRead_ && !connection.answering_) {
       shutdown(socket, SHUT_RD);
     }
   }
@@ -77,7 +79,7 @@ void ConnectionWatch::EndLate() {
   while (!stopping_.wait_for(lock, interval, [this] { return stop_; })) {
     const Clock::time_point now = Clock::now();
     for (const auto& [socket, connection] : connections_) {
-      if (connection.deadline < now) {
+      if (connection.deadline_.load() < now) {
         shutdown(socket, SHUT_RDWR);  // the server meets the end and closes
       }
     }

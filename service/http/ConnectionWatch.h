@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_HTTP_CONNECTIONWATCH_H_
 #define POSTWRIGHT_SERVICE_HTTP_CONNECTIONWATCH_H_
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -17,18 +18,21 @@ namespace postwright::service {
 // The server reports each connection's socket when it is opened, when a request has been read, when
 // it is answered and, while the socket is still open, before it is closed. A request's length is in
 // bytes as they were sent; nullopt where they are not known, which asks the system. Any thread may
-// call any operation.
+// call any operation; those of each request take no lock.
 class ConnectionWatch {
  public:
+  class Connection;
+
   // A connection has `patience` for each request, counted from its opening or its last answer.
   explicit ConnectionWatch(std::chrono::milliseconds patience);
   ~ConnectionWatch();
   ConnectionWatch(const ConnectionWatch&) = delete;
   ConnectionWatch& operator=(const ConnectionWatch&) = delete;
 
-  void Opened(int socket);
-  void RequestRead(int socket, std::optional<size_t> length);
-  void Answered(int socket);
+  // What it returns stays until Closed. A socket that is opened twice counts once.
+  Connection& Opened(int socket);
+  void RequestRead(Connection& connection, std::optional<size_t> length);
+  void Answered(Connection& connection);
   void Closed(int socket);
 
   // Ends the reading side of every connection that has sent nothing since its last request.
@@ -39,11 +43,6 @@ class ConnectionWatch {
 
  private:
   using Clock = std::chrono::steady_clock;
-  struct Connection {
-    Clock::time_point deadline;
-    uint64_t bytesRead = 0;  // of requests that were read to their end
-    bool answering = false;
-  };
 
   void EndLate();
 
@@ -53,6 +52,19 @@ class ConnectionWatch {
   bool stop_ = false;
   std::unordered_map<int, Connection> connections_;
   std::thread thread_;
+};
+
+class ConnectionWatch::Connection {
+ public:
+  explicit Connection(int socket) : socket_(socket) {}
+
+ private:
+  friend class ConnectionWatch;
+
+  const int socket_;
+  std::atomic<Clock::time_point> deadline_;
+  std::atomic<uint64_t> bytesRead_ = 0;  // of requests that were read to their end
+  std::atomic<bool> answering_ = false;
 };
 
 }  // namespace postwright::service

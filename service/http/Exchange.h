@@ -17,12 +17,13 @@ namespace postwright::service {
 // connection is suspended, so that its thread serves others.
 class Exchange {
  public:
-  // Read and written by the connection's thread; by nobody once the request was handed out.
+  // Written by the connection's thread alone; of the request nothing once it was handed out.
   HttpRequest request;
   size_t bodyBytes = 0;  // that were read, kept or not
   bool hasHeaders = false;
   bool isTooLarge = false;
   bool isHandedOut = false;
+  bool hasWaited = false;  // for its answer, suspended
   const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
 
   // Returns the function that answers `exchange`.

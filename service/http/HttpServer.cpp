@@ -72,9 +72,14 @@ std::string HostOfClient(MHD_Connection* connection) {
       MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS)->client_addr);
 }
 
-// What OnConnection keeps with a connection: its client's address in text.
-const std::string& ClientOf(MHD_Connection* connection) {
-  return *static_cast<const std::string*>(
+// What OnConnection keeps with a connection.
+struct Peer {
+  const std::string host;  // its address in text
+  ConnectionWatch::Connection& watched;
+};
+
+Peer& PeerOf(MHD_Connection* connection) {
+  return *static_cast<Peer*>(
       MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT)->socket_context);
 }
 
@@ -182,7 +187,7 @@ class HttpServer::Impl {
     if (!exchange->hasHeaders) {
       exchange->hasHeaders = true;
       request.method = method;
-      request.client = ClientOf(connection);
+      request.client = PeerOf(connection).host;
       request.isForwarded = IsForwarded(connection);
       exchange->isTooLarge = AnnouncedLength(connection) > limits_.bodyBytes;
       return exchange->isTooLarge ? Proceed(connection, exchange) : MHD_YES;
@@ -203,7 +208,7 @@ class HttpServer::Impl {
   MHD_Result Proceed(MHD_Connection* connection, const ExchangePointer& exchange) {
     if (!exchange->isHandedOut) {
       exchange->isHandedOut = true;
-      watch_.RequestRead(SocketOf(connection), LengthOf(connection, *exchange));
+      watch_.RequestRead(PeerOf(connection).watched, LengthOf(connection, *exchange));
       HandOut(exchange);
     }
     std::optional<HttpReply> reply = exchange->TakeReply();
@@ -245,6 +250,7 @@ class HttpServer::Impl {
       return false;
     }
     waiting_.insert(exchange);
+    exchange->hasWaited = true;
     return true;
   }
 
@@ -293,22 +299,21 @@ class HttpServer::Impl {
                           MHD_RequestTerminationCode) {
     auto* const impl = static_cast<Impl*>(self);
     if (const std::unique_ptr<ExchangePointer> exchange(static_cast<ExchangePointer*>(*state));
-        exchange != nullptr) {
+        exchange != nullptr && (*exchange)->hasWaited) {
       const std::lock_guard lock(impl->waitingMutex_);
       impl->waiting_.erase(*exchange);
     }
     *state = nullptr;
-    impl->watch_.Answered(SocketOf(connection));
+    impl->watch_.Answered(PeerOf(connection).watched);
   }
 
   static void OnConnection(void* self, MHD_Connection* connection, void** kept,
                            MHD_ConnectionNotificationCode code) {
     ConnectionWatch& watch = static_cast<Impl*>(self)->watch_;
     if (code == MHD_CONNECTION_NOTIFY_STARTED) {
-      *kept = new std::string(HostOfClient(connection));
-      watch.Opened(SocketOf(connection));
+      *kept = new Peer{HostOfClient(connection), watch.Opened(SocketOf(connection))};
     } else {
-      const std::unique_ptr<std::string> client(static_cast<std::string*>(*kept));
+      const std::unique_ptr<Peer> peer(static_cast<Peer*>(*kept));
       watch.Closed(SocketOf(connection));
     }
   }
