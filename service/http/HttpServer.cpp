@@ -13,6 +13,7 @@
 
 #include "service/http/ConnectionWatch.h"
 #include "service/http/Exchange.h"
+#include "service/http/ShortTurns.h"
 
 namespace postwright::service {
 namespace {
@@ -305,6 +306,7 @@ class HttpServer::Impl {
     }
     *state = nullptr;
     impl->watch_.Answered(PeerOf(connection).watched);
+    impl->turns_.Answered();
   }
 
   static void OnConnection(void* self, MHD_Connection* connection, void** kept,
@@ -322,6 +324,7 @@ class HttpServer::Impl {
   const Handler handler_;
   RequestLog& log_;
   ConnectionWatch watch_;
+  const ShortTurns turns_;  // before the server's threads
   std::string address_;
   MHD_Daemon* daemon_ = nullptr;
   std::atomic<bool> draining_ = false;
