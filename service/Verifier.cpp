@@ -68,8 +68,7 @@ std::string Footnotes(const AddressMatch& match, bool standardised) {
 }
 
 // What a base that knows no more than house numbers can say: no flag is set.
-ReplyFields Compose(AddressMatch match) {
-  ReplyFields fields;
+void TakeMatch(AddressMatch& match, ReplyFields& fields) {
   fields.address1 = std::move(match.lines.address1);
   fields.address2 = std::move(match.lines.address2);
   fields.urbanization = std::move(match.lines.urbanization);
@@ -83,7 +82,6 @@ ReplyFields Compose(AddressMatch match) {
   fields.dpvFalse = match.confirmation == 'N' ? "N" : "";
   fields.dpvFootnotes = std::move(match.dpvFootnotes);
   fields.centralDeliveryPoint = "N";
-  return fields;
 }
 
 }  // namespace
@@ -124,11 +122,12 @@ AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explana
     return *rejection;
   }
   auto& match = std::get<AddressMatch>(matched);
-  std::string footnotes = Footnotes(match, standardised);
-  ReplyFields fields = Compose(std::move(match));
+  AddressAnswer answer(std::in_place_type<ReplyFields>);
+  auto& fields = std::get<ReplyFields>(answer);
   fields.firmName = StandardFirm(folded->firmName);
-  fields.footnotes = std::move(footnotes);
-  return fields;
+  fields.footnotes = Footnotes(match, standardised);
+  TakeMatch(match, fields);
+  return answer;
 }
 
 AddressMatcher::Answer Verifier::MatchStreet(const AddressQuestion& question,

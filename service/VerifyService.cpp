@@ -144,7 +144,7 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
   // Behind a proxy every client has the proxy's address; the user's name tells them apart there.
   const std::string asker = document->request.userId + ' ' + client;
   for (size_t i = 0; i < asked.size(); ++i) {
-    source_.Find(asked[i], asker, [this, document, i](AddressAnswer answer) {
+    source_.Find(asked[i], asker, [this, document, i](AddressAnswer&& answer) {
       document->replies[i].outcome = std::move(answer);
       if (--document->left == 0) {
         Finish(*document);

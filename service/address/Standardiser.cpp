@@ -39,7 +39,7 @@ Words ReadSecondLine(const Words& words, std::string_view state) {
 // A delivery line, whatever it names.
 struct Delivery {
   Delivery(BoxLine read) : line(std::move(read.line)), aside(std::move(read.aside)) {}
-  explicit Delivery(StreetLine read) {
+  explicit Delivery(StreetLine&& read) {
     line = read.Compose();
     // A unit that does not fit goes on the line above (section 213).
     if (!read.units.empty() && JoinedLength(line.begin(), line.end()) > kLongestLine) {
@@ -72,7 +72,7 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
     return BoxLine{box->line, {}};
   }
   if (auto street = ReadStreet(words, state)) {
-    return Delivery(std::move(*street));
+    return std::optional<Delivery>(std::in_place, std::move(*street));
   }
   if (IsMilitaryState(state) && !words.empty()) {
     return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"

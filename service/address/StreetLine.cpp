@@ -252,7 +252,8 @@ std::optional<StreetLine> ReadStreet(Words words, std::string_view state) {
   const bool puertoRico = state == "PR";
   words.erase(words.begin(), words.begin() + NumberSignLength(words, 0));
   MoveLeadingUnits(words);
-  StreetLine line;
+  std::optional<StreetLine> read(std::in_place);
+  StreetLine& line = *read;
   if (puertoRico) {
     line.units = TakeUnits(words, std::min<size_t>(words.size(), 3));
     words = ArrangePuertoRico(std::move(words));
@@ -264,7 +265,7 @@ std::optional<StreetLine> ReadStreet(Words words, std::string_view state) {
     return std::nullopt;
   }
   NameReader(std::move(words), state, line).Read();
-  return line;
+  return read;
 }
 
 }  // namespace postwright::service

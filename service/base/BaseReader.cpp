@@ -64,16 +64,14 @@ bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
   return found != facts_->zips.end() && found->second;
 }
 
-std::optional<KnownStreet> BaseReader::FindStreet(const std::string& zip,
-                                                  const StreetName& street) {
+std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const StreetName& street) {
   if (facts_->streets) {
-    const auto id = facts_->streets->Find(zip, street);
-    return id ? std::optional(KnownStreet{*id, street}) : std::nullopt;
+    return facts_->streets->Find(zip, street);
   }
   const std::string key = StreetKey(street.name);
   Query query(street_, {zip, key, street.name, street.predirectional, street.suffix,
                         street.postdirectional, street.urbanization});
-  return query.Step() ? std::optional(KnownStreet{street_.Number(0), street}) : std::nullopt;
+  return query.Step() ? std::optional(street_.Number(0)) : std::nullopt;
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {

@@ -51,8 +51,9 @@ class BaseReader {
   bool HoldsStreetsOf(const std::string& zip) const { return facts_->zips.contains(zip); }
   bool HoldsAllStreetsOf(const std::string& zip) const;
 
-  // Returns the street of exactly that name in the ZIP code; nullopt where there is none.
-  std::optional<KnownStreet> FindStreet(const std::string& zip, const StreetName& street);
+  // Returns the row of the street of exactly that name in the ZIP code; nullopt where there is
+  // none.
+  std::optional<int64_t> FindStreet(const std::string& zip, const StreetName& street);
 
   // Returns the streets of the ZIP code that have the key.
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);

@@ -86,10 +86,10 @@ StreetMatch StreetMatcher::Match(const std::string& zip, const StreetName& asked
 StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetName& asked,
                                         const std::string& number) {
   StreetMatch match;
-  if (auto street = reader_.FindStreet(zip, asked)) {
-    match.facts = reader_.FindNumber(street->id, number);
+  if (const auto id = reader_.FindStreet(zip, asked)) {
+    match.facts = reader_.FindNumber(*id, number);
     match.kind = match.facts.IsKnown() ? StreetMatch::Kind::Found : StreetMatch::Kind::NoNumber;
-    match.street = std::move(*street);
+    match.street = {*id, asked};
     Explain(explanation_, zip, ": ", Quote(asked), " is there, and ", number, " ",
             Describe(match.facts), " on it");
   }

@@ -20,8 +20,7 @@ constexpr FieldRow kFields[] = {
 };
 
 // Of an element that stands there twice the first one with a text counts.
-RequestAddress ReadAddress(pugi::xml_node element) {
-  RequestAddress address;
+void ReadAddress(pugi::xml_node element, RequestAddress& address) {
   if (const pugi::xml_attribute id = element.attribute("ID")) {
     address.id = id.value();
   }
@@ -33,7 +32,6 @@ RequestAddress ReadAddress(pugi::xml_node element) {
       address.*row->field = XmlDocument::TextOf(child, VerifyRequest::kLongestField + 1);
     }
   }
-  return address;
 }
 
 std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document) {
@@ -47,8 +45,9 @@ std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document) 
       if (request.addresses.size() == VerifyRequest::kMostAddresses) {
         return RequestFault::TooManyAddresses;
       }
-      request.addresses.push_back(ReadAddress(child));
-      request.addresses.back().cutShort = document.IsCutWithin(child);
+      RequestAddress& address = request.addresses.emplace_back();
+      ReadAddress(child, address);
+      address.cutShort = document.IsCutWithin(child);
     }
   }
   return request;
