@@ -125,21 +125,27 @@ load() {
 memory() { awk '/^VmRSS:/ { print $2 }' "/proc/$verifyd_pid/status"; }
 answered() { curl --silent "$service/metrics" | awk '/^postwright_documents_total / { print $2 }'; }
 
+# times A B: how many times B is in A.
+times() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
+
 echo "$(wc --bytes < "$scratch/answer.xml") bytes an answer, $(wc --lines < "$scratch/queries") addresses, ${base[*]:-the base that comes along}, load $(cut -d ' ' -f 1 /proc/loadavg)"
 load "$service" 1 > /dev/null
-printf 'nginx/s\tservice/s\tratio\tmedian us\t99%% us\t99%%/median\n'
+printf 'nginx/s\tservice/s\tratio\tmedian us\t99%% us\t99%%/median\tof nginx\n'
 for ((round = 0; round < rounds; ++round)); do
-  IFS=$'\t' read -r there _ _ bad < <(load "http://127.0.0.1:$port" "$seconds")
+  IFS=$'\t' read -r before _ _ bad < <(load "http://127.0.0.1:$port" "$seconds")
   [ -z "$bad" ] || echo "nginx: $bad"
   IFS=$'\t' read -r here median last bad < <(load "$service" "$seconds")
   [ -z "$bad" ] || echo "service: $bad"
-  awk -v t="$there" -v h="$here" -v m="$median" -v l="$last" \
-    'BEGIN { printf "%d\t%d\t%.2f\t%d\t%d\t%.1f\n", t, h, h / t, m, l, l / m }'
+  IFS=$'\t' read -r after theirMedian theirLast bad < <(load "http://127.0.0.1:$port" "$seconds")
+  [ -z "$bad" ] || echo "nginx: $bad"
+  there=$(((before + after) / 2))
+  printf '%d\t%d\t%s\t%d\t%d\t%s\t%s\n' "$there" "$here" "$(times "$here" "$there")" "$median" \
+    "$last" "$(times "$last" "$median")" "$(times "$theirLast" "$theirMedian")"
 done
 
-printf 'requests\tmemory kB\n'
+printf 'requests\tmemory kB\tmedian us\t99%% us\t99%%/median\n'
 printf '%d\t%d\n' "$(answered)" "$(memory)"
 while [ "$(answered)" -lt "$((millions * 1000000))" ]; do
-  load "$service" 20 > /dev/null
-  printf '%d\t%d\n' "$(answered)" "$(memory)"
+  IFS=$'\t' read -r _ median last _ < <(load "$service" 20)
+  printf '%d\t%d\t%d\t%d\t%s\n' "$(answered)" "$(memory)" "$median" "$last" "$(times "$last" "$median")"
 done
