@@ -61,6 +61,9 @@ class SqliteFile {
   // Returns the number of rows that the last statement changed.
   int64_t Changes() const { return sqlite3_changes64(connection_.get()); }
 
+  // Returns the number of the row that was put in last.
+  int64_t LastRow() const { return sqlite3_last_insert_rowid(connection_.get()); }
+
  private:
   friend class SqliteStatement;
 

@@ -83,7 +83,7 @@ BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& s
   findStreet_.emplace(stage_,
                       "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? "
                       "AND suffix=? AND postdirectional=? AND urbanization=?");
-  addStreet_.emplace(stage_, "INSERT INTO street VALUES(NULL,?,?,?,?,?,?,?) RETURNING id");
+  addStreet_.emplace(stage_, "INSERT OR IGNORE INTO street VALUES(NULL,?,?,?,?,?,?,?)");
   addCity_.emplace(stage_, "INSERT OR IGNORE INTO city VALUES(?,?,?,?)");
   addZip_.emplace(stage_, "INSERT OR IGNORE INTO zip VALUES(?,?)");
 }
@@ -211,26 +211,33 @@ int64_t BaseBuilder::StreetId(const RowStreet& read) {
   NoteCity(read);
   const StreetName& street = read.street;
   const std::string key = StreetKey(street.name);
-  int64_t id = 0;
-  for (SqliteStatement* statement : {&*findStreet_, &*addStreet_}) {
+  const auto step = [&](SqliteStatement& statement) {
     int parameter = 0;
     for (const std::string* text :
          {&read.zip, &key, &street.name, &street.predirectional, &street.suffix,
           &street.postdirectional, &street.urbanization}) {
-      statement->Bind(++parameter, *text);
+      statement.Bind(++parameter, *text);
     }
-    if (statement->Step()) {
-      id = statement->Number(0);
-    }
-    statement->Reset();
-    if (id != 0) {
-      break;
-    }
+    statement.Step();
+  };
+  step(*addStreet_);
+  addStreet_->Reset();
+  if (stage_.Changes() > 0) {
+    return stage_.LastRow();
   }
+  step(*findStreet_);
+  const int64_t id = findStreet_->Number(0);
+  findStreet_->Reset();
   return id;
 }
 
 void BaseBuilder::NoteCity(const RowStreet& read) {
+  if (notedCities_.size() >= kMostStreetsKept) {
+    notedCities_.clear();
+  }
+  if (!notedCities_.insert(read.zip + read.city).second) {
+    return;
+  }
   addZip_->Bind(1, read.zip);
   addZip_->Bind(2, sourceId_);
   addZip_->Step();

@@ -105,6 +105,7 @@ class BaseBuilder {
   std::optional<SqliteStatement> addStreet_;
   std::optional<SqliteStatement> addCity_;
   std::optional<SqliteStatement> addZip_;
+  std::unordered_set<std::string> notedCities_;  // with their ZIP codes
   std::string key_;
   std::unordered_map<std::string, std::variant<int64_t, RowFault>, Hash, std::equal_to<>> streets_;
 };
