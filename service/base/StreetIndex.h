@@ -12,7 +12,7 @@
 
 namespace postwright::service {
 
-// The streets of a base in memory, found by their whole name: a look takes a tenth of what the
+// The streets of a base in memory, found by their whole name in a fraction of the steps that the
 // file's own index takes. Needs some 70 bytes a street. Constant once made: any thread may look.
 class StreetIndex {
  public:
