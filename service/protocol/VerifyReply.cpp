@@ -1,5 +1,7 @@
 #include "service/protocol/VerifyReply.h"
 
+#include <algorithm>
+
 #include "service/text/Xml.h"
 
 namespace postwright::service {
@@ -100,10 +102,13 @@ std::string RootError(std::string_view number, std::string_view description) {
 
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
   constexpr size_t kUsualLength = 400;  // of one address
-  for (const ReplyAddress& address : addresses) {
-    if (const auto* fault = std::get_if<ServiceFault>(&address.outcome)) {
-      return RootError(fault->number, fault->description);
-    }
+  const auto fault =
+      std::find_if(addresses.rbegin(), addresses.rend(), [](const ReplyAddress& address) {
+        return std::holds_alternative<ServiceFault>(address.outcome);
+      });
+  if (fault != addresses.rend()) {
+    const auto& told = std::get<ServiceFault>(fault->outcome);
+    return RootError(told.number, told.description);
   }
   std::string xml;
   xml.reserve(kUsualLength * (addresses.size() + 1));
