@@ -113,6 +113,9 @@ size_t StateLength(const Words& name) {
 // begins with the word's own letter.
 bool BeginsHighway(const std::string& word) {
   static constexpr std::string_view kInitials = "CFHIRSTU";
+  static_assert(std::all_of(std::begin(kHighways), std::end(kHighways), [](const HighwayRow& row) {
+    return kInitials.find(row.written[0]) != std::string_view::npos;
+  }));
   if (kInitials.find(word[0]) == std::string_view::npos) {
     return false;
   }
