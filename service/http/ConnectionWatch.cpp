@@ -39,8 +39,8 @@ ConnectionWatch::Connection& ConnectionWatch::Opened(int socket) {
 }
 
 void ConnectionWatch::RequestRead(Connection& connection, std::optional<size_t> length) {
-  // Asked before the answer leaves: a client may send its next request as soon as it has one.
   connection.answering_ = true;  // before what EndIdle compares
+  // Asked before the answer leaves: a client may send its next request as soon as it has one.
   if (length) {
     connection.bytesRead_ += *length;
   } else {

@@ -7,9 +7,9 @@ namespace postwright::service {
 // turns of half a millisecond. The system on its own would change them when its clock ticks, every
 // 4 ms, and the connections of those that wait would be as late.
 //
-// Made before the threads are started: it holds for them and for the thread that makes it. Without
-// effect on answers, and where the system does not have it (before Linux 6.12) or a sandbox forbids
-// it, without any.
+// Made before the threads are started: it holds for them and for the thread that makes it. Before
+// Linux 6.12 the system keeps its own turns, which a thread still gives up early; where a sandbox
+// forbids to ask for shorter ones, nothing is done.
 class ShortTurns {
  public:
   ShortTurns();
