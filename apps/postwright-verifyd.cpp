@@ -14,10 +14,10 @@
 #include "apps/verifyd/GatewayParts.h"
 #include "apps/verifyd/Process.h"
 #include "apps/verifyd/ServiceOptions.h"
-#include "service/LocalBase.h"
+#include "postal/base/BaseFile.h"
+#include "service/LocalSource.h"
 #include "service/UserList.h"
 #include "service/VerifyService.h"
-#include "service/base/BaseFile.h"
 #include "service/http/HttpServer.h"
 #include "service/status/StatusPages.h"
 
@@ -74,7 +74,7 @@ void AddOptions(CLI::App& app, Options& options) {
 }
 
 // Reads again what a SIGHUP is for. What cannot be used changes nothing.
-void Reload(LocalBase& base, UserList* users, Gateway* gateway, RequestLog& log) {
+void Reload(LocalSource& base, UserList* users, Gateway* gateway, RequestLog& log) {
   const auto attempt = [&log](const char* what, const std::function<void()>& read) {
     try {
       read();
@@ -95,7 +95,7 @@ void Reload(LocalBase& base, UserList* users, Gateway* gateway, RequestLog& log)
 void Serve(const Options& options) {
   const sigset_t signals = BlockSignals();
   ReserveDescriptors(options.service.limits.connections);
-  LocalBase base(options.service.bases);
+  LocalSource base(options.service.bases);
   std::optional<UserList> users;
   if (!options.service.users.empty()) {
     users.emplace(options.service.users);
@@ -141,7 +141,8 @@ int RunCommandLine(int argc, char** argv) {
     return kWrongUsage;
   }
   // An address base says which streets a ZIP code has, not which ZIP codes there are.
-  if (std::all_of(options.service.bases.begin(), options.service.bases.end(), BaseFile::IsSqlite)) {
+  if (std::all_of(options.service.bases.begin(), options.service.bases.end(),
+                  postal::BaseFile::IsSqlite)) {
     options.service.bases.emplace_back(DefaultBase());
   }
   Serve(options);

@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "bench/RatioReporter.h"
+#include "postal/store/Sqlite.h"
 #include "service/Verifier.h"
-#include "service/store/Sqlite.h"
 
 namespace postwright::service {
 namespace {
@@ -21,8 +21,8 @@ using Questions = std::vector<RequestAddress>;
 // Addresses of the base, each of a street of its own. `spoil` says what becomes of them.
 template <typename Spoil>
 Questions MakeQuestions(const std::string& base, const Spoil& spoil) {
-  SqliteFile file = SqliteFile::OpenUnchanging(base);
-  SqliteStatement rows(
+  postal::SqliteFile file = postal::SqliteFile::OpenUnchanging(base);
+  postal::SqliteStatement rows(
       file,
       "SELECT number,name,suffix,zip FROM street JOIN point ON point.street=street.id WHERE "
       "street.id%41=7 AND unit='' AND predirectional='' GROUP BY street.id LIMIT 2000");
@@ -54,9 +54,9 @@ int Run(int argc, char** argv) {
     std::cerr << "usage: bench-base BASE ZIPS [--benchmark_...]\n";
     return EXIT_FAILURE;
   }
-  ZipBase zips;
+  postal::ZipList zips;
   zips.Load(argv[2]);
-  const AddressBase addresses(argv[1], AddressBase::kMostInMemory);
+  const postal::AddressBase addresses(argv[1], postal::AddressBase::kMostInMemory);
   const Verifier without(zips);
   const Verifier with(zips, &addresses);
   const Questions asItIs = MakeQuestions(

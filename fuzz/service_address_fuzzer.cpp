@@ -11,21 +11,22 @@
 
 namespace {
 
+using namespace postwright;
 using namespace postwright::service;
 
 // Cities of every kind, so that the decisions on the last line are reached.
-const ZipBase& Base() {
-  static const ZipBase* const base = [] {
+const postal::ZipList& Zips() {
+  static const postal::ZipList* const zips = [] {
     std::istringstream rows(
         "78701\tAustin\tTX\n78702\tAustin\tTX\n78634\tHutto\tTX\n18302\tEast Stroudsburg\tPA\n"
         "92688\tRancho Santa Margarita\tCA\n00979\tCarolina\tPR\n09012\tAPO\tAE\n"
         "62701\tSpringfield\tIL\n01103\tSpringfield\tMA\n63101\tSaint Louis\tMO\n"
         "40202\tLouisville\tKY\n");
-    auto* loaded = new ZipBase;
+    auto* loaded = new postal::ZipList;
     loaded->Read(rows, "rows");
     return loaded;
   }();
-  return *base;
+  return *zips;
 }
 
 RequestAddress ReadFields(const std::uint8_t* data, std::size_t size) {
@@ -46,7 +47,7 @@ RequestAddress ReadFields(const std::uint8_t* data, std::size_t size) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Verifier verifier(Base());
+  const Verifier verifier(Zips());
   const ReplyAddress first = verifier.Verify(ReadFields(data, size));
   const auto* fields = std::get_if<ReplyFields>(&first.outcome);
   const size_t longest = VerifyRequest::kLongestField;

@@ -5,12 +5,13 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "common/Encoding.h"
 #include "service/Verifier.h"
 #include "service/VerifyService.h"
-#include "service/text/Encoding.h"
 
 namespace {
 
+using namespace postwright;
 using namespace postwright::service;
 
 void Require(bool property) {
@@ -37,8 +38,8 @@ bool IsWhole(std::string_view body) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const ZipBase base;
-  static Verifier verifier(base);
+  static const postal::ZipList zips;
+  static Verifier verifier(zips);
   static VerifyService service(verifier, nullptr, {});
   const std::string query(data, data + size);
   int answers = 0;

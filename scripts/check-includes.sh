@@ -14,11 +14,14 @@ core/engine   <core/(Export.h|records/.*|parser/.*)  "core/(records|parser)/.*  
 platform      <core/Export.h
 client/suite  <client/ClientExport.h  Qt
 client        <(core|platform)/.*  Qt
-service       "core/(records/.*|parser/Vocabulary.h)  <core/records/.*
-apps          <.*  "service/.*  Qt
+common
+postal/words  "core/parser/Vocabulary.h  "common/.*
+postal        "common/.*
+service       "common/.*  "postal/.*
+apps          <.*  "common/.*  "postal/.*  "service/.*  Qt
 '
 
-find core platform client service apps -name '*.h' -o -name '*.cpp' | sort |
+find common core platform client postal service apps -name '*.h' -o -name '*.cpp' | sort |
   xargs awk -v rules="$rules" '
     BEGIN {
       count = split(rules, rule, "\n")

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "service/address/CityName.h"
-#include "service/address/LastLine.h"
-#include "service/address/Standardiser.h"
-#include "service/text/AsciiText.h"
+#include "common/AsciiText.h"
+#include "postal/lines/Standardiser.h"
+#include "postal/places/CityName.h"
+#include "postal/places/LastLine.h"
 
 namespace postwright::service {
 namespace {
@@ -13,8 +13,8 @@ namespace {
 // The fields of a request in the letters that addresses are written in.
 struct FoldedAddress {
   std::string firmName;
-  DeliveryLines lines;
-  LastLine lastLine;
+  postal::DeliveryLines lines;
+  postal::LastLine lastLine;
 };
 
 // Returns nullopt where a field is too long or has letters that no address is written in.
@@ -52,7 +52,7 @@ std::string StandardFirm(std::string_view folded) {
 
 // A ZIP corrected, B city or state corrected, H unit missing, L a part of the address changed, M
 // the street's name changed, N address standardised; in this order, run together.
-std::string Footnotes(const AddressMatch& match, bool standardised) {
+std::string Footnotes(const postal::MatchedAddress& match, bool standardised) {
   const std::pair<bool, char> notes[] = {
       {match.placed.zipCorrected, 'A'}, {match.placed.cityCorrected, 'B'},
       {match.unitIsMissing, 'H'},       {match.elementChanged, 'L'},
@@ -68,11 +68,11 @@ std::string Footnotes(const AddressMatch& match, bool standardised) {
 }
 
 // What a base that knows no more than house numbers can say: no flag is set.
-void TakeMatch(AddressMatch& match, ReplyFields& fields) {
+void TakeMatch(postal::MatchedAddress& match, ReplyFields& fields) {
   fields.address1 = std::move(match.lines.address1);
   fields.address2 = std::move(match.lines.address2);
   fields.urbanization = std::move(match.lines.urbanization);
-  fields.cityAbbreviation = AbbreviateCity(match.placed.city);
+  fields.cityAbbreviation = postal::AbbreviateCity(match.placed.city);
   fields.city = std::move(match.placed.city);
   fields.state = std::move(match.placed.state);
   fields.zip5 = std::move(match.placed.zip5);
@@ -90,7 +90,8 @@ ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
   return {asked.id, Decide(asked, nullptr)};
 }
 
-ReplyAddress Verifier::Explain(const RequestAddress& asked, Explanation& explanation) const {
+ReplyAddress Verifier::Explain(const RequestAddress& asked,
+                               postal::Explanation& explanation) const {
   return {asked.id, Decide(asked, &explanation)};
 }
 
@@ -99,29 +100,32 @@ void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) 
 }
 
 // Never a ServiceFault.
-AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explanation) const {
+AddressAnswer Verifier::Decide(const RequestAddress& asked,
+                               postal::Explanation* explanation) const {
   std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || asked.cutShort ||
       !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
-    return Rejection::InvalidAddress;
+    return postal::Rejection::InvalidAddress;
   }
-  AddressQuestion question;
+  postal::AddressQuestion question;
   question.asked = std::move(folded->lastLine);
-  question.lastLine = LastLineChecker(base_).Check(question.asked);
-  const auto* const placed = std::get_if<PlacedLine>(&question.lastLine);
+  question.lastLine = postal::LastLineChecker(base_).Check(question.asked);
+  const auto* const placed = std::get_if<postal::PlacedLine>(&question.lastLine);
   question.state =
-      placed != nullptr ? placed->state : LastLineChecker::StateOf(question.asked.state);
-  std::optional<StandardLines> lines = Standardiser::Standardise(folded->lines, question.state);
+      placed != nullptr ? placed->state : postal::LastLineChecker::StateOf(question.asked.state);
+  std::optional<postal::StandardLines> lines =
+      postal::Standardiser::Standardise(folded->lines, question.state);
   if (!lines) {
-    return placed != nullptr ? Rejection::NotFound : std::get<Rejection>(question.lastLine);
+    return placed != nullptr ? postal::Rejection::NotFound
+                             : std::get<postal::Rejection>(question.lastLine);
   }
   const bool standardised = *lines != folded->lines;
   question.lines = std::move(*lines);
-  AddressMatcher::Answer matched = MatchStreet(question, explanation);
-  if (const auto* rejection = std::get_if<Rejection>(&matched)) {
+  postal::AddressMatcher::Answer matched = MatchStreet(question, explanation);
+  if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {
     return *rejection;
   }
-  auto& match = std::get<AddressMatch>(matched);
+  auto& match = std::get<postal::MatchedAddress>(matched);
   AddressAnswer answer(std::in_place_type<ReplyFields>);
   auto& fields = std::get<ReplyFields>(answer);
   fields.firmName = StandardFirm(folded->firmName);
@@ -130,17 +134,17 @@ AddressAnswer Verifier::Decide(const RequestAddress& asked, Explanation* explana
   return answer;
 }
 
-AddressMatcher::Answer Verifier::MatchStreet(const AddressQuestion& question,
-                                             Explanation* explanation) const {
+postal::AddressMatcher::Answer Verifier::MatchStreet(const postal::AddressQuestion& question,
+                                                     postal::Explanation* explanation) const {
   if (addresses_ != nullptr) {
-    const AddressBase::Lease reader = addresses_->Borrow();
-    return AddressMatcher(base_, *reader, explanation).Match(question);
+    const postal::AddressBase::Lease reader = addresses_->Borrow();
+    return postal::AddressMatcher(base_, *reader, explanation).Match(question);
   }
-  if (const auto* rejection = std::get_if<Rejection>(&question.lastLine)) {
+  if (const auto* rejection = std::get_if<postal::Rejection>(&question.lastLine)) {
     return *rejection;
   }
-  AddressMatch match;
-  match.placed = std::get<PlacedLine>(question.lastLine);
+  postal::MatchedAddress match;
+  match.placed = std::get<postal::PlacedLine>(question.lastLine);
   match.lines = question.lines.Lines();
   return match;
 }

@@ -1,11 +1,11 @@
 #ifndef POSTWRIGHT_SERVICE_VERIFIER_H_
 #define POSTWRIGHT_SERVICE_VERIFIER_H_
 
+#include "postal/base/AddressBase.h"
+#include "postal/base/AddressMatcher.h"
+#include "postal/base/Explanation.h"
+#include "postal/places/ZipList.h"
 #include "service/AnswerSource.h"
-#include "service/address/ZipBase.h"
-#include "service/base/AddressBase.h"
-#include "service/base/AddressMatcher.h"
-#include "service/base/Explanation.h"
 #include "service/protocol/VerifyReply.h"
 #include "service/protocol/VerifyRequest.h"
 
@@ -25,24 +25,24 @@ namespace postwright::service {
 class Verifier final : public AnswerSource {
  public:
   // `addresses` may be null.
-  explicit Verifier(const ZipBase& base, const AddressBase* addresses = nullptr)
+  explicit Verifier(const postal::ZipList& base, const postal::AddressBase* addresses = nullptr)
       : base_(base), addresses_(addresses) {}
 
   ReplyAddress Verify(const RequestAddress& asked) const;
 
   // The same, and how it was decided, step by step.
-  ReplyAddress Explain(const RequestAddress& asked, Explanation& explanation) const;
+  ReplyAddress Explain(const RequestAddress& asked, postal::Explanation& explanation) const;
 
   // Answers within the call.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
-  AddressAnswer Decide(const RequestAddress& asked, Explanation* explanation) const;
-  AddressMatcher::Answer MatchStreet(const AddressQuestion& question,
-                                     Explanation* explanation) const;
+  AddressAnswer Decide(const RequestAddress& asked, postal::Explanation* explanation) const;
+  postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
+                                             postal::Explanation* explanation) const;
 
-  const ZipBase& base_;
-  const AddressBase* addresses_;
+  const postal::ZipList& base_;
+  const postal::AddressBase* addresses_;
 };
 
 }  // namespace postwright::service

@@ -64,7 +64,7 @@ std::string Describe(const RequestAddress& asked) {
 }
 
 std::string Describe(const AddressAnswer& answer) {
-  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
+  if (const auto* rejection = std::get_if<postal::Rejection>(&answer)) {
     return std::string(VerifyReply::NumberOf(*rejection));
   }
   if (const auto* fault = std::get_if<ServiceFault>(&answer)) {
@@ -157,9 +157,9 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
 // again; what the others were answered is not lost, if the source keeps answers.
 void VerifyService::Finish(const Document& document) {
   for (const ReplyAddress& reply : document.replies) {
-    ++(std::holds_alternative<ReplyFields>(reply.outcome) ? counts_.found
-       : std::holds_alternative<Rejection>(reply.outcome) ? counts_.rejected
-                                                          : counts_.unanswered);
+    ++(std::holds_alternative<ReplyFields>(reply.outcome)         ? counts_.found
+       : std::holds_alternative<postal::Rejection>(reply.outcome) ? counts_.rejected
+                                                                  : counts_.unanswered);
   }
   document.respond(XmlReply(VerifyReply::Compose(document.replies, document.request.revision1),
                             options_.takesNotes ? Note(document) : std::string()));
@@ -171,7 +171,7 @@ std::string VerifyService::Note(const Document& document) const {
   std::string addresses;
   for (size_t i = 0; i < document.replies.size(); ++i) {
     const AddressAnswer& answer = document.replies[i].outcome;
-    rejected += std::holds_alternative<Rejection>(answer) ? 1 : 0;
+    rejected += std::holds_alternative<postal::Rejection>(answer) ? 1 : 0;
     if (const auto* failed = std::get_if<ServiceFault>(&answer)) {
       fault = " fault=" + failed->kind;
     }

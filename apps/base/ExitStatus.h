@@ -1,7 +1,7 @@
 #ifndef POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
 #define POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
 
-namespace postwright::service {
+namespace postwright::postal {
 
 // How the command ended. Scripts branch on these: they never change their meaning.
 enum ExitStatus : int {
@@ -11,6 +11,6 @@ enum ExitStatus : int {
   kExitStopped = 130      // a signal stopped the import; the same command goes on with it
 };
 
-}  // namespace postwright::service
+}  // namespace postwright::postal
 
 #endif  // POSTWRIGHT_APPS_BASE_EXITSTATUS_H_

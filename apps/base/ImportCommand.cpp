@@ -12,10 +12,10 @@
 
 #include "apps/DefaultBase.h"
 #include "apps/base/ExitStatus.h"
-#include "service/address/ZipBase.h"
-#include "service/base/import/Importer.h"
+#include "postal/import/Importer.h"
+#include "postal/places/ZipList.h"
 
-namespace postwright::service {
+namespace postwright::postal {
 namespace {
 
 constexpr int64_t kMostRowsNamed = 20;
@@ -122,7 +122,7 @@ void Summarise(const Importer& importer, const ImportOptions& options, ImportPro
 }  // namespace
 
 int RunImport(const ImportOptions& options) {
-  ZipBase zips;
+  ZipList zips;
   zips.Load(DefaultBase());
   if (options.restart) {
     for (const char* ending : {".import", ".import-journal", ".import-new"}) {
@@ -159,4 +159,4 @@ int RunImport(const ImportOptions& options) {
   return kExitDone;
 }
 
-}  // namespace postwright::service
+}  // namespace postwright::postal

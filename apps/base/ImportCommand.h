@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "service/base/import/ColumnMap.h"
+#include "postal/import/ColumnMap.h"
 
-namespace postwright::service {
+namespace postwright::postal {
 
 struct ImportOptions {
   std::string base;
@@ -26,6 +26,6 @@ struct ImportOptions {
 // rows; what was read is kept for the same command.
 int RunImport(const ImportOptions& options);
 
-}  // namespace postwright::service
+}  // namespace postwright::postal
 
 #endif  // POSTWRIGHT_APPS_BASE_IMPORTCOMMAND_H_

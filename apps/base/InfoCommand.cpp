@@ -4,9 +4,9 @@
 #include <iostream>
 
 #include "apps/base/ExitStatus.h"
-#include "service/base/AddressBase.h"
+#include "postal/base/AddressBase.h"
 
-namespace postwright::service {
+namespace postwright::postal {
 namespace {
 
 constexpr int kNameWidth = 15;
@@ -45,4 +45,4 @@ int RunInfo(const std::string& base) {
   return std::cout.flush() ? kExitDone : kExitFailed;
 }
 
-}  // namespace postwright::service
+}  // namespace postwright::postal

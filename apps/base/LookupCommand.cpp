@@ -6,7 +6,7 @@
 #include "apps/base/ExitStatus.h"
 #include "service/Verifier.h"
 
-namespace postwright::service {
+namespace postwright::postal {
 namespace {
 
 const char* Describe(const std::string& confirmation) {
@@ -16,7 +16,7 @@ const char* Describe(const std::string& confirmation) {
                                : "not confirmed";
 }
 
-int WriteAnswer(const ReplyFields& fields) {
+int WriteAnswer(const service::ReplyFields& fields) {
   std::cout << '\n';
   for (const std::string* line : {&fields.urbanization, &fields.address1, &fields.address2}) {
     if (!line->empty()) {
@@ -39,30 +39,31 @@ int WriteAnswer(const ReplyFields& fields) {
 }  // namespace
 
 int RunLookup(const LookupOptions& options) {
-  ZipBase zips;
+  ZipList zips;
   zips.Load(DefaultBase());
   if (!options.zips.empty()) {
     zips.Load(options.zips);
   }
   const AddressBase addresses(options.base);
-  RequestAddress asked;
+  service::RequestAddress asked;
   asked.address1 = options.unit;
   asked.address2 = options.street;
   asked.city = options.city;
   asked.state = options.state;
   asked.zip5 = options.zip;
   Explanation explanation;
-  const ReplyAddress reply = Verifier(zips, &addresses).Explain(asked, explanation);
+  const service::ReplyAddress reply =
+      service::Verifier(zips, &addresses).Explain(asked, explanation);
   for (const std::string& step : explanation) {
     std::cout << "- " << step << '\n';
   }
-  if (const auto* fields = std::get_if<ReplyFields>(&reply.outcome)) {
+  if (const auto* fields = std::get_if<service::ReplyFields>(&reply.outcome)) {
     return WriteAnswer(*fields);
   }
   const Rejection rejection = std::get<Rejection>(reply.outcome);
-  std::cout << "\nturned down: " << VerifyReply::NumberOf(rejection) << ' '
-            << VerifyReply::DescriptionOf(rejection) << '\n';
+  std::cout << "\nturned down: " << service::VerifyReply::NumberOf(rejection) << ' '
+            << service::VerifyReply::DescriptionOf(rejection) << '\n';
   return kExitNotConfirmed;
 }
 
-}  // namespace postwright::service
+}  // namespace postwright::postal

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace postwright::service {
+namespace postwright::postal {
 
 struct LookupOptions {
   std::string base;
@@ -19,6 +19,6 @@ struct LookupOptions {
 // comes to that. Returns the exit status.
 int RunLookup(const LookupOptions& options);
 
-}  // namespace postwright::service
+}  // namespace postwright::postal
 
 #endif  // POSTWRIGHT_APPS_BASE_LOOKUPCOMMAND_H_

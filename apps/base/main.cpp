@@ -10,7 +10,7 @@
 #include "apps/base/InfoCommand.h"
 #include "apps/base/LookupCommand.h"
 
-namespace postwright::service {
+namespace postwright::postal {
 
 namespace {
 
@@ -148,14 +148,14 @@ int RunCommandLine(int argc, char** argv) {
 
 }  // namespace
 
-}  // namespace postwright::service
+}  // namespace postwright::postal
 
 int main(int argc, char** argv) {
   try {
     postwright::SetCharacterLocale();
-    return postwright::service::RunCommandLine(argc, argv);
+    return postwright::postal::RunCommandLine(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << "postwright-base: " << error.what() << '\n';
-    return postwright::service::kExitFailed;
+    return postwright::postal::kExitFailed;
   }
 }

@@ -29,7 +29,7 @@ void MakeFolderOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-GatewayParts::GatewayParts(const GatewayOptions& options, LocalBase& local, const Clock& clock,
+GatewayParts::GatewayParts(const GatewayOptions& options, LocalSource& local, const Clock& clock,
                            RequestLog& log)
     : local_(local) {
   if (!options.IsGateway()) {

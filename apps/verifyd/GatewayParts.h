@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "apps/verifyd/GatewayOptions.h"
-#include "service/LocalBase.h"
+#include "service/LocalSource.h"
 #include "service/gateway/AnswerCache.h"
 #include "service/gateway/FallbackSource.h"
 #include "service/gateway/Gateway.h"
@@ -20,7 +20,7 @@ namespace postwright::service {
 class GatewayParts {
  public:
   // Throws CredentialsError or StoreError where a file cannot be used. Borrows all but the options.
-  GatewayParts(const GatewayOptions& options, LocalBase& local, const Clock& clock,
+  GatewayParts(const GatewayOptions& options, LocalSource& local, const Clock& clock,
                RequestLog& log);
 
   AnswerSource& Source();
@@ -31,7 +31,7 @@ class GatewayParts {
   FallbackSource* GetFallback() { return fallback_ ? &*fallback_ : nullptr; }
 
  private:
-  LocalBase& local_;
+  LocalSource& local_;
   std::unique_ptr<Upstream> upstream_;
   std::optional<AnswerCache> cache_;
   std::optional<Gateway> gateway_;

@@ -1,6 +1,6 @@
 #include "service/gateway/AnswerCache.h"
 
-#include "service/store/Sqlite.h"
+#include "postal/store/Sqlite.h"
 #include "service/upstream/VerifyXml.h"
 
 namespace postwright::service {
@@ -28,17 +28,17 @@ int64_t Seconds(Clock::Date date) {
 // Resets a statement when its work is done, however that ends.
 class Running {
  public:
-  explicit Running(SqliteStatement& statement) : statement_(statement) {}
+  explicit Running(postal::SqliteStatement& statement) : statement_(statement) {}
   ~Running() { statement_.Reset(); }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
 
  private:
-  SqliteStatement& statement_;
+  postal::SqliteStatement& statement_;
 };
 
 // Brings a new file into form and turns down one of another form.
-void Prepare(SqliteFile& file, const std::string& name) {
+void Prepare(postal::SqliteFile& file, const std::string& name) {
   file.Run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; BEGIN IMMEDIATE");
   const int64_t schema = file.Number("PRAGMA user_version");
   const bool isNew = schema == 0 && file.Number("SELECT count(*) FROM sqlite_schema") == 0;
@@ -49,13 +49,15 @@ void Prepare(SqliteFile& file, const std::string& name) {
   }
   file.Run("COMMIT");
   if (file.Number("PRAGMA application_id") != kApplication) {
-    throw StoreError(name + ": is not a cache of answers; name another file", SQLITE_NOTADB);
+    throw postal::StoreError(name + ": is not a cache of answers; name another file",
+                             SQLITE_NOTADB);
   }
   if (!isNew && schema != AnswerCache::kSchema) {
-    throw StoreError(name +
-                         ": was written by another version of this program; remove it or name "
-                         "another file",
-                     SQLITE_NOTADB);
+    throw postal::StoreError(
+        name +
+            ": was written by another version of this program; remove it or name "
+            "another file",
+        SQLITE_NOTADB);
   }
 }
 
@@ -78,8 +80,8 @@ class AnswerCache::Reader {
   }
 
  private:
-  SqliteFile file_;
-  SqliteStatement find_;
+  postal::SqliteFile file_;
+  postal::SqliteStatement find_;
 };
 
 class AnswerCache::Writer {
@@ -130,27 +132,27 @@ class AnswerCache::Writer {
   }
 
  private:
-  static SqliteFile Opened(const std::filesystem::path& name) {
-    SqliteFile file(name, kPatience);
+  static postal::SqliteFile Opened(const std::filesystem::path& name) {
+    postal::SqliteFile file(name, kPatience);
     Prepare(file, name.string());
     return file;
   }
 
   template <typename... Values>
-  static void Start(SqliteStatement& statement, const Values&... values) {
+  static void Start(postal::SqliteStatement& statement, const Values&... values) {
     const Running running(statement);
     int parameter = 0;
     (statement.Bind(++parameter, values), ...);
     statement.Step();
   }
 
-  SqliteFile file_;
-  SqliteStatement keep_;
-  SqliteStatement trim_;
-  SqliteStatement shrink_;
-  SqliteStatement note_;
-  SqliteStatement forget_;
-  SqliteStatement calls_;
+  postal::SqliteFile file_;
+  postal::SqliteStatement keep_;
+  postal::SqliteStatement trim_;
+  postal::SqliteStatement shrink_;
+  postal::SqliteStatement note_;
+  postal::SqliteStatement forget_;
+  postal::SqliteStatement calls_;
   uint64_t kept_ = 0;
 };
 
@@ -161,7 +163,7 @@ AnswerCache::AnswerCache(std::filesystem::path file, std::string source, const C
     writer_.connection = std::make_unique<Writer>(*this);
     reader_.connection = std::make_unique<Reader>(*this);
     size_ = writer_.connection->Trim(Seconds(clock_.Today() - limits_.lifetime), limits_.answers);
-  } catch (const StoreError& error) {
+  } catch (const postal::StoreError& error) {
     if (!error.MayPass()) {
       throw;
     }
@@ -178,7 +180,7 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
     return std::nullopt;
   }
   const UpstreamAnswer answer = VerifyXml::Read(row->second);
-  const auto* const rejection = std::get_if<Rejection>(&answer);
+  const auto* const rejection = std::get_if<postal::Rejection>(&answer);
   if (!IsFresh(row->first, rejection != nullptr)) {
     return std::nullopt;
   }

@@ -10,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-#include "service/address/Rejection.h"
+#include "postal/places/Rejection.h"
 #include "service/protocol/VerifyReply.h"
 #include "service/upstream/Clock.h"
 
@@ -37,7 +37,7 @@ class AnswerCache {
     int64_t answers = 200'000;  // about 150 MB; a hundred more, and the oldest go
   };
 
-  using Kept = std::variant<ReplyFields, Rejection>;
+  using Kept = std::variant<ReplyFields, postal::Rejection>;
 
   // Opens `file` or creates it, readable by its owner alone. Answers of another `source` are not
   // found, only counted and aged. Throws StoreError for a file that cannot be opened, is no

@@ -40,7 +40,7 @@ std::optional<AnswerCache::Kept> ToKeep(const AddressAnswer& answer) {
   if (const auto* fields = std::get_if<ReplyFields>(&answer)) {
     return *fields;
   }
-  const auto* const rejection = std::get_if<Rejection>(&answer);
+  const auto* const rejection = std::get_if<postal::Rejection>(&answer);
   return rejection == nullptr ? std::nullopt : std::optional<AnswerCache::Kept>(*rejection);
 }
 
@@ -89,7 +89,7 @@ Gateway::~Gateway() {
 
 void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done done) {
   const auto normal = NormaliseRequest(asked, *zips_());
-  if (const auto* rejection = std::get_if<Rejection>(&normal)) {
+  if (const auto* rejection = std::get_if<postal::Rejection>(&normal)) {
     {
       const std::lock_guard lock(mutex_);
       ++counts_.turnedDownHere;
@@ -298,7 +298,7 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
   } else if (const auto* fields = std::get_if<ReplyFields>(&outcome.answer)) {
     flight->answer = *fields;
   } else {
-    flight->answer = std::get<Rejection>(outcome.answer);
+    flight->answer = std::get<postal::Rejection>(outcome.answer);
   }
   for (Waiter& waiter : flight->waiters) {
     deliveries.push_back({std::move(waiter.done), *flight->answer});

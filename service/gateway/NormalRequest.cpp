@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "service/address/CityName.h"
-#include "service/address/Lexicon.h"
-#include "service/text/AsciiText.h"
+#include "common/AsciiText.h"
+#include "postal/places/CityName.h"
+#include "postal/words/Lexicon.h"
 
 namespace postwright::service {
 namespace {
@@ -63,49 +63,50 @@ void SplitZip(RequestAddress& address) {
 }
 
 // Finds the state and says what is missing of the last line, where something is.
-std::optional<Rejection> CompleteLastLine(RequestAddress& address, const ZipBase& base) {
+std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
+                                                  const postal::ZipList& base) {
   const bool isZipGiven = !address.zip5.empty();
   const bool isStateGiven = !address.state.empty();
-  address.state = Lexicon::Get().State(address.state);
+  address.state = postal::Lexicon::Get().State(address.state);
   SplitZip(address);
   if (isStateGiven && address.state.empty()) {
-    return Rejection::InvalidState;
+    return postal::Rejection::InvalidState;
   }
   if (!isStateGiven && !address.zip5.empty()) {
-    const ZipBase::City* const city = base.FindZip(address.zip5);
+    const postal::ZipList::City* const city = base.FindZip(address.zip5);
     address.state = city != nullptr ? city->state : "";
   }
   if (address.state.empty()) {
-    return isZipGiven              ? Rejection::InvalidZip
-           : !address.city.empty() ? Rejection::InvalidState
-                                   : Rejection::InvalidAddress;
+    return isZipGiven              ? postal::Rejection::InvalidZip
+           : !address.city.empty() ? postal::Rejection::InvalidState
+                                   : postal::Rejection::InvalidAddress;
   }
   if (address.city.empty() && address.zip5.empty()) {
-    return isZipGiven ? Rejection::InvalidZip : Rejection::InvalidCity;
+    return isZipGiven ? postal::Rejection::InvalidZip : postal::Rejection::InvalidCity;
   }
   return std::nullopt;
 }
 
 }  // namespace
 
-std::variant<RequestAddress, Rejection> NormaliseRequest(const RequestAddress& asked,
-                                                         const ZipBase& base) {
+std::variant<RequestAddress, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
+                                                                 const postal::ZipList& base) {
   RequestAddress address = asked;
   address.id.reset();
   if (asked.cutShort || !Fold(address)) {
-    return Rejection::InvalidAddress;
+    return postal::Rejection::InvalidAddress;
   }
   address.firmName = SingleBlanks(address.firmName);
   address.address1 = Plain(address.address1);
   address.address2 = Plain(address.address2);
-  address.city = StandardCity(address.city);
+  address.city = postal::StandardCity(address.city);
   address.state = Plain(address.state);
   address.urbanization = Plain(address.urbanization);
   if (address.address2.empty()) {
     std::swap(address.address1, address.address2);
   }
   if (address.address2.empty()) {
-    return Rejection::InvalidAddress;
+    return postal::Rejection::InvalidAddress;
   }
   if (const auto rejection = CompleteLastLine(address, base)) {
     return *rejection;

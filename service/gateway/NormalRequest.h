@@ -4,8 +4,8 @@
 #include <string>
 #include <variant>
 
-#include "service/address/Rejection.h"
-#include "service/address/ZipBase.h"
+#include "postal/places/Rejection.h"
+#include "postal/places/ZipList.h"
 #include "service/protocol/VerifyRequest.h"
 
 namespace postwright::service {
@@ -24,8 +24,8 @@ namespace postwright::service {
 // Returns the reason where no upstream could answer the address, so that no call is spent on it: no
 // delivery line, a field too long or without Latin letters, no such state, neither a ZIP code nor a
 // city and state. Pure, for any thread.
-std::variant<RequestAddress, Rejection> NormaliseRequest(const RequestAddress& asked,
-                                                         const ZipBase& base);
+std::variant<RequestAddress, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
+                                                                 const postal::ZipList& base);
 
 // Returns what two normal requests have in common exactly if they are the same.
 std::string KeyOf(const RequestAddress& normal);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "service/text/Xml.h"
+#include "service/protocol/Xml.h"
 
 namespace postwright::service {
 namespace {
@@ -10,22 +10,22 @@ namespace {
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
 struct RejectionRow {
-  Rejection rejection;
+  postal::Rejection rejection;
   std::string_view number;
   std::string_view description;  // blanks at the end included: clients compare
 };
 
 constexpr RejectionRow kRejections[] = {
-    {Rejection::InvalidAddress, "-2147219396", "Invalid Address.  "},
-    {Rejection::InvalidZip, "-2147219399", "Invalid Zip Code.  "},
-    {Rejection::InvalidCity, "-2147219400", "Invalid City.  "},
-    {Rejection::NotFound, "-2147219401", "Address Not Found.  "},
-    {Rejection::InvalidState, "-2147219402", "Invalid State Code.  "},
-    {Rejection::Multiple, "-2147219403",
+    {postal::Rejection::InvalidAddress, "-2147219396", "Invalid Address.  "},
+    {postal::Rejection::InvalidZip, "-2147219399", "Invalid Zip Code.  "},
+    {postal::Rejection::InvalidCity, "-2147219400", "Invalid City.  "},
+    {postal::Rejection::NotFound, "-2147219401", "Address Not Found.  "},
+    {postal::Rejection::InvalidState, "-2147219402", "Invalid State Code.  "},
+    {postal::Rejection::Multiple, "-2147219403",
      "Multiple addresses were found for the information you entered, and no default exists."},
 };
 
-const RejectionRow& RowOf(Rejection rejection) {
+const RejectionRow& RowOf(postal::Rejection rejection) {
   for (const RejectionRow& row : kRejections) {
     if (row.rejection == rejection) {
       return row;
@@ -40,7 +40,7 @@ void IfKnown(std::string& xml, std::string_view name, std::string_view text) {
   }
 }
 
-void WriteRejection(std::string& xml, Rejection rejection) {
+void WriteRejection(std::string& xml, postal::Rejection rejection) {
   const RejectionRow& row = RowOf(rejection);
   xml += "<Error>";
   AppendElement(xml, "Number", row.number);
@@ -123,7 +123,7 @@ std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, boo
     if (const auto* fields = std::get_if<ReplyFields>(&address.outcome)) {
       WriteFields(xml, *fields, revision1);
     } else {
-      WriteRejection(xml, std::get<Rejection>(address.outcome));
+      WriteRejection(xml, std::get<postal::Rejection>(address.outcome));
     }
     xml += "</Address>";
   }
@@ -151,11 +151,11 @@ std::string VerifyReply::ComposeUnknownApi(std::string_view api) {
                                    " is not a valid API name for this protocol.");
 }
 
-std::string_view VerifyReply::NumberOf(Rejection rejection) {
+std::string_view VerifyReply::NumberOf(postal::Rejection rejection) {
   return RowOf(rejection).number;
 }
 
-std::string_view VerifyReply::DescriptionOf(Rejection rejection) {
+std::string_view VerifyReply::DescriptionOf(postal::Rejection rejection) {
   return RowOf(rejection).description;
 }
 

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "service/address/Rejection.h"
+#include "postal/places/Rejection.h"
 #include "service/protocol/VerifyRequest.h"
 
 namespace postwright::service {
@@ -57,7 +57,7 @@ struct ServiceFault {
 // What is said of one address: why it is turned down, its standard form, or why nothing can be said
 // of it now. The last makes the whole document an error: what stands beside an address would tell
 // the client that the address is wrong.
-using AddressAnswer = std::variant<Rejection, ReplyFields, ServiceFault>;
+using AddressAnswer = std::variant<postal::Rejection, ReplyFields, ServiceFault>;
 
 // The answer to one address.
 struct ReplyAddress {
@@ -82,8 +82,8 @@ std::string ComposeFault(RequestFault fault);
 std::string ComposeUnknownApi(std::string_view api);
 
 // What stands for a rejection on the wire: "-2147219401", "Address Not Found.  ".
-std::string_view NumberOf(Rejection rejection);
-std::string_view DescriptionOf(Rejection rejection);
+std::string_view NumberOf(postal::Rejection rejection);
+std::string_view DescriptionOf(postal::Rejection rejection);
 
 }  // namespace VerifyReply
 }  // namespace postwright::service

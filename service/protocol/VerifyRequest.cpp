@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "service/text/XmlDocument.h"
+#include "service/protocol/XmlDocument.h"
 
 namespace postwright::service {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "service/address/CityName.h"
-#include "service/text/AsciiText.h"
+#include "common/AsciiText.h"
+#include "postal/places/CityName.h"
 #include "service/upstream/Json.h"
 
 namespace postwright::service {
@@ -18,43 +18,43 @@ constexpr size_t kLongestPrintedCity = 13;
 
 struct RejectionRow {
   std::string_view text;
-  Rejection rejection;
+  postal::Rejection rejection;
 };
 
 // The codes of an error. The same six are the reasons of the Verify interface, in another order.
 constexpr RejectionRow kErrorCodes[] = {
-    {"010001", Rejection::InvalidAddress}, {"010002", Rejection::InvalidZip},
-    {"010003", Rejection::InvalidState},   {"010004", Rejection::InvalidCity},
-    {"010005", Rejection::NotFound},       {"010006", Rejection::Multiple},
+    {"010001", postal::Rejection::InvalidAddress}, {"010002", postal::Rejection::InvalidZip},
+    {"010003", postal::Rejection::InvalidState},   {"010004", postal::Rejection::InvalidCity},
+    {"010005", postal::Rejection::NotFound},       {"010006", postal::Rejection::Multiple},
 };
 
 // The codes that stand beside an address: those of the matching software behind the API.
 constexpr RejectionRow kMatchCodes[] = {
-    {"10", Rejection::InvalidAddress}, {"11", Rejection::InvalidZip},
-    {"12", Rejection::InvalidState},   {"13", Rejection::InvalidCity},
-    {"21", Rejection::NotFound},       {"22", Rejection::Multiple},
+    {"10", postal::Rejection::InvalidAddress}, {"11", postal::Rejection::InvalidZip},
+    {"12", postal::Rejection::InvalidState},   {"13", postal::Rejection::InvalidCity},
+    {"21", postal::Rejection::NotFound},       {"22", postal::Rejection::Multiple},
 };
 constexpr std::string_view kDefaultMatchCode = "32";
 
 // Parts of an error's text in upper case: the one family says them with codes, the other without.
 constexpr RejectionRow kErrorTexts[] = {
-    {"MULTIPLE ADDRESSES WERE FOUND", Rejection::Multiple},
-    {"MORE THAN ONE ADDRESS WAS FOUND", Rejection::Multiple},
-    {"ADDRESS NOT FOUND", Rejection::NotFound},
-    {"NO MATCH FOR THE ADDRESS", Rejection::NotFound},
-    {"INVALID ZIP", Rejection::InvalidZip},
-    {"INVALID STATE", Rejection::InvalidState},
-    {"STATE CODE IN THE REQUEST IS MISSING OR INVALID", Rejection::InvalidState},
-    {"INVALID CITY", Rejection::InvalidCity},
-    {"CITY IN THE REQUEST IS MISSING OR INVALID", Rejection::InvalidCity},
-    {"CITY AND STATE ARE MISSING OR TOGETHER UNVERIFIABLE", Rejection::InvalidCity},
-    {"INVALID ADDRESS", Rejection::InvalidAddress},
-    {"INSUFFICIENT TO MATCH", Rejection::InvalidAddress},
-    {"INVALID DELIVERY ADDRESS", Rejection::InvalidAddress},
+    {"MULTIPLE ADDRESSES WERE FOUND", postal::Rejection::Multiple},
+    {"MORE THAN ONE ADDRESS WAS FOUND", postal::Rejection::Multiple},
+    {"ADDRESS NOT FOUND", postal::Rejection::NotFound},
+    {"NO MATCH FOR THE ADDRESS", postal::Rejection::NotFound},
+    {"INVALID ZIP", postal::Rejection::InvalidZip},
+    {"INVALID STATE", postal::Rejection::InvalidState},
+    {"STATE CODE IN THE REQUEST IS MISSING OR INVALID", postal::Rejection::InvalidState},
+    {"INVALID CITY", postal::Rejection::InvalidCity},
+    {"CITY IN THE REQUEST IS MISSING OR INVALID", postal::Rejection::InvalidCity},
+    {"CITY AND STATE ARE MISSING OR TOGETHER UNVERIFIABLE", postal::Rejection::InvalidCity},
+    {"INVALID ADDRESS", postal::Rejection::InvalidAddress},
+    {"INSUFFICIENT TO MATCH", postal::Rejection::InvalidAddress},
+    {"INVALID DELIVERY ADDRESS", postal::Rejection::InvalidAddress},
 };
 
 template <size_t size>
-std::optional<Rejection> FindCode(const RejectionRow (&rows)[size], std::string_view code) {
+std::optional<postal::Rejection> FindCode(const RejectionRow (&rows)[size], std::string_view code) {
   for (const RejectionRow& row : rows) {
     if (row.text == code) {
       return row.rejection;
@@ -90,13 +90,13 @@ bool HasCode(const json& reply, std::string_view code) {
 
 // The API gives the abbreviation as the city, too. The base's name is taken where it abbreviates to
 // what the API said, and only then: it may be another of the names that a ZIP code has.
-void RestoreCity(ReplyFields& fields, const ZipBase& base) {
-  const ZipBase::City* const known = base.FindZip(fields.zip5);
+void RestoreCity(ReplyFields& fields, const postal::ZipList& base) {
+  const postal::ZipList::City* const known = base.FindZip(fields.zip5);
   if (fields.city.empty() || fields.city == fields.cityAbbreviation) {
     fields.city = fields.cityAbbreviation;
     if (known != nullptr && known->name.size() > kLongestPrintedCity && !fields.city.empty()) {
-      const CityFit fit = CompareCity(fields.city, known->name);
-      if (fit == CityFit::Abbreviation || fit == CityFit::Same) {
+      const postal::CityFit fit = postal::CompareCity(fields.city, known->name);
+      if (fit == postal::CityFit::Abbreviation || fit == postal::CityFit::Same) {
         fields.city = known->name;
       }
     }
@@ -141,7 +141,8 @@ bool IsPlaced(const ReplyFields& fields) {
          (fields.zip4.empty() || (fields.zip4.size() == 4 && AllDigits(fields.zip4)));
 }
 
-UpstreamAnswer ReadAddress(const json& reply, const RequestAddress& asked, const ZipBase& base) {
+UpstreamAnswer ReadAddress(const json& reply, const RequestAddress& asked,
+                           const postal::ZipList& base) {
   for (const RejectionRow& row : kMatchCodes) {
     if (HasCode(reply, row.text)) {
       return row.rejection;
@@ -195,15 +196,15 @@ bool IsOfValidator(std::string_view texts) {
          texts.find("OPENAPI_VALIDATION_ERROR") != std::string_view::npos;
 }
 
-std::optional<Rejection> ReasonByCode(const json& error) {
-  std::optional<Rejection> reason = FindCode(kErrorCodes, JsonText(error, "code"));
+std::optional<postal::Rejection> ReasonByCode(const json& error) {
+  std::optional<postal::Rejection> reason = FindCode(kErrorCodes, JsonText(error, "code"));
   for (const json& entry : JsonMember(error, "errors")) {
     reason = reason ? reason : FindCode(kErrorCodes, JsonText(entry, "code"));
   }
   return reason;
 }
 
-std::optional<Rejection> ReasonByText(std::string_view texts) {
+std::optional<postal::Rejection> ReasonByText(std::string_view texts) {
   for (const RejectionRow& row : kErrorTexts) {
     if (texts.find(row.text) != std::string_view::npos) {
       return row.rejection;
@@ -234,8 +235,8 @@ UpstreamAnswer ReadError(const HttpAnswer& answer, const json& reply) {
   if (const auto reason = ReasonByText(texts)) {
     return *reason;
   }
-  return answer.status == kBadRequest ? UpstreamAnswer(Rejection::InvalidAddress)
-         : answer.status == kNotFound ? UpstreamAnswer(Rejection::NotFound)
+  return answer.status == kBadRequest ? UpstreamAnswer(postal::Rejection::InvalidAddress)
+         : answer.status == kNotFound ? UpstreamAnswer(postal::Rejection::NotFound)
                                       : UpstreamAnswer(fault);
 }
 
@@ -261,7 +262,7 @@ std::string PostalApi::QueryFor(const RequestAddress& normal) {
 }
 
 UpstreamAnswer PostalApi::Read(const HttpAnswer& answer, const RequestAddress& normal,
-                               const ZipBase& base) {
+                               const postal::ZipList& base) {
   const std::optional<json> reply = ParseJsonObject(answer.body);
   if (answer.status == kOk && reply && !reply->contains("error")) {
     return ReadAddress(*reply, normal, base);

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "service/address/ZipBase.h"
+#include "postal/places/ZipList.h"
 #include "service/upstream/HttpClient.h"
 #include "service/upstream/Upstream.h"
 
@@ -21,7 +21,8 @@ std::string QueryFor(const RequestAddress& normal);
 
 // Returns what the API has answered to the query for `normal`. The long form of a city that it
 // abbreviated comes from the base.
-UpstreamAnswer Read(const HttpAnswer& answer, const RequestAddress& normal, const ZipBase& base);
+UpstreamAnswer Read(const HttpAnswer& answer, const RequestAddress& normal,
+                    const postal::ZipList& base);
 
 }  // namespace PostalApi
 }  // namespace postwright::service

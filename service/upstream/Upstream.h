@@ -41,7 +41,7 @@ struct UpstreamFault {
   std::string detail = {};
 };
 
-using UpstreamAnswer = std::variant<ReplyFields, Rejection, UpstreamFault>;
+using UpstreamAnswer = std::variant<ReplyFields, postal::Rejection, UpstreamFault>;
 
 struct UpstreamOutcome {
   UpstreamAnswer answer;

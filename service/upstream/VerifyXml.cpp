@@ -1,7 +1,7 @@
 #include "service/upstream/VerifyXml.h"
 
-#include "service/text/Xml.h"
-#include "service/text/XmlDocument.h"
+#include "service/protocol/Xml.h"
+#include "service/protocol/XmlDocument.h"
 
 namespace postwright::service {
 namespace {
@@ -39,9 +39,10 @@ constexpr FieldRow kFields[] = {
     {"Vacant", &ReplyFields::vacant},
 };
 
-constexpr Rejection kRejections[] = {
-    Rejection::InvalidAddress, Rejection::InvalidZip, Rejection::InvalidState,
-    Rejection::InvalidCity,    Rejection::NotFound,   Rejection::Multiple,
+constexpr postal::Rejection kRejections[] = {
+    postal::Rejection::InvalidAddress, postal::Rejection::InvalidZip,
+    postal::Rejection::InvalidState,   postal::Rejection::InvalidCity,
+    postal::Rejection::NotFound,       postal::Rejection::Multiple,
 };
 
 std::string ValueOf(pugi::xml_node element) {
@@ -56,13 +57,13 @@ UpstreamAnswer RootFault(const std::string& number) {
   return UpstreamFault{kind, {}, "root error " + number.substr(0, kLongestNumber)};
 }
 
-Rejection ReadRejection(const std::string& number) {
-  for (const Rejection rejection : kRejections) {
+postal::Rejection ReadRejection(const std::string& number) {
+  for (const postal::Rejection rejection : kRejections) {
     if (VerifyReply::NumberOf(rejection) == number) {
       return rejection;
     }
   }
-  return Rejection::InvalidAddress;  // of a kind that only the partner knows
+  return postal::Rejection::InvalidAddress;  // of a kind that only the partner knows
 }
 
 UpstreamAnswer ReadAddress(pugi::xml_node address) {

@@ -4,13 +4,13 @@
 #include <functional>
 #include <memory>
 
-#include "service/address/ZipBase.h"
+#include "postal/places/ZipList.h"
 
 namespace postwright::service {
 
 // Gives the ZIP codes as they are known at the moment: the base may be read again at any time. What
 // was given stays as it is while it is held. Never null; from any thread.
-using Zips = std::function<std::shared_ptr<const ZipBase>()>;
+using Zips = std::function<std::shared_ptr<const postal::ZipList>()>;
 
 }  // namespace postwright::service
 

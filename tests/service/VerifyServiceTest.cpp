@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "service/Verifier.h"
-#include "tests/service/ShippedBase.h"
+#include "tests/postal/ShippedZips.h"
 
 namespace postwright::service {
 namespace {
@@ -21,7 +21,7 @@ constexpr const char* kNoUser =
     "password is incorrect.</Description><Source>USPSCOM::DoAuth</Source></Error>";
 
 std::string Answer(const HttpRequest& request) {
-  Verifier verifier(Base());
+  Verifier verifier(postal::ShippedZips());
   VerifyService service(verifier, nullptr, {"", false});
   HttpReply reply;
   service.Answer(request, [&](HttpReply answer) { reply = std::move(answer); });

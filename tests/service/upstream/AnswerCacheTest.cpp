@@ -9,7 +9,7 @@
 #include <fstream>
 #include <thread>
 
-#include "service/store/Sqlite.h"
+#include "postal/store/Sqlite.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/support/TempFolder.h"
 
@@ -55,14 +55,14 @@ class AnswerCacheTest : public testing::Test {
 
 TEST_F(AnswerCacheTest, KeepsOverARestartAndForItsLifetime) {
   Open().Keep("found", found_);
-  cache_->Keep("rejected", Rejection::Multiple);
+  cache_->Keep("rejected", postal::Rejection::Multiple);
   cache_->NoteCall();
   struct stat state = {};
   ASSERT_EQ(stat(file_.c_str(), &state), 0);
   EXPECT_EQ(state.st_mode & 0777U, 0600U);
   Open();
   EXPECT_EQ(cache_->Find("found"), AnswerCache::Kept(found_));
-  EXPECT_EQ(cache_->Find("rejected"), AnswerCache::Kept(Rejection::Multiple));
+  EXPECT_EQ(cache_->Find("rejected"), AnswerCache::Kept(postal::Rejection::Multiple));
   EXPECT_EQ(cache_->Find("foun"), std::nullopt);
   EXPECT_EQ(cache_->CallsWithin(hours(1)).size(), 1U);
   EXPECT_EQ(Open("b").Find("found"), std::nullopt);
@@ -100,20 +100,20 @@ TEST_F(AnswerCacheTest, TurnsDownWhatIsNoCache) {
         "PRAGMA application_id=1; PRAGMA user_version=1; CREATE TABLE b(c)",
         "PRAGMA application_id=1347895619; PRAGMA user_version=2; CREATE TABLE b(c)"}) {
     Remove();
-    SqliteFile(file_, seconds(1)).Run(statements);
-    EXPECT_THROW(Open(), StoreError) << statements;
+    postal::SqliteFile(file_, seconds(1)).Run(statements);
+    EXPECT_THROW(Open(), postal::StoreError) << statements;
   }
   Remove();
   std::ofstream(file_) << std::string(10'000, 'x');
-  EXPECT_THROW(Open(), StoreError);
+  EXPECT_THROW(Open(), postal::StoreError);
   file_ = "/nonexistent/answers";
-  EXPECT_THROW(Open(), StoreError);
+  EXPECT_THROW(Open(), postal::StoreError);
 }
 
 // A lock costs what would have been kept, and no time; once it is gone, all is well.
 TEST_F(AnswerCacheTest, DoesWithoutAFileThatIsLocked) {
   Open().Keep("before", found_);
-  SqliteFile other(file_, seconds(1));
+  postal::SqliteFile other(file_, seconds(1));
   other.Run("BEGIN IMMEDIATE");
   cache_->Keep("locked", found_);
   EXPECT_EQ(cache_->Failures(), 1U);

@@ -99,7 +99,7 @@ std::string Show(const AddressAnswer& answer) {
   if (const auto* fault = std::get_if<ServiceFault>(&answer)) {
     return fault->kind;
   }
-  return std::holds_alternative<Rejection>(answer) ? "rejected" : "found";
+  return std::holds_alternative<postal::Rejection>(answer) ? "rejected" : "found";
 }
 
 class GatewayTest : public testing::Test {
@@ -147,7 +147,7 @@ class GatewayTest : public testing::Test {
 
   const TempFolder folder_;
   ManualClock clock_;
-  std::shared_ptr<ZipBase> zips_ = std::make_shared<ZipBase>();
+  std::shared_ptr<postal::ZipList> zips_ = std::make_shared<postal::ZipList>();
   RequestLog log_{-1, ""};
   ScriptedUpstream upstream_;
   std::optional<Budget::Rate> rate_ = Budget::Rate{100, seconds(3600)};
@@ -170,7 +170,7 @@ TEST_F(GatewayTest, AsksForOneAddressOnce) {
   EXPECT_EQ(Calls(), 2U);
   Start();
   EXPECT_EQ(Ask("1"), "found");
-  upstream_.Say({Rejection::NotFound, 1});
+  upstream_.Say({postal::Rejection::NotFound, 1});
   EXPECT_EQ(Ask("3"), "rejected");
   EXPECT_EQ(Ask("3"), "rejected");
   EXPECT_EQ(Ask("\xD0\x9C"), "rejected");  // nothing to ask anybody for

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "service/protocol/VerifyReply.h"
-#include "tests/service/ShippedBase.h"
+#include "tests/postal/ShippedZips.h"
 
 namespace postwright::service {
 namespace {
@@ -24,8 +24,8 @@ RequestAddress Address(const char* address1, const std::string& address2, const 
 }
 
 std::string Show(const RequestAddress& asked) {
-  const auto normal = NormaliseRequest(asked, Base());
-  if (const auto* rejection = std::get_if<Rejection>(&normal)) {
+  const auto normal = NormaliseRequest(asked, postal::ShippedZips());
+  if (const auto* rejection = std::get_if<postal::Rejection>(&normal)) {
     return std::string(VerifyReply::NumberOf(*rejection));
   }
   std::string key = KeyOf(std::get<RequestAddress>(normal));

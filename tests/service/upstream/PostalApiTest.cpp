@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "service/upstream/VerifyXml.h"
-#include "tests/service/ShippedBase.h"
+#include "tests/postal/ShippedZips.h"
 #include "tests/service/upstream/PostalStandIn.h"
 
 namespace postwright::service {
@@ -14,7 +14,7 @@ std::string Show(const UpstreamAnswer& answer) {
   if (const auto* fault = std::get_if<UpstreamFault>(&answer)) {
     return std::string(NameOf(fault->kind));
   }
-  if (const auto* rejection = std::get_if<Rejection>(&answer)) {
+  if (const auto* rejection = std::get_if<postal::Rejection>(&answer)) {
     return std::string(VerifyReply::NumberOf(*rejection));
   }
   const std::string xml =
@@ -110,7 +110,7 @@ TEST(PostalApiTest, ReadsAddresses) {
     asked.firmName = row.more.find("firm") != std::string::npos ? "ASKED" : "";
     const std::string body = R"({"address":{)" + row.address + R"(},"additionalInfo":{)" +
                              row.info + "}" + (row.more.empty() ? "" : ",") + row.more + "}";
-    EXPECT_EQ(Show(PostalApi::Read({200, body, {}}, asked, Base())), row.elements);
+    EXPECT_EQ(Show(PostalApi::Read({200, body, {}}, asked, postal::ShippedZips())), row.elements);
   }
 }
 
@@ -179,7 +179,8 @@ const ErrorCase kErrors[] = {
 
 TEST(PostalApiTest, ReadsErrors) {
   for (const ErrorCase& row : kErrors) {
-    EXPECT_EQ(Show(PostalApi::Read({row.status, row.body, {}}, {}, Base())), row.result)
+    EXPECT_EQ(Show(PostalApi::Read({row.status, row.body, {}}, {}, postal::ShippedZips())),
+              row.result)
         << row.status << ' ' << row.body.substr(0, 200);
   }
 }

@@ -7,7 +7,7 @@
 #include "service/upstream/PostalApiUpstream.h"
 #include "service/upstream/UpstreamUrl.h"
 #include "service/upstream/VerifyXmlUpstream.h"
-#include "tests/service/ShippedBase.h"
+#include "tests/postal/ShippedZips.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/service/upstream/PostalStandIn.h"
 #include "tests/support/TempFolder.h"
@@ -32,7 +32,7 @@ std::string Show(const UpstreamOutcome& outcome) {
   if (const auto* fault = std::get_if<UpstreamFault>(&outcome.answer)) {
     return std::string(NameOf(fault->kind));
   }
-  const auto* const rejection = std::get_if<Rejection>(&outcome.answer);
+  const auto* const rejection = std::get_if<postal::Rejection>(&outcome.answer);
   return rejection == nullptr ? "found" : std::string(VerifyReply::NumberOf(*rejection));
 }
 
@@ -55,7 +55,7 @@ class PostalUpstreamTest : public testing::Test {
   const TempFolder folder_;
   std::string credentials_ =
       folder_.Write("good", "# comment\n\n client_id = id\r\nclient_secret=secret");
-  Zips zips_ = [] { return std::make_shared<ZipBase>(); };
+  Zips zips_ = [] { return std::make_shared<postal::ZipList>(); };
   ManualClock clock_;
   HttpClient::Limits limits_;
   PostalStandIn api_;
@@ -237,7 +237,7 @@ TEST(UpstreamUrlTest, SendsNoSecretInTheClear) {
 // The partner is our own service.
 TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   const TempFolder folder;
-  Verifier verifier(Base());
+  Verifier verifier(postal::ShippedZips());
   VerifyService service(verifier, nullptr, {"/usps", false});
   RequestLog log(-1, "");
   HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {},

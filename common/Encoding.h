@@ -1,0 +1,23 @@
+#ifndef POSTWRIGHT_COMMON_ENCODING_H_
+#define POSTWRIGHT_COMMON_ENCODING_H_
+
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// Says whether `bytes` are well-formed UTF-8 (RFC 3629: no overlong forms, no surrogates).
+bool IsUtf8(std::string_view bytes);
+
+// Returns `bytes` as UTF-8: unchanged where they are that already, otherwise read as Windows-1252,
+// of which ISO-8859-1 is the part that clients mean. Every byte reads as something; the five that
+// Windows-1252 leaves open read as U+FFFD.
+std::string DecodeText(std::string_view bytes);
+
+// The same for a document that may also be UTF-16 with its byte order mark (RFC 2781). What is no
+// character there reads as U+FFFD.
+std::string DecodeDocument(std::string_view bytes);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_COMMON_ENCODING_H_

@@ -1,0 +1,75 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_ADDRESSBASE_H_
+#define POSTWRIGHT_POSTAL_BASE_ADDRESSBASE_H_
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include "postal/base/BaseReader.h"
+#include "postal/store/FileImage.h"
+
+namespace postwright::postal {
+
+// An address base: which streets and house numbers there are. postwright-base makes it.
+//
+//   const AddressBase base("texas.base");
+//   const AddressBase::Lease reader = base.Borrow();
+//   reader->FindStreets("78701", StreetKey("MAIN"));
+//
+// Any thread may borrow, each a connection of its own. A base that is replaced by a newer one
+// (postwright-base import) stays readable as it was for as long as the object lives: all
+// connections are opened at once, so that none of them can be to the newer file.
+class AddressBase {
+ public:
+  // Bytes of a base that a service keeps in memory.
+  static constexpr size_t kMostInMemory = size_t{512} * 1024 * 1024;
+
+  // Opens the file. Throws ZipListError where it is no finished base of this version, or was
+  // changed in place by a program that has not closed it properly, and StoreError where it cannot
+  // be read.
+  //
+  // A base of up to `mostInMemory` bytes is read into memory, which the connections share; of a
+  // larger one each keeps the pages that it met last. The first answers faster, the second at once.
+  explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0);
+
+  class Lease;
+
+  // Lends a connection to the calling thread until the lease ends, which must be before the base
+  // does: the same one as the last time, where that is free. Waits for it while all are lent; a
+  // thread must not ask for a second.
+  Lease Borrow() const;
+
+ private:
+  static constexpr size_t kConnections = 8;  // as many as the server has threads at most
+
+  // Two of them share no cache line.
+  struct alignas(64) Connection {
+    std::mutex mutex;  // held while it is lent
+    std::unique_ptr<BaseReader> reader;
+  };
+
+  void Open(const std::filesystem::path& file, size_t mostInMemory);
+
+  std::optional<FileImage> image_;
+  mutable std::array<Connection, kConnections> connections_;
+};
+
+class AddressBase::Lease {
+ public:
+  BaseReader& operator*() const { return *reader_; }
+  BaseReader* operator->() const { return reader_; }
+
+ private:
+  friend class AddressBase;
+  Lease(std::unique_lock<std::mutex> lock, BaseReader& reader)
+      : lock_(std::move(lock)), reader_(&reader) {}
+
+  std::unique_lock<std::mutex> lock_;
+  BaseReader* reader_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_ADDRESSBASE_H_

@@ -1,0 +1,79 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_ADDRESSMATCHER_H_
+#define POSTWRIGHT_POSTAL_BASE_ADDRESSMATCHER_H_
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "postal/base/BaseReader.h"
+#include "postal/base/Explanation.h"
+#include "postal/base/StreetMatcher.h"
+#include "postal/lines/Standardiser.h"
+#include "postal/places/LastLine.h"
+#include "postal/places/ZipList.h"
+
+namespace postwright::postal {
+
+// An address as far as it is known without streets.
+struct AddressQuestion {
+  LastLine asked;                                // folded, as it came
+  std::variant<PlacedLine, Rejection> lastLine;  // what LastLineChecker said of it
+  std::string state;                             // that the lines were standardised for
+  StandardLines lines;
+};
+
+// The same with what the base knows of it.
+struct MatchedAddress {
+  PlacedLine placed;
+  DeliveryLines lines;
+  std::string zip4;             // empty where no source gives it
+  char confirmation = 'N';      // Y, D, S or N
+  std::string dpvFootnotes;     // empty where nothing was looked up
+  bool nameChanged = false;     // the street was misspelt
+  bool elementChanged = false;  // a directional, suffix or designator was missing or wrong
+  bool unitIsMissing = false;   // the building has units, and none was asked for
+};
+
+// Decides on an address with an address base; docs/address-base.md is the table of its rules.
+//
+//   AddressMatcher(zips, reader, nullptr).Match(question);
+//
+// It confirms what a source names, corrects what can only be meant in one way, and leaves the rest
+// as it was asked for. Borrows all three; `explanation` may be null. One thread.
+class AddressMatcher {
+ public:
+  using Answer = std::variant<MatchedAddress, Rejection>;
+
+  AddressMatcher(const ZipList& zips, BaseReader& reader, Explanation* explanation)
+      : zips_(zips), reader_(reader), explanation_(explanation), streets_(reader, explanation) {}
+
+  Answer Match(const AddressQuestion& question);
+
+ private:
+  struct Subject;
+
+  // These fill `answer`, or tell why there is none.
+  std::optional<Rejection> Decide(const Subject& subject, MatchedAddress& answer);
+  std::optional<PlacedLine> PlaceInNewZip(const AddressQuestion& question);
+  std::optional<Rejection> MatchInZip(const Subject& subject, MatchedAddress& answer);
+  std::optional<Rejection> MatchInCity(const Subject& subject, Rejection otherwise,
+                                       MatchedAddress& answer);
+  std::optional<Rejection> LeaveUnconfirmed(const StreetMatch& match, MatchedAddress& answer);
+  std::optional<Rejection> CheckCity(const Subject& subject, MatchedAddress& answer);
+  void Confirm(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
+  void ConfirmUnit(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
+  void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
+  std::vector<std::string> ZipsOf(const std::string& city, const std::string& state);
+  std::vector<std::pair<std::string, StreetMatch>> FindElsewhere(
+      const Subject& subject, const std::vector<std::string>& zips);
+
+  const ZipList& zips_;
+  BaseReader& reader_;
+  Explanation* explanation_;
+  StreetMatcher streets_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_ADDRESSMATCHER_H_

@@ -1,0 +1,55 @@
+#include "postal/base/BaseFile.h"
+
+#include <array>
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+#include "postal/base/BaseSchema.h"
+#include "postal/places/ZipList.h"
+
+namespace postwright::postal::BaseFile {
+namespace {
+
+// The beginning of the file; SQLite documents it at https://www.sqlite.org/fileformat.html.
+constexpr size_t kHeader = 100;
+constexpr size_t kVersionOffset = 60;
+constexpr size_t kApplicationOffset = 68;
+
+std::string ReadHeader(const std::filesystem::path& file) {
+  std::string header(kHeader, '\0');
+  std::ifstream input(file, std::ios::binary);
+  input.read(header.data(), kHeader);
+  header.resize(static_cast<size_t>(input.gcount()));
+  return header;
+}
+
+int64_t NumberAt(const std::string& header, size_t offset) {
+  uint32_t number = 0;
+  for (size_t i = 0; i < sizeof number; ++i) {
+    number = number << 8U | static_cast<unsigned char>(header[offset + i]);
+  }
+  return number;
+}
+
+}  // namespace
+
+bool IsSqlite(const std::filesystem::path& file) {
+  return ReadHeader(file).starts_with(BaseSchema::kMagic);
+}
+
+void Check(const std::filesystem::path& file) {
+  const std::string header = ReadHeader(file);
+  if (header.size() < kHeader || !header.starts_with(BaseSchema::kMagic) ||
+      NumberAt(header, kApplicationOffset) != BaseSchema::kApplicationId) {
+    throw ZipListError(file.string() + ": is no address base; 'postwright-base import' makes one");
+  }
+  const int64_t version = NumberAt(header, kVersionOffset);
+  if (version != BaseSchema::kVersion) {
+    throw ZipListError(file.string() + ": is of version " + std::to_string(version) +
+                       ", this program reads " + std::to_string(BaseSchema::kVersion) +
+                       "; import its sources again");
+  }
+}
+
+}  // namespace postwright::postal::BaseFile

@@ -1,0 +1,160 @@
+#include "postal/base/BaseReader.h"
+
+#include "postal/base/HouseNumber.h"
+
+namespace postwright::postal {
+namespace {
+
+// Gives a statement back its lock and its parameters when the rows are read.
+class Query {
+ public:
+  Query(SqliteStatement& statement, std::initializer_list<std::string_view> texts)
+      : statement_(statement) {
+    int parameter = 0;
+    for (const std::string_view text : texts) {
+      statement_.Bind(++parameter, text);
+    }
+  }
+  ~Query() { statement_.Reset(); }
+  Query(const Query&) = delete;
+  Query& operator=(const Query&) = delete;
+
+  bool Step() { return statement_.Step(); }
+
+ private:
+  SqliteStatement& statement_;
+};
+
+}  // namespace
+
+BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
+    : file_(std::move(file)),
+      facts_(std::move(facts)),
+      street_(file_,
+              "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
+              "suffix=? AND postdirectional=? AND urbanization=?"),
+      streets_(file_,
+               "SELECT id,predirectional,name,suffix,postdirectional,urbanization "
+               "FROM street WHERE zip=? AND key=?"),
+      keys_(file_, "SELECT DISTINCT key FROM street WHERE zip=? AND length(key) BETWEEN ? AND ?"),
+      points_(file_, "SELECT unit,zip4 FROM point WHERE street=? AND number=?"),
+      ranges_(file_, "SELECT low,high,parity,zip4 FROM number_range WHERE street=?"),
+      unitZip4_(file_,
+                "SELECT zip4 FROM point WHERE street=? AND number=? AND unit=? AND zip4<>''"),
+      cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
+      zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
+
+BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
+  Facts facts;
+  facts.hasRanges = file.Number("SELECT EXISTS(SELECT 1 FROM number_range)") != 0;
+  SqliteStatement rows(file,
+                       "SELECT zip.zip,max(whole) FROM zip JOIN source ON source.id=zip.source "
+                       "GROUP BY zip.zip");
+  while (rows.Step()) {
+    facts.zips.emplace(rows.Text(0), rows.Number(1) != 0);
+  }
+  if (withStreets) {
+    facts.streets.emplace(file);
+  }
+  return facts;
+}
+
+bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
+  const auto found = facts_->zips.find(zip);
+  return found != facts_->zips.end() && found->second;
+}
+
+std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const StreetName& street) {
+  if (facts_->streets) {
+    return facts_->streets->Find(zip, street);
+  }
+  const std::string key = StreetKey(street.name);
+  Query query(street_, {zip, key, street.name, street.predirectional, street.suffix,
+                        street.postdirectional, street.urbanization});
+  return query.Step() ? std::optional(street_.Number(0)) : std::nullopt;
+}
+
+std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
+  std::vector<KnownStreet> streets;
+  for (Query query(streets_, {zip, key}); query.Step();) {
+    streets.push_back({streets_.Number(0),
+                       {streets_.Text(1), streets_.Text(2), streets_.Text(3), streets_.Text(4),
+                        streets_.Text(5)}});
+  }
+  return streets;
+}
+
+std::vector<std::string> BaseReader::StreetKeys(const std::string& zip, size_t least, size_t most) {
+  std::vector<std::string> keys;
+  keys_.Bind(2, static_cast<int64_t>(least));
+  keys_.Bind(3, static_cast<int64_t>(most));
+  for (Query query(keys_, {zip}); query.Step();) {
+    keys.push_back(keys_.Text(0));
+  }
+  return keys;
+}
+
+NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
+  NumberFacts facts;
+  points_.Bind(1, street);
+  points_.Bind(2, number);
+  for (Query query(points_, {}); query.Step();) {
+    facts.isPoint = true;
+    std::string unit = points_.Text(0);
+    if (unit.empty()) {
+      facts.zip4 = facts.zip4.empty() ? points_.Text(1) : facts.zip4;
+    } else {
+      facts.units.push_back(std::move(unit));
+    }
+  }
+  if (!facts_->hasRanges) {
+    return facts;
+  }
+  const auto read = HouseNumber::Read(number);
+  ranges_.Bind(1, street);
+  for (Query query(ranges_, {}); query.Step();) {
+    facts.hasRanges = true;
+    const auto range = NumberRange::Read(ranges_.Text(0), ranges_.Text(1), ranges_.Text(2));
+    if (read && range && range->Holds(*read)) {
+      facts.inRange = true;
+      facts.zip4 = facts.zip4.empty() ? ranges_.Text(3) : facts.zip4;
+    }
+  }
+  return facts;
+}
+
+std::string BaseReader::UnitZip4(int64_t street, const std::string& number,
+                                 const std::string& unit) {
+  unitZip4_.Bind(1, street);
+  unitZip4_.Bind(2, number);
+  unitZip4_.Bind(3, unit);
+  Query query(unitZip4_, {});
+  return query.Step() ? unitZip4_.Text(0) : std::string();
+}
+
+std::string BaseReader::CityName(const std::string& zip, const std::string& key) {
+  Query query(cityName_, {zip, key});
+  return query.Step() ? cityName_.Text(0) : std::string();
+}
+
+std::vector<std::string> BaseReader::ZipsOfCity(const std::string& key) {
+  std::vector<std::string> zips;
+  for (Query query(zipsOfCity_, {key}); query.Step();) {
+    zips.push_back(zipsOfCity_.Text(0));
+  }
+  return zips;
+}
+
+std::vector<BaseReader::Source> BaseReader::Sources() {
+  std::vector<Source> sources;
+  SqliteStatement rows(file_,
+                       "SELECT name,format,licence,attribution,imported,whole,rows,left_out "
+                       "FROM source ORDER BY name");
+  while (rows.Step()) {
+    sources.push_back({rows.Text(0), rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4),
+                       rows.Number(5) != 0, rows.Number(6), rows.Number(7)});
+  }
+  return sources;
+}
+
+}  // namespace postwright::postal

@@ -1,0 +1,105 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_BASEREADER_H_
+#define POSTWRIGHT_POSTAL_BASE_BASEREADER_H_
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "postal/base/StreetIndex.h"
+#include "postal/base/StreetName.h"
+#include "postal/store/Sqlite.h"
+
+namespace postwright::postal {
+
+// A street of the base.
+struct KnownStreet {
+  int64_t id = 0;
+  StreetName street;
+};
+
+// What the base knows of a house number on a street.
+struct NumberFacts {
+  bool isPoint = false;  // a source names this very address
+  bool inRange = false;  // or a range that it lies in
+  bool hasRanges = false;
+  std::string zip4;                // of the address without a unit, where a source gives it
+  std::vector<std::string> units;  // of the building, standard: "APT 4"
+
+  bool IsKnown() const { return isPoint || inRange; }
+};
+
+// One connection to an address base, for one thread at a time. Nothing is ever written. Throws
+// StoreError where the file is damaged.
+class BaseReader {
+ public:
+  // What every question asks for, and is small: read once for all connections to a file.
+  struct Facts {
+    // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
+    std::unordered_map<std::string, bool> zips;
+    bool hasRanges = false;
+    std::optional<StreetIndex> streets;  // where the file is in memory, too
+  };
+  static Facts ReadFacts(SqliteFile& file, bool withStreets);
+
+  // `facts` are the file's own.
+  BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts);
+
+  // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
+  bool HoldsStreetsOf(const std::string& zip) const { return facts_->zips.contains(zip); }
+  bool HoldsAllStreetsOf(const std::string& zip) const;
+
+  // Returns the row of the street of exactly that name in the ZIP code; nullopt where there is
+  // none.
+  std::optional<int64_t> FindStreet(const std::string& zip, const StreetName& street);
+
+  // Returns the streets of the ZIP code that have the key.
+  std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
+
+  // Returns the keys of the ZIP code's streets of a length from `least` to `most`, each once.
+  std::vector<std::string> StreetKeys(const std::string& zip, size_t least, size_t most);
+
+  NumberFacts FindNumber(int64_t street, const std::string& number);
+
+  // Returns the ZIP+4 add-on of a building's unit; empty where no source gives it.
+  std::string UnitZip4(int64_t street, const std::string& number, const std::string& unit);
+
+  // Returns the name by which a source calls the place of that key in the ZIP code; empty where
+  // none does.
+  std::string CityName(const std::string& zip, const std::string& key);
+
+  // Returns the ZIP codes in which a source has a place of that key.
+  std::vector<std::string> ZipsOfCity(const std::string& key);
+
+  // For people: how many rows a table has, and the sources one after the other.
+  struct Source {
+    std::string name;
+    std::string format;
+    std::string licence;
+    std::string attribution;
+    std::string imported;
+    bool whole = true;
+    int64_t rows = 0;
+    int64_t leftOut = 0;
+  };
+  std::vector<Source> Sources();
+  int64_t Count(const std::string& what) { return file_.Number("SELECT count(*) FROM " + what); }
+
+ private:
+  SqliteFile file_;
+  const std::shared_ptr<const Facts> facts_;
+  SqliteStatement street_;
+  SqliteStatement streets_;
+  SqliteStatement keys_;
+  SqliteStatement points_;
+  SqliteStatement ranges_;
+  SqliteStatement unitZip4_;
+  SqliteStatement cityName_;
+  SqliteStatement zipsOfCity_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_BASEREADER_H_

@@ -1,0 +1,35 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_STREETNAME_H_
+#define POSTWRIGHT_POSTAL_BASE_STREETNAME_H_
+
+#include <string>
+#include <string_view>
+
+#include "postal/lines/StreetLine.h"
+
+namespace postwright::postal {
+
+// A street without its house numbers, each element in standard form; all but the name may be empty.
+struct StreetName {
+  std::string predirectional;
+  std::string name;
+  std::string suffix;
+  std::string postdirectional;
+  std::string urbanization;  // Puerto Rico alone: "URB LAS GLADIOLAS"
+
+  bool operator==(const StreetName&) const = default;
+};
+
+// Returns the street of a delivery line.
+StreetName StreetNameOf(const StreetLine& line, std::string_view urbanization);
+
+// Returns "N MAIN ST" as it stands in a delivery line.
+std::string ComposeStreet(const StreetName& street);
+
+// Returns what the writings of one name have in common: blanks do not count, FIRST is 1ST, SAINT is
+// ST, MOUNT is MT, FORT is FT. Names of different streets may share it; then they are told apart by
+// the rest.
+std::string StreetKey(std::string_view name);
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_STREETNAME_H_

@@ -1,0 +1,345 @@
+#include "postal/import/BaseBuilder.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+
+#include "common/AsciiText.h"
+#include "postal/base/BaseFile.h"
+#include "postal/base/BaseSchema.h"
+#include "postal/base/HouseNumber.h"
+#include "postal/places/CityName.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr std::chrono::milliseconds kPatience(
+    0);  // a second import of the same base is told at once
+constexpr size_t kMostStreetsKept = 500'000;
+constexpr mode_t kEverybodyReads = 0666;
+
+std::string Today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  gmtime_r(&now, &parts);
+  char text[sizeof "2026-01-25"];
+  return {text, std::strftime(text, sizeof text, "%Y-%m-%d", &parts)};
+}
+
+void Attach(SqliteFile& file, const std::string& other, const std::string& name) {
+  SqliteStatement attach(file, "ATTACH ? AS " + name);
+  attach.Bind(1, other);
+  attach.Step();
+}
+
+// Makes sure that what was written is on the disk before the file takes another's place.
+void FlushToDisk(const std::string& file) {
+  const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool flushed = descriptor >= 0 && fsync(descriptor) == 0;
+  const int error = errno;
+  if (descriptor >= 0) {
+    close(descriptor);
+  }
+  if (!flushed) {
+    throw ImportError(file + ": cannot be written to the disk: " + std::strerror(error));
+  }
+}
+
+// The mode that a new file gets: a base is no secret, and the service may run as another user.
+void LetOthersRead(const std::string& file) {
+  const mode_t mask = umask(0);
+  umask(mask);
+  chmod(file.c_str(), kEverybodyReads & ~mask);
+}
+
+void Rename(const std::string& from, const std::string& to) {
+  if (std::rename(from.c_str(), to.c_str()) != 0) {
+    throw ImportError(from + ": cannot be renamed to " + to + ": " + std::strerror(errno));
+  }
+}
+
+}  // namespace
+
+BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& source,
+                         const std::string& job, const ZipList& zips)
+    : base_(base), source_(source), reader_(zips), stage_(Path(".import"), kPatience) {
+  if (std::filesystem::exists(base_)) {
+    BaseFile::Check(base_);
+  }
+  // The lock is held until the end: nobody else may gather rows for the same base.
+  stage_.Run("PRAGMA locking_mode=EXCLUSIVE; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-32768");
+  LockStage();
+  if (stage_.Number("SELECT count(*) FROM sqlite_schema WHERE name='place'") == 0) {
+    Begin(job);
+  } else {
+    GoOn(job);
+  }
+  addPoint_.emplace(stage_, "INSERT INTO staged_point VALUES(?,?,?,?)");
+  addRange_.emplace(stage_, "INSERT INTO staged_range VALUES(?,?,?,?,?)");
+  findStreet_.emplace(stage_,
+                      "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? "
+                      "AND suffix=? AND postdirectional=? AND urbanization=?");
+  addStreet_.emplace(stage_, "INSERT OR IGNORE INTO street VALUES(NULL,?,?,?,?,?,?,?)");
+  addCity_.emplace(stage_, "INSERT OR IGNORE INTO city VALUES(?,?,?,?)");
+  addZip_.emplace(stage_, "INSERT OR IGNORE INTO zip VALUES(?,?)");
+}
+
+void BaseBuilder::LockStage() {
+  try {
+    stage_.Run("BEGIN IMMEDIATE");
+  } catch (const StoreError& error) {
+    if (std::strstr(error.what(), "locked") == nullptr) {
+      throw;
+    }
+    throw ImportError(base_.string() + ": another import into it is under way");
+  }
+}
+
+void BaseBuilder::Begin(const std::string& job) {
+  stage_.Run(std::string(BaseSchema::kTables));
+  stage_.Run(std::string(BaseSchema::kStage));
+  if (std::filesystem::exists(base_)) {
+    CopyStreets();
+  }
+  SqliteStatement place(stage_, "INSERT INTO place VALUES(?,?,0,0,1,0,0,0)");
+  place.Bind(1, job);
+  place.Bind(2, sourceId_);
+  place.Step();
+  place.Reset();
+  stage_.Run("COMMIT; BEGIN");
+}
+
+// Streets keep their numbers, so that what stays of the base can be taken over as it is.
+void BaseBuilder::CopyStreets() {
+  stage_.Run("COMMIT");
+  Attach(stage_, base_.string(), "old");
+  stage_.Run("BEGIN IMMEDIATE; INSERT INTO street SELECT * FROM old.street");
+  SqliteStatement known(stage_,
+                        "SELECT coalesce((SELECT id FROM old.source WHERE name=?),"
+                        "(SELECT coalesce(max(id),0)+1 FROM old.source))");
+  known.Bind(1, source_.name);
+  known.Step();
+  sourceId_ = known.Number(0);
+  known.Reset();
+  stage_.Run("COMMIT; DETACH old; BEGIN");
+}
+
+void BaseBuilder::GoOn(const std::string& job) {
+  SqliteStatement place(stage_, "SELECT * FROM place");
+  place.Step();
+  if (place.Text(0) != job) {
+    throw ImportError(Path(".import") +
+                      ": holds a half-done import of another source or of files that have changed "
+                      "since; give the same command again, or --restart to begin anew");
+  }
+  sourceId_ = place.Number(1);
+  place_ = {place.Number(2), {place.Number(3), place.Number(4)}};
+  counts_ = {place.Number(5), place.Number(6), place.Number(7)};
+}
+
+std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
+  std::optional<RowFault> fault;
+  const std::optional<int64_t> street = FindStreet(row, fault);
+  const std::string_view zip4 = row[Field::Zip4];
+  const std::string_view knownZip4 =
+      zip4.size() == 4 && AllDigits(zip4) ? zip4 : std::string_view("");
+  if (!street) {
+    ++counts_.leftOut;
+    return fault;
+  }
+  if (const std::string number = reader_.ReadNumber(row[Field::Number]); !number.empty()) {
+    addPoint_->Bind(1, *street);
+    addPoint_->Bind(2, number);
+    addPoint_->Bind(3, reader_.ReadUnit(row[Field::Unit]));
+    addPoint_->Bind(4, knownZip4);
+    addPoint_->Step();
+    addPoint_->Reset();
+    ++counts_.points;
+    return std::nullopt;
+  }
+  const std::string low = reader_.ReadNumber(row[Field::Low]);
+  const std::string high = reader_.ReadNumber(row[Field::High]);
+  const auto range = NumberRange::Read(low, high, row[Field::Parity]);
+  if (!range) {
+    ++counts_.leftOut;
+    return RowFault::NoNumber;
+  }
+  const char parity = static_cast<char>(range->parity);
+  addRange_->Bind(1, *street);
+  addRange_->Bind(2, low);
+  addRange_->Bind(3, high);
+  addRange_->Bind(4, std::string_view(&parity, 1));
+  addRange_->Bind(5, knownZip4);
+  addRange_->Step();
+  addRange_->Reset();
+  ++counts_.ranges;
+  return std::nullopt;
+}
+
+std::optional<int64_t> BaseBuilder::FindStreet(const AddressRow& row,
+                                               std::optional<RowFault>& fault) {
+  key_.clear();
+  for (const Field field :
+       {Field::Street, Field::Zip, Field::City, Field::State, Field::Urbanization}) {
+    key_.append(row[field]).append(1, '\0');
+  }
+  auto known = streets_.find(std::string_view(key_));
+  if (known == streets_.end()) {
+    if (streets_.size() >= kMostStreetsKept) {
+      streets_.clear();
+    }
+    const auto read = reader_.ReadStreet(row);
+    const auto* const street = std::get_if<RowStreet>(&read);
+    known = streets_
+                .emplace(key_, street != nullptr
+                                   ? std::variant<int64_t, RowFault>(StreetId(*street))
+                                   : std::variant<int64_t, RowFault>(std::get<RowFault>(read)))
+                .first;
+  }
+  if (const auto* id = std::get_if<int64_t>(&known->second)) {
+    return *id;
+  }
+  fault = std::get<RowFault>(known->second);
+  return std::nullopt;
+}
+
+int64_t BaseBuilder::StreetId(const RowStreet& read) {
+  NoteCity(read);
+  const StreetName& street = read.street;
+  const std::string key = StreetKey(street.name);
+  const auto step = [&](SqliteStatement& statement) {
+    int parameter = 0;
+    for (const std::string* text :
+         {&read.zip, &key, &street.name, &street.predirectional, &street.suffix,
+          &street.postdirectional, &street.urbanization}) {
+      statement.Bind(++parameter, *text);
+    }
+    statement.Step();
+  };
+  step(*addStreet_);
+  addStreet_->Reset();
+  if (stage_.Changes() > 0) {
+    return stage_.LastRow();
+  }
+  step(*findStreet_);
+  const int64_t id = findStreet_->Number(0);
+  findStreet_->Reset();
+  return id;
+}
+
+void BaseBuilder::NoteCity(const RowStreet& read) {
+  if (notedCities_.size() >= kMostStreetsKept) {
+    notedCities_.clear();
+  }
+  if (!notedCities_.insert(read.zip + read.city).second) {
+    return;
+  }
+  addZip_->Bind(1, read.zip);
+  addZip_->Bind(2, sourceId_);
+  addZip_->Step();
+  addZip_->Reset();
+  if (!read.city.empty()) {
+    const std::string key = CityKey(read.city);
+    addCity_->Bind(1, read.zip);
+    addCity_->Bind(2, key);
+    addCity_->Bind(3, read.city);
+    addCity_->Bind(4, sourceId_);
+    addCity_->Step();
+    addCity_->Reset();
+  }
+}
+
+void BaseBuilder::Save(const ImportPlace& place) {
+  place_ = place;
+  SqliteStatement save(stage_,
+                       "UPDATE place SET file=?,position=?,line=?,points=?,ranges=?,left_out=?");
+  const int64_t numbers[] = {place.file,     place.row.position, place.row.line,
+                             counts_.points, counts_.ranges,     counts_.leftOut};
+  int parameter = 0;
+  for (const int64_t number : numbers) {
+    save.Bind(++parameter, number);
+  }
+  save.Step();
+  save.Reset();
+  stage_.Run("COMMIT; BEGIN");
+}
+
+void BaseBuilder::Finish() {
+  const std::string made = Path(".import-new");
+  for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
+    std::filesystem::remove(made + ending);
+  }
+  stage_.Run("COMMIT; PRAGMA locking_mode=NORMAL");
+  stage_.Number("SELECT count(*) FROM place");  // only now others may read what was gathered
+  stage_.Run("BEGIN IMMEDIATE");                // and still not write
+  {
+    SqliteFile whole(made, kPatience);
+    Compose(whole);
+  }
+  LetOthersRead(made);
+  FlushToDisk(made);
+  for (const char* ending : {"-wal", "-shm"}) {
+    std::filesystem::remove(Path(ending));  // of the old base; they must not be taken for the new
+  }
+  Rename(made, base_.string());
+  stage_.Run("ROLLBACK");
+  std::filesystem::remove(Path(".import"));
+}
+
+void BaseBuilder::Compose(SqliteFile& whole) const {
+  // Nobody sees the file before it is whole, so nothing is to be undone in it.
+  whole.Run("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-65536");
+  Attach(whole, Path(".import"), "stage");
+  const bool update = std::filesystem::exists(base_);
+  const auto old = [&](const std::string& columns, const std::string& table,
+                       const std::string& key) {
+    return update ? " UNION ALL SELECT " + columns + " FROM old." + table + " WHERE " + key + "<>" +
+                        std::to_string(sourceId_)
+                  : std::string();
+  };
+  if (update) {
+    Attach(whole, base_.string(), "old");
+  }
+  whole.Run("BEGIN");
+  whole.Run(std::string(BaseSchema::kFacts));
+  const std::string id = std::to_string(sourceId_);
+  whole.Run("INSERT OR IGNORE INTO point SELECT street,number,unit," + id +
+            " AS source,zip4 FROM staged_point" + old("*", "point", "source") +
+            " ORDER BY 1,2,3,4");
+  whole.Run("INSERT OR IGNORE INTO number_range SELECT street,low,high,parity," + id +
+            " AS source,zip4 FROM staged_range" + old("*", "number_range", "source") +
+            " ORDER BY 1,2,3,4,5");
+  whole.Run(std::string(BaseSchema::kTables));
+  whole.Run(
+      "INSERT INTO main.street SELECT * FROM stage.street s WHERE EXISTS "
+      "(SELECT 1 FROM point WHERE street=s.id) OR EXISTS "
+      "(SELECT 1 FROM number_range WHERE street=s.id)");
+  whole.Run("INSERT INTO main.city SELECT * FROM stage.city" + old("*", "city", "source"));
+  whole.Run("INSERT INTO main.zip SELECT * FROM stage.zip" + old("*", "zip", "source"));
+  if (update) {
+    whole.Run("INSERT INTO main.source SELECT * FROM old.source WHERE id<>" + id);
+  }
+  SqliteStatement source(whole, "INSERT INTO main.source VALUES(?,?,?,?,?,?,?,?,?)");
+  source.Bind(1, sourceId_);
+  const std::string today = Today();
+  int parameter = 1;
+  for (const std::string* text :
+       {&source_.name, &source_.format, &source_.licence, &source_.attribution, &today}) {
+    source.Bind(++parameter, *text);
+  }
+  source.Bind(7, source_.whole ? 1 : 0);
+  source.Bind(8, counts_.points + counts_.ranges);
+  source.Bind(9, counts_.leftOut);
+  source.Step();
+  source.Reset();
+  whole.Run("PRAGMA main.application_id=" + std::to_string(BaseSchema::kApplicationId) +
+            "; PRAGMA main.user_version=" + std::to_string(BaseSchema::kVersion) +
+            "; COMMIT; DETACH stage");
+  whole.Run(update ? "DETACH old; PRAGMA journal_mode=WAL" : "PRAGMA journal_mode=WAL");
+}
+
+}  // namespace postwright::postal

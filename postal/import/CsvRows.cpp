@@ -1,0 +1,145 @@
+#include "postal/import/CsvRows.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <new>
+
+namespace postwright::postal {
+namespace {
+
+constexpr size_t kBuffer = 1024 * 1024;
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
+// The states of libcsv's parser that are needed here; its header does not name them.
+constexpr int kRowNotBegun = 0;
+constexpr int kFieldBegun = 2;
+
+}  // namespace
+
+CsvRows::CsvRows(const std::filesystem::path& file)
+    : name_(file.string()), file_(std::fopen(file.c_str(), "rbe")) {
+  std::error_code failure;
+  if (!file_) {
+    throw SourceError(name_ + ": cannot be read: " + std::strerror(errno));
+  }
+  if (!std::filesystem::is_regular_file(file, failure)) {
+    throw SourceError(name_ + ": is no plain file");
+  }
+  std::setvbuf(file_.get(), nullptr, _IOFBF, kBuffer);
+  end_ = static_cast<int64_t>(std::filesystem::file_size(file));
+  if (csv_init(&parser_, CSV_APPEND_NULL) != 0) {
+    throw std::bad_alloc();
+  }
+  csv_set_delim(&parser_, static_cast<unsigned char>(GuessDelimiter()));
+}
+
+CsvRows::~CsvRows() {
+  csv_free(&parser_);
+}
+
+char CsvRows::GuessDelimiter() {
+  constexpr std::string_view kDelimiters = ",\t|;";
+  ReadLine();
+  const size_t mark = text_.starts_with(kMark) ? kMark.size() : 0;
+  const char best = *std::max_element(kDelimiters.begin(), kDelimiters.end(), [&](char a, char b) {
+    return std::count(text_.begin(), text_.end(), a) < std::count(text_.begin(), text_.end(), b);
+  });
+  GoTo({static_cast<int64_t>(mark), 1});
+  return best;
+}
+
+bool CsvRows::Next() {
+  cellCount_ = 0;
+  rowDone_ = false;
+  rowLength_ = 0;
+  rowLine_ = line_;
+  while (!rowDone_) {
+    if (rowLength_ == 0) {
+      rowLine_ = line_;
+    }
+    if (!ReadLine()) {
+      if (IsWithinQuotes()) {
+        GiveUpRow("a quotation mark is not closed");
+      }
+      csv_fini(&parser_, OnCell, OnRow, this);
+      break;
+    }
+    behindFirstLine_ = rowLength_ == 0 ? Place() : behindFirstLine_;
+    rowLength_ += text_.size();
+    if (rowLength_ > kLongestRow) {
+      GiveUpRow(IsBetweenRows() ? "is longer than 64 KiB" : "a quotation mark is not closed");
+    }
+    Feed();
+    rowLength_ = IsBetweenRows() ? 0 : rowLength_;
+  }
+  return rowDone_;
+}
+
+// Reads one line with its end; of an overlong one no more than shows that it is.
+bool CsvRows::ReadLine() {
+  text_.clear();
+  for (int c = 0; c != '\n' && (c = getc_unlocked(file_.get())) != EOF;) {
+    ++position_;
+    if (text_.size() <= kLongestRow) {
+      text_ += static_cast<char>(c);
+    }
+  }
+  if (std::ferror(file_.get()) != 0) {
+    throw SourceError(name_ + ": cannot be read to its end: " + std::strerror(errno));
+  }
+  ++line_;
+  return !text_.empty();
+}
+
+void CsvRows::Feed() {
+  if (csv_parse(&parser_, text_.data(), text_.size(), OnCell, OnRow, this) != text_.size()) {
+    throw std::bad_alloc();
+  }
+}
+
+bool CsvRows::IsBetweenRows() const {
+  return parser_.pstate == kRowNotBegun;
+}
+
+bool CsvRows::IsWithinQuotes() const {
+  return parser_.pstate == kFieldBegun && parser_.quoted != 0;
+}
+
+void CsvRows::Restart() {
+  const unsigned char delimiter = csv_get_delim(&parser_);
+  csv_free(&parser_);
+  if (csv_init(&parser_, CSV_APPEND_NULL) != 0) {
+    throw std::bad_alloc();
+  }
+  csv_set_delim(&parser_, delimiter);
+}
+
+// Only the first line of such a row is given up: the others may be rows of their own.
+void CsvRows::GiveUpRow(const char* why) {
+  GoTo(behindFirstLine_);
+  throw RowError(why);
+}
+
+void CsvRows::GoTo(const RowPlace& place) {
+  Restart();
+  if (fseeko(file_.get(), place.position, SEEK_SET) != 0) {
+    throw SourceError(name_ + ": cannot be read from the middle: " + std::strerror(errno));
+  }
+  position_ = place.position;
+  line_ = place.line;
+}
+
+void CsvRows::OnCell(void* text, size_t length, void* self) {
+  auto& rows = *static_cast<CsvRows*>(self);
+  if (rows.cellCount_ == rows.cells_.size()) {
+    rows.cells_.emplace_back();
+  }
+  rows.cells_[rows.cellCount_++].assign(static_cast<const char*>(text), length);
+}
+
+void CsvRows::OnRow(int, void* self) {
+  static_cast<CsvRows*>(self)->rowDone_ = true;
+}
+
+}  // namespace postwright::postal

@@ -1,0 +1,76 @@
+#ifndef POSTWRIGHT_POSTAL_IMPORT_CSVROWS_H_
+#define POSTWRIGHT_POSTAL_IMPORT_CSVROWS_H_
+
+#include <csv.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "postal/import/RowSource.h"
+
+namespace postwright::postal {
+
+// The rows of a CSV file (RFC 4180) of any size, cell by cell. Memory is that of one row, of which
+// a bound keeps an unclosed quotation mark from taking the rest of the file with it.
+//
+//   CsvRows rows("houses.csv");
+//   while (rows.Next()) { … rows.Cells() … }
+//
+// Next and the rest as RowSource has them; positions are bytes.
+class CsvRows {
+ public:
+  static constexpr size_t kLongestRow = 64 * 1024;  // bytes
+
+  // The delimiter is a comma, or what stands there in the first line more often: a tab, a vertical
+  // bar, a semicolon. A byte-order mark is passed over. Throws SourceError.
+  explicit CsvRows(const std::filesystem::path& file);
+  ~CsvRows();
+  CsvRows(const CsvRows&) = delete;
+  CsvRows& operator=(const CsvRows&) = delete;
+
+  bool Next();
+  std::span<const std::string> Cells() const { return {cells_.data(), cellCount_}; }
+
+  int64_t Line() const { return rowLine_; }
+  RowPlace Place() const { return {position_, line_}; }
+  void GoTo(const RowPlace& place);
+  int64_t End() const { return end_; }
+
+ private:
+  struct Close {
+    void operator()(FILE* file) const { std::fclose(file); }
+  };
+
+  static void OnCell(void* text, size_t length, void* self);
+  static void OnRow(int, void* self);
+
+  bool ReadLine();
+  void Feed();
+  bool IsBetweenRows() const;
+  bool IsWithinQuotes() const;
+  void Restart();
+  [[noreturn]] void GiveUpRow(const char* why);
+  char GuessDelimiter();
+
+  std::string name_;
+  std::unique_ptr<FILE, Close> file_;
+  int64_t end_ = 0;
+  int64_t position_ = 0;  // behind the lines that were read
+  int64_t line_ = 1;
+  std::string text_;  // the line that was read last
+  csv_parser parser_{};
+  std::vector<std::string> cells_;
+  size_t cellCount_ = 0;
+  bool rowDone_ = false;
+  int64_t rowLine_ = 0;
+  RowPlace behindFirstLine_;  // of the row that is being read
+  size_t rowLength_ = 0;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_IMPORT_CSVROWS_H_

@@ -1,0 +1,137 @@
+#include "postal/import/Importer.h"
+
+#include <numeric>
+
+#include "postal/import/CsvSource.h"
+#include "postal/import/TigerSource.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr int64_t kRowsATell = 4096;
+constexpr int64_t kRowsASave = 65'536;
+
+const char* Describe(RowFault fault) {
+  switch (fault) {
+    case RowFault::Malformed:
+      return "cannot be read";
+    case RowFault::NoZip:
+      return "has no ZIP code, and its city does not tell one";
+    case RowFault::NoStreet:
+      return "has no street that can be read";
+    case RowFault::NoNumber:
+      return "has neither a house number nor a range of them";
+  }
+  return "";
+}
+
+}  // namespace
+
+Importer::Importer(const std::filesystem::path& base, SourceFacts source,
+                   std::vector<std::filesystem::path> files, std::optional<ColumnMap> map,
+                   const ZipList& zips)
+    : source_(std::move(source)), files_(std::move(files)), map_(std::move(map)) {
+  for (const std::filesystem::path& file : files_) {
+    Open(file);
+    sizes_.push_back(static_cast<double>(std::filesystem::file_size(file)));
+  }
+  builder_.emplace(base, source_, Job(), zips);
+  const ImportPlace& place = builder_->Place();
+  goesOn_ = place.file > 0 || place.row.position > 0;
+}
+
+// A file that has changed is another file: the place in it would mean nothing.
+std::string Importer::Job() const {
+  std::string job = source_.name + '\n' + source_.licence + '\n' + source_.attribution + '\n' +
+                    (source_.whole ? "whole" : "partial") + '\n' + (map_ ? map_->Text() : "");
+  for (const std::filesystem::path& file : files_) {
+    job += '\n' + std::filesystem::absolute(file).string() + ' ' +
+           std::to_string(std::filesystem::file_size(file)) + ' ' +
+           std::to_string(std::filesystem::last_write_time(file).time_since_epoch().count());
+  }
+  return job;
+}
+
+std::unique_ptr<RowSource> Importer::Open(const std::filesystem::path& file) {
+  if (file.extension() == ".zip" || file.extension() == ".dbf") {
+    source_.format = "TIGER/Line ADDRFEAT";
+    return std::make_unique<TigerSource>(file);
+  }
+  auto source = std::make_unique<CsvSource>(file, map_);
+  source_.format = source->Format();
+  return source;
+}
+
+Importer::End Importer::Run(const std::atomic<bool>& stop, const Listeners& listeners) {
+  for (auto file = static_cast<size_t>(builder_->Place().file); file < files_.size(); ++file) {
+    if (!ReadFile(file, stop, listeners)) {
+      return End::Stopped;
+    }
+  }
+  if (listeners.onSorting) {
+    listeners.onSorting();
+  }
+  builder_->Finish();
+  return End::Done;
+}
+
+bool Importer::ReadFile(size_t file, const std::atomic<bool>& stop, const Listeners& listeners) {
+  const std::unique_ptr<RowSource> source = Open(files_[file]);
+  const ImportPlace& place = builder_->Place();
+  if (place.file == static_cast<int64_t>(file) && place.row.position > 0) {
+    source->GoTo(place.row);
+  }
+  AddressRow row;
+  atEnd_ = false;
+  for (int64_t rows = 1; !atEnd_; ++rows) {
+    ReadRow(*source, file, row, listeners);
+    if (rows % kRowsATell == 0) {
+      Tell(file, *source, listeners);
+      if (stop || rows % kRowsASave == 0) {
+        builder_->Save({static_cast<int64_t>(file), source->Place()});
+      }
+      if (stop) {
+        return false;
+      }
+    }
+  }
+  builder_->Save({static_cast<int64_t>(file) + 1, {}});
+  return true;
+}
+
+void Importer::ReadRow(RowSource& source, size_t file, AddressRow& row,
+                       const Listeners& listeners) {
+  try {
+    if (!source.Next(row)) {
+      atEnd_ = true;
+    } else if (const auto fault = builder_->Add(row)) {
+      LeaveOut(file, source.Line(), *fault, Describe(*fault), listeners);
+    }
+  } catch (const RowError& error) {
+    builder_->LeaveOut();
+    LeaveOut(file, source.Line(), RowFault::Malformed, error.what(), listeners);
+  }
+}
+
+void Importer::LeaveOut(size_t file, int64_t line, RowFault fault, const std::string& why,
+                        const Listeners& listeners) {
+  ++faults_[static_cast<size_t>(fault)];
+  if (listeners.onLeftOut) {
+    listeners.onLeftOut(files_[file].string(), line, why);
+  }
+}
+
+void Importer::Tell(size_t file, const RowSource& source, const Listeners& listeners) const {
+  if (!listeners.onProgress) {
+    return;
+  }
+  const double whole = std::accumulate(sizes_.begin(), sizes_.end(), 0.0);
+  const double before =
+      std::accumulate(sizes_.begin(), sizes_.begin() + static_cast<long>(file), 0.0);
+  const double within = static_cast<double>(source.Place().position) /
+                        static_cast<double>(std::max<int64_t>(source.End(), 1));
+  listeners.onProgress(
+      {file, (before + within * sizes_[file]) / std::max(whole, 1.0), builder_->Counts()});
+}
+
+}  // namespace postwright::postal

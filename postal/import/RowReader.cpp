@@ -1,0 +1,103 @@
+#include "postal/import/RowReader.h"
+
+#include <algorithm>
+
+#include "common/AsciiText.h"
+#include "common/Encoding.h"
+#include "postal/lines/PuertoRico.h"
+#include "postal/lines/StreetLine.h"
+#include "postal/lines/UnitReader.h"
+#include "postal/places/CityName.h"
+#include "postal/words/Lexicon.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr size_t kMostUnitsKept = 100'000;
+constexpr size_t kZipLength = 5;
+
+// The words of a field of any bytes; none where it has letters that no address is written in.
+Words WordsOf(const std::string& text) {
+  const auto folded = FoldToAscii(DecodeText(text));
+  return folded ? SplitLine(*folded) : Words();
+}
+
+}  // namespace
+
+std::string RowReader::PlaceZip(const AddressRow& row, std::string& state) const {
+  const std::string zip = row[Field::Zip].substr(0, kZipLength);
+  if (zip.size() == kZipLength && AllDigits(zip)) {
+    const ZipList::City* const city = zips_.FindZip(zip);
+    if (city != nullptr) {
+      state = city->state;
+    }
+    return zip;
+  }
+  const std::string name = StandardCity(JoinWords(WordsOf(row[Field::City])));
+  const ZipList::City* const city = name.empty() ? nullptr : zips_.FindCity(CityKey(name), state);
+  return city != nullptr && city->zips.size() == 1 ? city->zips.front() : std::string();
+}
+
+std::variant<RowStreet, RowFault> RowReader::ReadStreet(const AddressRow& row) const {
+  std::string state(Lexicon::Get().State(JoinWords(WordsOf(row[Field::State]))));
+  RowStreet read;
+  read.zip = PlaceZip(row, state);
+  if (read.zip.empty()) {
+    return RowFault::NoZip;
+  }
+  Words line = {"1"};
+  const Words street = WordsOf(row[Field::Street]);
+  line.insert(line.end(), street.begin(), street.end());
+  const auto parsed = postal::ReadStreet(std::move(line), state);
+  if (!parsed || JoinWords(parsed->number) != "1" || !parsed->units.empty()) {
+    return RowFault::NoStreet;
+  }
+  const auto city = FoldToAscii(DecodeText(row[Field::City]));
+  read.city = city ? StandardCity(*city) : std::string();
+  read.street =
+      StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
+  return read;
+}
+
+std::string RowReader::ReadNumber(const std::string& text) const {
+  constexpr size_t kMostDigits = 9;
+  if (AllDigits(text) && text.size() <= kMostDigits && text[0] != '0') {
+    return text;
+  }
+  Words line = WordsOf(text);
+  if (line.empty() ||
+      std::none_of(line[0].begin(), line[0].end(), [](char c) { return c >= '1' && c <= '9'; })) {
+    return {};  // "0" is how sources write "none"
+  }
+  line.insert(line.end(), {"MAIN", "ST"});
+  // A17 is a house number in Puerto Rico alone; elsewhere nobody can ask for one.
+  for (const std::string_view state : {"", "PR"}) {
+    const auto parsed = postal::ReadStreet(line, state);
+    if (parsed && parsed->name == Words{"MAIN"} && parsed->units.empty() &&
+        parsed->predirectional.empty()) {
+      return JoinWords(parsed->number);
+    }
+  }
+  return {};
+}
+
+const std::string& RowReader::ReadUnit(const std::string& text) {
+  static const std::string none;
+  if (text.empty()) {
+    return none;
+  }
+  if (const auto known = units_.find(text); known != units_.end()) {
+    return known->second;
+  }
+  if (units_.size() >= kMostUnitsKept) {
+    units_.clear();
+  }
+  const Words words = WordsOf(text);
+  const auto unit = ReadUnitLine(words);
+  const std::string standard = unit            ? JoinWords(*unit)
+                               : words.empty() ? std::string()
+                                               : "# " + JoinWords(words);
+  return units_.emplace(text, standard).first->second;
+}
+
+}  // namespace postwright::postal

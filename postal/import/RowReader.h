@@ -1,0 +1,55 @@
+#ifndef POSTWRIGHT_POSTAL_IMPORT_ROWREADER_H_
+#define POSTWRIGHT_POSTAL_IMPORT_ROWREADER_H_
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <variant>
+
+#include "postal/base/StreetName.h"
+#include "postal/import/AddressRow.h"
+#include "postal/places/ZipList.h"
+
+namespace postwright::postal {
+
+// The street of a row and its place, in standard form.
+struct RowStreet {
+  std::string zip;
+  std::string city;  // as the source names it; empty where it does not
+  StreetName street;
+};
+
+// Brings the rows of a source into the form in which the service compares addresses: through the
+// same standardiser that its questions go through.
+//
+// Most rows repeat what others said, so the answers are kept, within a bound. Borrows the ZIP
+// codes, which tell the state of a row, and the ZIP code of a row that has none but whose city has
+// one alone. One thread.
+class RowReader {
+ public:
+  explicit RowReader(const ZipList& zips) : zips_(zips) {}
+
+  std::variant<RowStreet, RowFault> ReadStreet(const AddressRow& row) const;
+
+  // Returns "12 1/2" of "12½", the empty text for what is no house number.
+  std::string ReadNumber(const std::string& text) const;
+
+  // Returns "APT 4" of "apartment 4", "# 4" of "4", the empty text for none.
+  const std::string& ReadUnit(const std::string& text);
+
+ private:
+  struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+  };
+
+  std::string PlaceZip(const AddressRow& row, std::string& state) const;
+
+  const ZipList& zips_;
+  std::unordered_map<std::string, std::string, Hash, std::equal_to<>> units_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_IMPORT_ROWREADER_H_

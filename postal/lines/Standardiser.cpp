@@ -1,0 +1,162 @@
+#include "postal/lines/Standardiser.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "postal/lines/BoxLine.h"
+#include "postal/lines/PuertoRico.h"
+#include "postal/lines/StreetLine.h"
+#include "postal/lines/UnitReader.h"
+
+namespace postwright::postal {
+namespace {
+
+// Letters that a line of the Verify interface has room for.
+constexpr size_t kLongestLine = 38;
+
+bool IsMilitaryState(std::string_view state) {
+  return state == "AA" || state == "AE" || state == "AP";
+}
+
+// A second line: a unit in standard form, another delivery line, or text that only loses its
+// punctuation. A lone hyphen, which clients send for "none", is no word.
+Words ReadSecondLine(const Words& words, std::string_view state) {
+  if (words.empty()) {
+    return {};
+  }
+  if (auto units = ReadUnitLine(words)) {
+    return *units;
+  }
+  if (const auto box = ReadPostOfficeBox(words)) {
+    return box->aside.empty() ? box->line : words;
+  }
+  if (const auto street = words.size() > 2 ? ReadStreet(words, state) : std::nullopt) {
+    return street->Compose();
+  }
+  return words;
+}
+
+// A delivery line, whatever it names.
+struct Delivery {
+  Delivery(BoxLine read) : line(std::move(read.line)), aside(std::move(read.aside)) {}
+  explicit Delivery(StreetLine&& read) {
+    line = read.Compose();
+    // A unit that does not fit goes on the line above (section 213).
+    if (!read.units.empty() && JoinedLength(line.begin(), line.end()) > kLongestLine) {
+      aside = std::exchange(read.units, {});
+      line = read.Compose();
+    }
+    street = std::move(read);
+  }
+
+  Words line;
+  Words aside;  // what does not belong on the line
+  std::optional<StreetLine> street;
+};
+
+std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state) {
+  if (IsMilitaryState(state)) {
+    if (auto line = ReadMilitary(words)) {
+      return line;
+    }
+  }
+  for (const auto read : {&ReadGeneralDelivery, &ReadRoute}) {
+    if (auto line = read(words)) {
+      return line;
+    }
+  }
+  if (auto box = ReadPostOfficeBox(words)) {
+    // What stands behind a box may be a second address: it stays on the line (section 215).
+    const Words rest = ReadSecondLine(box->aside, state);
+    box->line.insert(box->line.end(), rest.begin(), rest.end());
+    return BoxLine{box->line, {}};
+  }
+  if (auto street = ReadStreet(words, state)) {
+    return std::optional<Delivery>(std::in_place, std::move(*street));
+  }
+  if (IsMilitaryState(state) && !words.empty()) {
+    return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
+  }
+  return std::nullopt;
+}
+
+// The lines in words.
+struct LinesInWords {
+  bool operator==(const LinesInWords&) const = default;
+
+  DeliveryLines Join() const {
+    return {JoinWords(above), JoinWords(delivery), JoinWords(urbanization)};
+  }
+
+  Words above;
+  Words delivery;
+  Words urbanization;
+};
+
+LinesInWords Split(const DeliveryLines& lines) {
+  return {SplitLine(lines.address1), SplitLine(lines.address2), SplitLine(lines.urbanization)};
+}
+
+// What one reading makes of the lines.
+struct Reading {
+  LinesInWords lines;
+  std::optional<StreetLine> street;
+};
+
+std::optional<Reading> ReadLines(const LinesInWords& asked, std::string_view state) {
+  Words above = asked.above;
+  Words delivery = asked.delivery;
+  if (delivery.empty() ||
+      (ReadUnitLine(delivery) && !ReadDelivery(delivery, state) && ReadDelivery(above, state))) {
+    std::swap(above, delivery);
+  }
+  Words urbanization = StandardUrbanization(asked.urbanization);
+  if (state == "PR" && urbanization.empty() && IsUrbanization(above)) {
+    urbanization = StandardUrbanization(above);
+    above.clear();
+  }
+  if (state == "PR" && urbanization.empty()) {
+    urbanization = StandardUrbanization(TakeUrbanization(delivery));
+  }
+  std::optional<Delivery> line = ReadDelivery(delivery, state);
+  if (!line) {
+    return std::nullopt;
+  }
+  if (above.empty()) {
+    above = std::move(line->aside);
+  } else {
+    line->line.insert(line->line.end(), line->aside.begin(), line->aside.end());
+    if (line->street && !line->aside.empty()) {
+      line->street->units = std::move(line->aside);
+    }
+  }
+  return Reading{{ReadSecondLine(above, state), std::move(line->line), std::move(urbanization)},
+                 std::move(line->street)};
+}
+
+}  // namespace
+
+// What one reading puts in order may let the next read more: only lines that stay as they are count
+// as standard. Ordinary ones stay after the first.
+std::optional<StandardLines> Standardiser::Standardise(const DeliveryLines& asked,
+                                                       std::string_view state) {
+  constexpr int kMostReadings = 8;
+  LinesInWords words = Split(asked);
+  for (int i = 0; i < kMostReadings; ++i) {
+    std::optional<Reading> read = ReadLines(words, state);
+    if (!read) {
+      break;
+    }
+    DeliveryLines lines = read->lines.Join();
+    if (read->lines != words) {
+      read->lines = Split(lines);  // as they are read when they are asked for again
+    }
+    if (read->lines == words) {
+      return StandardLines{std::move(lines), std::move(read->street)};
+    }
+    words = std::move(read->lines);
+  }
+  return std::nullopt;
+}
+
+}  // namespace postwright::postal

@@ -1,0 +1,184 @@
+#include "postal/lines/UnitReader.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "postal/words/Lexicon.h"
+#include "postal/words/Phrase.h"
+
+namespace postwright::postal {
+namespace {
+
+// A unit that ends a line: the words it takes there and what they become.
+struct Unit {
+  size_t length = 0;
+  Words standard;
+};
+
+// Says whether a word can be the number of a unit: 4, 4B, B, B-12, two letters that mean nothing
+// else.
+bool IsUnitNumber(const std::string& word) {
+  const Lexicon& lexicon = Lexicon::Get();
+  return word != "#" &&
+         (HasDigit(word) || word.size() == 1 ||
+          (word.size() == 2 && lexicon.Suffix(word).empty() && lexicon.Direction(word).empty()));
+}
+
+// Says whether a number is written in two words: APT 4 B, APT B 4.
+bool IsSplitNumber(const std::string& first, const std::string& second) {
+  return (AllDigits(first) && second.size() == 1 && AllLetters(second)) ||
+         (first.size() == 1 && AllLetters(first) && AllDigits(second));
+}
+
+// Says whether a plain unit may also be the last word of a street's name.
+bool MayEndName(std::string_view standard) {
+  static constexpr std::string_view kWords[] = {"FRNT", "LOWR", "REAR", "SIDE", "UPPR"};
+  return std::find(std::begin(kWords), std::end(kWords), standard) != std::end(kWords);
+}
+
+bool EndsStreet(const std::string& word) {
+  const Lexicon& lexicon = Lexicon::Get();
+  return lexicon.IsPlainType(lexicon.Suffix(word)) || !lexicon.Direction(word).empty();
+}
+
+// "PRIVATE MAILBOX 234" is written "PMB 234" (section 284).
+void ShortenMailbox(Words& words, size_t from) {
+  static constexpr std::string_view kPhrases[] = {"PRIVATE MAILBOX", "PRIVATE MAIL BOX"};
+  for (size_t at = from; at < words.size(); ++at) {
+    const size_t length = LongestPhrase(words, at, kPhrases);
+    if (length > 0 && at + length < words.size()) {
+      words.erase(words.begin() + static_cast<long>(at),
+                  words.begin() + static_cast<long>(at + length - 1));
+      words[at] = "PMB";
+    }
+  }
+}
+
+// Looks at the end of words[begin, end).
+class LastUnit {
+ public:
+  LastUnit(const Words& words, size_t begin, size_t end)
+      : words_(words), begin_(begin), end_(end) {}
+
+  Unit Read() const {
+    for (const auto read :
+         {&LastUnit::Box, &LastUnit::Numbered, &LastUnit::Floor, &LastUnit::Plain}) {
+      if (Unit unit = (this->*read)(); unit.length > 0) {
+        return unit;
+      }
+    }
+    return {};
+  }
+
+ private:
+  size_t Size() const { return end_ - begin_; }
+  const std::string& FromEnd(size_t n) const { return words_[end_ - n]; }
+
+  Unit Box() const {
+    static constexpr std::string_view kPhrases[] = {"PO BOX", "P O BOX", "POB"};
+    for (size_t length = 2; length <= Size() && IsUnitNumber(FromEnd(1)); ++length) {
+      const size_t start = end_ - length;
+      const size_t phrase = LongestPhrase(words_, start, kPhrases);
+      if (phrase > 0 && start + phrase + NumberSignLength(words_, start + phrase) == end_ - 1) {
+        return {length, {"PO", "BOX", FromEnd(1)}};
+      }
+    }
+    return {};
+  }
+
+  // A designator, perhaps a number sign, and a number of one or two words.
+  Unit Numbered() const {
+    if (Size() < 2 || !IsUnitNumber(FromEnd(1))) {
+      return {};
+    }
+    const bool split = Size() >= 3 && IsSplitNumber(FromEnd(2), FromEnd(1));
+    for (const size_t numberLength : {size_t{1}, size_t{2}}) {
+      if (numberLength == 2 && !split) {
+        break;
+      }
+      size_t before = numberLength + 1;
+      while (before < Size() && NumberSignLength(words_, end_ - before) > 0 &&
+             !Designator(before + 1).empty()) {
+        ++before;
+      }
+      if (before <= Size() && !Designator(before).empty()) {
+        Words standard = {std::string(Designator(before))};
+        standard.insert(standard.end(), words_.begin() + (end_ - numberLength),
+                        words_.begin() + end_);
+        return {before, std::move(standard)};
+      }
+    }
+    return {};
+  }
+
+  // The standard form of the designator `n` words from the end. KEY is a street type as well.
+  std::string_view Designator(size_t n) const {
+    const std::string& word = FromEnd(n);
+    if (word == "#" || (word == "KEY" && !HasDigit(FromEnd(1)))) {
+      return word == "#" ? "#" : "";
+    }
+    return Lexicon::Get().NumberedUnit(word);
+  }
+
+  // "2ND FLOOR".
+  Unit Floor() const {
+    if (Size() < 2 || Lexicon::Get().NumberedUnit(FromEnd(1)) != "FL" || !IsOrdinal(FromEnd(2))) {
+      return {};
+    }
+    return {2, {"FL", FromEnd(2).substr(0, FromEnd(2).size() - 2)}};
+  }
+
+  // A designator that needs no number: "REAR", "PH 4".
+  Unit Plain() const {
+    for (const size_t length : {size_t{1}, size_t{2}}) {
+      if (Size() < length || (length == 2 && !HasDigit(FromEnd(1)))) {
+        break;
+      }
+      const std::string_view standard = Lexicon::Get().PlainUnit(FromEnd(length));
+      if (standard.empty()) {
+        continue;
+      }
+      const bool behindStreet = Size() > length && EndsStreet(FromEnd(length + 1));
+      if (behindStreet || begin_ == 0 || (length == 1 && !MayEndName(standard))) {
+        Words words = {std::string(standard)};
+        words.insert(words.end(), words_.begin() + (end_ - length + 1), words_.begin() + end_);
+        return {length, std::move(words)};
+      }
+    }
+    return {};
+  }
+
+  const Words& words_;
+  size_t begin_;
+  size_t end_;
+};
+
+}  // namespace
+
+Words TakeUnits(Words& words, size_t kept) {
+  ShortenMailbox(words, kept);
+  Words units;
+  while (words.size() > kept) {
+    Unit last = LastUnit(words, kept, words.size()).Read();
+    if (last.length == 0) {
+      break;
+    }
+    if (last.standard.size() == 2 && last.standard[0] == "FL" && IsOrdinal(last.standard[1])) {
+      last.standard[1].resize(last.standard[1].size() - 2);  // "FLOOR 2ND"
+    }
+    units.insert(units.begin(), last.standard.begin(), last.standard.end());
+    words.resize(words.size() - last.length);
+  }
+  return units;
+}
+
+std::optional<Words> ReadUnitLine(const Words& words) {
+  if (words.empty() || (IsDigit(words[0][0]) && !IsOrdinal(words[0]))) {
+    return std::nullopt;  // nearly always a street's line: no unit begins so
+  }
+  Words rest = words;
+  Words units = TakeUnits(rest, 0);
+  return rest.empty() && !units.empty() ? std::optional(units) : std::nullopt;
+}
+
+}  // namespace postwright::postal

@@ -1,0 +1,192 @@
+#include "postal/words/Lexicon.h"
+
+#include <algorithm>
+
+#include "common/AsciiText.h"
+
+namespace postwright::postal {
+namespace {
+
+using Vocabulary::SuffixRow;
+using Vocabulary::VocabularyRow;
+
+// The vocabulary is ASCII throughout.
+std::string Narrow(std::wstring_view wide) {
+  std::string narrow;
+  std::transform(wide.begin(), wide.end(), std::back_inserter(narrow),
+                 [](wchar_t c) { return static_cast<char>(c); });
+  return narrow;
+}
+
+// Lists the words that a unit's pattern stands for. The patterns know letters, groups, `?` and `*`
+// alone; an asterisk is taken to mean up to two, as in FLOOR.
+class PatternWords {
+ public:
+  static Words List(std::string_view pattern) { return PatternWords(pattern).ReadSequence(); }
+
+ private:
+  explicit PatternWords(std::string_view pattern) : rest_(pattern) {}
+
+  Words ReadSequence() {
+    Words words = {""};
+    while (!rest_.empty() && rest_.front() != ')') {
+      words = Combine(words, ReadItem());
+    }
+    return words;
+  }
+
+  // One letter or group with what may follow it, as the list of texts that it stands for.
+  Words ReadItem() {
+    constexpr std::string_view kGroup = "(?:";
+    Words item;
+    if (rest_.starts_with(kGroup)) {
+      rest_.remove_prefix(kGroup.size());
+      item = ReadSequence();
+      rest_.remove_prefix(1);
+    } else {
+      item = {std::string(1, rest_.front())};
+      rest_.remove_prefix(1);
+    }
+    if (!rest_.empty() && (rest_.front() == '?' || rest_.front() == '*')) {
+      const Words twice = rest_.front() == '*' ? Combine(item, item) : Words();
+      item.insert(item.end(), twice.begin(), twice.end());
+      item.emplace_back();
+      rest_.remove_prefix(1);
+    }
+    return item;
+  }
+
+  static Words Combine(const Words& heads, const Words& tails) {
+    Words combined;
+    for (const std::string& head : heads) {
+      for (const std::string& tail : tails) {
+        combined.push_back(head + tail);
+      }
+    }
+    return combined;
+  }
+
+  std::string_view rest_;
+};
+
+// What the parser calls SPACE is SPC in appendix C2.
+std::string StandardUnit(const VocabularyRow& row) {
+  std::string standard = Narrow(row.standard);
+  return standard == "SPACE" ? "SPC" : standard;
+}
+
+// The written form that names a suffix in full is the longest, but for these (appendix C1).
+constexpr std::pair<const char*, const char*> kSpelled[] = {
+    {"FRST", "FOREST"}, {"HOLW", "HOLLOW"},  {"ISLE", "ISLE"},   {"LN", "LANE"},
+    {"LOOP", "LOOP"},   {"PARK", "PARK"},    {"PATH", "PATH"},   {"PIKE", "PIKE"},
+    {"PLNS", "PLAINS"}, {"PKWY", "PARKWAY"}, {"RNCH", "RANCH"},  {"SHR", "SHORE"},
+    {"SHRS", "SHORES"}, {"SPUR", "SPUR"},    {"TRAK", "TRACK"},  {"TRCE", "TRACE"},
+    {"TRL", "TRAIL"},   {"TUNL", "TUNNEL"},  {"VLG", "VILLAGE"}, {"WALK", "WALK"},
+    {"WAY", "WAY"},     {"EXT", "EXTENSION"}};
+
+}  // namespace
+
+void Lexicon::Table::Add(std::string_view word, std::string_view standard) {
+  words_.emplace(word, standard);
+  shapes_.set(ShapeOf(word));
+}
+
+std::string_view Lexicon::Table::Find(std::string_view word) const {
+  if (!shapes_.test(ShapeOf(word))) {
+    return {};
+  }
+  const auto found = words_.find(word);
+  return found == words_.end() ? std::string_view() : std::string_view(found->second);
+}
+
+size_t Lexicon::Table::ShapeOf(std::string_view word) {
+  if (word.empty()) {
+    return 0;
+  }
+  const auto letter = [](char c) { return static_cast<unsigned char>(c) % 32U; };
+  return (letter(word.front()) * 32 + letter(word.back()) + word.size() * 83) % kShapes;
+}
+
+const Lexicon& Lexicon::Get() {
+  static const Lexicon lexicon;
+  return lexicon;
+}
+
+Lexicon::Lexicon() {
+  for (const VocabularyRow& row : Vocabulary::Directions()) {
+    directions_.Add(Narrow(row.written), Narrow(row.standard));
+    directions_.Add(Narrow(row.standard), Narrow(row.standard));
+  }
+  for (const auto& [standard, spelled] : kSpelled) {
+    spelledSuffixes_.Add(standard, spelled);
+  }
+  for (const SuffixRow& row : Vocabulary::Suffixes()) {
+    const std::string standard = Narrow(row.standard);
+    suffixes_.Add(standard, standard);
+    std::string longest;
+    for (const wchar_t* written : row.written) {
+      const std::string word = Narrow(written);
+      suffixes_.Add(word, standard);
+      longest = word.size() > longest.size() ? word : longest;
+    }
+    spelledSuffixes_.Add(standard, longest);
+  }
+  FillUnits(Vocabulary::NumberedUnits(), numberedUnits_);
+  numberedUnits_.Add("PMB", "PMB");  // private mailbox, section 284
+  FillUnits(Vocabulary::PlainUnits(), plainUnits_);
+  for (const VocabularyRow& row : Vocabulary::States()) {
+    std::string name = Narrow(row.written);
+    std::erase_if(name, [](char c) { return !IsUpper(c); });
+    states_.Add(name, Narrow(row.standard));
+    states_.Add(Narrow(row.standard), Narrow(row.standard));
+  }
+  for (const char* military : {"AA", "AE", "AP"}) {
+    states_.Add(military, military);
+  }
+}
+
+void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
+  for (const VocabularyRow& row : rows) {
+    const std::string pattern = Narrow(row.written);
+    const std::string standard = StandardUnit(row);
+    for (const std::string& word : PatternWords::List(pattern)) {
+      table.Add(word, standard);
+    }
+    table.Add(standard, standard);
+  }
+}
+
+std::string_view Lexicon::Direction(std::string_view word) const {
+  return directions_.Find(word);
+}
+
+std::string_view Lexicon::Suffix(std::string_view word) const {
+  return suffixes_.Find(word);
+}
+
+std::string_view Lexicon::SpelledSuffix(std::string_view standard) const {
+  return spelledSuffixes_.Find(standard);
+}
+
+bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
+  static constexpr std::string_view kTypes[] = {"ALY", "AVE", "BLVD", "CIR", "CT", "DR",
+                                                "HWY", "LN",  "PKWY", "PL",  "RD", "SQ",
+                                                "ST",  "TER", "TRL",  "WAY"};
+  return std::find(std::begin(kTypes), std::end(kTypes), standardSuffix) != std::end(kTypes);
+}
+
+std::string_view Lexicon::NumberedUnit(std::string_view word) const {
+  return numberedUnits_.Find(word);
+}
+
+std::string_view Lexicon::PlainUnit(std::string_view word) const {
+  return plainUnits_.Find(word);
+}
+
+std::string_view Lexicon::State(std::string_view nameOrCode) const {
+  std::string letters(nameOrCode);
+  std::erase(letters, ' ');
+  return states_.Find(letters);
+}
+
+}  // namespace postwright::postal

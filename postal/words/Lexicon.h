@@ -1,0 +1,76 @@
+#ifndef POSTWRIGHT_POSTAL_WORDS_LEXICON_H_
+#define POSTWRIGHT_POSTAL_WORDS_LEXICON_H_
+
+#include <bitset>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/parser/Vocabulary.h"
+
+namespace postwright::postal {
+
+// The postal words by their written forms: the parser's own tables, turned to look words up.
+//
+//   Lexicon::Get().Suffix("AVENUE");   // "AVE"
+//   Lexicon::Get().Unit("SUITE");      // "STE"
+//
+// Words are given in upper case and ASCII. Every look-up returns the empty text for a word that the
+// tables do not hold, and the standard form for a standard form. Constant once built, on first use:
+// any thread may ask.
+class Lexicon {
+ public:
+  static const Lexicon& Get();
+
+  std::string_view Direction(std::string_view word) const;  // NORTHEAST -> NE
+  std::string_view Suffix(std::string_view word) const;     // USPS Publication 28, appendix C1
+  std::string_view SpelledSuffix(std::string_view standard) const;  // AVE -> AVENUE
+
+  // Says whether a standard suffix can hardly be anything but a street's type, as ST and AVE are;
+  // LK or PARK may as well be its name.
+  bool IsPlainType(std::string_view standardSuffix) const;
+
+  // USPS Publication 28, appendix C2. The parser answers SPACE for a space; the standard is SPC.
+  std::string_view NumberedUnit(std::string_view word) const;  // one that a number must follow
+  std::string_view PlainUnit(std::string_view word) const;     // one that may stand alone
+
+  // Returns the two-letter code of a state, territory or military "state" given by its code or its
+  // name, blanks in the name or not.
+  std::string_view State(std::string_view nameOrCode) const;
+
+ private:
+  // Words with their standard forms. Nearly every word that is looked up is none of them, which
+  // its first and last letter and its length mostly tell.
+  class Table {
+   public:
+    void Add(std::string_view word, std::string_view standard);  // the first one of a word stays
+    std::string_view Find(std::string_view word) const;
+
+   private:
+    // Looks words up without making strings of them.
+    struct Hash : std::hash<std::string_view> {
+      using is_transparent = void;
+    };
+    static constexpr size_t kShapes = 1024;
+    static size_t ShapeOf(std::string_view word);
+
+    std::bitset<kShapes> shapes_;
+    std::unordered_map<std::string, std::string, Hash, std::equal_to<>> words_;
+  };
+
+  Lexicon();
+  static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
+
+  Table directions_;
+  Table suffixes_;
+  Table spelledSuffixes_;
+  Table numberedUnits_;
+  Table plainUnits_;
+  Table states_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_WORDS_LEXICON_H_

@@ -1,0 +1,50 @@
+#ifndef POSTWRIGHT_SERVICE_LOCALSOURCE_H_
+#define POSTWRIGHT_SERVICE_LOCALSOURCE_H_
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "postal/places/ZipList.h"
+#include "service/AnswerSource.h"
+
+namespace postwright::service {
+
+// What the service knows by itself, read from files, and read again while it runs.
+//
+//   LocalSource base({"us-zips.tsv"});
+//   VerifyService service(base, nullptr, {});
+//   base.Reload();
+//
+// Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
+class LocalSource final : public AnswerSource {
+ public:
+  // Loads the files in their order: ZIP codes (ZipList) and at most one address base (AddressBase).
+  // Throws ZipListError or StoreError where one cannot be used.
+  explicit LocalSource(std::vector<std::filesystem::path> files);
+  ~LocalSource() override;
+
+  // Loads them again. Throws as the constructor; what was loaded before stays in use then.
+  void Reload();
+
+  // Answers within the call, as Verifier does.
+  void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
+
+  // Returns the ZIP codes as they are now; they stay as they are while the pointer is held.
+  std::shared_ptr<const postal::ZipList> Zips() const;
+
+ private:
+  struct Loaded;
+
+  std::shared_ptr<Loaded> Get() const;
+
+  const std::vector<std::filesystem::path> files_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<Loaded> loaded_;  // never null
+};
+
+}  // namespace postwright::service
+
+#endif  // POSTWRIGHT_SERVICE_LOCALSOURCE_H_

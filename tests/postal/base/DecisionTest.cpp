@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include "postal/import/CsvSource.h"
+#include "service/Verifier.h"
+#include "tests/postal/DocTable.h"
+#include "tests/postal/base/SampleBase.h"
+#include "tests/support/TempFolder.h"
+
+namespace postwright::postal {
+namespace {
+
+const std::filesystem::path kSample = std::filesystem::path(POSTWRIGHT_SOURCE_DIR) / "data/sample";
+
+// "MILLRACE OH 00011", without a ZIP code or with one.
+void ReadPlace(std::string place, service::RequestAddress& asked) {
+  if (IsDigit(place.back())) {
+    asked.zip5 = place.substr(place.size() - 5);
+    place.resize(place.size() - 6);
+  }
+  asked.state = place.substr(place.size() - 2);
+  asked.city = place.substr(0, place.size() - 3);
+}
+
+// "APT 2; 14 N MAIN ST": a line above.
+service::RequestAddress ReadAsked(const std::string& lines, const std::string& place) {
+  service::RequestAddress asked;
+  const size_t sign = lines.find("; ");
+  asked.address1 = sign == std::string::npos ? "" : lines.substr(0, sign);
+  asked.address2 = sign == std::string::npos ? lines : lines.substr(sign + 2);
+  ReadPlace(place, asked);
+  return asked;
+}
+
+std::string Write(const service::ReplyFields& fields) {
+  std::string text;
+  for (const std::string* above : {&fields.urbanization, &fields.address1}) {
+    text += above->empty() ? "" : *above + "; ";
+  }
+  return text + fields.address2 + ", " + fields.city + " " + fields.state + " " + fields.zip5 +
+         (fields.zip4.empty() ? "" : "-" + fields.zip4);
+}
+
+// The made-up town, imported once for all tests.
+class DecisionTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    folder_ = new TempFolder;
+    zips_ = new ZipList(SampleZips());
+    Import(folder_->File("base"), "town", {kSample / "town.csv"}, *zips_);
+    Import(folder_->File("base"), "part", {kSample / "town-part.csv"}, *zips_, false);
+    base_ = new AddressBase(folder_->File("base"), AddressBase::kMostInMemory);
+  }
+  static void TearDownTestSuite() {
+    delete base_;
+    delete zips_;
+    delete folder_;
+  }
+
+  static service::ReplyAddress Verify(const service::RequestAddress& asked) {
+    return service::Verifier(*zips_, base_).Verify(asked);
+  }
+
+  static inline TempFolder* folder_ = nullptr;
+  static inline ZipList* zips_ = nullptr;
+  static inline AddressBase* base_ = nullptr;
+};
+
+TEST_F(DecisionTest, EveryRuleOfThePage) {
+  const auto rows = ReadDocTables("address-base.md", "asked", 6);
+  EXPECT_GT(rows.size(), 60U);
+  const AddressBase onDisk(folder_->File("base"));
+  for (const DocRow& row : rows) {
+    SCOPED_TRACE(row.place);
+    const service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
+    const service::ReplyAddress reply = Verify(asked);
+    EXPECT_EQ(service::Verifier(*zips_, &onDisk).Verify(asked).outcome, reply.outcome);
+    const auto* fields = std::get_if<service::ReplyFields>(&reply.outcome);
+    if (fields == nullptr) {
+      EXPECT_EQ(service::VerifyReply::NumberOf(std::get<Rejection>(reply.outcome)), row.cells[2]);
+      continue;
+    }
+    EXPECT_EQ(Write(*fields), row.cells[2]);
+    EXPECT_EQ(
+        fields->dpvConfirmation + (fields->dpvFootnotes.empty() ? "" : " " + fields->dpvFootnotes),
+        row.cells[3]);
+    EXPECT_EQ(fields->footnotes, row.cells[4]);
+    EXPECT_EQ(fields->returnText.empty(), fields->dpvConfirmation != "D");
+    EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
+    EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
+  }
+}
+
+// Every address of the sample is confirmed as it stands there: what it says is standard, and asking
+// with the answer gives the answer.
+TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
+  const std::filesystem::path base = folder_->File("buildings");
+  Import(base, "buildings", {kSample / "public-buildings.csv"}, *zips_, false);
+  Import(base, "town", {kSample / "town.csv"}, *zips_);
+  const AddressBase buildings(base);
+  CsvSource rows(kSample / "public-buildings.csv", std::nullopt);
+  int count = 0;
+  for (AddressRow row; rows.Next(row); ++count) {
+    service::RequestAddress asked;
+    asked.address2 = row[Field::Number] + " " + row[Field::Street];
+    asked.city = row[Field::City];
+    asked.state = row[Field::State];
+    asked.zip5 = row[Field::Zip];
+    SCOPED_TRACE(asked.address2);
+    const service::ReplyAddress reply = service::Verifier(*zips_, &buildings).Verify(asked);
+    ASSERT_TRUE(std::holds_alternative<service::ReplyFields>(reply.outcome));
+    const auto& fields = std::get<service::ReplyFields>(reply.outcome);
+    EXPECT_EQ(Write(fields),
+              asked.address2 + ", " + asked.city + " " + asked.state + " " + asked.zip5);
+    EXPECT_EQ(fields.dpvConfirmation, "Y");
+  }
+  EXPECT_GT(count, 250);
+}
+
+// A thousand addresses of parts that fit and parts that do not: whatever is answered is answered
+// again when it is asked for.
+TEST_F(DecisionTest, AnAnswerStaysAsItIs) {
+  const std::vector<std::string> numbers = {"12",     "14",     "31",  "33",       "5", "12A",
+                                            "13 1/2", "112-10", "150", "N6W23001", "9"};
+  const std::vector<std::string> streets = {"Main",
+                                            "N Main St",
+                                            "South Main Street",
+                                            "Oak",
+                                            "oak ave",
+                                            "Riversdie Dr",
+                                            "Elm St",
+                                            "Towpath Trail",
+                                            "Boulder Road",
+                                            "Chestnut Avenue",
+                                            "Bluemound Rd",
+                                            "Beich Ct",
+                                            "Hawthrone",
+                                            "E Street",
+                                            "State Hwy 60",
+                                            "Fifth St",
+                                            "Mac Arthur Rd",
+                                            "Calle 1"};
+  const std::vector<std::string> units = {"", "", "Apt 1", "#2", "Suite 100", "Floor 3", "4B"};
+  const std::vector<std::string> places = {"Millrace OH 00011",  "Millrace OH",
+                                           "Elderburn OH 00011", "Farley OH 00014",
+                                           "Millrace OH 00013",  "Villa Ejemplo PR 00016"};
+  int answers = 0;
+  for (size_t i = 0; i < 1500; ++i) {
+    const std::string line = numbers[i % numbers.size()] + " " + streets[i / 3 % streets.size()] +
+                             " " + units[i / 7 % units.size()];
+    SCOPED_TRACE(line + ", " + places[i / 11 % places.size()]);
+    const service::ReplyAddress first = Verify(ReadAsked(line, places[i / 11 % places.size()]));
+    const auto* fields = std::get_if<service::ReplyFields>(&first.outcome);
+    if (fields == nullptr) {
+      continue;
+    }
+    service::RequestAddress again;
+    again.address1 = fields->address1;
+    again.address2 = fields->address2;
+    again.urbanization = fields->urbanization;
+    again.city = fields->city;
+    again.state = fields->state;
+    again.zip5 = fields->zip5;
+    const service::ReplyAddress second = Verify(again);
+    ASSERT_TRUE(std::holds_alternative<service::ReplyFields>(second.outcome));
+    EXPECT_EQ(Write(std::get<service::ReplyFields>(second.outcome)), Write(*fields));
+    EXPECT_EQ(std::get<service::ReplyFields>(second.outcome).dpvConfirmation,
+              fields->dpvConfirmation);
+    EXPECT_EQ(std::get<service::ReplyFields>(second.outcome).footnotes,
+              fields->dpvConfirmation == "D" ? "H" : "");
+    ++answers;
+  }
+  EXPECT_GT(answers, 300);
+}
+
+}  // namespace
+}  // namespace postwright::postal

@@ -1,0 +1,242 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "postal/import/BaseBuilder.h"
+#include "tests/postal/base/SampleBase.h"
+#include "tests/support/TempFolder.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr const char* kHeading = "number,street,unit,city,state,zip,low,high\n";
+
+// Many addresses, on the streets of a few ZIP codes, in no order.
+std::string ManyRows(int count) {
+  std::string rows = kHeading;
+  for (int i = 0; i < count; ++i) {
+    const int mixed = i * 7919 % count;
+    rows += std::to_string(mixed % 997 + 1) + ",STREET " + std::to_string(mixed / 997) +
+            " AVE,,MILLRACE,OH,0001" + std::to_string(1 + i % 2) + ",,\n";
+  }
+  return rows;
+}
+
+// What a base knows, whatever numbers its rows have.
+std::string Content(const std::string& file) {
+  SqliteFile base = SqliteFile::OpenUnchanging(file);
+  std::string content;
+  for (const char* facts :
+       {"SELECT source.name||zip||street.name||number||unit FROM point JOIN street ON "
+        "street.id=street JOIN source ON source.id=source ORDER BY 1",
+        "SELECT source.name||zip||street.name||low||high FROM number_range JOIN street ON "
+        "street.id=street JOIN source ON source.id=source ORDER BY 1",
+        "SELECT zip||city.name FROM city ORDER BY 1",
+        "SELECT name||rows||' '||left_out FROM source ORDER BY 1"}) {
+    for (SqliteStatement rows(base, facts); rows.Step();) {
+      content += rows.Text(0) + '\n';
+    }
+  }
+  return content;
+}
+
+class ImportTest : public testing::Test {
+ protected:
+  void Run(const std::string& base, const std::string& source, const std::string& file) {
+    Import(folder_.File(base), source, {file}, zips_);
+  }
+
+  // Runs an import in a process of its own, which is killed where `listeners` say so.
+  void RunAndKill(const std::string& base, const std::string& file,
+                  const Importer::Listeners& listeners) {
+    const pid_t child = fork();
+    if (child == 0) {
+      Importer(folder_.File(base), {"many", "", "", "", true}, {file}, std::nullopt, zips_)
+          .Run(false, listeners);
+      _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+  }
+
+  TempFolder folder_;
+  ZipList zips_ = SampleZips();
+};
+
+TEST_F(ImportTest, StoppedOrKilledGoesOnWhereItWas) {
+  const std::string file = folder_.Write("many.csv", ManyRows(150'000));
+  Run("straight", "many", file);
+  const std::string first =
+      folder_.Write("first.csv", std::string(kHeading) + "1,MAIN ST,,MILLRACE,OH,00011,,\n");
+  Run("base", "first", first);
+  Run("straight", "first", first);
+  const std::string before = Content(folder_.File("base"));
+  const AddressBase reader(folder_.File("base"));
+
+  RunAndKill("base", file,
+             {[](const Importer::Progress& progress) {
+                if (progress.counts.points > 100'000) {
+                  raise(SIGKILL);
+                }
+              },
+              {},
+              {}});
+  EXPECT_EQ(Content(folder_.File("base")), before);
+  EXPECT_THROW(AddressBase(folder_.File("base.import")), ZipListError);
+  EXPECT_THROW(Run("base", "other", file), ImportError);
+
+  {
+    Importer importer(folder_.File("base"), {"many", "", "", "", true}, {file}, std::nullopt,
+                      zips_);
+    EXPECT_TRUE(importer.GoesOn());
+    EXPECT_EQ(importer.Counts().points, 65'536);           // as far as it was saved
+    EXPECT_THROW(Run("base", "many", file), ImportError);  // two at once
+    std::atomic<bool> stop = true;
+    EXPECT_EQ(importer.Run(stop, {}), Importer::End::Stopped);
+  }
+  RunAndKill("base", file, {{}, {}, [] { raise(SIGKILL); }});
+  EXPECT_EQ(Content(folder_.File("base")), before);
+  Run("base", "many", file);
+  // Too long to be shown side by side.
+  EXPECT_TRUE(Content(folder_.File("base")) == Content(folder_.File("straight")));
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("base.import")));
+
+  EXPECT_TRUE(reader.Borrow()->FindStreets("00011", "STREET1AVE").empty());  // the old one
+  EXPECT_EQ(reader.Borrow()->Count("point"), 1);
+  EXPECT_EQ(AddressBase(folder_.File("base")).Borrow()->Count("point"), 150'001);
+}
+
+TEST_F(ImportTest, ReplacesASourceAndKeepsTheOthers) {
+  const std::string heading = kHeading;
+  Run("base", "a", folder_.Write("a", heading + "1,MAIN ST,,,OH,00011,,\n3,ELM ST,,,OH,00011,,\n"));
+  Run("base", "b",
+      folder_.Write("b", heading + "1,MAIN ST,,,OH,00011,,\n,OAK ST,,,OH,00012,1,9\n"));
+  Run("base", "a", folder_.Write("a", heading + "5,MAIN ST,,FARLEY,OH,00011,,\n"));
+  EXPECT_EQ(Content(folder_.File("base")),
+            "a00011MAIN5\nb00011MAIN1\nb00012OAK19\n00011FARLEY\na1 0\nb2 0\n");
+  const AddressBase base(folder_.File("base"));
+  EXPECT_TRUE(base.Borrow()->FindStreets("00011", "ELM").empty());
+}
+
+TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
+  struct Row {
+    const char* name;
+    std::string rows;
+    std::array<int64_t, kRowFaults> faults;  // malformed, no ZIP, no street, no number
+    int64_t taken;
+  };
+  const std::string good = "1,MAIN ST,,MILLRACE,OH,00011,,\n";
+  const Row rows[] = {
+      {"nothing", "", {}, 0},
+      {"good ones", good + "\n" + good + "\r\n\"2\",\"MAIN ST\",,,,00011-1234\n" + good, {}, 4},
+      {"no line feed at the end", "1,MAIN ST,,,,00011", {}, 1},
+      {"a ZIP code of the city", "1,MAIN ST,,Hutto,Texas,,,\n1,MAIN ST,,Austin,TX,,,\n", {0, 1}, 1},
+      {"no ZIP code", "1,MAIN ST,,,,1234,,\n1,MAIN ST,,,OH,\n", {0, 2}, 0},
+      {"no street", "1,,,,,00011,,\n1,Ленина,,,,00011,,\n", {0, 0, 2}, 0},
+      {"no number",
+       ",MAIN ST,,,,00011,,\n0,MAIN ST,,,,00011,,\nx,MAIN ST,,,,00011,,\n",
+       {0, 0, 0, 3},
+       0},
+      {"ranges", ",A ST,,,,00011,9,1\n,A ST,,,,00011,1,\n,A ST,,,,00011,1A,9B\n", {0, 0, 0, 2}, 1},
+      {"an open quotation mark", "\"1,MAIN ST\n" + good + good, {1}, 2},
+      {"one that is never closed",
+       good + "1,\"MAIN ST," + std::string(80'000, 'x') + "\n" + good,
+       {1},
+       2},
+      {"an endless line", std::string(3'000'000, 'x') + "\n" + good, {1}, 1},
+      {"zero bytes",
+       std::string("1,MAIN\0 ST,,,,00011,,\n", 22) + std::string(9, '\0') + "\n" + good,
+       {0, 1},
+       2},
+      {"Latin-1",
+       "1,PE\xD1"
+       "A ST,,,,00011,,\n",
+       {},
+       1},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const std::string file = folder_.Write("rows.csv", "\xEF\xBB\xBF" + (kHeading + row.rows));
+    Importer importer(folder_.File("base"), {row.name, "", "", "", true}, {file}, std::nullopt,
+                      zips_);
+    EXPECT_EQ(importer.Run(false, {}), Importer::End::Done);
+    EXPECT_EQ(importer.Faults(), row.faults);
+    EXPECT_EQ(importer.Counts().points + importer.Counts().ranges, row.taken);
+  }
+}
+
+TEST_F(ImportTest, NamesTheLineThatIsLeftOut) {
+  const std::string file = folder_.Write(
+      "rows.csv", std::string(kHeading) + "1,A ST,\"two\nlines\",,,00011,,\n\n,A ST,,,,00011,,\n");
+  std::string said;
+  Importer(folder_.File("base"), {"rows", "", "", "", true}, {file}, std::nullopt, zips_)
+      .Run(false, {{},
+                   [&](const std::string&, int64_t line, const std::string& why) {
+                     said += std::to_string(line) + ": " + why;
+                   },
+                   {}});
+  EXPECT_EQ(said, "5: has neither a house number nor a range of them");
+}
+
+TEST_F(ImportTest, ReadsTheFormatsThatItKnows) {
+  const std::string openAddresses =
+      folder_.Write("oa.csv",
+                    "LON,LAT,NUMBER,STREET,UNIT,CITY,DISTRICT,REGION,POSTCODE,ID,HASH\n"
+                    "-97.7,30.2,12½,North Main Street,# 4,Millrace,,OH,00011,,abc\n");
+  const std::string national = folder_.Write(
+      "nad.txt",
+      "OID_,AddNum_Pre,Add_Number,AddNum_Suf,AddNo_Full,St_PreMod,St_PreDir,St_PreTyp,St_PreSep,"
+      "St_Name,St_PosTyp,St_PosDir,St_PosMod,StNam_Full,Unit,Post_City,State,Zip_Code,Plus_4,"
+      "AddAuth\n"
+      "1,,14,,14,,South,,,Mill,Street,Northwest,,South Mill Street Northwest,Apt 2,Farley,OH,00014,"
+      "1234,x\n");
+  const std::string mapped =
+      folder_.Write("county.csv", "HOUSE|PRE|NAME|TYPE|POSTAL\n9|E|OAK|LANE|00015\n");
+  Run("base", "oa", openAddresses);
+  Run("base", "nad", national);
+  Importer(folder_.File("base"), {"county", "", "", "", true}, {mapped},
+           ColumnMap::Parse("number=house,street=PRE+NAME+TYPE,zip=POSTAL"), zips_)
+      .Run(false, {});
+  EXPECT_EQ(Content(folder_.File("base")),
+            "county00015OAK9\nnad00014MILL14APT 2\noa00011MAIN12 1/2# 4\n"
+            "00011MILLRACE\n00014FARLEY\ncounty1 0\nnad1 0\noa1 0\n");
+  const AddressBase base(folder_.File("base"));
+  const StreetName street = base.Borrow()->FindStreets("00014", "MILL").at(0).street;
+  EXPECT_EQ(ComposeStreet(street), "S MILL ST NW");
+}
+
+TEST_F(ImportTest, RefusesFilesThatItCannotUse) {
+  const std::string notes = folder_.Write("notes.txt", "Dear all,\n");
+  EXPECT_THROW(Run("base", "a", notes), SourceError);
+  EXPECT_THROW(Run("base", "a", folder_.Write("empty", "")), SourceError);
+  EXPECT_THROW(Run("base", "a", folder_.File("nowhere")), SourceError);
+  EXPECT_THROW(Run("base", "a", folder_.File("")), SourceError);
+  EXPECT_THROW(Importer(folder_.File("base"), {"a", "", "", "", true}, {notes},
+                        ColumnMap::Parse("street=X"), zips_),
+               SourceError);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("base.import")));
+  EXPECT_THROW(Run("notes.txt", "a", folder_.Write("good", kHeading)), ZipListError);
+  EXPECT_THROW(AddressBase(folder_.File("nowhere")), ZipListError);
+}
+
+// A base that was cut short, or is not one in the middle, is told when it is opened or asked, and
+// ends nothing.
+TEST_F(ImportTest, DamagedBasesAreTold) {
+  const std::string file = folder_.Write("many.csv", ManyRows(3'000));
+  Run("base", "many", file);
+  const auto size = std::filesystem::file_size(folder_.File("base"));
+  for (const size_t left : {size_t{0}, size_t{60}, size_t{100}, size_t{5'000}, size / 2}) {
+    SCOPED_TRACE(left);
+    std::filesystem::copy_file(folder_.File("base"), folder_.File("cut"),
+                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::resize_file(folder_.File("cut"), left);
+    EXPECT_ANY_THROW(AddressBase(folder_.File("cut")).Borrow()->Count("point NOT INDEXED"));
+  }
+}
+
+}  // namespace
+}  // namespace postwright::postal
