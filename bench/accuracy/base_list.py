@@ -18,7 +18,7 @@ Meadow Prairie Valley Canyon Summit Harbor Windsor Lincoln Madison Jackson Monro
 Lexington Concord Hawthorne Magnolia Juniper Sycamore Laurel Dogwood Heather Jasmine Crystal Silver Copper Amber""".split()
 SECOND = ["", "", "", "", "wood", "ton", "field", " Creek", " Ridge", " Park", " Hollow", " Point", " Glen", " Run", " View", " Hill"]
 WHOLE = """Main;Broad;Market;Church;Central;Central Park;Sunset;Sunset Hill;Lake Shore;Martin Luther King Jr;MacArthur;El Camino
-North;South;West End;Saint Charles;Mount Vernon;Old Mill;Van Buren;La Salle;Avenue A;College;University;State;High;Court;Park"""
+North;South;Saint Charles;Mount Vernon;Old Mill;Van Buren;La Salle;Avenue A;College;University;State;High;Court;Park"""
 
 
 @dataclass(frozen=True)

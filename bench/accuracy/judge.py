@@ -60,7 +60,8 @@ class Element:
             return [words(name) for name in PLAIN_UNITS[designator]]
         names = [designator, *UNITS.get(designator, [])]
         signs = [""] if designator == "#" else ["", "#"]
-        return [words(f"{name} {sign} {number}") for name in names for sign in signs]
+        numbers = [number, re.sub(r"(?<=\d)-(?=[A-Z])", "", number)]  # 2-A is 2A, but 2-1 is not 21
+        return [words(f"{name} {sign} {value}") for name in names for sign in signs for value in numbers]
 
     def _city_spellings(self):
         long = words(self.standard)
@@ -133,6 +134,16 @@ def _judge_delivery(lines, label):
     return wrong or "delivery lines", False
 
 
+def _without_add_on(element):
+    return Element("zip", element.standard[:5], element.standard[:5])
+
+
+def _match_last(tokens, label):
+    found = _match(tokens, _last_line(label))
+    lost = found == "zip" and not _match(tokens, _last_line(label)[:-1] + [_without_add_on(label.zip)])
+    return "ZIP+4 lost" if lost else found
+
+
 def _last_line(label):
     return [element for element in (label.city, label.state, label.zip) if element]
 
@@ -168,7 +179,7 @@ def judge(text, label):
         if len(rest) <= last:
             break
         tokens = words(" ".join(rest[-last:]))
-        found = _match(tokens, _last_line(label))
+        found = _match_last(tokens, label)
         if not found:
             wrong, standard = _judge_delivery(rest[:-last], label)
             return Verdict(wrong, standard and _is_standard(tokens, _last_line(label)))

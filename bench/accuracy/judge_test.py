@@ -47,7 +47,8 @@ ROWS = [  # name, text, what is wrong
     ("another city", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAULS MN 55101-1234\nRING TWICE", "city"),
     ("another state", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAUL MS 55101-1234\nRING TWICE", "state"),
     ("another ZIP code", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAUL MN 55102-1234\nRING TWICE", "zip"),
-    ("ZIP+4 lost", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAUL MN 55101\nRING TWICE", "zip"),
+    ("ZIP+4 lost", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAUL MN 55101\nRING TWICE", "ZIP+4 lost"),
+    ("ZIP+4 of another ZIP code", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAUL MN 55102\nRING TWICE", "zip"),
     ("accent of a name lost", "JOSE OBRIEN JR\n3M COMPANY\n12-14 N PENA HILL AVE APT 4B" + TAIL, "line above"),
     ("digit of a name lost", "JOSÉ OBRIEN JR\nM COMPANY\n12-14 N PENA HILL AVE APT 4B" + TAIL, "line above"),
     ("name line lost", "JOSÉ OBRIEN JR\n12-14 N PENA HILL AVE APT 4B" + TAIL, "lines lost"),
@@ -83,6 +84,11 @@ class JudgeTest(unittest.TestCase):
                               Element("suffix", "AVE", "Ave")], units=[])
         self.assertEqual(judge(NAMES + "12 NORTH AVE" + TAIL, north).wrong, "")
         self.assertEqual(judge(NAMES + "12 N AVE" + TAIL, north).wrong, "name")
+
+    def test_hyphen_of_a_unit(self):
+        for unit, text, wrong in [("APT 2-A", "APT 2A", ""), ("APT 2-1", "APT 21", "unit"), ("# 4", "4", "unit")]:
+            hyphened = label(units=[Element("unit", unit, unit)])
+            self.assertEqual(judge(NAMES + f"12-14 N PENA HILL AVE {text}" + TAIL, hyphened).wrong, wrong)
 
     def test_unit_without_number(self):
         rear = label(units=[Element("unit", "REAR", "rear")])

@@ -5,6 +5,7 @@ from dataclasses import dataclass
 
 from base_list import MISTAKES, NO_MISTAKE
 from judge import judge
+from traits import telling_traits
 
 RIGHT, WRONG, REFUSED, DOUBTFUL, LEFT, KEPT = (
     "right", "wrongly changed", "wrongly refused", "doubtful", "left alone", "mistake left in")
@@ -92,15 +93,22 @@ def base_figures(outcomes):
     kinds = Counter(each.kind for each in outcomes)
     figures = {"wrongly changed": kinds[WRONG], "unstable": sum(bool(each.unstable) for each in outcomes)}
     for group in [NO_MISTAKE, *MISTAKES]:
-        one = [each for each in outcomes if each.row.group == group and each.row.answers == 1]
-        figures[f"not right: {group}"] = sum(each.kind != RIGHT for each in one)
+        own = [each for each in outcomes if each.row.group == group]
+        if group == "number swapped":  # which has no right answer
+            figures["neither refused nor doubtful: " + group] = sum(each.kind not in (REFUSED, DOUBTFUL) for each in own)
+        else:
+            figures["not right: " + group] = sum(each.kind != RIGHT for each in own if each.row.answers == 1)
     return figures
 
 
 def causes(outcomes, count):
-    """The most frequent ways to go wrong, each with an example."""
+    """The most frequent ways to go wrong, each with what its rows have in common and an example."""
     bad = [each for each in outcomes if each.kind not in (RIGHT, LEFT)]
-    key = {id(each): (each.kind, each.row.group, each.cause) for each in bad}
+    told = {}
+    for kind in {each.kind for each in bad}:
+        of_kind = {id(each.row) for each in bad if each.kind == kind}
+        told.update(telling_traits([each.row for each in outcomes], lambda row: id(row) in of_kind))
+    key = {id(each): (each.kind, told[id(each.row)], each.cause) for each in bad}
     first = {}
     for each in bad:
         first.setdefault(key[id(each)], each)
@@ -108,7 +116,7 @@ def causes(outcomes, count):
     for cause, times in Counter(key.values()).most_common(count):
         example = first[cause]
         rows.append([times, *cause, example.row.text.replace("\n", " / "), example.got.replace("\n", " / ")])
-    return _table(["rows", "kind", "form or mistake", "first wrong", "typed", "got"], rows)
+    return _table(["rows", "kind", "in common", "first wrong", "typed", "got"], rows)
 
 
 def bad_row(each):

@@ -33,8 +33,10 @@ class Programs:
                 service.communicate()
 
     def make_base(self, csv, base):
-        subprocess.run([self._folder / "postwright-base", "import", base, csv, "--source", "Made-up addresses", "--quiet"],
-                       check=True, stdout=subprocess.DEVNULL)
+        command = [self._folder / "postwright-base", "import", base, csv, "--source", "Made-up addresses", "--quiet"]
+        done = subprocess.run(command, capture_output=True, text=True)
+        if done.returncode:
+            raise SystemExit(f"accuracy.py: no base was made: {done.stderr}")
 
     def fix(self, server, texts):
         """Returns the record of each text, in their order."""

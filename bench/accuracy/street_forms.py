@@ -18,7 +18,7 @@ King;Queen Anne;Prince George;Rose;Lower Mill;Upper Falls;Office Park;Lot;Space 
 Unity;Stewart;Eastman;Northrup;Westlake;Southport;Aptos;Floral;Boxwood;Drexel;Roadrunner;Lanark;Courtland;Avondale
 A;B;K;Cactus Wren;Calle Real;Via Verde;Avenida;Vista Grande;Alameda;Paseo;Tuscarawas;Susquehanna;Albuquerque""" \
     .replace("\n", ";").split(";")
-WITHOUT_SUFFIX = ["Broadway", "Bowery", "Rittenhouse Square South", "Fenway", "Boardwalk", "Strand", "Esplanade",
+WITHOUT_SUFFIX = ["Broadway", "Bowery", "Fenway", "Boardwalk", "Strand", "Esplanade",
                   "Embarcadero", "Tamiami", "Malecon", "Camino del Sol", "Via Appia", "Paseo del Norte", "Plymouth Rock"]
 SPANISH = ["Sol", "Luna", "San Juan", "1", "3", "17", "Las Flores", "Muñoz Rivera", "Betances", "del Parque"]
 
@@ -102,14 +102,14 @@ def common_street(chance, state, house=None, pre=0.22, post=0.08):
 def numbered_street(chance, state):
     value = chance.choice([chance.randint(1, 12), chance.randint(1, 220)])
     typed = ordinal(value).lower()
-    also = [f"{value}"]
-    if value in ORDINALS:
+    also = [typed, f"{value}"]
+    if value in ORDINALS:  # in words or in digits, as the town has it
         also.append(ORDINALS[value])
         typed = chance.choice([typed, typed, ORDINALS[value]])
     street = [number(chance)]
     if chance.random() < 0.4:
         street.append(directional(chance))
-    street += [element("name", ordinal(value), typed, *also), suffix(chance)]
+    street += [element("name", typed.upper(), typed, *also), suffix(chance)]
     if chance.random() < 0.12:
         street.append(directional(chance))
     return written(chance, street, units(chance))
