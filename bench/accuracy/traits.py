@@ -33,6 +33,8 @@ def _street_traits(label):
         yield "sign in the name of the street"
     if name.split() and name.split()[-1] in SUFFIX_STANDARD and "suffix" in by_kind:
         yield "name ends with a suffix word"
+    if name.split() and name.split()[0] in SUFFIX_STANDARD:
+        yield "name begins with a suffix word"
     if name in DIRECTION_STANDARD:
         yield "name is a directional"
     suffix = by_kind.get("suffix")
@@ -56,6 +58,8 @@ def _unit_traits(label, lines):
         yield "two units"
     last = label.units[-1]
     yield f"unit {last.standard.split()[0]}"
+    if re.search(r" [A-Z]$", last.standard):
+        yield "unit of one letter"
     if "-" in last.typed:
         yield "unit with hyphen"
     if "#" in last.typed:
