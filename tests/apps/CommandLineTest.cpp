@@ -34,6 +34,10 @@ std::string EmptyRecord(const std::string& id = "") {
   return Record(id, "", "", "", "", "", "", "");
 }
 
+std::string Nest(std::size_t levels) {
+  return std::string(levels, '[') + std::string(levels, ']');
+}
+
 struct LineRow {
   const char* name;
   std::string input;
@@ -82,6 +86,12 @@ TEST(ParseLinesTest, AnswersEveryLine) {
        LabelRecord() + EmptyRecord() + LabelRecord(), 1, "line 2 is longer than 16 MiB"},
       {"deep nesting", R"({"address":"x","id":)" + std::string(100000, '['), EmptyRecord(), 1,
        "not a JSON"},
+      {"as deep as is read", R"({"address":"x","id":)" + Nest(1000) + "}",
+       EmptyRecord("\"id\":" + Nest(1000) + ","), 0, ""},
+      {"one level deeper", R"({"address":"x","id":)" + Nest(1001) + "}\n" + label,
+       EmptyRecord() + LabelRecord(), 1, "line 1 has more than 1,000 arrays and objects inside"},
+      {"far deeper", "{\"x\":" + Nest(600000) + "}\n" + label, EmptyRecord() + LabelRecord(), 1,
+       "line 1 has more than"},
   };
   const ScratchFolder folder;
   for (const LineRow& row : rows) {

@@ -140,6 +140,22 @@ TEST_F(FixStreamTest, GoesOnWhereARunWasKilled) {
   CheckCommands({{"nothing left to do", run + "; cat out", 0, Lines(120, Record), ""}}, folder_);
 }
 
+// A line too deep to be read is answered as one that is no label, by whoever reads it again.
+TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
+  WriteFile(folder_.File("labels"), LabelLine(1) + "{\"x\":" + std::string(600000, '[') +
+                                        std::string(600000, ']') + "}\n" + LabelLine(2));
+  const std::string record =
+      R"({"address":"","fixed":"","result":"The line has more than 1,000 arrays and objects )"
+      R"(inside one another","status":3})"
+      "\n";
+  WriteFile(folder_.File("begun"), Record(1) + record);
+  const std::string run = there_ + fix_ + " --jobs 3 --resume ";
+  const std::string records = Record(1) + record + Record(2);
+  CheckCommands({{"many jobs", run + "out labels; cat out", 0, records, "line 2 has more than"},
+                 {"resumed", run + "begun labels; cat begun", 0, records, "line 2 has more than"}},
+                folder_);
+}
+
 TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
   const std::string records = Lines(2, Record);
   WriteFile(folder_.File("labels"), Lines(3, LabelLine));

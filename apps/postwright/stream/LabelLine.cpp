@@ -12,18 +12,24 @@ using simdjson::ondemand::json_type;
 
 static_assert(LineReader::kPadding >= simdjson::SIMDJSON_PADDING);
 
-// The library reads on demand: what nobody asks for is not checked. So ask for everything.
-void CheckValue(simdjson::ondemand::value value) {
+constexpr int kMostLevels = 1000;  // each costs a call of CheckValue its part of the stack
+
+// The library reads on demand: what nobody asks for is not checked. So ask for everything. `level`
+// counts the arrays and objects around the value.
+void CheckValue(simdjson::ondemand::value value, int level) {
+  if (level > kMostLevels) {
+    throw simdjson::simdjson_error(simdjson::DEPTH_ERROR);
+  }
   switch (value.type()) {
     case json_type::object:
       for (auto field : value.get_object()) {
         field.unescaped_key().value();
-        CheckValue(field.value());
+        CheckValue(field.value(), level + 1);
       }
       break;
     case json_type::array:
       for (auto element : value.get_array()) {
-        CheckValue(element.value());
+        CheckValue(element.value(), level + 1);
       }
       break;
     case json_type::string:
@@ -46,10 +52,21 @@ void CheckValue(simdjson::ondemand::value value) {
 // The text of `value` as it is written in `document`.
 std::string RawText(simdjson::ondemand::document& document, simdjson::ondemand::value value) {
   const char* const begin = value.current_location();
-  CheckValue(value);
+  CheckValue(value, 1);
   const char* const end = document.current_location();
   const std::string_view text(begin, end - begin);
   return std::string(text.substr(0, text.find_last_not_of(" \t\r\n") + 1));
+}
+
+std::string ProblemOf(simdjson::error_code error) {
+  switch (error) {
+    case simdjson::UTF8_ERROR:
+      return "is not valid UTF-8";
+    case simdjson::DEPTH_ERROR:
+      return "has more than 1,000 arrays and objects inside one another";
+    default:
+      return "is not a JSON string";
+  }
 }
 
 void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
@@ -64,7 +81,7 @@ void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
       hasAddress = true;
     } else {
       hasAddress = hasAddress && key != "address";
-      CheckValue(value);
+      CheckValue(value, 1);
     }
   }
   if (!hasAddress) {
@@ -102,8 +119,7 @@ LabelLine LabelLineParser::Parse(const LineReader& reader) {
     }
   } catch (const simdjson::simdjson_error& error) {
     // The label is lost, and said to be: its line is named and an empty record answers it.
-    const bool isEncoding = error.error() == simdjson::UTF8_ERROR;
-    label = {{}, {}, isEncoding ? "is not valid UTF-8" : "is not a JSON string"};
+    label = {{}, {}, ProblemOf(error.error())};
   }
   return label;
 }

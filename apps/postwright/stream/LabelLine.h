@@ -19,8 +19,8 @@ struct LabelLine {
 };
 
 // Reads such lines, to the letter of RFC 8259: text that is not UTF-8, half a surrogate pair or
-// anything behind the value makes a line that is no label. Numbers beyond the range of a double
-// and more than 1,000 arrays inside one another count as such, too.
+// anything behind the value makes a line that is no label. So do numbers beyond the range of a
+// double and more than 1,000 arrays and objects inside one another.
 class LabelLineParser {
  public:
   LabelLineParser();
