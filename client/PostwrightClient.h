@@ -49,9 +49,10 @@ struct AddressFix {
 //
 // A client belongs to one thread; several clients on several threads may call at once, and each fix
 // then waits for its turn at the engine. A fix blocks until the service has answered or the attempt
-// has failed (up to 30 s to connect and 60 s without progress), on the thread that called. While it
-// waits for its turn, and only then, a thread of a QGuiApplication handles events other than user
-// input, so that windows stay painted: the host's slots and timers may run inside the call.
+// has failed (up to 30 s to connect, 60 s without progress, 2 minutes in all unless
+// SetFetchTimeout() says otherwise), on the thread that called. While it waits for its turn, and
+// only then, a thread of a QGuiApplication handles events other than user input, so that windows
+// stay painted: the host's slots and timers may run inside the call.
 //
 // Every failure of a fix becomes a message in lastResult() and a nil return; no PostwrightException
 // leaves this class. Anything else, such as std::bad_alloc, passes on. The character locale of the

@@ -5,8 +5,8 @@
 namespace postwright {
 
 std::unique_ptr<std::vector<std::uint8_t>> AbandonableServices::ReadUrl(const wchar_t* url) {
-  FetchLimits limits;
-  limits.abandoned = abandoned_;
+  HttpLimits limits = FetchLimits();
+  limits.cancelled = abandoned_;
   return std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url), limits));
 }
 

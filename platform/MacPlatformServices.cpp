@@ -157,7 +157,7 @@ std::wstring MacPlatformServices::UrlUnescape(const wchar_t* text) {
 }
 
 std::unique_ptr<std::vector<std::uint8_t>> MacPlatformServices::ReadUrl(const wchar_t* url) {
-  return std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url)));
+  return std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url), FetchLimits()));
 }
 
 std::int32_t MacPlatformServices::StringToInt(const wchar_t* text) {

@@ -53,8 +53,11 @@ class POSTWRIGHT_CORE_EXPORT MacPlatformServices : public IPlatformServices {
   // GET over http or https, on one kept-alive connection a thread. Up to 20 redirects are followed,
   // to http and https only; the proxy is that of the environment (http_proxy, https_proxy,
   // no_proxy). No header is sent but Host. Fails, and so returns the empty vector, where connecting
-  // takes 30 s, where nothing arrives for 60 s, where more than 16 MiB arrive, where the body
-  // breaks off, and after a fork only for the same reasons: a child opens its own connection.
+  // takes 30 s, where nothing arrives for 60 s, where the whole takes longer than GetFetchTimeout()
+  // (2 minutes unless set), where the answer breaks off, where it has a transfer coding other than
+  // chunked, where a head with its trailers has more than 64 KiB or where more than 16 MiB arrive,
+  // heads, redirects and all. After a fork only for the same reasons: a child opens its own
+  // connection.
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
 
   // A number that a long cannot hold is read as the nearest that it can, then cut to its lower 32

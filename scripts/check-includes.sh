@@ -11,7 +11,7 @@ core/records  <core/Export.h
 core/parser   <core/(Export.h|records/.*)  "core/records/.*
 core/c        <(core|platform)/.*  "platform/LogFormat.h
 core/engine   <core/(Export.h|records/.*|parser/.*)  "core/(records|parser)/.*  <platform/IPlatformServices.h
-platform      <core/Export.h
+platform      <core/Export.h  "common/.*
 client/suite  <client/ClientExport.h  Qt
 client        <(core|platform)/.*  Qt
 common

@@ -1,5 +1,7 @@
 // The program `postwright-addressbook`.
 
+#include <postwright/FetchTimeout.h>
+
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QIcon>
@@ -7,6 +9,7 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/TimeOption.h"
 #include "apps/VerifyServer.h"
 #include "apps/addressbook/fix/BatchFixer.h"
 #include "apps/addressbook/settings/Translations.h"
@@ -18,7 +21,8 @@ namespace {
 
 enum ExitStatus : int { kExitDone = 0, kExitFailed = 1, kExitUsage = 2 };
 
-constexpr const char* kUsage = "postwright-addressbook [--server HOST[:PORT]] [FILE]";
+constexpr const char* kUsage =
+    "postwright-addressbook [--server HOST[:PORT]] [--timeout TIME] [FILE]";
 
 constexpr const char* kFooter =
     R"(FILE is an address book: a CSV file with a header, a vCard file or a .pwbook file. Its kind is told
@@ -30,6 +34,7 @@ Example: postwright-addressbook --server 127.0.0.1:8470 friends.csv)";
 
 struct Options {
   std::string server;
+  std::chrono::seconds timeout{0};  // of one request; 0 is the build's own
   std::string file;
 };
 
@@ -44,6 +49,8 @@ bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
   app.add_option("--server", options.server, "The Verify service to ask instead of the usual one")
       ->type_name("HOST[:PORT]")
       ->check(CLI::Validator(CheckServer, ""));
+  AddTimeOption(app, "--timeout", options.timeout,
+                "How long a request to it may last, as 20s; 2min unless given");
   app.add_option("FILE", options.file, "The address book to open")->type_name("");
   app.footer(kFooter);
   try {
@@ -73,6 +80,9 @@ bool hasDisplay() {
 }
 
 int run(int argc, char** argv, const Options& options) {
+  if (options.timeout.count() > 0) {
+    SetFetchTimeout(options.timeout);
+  }
   QApplication application(argc, argv);
   QApplication::setOrganizationName(QStringLiteral("Postwright"));
   QApplication::setApplicationName(QStringLiteral("addressbook"));

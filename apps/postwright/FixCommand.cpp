@@ -1,5 +1,6 @@
 #include "apps/postwright/FixCommand.h"
 
+#include <postwright/FetchTimeout.h>
 #include <postwright/PostwrightClient.h>
 
 #include <iostream>
@@ -80,6 +81,9 @@ std::string CheckJobs(const std::string& jobs) {
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {
     UseServer(options.server);
+  }
+  if (options.timeout.count() > 0) {
+    SetFetchTimeout(options.timeout);
   }
   PostwrightClient client;
   ApplySettings(options, client);

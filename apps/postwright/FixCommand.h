@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_FIXCOMMAND_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_FIXCOMMAND_H_
 
+#include <chrono>
 #include <string>
 
 #include "apps/postwright/Failure.h"
@@ -9,9 +10,10 @@ namespace postwright {
 
 // Those of the second group go with jsonl.
 struct FixOptions {
-  std::string file = "-";         // "-" is standard input
-  std::string server;             // HOST[:PORT]; "" is the build's own
-  std::string letters = "upper";  // the case of corrected text: upper, lower or mixed
+  std::string file = "-";           // "-" is standard input
+  std::string server;               // HOST[:PORT]; "" is the build's own
+  std::chrono::seconds timeout{0};  // of one request; 0 is the build's own
+  std::string letters = "upper";    // the case of corrected text: upper, lower or mixed
   bool keepPunctuation = false;
   std::string mixedCase;  // the user's spellings, separated by ";"
   bool jsonl = false;     // a JSON line a label; else the whole input is one label

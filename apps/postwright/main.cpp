@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/TimeOption.h"
 #include "apps/VerifyServer.h"
 #include "apps/postwright/Failure.h"
 #include "apps/postwright/FixCommand.h"
@@ -41,7 +42,7 @@ Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright p
 
 constexpr const char* kFixUsage =
     "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
-    "                      [--server HOST[:PORT]] [FILE]\n"
+    "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
     "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
@@ -140,6 +141,8 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
       ->type_name("HOST[:PORT]")
       ->check(CLI::Validator(CheckServer, ""));
+  AddTimeOption(*parser, "--timeout", options.timeout,
+                "How long a request to it may last, as 20s; 2min unless given");
 }
 
 void AddFixStream(CLI::App* parser, FixOptions& options, const Streams& streams) {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "apps/verifyd/TimeOption.h"
+#include "apps/TimeOption.h"
 #include "service/upstream/UpstreamUrl.h"
 
 namespace postwright::service {

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <climits>
 
-#include "apps/verifyd/TimeOption.h"
+#include "apps/TimeOption.h"
 #include "service/http/ListenAddress.h"
 
 namespace postwright::service {

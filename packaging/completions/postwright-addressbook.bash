@@ -2,7 +2,7 @@
 
 _postwright_addressbook() {
   if [[ $2 == -* ]]; then
-    mapfile -t COMPREPLY < <(compgen -W '--help --version --server' -- "$2")
+    mapfile -t COMPREPLY < <(compgen -W '--help --version --server --timeout' -- "$2")
   fi
 }
 complete -o bashdefault -o default -F _postwright_addressbook postwright-addressbook

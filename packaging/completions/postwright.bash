@@ -8,7 +8,7 @@ _postwright() {
       mapfile -t COMPREPLY < <(compgen -W 'upper lower mixed' -- "$current")
       return
       ;;
-    --output | --resume | --jobs | --mixed-case | --server)
+    --output | --resume | --jobs | --mixed-case | --server | --timeout)
       return
       ;;
   esac
@@ -18,7 +18,7 @@ _postwright() {
       words+=' --jsonl --output'
       ;;
     fix)
-      words+=' --jsonl --output --case --keep-punctuation --mixed-case --server --resume --jobs --quiet'
+      words+=' --jsonl --output --case --keep-punctuation --mixed-case --server --timeout --resume --jobs --quiet'
       ;;
     *)
       words+=' parse fix'

@@ -129,6 +129,7 @@ TEST(CommandLineTest, ExplainsItself) {
           {"nameless", "$postwright fix --jsonl --resume ''", 2, "", "a file's name is missing"},
           {"two outputs", "$postwright fix --jsonl --resume a --output b", 2, "", "excludes"},
           {"server with path", "$postwright fix --server host/x", 2, "", "is not HOST[:PORT]"},
+          {"no time", "$postwright fix --timeout soon", 2, "", "'soon' is not as 30d, 12h or 20s"},
           {"port too high", "$postwright fix --server [::1]:65536", 2, "", "is not HOST[:PORT]"},
       },
       ScratchFolder());
@@ -183,6 +184,8 @@ TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
 TEST(CommandLineTest, FixesWithTheService) {
   const VerifyDaemon daemon;
   ASSERT_FALSE(daemon.Endpoint().empty());
+  const LoopbackServer slow(
+      LoopbackServer::Answer{"HTTP/1.1 200 OK\r\n\r\n", false, "x", std::chrono::milliseconds(50)});
   const std::string fix = "$postwright fix --server " + daemon.Endpoint();
   CheckCommands(
       {
@@ -201,6 +204,9 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"no network", "$postwright fix --server 255.255.255.255", 1, "",
            "No internet connection available\n"},
           {"turned down", fix + " <<< 'ring twice'", 1, "", "Invalid Address\n"},
+          {"slow service",
+           "$postwright fix --timeout 1s --server " + slow.GetEndpoint() + " <<< 'ring twice'", 1,
+           "", "Request completed OK, but the server's reply is unexpected/wrong\n"},
           {"no service", "$postwright fix --server 127.0.0.1:1", 1, "",
            "Request completed OK, but the server's reply is unexpected/wrong\n"},
           {"records in order", fix + R"( --jsonl <<< '"12 main street\naustin tx 78701"

@@ -1,7 +1,9 @@
 #include "platform/UrlFetch.h"
 
+#include "tests/support/HostileShapes.h"
 #include "tests/support/LoopbackServer.h"
 
+#include <postwright/FetchTimeout.h>
 #include <postwright/MacPlatformServices.h>
 
 #include <gtest/gtest.h>
@@ -15,43 +17,11 @@ namespace {
 using Answer = LoopbackServer::Answer;
 
 const std::string kOk = "HTTP/1.1 200 OK\r\n";
-const std::string kHalf = kOk + "Content-Length: 9\r\n\r\nhello";
-const std::string kChunked = "Transfer-Encoding: chunked\r\n\r\n";
-const std::string kGo = "HTTP/1.1 302 Go\r\nContent-Length: 0\r\nLocation: ";
-const std::string kMuch(1U << 16U, 'x');
-const std::string kHeader = "A: " + kMuch.substr(1024) + "\r\n";
-
-const struct AnswerCase {
-  const char* name;
-  Answer answer;
-  std::string body;
-} kAnswers[] = {
-    {"body of given length", LoopbackServer::Page("hello"), "hello"},
-    {"body up to the close", {kOk + "\r\nhello", true}, "hello"},
-    {"body in chunks", {kOk + kChunked + "2\r\nhe\r\n3\r\nllo\r\n0\r\n\r\n"}, "hello"},
-    {"zero bytes", LoopbackServer::Page(std::string("a\0b", 3)), std::string("a\0b", 3)},
-    {"page of an error", {"HTTP/1.1 500 No\r\nContent-Length: 4\r\n\r\noops"}, "oops"},
-    {"packed unasked", {kOk + "Content-Encoding: gzip\r\nContent-Length: 1\r\n\r\nx"}, "x"},
-    {"half a body", {kHalf, true}, ""},
-    {"half a chunk", {kOk + kChunked + "9\r\nhello", true}, ""},
-    {"closed at once", {"", true}, ""},
-    {"not HTTP", {"hello\r\n\r\n", true}, ""},
-    {"silence", {""}, ""},
-    {"silence after half", {kHalf}, ""},
-    {"redirect to itself", {kGo + "/\r\n\r\n"}, ""},
-    {"redirect to a file", {kGo + "file:///etc/passwd\r\n\r\n"}, ""},
-    {"announced beyond the bound", {kOk + "Content-Length: 16777217\r\n\r\n", false, kMuch}, ""},
-    {"endless body", {kOk + "\r\n", false, kMuch}, ""},
-    {"endless head", {kOk, false, kHeader}, ""},
-    {"endless interim replies", {"", false, "HTTP/1.1 100 Continue\r\nA: B\r\n\r\n"}, ""},
-    {"endless trailers", {kOk + kChunked + "0\r\n", false, kHeader}, ""},
-    {"endless body of a redirect",
-     {"HTTP/1.1 302 Go\r\nLocation: /\r\n" + kChunked, false, "10000\r\n" + kMuch + "\r\n"},
-     ""},
-};
 
 std::string Fetch(const std::string& url) {
-  const std::vector<std::uint8_t> body = FetchUrl(url, {.silence = std::chrono::seconds(1)});
+  HttpLimits limits = FetchLimits();
+  limits.silence = std::chrono::seconds(1);
+  const std::vector<std::uint8_t> body = FetchUrl(url, limits);
   return std::string(body.begin(), body.end());
 }
 
@@ -62,18 +32,52 @@ std::string Url(const LoopbackServer& server) {
 }  // namespace
 
 TEST(UrlFetchTest, GivesWholeBodiesAlone) {
-  for (const AnswerCase& row : kAnswers) {
-    SCOPED_TRACE(row.name);
-    const LoopbackServer server(row.answer);
-    EXPECT_EQ(Fetch(Url(server)), row.body);
+  for (const HostileShape& shape : HostileShapes()) {
+    SCOPED_TRACE(shape.name);
+    const LoopbackServer server(shape.answer);
+    HttpLimits limits = HostileLimits();
+    limits.redirects = FetchLimits().redirects;
+    const std::vector<std::uint8_t> body = FetchUrl(Url(server), limits);
+    EXPECT_EQ(std::string(body.begin(), body.end()), shape.body);
   }
 }
 
+TEST(UrlFetchTest, FollowsRedirectsWithinItsLimits) {
+  const std::string go = "HTTP/1.1 302 Go\r\nContent-Length: 0\r\nLocation: ";
+  const struct {
+    const char* name;
+    Answer answer;
+  } rows[] = {
+      {"to itself", {go + "/\r\n\r\n"}},
+      {"to a file", {go + "file:///etc/passwd\r\n\r\n"}},
+      {"with an endless body",
+       {"HTTP/1.1 302 Go\r\nLocation: /\r\n\r\n", false, std::string(1U << 16U, 'x')}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const LoopbackServer server(row.answer);
+    EXPECT_EQ(Fetch(Url(server)), "");
+    EXPECT_LE(server.GetRequests().size(), 21U);
+  }
+}
+
+// The silence that ends a fetch, and the time that it may last as a whole.
+TEST(UrlFetchTest, EndsWhereNothingMoreComes) {
+  const LoopbackServer server(Answer{kOk + "Content-Length: 9\r\n\r\nhello"});
+  EXPECT_EQ(Fetch(Url(server)), "");
+  const std::chrono::milliseconds usual = GetFetchTimeout();
+  SetFetchTimeout(std::chrono::milliseconds(200));
+  const std::wstring url = MacPlatformServices().UTF8ToUCS2(Url(server));
+  EXPECT_TRUE(MacPlatformServices().ReadUrl(url.c_str())->empty());
+  SetFetchTimeout(usual);
+}
+
 TEST(UrlFetchTest, TakesBodiesUpToTheBound) {
-  constexpr std::size_t kBound = 16U << 20U;
-  for (const std::size_t size : {kBound, kBound + 1}) {
-    const LoopbackServer server(Answer{kOk + "\r\n" + std::string(size, 'x'), true});
-    EXPECT_EQ(Fetch(Url(server)).size(), size == kBound ? kBound : 0);
+  const std::string head = kOk + "\r\n";
+  const std::size_t bound = (16U << 20U) - head.size();
+  for (const std::size_t size : {bound, bound + 1}) {
+    const LoopbackServer server(Answer{head + std::string(size, 'x'), true});
+    EXPECT_EQ(Fetch(Url(server)).size(), size == bound ? bound : 0);
   }
 }
 

@@ -100,6 +100,7 @@ void LoopbackServer::Serve(int connection) {
     }
     bool open = SendAll(connection, answer.bytes) && !answer.close;
     while (open && !answer.again.empty()) {
+      std::this_thread::sleep_for(answer.pause);
       open = SendAll(connection, answer.again);
     }
     if (!open) {

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_TESTS_SUPPORT_LOOPBACKSERVER_H_
 #define POSTWRIGHT_TESTS_SUPPORT_LOOPBACKSERVER_H_
 
+#include <chrono>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -21,6 +22,7 @@ class LoopbackServer {
     std::string bytes;       // empty and not closed: silence
     bool close = false;      // behind the bytes
     std::string again = {};  // sent behind them, again and again, for as long as the client reads
+    std::chrono::milliseconds pause{0};  // before each time
   };
   // Called in the connection's thread with a whole request, head and body.
   using Script = std::function<Answer(const std::string& request)>;

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_
-#define POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_
+#ifndef POSTWRIGHT_APPS_TIMEOPTION_H_
+#define POSTWRIGHT_APPS_TIMEOPTION_H_
 
 #include <chrono>
 #include <string>
@@ -8,13 +8,13 @@ namespace CLI {
 class App;
 }
 
-namespace postwright::service {
+namespace postwright {
 
 // Adds an option whose value is "30d", "12h", "90min" or "45s": a second at least, ten years at
 // most. `target` must live until `app` has parsed.
 void AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
                    const std::string& help);
 
-}  // namespace postwright::service
+}  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_VERIFYD_TIMEOPTION_H_
+#endif  // POSTWRIGHT_APPS_TIMEOPTION_H_

@@ -1,4 +1,4 @@
-#include "apps/verifyd/TimeOption.h"
+#include "apps/TimeOption.h"
 
 #include <CLI/CLI.hpp>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-namespace postwright::service {
+namespace postwright {
 namespace {
 
 std::optional<std::chrono::seconds> ParseTime(const std::string& text) {
@@ -46,4 +46,4 @@ void AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds&
       ->type_name("TIME");
 }
 
-}  // namespace postwright::service
+}  // namespace postwright

@@ -1,0 +1,151 @@
+#include "common/HttpFetch.h"
+
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <thread>
+
+#include "tests/support/HostileShapes.h"
+#include "tests/support/LoopbackServer.h"
+
+namespace postwright {
+
+namespace {
+
+std::string Url(const LoopbackServer& server) {
+  return "http://" + server.GetEndpoint() + "/x";
+}
+
+TEST(HttpFetchTest, EndsWhateverTheServerDoes) {
+  for (const HostileShape& shape : HostileShapes()) {
+    SCOPED_TRACE(shape.name);
+    const LoopbackServer server(shape.answer);
+    HttpFetch http;
+    const HttpReply reply = http.Send({Url(server)}, HostileLimits());
+    EXPECT_EQ(reply.outcome, shape.end) << reply.detail;
+    EXPECT_EQ(reply.body, shape.body);
+    EXPECT_EQ(reply.detail.empty(), shape.end == HttpOutcome::Answered);
+    EXPECT_EQ(reply.requests, 1);
+  }
+}
+
+TEST(HttpFetchTest, SaysWhyNothingWasSent) {
+  const LoopbackServer server(LoopbackServer::Page("hello"));
+  const struct {
+    std::string url;
+    HttpOutcome end;
+  } rows[] = {
+      {"", HttpOutcome::BadUrl},
+      {server.GetEndpoint() + "/x", HttpOutcome::BadUrl},
+      {"http://a b/", HttpOutcome::BadUrl},
+      {"file:///etc/passwd", HttpOutcome::BadUrl},
+      {"http://nowhere.invalid/", HttpOutcome::NotResolved},
+      {"http://127.0.0.1:1/", HttpOutcome::Refused},
+      {"https://" + server.GetEndpoint() + "/x", HttpOutcome::TimedOut},  // it waits for a request
+  };
+  HttpFetch http;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.url);
+    const HttpReply reply = http.Send({row.url}, HostileLimits());
+    EXPECT_EQ(reply.outcome, row.end) << reply.detail;
+    EXPECT_EQ(reply.requests, 0);
+  }
+}
+
+TEST(HttpFetchTest, SendsWhatItIsGivenOnOneConnection) {
+  const LoopbackServer server(LoopbackServer::Answer{
+      "HTTP/1.1 429 Later\r\nRetry-After: 100000\r\nContent-Length: 2\r\n\r\nno"});
+  HttpFetch http;
+  const HttpReply got = http.Send({Url(server), {"Accept:", "A: b"}}, {});
+  EXPECT_EQ(got.status, 429);
+  EXPECT_EQ(got.retryAfter, std::chrono::hours(24));
+  EXPECT_EQ(got.body, "no");
+  http.Send({Url(server), {"Accept:", "Content-Type: c/d"}, "body"}, {});
+  http.Send({Url(server), {"Accept:"}, ""}, {});
+  const std::string line = " /x HTTP/1.1\r\nHost: " + server.GetEndpoint() + "\r\n";
+  const std::vector<std::string> requests = {
+      "GET" + line + "A: b\r\n\r\n",
+      "POST" + line + "Content-Type: c/d\r\nContent-Length: 4\r\n\r\nbody",
+      "POST" + line +
+          "Content-Length: 0\r\nContent-Type: application/x-www-form-urlencoded\r\n\r\n"};
+  EXPECT_EQ(server.GetRequests(), requests);
+  EXPECT_EQ(server.CountConnections(), 1U);
+}
+
+// A connection that ends under a request is replaced; the server may have read the lost one.
+TEST(HttpFetchTest, CountsTheRequestThatItSendsAgain) {
+  int requests = 0;
+  const LoopbackServer server([&requests](const std::string&) {
+    return ++requests == 2 ? LoopbackServer::Answer{"", true} : LoopbackServer::Page("hello");
+  });
+  HttpFetch http;
+  EXPECT_EQ(http.Send({Url(server)}, {}).requests, 1);
+  const HttpReply reply = http.Send({Url(server)}, {});
+  EXPECT_EQ(reply.body, "hello");
+  EXPECT_EQ(reply.requests, 2);
+}
+
+TEST(HttpFetchTest, FollowsRedirectsWhereItMayAndCountsEachRequest) {
+  const LoopbackServer server([](const std::string& request) {
+    const bool isLast = request.find("/last ") != std::string::npos;
+    return isLast ? LoopbackServer::Page("hello")
+                  : LoopbackServer::Answer{
+                        "HTTP/1.1 302 Go\r\nContent-Length: 0\r\nLocation: /last\r\n\r\n"};
+  });
+  HttpFetch http;
+  HttpLimits limits = HostileLimits();
+  EXPECT_EQ(http.Send({Url(server)}, limits).status, 302);
+  limits.redirects = 1;
+  const HttpReply reply = http.Send({Url(server)}, limits);
+  EXPECT_EQ(reply.body, "hello");
+  EXPECT_EQ(reply.requests, 2);
+
+  const LoopbackServer astray(LoopbackServer::Answer{
+      "HTTP/1.1 302 Go\r\nContent-Length: 0\r\nLocation: file:///etc/passwd\r\n\r\n"});
+  EXPECT_EQ(http.Send({Url(astray)}, limits).outcome, HttpOutcome::BadAnswer);
+}
+
+std::string Pack(const std::string& text) {
+  std::string packed(compressBound(text.size()), '\0');
+  uLongf size = packed.size();
+  compress(reinterpret_cast<Bytef*>(packed.data()), &size,
+           reinterpret_cast<const Bytef*>(text.data()), text.size());
+  packed.resize(size);
+  return packed;
+}
+
+TEST(HttpFetchTest, CountsBodiesAsTheyAreUnpacked) {
+  const std::size_t bound = HostileLimits().bytes;
+  for (const std::size_t size : {bound, bound + 1}) {
+    const LoopbackServer server(LoopbackServer::Answer{
+        "HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n" + Pack(std::string(size, 'x')),
+        true});
+    HttpFetch http;
+    HttpRequest request = {Url(server)};
+    EXPECT_LT(http.Send(request, HostileLimits()).body.size(), bound);  // as it came
+    request.takesPacked = true;
+    const HttpReply reply = http.Send(request, HostileLimits());
+    EXPECT_EQ(reply.outcome, size == bound ? HttpOutcome::Answered : HttpOutcome::TooLong);
+    EXPECT_EQ(reply.body.size(), size == bound ? bound : 0);
+  }
+}
+
+TEST(HttpFetchTest, EndsWhenCancelled) {
+  const LoopbackServer server(LoopbackServer::Answer{""});
+  std::atomic<bool> cancelled = false;
+  HttpLimits limits;
+  limits.cancelled = &cancelled;
+  std::thread other([&] {
+    while (server.GetRequests().empty()) {
+      std::this_thread::yield();
+    }
+    cancelled = true;
+  });
+  HttpFetch http;
+  EXPECT_EQ(http.Send({Url(server)}, limits).outcome, HttpOutcome::Cancelled);
+  other.join();
+}
+
+}  // namespace
+
+}  // namespace postwright
