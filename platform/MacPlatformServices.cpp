@@ -10,6 +10,7 @@
 #include <cwchar>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace postwright {
 
@@ -54,9 +55,16 @@ std::string PercentEscape(const std::string& utf8) {
   return escaped;
 }
 
+// Builds the result beside the text: replacing in place would move the rest for each find.
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-    text.replace(at, from.size(), to);
+  std::string replaced;
+  std::size_t done = 0;
+  for (std::size_t at = 0; (at = text.find(from, done)) != std::string::npos;) {
+    replaced.append(text, done, at - done).append(to);
+    done = at + from.size();
+  }
+  if (done > 0) {
+    text = std::move(replaced.append(text, done));
   }
 }
 

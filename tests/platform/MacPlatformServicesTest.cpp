@@ -52,6 +52,21 @@ TEST(MacPlatformServicesTest, EscapesWhatRfc2396ForbidsInAUrl) {
   }
 }
 
+// In a time that grows as the square of the text's length this would take minutes.
+TEST(MacPlatformServicesTest, EscapesLongTexts) {
+  constexpr std::size_t kCount = 300'000;
+  const auto repeat = [](const std::wstring& text) {
+    std::wstring repeated;
+    for (std::size_t i = 0; i < kCount; ++i) {
+      repeated += text;
+    }
+    return repeated;
+  };
+  MacPlatformServices services;
+  EXPECT_TRUE(services.UrlEscape(repeat(L"A&amp;&apos;&#x09;")) ==
+              repeat(L"A%26amp%3b%26apos%3b%20"));
+}
+
 TEST(MacPlatformServicesTest, UnescapesIntoABoundedBuffer) {
   const std::wstring kRows[][2] = {
       {L"A%20B%26%3b+%4a%4A", L"A B&;+JJ"},
