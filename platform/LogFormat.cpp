@@ -38,6 +38,9 @@ std::wstring ToLibraryFormat(const std::wstring& format) {
 }  // namespace
 
 std::wstring FormatLogMessage(const wchar_t* format, va_list arguments) {
+  if (format == nullptr) {
+    return {};
+  }
   // A stream in memory measures and formats in one pass; vswprintf can only be given buffers until
   // one is long enough.
   wchar_t* text = nullptr;

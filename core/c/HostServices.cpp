@@ -38,7 +38,7 @@ std::unique_ptr<std::vector<std::uint8_t>> HostServices::ReadUrl(const wchar_t* 
   postwright_body body;
   const bool wanted = cancelled_ == nullptr || !cancelled_->load();
   if (!wanted || callbacks_->read_url(callbacks_->context, UCS2ToUTF8(url).c_str(), &body) != 0 ||
-      body.overflowed) {
+      body.failed) {
     body.bytes.clear();  // half a body is none
   }
   return std::make_unique<std::vector<std::uint8_t>>(std::move(body.bytes));

@@ -9,7 +9,7 @@
 // The bytes of one reply, on the way from the host.
 struct postwright_body {
   std::vector<std::uint8_t> bytes;
-  bool overflowed = false;
+  bool failed = false;  // whatever the fetch returns
 };
 
 namespace postwright {

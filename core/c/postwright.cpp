@@ -5,6 +5,7 @@
 
 #include <postwright/AddressParser.h>
 #include <postwright/Deployment.h>
+#include <postwright/FetchTimeout.h>
 #include <postwright/Postwright.h>
 
 #include <algorithm>
@@ -205,6 +206,14 @@ int32_t postwright_set_service(const char* host, const char* user_id) {
   });
 }
 
+int32_t postwright_set_timeout(int32_t milliseconds) {
+  if (milliseconds <= 0) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  postwright::SetFetchTimeout(std::chrono::milliseconds(milliseconds));
+  return POSTWRIGHT_NONE;
+}
+
 const char* postwright_address_element(const postwright_address* address, int32_t element) {
   const bool exists = address != nullptr && element >= 0 && element < POSTWRIGHT_ELEMENTS;
   return exists ? address->elements[static_cast<std::size_t>(element)].c_str() : "";
@@ -242,10 +251,14 @@ int32_t postwright_parse(const char* text, size_t length, postwright_address** a
 }
 
 int32_t postwright_body_append(postwright_body* body, const void* data, size_t size) {
+  if (body == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
   return Guard([&]() -> std::int32_t {
-    body->overflowed = body->overflowed || size > postwright::kLargestBody - body->bytes.size();
-    if (body->overflowed) {
-      return POSTWRIGHT_NO_MEMORY;
+    const bool isBad = data == nullptr && size > 0;
+    body->failed = body->failed || isBad || size > postwright::kLargestBody - body->bytes.size();
+    if (body->failed) {
+      return isBad ? POSTWRIGHT_BAD_ARGUMENT : POSTWRIGHT_NO_MEMORY;
     }
     const auto* const bytes = static_cast<const std::uint8_t*>(data);
     body->bytes.insert(body->bytes.end(), bytes, bytes + size);

@@ -69,6 +69,11 @@ POSTWRIGHT_CORE_EXPORT const char* postwright_version(void);
 // POSTWRIGHT_NO_MEMORY.
 POSTWRIGHT_CORE_EXPORT int32_t postwright_set_service(const char* host, const char* user_id);
 
+// Sets how long a request to the service may last as a whole; 120,000 unless set, or what the
+// library was built with. More than a day counts as one. Does not hold for a host's own `read_url`.
+// POSTWRIGHT_NONE, or POSTWRIGHT_BAD_ARGUMENT where it is not above 0. Any thread.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_set_timeout(int32_t milliseconds);
+
 // As a length: the text ends at its first NUL.
 #define POSTWRIGHT_TERMINATED SIZE_MAX
 
@@ -117,8 +122,9 @@ POSTWRIGHT_CORE_EXPORT int32_t postwright_parse(const char* text, size_t length,
 // Where a host's fetch puts the body of a reply.
 typedef struct postwright_body postwright_body;
 
-// Appends to the body. 0, or POSTWRIGHT_NO_MEMORY where there is none or more than 16 MiB were
-// given; the fetch has then failed, whatever it returns.
+// Appends to the body. 0; POSTWRIGHT_NO_MEMORY where there is none or more than 16 MiB were given,
+// or POSTWRIGHT_BAD_ARGUMENT where `body` is null, or `data` is and `size` is not 0. After a
+// failure the fetch has failed, too, whatever it returns.
 POSTWRIGHT_CORE_EXPORT int32_t postwright_body_append(postwright_body* body, const void* data,
                                                       size_t size);
 

@@ -14,6 +14,9 @@ namespace postwright {
 
 std::unique_ptr<FixedAddress> Postwright::Fix(const std::wstring& text, bool flag,
                                               IPlatformServices* services) {
+  if (services == nullptr) {
+    throw PostwrightException(FixResultBadReply);  // there is nobody to ask, nor to tell the cause
+  }
   return Postwright(text, flag, services).Fix();
 }
 
@@ -71,7 +74,7 @@ std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer() {
 
 std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer(const std::wstring& url) {
   const std::unique_ptr<std::vector<std::uint8_t>> body = services_->ReadUrl(url.c_str());
-  const std::string reply(body->begin(), body->end());
+  const std::string reply = body == nullptr ? "" : std::string(body->begin(), body->end());
   auto document = std::make_unique<TiXmlDocument>();
   if (!reply.empty()) {
     ParseReply(reply, document.get());

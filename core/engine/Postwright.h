@@ -33,14 +33,15 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   // Finds the address in `text` (any line breaks; the lines above and below it are kept) and asks
   // the service of GetDeployment() for its standard form with exactly one ReadUrl. A text in which
   // no address is found is sent all the same, its fields empty: the service, not the parser, turns
-  // it down. `services` is borrowed for the call, never null. `flag` changes nothing; hosts pass
-  // true for a quick fix and false for a full one, which differ in what the host makes of them.
+  // it down. `services` is borrowed for the call. `flag` changes nothing; hosts pass true for a
+  // quick fix and false for a full one, which differ in what the host makes of them.
   //
   // Returns a result that the caller owns, never null, always FixResultDefaultMatch: the text above
   // the address, the service's delivery line, urbanization, city, state and ZIP+4, the text below.
   // Throws PostwrightException with
   //   FixResultInvalidAddress  the service answered with an error for this address
-  //   FixResultBadReply        the reply was empty (no network, too), no XML, or had no Address; so
+  //   FixResultBadReply        `services` or what its ReadUrl returned was null, or the reply was
+  //                            empty (no network, too), no XML, or had no Address; so
   //                            is a reply that holds a NUL, is not UTF-8, or is built to exhaust
   //                            the XML parser: elements nested deeper than 100, an element of more
   //                            than 100 attributes, more than 100,000 tags and attributes

@@ -128,13 +128,42 @@ TEST(CInterfaceTest, RefusesBadCalls) {
   EXPECT_EQ(postwright_parse("", 0, nullptr), POSTWRIGHT_BAD_ARGUMENT);
   EXPECT_EQ(postwright_parse("", 0, &address), POSTWRIGHT_ADDRESS_NOT_FOUND);
   EXPECT_EQ(postwright_fix("", 0, &services, nullptr, &address), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_parse(nullptr, 7, &address), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_fix(nullptr, 7, nullptr, nullptr, &address), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_body_append(nullptr, "x", 1), POSTWRIGHT_BAD_ARGUMENT);
   EXPECT_EQ(postwright_set_service("a b", nullptr), POSTWRIGHT_BAD_TEXT);
+  EXPECT_EQ(postwright_set_timeout(0), POSTWRIGHT_BAD_ARGUMENT);
   EXPECT_EQ(address, nullptr);
   EXPECT_STREQ(postwright_address_text(nullptr), "");
   EXPECT_STREQ(postwright_result_text(9999),
                "The result is unknown to this version of the library.");
   postwright_address_free(nullptr);
   postwright_cancel(nullptr);
+}
+
+// The host gives the whole reply, and then a piece that is not there.
+TEST(CInterfaceTest, TakesNoPieceThatIsNotThere) {
+  static constexpr auto readUrl = [](void*, const char*, postwright_body* body) {
+    EXPECT_EQ(postwright_body_append(body, kReply.data(), kReply.size()), 0);
+    EXPECT_EQ(postwright_body_append(body, nullptr, 0), 0);
+    EXPECT_EQ(postwright_body_append(body, nullptr, 9), POSTWRIGHT_BAD_ARGUMENT);
+    return int32_t{0};
+  };
+  const postwright_services services = {sizeof services, nullptr, readUrl, nullptr};
+  postwright_address* fixed = nullptr;
+  EXPECT_EQ(postwright_fix(kLabel.data(), kLabel.size(), &services, nullptr, &fixed),
+            POSTWRIGHT_BAD_REPLY);
+  EXPECT_EQ(fixed, nullptr);
+}
+
+TEST(CInterfaceTest, WaitsNoLongerThanItMay) {
+  const LoopbackServer silence(LoopbackServer::Answer{});
+  ASSERT_EQ(postwright_set_service(silence.GetEndpoint().c_str(), "C"), POSTWRIGHT_NONE);
+  ASSERT_EQ(postwright_set_timeout(200), POSTWRIGHT_NONE);
+  postwright_address* fixed = nullptr;
+  EXPECT_EQ(postwright_fix(kLabel.data(), kLabel.size(), nullptr, nullptr, &fixed),
+            POSTWRIGHT_BAD_REPLY);
+  ASSERT_EQ(postwright_set_timeout(120'000), POSTWRIGHT_NONE);
 }
 
 // A silent service, asked through the library's own network; the second fix waits for its turn.

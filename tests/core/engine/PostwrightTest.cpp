@@ -92,6 +92,17 @@ TEST(PostwrightTest, ReplyDecidesOutcome) {
   }
 }
 
+// A host that gives nothing where it must give something.
+TEST(PostwrightTest, NullIsABadReply) {
+  struct NullServices final : MacPlatformServices {
+    std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t*) override { return nullptr; }
+  };
+  NullServices services;
+  EXPECT_EQ(FixText(kLabel, &services).first, FixResultBadReply);
+  EXPECT_EQ(FixText(kLabel, nullptr).first, FixResultBadReply);
+  services.LogWarning(nullptr);
+}
+
 TEST(PostwrightTest, AsksForTheParsedAddress) {
   const struct {
     std::wstring text, street, city, state, zip;  // the fields as they stand in the URL
