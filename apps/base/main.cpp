@@ -1,10 +1,12 @@
 // The command `postwright-base`: reads the command line and runs the subcommand that it names.
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <exception>
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/TerminalText.h"
 #include "apps/base/ExitStatus.h"
 #include "apps/base/ImportCommand.h"
 #include "apps/base/InfoCommand.h"
@@ -151,6 +153,8 @@ int RunCommandLine(int argc, char** argv) {
 }  // namespace postwright::postal
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error like a full disk
+  const postwright::TerminalStreams streams;
   try {
     postwright::SetCharacterLocale();
     return postwright::postal::RunCommandLine(argc, argv);

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/TerminalText.h"
 #include "apps/TimeOption.h"
 #include "apps/VerifyServer.h"
 #include "apps/postwright/Failure.h"
@@ -61,7 +62,8 @@ or with --resume leaves its records, and --resume FILE goes on behind them: the 
 be those of the same input, a half last line is dropped, and new records are added to FILE itself,
 which need not be there yet. What failed is not tried again.
 
-On a terminal, standard error shows how far the run has come, unless with --quiet.
+On a terminal that can write over a line, standard error shows how far the run has come, unless with
+--quiet.
 
 Exit status: 0 done, with --jsonl even where fixes failed; 1 the fix failed, or with --jsonl a line
 was no label; 2 wrong usage, or input or output that cannot be read or written; 141 the reader of
@@ -99,7 +101,8 @@ Streams AddStreams(CLI::App* parser, Options& options) {
   CLI::Option* const output =
       parser
           ->add_option("--output", options.output,
-                       "Write the records to this file, which appears whole or not at all")
+                       "Write the records to this file, which appears whole or not at all; - is "
+                       "standard output")
           ->type_name("FILE")
           ->needs(lines)
           ->check(CLI::Validator(CheckFileName, ""));
@@ -230,6 +233,8 @@ int main(int argc, char** argv) {
   using namespace postwright;
   OccupyStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error like a full disk
+  const TerminalStreams streams;
   try {
     SetCharacterLocale();
     return RunCommandLine(argc, argv);

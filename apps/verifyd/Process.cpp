@@ -42,6 +42,7 @@ sigset_t BlockSignals() {
   sigaddset(&signals, SIGINT);
   sigaddset(&signals, SIGHUP);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error like a full disk
   signal(SIGPIPE, SIG_IGN);  // a client or a log's reader that has gone away is no reason to end
   signal(SIGXFSZ, SIG_IGN);  // nor is a file that may not grow: writing it fails, and that is told
   return signals;

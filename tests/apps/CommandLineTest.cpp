@@ -173,6 +173,32 @@ TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
            "cd $folder; yes '\"x\"' | $postwright parse --jsonl --output kept & sleep 0.3; "
            "kill $!; wait $!; echo $?; cat kept",
            0, "143\nas it was", ""},
+          {"a limit on files, file as it was",
+           "cd $folder; ulimit -f 1; yes '\"x\"' | head -n 9999 | $postwright parse --jsonl "
+           "--output kept; echo $?; cat kept",
+           0, "2\nas it was", "/kept: File too large"},
+          {"a link's target, not there yet",
+           "cd $folder; mkdir -p sub; ln -s sub/target link; ln -s link links; $postwright parse "
+           "--jsonl --output links labels; readlink link links; cat sub/target; "
+           "rm -r link links sub",
+           0, "sub/target\nlink\n" + LabelRecord(), ""},
+          {"permissions kept",
+           "cd $folder; cp kept closed; chmod 2604 closed; $postwright parse --jsonl --output "
+           "closed "
+           "labels; stat -c %a closed; cat closed; rm closed",
+           0, "2604\n" + LabelRecord(), ""},
+          {"output by a dash",
+           "cd $folder; $postwright parse --jsonl --output - labels; ls -- - 2>&-", 2,
+           LabelRecord(), ""},
+          {"controls on a terminal",
+           R"(cd $folder; printf '{"id":"\u009b\u202e",' > odd; )"
+           R"(printf '"address":"Bob \u009b2J\u202e\\n1 a st\\naustin tx 78701"}' >> odd; )"
+           "script -qec \"$postwright parse --jsonl odd; $postwright parse --jsonl odd | cat\" "
+           "/dev/null < /dev/null | grep -c $'\\u009b'; rm odd",
+           0, "1\n", ""},
+          {"a name on a terminal",
+           "script -qec \"$postwright parse $'no\\033[2Jwhere'\" /dev/null < /dev/null", 2,
+           "cannot read no\xEF\xBF\xBD[2Jwhere", ""},
           {"no plain file", "$postwright parse --jsonl --output /dev/null", 2, "", "no plain file"},
           {"no such folder", "$postwright parse --jsonl --output /nowhere/x", 2, "",
            "cannot create /nowhere/x: No such file"},

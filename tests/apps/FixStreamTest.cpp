@@ -14,6 +14,7 @@ namespace postwright {
 namespace {
 
 constexpr int kSilentNumber = 999;
+constexpr int kSlowNumber = 998;
 
 // Answers "N main street" with "N MAIN ST", sooner or later as N has it; never where N is silent.
 LoopbackServer::Answer AnswerUnevenly(const std::string& request) {
@@ -25,7 +26,8 @@ LoopbackServer::Answer AnswerUnevenly(const std::string& request) {
   if (number == kSilentNumber) {
     return {""};
   }
-  std::this_thread::sleep_for(std::chrono::milliseconds(number * 7 % 5 * 10));
+  std::this_thread::sleep_for(
+      std::chrono::milliseconds(number == kSlowNumber ? 500 : number * 7 % 5 * 10));
   return LoopbackServer::Page("<R><Address><Address2>" + found[1].str() +
                               " MAIN ST</Address2><City>AUSTIN</City><State>TX</State>"
                               "<Zip5>78701</Zip5></Address></R>");
@@ -125,6 +127,19 @@ TEST_F(FixStreamTest, ReplacesADeadWorker) {
                 folder_);
 }
 
+// The worker answers while its parent is held, and dies before that reads the answer.
+TEST_F(FixStreamTest, GivesTheAnswerOfAWorkerThatDiedBehindIt) {
+  WriteFile(folder_.File("labels"), LabelLine(kSlowNumber));
+  CheckCommands({{"killed",
+                  there_ + "coproc " + fix_ +
+                      " --jobs 2; input=${COPROC[1]}; cat labels >&$input; sleep 0.3; "
+                      "kill -STOP $COPROC_PID; sleep 1.2; pkill -9 -P $COPROC_PID; "
+                      "kill -CONT $COPROC_PID; read -r -t 30 -u ${COPROC[0]} one; "
+                      "exec {input}>&-; echo \"$one\"",
+                  0, Record(kSlowNumber), ""}},
+                folder_);
+}
+
 TEST_F(FixStreamTest, GoesOnWhereARunWasKilled) {
   WriteFile(folder_.File("labels"), Lines(120, LabelLine));
   const std::string run = there_ + fix_ + " --jobs 3 --resume out labels";
@@ -195,8 +210,10 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
 
 TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
   WriteFile(folder_.File("labels"), Lines(9, LabelLine) + "3\n");
+  WriteFile(folder_.File("many"), Lines(300, LabelLine));
   const auto onTerminal = [this](const std::string& before, const std::string& behind) {
-    return there_ + "script -qec \"" + before + fix_ + behind + "\" /dev/null < /dev/null";
+    return there_ + "export TERM=xterm; script -qec \"" + before + fix_ + behind +
+           "\" /dev/null < /dev/null";
   };
   const std::string counts = "9 fixed, 0 unchanged, 1 turned down\r\n";
   CheckCommands(
@@ -212,6 +229,13 @@ TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
           {"records between", onTerminal("head -n 1 labels | ", ""), 0,
            "\r\033[K" + Record(1).substr(0, Record(1).size() - 1) + "\r\n\r\033[K1 done: 1 fixed",
            ""},
+          {"a terminal that cannot",
+           onTerminal("TERM=dumb ", " labels > out") + " | grep -c -e turned -e $'\\033'", 1, "0\n",
+           ""},
+          {"records at once, the line now and then",
+           onTerminal("timeout 20 ", " --jobs 4 many") +
+               " | grep -o 'of 300:' | wc -l | grep -c '^..\\?$'",
+           0, "1\n", ""},
           {"quiet", onTerminal("", " --quiet labels > out") + " | grep -c turned", 1, "0\n", ""},
           {"ended by a signal", onTerminal("(echo 3; sleep 1) | timeout 0.5 ", " > out"), 124,
            "1 turned down\r\n", ""},

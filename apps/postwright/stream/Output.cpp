@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "apps/TerminalText.h"
 #include "apps/postwright/Failure.h"
 #include "apps/postwright/stream/EndingSignals.h"
 
@@ -27,20 +29,45 @@ void RemoveUnfinished() {
   }
 }
 
-// The mode that a file has which is created the ordinary way, or that the one to be replaced has.
-mode_t ModeFor(const std::string& path) {
-  struct stat there {};
-  if (stat(path.c_str(), &there) == 0) {
-    return there.st_mode & 0777U;
+// The file that `path` leads to, which may not be there yet.
+std::string BehindLinks(std::filesystem::path path) {
+  constexpr int kMostLinks = 40;  // as the system has it
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+    const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+    path = target.is_absolute() ? target : path.parent_path() / target;
   }
-  const mode_t mask = umask(0);
-  umask(mask);
-  return 0666U & ~mask;
+  return path.string();
+}
+
+// Gives the new file what a file that is created the ordinary way has, or what the one has that it
+// takes the place of. Where the system allows no more, or knows no such thing, it stays at that.
+void TakeOver(int descriptor, const std::string& path) {
+  struct stat there {};
+  if (stat(path.c_str(), &there) == -1) {
+    const mode_t mask = umask(0);
+    umask(mask);
+    fchmod(descriptor, 0666U & ~mask);
+    return;
+  }
+  mode_t mode = there.st_mode & 07777U;
+  if (fchown(descriptor, there.st_uid, there.st_gid) == -1 &&
+      fchown(descriptor, static_cast<uid_t>(-1), there.st_gid) == -1) {
+    mode = (mode & 0707U) | ((mode & 7U) << 3U);  // our group is not the one that was let in
+  }
+  fchmod(descriptor, mode);
+  constexpr const char* kAccess = "system.posix_acl_access";
+  char access[1024];
+  const ssize_t size = getxattr(path.c_str(), kAccess, access, sizeof access);
+  if (size > 0) {
+    fsetxattr(descriptor, kAccess, access, static_cast<std::size_t>(size), 0);
+  }
 }
 
 }  // namespace
 
-Output::Output(const std::string& path) : path_(path), descriptor_(STDOUT_FILENO) {
+Output::Output(const std::string& path)
+    : path_(path == "-" ? "" : path), descriptor_(STDOUT_FILENO) {
   if (!path_.empty()) {
     CreateBeside();
   }
@@ -63,7 +90,12 @@ void Output::CreateBeside() {
       throw Failure("cannot put " + path_ + " in place: it is no plain file; name one, or leave " +
                     "--output out and redirect standard output");
     }
+    if (access(path_.c_str(), W_OK) == -1) {
+      Fail("replace");
+    }
     path_ = std::filesystem::canonical(path_).string();
+  } else {
+    path_ = BehindLinks(path_);
   }
   std::string name = path_ + ".unfinished-XXXXXX";
   descriptor_ = mkostemp(name.data(), O_CLOEXEC);
@@ -73,7 +105,7 @@ void Output::CreateBeside() {
   temporary_ = name;
   gUnfinished = temporary_.c_str();
   BeforeEndingBySignal(RemoveUnfinished);
-  fchmod(descriptor_, ModeFor(path_));  // where the file system knows no modes, as it is
+  TakeOver(descriptor_, path_);
 }
 
 void Output::Write(std::string_view text) {
@@ -84,6 +116,9 @@ void Output::Write(std::string_view text) {
 }
 
 void Output::Flush() {
+  if (path_.empty() && isatty(descriptor_) == 1) {
+    pending_ = ForTerminal(pending_);
+  }
   std::string_view rest = pending_;
   while (!rest.empty()) {
     const ssize_t count = write(descriptor_, rest.data(), rest.size());

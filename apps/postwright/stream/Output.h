@@ -8,19 +8,23 @@ namespace postwright {
 
 // What a command writes: to standard output, or to a file that appears whole or not at all.
 //
-//   Output output(path);          // "" is standard output
+//   Output output(path);          // "" or "-" is standard output
 //   output.Write("a line\n");
 //   output.Finish();
 //
 // A file is written beside its final name under a name of its own; Finish synchronises it and
-// gives it the final name, in place of a file that stood there. Without Finish (an exception, or
-// SIGINT, SIGTERM, SIGHUP) what was written is removed and the older file stands as it was.
+// gives it the final name, in place of a file that stood there, whose permissions, access list and,
+// where the system allows it, owner and group it has. A link's target is written, also where it is
+// not there yet. On a terminal control characters are replaced (ForTerminal). Without Finish (an
+// exception, or SIGINT, SIGTERM, SIGHUP) what was written is removed and the older file stands as
+// it was.
 //
 // Every operation throws Failure where the system cannot write, and ClosedPipe where nobody reads
 // any more (SIGPIPE must be ignored). At most one Output to a file in a process.
 class Output {
  public:
-  // Throws Failure where the file cannot be created, or where `path` is there and no plain file.
+  // Throws Failure where the file cannot be created, or where `path` is there and no plain file or
+  // may not be written.
   explicit Output(const std::string& path);
 
   // Writes on at the end of an open file, which keeps what it has been given whatever happens.

@@ -5,6 +5,8 @@
 
 #include <cmath>
 #include <csignal>
+#include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 #include "apps/postwright/stream/EndingSignals.h"
@@ -14,7 +16,7 @@ namespace postwright {
 
 namespace {
 
-constexpr std::string_view kEraseLine = "\r\033[K";
+const std::string kEraseLine = "\r\033[K";
 constexpr std::chrono::seconds kBeforeEstimate{2};
 
 // Whether the cursor stands behind the line, for the signal handler.
@@ -26,6 +28,16 @@ void EndLine() {
   }
 }
 
+bool CanEraseLines() {
+  const char* const terminal = std::getenv("TERM");
+  return terminal != nullptr && *terminal != '\0' && std::strcmp(terminal, "dumb") != 0;
+}
+
+// Past std::cerr, which lets no control character through to a terminal.
+void Put(const std::string& text) {
+  [[maybe_unused]] const ssize_t count = write(STDERR_FILENO, text.data(), text.size());
+}
+
 // A line that the terminal wraps could not be written over.
 std::size_t TerminalWidth() {
   winsize size{};
@@ -35,7 +47,7 @@ std::size_t TerminalWidth() {
 }  // namespace
 
 Progress::Progress(bool isWanted)
-    : isShown_(isWanted && isatty(STDERR_FILENO) == 1),
+    : isShown_(isWanted && isatty(STDERR_FILENO) == 1 && CanEraseLines()),
       sharesTerminal_(isShown_ && isatty(STDOUT_FILENO) == 1) {
   if (isShown_) {
     BeforeEndingBySignal(EndLine);
@@ -62,22 +74,23 @@ void Progress::Count(std::string_view record, bool isEarlier) {
 }
 
 void Progress::Refresh() {
-  if (isShown_ && (gIsDrawn == 0 || Clock::now() - drawn_ >= kPeriod)) {
+  if (isShown_ && Clock::now() - drawn_ >= kPeriod) {
     Draw();
   }
 }
 
 void Progress::MakeWay() {
   if (sharesTerminal_ && gIsDrawn != 0) {
-    std::cerr << kEraseLine;
+    Put(kEraseLine);
     gIsDrawn = 0;
   }
 }
 
 void Progress::Say(const std::string& message) {
   if (gIsDrawn != 0) {
-    std::cerr << kEraseLine;
+    Put(kEraseLine);
     gIsDrawn = 0;
+    drawn_ = {};  // a message is rare: the line comes back at once
   }
   std::cerr << "postwright: " << message << '\n';
 }
@@ -95,7 +108,7 @@ void Progress::Finish() {
 }
 
 void Progress::Draw() {
-  std::cerr << kEraseLine << Line().substr(0, TerminalWidth()) << std::flush;
+  Put(kEraseLine + Line().substr(0, TerminalWidth()));
   gIsDrawn = 1;
   drawn_ = Clock::now();
 }

@@ -10,7 +10,8 @@
 namespace postwright {
 
 // How far a stream of fixes has come, in one line on standard error that is written again and
-// again, where that is a terminal; and the messages that must not run into that line.
+// again, some times a second, where that is a terminal that can do so (TERM is neither unset nor
+// "dumb"); and the messages that must not run into that line.
 //
 //   Progress progress(!options.quiet);
 //   progress.Begin(reader.CountLinesAhead());

@@ -177,13 +177,19 @@ WorkerPool::Events WorkerPool::Wait(int descriptor, int milliseconds) {
   return events;
 }
 
-// Does for a worker what can be done without waiting. False where it has died.
+// Does for a worker what can be done without waiting. False where it has died; an answer that it
+// had given whole before counts all the same.
 bool WorkerPool::Exchange(Worker& worker, short events, std::vector<Answer>& answers) {
-  if (events == 0 || (Send(worker) && Receive(worker))) {
-    if (worker.received.ends_with('\n')) {
-      answers.push_back({worker.ticket, std::exchange(worker.received, {}), ""});
-      worker.isBusy = false;
-    }
+  bool isAlive = true;
+  if (events != 0) {
+    const bool isSent = Send(worker);
+    isAlive = Receive(worker) && isSent;
+  }
+  if (worker.received.ends_with('\n')) {
+    answers.push_back({worker.ticket, std::exchange(worker.received, {}), ""});
+    worker.isBusy = false;
+  }
+  if (isAlive) {
     return true;
   }
   close(worker.channel);
