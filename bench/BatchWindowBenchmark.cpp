@@ -144,8 +144,8 @@ int measure() {
 }  // namespace postwright
 
 int main(int argc, char** argv) {
-  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   QApplication application(argc, argv);
+  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   return postwright::measure();
 }

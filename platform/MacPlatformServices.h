@@ -22,8 +22,9 @@ namespace postwright {
 // operations call one another through the virtual table, so a derived class that replaces a
 // conversion changes escaping and fetching with it.
 //
-// The conversions follow the process's character locale (LC_CTYPE), which must be UTF-8 and is the
-// host's business. In a process that sets none, only ASCII text converts.
+// The conversions follow the C library's character locale (setlocale, LC_CTYPE), which must be UTF-8
+// and is the host's business. In a process that sets none, only ASCII text converts. A QApplication
+// sets it anew, from the environment.
 class POSTWRIGHT_CORE_EXPORT MacPlatformServices : public IPlatformServices {
  public:
   MacPlatformServices() = default;

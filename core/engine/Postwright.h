@@ -27,6 +27,15 @@ namespace postwright {
 //     Explain(failure.GetResult());
 //   }
 //
+// The character locale must be UTF-8 before the first fix and stay so, std::locale's and the C
+// library's alike. One line sets both, behind the making of a QApplication, which sets the latter
+// from the environment:
+//
+//   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
+//
+// Without std::locale's, the parser drops letters beyond A to Z; without setlocale()'s, a field that
+// holds one is sent empty and comes back empty, a city for instance.
+//
 // Blocks for as long as ReadUrl does. Fixes must not overlap: they share the parser.
 class POSTWRIGHT_CORE_EXPORT Postwright {
  public:

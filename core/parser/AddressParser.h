@@ -24,9 +24,13 @@ struct AddressCaptures;
 // Three forms are known, tried in this order: military (APO, FPO, DPO), post-office box, house
 // number and street. Each needs a state and a ZIP code; a text with neither is not read.
 //
-// The parser follows the character locale of the moment in which it is created, which must be UTF-8
-// for letters beyond A to Z to count as letters. It keeps the parse under way in members and takes
-// no lock: one thread at a time.
+// The parser follows std::locale as it is when the parser is created, for the life of the process.
+// It must be UTF-8 by then, or letters beyond A to Z are dropped: "12 Calle Peña St" is read as
+// "12 CALLE PEA ST". setlocale() alone does not do; a named locale made global does both:
+//
+//   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
+//
+// It keeps the parse under way in members and takes no lock: one thread at a time.
 class POSTWRIGHT_CORE_EXPORT AddressParser {
  public:
   // Returns the process's only parser, created on the first call and never destroyed. Creating it

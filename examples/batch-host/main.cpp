@@ -117,10 +117,10 @@ void askServer(const QString& server) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // The library reads letters by the character locale, which is the host's to set: UTF-8, before
-  // anything else.
-  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QApplication application(argc, argv);
+  // The library reads letters by the character locale, which is the host's to set: UTF-8, before
+  // the first fix and behind the application, which takes the environment's.
+  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QCommandLineParser parser;
   addOptions(parser);
   parser.process(application);

@@ -100,8 +100,9 @@ void fixWithDirectory(QList<Contact>& contacts) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QApplication application(argc, argv);
+  // Behind the application, which sets the C library's locale from the environment.
+  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   if (argc != 2) {
     QTextStream(stderr) << "usage: guide-window HOST:PORT\n";
     return 2;

@@ -4,12 +4,12 @@
 #include <QtTest>
 #include <locale>
 
-// The main of a QTest program: the character locale as a host sets it, then one test class under an
-// application of the given kind.
+// The main of a QTest program: an application of the given kind, then, because that takes the
+// environment's, the character locale as a host sets it, and one test class under both.
 #define POSTWRIGHT_CLIENT_TEST_MAIN(Application, TestClass)                                  \
   int main(int argc, char** argv) {                                                          \
-    std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype)); \
     Application application(argc, argv);                                                     \
+    std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype)); \
     TestClass test;                                                                          \
     return QTest::qExec(&test, argc, argv);                                                  \
   }

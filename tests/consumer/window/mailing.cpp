@@ -40,8 +40,9 @@ AddressOutcome askDirectory(PostwrightClient& client, const QString& address) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QApplication application(argc, argv);
+  // Behind the application, which sets the C library's locale from the environment.
+  std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   const QList<std::shared_ptr<AddressEntry>> recipients{
       std::make_shared<Recipient>(QStringLiteral("12 n main street\naustin texas 78701")),
       std::make_shared<Recipient>(QStringLiteral("nowhere"))};
