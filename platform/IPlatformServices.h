@@ -58,7 +58,8 @@ class POSTWRIGHT_CORE_EXPORT IPlatformServices {
 
   // Takes a message as a wide printf-style format and its arguments. The engine's formats are those
   // of the system that it was made for: "%s" takes a wide string and "%S" a narrow one, the reverse
-  // of the C library's wide formats, to which an implementation gives them as "%ls" and "%s".
+  // of the C library's wide formats: vswprintf() itself would print one letter of a message.
+  // FormatLogMessage() (LogFormat.h) formats them.
   virtual void LogError(const wchar_t* format, ...) = 0;
   virtual void LogWarning(const wchar_t* format, ...) = 0;
   virtual void LogInfo(const wchar_t* format, ...) = 0;

@@ -1,4 +1,4 @@
-#include "platform/LogFormat.h"
+#include <postwright/LogFormat.h>
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,8 @@
 #include <postwright/MacPlatformServices.h>
 
-#include "platform/LogFormat.h"
 #include "platform/UrlFetch.h"
+
+#include <postwright/LogFormat.h>
 
 #include <algorithm>
 #include <array>

@@ -18,13 +18,18 @@ namespace postwright {
 //   MacPlatformServices services;
 //   const std::unique_ptr<FixedAddress> fixed = Postwright::Fix(text, true, &services);
 //
+// A class that replaces one form of a conversion hides the other; it says so:
+//
+//   using MacPlatformServices::UCS2ToUTF8;
+//   std::string UCS2ToUTF8(const wchar_t* text) override;
+//
 // Has no state: one object serves any number of threads, and is made and dropped for nothing. The
 // operations call one another through the virtual table, so a derived class that replaces a
 // conversion changes escaping and fetching with it.
 //
-// The conversions follow the C library's character locale (setlocale, LC_CTYPE), which must be UTF-8
-// and is the host's business. In a process that sets none, only ASCII text converts. A QApplication
-// sets it anew, from the environment.
+// The conversions follow the C library's character locale (setlocale, LC_CTYPE), which must be
+// UTF-8 and is the host's business. In a process that sets none, only ASCII text converts. A
+// QApplication sets it anew, from the environment.
 class POSTWRIGHT_CORE_EXPORT MacPlatformServices : public IPlatformServices {
  public:
   MacPlatformServices() = default;

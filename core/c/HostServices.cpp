@@ -1,7 +1,8 @@
 #include "core/c/HostServices.h"
 
 #include "core/c/Utf8.h"
-#include "platform/LogFormat.h"
+
+#include <postwright/LogFormat.h>
 
 namespace postwright {
 

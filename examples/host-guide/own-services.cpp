@@ -5,15 +5,14 @@
 // What stands between "guide:" and "guide: end" is shown in docs/host-guide.md.
 
 #include <postwright/Deployment.h>
+#include <postwright/LogFormat.h>
 #include <postwright/MacPlatformServices.h>
 #include <postwright/Postwright.h>
 
 #include <cstdarg>
-#include <cwchar>
 #include <iostream>
 #include <locale>
 #include <mutex>
-#include <regex>
 #include <thread>
 
 namespace {
@@ -36,14 +35,8 @@ class LoggingServices : public postwright::MacPlatformServices {
   }
 
  private:
-  // The engine's "%s" is a wide string, its "%S" a narrow one; the C library has them otherwise.
   void Write(const wchar_t* format, va_list arguments) {
-    std::wstring own = std::regex_replace(format, std::wregex(L"%s"), L"%ls");
-    own = std::regex_replace(own, std::wregex(L"%S"), L"%s");
-    wchar_t text[500];
-    if (std::vswprintf(text, std::size(text), own.c_str(), arguments) >= 0) {
-      std::clog << UCS2ToUTF8(text) << '\n';
-    }
+    std::clog << UCS2ToUTF8(postwright::FormatLogMessage(format, arguments)) << '\n';
   }
 };
 // guide: end

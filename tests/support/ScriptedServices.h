@@ -1,8 +1,7 @@
 #ifndef POSTWRIGHT_TESTS_SUPPORT_SCRIPTEDSERVICES_H_
 #define POSTWRIGHT_TESTS_SUPPORT_SCRIPTEDSERVICES_H_
 
-#include "platform/LogFormat.h"
-
+#include <postwright/LogFormat.h>
 #include <postwright/MacPlatformServices.h>
 
 #include <string>
