@@ -1,5 +1,6 @@
 #include <postwright/Postwright.h>
 
+#include "core/engine/ReplyEncoding.h"
 #include "core/engine/ReplyGuard.h"
 
 #include <postwright/AddressParser.h>
@@ -8,6 +9,7 @@
 #include <tinyxml.h>
 
 #include <cassert>
+#include <utility>
 #include <vector>
 
 namespace postwright {
@@ -74,10 +76,10 @@ std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer() {
 
 std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer(const std::wstring& url) {
   const std::unique_ptr<std::vector<std::uint8_t>> body = services_->ReadUrl(url.c_str());
-  const std::string reply = body == nullptr ? "" : std::string(body->begin(), body->end());
+  std::string reply = body == nullptr ? "" : std::string(body->begin(), body->end());
   auto document = std::make_unique<TiXmlDocument>();
   if (!reply.empty()) {
-    ParseReply(reply, document.get());
+    ParseReply(std::move(reply), document.get());
   }
   if (document->RootElement() == nullptr) {
     services_->LogError(L"Postwright::MakeRequestToServer(): RootElement == NULL");
@@ -86,13 +88,15 @@ std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer(const std::wstrin
   return document;
 }
 
-void Postwright::ParseReply(const std::string& reply, TiXmlDocument* document) {
+void Postwright::ParseReply(std::string reply, TiXmlDocument* document) {
+  // Character references, too, are to become UTF-8 then, whatever the declaration says.
+  const TiXmlEncoding encoding = TurnIntoUtf8(reply) ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_UNKNOWN;
   std::wstring fault;
   if (const wchar_t* refusal = FindReplyFault(reply)) {
     fault = refusal;
   } else {
     document->SetTabSize(0);  // spares counting lines and columns
-    document->Parse(reply.c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
+    document->Parse(reply.c_str(), nullptr, encoding);
     if (!document->Error()) {
       return;
     }

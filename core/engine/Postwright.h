@@ -33,8 +33,8 @@ namespace postwright {
 //
 //   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
 //
-// Without std::locale's, the parser drops letters beyond A to Z; without setlocale()'s, a field that
-// holds one is sent empty and comes back empty, a city for instance.
+// Without std::locale's, the parser drops letters beyond A to Z; without setlocale()'s, a field
+// that holds one is sent empty and comes back empty, a city for instance.
 //
 // Blocks for as long as ReadUrl does. Fixes must not overlap: they share the parser.
 class POSTWRIGHT_CORE_EXPORT Postwright {
@@ -50,10 +50,11 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   // Throws PostwrightException with
   //   FixResultInvalidAddress  the service answered with an error for this address
   //   FixResultBadReply        `services` or what its ReadUrl returned was null, or the reply was
-  //                            empty (no network, too), no XML, or had no Address; so
-  //                            is a reply that holds a NUL, is not UTF-8, or is built to exhaust
-  //                            the XML parser: elements nested deeper than 100, an element of more
-  //                            than 100 attributes, more than 100,000 tags and attributes
+  //                            empty (no network, too), no XML, or had no Address; so is a reply
+  //                            that holds a NUL, is not UTF-8 (nor ISO-8859-1 or Windows-1252 and
+  //                            declared so), or is built to exhaust the XML parser: elements
+  //                            nested deeper than 100, an element of more than 100 attributes,
+  //                            more than 100,000 tags and attributes
   // and std::bad_alloc. The cause goes to LogError or LogWarning of `services`.
   static std::unique_ptr<FixedAddress> Fix(const std::wstring& text, bool flag,
                                            IPlatformServices* services);
@@ -82,7 +83,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   TiXmlText* AddChildElement(TiXmlElement* parent, const char* name, const std::string& text);
 
  private:
-  void ParseReply(const std::string& reply, TiXmlDocument* document);
+  void ParseReply(std::string reply, TiXmlDocument* document);
 
   AddressInfo info_;
   [[maybe_unused]] bool flag_;

@@ -45,17 +45,6 @@ std::size_t SequenceLength(std::string_view text, std::size_t at) {
   return length;
 }
 
-bool IsUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = SequenceLength(text, at);
-    if (length == 0) {
-      return false;
-    }
-    at += length;
-  }
-  return true;
-}
-
 // True when each "&#" of `text` goes on with digits and a semicolon.
 bool HasWholeReferences(std::string_view text) {
   for (std::size_t at = 0; (at = text.find("&#", at)) != std::string_view::npos;) {
@@ -192,11 +181,22 @@ const wchar_t* TagScanner::PassStartTag() {
 
 }  // namespace
 
+bool IsReplyUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = SequenceLength(text, at);
+    if (length == 0) {
+      return false;
+    }
+    at += length;
+  }
+  return true;
+}
+
 const wchar_t* FindReplyFault(std::string_view reply) {
   if (reply.find('\0') != std::string_view::npos) {
     return L"the document holds a NUL";
   }
-  if (!IsUtf8(reply)) {
+  if (!IsReplyUtf8(reply)) {
     return L"the document is not UTF-8";
   }
   return TagScanner(reply).FindFault();

@@ -20,6 +20,11 @@ std::string Reply(const std::string& address) {
   return "<?xml version=\"1.0\"?><R><Address>" + address + "</Address></R>";
 }
 
+std::string Western(const std::string& encoding, const std::string& address) {
+  return "<?xml version='1.0' encoding = '" + encoding + "'?><R><Address>" + address +
+         "</Address></R>";
+}
+
 std::pair<FixResult, std::wstring> FixText(const std::wstring& text, IPlatformServices* services) {
   try {
     const std::unique_ptr<FixedAddress> fixed = Postwright::Fix(text, true, services);
@@ -59,6 +64,15 @@ const struct ReplyCase {
     {"root is the error", "<Error><Number>80040b1a</Number></Error>", kBadReply, kUnexpected},
     {"cut short", "<R><Address><Address2>12 MA", kBadReply, kNoXml + L"Error "},
     {"page of another", "<html><p>No</html>", kBadReply, kNoXml + L"Error "},
+    {"Latin 1", Western("ISO-8859-1", "<City>PE\xD1O</City>"), kFixed, L"PE\u00D1O,  "},
+    {"Windows", Western("windows-1252", "<City>O\x92NEIL</City>"), kFixed, L"O\u2019NEIL,  "},
+    {"Latin 1 that is UTF-8", Western("iso-8859-1", "<City>PE\xC3\x91O</City>"), kFixed,
+     L"PE\u00D1O,  "},
+    {"Latin 1, a reference", Western("latin1", "<City>PE&#xD1;O</City>"), kFixed, L"PE\u00D1O,  "},
+    {"no character of Windows", Western("windows-1252", "<City>PE\x81O</City>"), kBadReply,
+     kNoXml + L"the document is not UTF-8"},
+    {"another encoding", Western("ISO-8859-2", "<City>PE\xD1O</City>"), kBadReply,
+     kNoXml + L"the document is not UTF-8"},
     {"refused", Reply("<City>PE\xD1O</City>"), kBadReply, kNoXml + L"the document is not UTF-8"},
     {"no root", "<!-- nothing -->", kBadReply, kNoRoot},
     {"no network", "", kBadReply, kNoRoot},
