@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common/HttpFetch.h"
 #include "service/upstream/Upstream.h"
 
 namespace postwright::service {
@@ -25,7 +26,7 @@ struct HttpAnswer {
   std::optional<std::chrono::seconds> retryAfter;  // the header of that name, either form of it
 };
 
-// Asks an HTTP or HTTPS server. Certificates are checked; redirects are not followed, since a
+// Asks an HTTP or HTTPS server, within the limits of HttpFetch. Redirects are not followed, since a
 // call's headers are meant for one host; compressed answers are unpacked.
 //
 //   HttpClient client({});
@@ -37,14 +38,14 @@ class HttpClient {
   struct Limits {
     std::chrono::milliseconds connect = std::chrono::seconds(5);
     std::chrono::milliseconds whole = std::chrono::seconds(15);  // from the call to the last byte
-    size_t bytes = 256 * 1024;                                   // of the body, unpacked
+    size_t bytes = 256 * 1024;                                   // of all that comes, unpacked
   };
 
   // No answer at all.
   struct Failure {
     FaultKind kind = FaultKind::Unreachable;  // or TimedOut, BadReply
     bool isSent = false;                      // the server may have seen the call
-    std::string detail;                       // libcurl's words
+    std::string detail;
   };
 
   explicit HttpClient(const Limits& limits);
@@ -59,15 +60,13 @@ class HttpClient {
   void Stop() { isStopped_ = true; }
 
  private:
-  class Handle;
-
-  std::unique_ptr<Handle> TakeHandle();
-  void PutBack(std::unique_ptr<Handle> handle);
+  std::unique_ptr<HttpFetch> TakeConnection();
+  void PutBack(std::unique_ptr<HttpFetch> connection);
 
   const Limits limits_;
   std::atomic<bool> isStopped_ = false;
   std::mutex mutex_;
-  std::vector<std::unique_ptr<Handle>> idle_;
+  std::vector<std::unique_ptr<HttpFetch>> idle_;
 };
 
 // Returns what an HTTP status other than 200 means by itself, with `answer`'s time to ask again.

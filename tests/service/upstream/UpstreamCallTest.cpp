@@ -10,6 +10,7 @@
 #include "tests/postal/ShippedZips.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/service/upstream/PostalStandIn.h"
+#include "tests/support/HostileShapes.h"
 #include "tests/support/TempFolder.h"
 
 namespace postwright::service {
@@ -34,6 +35,25 @@ std::string Show(const UpstreamOutcome& outcome) {
   }
   const auto* const rejection = std::get_if<postal::Rejection>(&outcome.answer);
   return rejection == nullptr ? "found" : std::string(VerifyReply::NumberOf(*rejection));
+}
+
+// Whatever a server sends, a call ends, and with the whole answer or none.
+TEST(HttpClientTest, EndsWhateverTheServerDoes) {
+  HttpClient client({.whole = HostileLimits().whole, .bytes = HostileLimits().bytes});
+  for (const HostileShape& shape : HostileShapes()) {
+    SCOPED_TRACE(shape.name);
+    const LoopbackServer server(shape.answer);
+    const auto answer = client.Send({"http://" + server.GetEndpoint() + "/x", {}});
+    if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
+      EXPECT_EQ(failure->kind,
+                shape.end == HttpOutcome::TimedOut ? FaultKind::TimedOut : FaultKind::BadReply);
+      EXPECT_TRUE(failure->isSent);
+      EXPECT_NE(shape.end, HttpOutcome::Answered) << failure->detail;
+    } else {
+      EXPECT_EQ(shape.end, HttpOutcome::Answered);
+      EXPECT_EQ(std::get<HttpAnswer>(answer).body, shape.body);
+    }
+  }
 }
 
 class PostalUpstreamTest : public testing::Test {
