@@ -9,6 +9,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 rules='
 core/records  <core/Export.h
 core/parser   <core/(Export.h|records/.*)  "core/records/.*
+core/review   <core/(Export.h|records/.*|parser/.*)  "core/(records|parser)/.*
 core/c        <(core|platform)/.*
 core/engine   <core/(Export.h|records/.*|parser/.*)  "core/(records|parser)/.*  <platform/IPlatformServices.h
 platform      <core/Export.h  "common/.*

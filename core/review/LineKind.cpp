@@ -1,0 +1,273 @@
+#include "core/review/LineKind.h"
+
+#include "core/parser/Vocabulary.h"
+
+#include <boost/xpressive/xpressive_dynamic.hpp>
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+namespace postwright {
+
+namespace {
+
+using boost::xpressive::regex_match;
+using boost::xpressive::regex_search;
+using boost::xpressive::wsmatch;
+using boost::xpressive::wsregex;
+
+constexpr std::size_t kLongestLine = 200;  // characters; a longer line is no line of an address
+
+// KEY and BOX are designators too, but a line of its own that begins with them is another thing.
+std::wstring Designators() {
+  std::wstring all = L"PMB";
+  for (const Vocabulary::VocabularyRow& row : Vocabulary::NumberedUnits()) {
+    const std::wstring standard = row.standard;
+    if (standard != L"BOX" && standard != L"KEY") {
+      all += L"|" + std::wstring(row.written);
+    }
+  }
+  return L"(?:" + all + L")";
+}
+
+std::wstring PlainDesignators() {
+  std::wstring all;
+  for (const Vocabulary::VocabularyRow& row : Vocabulary::PlainUnits()) {
+    all += (all.empty() ? L"" : L"|") + std::wstring(row.written);
+  }
+  return L"(?:" + all + L")";
+}
+
+// The patterns are for lines in upper case with single blanks.
+struct Patterns {
+  const std::wstring number = LR"([A-Z0-9-]*\d[A-Z0-9-]*)";
+  const std::wstring floor =
+      LR"((?:(?:\d+(?:ST|ND|RD|TH)|FIRST|SECOND|THIRD|FOURTH|FIFTH|SIXTH|SEVENTH|EIGHTH|NINTH|TENTH))"
+      LR"( (?:FLOOR|FLR|FL)\.?))";
+  const std::wstring unit = L"(?:" + floor + L"|" + Designators() +
+                            LR"((?:\. ?| ?#|[ :-])(?:NO\.? ?|# ?)?(?:)" + number +
+                            LR"(|[A-Z]{1,2})|)" + Designators() + LR"(\d[A-Z0-9-]*|# ?)" + number +
+                            LR"(|# ?[A-Z]|)" + PlainDesignators() + L")";
+  const std::wstring house =
+      LR"((?:(?:NO\.? ?|# ?)(?=\d))?(?:\d+(?:[- ]\d+/\d+|/\d+|-\d+|[-]?[\xBC-\xBE])?(?:-?[A-Z])?|)"
+      LR"([NSEW] ?\d+ ?[NSEW] ?\d+))";
+
+  const wsregex isUnit = wsregex::compile(L"^" + unit + L"(?:,? " + unit + L"){0,2}$");
+  const wsregex isHouse = wsregex::compile(L"^" + house + LR"([,.]? (?=.*[A-Z].*$))");
+  const wsregex isTelephone = wsregex::compile(LR"(^\(?\d{3}\)?[ .-]\d{3}[ .-]\d{4}\b)");
+  const wsregex isBox = wsregex::compile(
+      LR"(^(?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|)"
+      LR"(LOCK ?BOX)[ .:]*(?:NO\.? ?|NUMBER |# ?)?(\d+)$)");
+  const wsregex isLetteredBox = wsregex::compile(
+      LR"(^(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER) #?(?:[A-Z]|[A-Z0-9-]*\d[A-Z0-9-]*)$)");
+  const wsregex isReadableBox = wsregex::compile(LR"(^(?:P[. ]?O[. ]? )?BOX \d+$)");
+  const wsregex isRoute = wsregex::compile(
+      LR"(^(?:(?:R\.? ?R|R\.? ?F\.? ?D|RURAL (?:ROUTE|RTE|RT|DELIVERY)|H\.? ?C(?:\.? ?R)?|)"
+      LR"(HIGHWAY CONTRACT(?: (?:ROUTE|RTE|RT))?|STAR (?:ROUTE|RTE|RT))[ .,-]*)"
+      LR"((?:(?:ROUTE|RTE|NO\.?|\#)? ?\d+|[A-Z]? ?(?:BOX|BUZON)\b|$)|)"
+      LR"((?:ROUTE|RTE|RT|R\.? ?D|S\.? ?R)\.?[ -]?\d+[A-Z]?,? (?:BOX|BUZON)\b))");
+  const wsregex isMilitary = wsregex::compile(
+      LR"(^(?:(?:P\.?S\.?C\.?|C\.?M\.?R\.?|UNIT)[ .#-]*\d+\b|(?:USS|USNS|USCGC) [A-Z]))");
+  const wsregex isAside = wsregex::compile(LR"(^(?:(?:ATTN|ATTENTION|ATT|C ?/ ?O|CARE OF)\b|%))");
+  const wsregex isFloor = wsregex::compile(floor);
+  const wsregex isNumberSign = wsregex::compile(LR"(^(?:NO\.? ?|# ?)(?=\d))");
+};
+
+const Patterns& Pattern() {
+  static const Patterns kPatterns;
+  return kPatterns;
+}
+
+using Words = std::unordered_set<std::wstring>;
+
+// The words that a company's name ends with.
+bool IsCompanyWord(const std::wstring& word) {
+  static const Words kWords = {
+      L"ASSN",       L"ASSOC",     L"ASSOCIATES", L"ASSOCIATION", L"BANK",         L"BREWING",
+      L"CHURCH",     L"CO",        L"COLLEGE",    L"COMPANY",     L"CORP",         L"CORPORATION",
+      L"FOUNDATION", L"GROUP",     L"HOSPITAL",   L"INC",         L"INCORPORATED", L"LIMITED",
+      L"LLC",        L"LLP",       L"LP",         L"LTD",         L"PC",           L"PLLC",
+      L"SCHOOL",     L"UNIVERSITY"};
+  return kWords.contains(word);
+}
+
+bool IsStreetWord(const std::wstring& word) {
+  static const Words kWords = [] {
+    Words words;
+    for (const Vocabulary::VocabularyRow& row : Vocabulary::Directions()) {
+      words.insert({row.written, row.standard});
+    }
+    for (const Vocabulary::SuffixRow& row : Vocabulary::Suffixes()) {
+      words.insert(row.standard);
+      words.insert(row.written.begin(), row.written.end());
+    }
+    return words;
+  }();
+  return kWords.contains(word);
+}
+
+// A second number in a line of a street, in a place where neither a unit, a numbered street nor a
+// highway has one: the first may belong to a name.
+bool HasSecondNumber(const std::wstring& upper) {
+  static const Words kRoads = {L"HIGHWAY", L"HWY",    L"ROUTE", L"RTE",        L"RT",
+                               L"ROAD",    L"RD",     L"US",    L"SR",         L"CR",
+                               L"FM",      L"I",      L"STATE", L"INTERSTATE", L"LOOP",
+                               L"AVE",     L"AVENUE", L"ST",    L"CALLE",      L"COUNTY"};
+  const std::vector<std::wstring_view> words = WordsOf(upper);
+  for (std::size_t at = 2; at < words.size(); ++at) {
+    const std::wstring before(words[at - 1]);
+    LabelPiece pair;
+    pair.upper = before + L" " + std::wstring(words[at]);
+    const bool plain = words[at].find_first_not_of(L"0123456789") == std::wstring_view::npos;
+    const bool sign = upper[static_cast<std::size_t>(words[at].data() - upper.data()) - 1] == L'#';
+    if (plain && !sign && !HasDigit(before) && !kRoads.contains(before) &&
+        KindOf(pair) != LineKind::kUnit) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool IsHouse(const std::wstring& upper) {
+  const std::vector<std::wstring_view> words = WordsOf(upper);
+  return regex_search(upper, Pattern().isHouse) && !regex_search(upper, Pattern().isTelephone) &&
+         words.size() > 1 && !IsCompanyWord(std::wstring(words.back()));
+}
+
+// "2ND FLOOR" as the grammar reads a floor: FL 2.
+std::wstring FloorOf(const std::wstring& upper) {
+  constexpr std::array kOrdinals = {L"FIRST", L"SECOND",  L"THIRD",  L"FOURTH", L"FIFTH",
+                                    L"SIXTH", L"SEVENTH", L"EIGHTH", L"NINTH",  L"TENTH"};
+  if (IsDigit(upper.front())) {
+    return L"FL " + upper.substr(0, upper.find_first_not_of(L"0123456789"));
+  }
+  const std::wstring word = upper.substr(0, upper.find(L' '));
+  const auto* const found = std::find(kOrdinals.begin(), kOrdinals.end(), word);
+  return L"FL " + std::to_wstring(found - kOrdinals.begin() + 1);
+}
+
+// Replaces [begin, begin + length) of `text` and notes it.
+void Replace(std::wstring& text, std::size_t begin, std::size_t length, const std::wstring& asked,
+             AddressRespelling rule, std::vector<RespelledWords>& respellings) {
+  respellings.push_back({rule, text.substr(begin, length), asked});
+  text.replace(begin, length, asked);
+}
+
+std::wstring RespellBox(const LabelPiece& piece, std::vector<RespelledWords>& respellings) {
+  wsmatch match;
+  std::wstring typed(TrimEnd(piece.typed, L" ,.;"));
+  const std::wstring upper = piece.upper.substr(0, typed.size());
+  if (!regex_match(upper, Pattern().isReadableBox) && regex_search(upper, match, Pattern().isBox)) {
+    Replace(typed, 0, typed.size(), L"PO BOX " + match[1].str(), AddressRespellingBox, respellings);
+  }
+  return typed;
+}
+
+// A fraction that is one character becomes three.
+void RespellFraction(std::wstring& line, std::vector<RespelledWords>& respellings) {
+  constexpr std::array kFractions = {L"1/4", L"1/2", L"3/4"};
+  const std::size_t at = line.find_first_of(L"\u00BC\u00BD\u00BE");
+  if (at != line.npos && at > 0 && at < line.find(L' ')) {
+    const std::wstring whole(TrimEnd(line.substr(0, at), L"-"));
+    const std::wstring asked = whole + L" " + kFractions.at(line[at] - L'\u00BC');
+    Replace(line, 0, at + 1, asked, AddressRespellingHouseNumber, respellings);
+  }
+}
+
+std::wstring RespellStreet(const LabelPiece& piece, LineKind kind,
+                           std::vector<RespelledWords>& respellings) {
+  wsmatch match;
+  std::wstring line(TrimEnd(piece.typed, L" ,;"));
+  std::wstring upper = piece.upper.substr(0, line.size());
+  if (regex_search(upper, match, Pattern().isFloor)) {
+    Replace(line, static_cast<std::size_t>(match.position()),
+            static_cast<std::size_t>(match.length()), FloorOf(match.str()), AddressRespellingUnit,
+            respellings);
+  }
+  if (kind == LineKind::kHouse && regex_search(upper, match, Pattern().isNumberSign)) {
+    Replace(line, 0, static_cast<std::size_t>(match.length()), L"", AddressRespellingHouseNumber,
+            respellings);
+  }
+  RespellFraction(line, respellings);
+  return line;
+}
+
+}  // namespace
+
+LineKind KindOf(const LabelPiece& piece) {
+  if (piece.upper.empty() || piece.upper.size() > kLongestLine) {
+    return LineKind::kOther;
+  }
+  const std::wstring upper(TrimEnd(piece.upper, L" ,.;:"));
+  const Patterns& patterns = Pattern();
+  if (regex_search(upper, patterns.isAside)) {
+    return LineKind::kAside;
+  }
+  if (regex_search(upper, patterns.isBox)) {
+    return LineKind::kBox;
+  }
+  if (regex_search(upper, patterns.isLetteredBox)) {
+    return LineKind::kLetteredBox;
+  }
+  if (regex_search(upper, patterns.isRoute)) {
+    return LineKind::kRoute;
+  }
+  if (regex_search(upper, patterns.isUnit)) {
+    return LineKind::kUnit;
+  }
+  if (IsHouse(upper)) {
+    return LineKind::kHouse;
+  }
+  return regex_search(upper, patterns.isMilitary) ? LineKind::kMilitary : LineKind::kOther;
+}
+
+bool EndsAsStreet(const std::wstring& upper) {
+  const std::vector<std::wstring_view> words = WordsOf(upper);
+  if (words.empty()) {
+    return false;
+  }
+  const auto isStreetWord = [](std::wstring_view word) { return IsStreetWord(std::wstring(word)); };
+  if (isStreetWord(words.back())) {
+    return words.size() > 2 || !HasDigit(words.front());
+  }
+  return words.size() > 3 && std::any_of(words.begin() + 2, words.end(), isStreetWord);
+}
+
+bool EndsAsCompany(const std::wstring& upper) {
+  const std::vector<std::wstring_view> words = WordsOf(upper);
+  return !words.empty() && IsCompanyWord(std::wstring(words.back()));
+}
+
+std::size_t FindDelivery(const LabelPiece& piece) {
+  for (std::size_t at = 0; at < piece.upper.size() && piece.upper.size() <= kLongestLine; ++at) {
+    if (at > 0 && piece.upper[at - 1] != L' ') {
+      continue;
+    }
+    LabelPiece rest;
+    rest.upper = piece.upper.substr(at);
+    const LineKind kind = KindOf(rest);
+    if (kind != LineKind::kOther && kind != LineKind::kAside) {
+      const bool unclear =
+          kind == LineKind::kUnit || (kind == LineKind::kHouse && HasSecondNumber(rest.upper));
+      return unclear ? piece.upper.npos : at;
+    }
+    if (IsDigit(piece.upper[at])) {
+      break;  // a digit that belongs to the words in front
+    }
+  }
+  return piece.upper.npos;
+}
+
+std::wstring Respell(const LabelPiece& piece, LineKind kind,
+                     std::vector<RespelledWords>& respellings) {
+  if (kind == LineKind::kBox) {
+    return RespellBox(piece, respellings);
+  }
+  if (kind == LineKind::kHouse || kind == LineKind::kUnit) {
+    return RespellStreet(piece, kind, respellings);
+  }
+  return std::wstring(TrimEnd(piece.typed, L" ,;"));
+}
+
+}  // namespace postwright

@@ -1,0 +1,93 @@
+#include <postwright/AddressLines.h>
+
+#include "core/c/Utf8.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <fstream>
+#include <iostream>
+#include <map>
+
+namespace postwright {
+
+namespace {
+
+const std::map<AddressRespelling, std::string> kRules = {
+    {AddressRespellingState, "state"},
+    {AddressRespellingComma, "comma"},
+    {AddressRespellingZip, "zip"},
+    {AddressRespellingZipLine, "zip-line"},
+    {AddressRespellingUnitLine, "unit-line"},
+    {AddressRespellingUnit, "unit"},
+    {AddressRespellingBox, "box"},
+    {AddressRespellingHouseNumber, "house-number"},
+    {AddressRespellingMilitary, "military"}};
+
+// What a row of the table says, without its name and label: what is empty is left out.
+nlohmann::json ToJson(const AddressLines& lines) {
+  nlohmann::json row = nlohmann::json::object();
+  const auto add = [&row](const char* key, const std::wstring& value) {
+    if (!value.empty()) {
+      row[key] = Utf8FromWide(value);
+    }
+  };
+  if (lines.GetOutcome() == AddressLinesUnclear) {
+    row["unclear"] = true;
+    return row;
+  }
+  if (lines.GetOutcome() == AddressLinesLeftAlone) {
+    row["reason"] = CodeOfReason(lines.GetReason());
+    return row;
+  }
+  add("above", lines.GetAbove());
+  add("question", lines.GetQuestion());
+  add("between", lines.GetBetween());
+  add("below", lines.GetBelow());
+  for (const RespelledWords& words : lines.GetRespellings()) {
+    row["respelled"].push_back(
+        {kRules.at(words.rule), Utf8FromWide(words.typed), Utf8FromWide(words.asked)});
+  }
+  return row;
+}
+
+}  // namespace
+
+TEST(AddressLinesTest, FindsTheAddressOfEachLabel) {
+  std::ifstream file(POSTWRIGHT_TEST_DATA "/address-lines.jsonl");
+  int labels = 0;
+  for (std::string line; std::getline(file, line); ++labels) {
+    nlohmann::json row = nlohmann::json::parse(line);
+    SCOPED_TRACE(row.at("name").get<std::string>());
+    const std::wstring label = WideFromUtf8(row.at("label").get<std::string>());
+    const AddressLines lines(label);
+    row.erase("name");
+    row.erase("label");
+    EXPECT_EQ(ToJson(lines), row);
+    EXPECT_TRUE(lines.GetAbove() + lines.GetRun() + lines.GetBelow() == label);
+  }
+  EXPECT_GT(labels, 80);
+}
+
+TEST(AddressLinesTest, FindsThreeLinesOverEveryCity) {
+  std::ifstream file(POSTWRIGHT_ZIPS);
+  int cities = 0;
+  for (std::string line; std::getline(file, line); ++cities) {
+    const std::wstring row = WideFromUtf8(line);
+    const std::size_t tab = row.find(L'\t');
+    const std::size_t next = row.find(L'\t', tab + 1);
+    const std::wstring zip = row.substr(0, tab);
+    const std::wstring city = row.substr(tab + 1, next - tab - 1);
+    const std::wstring state = row.substr(next + 1);
+    const bool military = state[0] == L'A' && (state == L"AA" || state == L"AE" || state == L"AP");
+    const std::wstring street = military ? L"PSC 12 Box 4" : L"12 Main Street\nApt 4";
+    const std::wstring asked = military ? L"PSC 12 Box 4" : L"12 Main Street, Apt 4,";
+    const std::wstring place = L"\n" + city + L", " + state + L" " + zip;
+    const AddressLines lines(L"Jane 2 Doe\n" + street + place + L"\nRing twice");
+    EXPECT_EQ(Utf8FromWide(lines.GetRun()), Utf8FromWide(street + place));
+    EXPECT_EQ(Utf8FromWide(lines.GetQuestion()), Utf8FromWide(asked + place));
+  }
+  EXPECT_GT(cities, 40'000);
+}
+
+}  // namespace postwright
