@@ -9,6 +9,8 @@
 
 namespace postwright {
 
+using namespace LabelLines;
+
 namespace {
 
 constexpr std::size_t kMostAddresses = 4;       // ends of an address that are looked at

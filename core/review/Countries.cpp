@@ -7,6 +7,8 @@
 
 namespace postwright {
 
+using namespace LabelLines;
+
 namespace {
 
 using Names = std::unordered_set<std::wstring>;

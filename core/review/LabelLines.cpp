@@ -4,7 +4,7 @@
 
 #include <cwctype>
 
-namespace postwright {
+namespace postwright::LabelLines {
 
 namespace {
 
@@ -128,4 +128,4 @@ std::wstring_view TrimStart(std::wstring_view text, std::wstring_view characters
   return first == text.npos ? std::wstring_view() : text.substr(first);
 }
 
-}  // namespace postwright
+}  // namespace postwright::LabelLines

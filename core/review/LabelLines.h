@@ -17,6 +17,8 @@ struct LabelPiece {
   std::wstring upper;      // the same in upper case, place by place
 };
 
+namespace LabelLines {
+
 // The lines of `text` that hold anything, blanks at their ends left out: only `begin` and `end` are
 // set. The line breaks are those of Utils and the rarer ones of word processors.
 std::vector<LabelPiece> LinesOf(std::wstring_view text);
@@ -27,7 +29,7 @@ LabelPiece ReadPiece(std::wstring_view text, LabelPiece piece);
 // Cuts a line of `text` at its commas, semicolons, bars and free-standing slashes.
 std::vector<LabelPiece> CutAtCommas(std::wstring_view text, const LabelPiece& line);
 
-// Text helpers of the folder. Letters and digits are those of the character locale.
+// Letters and digits are those of the character locale.
 bool IsBlank(wchar_t c);
 bool IsDigit(wchar_t c);
 bool HasDigit(std::wstring_view text);
@@ -36,6 +38,7 @@ std::wstring LettersAndDigits(std::wstring_view text);           // in upper cas
 std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view characters);
 std::wstring_view TrimStart(std::wstring_view text, std::wstring_view characters);
 
+}  // namespace LabelLines
 }  // namespace postwright
 
 #endif  // POSTWRIGHT_CORE_REVIEW_LABELLINES_H_

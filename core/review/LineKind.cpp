@@ -10,6 +10,8 @@
 
 namespace postwright {
 
+using namespace LabelLines;
+
 namespace {
 
 using boost::xpressive::regex_match;

@@ -10,6 +10,8 @@
 
 namespace postwright {
 
+using namespace LabelLines;
+
 namespace {
 
 constexpr std::wstring_view kPunctuation = L" ,.;:()-";

@@ -7,6 +7,8 @@
 
 namespace postwright {
 
+using namespace LabelLines;
+
 namespace {
 
 constexpr std::wstring_view kEnds = L" ,.;:";
