@@ -3,6 +3,7 @@
 #include "core/c/HostServices.h"
 #include "core/c/Utf8.h"
 
+#include <postwright/AddressLines.h>
 #include <postwright/AddressParser.h>
 #include <postwright/Deployment.h>
 #include <postwright/FetchTimeout.h>
@@ -19,6 +20,12 @@
 struct postwright_address {
   std::array<std::string, POSTWRIGHT_ELEMENTS> elements;
   std::string text;
+};
+
+struct postwright_lines {
+  postwright::AddressLines lines;
+  std::array<std::string, POSTWRIGHT_LINES_TEXTS> texts;
+  std::string putBack;
 };
 
 struct postwright_canceller {
@@ -156,6 +163,16 @@ postwright_address* NewAddress(const FixedAddress& fixed) {
   return address.release();
 }
 
+postwright_lines* NewLines(const std::wstring& text) {
+  const AddressLines lines(text);
+  return new postwright_lines{
+      lines,
+      {Utf8FromWide(lines.GetAbove()), Utf8FromWide(lines.GetRun()), Utf8FromWide(lines.GetBelow()),
+       Utf8FromWide(lines.GetBetween()), Utf8FromWide(lines.GetQuestion()),
+       CodeOfReason(lines.GetReason()), TextOfReason(lines.GetReason())},
+      ""};
+}
+
 std::int32_t Fix(const std::wstring& text, const postwright_services* services,
                  const std::atomic<bool>* cancelled, postwright_address** fixed) {
   HostServices host(services, cancelled);
@@ -248,6 +265,50 @@ int32_t postwright_parse(const char* text, size_t length, postwright_address** a
     *address = postwright::NewAddress(info);
     return POSTWRIGHT_NONE;
   });
+}
+
+int32_t postwright_address_lines(const char* text, size_t length, postwright_lines** lines) {
+  if (lines == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  *lines = nullptr;
+  if (text == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  return Guard([&]() -> std::int32_t {
+    const std::optional<std::wstring> label = postwright::ReadText(text, length);
+    if (!label) {
+      return POSTWRIGHT_BAD_TEXT;
+    }
+    const auto turn = postwright::TakeTurn(nullptr);
+    *lines = postwright::NewLines(*label);
+    return POSTWRIGHT_NONE;
+  });
+}
+
+int32_t postwright_lines_outcome(const postwright_lines* lines) {
+  return lines != nullptr ? int32_t{lines->lines.GetOutcome()} : POSTWRIGHT_LINES_UNCLEAR;
+}
+
+const char* postwright_lines_text(const postwright_lines* lines, int32_t which) {
+  const bool exists = lines != nullptr && which >= 0 && which < POSTWRIGHT_LINES_TEXTS;
+  return exists ? lines->texts[static_cast<size_t>(which)].c_str() : "";
+}
+
+const char* postwright_lines_put_back(postwright_lines* lines, const char* corrected) {
+  if (lines == nullptr || corrected == nullptr) {
+    return nullptr;
+  }
+  const std::int32_t result = Guard([&]() -> std::int32_t {
+    lines->putBack =
+        postwright::Utf8FromWide(lines->lines.PutBack(postwright::WideFromUtf8(corrected)));
+    return POSTWRIGHT_NONE;
+  });
+  return result == POSTWRIGHT_NONE ? lines->putBack.c_str() : nullptr;
+}
+
+void postwright_lines_free(postwright_lines* lines) {
+  delete lines;
 }
 
 int32_t postwright_body_append(postwright_body* body, const void* data, size_t size) {

@@ -24,7 +24,7 @@
 // Every function may be called from any thread. Reading and correcting take turns: a second call
 // waits for the first. They must not run while another thread corrects or reads through the C++
 // interface. Nothing throws, and no function takes back an argument; a handle is not changed once
-// it is made, and is freed once.
+// it is made, but by postwright_lines_put_back, and is freed once.
 
 #ifdef __cplusplus
 extern "C" {
@@ -119,6 +119,51 @@ POSTWRIGHT_CORE_EXPORT void postwright_address_free(postwright_address* address)
 POSTWRIGHT_CORE_EXPORT int32_t postwright_parse(const char* text, size_t length,
                                                 postwright_address** address);
 
+// The lines of a label that are its address, and those around them: what AddressLines finds.
+typedef struct postwright_lines postwright_lines;
+
+// What a host is to do with a label.
+enum {
+  POSTWRIGHT_LINES_FOUND = 0,     /* ask about the address alone */
+  POSTWRIGHT_LINES_UNCLEAR = 1,   /* ask about the whole text */
+  POSTWRIGHT_LINES_LEFT_ALONE = 2 /* do not ask; there is a reason */
+};
+
+// The texts of the lines.
+enum {
+  POSTWRIGHT_LINES_ABOVE = 0,   /* above, address and below, one behind the other, are the text */
+  POSTWRIGHT_LINES_ADDRESS = 1, /* as typed */
+  POSTWRIGHT_LINES_BELOW = 2,
+  POSTWRIGHT_LINES_BETWEEN = 3,     /* lines between street and city that are not asked about */
+  POSTWRIGHT_LINES_QUESTION = 4,    /* what to give to postwright_fix; "" for a label left alone */
+  POSTWRIGHT_LINES_REASON = 5,      /* a code, "left-alone-rural-route"; "" unless left alone */
+  POSTWRIGHT_LINES_EXPLANATION = 6, /* the same in English */
+  POSTWRIGHT_LINES_TEXTS = 7        /* how many there are */
+};
+
+// Finds the lines of `text` that are the address; asks nobody. Sets `*lines` to a handle that the
+// caller frees, and to null unless the result is POSTWRIGHT_NONE: POSTWRIGHT_BAD_ARGUMENT,
+// POSTWRIGHT_BAD_TEXT, POSTWRIGHT_NO_MEMORY, POSTWRIGHT_INTERNAL.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_address_lines(const char* text, size_t length,
+                                                        postwright_lines** lines);
+
+// Returns a POSTWRIGHT_LINES_... outcome; POSTWRIGHT_LINES_UNCLEAR for null.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_lines_outcome(const postwright_lines* lines);
+
+// Returns one of the texts; "" for null and for one that does not exist.
+POSTWRIGHT_CORE_EXPORT const char* postwright_lines_text(const postwright_lines* lines,
+                                                         int32_t which);
+
+// Returns the label with `corrected`, a text that ends at its NUL, in the place of the address:
+// see AddressLines::PutBack. The string belongs to the handle and lives until the next call of this
+// function with it, which one thread at a time may make. Null where there is no memory, where an
+// argument is null, and where `corrected` is not UTF-8.
+POSTWRIGHT_CORE_EXPORT const char* postwright_lines_put_back(postwright_lines* lines,
+                                                             const char* corrected);
+
+// Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_lines_free(postwright_lines* lines);
+
 // Where a host's fetch puts the body of a reply.
 typedef struct postwright_body postwright_body;
 
@@ -133,7 +178,8 @@ enum { POSTWRIGHT_LOG_ERROR = 0, POSTWRIGHT_LOG_WARNING = 1, POSTWRIGHT_LOG_INFO
 
 // What a host does for the library instead of the library's own network and silence. A member may
 // be null. Called on the thread of the fix, during it, with `context`; must not throw or jump out,
-// and must not call postwright_fix or postwright_parse, which would wait for themselves.
+// and must not call postwright_fix, postwright_parse or postwright_address_lines, which would wait
+// for themselves.
 typedef struct postwright_services {
   size_t size;  // sizeof(postwright_services)
   void* context;

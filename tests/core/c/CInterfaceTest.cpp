@@ -75,6 +75,40 @@ TEST(CInterfaceTest, SplitsAText) {
                "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nAUSTIN, TX 78701\nFRAGILE");
 }
 
+TEST(CInterfaceTest, FindsTheAddressLines) {
+  const std::string label = "Zo\xC3\xAB 2\n12 Main St\nAttn: Jo\nAustin, T.X. 78701\nFragile";
+  postwright_lines* lines = nullptr;
+  ASSERT_EQ(postwright_address_lines(label.data(), label.size(), &lines), POSTWRIGHT_NONE);
+  EXPECT_EQ(postwright_lines_outcome(lines), POSTWRIGHT_LINES_FOUND);
+  const char* const expected[POSTWRIGHT_LINES_TEXTS] = {"Zo\xC3\xAB 2\n",
+                                                        "12 Main St\nAttn: Jo\nAustin, T.X. 78701",
+                                                        "\nFragile",
+                                                        "Attn: Jo",
+                                                        "12 Main St,\nAustin, TX 78701",
+                                                        "",
+                                                        ""};
+  for (int32_t text = 0; text < POSTWRIGHT_LINES_TEXTS; ++text) {
+    EXPECT_STREQ(postwright_lines_text(lines, text), expected[text]) << text;
+  }
+  EXPECT_STREQ(postwright_lines_put_back(lines, "12 MAIN ST\nAUSTIN, TX 78701-1234"),
+               "Zo\xC3\xAB 2\n12 MAIN ST\nAttn: Jo\nAUSTIN, TX 78701-1234\nFragile");
+  EXPECT_EQ(postwright_lines_put_back(lines, "\xFF"), nullptr);
+  postwright_lines_free(lines);
+
+  const char* const route = "RR 3 Box 14\nSpringfield IL 62701";
+  ASSERT_EQ(postwright_address_lines(route, POSTWRIGHT_TERMINATED, &lines), POSTWRIGHT_NONE);
+  EXPECT_EQ(postwright_lines_outcome(lines), POSTWRIGHT_LINES_LEFT_ALONE);
+  EXPECT_STREQ(postwright_lines_text(lines, POSTWRIGHT_LINES_REASON), "left-alone-rural-route");
+  EXPECT_STREQ(postwright_lines_put_back(lines, "x"), route);
+  postwright_lines_free(lines);
+
+  EXPECT_EQ(postwright_address_lines("\xFF", 1, &lines), POSTWRIGHT_BAD_TEXT);
+  EXPECT_EQ(postwright_address_lines(nullptr, 0, &lines), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(lines, nullptr);
+  EXPECT_STREQ(postwright_lines_text(lines, POSTWRIGHT_LINES_ABOVE), "");
+  EXPECT_EQ(postwright_lines_put_back(lines, "x"), nullptr);
+}
+
 TEST(CInterfaceTest, FixesThroughTheHostsNetwork) {
   Host host;
   const auto [result, fixed] = FixWith(host);
