@@ -8,6 +8,7 @@
 
 #include "apps/VerifyServer.h"
 #include "apps/postwright/FixRecord.h"
+#include "apps/postwright/LabelFix.h"
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/LineFilter.h"
@@ -27,17 +28,25 @@ void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setMixedCase(QString::fromStdString(options.mixedCase));
 }
 
-ExitStatus FixText(const std::string& file, PostwrightClient& client) {
-  const std::optional<QString> corrected =
-      client.fixAddressQuick(QString::fromStdWString(ReadLabelText(file)));
-  if (!corrected) {
-    std::cerr << client.lastResult().value_or(QString()).toStdString() << '\n';
-    return kExitNotALabel;
-  }
+// Ends in one line break, whether or not `text` does.
+ExitStatus Print(const std::wstring& text) {
+  const std::string bytes = Utf8FromWide(text);
   Output output("");
-  output.Write(corrected->toStdString() + "\n");
+  output.Write(bytes.ends_with('\n') ? bytes : bytes + "\n");
   output.Finish();
   return kExitDone;
+}
+
+ExitStatus FixText(const FixOptions& options, PostwrightClient& client) {
+  const std::wstring text = ReadLabelText(options.file);
+  const LabelFix fix(text, options.wholeLabel, client);
+  if (!fix.Reason().empty() || fix.Values().status == AddressStatusError) {
+    std::cerr << fix.Explanation() << '\n';
+  }
+  if (fix.Values().status == AddressStatusError) {
+    return kExitNotALabel;
+  }
+  return Print(fix.Text());
 }
 
 ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
@@ -48,7 +57,10 @@ ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
   lines.jobs = options.jobs;
   lines.progress = !options.quiet;
   return FilterLines(
-      lines, [&client](const LabelLine& label) { return FixRecord(client, label); },
+      lines,
+      [&client, &options](const LabelLine& label) {
+        return FixRecord(client, label, options.wholeLabel);
+      },
       [](const LabelLine& label, const std::string& ending) {
         return FailedRecord(label, "The worker process that was fixing this address " + ending);
       });
@@ -88,7 +100,7 @@ ExitStatus RunFix(const FixOptions& options) {
   PostwrightClient client;
   ApplySettings(options, client);
   if (!options.jsonl) {
-    return FixText(options.file, client);
+    return FixText(options, client);
   }
   return FixLines(options, client);
 }

@@ -15,8 +15,9 @@ struct FixOptions {
   std::chrono::seconds timeout{0};  // of one request; 0 is the build's own
   std::string letters = "upper";    // the case of corrected text: upper, lower or mixed
   bool keepPunctuation = false;
-  std::string mixedCase;  // the user's spellings, separated by ";"
-  bool jsonl = false;     // a JSON line a label; else the whole input is one label
+  bool wholeLabel = false;  // ask about the whole text, not about the address lines alone
+  std::string mixedCase;    // the user's spellings, separated by ";"
+  bool jsonl = false;       // a JSON line a label; else the whole input is one label
 
   std::string output;  // "" is standard output
   std::string resume;  // an earlier run's output to go on with; not with `output`

@@ -11,11 +11,12 @@ namespace postwright {
 
 // The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
 // status, which mean what they mean in the client's BatchResultRecord, behind the id where there
-// is one.
+// is one, and the reason, a code, or "" where there is nothing to tell.
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
-// anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
-std::string FixRecord(PostwrightClient& client, const LabelLine& label);
+// anybody, the record that says so. `wholeLabel` as LabelFix has it. Blocks as
+// PostwrightClient::fixAddress does.
+std::string FixRecord(PostwrightClient& client, const LabelLine& label, bool wholeLabel);
 
 // The record of a label whose fix failed as `result` says.
 std::string FailedRecord(const LabelLine& label, const std::string& result);

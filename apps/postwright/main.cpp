@@ -43,17 +43,22 @@ Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright p
 
 constexpr const char* kFixUsage =
     "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
-    "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
+    "                      [--whole-label] [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
     "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 without punctuation unless asked for otherwise. Mixed case has a dictionary of its own for states,
 directions, names like McDonald and the like; the words of --mixed-case are spelt as given there.
 
+The lines around the address stay as they were typed, unless with --whole-label or where no line is
+clearly the address. Rural routes, boxes with letters and addresses of other countries are not asked
+about and stay as they are, which standard error says.
+
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id". Each line of the output is an object with the keys address (the
-text as given), fixed (the text to use), result (why a fix failed) and status (0 unchanged, 1 fixed,
-2 several candidates, 3 failed), behind the id where one was given. Records come in the order of the
+text as given), fixed (the text to use), result (why a fix failed), reason (a code: why a label was
+left alone, or why nothing was read in it) and status (0 unchanged, 1 fixed, 2 several candidates, 3
+failed), behind the id where one was given. Records come in the order of the
 lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
 is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
 
@@ -140,6 +145,10 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
                    "Words as they are to be spelt in mixed case: \"DeWitt;MacArthur\"")
       ->type_name("WORDS")
       ->check(CLI::Validator(CheckSpellings, ""));
+  parser
+      ->add_flag("--whole-label", options.wholeLabel,
+                 "Ask about the whole text, and correct the lines around the address, too")
+      ->disable_flag_override();
   parser
       ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
       ->type_name("HOST[:PORT]")

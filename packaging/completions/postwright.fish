@@ -13,6 +13,7 @@ complete -c postwright -n "$command" -l jsonl -d 'Read a label a line, write a r
 complete -c postwright -n "$command" -l output -r -F -d 'Write the records to this file, whole or not at all'
 complete -c postwright -n "$fix" -l case -x -a 'upper lower mixed' -d 'The case of the corrected text'
 complete -c postwright -n "$fix" -l keep-punctuation -d 'Keep the punctuation of the corrected text'
+complete -c postwright -n "$fix" -l whole-label -d 'Ask about the whole text'
 complete -c postwright -n "$fix" -l mixed-case -x -d 'Words as they are to be spelt in mixed case'
 complete -c postwright -n "$fix" -l server -x -a '(__fish_print_hostnames)' -d 'The Verify service to ask'
 complete -c postwright -n "$fix" -l timeout -x -d 'How long a request to it may last, as 20s'

@@ -216,17 +216,36 @@ TEST(CommandLineTest, FixesWithTheService) {
   CheckCommands(
       {
           {"corrected", fix + " <<< $'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'", 0,
+           "Jane Doe\n12 N MAIN ST APT 4\nAUSTIN TX 78701\n", ""},
+          {"lines around the address",
+           fix +
+               " <<< $'3M Company\\r\\n\\r\\nUnit 5, c/o #1\\r\\n12 n main street\\r\\nApt 4\\r\\n"
+               "Austin, T.X. 78701\\r\\nRing 2x!\\r\\n'",
+           0,
+           "3M Company\r\n\r\nUnit 5, c/o #1\r\n12 N MAIN ST APT 4\r\nAUSTIN TX 78701\r\nRing "
+           "2x!\r\n",
+           ""},
+          {"the whole label",
+           fix + " --whole-label <<< $'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'", 0,
            "JANE DOE\n12 N MAIN ST APT 4\nAUSTIN TX 78701\n", ""},
+          {"left alone", fix + " <<< $'Jane Doe\\nRR 3 Box 14\\nSpringfield IL 62701'", 0,
+           "Jane Doe\nRR 3 Box 14\nSpringfield IL 62701\n", "it cannot be checked"},
+          {"left alone, in a record", fix + R"( --jsonl <<< '"RR 3 Box 14\nSpringfield IL 62701"')",
+           0,
+           R"("fixed":"RR 3 Box 14\nSpringfield IL 62701","result":"","reason":"left-alone-rural-route","status":0})",
+           ""},
+          {"a reason", fix + " <<< $'12 Main St\\nBoston MA 2108'", 1, "", "begins with 0"},
           {"lower case", fix + " --case lower <<< '12 N MAIN ST, AUSTIN TX 78701'", 0,
            "12 n main st\naustin tx 78701\n", ""},
           {"as a person writes it",
-           fix + " --case mixed --keep-punctuation --mixed-case 'MacArthur; DeLaCroix' <<< "
+           fix + " --whole-label --case mixed --keep-punctuation --mixed-case 'MacArthur; DeLaCroix' <<< "
                  "'pat delacroix\n12 n main st, austin tx 78701'",
            0, "Pat DeLaCroix\n12 N Main St\nAustin, TX 78701\n", ""},
           {"the same of lines",
            fix + " --jsonl --case mixed --keep-punctuation <<< '\"12 n main street, austin tx "
                  "78701\"'",
-           0, R"("fixed":"12 N Main St\nAustin, TX 78701","result":"","status":1})", ""},
+           0, R"("fixed":"12 N Main St\nAustin, TX 78701","result":"","reason":"","status":1})",
+           ""},
           {"no network", "$postwright fix --server 255.255.255.255", 1, "",
            "No internet connection available\n"},
           {"turned down", fix + " <<< 'ring twice'", 1, "", "Invalid Address\n"},
@@ -240,10 +259,10 @@ TEST(CommandLineTest, FixesWithTheService) {
 "ring\ttwice"
 3')",
            1,
-           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","status":1}
-{"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","status":0}
-{"address":"ring\ttwice","fixed":"","result":"Invalid Address","status":3}
-{"address":"","fixed":"","result":"The line is not a JSON string","status":3}
+           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","reason":"","status":1}
+{"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","reason":"","status":0}
+{"address":"ring\ttwice","fixed":"","result":"Invalid Address","reason":"zip-missing","status":3}
+{"address":"","fixed":"","result":"The line is not a JSON string","reason":"","status":3}
 )",
            "line 4 is not a JSON string"},
           {"failures are answers", fix + " --jsonl <<< '\"ring twice\"'", 0, R"("status":3})", ""},
