@@ -149,7 +149,7 @@ std::optional<AddressRun> RunFinder::FindAllInOne() {
   const std::wstring delivery = Respell(piece, kind, run.respellings);
   run.respellings.insert(run.respellings.end(), place_.respellings.begin(),
                          place_.respellings.end());
-  run.question = delivery + L", " + place_.Text();
+  run.question = delivery + L" " + place_.Text();
   return Reads(run.question, delivery) ? std::optional(run) : std::nullopt;
 }
 

@@ -238,7 +238,8 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"lower case", fix + " --case lower <<< '12 N MAIN ST, AUSTIN TX 78701'", 0,
            "12 n main st\naustin tx 78701\n", ""},
           {"as a person writes it",
-           fix + " --whole-label --case mixed --keep-punctuation --mixed-case 'MacArthur; DeLaCroix' <<< "
+           fix + " --whole-label --case mixed --keep-punctuation --mixed-case 'MacArthur; "
+                 "DeLaCroix' <<< "
                  "'pat delacroix\n12 n main st, austin tx 78701'",
            0, "Pat DeLaCroix\n12 N Main St\nAustin, TX 78701\n", ""},
           {"the same of lines",

@@ -18,7 +18,7 @@ for ((tries = 0; tries < 100 && ${#server} == 0; ++tries)); do
 done
 
 label=$examples/labels/12-names-and-notes.txt
-expected=$("$programs/postwright" fix --server "$server" --keep-punctuation "$label")
+expected=$("$programs/postwright" fix --whole-label --server "$server" --keep-punctuation "$label")
 for example in "$programs/fix-label" "python3 $examples/python/fix_label.py"; do
   diff <(echo "$expected") <($example "$server" < "$label" 2> /dev/null)
   for bad in "127.0.0.1:1" "no host"; do

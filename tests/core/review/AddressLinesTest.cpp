@@ -57,14 +57,26 @@ TEST(AddressLinesTest, FindsTheAddressOfEachLabel) {
   std::ifstream file(POSTWRIGHT_TEST_DATA "/address-lines.jsonl");
   int labels = 0;
   for (std::string line; std::getline(file, line); ++labels) {
-    nlohmann::json row = nlohmann::json::parse(line);
+    const nlohmann::json row = nlohmann::json::parse(line);
     SCOPED_TRACE(row.at("name").get<std::string>());
     const std::wstring label = WideFromUtf8(row.at("label").get<std::string>());
     const AddressLines lines(label);
-    row.erase("name");
-    row.erase("label");
-    EXPECT_EQ(ToJson(lines), row);
+    nlohmann::json expected = row;
+    expected.erase("name");
+    expected.erase("label");
+    EXPECT_EQ(ToJson(lines), expected);
     EXPECT_TRUE(lines.GetAbove() + lines.GetRun() + lines.GetBelow() == label);
+    if (lines.GetOutcome() != AddressLinesFound) {
+      continue;
+    }
+    // Put back, the other words stand around the answer, and the next look finds the same question.
+    const std::wstring put = lines.PutBack(lines.GetQuestion());
+    const AddressLines again(put);
+    EXPECT_EQ(Utf8FromWide(again.GetQuestion()), Utf8FromWide(lines.GetQuestion()));
+    EXPECT_EQ(Utf8FromWide(again.PutBack(again.GetQuestion())), Utf8FromWide(put));
+    if (row.at("label").get<std::string>().find('\n') != std::string::npos) {
+      EXPECT_TRUE(put.starts_with(lines.GetAbove()) && put.ends_with(lines.GetBelow()));
+    }
   }
   EXPECT_GT(labels, 80);
 }
