@@ -59,7 +59,7 @@ struct Patterns {
   const wsregex isHouse = wsregex::compile(L"^" + house + LR"([,.]? (?=.*[A-Z].*$))");
   const wsregex isTelephone = wsregex::compile(LR"(^\(?\d{3}\)?[ .-]\d{3}[ .-]\d{4}\b)");
   const wsregex isBox = wsregex::compile(
-      LR"(^(?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|)"
+      LR"(^(?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|DRAWER|)"
       LR"(LOCK ?BOX)[ .:]*(?:NO\.? ?|NUMBER |# ?)?(\d+)$)");
   const wsregex isLetteredBox = wsregex::compile(
       LR"(^(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER) #?(?:[A-Z]|[A-Z0-9-]*\d[A-Z0-9-]*)$)");

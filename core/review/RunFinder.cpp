@@ -268,7 +268,8 @@ bool RunFinder::TakeUnitAbove(AddressRun& run) {
     return false;
   }
   const LabelPiece& unit = pieces_[delivery_ - 1];
-  if (!unit.startsLine && !mayCut_) {
+  const bool isBuilding = unit.upper.starts_with(L'B');  // as good as a name, above a street
+  if (isBuilding || (!unit.startsLine && !mayCut_)) {
     return false;
   }
   units_.push_back(unit);
