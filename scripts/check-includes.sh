@@ -16,7 +16,7 @@ platform      <core/Export.h  "common/.*
 client/suite  <client/ClientExport.h  Qt
 client        <(core|platform)/.*  Qt
 common
-postal/words  "core/parser/Vocabulary.h  "common/.*
+postal/words  "core/parser/(UnitWords|Vocabulary).h  "common/.*
 postal        "common/.*
 service       "common/.*  "postal/.*
 apps          <.*  "common/.*  "postal/.*  "service/.*  Qt

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/AsciiText.h"
+#include "core/parser/UnitWords.h"
 
 namespace postwright::postal {
 namespace {
@@ -16,63 +17,6 @@ std::string Narrow(std::wstring_view wide) {
   std::transform(wide.begin(), wide.end(), std::back_inserter(narrow),
                  [](wchar_t c) { return static_cast<char>(c); });
   return narrow;
-}
-
-// Lists the words that a unit's pattern stands for. The patterns know letters, groups, `?` and `*`
-// alone; an asterisk is taken to mean up to two, as in FLOOR.
-class PatternWords {
- public:
-  static Words List(std::string_view pattern) { return PatternWords(pattern).ReadSequence(); }
-
- private:
-  explicit PatternWords(std::string_view pattern) : rest_(pattern) {}
-
-  Words ReadSequence() {
-    Words words = {""};
-    while (!rest_.empty() && rest_.front() != ')') {
-      words = Combine(words, ReadItem());
-    }
-    return words;
-  }
-
-  // One letter or group with what may follow it, as the list of texts that it stands for.
-  Words ReadItem() {
-    constexpr std::string_view kGroup = "(?:";
-    Words item;
-    if (rest_.starts_with(kGroup)) {
-      rest_.remove_prefix(kGroup.size());
-      item = ReadSequence();
-      rest_.remove_prefix(1);
-    } else {
-      item = {std::string(1, rest_.front())};
-      rest_.remove_prefix(1);
-    }
-    if (!rest_.empty() && (rest_.front() == '?' || rest_.front() == '*')) {
-      const Words twice = rest_.front() == '*' ? Combine(item, item) : Words();
-      item.insert(item.end(), twice.begin(), twice.end());
-      item.emplace_back();
-      rest_.remove_prefix(1);
-    }
-    return item;
-  }
-
-  static Words Combine(const Words& heads, const Words& tails) {
-    Words combined;
-    for (const std::string& head : heads) {
-      for (const std::string& tail : tails) {
-        combined.push_back(head + tail);
-      }
-    }
-    return combined;
-  }
-
-  std::string_view rest_;
-};
-
-// What the parser calls SPACE is SPC in appendix C2.
-std::string StandardUnit(const VocabularyRow& row) {
-  std::string standard = Narrow(row.standard);
-  return standard == "SPACE" ? "SPC" : standard;
 }
 
 // The written form that names a suffix in full is the longest, but for these (appendix C1).
@@ -147,10 +91,9 @@ Lexicon::Lexicon() {
 
 void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
   for (const VocabularyRow& row : rows) {
-    const std::string pattern = Narrow(row.written);
-    const std::string standard = StandardUnit(row);
-    for (const std::string& word : PatternWords::List(pattern)) {
-      table.Add(word, standard);
+    const std::string standard = Narrow(StandardUnit(row.standard));
+    for (const std::wstring& word : UnitWords(row.written)) {
+      table.Add(Narrow(word), standard);
     }
     table.Add(standard, standard);
   }
