@@ -1,0 +1,305 @@
+#include "core/review/ReviewJudge.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "core/review/PhraseList.h"
+#include "core/review/RuleFinder.h"
+#include "core/review/WordForms.h"
+
+namespace postwright {
+
+namespace {
+
+bool IsOpen(const AlignedPiece& piece) {
+  return piece.match == Match::Unlike || piece.match == Match::OneSided;
+}
+
+// Puts together what is judged together: the words of another city or street name, and words that
+// were left out or added side by side.
+class Judge {
+ public:
+  Judge(const ReadLabel& typed, const ReadLabel& corrected, std::string_view footnotes)
+      : typed_(typed),
+        corrected_(corrected),
+        rules_(typed, corrected, footnotes),
+        pieces_(AlignWords(typed.words, corrected.words, corrected.roles)) {}
+
+  std::vector<JudgedChange> Decide() {
+    FindCrossings();
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+      if (crossings_[i]) {
+        Add(pieces_[i], *crossings_[i]);
+      } else if (pieces_[i].match == Match::Form) {
+        Add(pieces_[i], pieces_[i].rule);
+      } else if (pieces_[i].match != Match::Same) {
+        i = AddRun(i);
+      }
+    }
+    JudgeMoves();
+    JudgeRoute();
+    JudgeAddOn();
+    return std::move(changes_);
+  }
+
+ private:
+  static JudgedChange Change(const AlignedPiece& piece) {
+    return {piece.typedBegin, piece.typedEnd, piece.correctedBegin, piece.correctedEnd};
+  }
+  void Add(const AlignedPiece& piece, CorrectionRule rule) {
+    JudgedChange change = Change(piece);
+    change.rule = rule;
+    changes_.push_back(change);
+  }
+
+  // Returns the last piece of the run that begins with piece `first`.
+  std::size_t AddRun(std::size_t first) {
+    JudgedChange change = Change(pieces_[first]);
+    std::size_t last = first;
+    while (IsOpen(pieces_[first]) && last + 1 < pieces_.size() && !crossings_[last + 1] &&
+           IsOpen(pieces_[last + 1]) && BelongTogether(change, Change(pieces_[last + 1]))) {
+      ++last;
+      change.typedEnd = pieces_[last].typedEnd;
+      change.correctedEnd = pieces_[last].correctedEnd;
+    }
+    change.rule = rules_.Find(change, pieces_[first].match);
+    changes_.push_back(change);
+    return last;
+  }
+
+  bool BelongTogether(const JudgedChange& one, const JudgedChange& next) const {
+    const Role role = rules_.RoleOf(one);
+    if (role != rules_.RoleOf(next)) {
+      return false;
+    }
+    const bool sameSides =
+        one.HasTyped() == next.HasTyped() && one.HasCorrected() == next.HasCorrected();
+    const bool isPair = one.HasTyped() && one.HasCorrected();
+    return role == Role::City || role == Role::Street || role == Role::State ||
+           (sameSides && !isPair);
+  }
+
+  // Compares the line breaks of both texts. A break that is gone or new is fine where addresses are
+  // written so; elsewhere a word is on another line than it was typed on.
+  void FindCrossings() {
+    crossings_.resize(pieces_.size());
+    const AlignedPiece* before = nullptr;
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+      const AlignedPiece& piece = pieces_[i];
+      if (piece.typedBegin == piece.typedEnd || piece.correctedBegin == piece.correctedEnd ||
+          piece.match == Match::Unread) {
+        continue;
+      }
+      if (before != nullptr) {
+        crossings_[i] = CompareBreak(*before, piece);
+      }
+      before = &piece;
+    }
+  }
+
+  std::optional<CorrectionRule> CompareBreak(const AlignedPiece& before,
+                                             const AlignedPiece& piece) const {
+    const std::vector<LabelWord>& typed = typed_.words;
+    const std::vector<LabelWord>& corrected = corrected_.words;
+    const bool wasBroken = typed[before.typedEnd - 1].line != typed[piece.typedBegin].line;
+    const bool isBroken =
+        corrected[before.correctedEnd - 1].line != corrected[piece.correctedBegin].line;
+    if (wasBroken && !isBroken && !MayJoin(before, piece)) {
+      return CorrectionRule::WordCrossed;
+    }
+    if (!wasBroken && isBroken && !MayCut(before, piece)) {
+      return CorrectionRule::LineCut;
+    }
+    return std::nullopt;
+  }
+
+  // Whether two typed lines may be one line of an address.
+  bool MayJoin(const AlignedPiece& before, const AlignedPiece& piece) const {
+    const Role left = corrected_.roles[before.correctedEnd - 1];
+    const Role right = corrected_.roles[piece.correctedBegin];
+    if (IsLastLine(left) && IsLastLine(right)) {
+      return left != right || IsLineOf(before.typedEnd - 1, Role::City);
+    }
+    const LabelWord& word = corrected_.words[piece.correctedBegin];
+    if (right == Role::Unit) {
+      return left != Role::Unit || !WordForms::Get().NumberedUnit(word.text).empty() ||
+             !WordForms::Get().PlainUnit(word.text).empty() || word.afterNumberSign;
+    }
+    const bool isNumberAlone = left == Role::HouseNumber && right != Role::HouseNumber &&
+                               IsAloneOnLine(before.typedEnd - 1);
+    return isNumberAlone || (left == Role::Box && right == Role::Box && word.text == L"BOX");
+  }
+
+  // Whether a typed line may be two lines of the corrected text.
+  bool MayCut(const AlignedPiece& before, const AlignedPiece& piece) const {
+    const Role left = corrected_.roles[before.correctedEnd - 1];
+    const Role right = corrected_.roles[piece.correctedBegin];
+    if (typed_.words[piece.typedBegin].afterComma || (IsLastLine(left) && !IsLastLine(right))) {
+      return true;
+    }
+    return (IsDeliveryLine(left) && (IsLastLine(right) || right == Role::Urbanization)) ||
+           (left == Role::Urbanization && IsLastLine(right)) || right == Role::HouseNumber ||
+           right == Role::Box;
+  }
+
+  bool IsAloneOnLine(std::size_t i) const {
+    const std::vector<LabelWord>& words = typed_.words;
+    return (i == 0 || words[i - 1].line != words[i].line) &&
+           (i + 1 == words.size() || words[i + 1].line != words[i].line);
+  }
+  // Whether the typed line that ends with word `last` holds nothing but words of that role.
+  bool IsLineOf(std::size_t last, Role role) const {
+    const std::vector<LabelWord>& words = typed_.words;
+    for (std::size_t i = last + 1; i > 0 && words[i - 1].line == words[last].line; --i) {
+      if (typed_.roles[i - 1] != role) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  // What was lost in one place and added in another went there.
+  void JudgeMoves() {
+    std::unordered_map<std::wstring, std::size_t> lost;
+    for (std::size_t i = 0; i < changes_.size(); ++i) {
+      if (changes_[i].HasTyped() && IsDoubt(changes_[i].rule)) {
+        lost.emplace(Key(typed_, changes_[i].typedBegin, changes_[i].typedEnd), i);
+      }
+    }
+    if (lost.empty()) {
+      return;
+    }
+    std::vector<bool> isGone(changes_.size(), false);
+    for (std::size_t i = 0; i < changes_.size(); ++i) {
+      if (!changes_[i].HasCorrected() || !IsDoubt(changes_[i].rule)) {
+        continue;
+      }
+      const auto found =
+          lost.find(Key(corrected_, changes_[i].correctedBegin, changes_[i].correctedEnd));
+      if (found != lost.end() && found->second != i && !isGone[found->second]) {
+        TakeMove(changes_[found->second], changes_[i], isGone, found->second);
+      }
+    }
+    std::size_t i = 0;
+    std::erase_if(changes_, [&isGone, &i](const JudgedChange&) { return isGone[i++]; });
+  }
+
+  void TakeMove(const JudgedChange& from, JudgedChange& to, std::vector<bool>& isGone,
+                std::size_t index) const {
+    to.rule = MoveRule(from, to);
+    if (!from.HasCorrected() && !to.HasTyped()) {
+      to.typedBegin = from.typedBegin;
+      to.typedEnd = from.typedEnd;
+      isGone[index] = true;
+    }
+  }
+
+  // A unit that was typed in front of its street or on a line of its own goes behind it; in Puerto
+  // Rico the house number goes in front and the urbanization on its line.
+  CorrectionRule MoveRule(const JudgedChange& from, const JudgedChange& to) const {
+    const Role role = rules_.RoleOf(to);
+    const bool isPlain = !from.HasCorrected() && !to.HasTyped();
+    if (isPlain && role == Role::Unit && IsUnit(from) && StandsWithStreet(from)) {
+      return CorrectionRule::UnitPlace;
+    }
+    if (isPlain && IsPuertoRico() && (role == Role::Urbanization || role == Role::HouseNumber)) {
+      return CorrectionRule::UrbPlace;
+    }
+    return HasDigit(corrected_.words[to.correctedBegin].text) ? CorrectionRule::NumberMoved
+                                                              : CorrectionRule::WordMoved;
+  }
+
+  bool IsUnit(const JudgedChange& change) const {
+    const std::wstring& word = typed_.words[change.typedBegin].text;
+    return !WordForms::Get().NumberedUnit(word).empty() ||
+           !WordForms::Get().PlainUnit(word).empty();
+  }
+
+  // Whether the words have a typed line to themselves, or share it with words of a street.
+  bool StandsWithStreet(const JudgedChange& change) const {
+    const std::vector<LabelWord>& words = typed_.words;
+    const std::size_t end = change.typedEnd;
+    const bool begins = change.typedBegin == 0 ||
+                        words[change.typedBegin - 1].line != words[change.typedBegin].line;
+    const bool ends = end == words.size() || words[end].line != words[end - 1].line;
+    return (begins && ends) || (begins && IsDeliveryLine(typed_.roles[end])) ||
+           IsDeliveryLine(typed_.roles[change.typedBegin]);
+  }
+
+  bool IsPuertoRico() const {
+    for (std::size_t i = 0; i < corrected_.words.size(); ++i) {
+      if (corrected_.roles[i] == Role::State) {
+        return corrected_.words[i].text == L"PR";
+      }
+    }
+    return false;
+  }
+
+  // The words in the form in which they are found again elsewhere.
+  static std::wstring Key(const ReadLabel& label, std::size_t begin, std::size_t end) {
+    const WordForms& forms = WordForms::Get();
+    std::wstring key;
+    for (std::size_t i = begin; i < end; ++i) {
+      const std::wstring& word = label.words[i].text;
+      const std::wstring_view unit =
+          forms.NumberedUnit(word).empty() ? forms.PlainUnit(word) : forms.NumberedUnit(word);
+      key += unit.empty() ? WithoutSigns(word) : std::wstring(unit);
+      key += L' ';
+    }
+    return key;
+  }
+
+  // RR 3 BOX 14 is one address; PO BOX 14 below RR 3 is another.
+  void JudgeRoute() {
+    for (JudgedChange& change : changes_) {
+      if (change.rule == CorrectionRule::Box && change.HasCorrected() &&
+          FollowsRoute(change.correctedBegin)) {
+        change.rule = CorrectionRule::RouteLeft;
+      }
+    }
+  }
+  bool FollowsRoute(std::size_t box) const {
+    if (box < 2 || !HasDigit(corrected_.words[box - 1].text)) {
+      return false;
+    }
+    const std::size_t route = box - 2;
+    const std::vector<Phrase> phrases = FindPhrases(corrected_.words, route);
+    const bool isRoute = std::any_of(phrases.begin(), phrases.end(), [](const Phrase& phrase) {
+      return phrase.words == 1 && phrase.rule == CorrectionRule::Route;
+    });
+    return corrected_.words[route].line != corrected_.words[box].line && isRoute;
+  }
+
+  // An add-on belongs to one address: where that has changed, the add-on goes.
+  void JudgeAddOn() {
+    const bool hasMoved =
+        std::any_of(changes_.begin(), changes_.end(), [this](const JudgedChange& change) {
+          const Role role = rules_.RoleOf(change);
+          return change.rule >= CorrectionRule::SpellingOfStreet &&
+                 (IsDeliveryLine(role) || role == Role::Zip);
+        });
+    for (JudgedChange& change : changes_) {
+      if (change.rule == CorrectionRule::Zip4Lost && hasMoved) {
+        change.rule = CorrectionRule::Zip4Dropped;
+      }
+    }
+  }
+
+  const ReadLabel& typed_;
+  const ReadLabel& corrected_;
+  RuleFinder rules_;
+  std::vector<AlignedPiece> pieces_;
+  std::vector<std::optional<CorrectionRule>> crossings_;  // by piece
+  std::vector<JudgedChange> changes_;
+};
+
+}  // namespace
+
+std::vector<JudgedChange> JudgeCorrection(const ReadLabel& typed, const ReadLabel& corrected,
+                                          std::string_view footnotes) {
+  return Judge(typed, corrected, footnotes).Decide();
+}
+
+}  // namespace postwright
