@@ -1,11 +1,17 @@
+#include <postwright/AddressFields.h>
+#include <postwright/AddressParser.h>
 #include <postwright/CorrectionReview.h>
+#include <postwright/Utils.h>
 
 #include "core/review/LabelWords.h"
 #include "tests/core/parser/LabelGenerator.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <boost/locale/encoding_utf.hpp>
 #include <fstream>
+#include <map>
 #include <nlohmann/json.hpp>
 
 namespace postwright {
@@ -66,6 +72,21 @@ void ExpectWholeAccount(const std::wstring& typed, const std::wstring& corrected
   EXPECT_EQ(Joined(Rest(typed, before)), Joined(Rest(corrected, after)));
 }
 
+std::string Utf8(const std::wstring& text) {
+  return boost::locale::conv::utf_to_utf<char>(text);
+}
+
+std::vector<std::wstring> Labels() {
+  std::vector<std::wstring> labels;
+  std::ifstream file(POSTWRIGHT_TEST_DATA "/labels.jsonl");
+  for (std::string line; std::getline(file, line);) {
+    labels.push_back(boost::locale::conv::utf_to_utf<wchar_t>(
+        nlohmann::json::parse(line).at("label").get<std::string>()));
+  }
+  EXPECT_FALSE(labels.empty());
+  return labels;
+}
+
 struct Row {
   const char* name;
   const wchar_t* typed;
@@ -90,6 +111,74 @@ TEST(CorrectionReviewTest, FindsTheRuleOfEachChange) {
     EXPECT_EQ(review.Doubtful(), *row.doubt != '\0');
     ExpectWholeAccount(row.typed, row.corrected, review);
   }
+}
+
+TEST(CorrectionReviewTest, FindsNothingBetweenATextAndItself) {
+  const auto expectNothing = [](const std::wstring& text) {
+    EXPECT_EQ(Codes(CorrectionReview(text, text, "")), "");
+    EXPECT_EQ(Codes(CorrectionReview(text, Utils::ToUpper(text), "")), "");
+  };
+  for (const std::wstring& label : Labels()) {
+    expectNothing(label);
+  }
+  LabelGenerator generator(14);
+  for (int i = 0; i < 3000; ++i) {
+    expectNothing(generator.Address());
+    expectNothing(generator.Mixture());
+    expectNothing(generator.Noise());
+  }
+}
+
+TEST(CorrectionReviewTest, AccountsForEveryWord) {
+  LabelGenerator generator(15);
+  for (int i = 0; i < 3000; ++i) {
+    const std::wstring one = i % 3 == 0 ? generator.Address() : generator.Mixture();
+    const std::wstring other = i % 3 == 1 ? generator.Noise() : generator.Address();
+    SCOPED_TRACE(Utf8(one) + " | " + Utf8(other));
+    ExpectWholeAccount(one, other, CorrectionReview(one, other, "ABLM"));
+  }
+}
+
+// The parser reads a label without knowing cities or streets. Where it goes wrong the review doubts
+// the text that would come of it, and nowhere else.
+TEST(CorrectionReviewTest, DoubtsWhatTheParserGetsWrong) {
+  std::map<std::wstring, std::string> doubts;
+  for (const std::wstring& label : Labels()) {
+    const AddressInfo info = AddressParser::GetInstance()->Parse(label);
+    const CorrectionReview review(label,
+                                  AddressFields(info.prefix, info.streetLine, L"", info.city,
+                                                info.state, info.zip, info.suffix)
+                                      .ComposeAddressBlock(),
+                                  "");
+    if (!info.streetLine.empty() && review.Doubtful()) {
+      doubts.emplace(label.substr(0, label.find(L'\n')), review.ReasonCode());
+    }
+  }
+  const std::map<std::wstring, std::string> expected = {
+      {L"12-1/2 Elm Ct", "number-changed"},   // 12 2 ELM CT APT -1
+      {L"12A Main St", "number-changed"},     // 12 MAIN ST APT A
+      {L"12-3 Oak Ln", "number-changed"},     // 12 OAK LN APT -3
+      {L"12 Elm", "word-crossed"},            // 12 ELM ST; LOUIS
+      {L"5 Florida Key", "word-crossed"},     // 5 FLORIDA KEY KY; WEST
+      {L"Tel 217-555-0142", "number-added"},  // TEL; 217-555 0142
+      {L"12½ Main St", "number-lost"},        // 12 MAIN ST
+  };
+  EXPECT_EQ(doubts, expected);
+}
+
+TEST(CorrectionReviewTest, EndsOverTextsOfMegabytes) {
+  constexpr size_t kCount = 200'000;
+  std::wstring one;
+  std::wstring other;
+  for (size_t i = 0; i < kCount; ++i) {
+    one += L"word" + std::to_wstring(i) + (i % 7 == 0 ? L"\n" : L" ");
+    other += L"other" + std::to_wstring(i) + L" ";
+  }
+  EXPECT_EQ(Codes(CorrectionReview(one, one, "")), "");
+  EXPECT_EQ(CorrectionReview(one, other, "").ReasonCode(), "too-long");
+  EXPECT_EQ(CorrectionReview(one, L"", "").ReasonCode(), "number-lost");
+  EXPECT_EQ(Codes(CorrectionReview(std::wstring(kCount, L'a'), std::wstring(kCount, L'b'), "")),
+            "word-changed");
 }
 
 }  // namespace postwright
