@@ -1,11 +1,11 @@
 #include <postwright/PostwrightClient.h>
 
-#include <postwright/AbandonableServices.h>
 #include <postwright/Deployment.h>
 #include <postwright/FixedAddress.h>
 #include <postwright/NetworkReachability.h>
 #include <postwright/Postwright.h>
 #include <postwright/PostwrightException.h>
+#include <postwright/ReportingServices.h>
 
 #include <QFile>
 
@@ -84,18 +84,21 @@ bool PostwrightClient::checkNetwork() const {
 // failure leaves the caller's text as it was, a message behind, and nil.
 template <typename Result, typename Read>
 std::optional<Result> PostwrightClient::runFix(const QString& address, bool quick, Read read) {
+  _lastReport = VerifyReport();
   if (!checkNetwork()) {
     setLastResult(stringForResult(FixResultNoInternet));
     return std::nullopt;
   }
+  ReportingServices services(_abandoned.get());
   try {
-    AbandonableServices services(_abandoned.get());
     const std::unique_ptr<FixedAddress> fixed =
         FixInTurn(coreString(StringHelpers::trim(address), services), quick, services);
+    _lastReport = VerifyReport(services.Reply());
     Result result = read(*fixed, services);
     setLastResult(std::nullopt);
     return result;
   } catch (const PostwrightException& failure) {
+    _lastReport = VerifyReport(services.Reply());
     setLastResult(stringForResult(failure.GetResult()));
     return std::nullopt;
   }

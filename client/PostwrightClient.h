@@ -4,6 +4,7 @@
 #include <postwright/AddressEntry.h>
 #include <postwright/ClientExport.h>
 #include <postwright/PostwrightSelector.h>
+#include <postwright/VerifyReport.h>
 
 #include <QHash>
 #include <QList>
@@ -105,6 +106,10 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   std::optional<QString> lastResult() const { return _lastResult; }
   void setLastResult(const std::optional<QString>& lastResult) { _lastResult = lastResult; }
 
+  // What the service's reply to the last fix says beside the address, as the footnotes that
+  // CorrectionReview takes. The report of no reply where none came.
+  const VerifyReport& lastReport() const { return _lastReport; }
+
   // Post-processes a corrected text: fixPunctuation(), then fixCase(), then trimmed.
   QString capitalizeAddress(const QString& text) const;
 
@@ -162,6 +167,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   std::optional<QHash<QString, QString>> _mixedCaseDict;
   QHash<QString, QString> _defaultMixedCaseDict;
   std::optional<QString> _lastResult;
+  VerifyReport _lastReport;
   std::shared_ptr<const std::atomic<bool>> _abandoned;
 };
 

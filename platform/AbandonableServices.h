@@ -13,7 +13,7 @@ namespace postwright {
 //   std::atomic<bool> abandoned = false;  // another thread sets it
 //   AbandonableServices services(&abandoned);
 //   Postwright::Fix(text, false, &services);  // FixResultBadReply soon after
-class POSTWRIGHT_CORE_EXPORT AbandonableServices final : public MacPlatformServices {
+class POSTWRIGHT_CORE_EXPORT AbandonableServices : public MacPlatformServices {
  public:
   // `abandoned` may be null and otherwise outlives the object.
   explicit AbandonableServices(const std::atomic<bool>* abandoned) : abandoned_(abandoned) {}

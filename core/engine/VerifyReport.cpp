@@ -1,0 +1,58 @@
+#include <postwright/VerifyReport.h>
+
+#include "core/engine/ReplyGuard.h"
+
+#include <tinyxml.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace postwright {
+
+namespace {
+
+// The text of the first child of that name.
+std::string ChildText(const TiXmlElement& parent, const char* name) {
+  constexpr const char* kBlanks = " \t\r\n";
+  const TiXmlElement* const child = parent.FirstChildElement(name);
+  const char* const text = child == nullptr ? nullptr : child->GetText();
+  std::string trimmed = text == nullptr ? "" : text;
+  trimmed.erase(trimmed.find_last_not_of(kBlanks) + 1);
+  trimmed.erase(0, std::min(trimmed.find_first_not_of(kBlanks), trimmed.size()));
+  return trimmed;
+}
+
+}  // namespace
+
+VerifyReport::VerifyReport(std::string_view reply) {
+  if (reply.empty() || FindReplyFault(reply) != nullptr) {
+    return;
+  }
+  TiXmlDocument document;
+  document.SetTabSize(0);  // spares counting lines and columns
+  document.Parse(std::string(reply).c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
+  const TiXmlElement* const root = document.Error() ? nullptr : document.RootElement();
+  if (root == nullptr) {
+    return;
+  }
+  const TiXmlElement* const address = root->FirstChildElement("Address");
+  const TiXmlElement* const error = address != nullptr ? address->FirstChildElement("Error")
+                                    : std::strcmp(root->Value(), "Error") == 0 ? root
+                                                                               : nullptr;
+  isAnswer_ = address != nullptr || error != nullptr;
+  if (error != nullptr) {
+    errorNumber_ = ChildText(*error, "Number");
+    errorSource_ = ChildText(*error, "Source");
+    errorDescription_ = ChildText(*error, "Description");
+  } else if (address != nullptr) {
+    dpvConfirmation_ = ChildText(*address, "DPVConfirmation");
+    dpvFootnotes_ = ChildText(*address, "DPVFootnotes");
+    footnotes_ = ChildText(*address, "Footnotes");
+    returnText_ = ChildText(*address, "ReturnText");
+    zip4_ = ChildText(*address, "Zip4");
+    carrierRoute_ = ChildText(*address, "CarrierRoute");
+    deliveryPoint_ = ChildText(*address, "DeliveryPoint");
+  }
+}
+
+}  // namespace postwright

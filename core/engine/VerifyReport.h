@@ -1,0 +1,64 @@
+#ifndef POSTWRIGHT_CORE_ENGINE_VERIFYREPORT_H_
+#define POSTWRIGHT_CORE_ENGINE_VERIFYREPORT_H_
+
+#include <postwright/Export.h>
+
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// What a reply of the Verify service says beside the address: whether and how it was confirmed, or
+// why it was turned down.
+//
+//   ReportingServices services;
+//   const auto fixed = Postwright::Fix(text, true, &services);
+//   const VerifyReport report(services.Reply());
+//   const CorrectionReview review(text, fixed->GetExactAddress(), report.Footnotes());
+//
+// A value; read from any thread. Texts are UTF-8 as the service wrote them, and empty where the
+// reply does not hold them.
+class POSTWRIGHT_CORE_EXPORT VerifyReport {
+ public:
+  // The report of no reply.
+  VerifyReport() = default;
+
+  // Reads the bytes of a reply within the bounds of Postwright::Fix; of a reply that it would
+  // refuse nothing is read. Throws nothing but std::bad_alloc.
+  explicit VerifyReport(std::string_view reply);
+
+  // True where the reply answers the question: with an address or with an error, be it the
+  // address's or, as for a wrong account, the whole document's.
+  bool IsAnswer() const { return isAnswer_; }
+
+  // Y confirmed, D confirmed but for a missing unit, S but for an unknown unit, N not confirmed.
+  const std::string& DpvConfirmation() const { return dpvConfirmation_; }
+  const std::string& DpvFootnotes() const { return dpvFootnotes_; }  // pairs run together, "AABB"
+  const std::string& Footnotes() const { return footnotes_; }        // letters run together, "AN"
+  const std::string& ReturnText() const { return returnText_; }  // a sentence on a default match
+
+  const std::string& Zip4() const { return zip4_; }
+  const std::string& CarrierRoute() const { return carrierRoute_; }
+  const std::string& DeliveryPoint() const { return deliveryPoint_; }
+
+  const std::string& ErrorNumber() const { return errorNumber_; }  // "-2147219401", "80040B1A"
+  const std::string& ErrorSource() const { return errorSource_; }
+  const std::string& ErrorDescription() const { return errorDescription_; }  // trimmed
+
+ private:
+  bool isAnswer_ = false;
+  std::string dpvConfirmation_;
+  std::string dpvFootnotes_;
+  std::string footnotes_;
+  std::string returnText_;
+  std::string zip4_;
+  std::string carrierRoute_;
+  std::string deliveryPoint_;
+  std::string errorNumber_;
+  std::string errorSource_;
+  std::string errorDescription_;
+};
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CORE_ENGINE_VERIFYREPORT_H_

@@ -1,0 +1,50 @@
+#include <postwright/VerifyReport.h>
+
+#include <gtest/gtest.h>
+
+namespace postwright {
+
+TEST(VerifyReportTest, ReadsAnAnswer) {
+  const VerifyReport report(
+      "<?xml version=\"1.0\"?><AddressValidateResponse><Address ID=\"0\"><Address2>12 MAIN ST"
+      "</Address2><Zip5>78701</Zip5><Zip4>1234</Zip4><DeliveryPoint>12</DeliveryPoint>"
+      "<ReturnText>Default address: more.</ReturnText><CarrierRoute>C022</CarrierRoute>"
+      "<Footnotes>AN</Footnotes><DPVConfirmation>D</DPVConfirmation>"
+      "<DPVFootnotes>AAN1</DPVFootnotes></Address></AddressValidateResponse>");
+  EXPECT_TRUE(report.IsAnswer());
+  EXPECT_EQ(report.DpvConfirmation(), "D");
+  EXPECT_EQ(report.DpvFootnotes(), "AAN1");
+  EXPECT_EQ(report.Footnotes(), "AN");
+  EXPECT_EQ(report.ReturnText(), "Default address: more.");
+  EXPECT_EQ(report.Zip4(), "1234");
+  EXPECT_EQ(report.CarrierRoute(), "C022");
+  EXPECT_EQ(report.DeliveryPoint(), "12");
+  EXPECT_EQ(report.ErrorNumber(), "");
+}
+
+TEST(VerifyReportTest, ReadsARefusal) {
+  const char* const kError =
+      "<Error><Number>-2147219401</Number><Source>clsAMS</Source>"
+      "<Description>Address Not Found.  </Description><HelpFile/><HelpContext/></Error>";
+  for (const std::string& reply :
+       {"<R><Address>" + std::string(kError) + "</Address></R>", std::string(kError)}) {
+    const VerifyReport report(reply);
+    EXPECT_TRUE(report.IsAnswer());
+    EXPECT_EQ(report.ErrorNumber(), "-2147219401");
+    EXPECT_EQ(report.ErrorSource(), "clsAMS");
+    EXPECT_EQ(report.ErrorDescription(), "Address Not Found.");
+  }
+}
+
+TEST(VerifyReportTest, ReadsNothingFromWhatIsNoAnswer) {
+  for (const std::string& reply :
+       {std::string(), std::string("<html><p>502</html>"), std::string("<R/>"),
+        std::string("<R><Address><Footnotes>A\0</Footnotes></Address></R>", 47),
+        "<Address>" + std::string(100'000, '<')}) {
+    const VerifyReport report(reply);
+    EXPECT_FALSE(report.IsAnswer()) << reply.substr(0, 40);
+    EXPECT_EQ(report.Footnotes(), "");
+  }
+}
+
+}  // namespace postwright
