@@ -1,7 +1,7 @@
 #include <postwright/postwright.h>
 
+#include "core/c/Guard.h"
 #include "core/c/HostServices.h"
-#include "core/c/Utf8.h"
 
 #include <postwright/AddressLines.h>
 #include <postwright/AddressParser.h>
@@ -69,32 +69,6 @@ constexpr ResultRow kResults[] = {
     {POSTWRIGHT_CANCELLED, "The correction was cancelled."},
     {POSTWRIGHT_INTERNAL, "An internal error occurred."},
 };
-
-// Runs a call's work; whatever it throws becomes a result.
-template <typename Work>
-std::int32_t Guard(Work work) noexcept {
-  try {
-    return work();
-  } catch (const PostwrightException& failure) {
-    return failure.GetResult();
-  } catch (const std::bad_alloc&) {
-    return POSTWRIGHT_NO_MEMORY;
-  } catch (const boost::locale::conv::conversion_error&) {
-    return POSTWRIGHT_BAD_TEXT;
-  } catch (...) {
-    return POSTWRIGHT_INTERNAL;
-  }
-}
-
-// A NUL would cut the text short on its way.
-std::optional<std::wstring> ReadText(const char* text, std::size_t length) {
-  const std::string_view whole =
-      length == POSTWRIGHT_TERMINATED ? std::string_view(text) : std::string_view(text, length);
-  if (whole.find('\0') != std::string_view::npos) {
-    return std::nullopt;
-  }
-  return WideFromUtf8(whole);
-}
 
 bool IsHost(std::string_view host) {
   return !host.empty() &&

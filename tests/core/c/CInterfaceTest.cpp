@@ -16,6 +16,7 @@ namespace {
 
 struct Free {
   void operator()(postwright_address* address) const { postwright_address_free(address); }
+  void operator()(postwright_review* review) const { postwright_review_free(review); }
   void operator()(postwright_canceller* canceller) const { postwright_canceller_free(canceller); }
 };
 using Address = std::unique_ptr<postwright_address, Free>;
@@ -228,6 +229,35 @@ TEST(CInterfaceTest, IsCancelledFromAnotherThread) {
   host.cancels = canceller.get();
   EXPECT_EQ(FixWith(host).first, POSTWRIGHT_CANCELLED);
   EXPECT_TRUE(host.urls.empty());
+}
+
+TEST(CInterfaceTest, ExplainsACorrection) {
+  const std::string corrected = "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nAUSTIN, TX 78702";
+  postwright_review* made = nullptr;
+  ASSERT_EQ(postwright_review_new("Zo\xC3\xAB Doe\n12 main street, apt 4\naustin tx 78701",
+                                  POSTWRIGHT_TERMINATED, corrected.data(), corrected.size(),
+                                  nullptr, &made),
+            POSTWRIGHT_NONE);
+  const std::unique_ptr<postwright_review, Free> review(made);
+  ASSERT_EQ(postwright_review_count(made), 2U);
+  EXPECT_EQ(postwright_review_change(made, 2), nullptr);
+  const postwright_change& suffix = *postwright_review_change(made, 0);
+  EXPECT_STREQ(suffix.rule, "suffix");
+  EXPECT_STREQ(suffix.reason, "");
+  EXPECT_STREQ(suffix.typed, "street");
+  EXPECT_EQ(suffix.typed_line, 1U);
+  EXPECT_EQ(suffix.typed_begin, 17U);
+  EXPECT_EQ(suffix.typed_end, 23U);
+  EXPECT_EQ(corrected.substr(suffix.corrected_begin, 2), suffix.corrected);
+  EXPECT_EQ(postwright_review_doubt(made), postwright_review_change(made, 1));
+  EXPECT_STREQ(postwright_review_doubt(made)->rule, "zip-changed");
+  EXPECT_STRNE(postwright_review_doubt(made)->reason, "");
+
+  EXPECT_EQ(postwright_review_new("a", 1, "\xFF", 1, "", &made), POSTWRIGHT_BAD_TEXT);
+  EXPECT_EQ(made, nullptr);
+  EXPECT_EQ(postwright_review_new(nullptr, 0, "", 0, "", &made), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_review_count(nullptr), 0U);
+  EXPECT_EQ(postwright_review_doubt(nullptr), nullptr);
 }
 
 }  // namespace postwright
