@@ -11,6 +11,7 @@ enum ExitStatus : int {
   kExitDone = 0,
   kExitNotALabel = 1,    // a text held no address, was not a label, or could not be fixed
   kExitFailed = 2,       // wrong usage, or input or output that cannot be read or written
+  kExitDoubtful = 3,     // the correction of a text is for a person to decide
   kExitClosedPipe = 141  // the reader of the output went away; what a shell says for SIGPIPE
 };
 

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "apps/VerifyServer.h"
+#include "apps/postwright/Explanation.h"
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelFix.h"
 #include "apps/postwright/LabelText.h"
@@ -28,25 +29,34 @@ void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setMixedCase(QString::fromStdString(options.mixedCase));
 }
 
+LabelFix::Asking AskingOf(const FixOptions& options) {
+  return {options.wholeLabel, options.acceptDoubtful};
+}
+
 // Ends in one line break, whether or not `text` does.
-ExitStatus Print(const std::wstring& text) {
+void Print(const std::wstring& text) {
   const std::string bytes = Utf8FromWide(text);
   Output output("");
   output.Write(bytes.ends_with('\n') ? bytes : bytes + "\n");
   output.Finish();
-  return kExitDone;
 }
 
 ExitStatus FixText(const FixOptions& options, PostwrightClient& client) {
-  const std::wstring text = ReadLabelText(options.file);
-  const LabelFix fix(text, options.wholeLabel, client);
-  if (!fix.Reason().empty() || fix.Values().status == AddressStatusError) {
+  const LabelFix fix(ReadLabelText(options.file), AskingOf(options), client);
+  if (options.explain) {
+    std::cerr << ExplainInWords(fix.Review());
+  }
+  if (!fix.Explanation().empty()) {
     std::cerr << fix.Explanation() << '\n';
   }
   if (fix.Values().status == AddressStatusError) {
     return kExitNotALabel;
   }
-  return Print(fix.Text());
+  if (!fix.Proposed().empty()) {
+    std::cerr << "With --accept-doubtful it would read:\n" << Utf8FromWide(fix.Proposed()) << '\n';
+  }
+  Print(fix.Text());
+  return fix.Proposed().empty() ? kExitDone : kExitDoubtful;
 }
 
 ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
@@ -56,11 +66,10 @@ ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
   lines.resume = options.resume;
   lines.jobs = options.jobs;
   lines.progress = !options.quiet;
+  const RecordOptions record = {AskingOf(options), options.explain};
   return FilterLines(
       lines,
-      [&client, &options](const LabelLine& label) {
-        return FixRecord(client, label, options.wholeLabel);
-      },
+      [&client, &record](const LabelLine& label) { return FixRecord(client, label, record); },
       [](const LabelLine& label, const std::string& ending) {
         return FailedRecord(label, "The worker process that was fixing this address " + ending);
       });

@@ -15,9 +15,11 @@ struct FixOptions {
   std::chrono::seconds timeout{0};  // of one request; 0 is the build's own
   std::string letters = "upper";    // the case of corrected text: upper, lower or mixed
   bool keepPunctuation = false;
-  bool wholeLabel = false;  // ask about the whole text, not about the address lines alone
-  std::string mixedCase;    // the user's spellings, separated by ";"
-  bool jsonl = false;       // a JSON line a label; else the whole input is one label
+  bool wholeLabel = false;      // ask about the whole text, not about the address lines alone
+  std::string mixedCase;        // the user's spellings, separated by ";"
+  bool explain = false;         // say why each word was changed
+  bool acceptDoubtful = false;  // take corrections that a person should look at
+  bool jsonl = false;           // a JSON line a label; else the whole input is one label
 
   std::string output;  // "" is standard output
   std::string resume;  // an earlier run's output to go on with; not with `output`
@@ -31,7 +33,8 @@ std::string CheckSpellings(const std::string& spellings);
 std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
-// returns kExitNotALabel where a line was no label or the fix of a plain text failed.
+// returns kExitNotALabel where a line was no label or the fix of a plain text failed, and
+// kExitDoubtful where that of a plain text is doubtful.
 ExitStatus RunFix(const FixOptions& options);
 
 }  // namespace postwright

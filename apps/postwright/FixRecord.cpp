@@ -1,6 +1,6 @@
 #include "apps/postwright/FixRecord.h"
 
-#include "apps/postwright/LabelFix.h"
+#include "apps/postwright/Explanation.h"
 #include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/JsonRecord.h"
 
@@ -8,31 +8,44 @@ namespace postwright {
 
 namespace {
 
-std::string Line(const LabelLine& label, const std::wstring& fixed, const std::wstring& result,
-                 AddressStatus status, const std::string& reason) {
+JsonRecord Begin(const LabelLine& label, const std::wstring& fixed, const std::wstring& result) {
   JsonRecord record(label.id);
   record.Add("address", label.address);
   record.Add("fixed", fixed);
   record.Add("result", result);
-  record.Add("reason", WideFromUtf8(reason));
-  record.Add("status", status);  // the last: see StatusOfRecord()
+  return record;
+}
+
+// The status is the last: see StatusOfRecord().
+std::string End(JsonRecord& record, AddressStatus status) {
+  record.Add("status", status);
   return record.Line();
 }
 
 }  // namespace
 
-std::string FixRecord(PostwrightClient& client, const LabelLine& label, bool wholeLabel) {
+std::string FixRecord(PostwrightClient& client, const LabelLine& label,
+                      const RecordOptions& options) {
   if (!label.problem.empty()) {
     return FailedRecord(label, "The line " + label.problem);
   }
-  const LabelFix fix(label.address, wholeLabel, client);
+  const LabelFix fix(label.address, options.asking, client);
   const BatchResultRecord::Values& values = fix.Values();
-  return Line(label, values.fixed.toStdWString(), values.result.toStdWString(), values.status,
-              fix.Reason());
+  JsonRecord record = Begin(label, values.fixed.toStdWString(), values.result.toStdWString());
+  if (!fix.Proposed().empty()) {
+    record.Add("proposed", fix.Proposed());
+  }
+  record.Add("reason", WideFromUtf8(fix.Reason()));
+  if (options.explain) {
+    record.AddJson("changes", ExplainInJson(fix.Review()));
+  }
+  return End(record, values.status);
 }
 
 std::string FailedRecord(const LabelLine& label, const std::string& result) {
-  return Line(label, L"", WideFromUtf8(result), AddressStatusError, "");
+  JsonRecord record = Begin(label, L"", WideFromUtf8(result));
+  record.Add("reason", L"");
+  return End(record, AddressStatusError);
 }
 
 }  // namespace postwright

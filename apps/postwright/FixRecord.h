@@ -5,18 +5,26 @@
 
 #include <string>
 
+#include "apps/postwright/LabelFix.h"
 #include "apps/postwright/stream/LabelLine.h"
 
 namespace postwright {
 
+struct RecordOptions {
+  LabelFix::Asking asking;
+  bool explain = false;
+};
+
 // The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
 // status, which mean what they mean in the client's BatchResultRecord, behind the id where there
-// is one, and the reason, a code, or "" where there is nothing to tell.
+// is one, and the reason, a code, or "" where there is nothing to tell. A correction that is
+// doubtful has status 2, an empty fixed and the member proposed, the corrected text. With `explain`
+// each record has the member changes.
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
-// anybody, the record that says so. `wholeLabel` as LabelFix has it. Blocks as
-// PostwrightClient::fixAddress does.
-std::string FixRecord(PostwrightClient& client, const LabelLine& label, bool wholeLabel);
+// anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
+std::string FixRecord(PostwrightClient& client, const LabelLine& label,
+                      const RecordOptions& options);
 
 // The record of a label whose fix failed as `result` says.
 std::string FailedRecord(const LabelLine& label, const std::string& result);

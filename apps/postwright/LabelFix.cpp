@@ -3,40 +3,62 @@
 #include <postwright/AddressLines.h>
 #include <postwright/UnreadReason.h>
 
+#include "apps/postwright/Utf8.h"
+
 namespace postwright {
 
-LabelFix::LabelFix(const std::wstring& label, bool wholeLabel, PostwrightClient& client) {
+LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightClient& client) {
   values_.address = QString::fromStdWString(label);
-  if (wholeLabel) {
-    const std::optional<AddressFix> answer = client.fixAddress(values_.address);
-    values_.takeAnswer(answer, client.lastResult().value_or(QString()));
-    text_ = answer ? answer->ExactAddress.toStdWString() : L"";
-    Explain(label);
-    return;
+  Ask(label, asking, client);
+  if (values_.status == AddressStatusError) {
+    ExplainFailure(label);
+  } else if (review_.Doubtful() && !asking.acceptDoubtful) {
+    Judge(label);
   }
-  const AddressLines lines(label);
-  if (lines.GetOutcome() == AddressLinesLeftAlone) {
-    values_.fixed = values_.address;
-    values_.pending = false;
-    text_ = label;
-    reason_ = CodeOfReason(lines.GetReason());
-    explanation_ = TextOfReason(lines.GetReason());
-    return;
-  }
-  std::optional<AddressFix> answer =
-      client.fixAddress(QString::fromStdWString(lines.GetQuestion()));
-  if (answer) {
-    text_ = lines.PutBack(answer->ExactAddress.toStdWString());
-    answer->ExactAddress = QString::fromStdWString(text_);
-  }
-  values_.takeAnswer(answer, client.lastResult().value_or(QString()));
-  Explain(label);
 }
 
-void LabelFix::Explain(const std::wstring& label) {
-  if (values_.status != AddressStatusError) {
-    return;
+void LabelFix::Ask(const std::wstring& label, const Asking& asking, PostwrightClient& client) {
+  std::optional<AddressLines> lines;
+  if (!asking.wholeLabel) {
+    lines.emplace(label);
+    if (lines->GetOutcome() == AddressLinesLeftAlone) {
+      reason_ = CodeOfReason(lines->GetReason());
+      explanation_ = TextOfReason(lines->GetReason());
+      LeaveAlone(label);
+      return;
+    }
   }
+  std::optional<AddressFix> answer =
+      client.fixAddress(lines ? QString::fromStdWString(lines->GetQuestion()) : values_.address);
+  if (answer) {
+    text_ = answer->ExactAddress.toStdWString();
+    text_ = lines ? lines->PutBack(text_) : text_;
+    answer->ExactAddress = QString::fromStdWString(text_);
+    review_ = CorrectionReview(label, text_, client.lastReport().Footnotes());
+  }
+  values_.takeAnswer(answer, client.lastResult().value_or(QString()));
+}
+
+void LabelFix::LeaveAlone(const std::wstring& label) {
+  values_.fixed = values_.address;
+  values_.pending = false;
+  text_ = label;
+}
+
+// What says the same but for punctuation is no correction, so there is nothing to decide.
+void LabelFix::Judge(const std::wstring& label) {
+  if (values_.status == AddressStatusFixed) {
+    proposed_ = text_;
+    reason_ = review_.ReasonCode();
+    explanation_ = "postwright: the text was left as it is, since the correction is doubtful. " +
+                   Utf8FromWide(review_.Reason());
+    values_.status = AddressStatusMultiple;
+    values_.fixed.clear();
+  }
+  text_ = label;
+}
+
+void LabelFix::ExplainFailure(const std::wstring& label) {
   explanation_ = values_.result.toStdString();
   if (values_.isUnanswered()) {
     return;

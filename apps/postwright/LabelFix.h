@@ -2,6 +2,7 @@
 #define POSTWRIGHT_APPS_POSTWRIGHT_LABELFIX_H_
 
 #include <postwright/BatchResultRecord.h>
+#include <postwright/CorrectionReview.h>
 #include <postwright/PostwrightClient.h>
 
 #include <string>
@@ -9,31 +10,50 @@
 namespace postwright {
 
 // What came of one label: asked about with its address lines, the others kept as they were typed,
-// or not asked about where it is left alone.
+// or not asked about where it is left alone. A correction that is doubtful is proposed and not
+// made.
 class LabelFix {
  public:
-  // Asks through `client`, once at the most, and blocks as its fixAddress() does. With `wholeLabel`
-  // the whole text is asked about, and corrected as a whole.
-  LabelFix(const std::wstring& label, bool wholeLabel, PostwrightClient& client);
+  struct Asking {
+    bool wholeLabel = false;      // the whole text is asked about, and corrected as a whole
+    bool acceptDoubtful = false;  // what is doubtful is made all the same
+  };
 
-  // As in a batch: of a label that is left alone, status 0 and the text as typed.
+  // Asks through `client`, once at the most, and blocks as its fixAddress() does.
+  LabelFix(const std::wstring& label, const Asking& asking, PostwrightClient& client);
+
+  // As in a batch: of a label that is left alone, status 0 and the text as typed; of one whose
+  // correction is doubtful, status 2.
   const BatchResultRecord::Values& Values() const { return values_; }
 
   // The corrected text, its address in the form that was asked for also where nothing else changed;
-  // the text as typed where it was left alone, and "" where the fix failed.
+  // the text as typed where it was left alone or the correction is doubtful, and "" where the fix
+  // failed.
   const std::wstring& Text() const { return text_; }
 
-  // A code: why the label was left alone, or why nothing was read in it; "" for neither.
+  // The corrected text where it is doubtful; else "".
+  const std::wstring& Proposed() const { return proposed_; }
+
+  // What the correction changes; nothing where there was none.
+  const CorrectionReview& Review() const { return review_; }
+
+  // A code: why the label was left alone, why nothing was read in it, or what is doubtful; "" for
+  // none of these.
   const std::string& Reason() const { return reason_; }
 
   // The same in English, behind the message of the failure where there is one.
   const std::string& Explanation() const { return explanation_; }
 
  private:
-  void Explain(const std::wstring& label);
+  void Ask(const std::wstring& label, const Asking& asking, PostwrightClient& client);
+  void LeaveAlone(const std::wstring& label);
+  void Judge(const std::wstring& label);
+  void ExplainFailure(const std::wstring& label);
 
   BatchResultRecord::Values values_;
   std::wstring text_;
+  std::wstring proposed_;
+  CorrectionReview review_;
   std::string reason_;
   std::string explanation_;
 };

@@ -43,7 +43,8 @@ Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright p
 
 constexpr const char* kFixUsage =
     "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
-    "                      [--whole-label] [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
+    "                      [--explain] [--accept-doubtful] [--whole-label]\n"
+    "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
     "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
@@ -54,13 +55,22 @@ The lines around the address stay as they were typed, unless with --whole-label 
 clearly the address. Rural routes, boxes with letters and addresses of other countries are not asked
 about and stay as they are, which standard error says.
 
+A correction that the rules of postal addresses and the service's footnotes do not account for is
+doubtful: a number that moved, a word lost, another street without a reason. Then the text is
+printed as it was typed, the reason stands on standard error, and the status is 3. --explain names
+the rule of each change; --accept-doubtful takes what is doubtful.
+
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id". Each line of the output is an object with the keys address (the
 text as given), fixed (the text to use), result (why a fix failed), reason (a code: why a label was
-left alone, or why nothing was read in it) and status (0 unchanged, 1 fixed, 2 several candidates, 3
-failed), behind the id where one was given. Records come in the order of the
+left alone, why nothing was read in it, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for
+a person to decide, 3 failed), behind the id where one was given. Records come in the order of the
 lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
 is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
+
+A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
+--explain each record has changes, a list of objects with rule, text, doubt, typed and corrected,
+their lines and offsets, and reason.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
@@ -71,8 +81,8 @@ On a terminal that can write over a line, standard error shows how far the run h
 --quiet.
 
 Exit status: 0 done, with --jsonl even where fixes failed; 1 the fix failed, or with --jsonl a line
-was no label; 2 wrong usage, or input or output that cannot be read or written; 141 the reader of
-the output went away.
+was no label; 2 wrong usage, or input or output that cannot be read or written; 3 the correction is
+doubtful and was not taken; 141 the reader of the output went away.
 
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
 
@@ -148,6 +158,14 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
   parser
       ->add_flag("--whole-label", options.wholeLabel,
                  "Ask about the whole text, and correct the lines around the address, too")
+      ->disable_flag_override();
+  parser
+      ->add_flag("--explain", options.explain,
+                 "Say why each word was changed: on standard error, or in the records")
+      ->disable_flag_override();
+  parser
+      ->add_flag("--accept-doubtful", options.acceptDoubtful,
+                 "Take the corrections that a person should look at, too")
       ->disable_flag_override();
   parser
       ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")

@@ -18,7 +18,7 @@ _postwright() {
       words+=' --jsonl --output'
       ;;
     fix)
-      words+=' --jsonl --output --case --keep-punctuation --whole-label --mixed-case --server --timeout --resume --jobs --quiet'
+      words+=' --jsonl --output --case --keep-punctuation --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
       ;;
     *)
       words+=' parse fix'

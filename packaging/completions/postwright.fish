@@ -15,6 +15,8 @@ complete -c postwright -n "$fix" -l case -x -a 'upper lower mixed' -d 'The case 
 complete -c postwright -n "$fix" -l keep-punctuation -d 'Keep the punctuation of the corrected text'
 complete -c postwright -n "$fix" -l whole-label -d 'Ask about the whole text'
 complete -c postwright -n "$fix" -l mixed-case -x -d 'Words as they are to be spelt in mixed case'
+complete -c postwright -n "$fix" -l explain -d 'Say why each word was changed'
+complete -c postwright -n "$fix" -l accept-doubtful -d 'Take doubtful corrections, too'
 complete -c postwright -n "$fix" -l server -x -a '(__fish_print_hostnames)' -d 'The Verify service to ask'
 complete -c postwright -n "$fix" -l timeout -x -d 'How long a request to it may last, as 20s'
 complete -c postwright -n "$fix" -l resume -r -F -d 'Go on with the file of an interrupted run'

@@ -72,6 +72,11 @@ void JsonRecord::Add(std::string_view key, int number) {
   line_ += std::to_string(number);
 }
 
+void JsonRecord::AddJson(std::string_view key, std::string_view json) {
+  AddKey(key);
+  line_ += json;
+}
+
 const std::string& JsonRecord::Line() {
   line_ += "}\n";
   return line_;

@@ -24,6 +24,9 @@ class JsonRecord {
   void Add(std::string_view key, std::wstring_view text);
   void Add(std::string_view key, int number);
 
+  // `json` is a whole value as it is to stand there.
+  void AddJson(std::string_view key, std::string_view json);
+
   // The finished line; nothing may be added afterwards.
   const std::string& Line();
 
