@@ -219,9 +219,9 @@ POSTWRIGHT_CORE_EXPORT int32_t postwright_fix(const char* text, size_t length,
 // The account of a correction: what CorrectionReview says.
 typedef struct postwright_review postwright_review;
 
-// One change. Offsets count bytes of the two texts, lines are counted from 0. Where words were added
-// or left out, one side is empty and its offsets are the place where they would stand. The strings
-// belong to the review.
+// One change. Offsets count bytes of the two texts, lines are counted from 0. Where words were
+// added or left out, one side is empty and its offsets are the place where they would stand. The
+// strings belong to the review.
 typedef struct postwright_change {
   const char* rule;    // a code that never changes its meaning: "suffix", "zip-of-street"
   const char* text;    // the same in English words
@@ -239,8 +239,8 @@ typedef struct postwright_change {
 
 // Compares a text as typed with the text as corrected, word by word; asks nobody, waits for nobody,
 // and takes time in proportion to the lengths. `footnotes` are the letters of the reply's Footnotes
-// element, null or "" where there are none. Sets `*review` to a handle that the caller frees, and to
-// null unless the result is POSTWRIGHT_NONE: POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_BAD_TEXT,
+// element, null or "" where there are none. Sets `*review` to a handle that the caller frees, and
+// to null unless the result is POSTWRIGHT_NONE: POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_BAD_TEXT,
 // POSTWRIGHT_NO_MEMORY, POSTWRIGHT_INTERNAL.
 POSTWRIGHT_CORE_EXPORT int32_t postwright_review_new(const char* typed, size_t typed_length,
                                                      const char* corrected, size_t corrected_length,
@@ -255,8 +255,8 @@ POSTWRIGHT_CORE_EXPORT size_t postwright_review_count(const postwright_review* r
 POSTWRIGHT_CORE_EXPORT const postwright_change* postwright_review_change(
     const postwright_review* review, size_t index);
 
-// Returns the first doubt, which says why a person should look at the correction before it is taken;
-// null where there is none.
+// Returns the first doubt, which says why a person should look at the correction before it is
+// taken; null where there is none.
 POSTWRIGHT_CORE_EXPORT const postwright_change* postwright_review_doubt(
     const postwright_review* review);
 

@@ -68,6 +68,7 @@ constexpr RuleRow kRules[] = {
     {CorrectionRule::Zip4Lost, "zip4-lost", "ZIP+4 lost"},
     {CorrectionRule::CityChanged, "city-changed", "another city"},
     {CorrectionRule::StateChanged, "state-changed", "another state"},
+    {CorrectionRule::UnitSignLost, "unit-sign-lost", "number sign of a unit lost"},
     {CorrectionRule::TooLong, "too-long", "too much differs"},
 };
 // clang-format on

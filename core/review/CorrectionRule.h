@@ -68,6 +68,7 @@ enum class CorrectionRule : std::int32_t {
   Zip4Lost = 120,                // though street, number and ZIP code stayed
   CityChanged = 121,             //
   StateChanged = 122,            //
+  UnitSignLost = 124,            // the number sign of a unit, # 4
   TooLong = 123,                 // more differs than is looked at
 };
 

@@ -39,6 +39,7 @@ constexpr ReasonRow kReasons[] = {
     {CorrectionRule::Zip4Lost, L"The ZIP+4 “%1” is lost, though the address is the same."},
     {CorrectionRule::CityChanged, L"The city “%1” became “%2”, and the service did not say why."},
     {CorrectionRule::StateChanged, L"The state “%1” became “%2”, and the service did not say why."},
+    {CorrectionRule::UnitSignLost, L"The number sign in front of “%1” is lost, which said that it is a unit."},
     {CorrectionRule::TooLong, L"More words differ than can be compared."},
 };
 // clang-format on

@@ -194,6 +194,9 @@ class PhraseFinder {
     std::wstring_view kind;
     for (std::size_t i = 0; i < Left(); ++i) {
       const std::wstring_view word = Text(i);
+      if (words_[at_ + i].afterNumberSign) {
+        return;  // a unit
+      }
       const std::size_t digit = word.find_first_of(L"0123456789");
       if (digit != std::wstring_view::npos) {
         std::wstring_view glued = word.substr(0, digit);

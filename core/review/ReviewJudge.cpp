@@ -5,6 +5,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "core/review/LineCheck.h"
 #include "core/review/PhraseList.h"
 #include "core/review/RuleFinder.h"
 #include "core/review/WordForms.h"
@@ -21,13 +22,14 @@ bool IsOpen(const AlignedPiece& piece) {
 // were left out or added side by side.
 class Judge {
  public:
-  Judge(const ReadLabel& typed, const ReadLabel& corrected, std::string_view footnotes)
+  Judge(ReadLabel& typed, const ReadLabel& corrected, std::string_view footnotes)
       : typed_(typed),
         corrected_(corrected),
         rules_(typed, corrected, footnotes),
         pieces_(AlignWords(typed.words, corrected.words, corrected.roles)) {}
 
   std::vector<JudgedChange> Decide() {
+    PlaceLostWords();
     FindCrossings();
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
       if (crossings_[i]) {
@@ -81,83 +83,44 @@ class Judge {
            (sameSides && !isPair);
   }
 
-  // Compares the line breaks of both texts. A break that is gone or new is fine where addresses are
-  // written so; elsewhere a word is on another line than it was typed on.
+  // A typed word that was left out has the role of the corrected words around it: its own label may
+  // be written in a way in which its delivery line is not known for one.
+  void PlaceLostWords() {
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+      const std::size_t word = pieces_[i].typedBegin;
+      const bool isLost =
+          word < pieces_[i].typedEnd && pieces_[i].correctedBegin == pieces_[i].correctedEnd;
+      if (isLost && typed_.roles[word] == Role::Name && IsBesideStreet(i)) {
+        const WordForms& forms = WordForms::Get();
+        const std::wstring& text = typed_.words[word].text;
+        typed_.roles[word] = !forms.Direction(text).empty() ? Role::Predirectional
+                             : !forms.Suffix(text).empty()  ? Role::Suffix
+                                                            : Role::Street;
+      }
+    }
+  }
+  bool IsBesideStreet(std::size_t lost) const {
+    const auto isStreet = [&](const AlignedPiece& piece) {
+      return piece.typedBegin < piece.typedEnd && piece.correctedBegin < piece.correctedEnd &&
+             typed_.words[piece.typedBegin].line == typed_.words[pieces_[lost].typedBegin].line &&
+             IsDeliveryLine(corrected_.roles[piece.correctedBegin]);
+    };
+    return (lost > 0 && isStreet(pieces_[lost - 1])) ||
+           (lost + 1 < pieces_.size() && isStreet(pieces_[lost + 1]));
+  }
+
   void FindCrossings() {
+    const LineCheck check(typed_, corrected_);
     crossings_.resize(pieces_.size());
     const AlignedPiece* before = nullptr;
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
       const AlignedPiece& piece = pieces_[i];
-      if (piece.typedBegin == piece.typedEnd || piece.correctedBegin == piece.correctedEnd ||
-          piece.match == Match::Unread) {
-        continue;
-      }
-      if (before != nullptr) {
-        crossings_[i] = CompareBreak(*before, piece);
-      }
-      before = &piece;
-    }
-  }
-
-  std::optional<CorrectionRule> CompareBreak(const AlignedPiece& before,
-                                             const AlignedPiece& piece) const {
-    const std::vector<LabelWord>& typed = typed_.words;
-    const std::vector<LabelWord>& corrected = corrected_.words;
-    const bool wasBroken = typed[before.typedEnd - 1].line != typed[piece.typedBegin].line;
-    const bool isBroken =
-        corrected[before.correctedEnd - 1].line != corrected[piece.correctedBegin].line;
-    if (wasBroken && !isBroken && !MayJoin(before, piece)) {
-      return CorrectionRule::WordCrossed;
-    }
-    if (!wasBroken && isBroken && !MayCut(before, piece)) {
-      return CorrectionRule::LineCut;
-    }
-    return std::nullopt;
-  }
-
-  // Whether two typed lines may be one line of an address.
-  bool MayJoin(const AlignedPiece& before, const AlignedPiece& piece) const {
-    const Role left = corrected_.roles[before.correctedEnd - 1];
-    const Role right = corrected_.roles[piece.correctedBegin];
-    if (IsLastLine(left) && IsLastLine(right)) {
-      return left != right || IsLineOf(before.typedEnd - 1, Role::City);
-    }
-    const LabelWord& word = corrected_.words[piece.correctedBegin];
-    if (right == Role::Unit) {
-      return left != Role::Unit || !WordForms::Get().NumberedUnit(word.text).empty() ||
-             !WordForms::Get().PlainUnit(word.text).empty() || word.afterNumberSign;
-    }
-    const bool isNumberAlone = left == Role::HouseNumber && right != Role::HouseNumber &&
-                               IsAloneOnLine(before.typedEnd - 1);
-    return isNumberAlone || (left == Role::Box && right == Role::Box && word.text == L"BOX");
-  }
-
-  // Whether a typed line may be two lines of the corrected text.
-  bool MayCut(const AlignedPiece& before, const AlignedPiece& piece) const {
-    const Role left = corrected_.roles[before.correctedEnd - 1];
-    const Role right = corrected_.roles[piece.correctedBegin];
-    if (typed_.words[piece.typedBegin].afterComma || (IsLastLine(left) && !IsLastLine(right))) {
-      return true;
-    }
-    return (IsDeliveryLine(left) && (IsLastLine(right) || right == Role::Urbanization)) ||
-           (left == Role::Urbanization && IsLastLine(right)) || right == Role::HouseNumber ||
-           right == Role::Box;
-  }
-
-  bool IsAloneOnLine(std::size_t i) const {
-    const std::vector<LabelWord>& words = typed_.words;
-    return (i == 0 || words[i - 1].line != words[i].line) &&
-           (i + 1 == words.size() || words[i + 1].line != words[i].line);
-  }
-  // Whether the typed line that ends with word `last` holds nothing but words of that role.
-  bool IsLineOf(std::size_t last, Role role) const {
-    const std::vector<LabelWord>& words = typed_.words;
-    for (std::size_t i = last + 1; i > 0 && words[i - 1].line == words[last].line; --i) {
-      if (typed_.roles[i - 1] != role) {
-        return false;
+      if (piece.typedBegin < piece.typedEnd && piece.correctedBegin < piece.correctedEnd &&
+          piece.match != Match::Unread) {
+        crossings_[i] = check.Check(before, piece);
+        before = &piece;
       }
     }
-    return true;
   }
 
   // What was lost in one place and added in another went there.
@@ -254,8 +217,9 @@ class Judge {
   // RR 3 BOX 14 is one address; PO BOX 14 below RR 3 is another.
   void JudgeRoute() {
     for (JudgedChange& change : changes_) {
-      if (change.rule == CorrectionRule::Box && change.HasCorrected() &&
-          FollowsRoute(change.correctedBegin)) {
+      const bool isBox =
+          change.rule == CorrectionRule::Box || change.rule == CorrectionRule::LineCut;
+      if (isBox && change.HasCorrected() && FollowsRoute(change.correctedBegin)) {
         change.rule = CorrectionRule::RouteLeft;
       }
     }
@@ -287,7 +251,7 @@ class Judge {
     }
   }
 
-  const ReadLabel& typed_;
+  ReadLabel& typed_;
   const ReadLabel& corrected_;
   RuleFinder rules_;
   std::vector<AlignedPiece> pieces_;
@@ -297,7 +261,7 @@ class Judge {
 
 }  // namespace
 
-std::vector<JudgedChange> JudgeCorrection(const ReadLabel& typed, const ReadLabel& corrected,
+std::vector<JudgedChange> JudgeCorrection(ReadLabel typed, const ReadLabel& corrected,
                                           std::string_view footnotes) {
   return Judge(typed, corrected, footnotes).Decide();
 }

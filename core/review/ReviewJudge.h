@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/review/LabelWords.h"
-#include "core/review/LineRoles.h"
+#include "core/review/ReadLabel.h"
 #include "core/review/WordAlignment.h"
 
 namespace postwright {
@@ -24,18 +23,9 @@ struct JudgedChange {
   bool HasCorrected() const { return correctedBegin < correctedEnd; }
 };
 
-// One of the two texts, read.
-struct ReadLabel {
-  explicit ReadLabel(std::wstring_view text)
-      : words(ReadLabelWords(text)), roles(FindRoles(words)) {}
-
-  std::vector<LabelWord> words;
-  std::vector<Role> roles;
-};
-
 // Finds the rule of each difference between two texts, and what else is to be doubted: words that
 // went from one line into another, a box that left its route. In the order of the corrected text.
-std::vector<JudgedChange> JudgeCorrection(const ReadLabel& typed, const ReadLabel& corrected,
+std::vector<JudgedChange> JudgeCorrection(ReadLabel typed, const ReadLabel& corrected,
                                           std::string_view footnotes);
 
 }  // namespace postwright

@@ -148,8 +148,26 @@ CorrectionRule RuleFinder::FindCity(const JudgedChange& change) const {
   if (!change.HasCorrected()) {
     return CorrectionRule::WordLost;
   }
+  if (!change.HasTyped() && RepeatsStreet(change)) {
+    return CorrectionRule::WordDoubled;
+  }
   const bool isMissing = !change.HasTyped() && !WasTyped(Role::City) && WasTyped(Role::Zip);
   return isMissing || Says(kPlaceNotes) ? CorrectionRule::CityOfZip : CorrectionRule::CityChanged;
+}
+
+// A street's last word that is put into the place of a city that is missing: PARKWAY below PKWY.
+bool RuleFinder::RepeatsStreet(const JudgedChange& change) const {
+  if (change.correctedBegin == 0 || change.correctedEnd - change.correctedBegin != 1) {
+    return false;
+  }
+  const WordForms& forms = WordForms::Get();
+  const std::wstring& city = Corrected(change).text;
+  const std::wstring& street = corrected_.words[change.correctedBegin - 1].text;
+  const auto isSame = [](std::wstring_view one, std::wstring_view other) {
+    return !one.empty() && one == other;
+  };
+  return city == street || isSame(forms.Suffix(city), forms.Suffix(street)) ||
+         isSame(forms.Direction(city), forms.Direction(street));
 }
 
 CorrectionRule RuleFinder::FindState(const JudgedChange& change) const {

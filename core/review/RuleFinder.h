@@ -39,6 +39,7 @@ class RuleFinder {
   CorrectionRule FindHouseNumber(const JudgedChange& change) const;
   CorrectionRule FindUnit(const JudgedChange& change) const;
   CorrectionRule FindCity(const JudgedChange& change) const;
+  bool RepeatsStreet(const JudgedChange& change) const;
   CorrectionRule FindState(const JudgedChange& change) const;
   CorrectionRule FindZip(const JudgedChange& change) const;
   CorrectionRule FindZip4(const JudgedChange& change) const;

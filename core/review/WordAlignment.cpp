@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 
 #include "core/review/PhraseList.h"
-#include "core/review/WordForms.h"
 
 namespace postwright {
 
@@ -34,13 +34,10 @@ struct Step {
   CorrectionRule rule = CorrectionRule::Word;
 };
 
-// What is known of a word before it is compared with any other.
+// What is known of a word before it is aligned.
 struct KnownWord {
-  std::size_t id = 0;  // the same for the same text
-  bool isRead = false;
-  bool hasDigit = false;
-  std::wstring plain;  // without signs
-  std::wstring unaccented;
+  std::size_t id = 0;                // the same for the same text
+  std::optional<ComparedWord> word;  // of one that is not too long to be looked into
   std::vector<Phrase> phrases;
 };
 
@@ -113,11 +110,8 @@ class WordAligner {
       const std::wstring& text = words[i].text;
       KnownWord word;
       word.id = ids.emplace(text, ids.size()).first->second;
-      word.isRead = text.size() <= kLongestRead;
-      if (word.isRead) {
-        word.hasDigit = HasDigit(text);
-        word.plain = WithoutSigns(text);
-        word.unaccented = WithoutAccents(text);
+      if (text.size() <= kLongestRead) {
+        word.word.emplace(text);
       }
       return word;
     };
@@ -170,7 +164,7 @@ class WordAligner {
   }
 
   static std::uint32_t OneSidedCost(const KnownWord& word) {
-    return word.hasDigit ? kOneSidedNumberCost : kOneSidedCost;
+    return word.word && word.word->hasDigit ? kOneSidedNumberCost : kOneSidedCost;
   }
 
   void StepFrom(std::size_t i, std::size_t j) {
@@ -187,18 +181,22 @@ class WordAligner {
     const KnownWord& corrected = knownCorrected_[j];
     if (typed.id == corrected.id) {
       Reach(i, j, 1, 1, 0, Match::Same, {});
-      return;
-    }
-    if (!typed.isRead || !corrected.isRead) {
+    } else if (!typed.word || !corrected.word) {
       Reach(i, j, 1, 1, kUnlikeCost, Match::Unlike, {});
-      return;
+    } else {
+      if (MayStandFor(typed_[begin_ + i].text, typed.word->hasDigit == corrected.word->hasDigit,
+                      roles_[begin_ + j])) {
+        Reach(i, j, 1, 1, kUnlikeCost, Match::Unlike, {});
+      }
+      StepOverForm(i, j);
+      StepOverJoined(i, j);
     }
-    if (MayStandFor(typed_[begin_ + i].text, typed.hasDigit == corrected.hasDigit,
-                    roles_[begin_ + j])) {
-      Reach(i, j, 1, 1, kUnlikeCost, Match::Unlike, {});
-    }
-    StepOverForm(i, j);
-    StepOverJoined(i, j);
+    StepOverPhrases(i, j);
+  }
+
+  void StepOverPhrases(std::size_t i, std::size_t j) {
+    const KnownWord& typed = knownTyped_[i];
+    const KnownWord& corrected = knownCorrected_[j];
     for (const Phrase& before : typed.phrases) {
       for (const Phrase& after : corrected.phrases) {
         if (!Fits(before, after, roles_[begin_ + j])) {
@@ -237,7 +235,7 @@ class WordAligner {
       case CorrectionRule::Highway:
         return IsDeliveryLine(role) && role != Role::HouseNumber;
       case CorrectionRule::Directional:
-        return IsDeliveryLine(role) || role == Role::City;
+        return before.words != after.words && (IsDeliveryLine(role) || role == Role::City);
       default:
         return IsDeliveryLine(role);
     }
@@ -245,85 +243,22 @@ class WordAligner {
 
   // Two words that are one word written otherwise.
   void StepOverForm(std::size_t i, std::size_t j) {
-    const KnownWord& before = knownTyped_[i];
-    const KnownWord& after = knownCorrected_[j];
-    const std::wstring& typed = typed_[begin_ + i].text;
-    const std::wstring& corrected = corrected_[begin_ + j].text;
-    const Role role = roles_[begin_ + j];
-    const auto form = [&](CorrectionRule rule) { Reach(i, j, 1, 1, kFormCost, Match::Form, rule); };
-    if (before.plain == after.plain && role == Role::Name) {
-      Reach(i, j, 1, 1, 0, Match::Same, {});
-      return;
+    const std::optional<Likeness> likeness =
+        FindLikeness(*knownTyped_[i].word, *knownCorrected_[j].word, roles_[begin_ + j]);
+    if (likeness) {
+      const std::uint32_t cost = likeness->match == Match::Same   ? 0
+                                 : likeness->match == Match::Form ? kFormCost
+                                                                  : kSpellingCost;
+      Reach(i, j, 1, 1, cost, likeness->match, likeness->rule);
     }
-    if (role == Role::Name || role == Role::Zip || role == Role::Zip4) {
-      return;
-    }
-    if (before.unaccented == after.unaccented) {
-      form(CorrectionRule::Accent);
-      return;
-    }
-    if (role != Role::State) {
-      CompareAsPostal(i, j, typed, corrected, role);
-    }
-    if (role == Role::Unit && before.plain == after.plain &&
-        typed.find_first_of(L"/.") == std::wstring::npos) {
-      form(CorrectionRule::Unit);  // 2-A
-    }
-  }
-
-  void CompareAsPostal(std::size_t i, std::size_t j, const std::wstring& typed,
-                       const std::wstring& corrected, Role role) {
-    const WordForms& forms = WordForms::Get();
-    const auto alike = [&](std::wstring_view one, std::wstring_view other) {
-      return !one.empty() && one == other;
-    };
-    const auto form = [&](CorrectionRule rule) {
-      Reach(i, j, 1, 1, kFormCost, Match::Form, role == Role::City ? CorrectionRule::City : rule);
-    };
-    if (alike(forms.Suffix(typed), forms.Suffix(corrected))) {
-      form(CorrectionRule::Suffix);
-    } else if (alike(forms.Direction(typed), forms.Direction(corrected))) {
-      form(CorrectionRule::Directional);
-    } else if (alike(forms.NumberedUnit(typed), forms.NumberedUnit(corrected)) ||
-               alike(forms.PlainUnit(typed), forms.PlainUnit(corrected))) {
-      form(CorrectionRule::Unit);
-    } else if (alike(forms.Common(typed), forms.Common(corrected))) {
-      form(CorrectionRule::Word);
-    } else if (role == Role::Street && IsNumber(typed) && HasDigit(corrected) &&
-               IsOrdinalOf(typed, corrected)) {
-      form(CorrectionRule::Number);
-    } else if (role == Role::Suffix && forms.IsMisspeltSuffix(typed, forms.Suffix(corrected))) {
-      Reach(i, j, 1, 1, kSpellingCost, Match::Spelling, {});
-    } else if (IsMisspelling(i, j, typed, corrected)) {
-      Reach(i, j, 1, 1, kSpellingCost, Match::Spelling, {});
-    }
-  }
-
-  // "5" and "5TH".
-  static bool IsOrdinalOf(std::wstring_view number, std::wstring_view ordinal) {
-    return ordinal.size() == number.size() + 2 && ordinal.starts_with(number) &&
-           !HasDigit(ordinal.substr(number.size()));
-  }
-
-  // One letter makes another directional, suffix or state of one: such words are not misspelt.
-  bool IsMisspelling(std::size_t i, std::size_t j, const std::wstring& typed,
-                     const std::wstring& corrected) const {
-    constexpr std::size_t kShortest = 3;
-    const WordForms& forms = WordForms::Get();
-    const auto isPostal = [&forms](std::wstring_view word) {
-      return !forms.Suffix(word).empty() || !forms.Direction(word).empty();
-    };
-    return !knownTyped_[i].hasDigit && !knownCorrected_[j].hasDigit && typed.size() >= kShortest &&
-           corrected.size() >= kShortest && !(isPostal(typed) && isPostal(corrected)) &&
-           IsOneLetterApart(knownTyped_[i].unaccented, knownCorrected_[j].unaccented);
   }
 
   // Words that are written in one on the other side: MAC ARTHUR, P O, N6 W23001. Two numbers that
   // become one are another number.
   void StepOverJoined(std::size_t i, std::size_t j) {
     const Role role = roles_[begin_ + j];
-    std::wstring before = knownTyped_[i].plain;
-    std::wstring after = knownCorrected_[j].plain;
+    std::wstring before = knownTyped_[i].word->plain;
+    std::wstring after = knownCorrected_[j].word->plain;
     std::size_t typed = 1;
     std::size_t corrected = 1;
     while (before != after) {
@@ -360,11 +295,11 @@ class WordAligner {
   }
 
   static bool Grow(const std::vector<KnownWord>& words, std::size_t next, std::wstring& text) {
-    if (next >= words.size() || !words[next].isRead || words[next].plain.empty() ||
-        (IsDigit(text.empty() ? L' ' : text.back()) && IsDigit(words[next].plain.front()))) {
+    if (next >= words.size() || !words[next].word || words[next].word->plain.empty() ||
+        (IsDigit(text.empty() ? L' ' : text.back()) && IsDigit(words[next].word->plain.front()))) {
       return false;
     }
-    text += words[next].plain;
+    text += words[next].word->plain;
     return true;
   }
 

@@ -7,19 +7,9 @@
 
 #include "core/review/LabelWords.h"
 #include "core/review/LineRoles.h"
+#include "core/review/WordLikeness.h"
 
 namespace postwright {
-
-// How the words of one piece of an alignment stand to one another.
-enum class Match {
-  Same,
-  Form,      // the same written otherwise; `rule` says how
-  MayForm,   // the same where the service knows the street
-  Spelling,  // within one letter or one swap
-  Unlike,
-  OneSided,  // words of one text alone
-  Unread     // more than is looked at
-};
 
 // Words [typedBegin, typedEnd) of the text as typed stand for words [correctedBegin, correctedEnd)
 // of the text as corrected.
