@@ -11,6 +11,7 @@ namespace postwright {
 void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answer,
                                            const QString& message) {
   pending = false;
+  own = false;
   if (!answer) {
     result = message;
     fixed = QString();
@@ -29,11 +30,15 @@ void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answ
 }
 
 bool BatchResultRecord::Values::isUnanswered() const {
+  return status == AddressStatusError && AddressOutcome{std::nullopt, result}.isUnanswered();
+}
+
+bool AddressOutcome::isUnanswered() const {
   constexpr FixResult kFailures[] = {FixResultConnectionFailed, FixResultNoData, FixResultBadReply,
                                      FixResultNoInternet};
-  return status == AddressStatusError &&
+  return !answer &&
          std::any_of(std::begin(kFailures), std::end(kFailures), [this](FixResult failure) {
-           return result == PostwrightClient::stringForResult(failure);
+           return message == PostwrightClient::stringForResult(failure);
          });
 }
 
@@ -65,6 +70,7 @@ void BatchResultRecord::setFixed(const QString& fixed) {
   _values.fixed = fixed;
   _values.status = AddressStatusFixed;
   _values.pending = false;
+  _values.own = false;
   ++_changes;
 }
 
@@ -82,24 +88,31 @@ void BatchResultRecord::ignore() {
   ++_changes;
 }
 
+BatchResultRecord::Values BatchResultRecord::exchange(Values values) {
+  const std::lock_guard guard(_lock);
+  ++_changes;
+  return std::exchange(_values, std::move(values));
+}
+
 bool BatchResultRecord::fix(PostwrightClient& client) {
-  return fix([&client](const QString& address) {
+  return fix([&client](const QString& address) -> std::optional<AddressOutcome> {
     std::optional<AddressFix> answer = client.fixAddress(address);
     return AddressOutcome{std::move(answer), client.lastResult().value_or(QString())};
   });
 }
 
-bool BatchResultRecord::fix(const std::function<AddressOutcome(const QString&)>& ask) {
+bool BatchResultRecord::fix(
+    const std::function<std::optional<AddressOutcome>(const QString&)>& ask) {
   std::unique_lock guard(_lock);
   const QString address = _values.address;
   const quint32 changes = _changes;
   guard.unlock();
-  const AddressOutcome outcome = ask(address);
+  const std::optional<AddressOutcome> outcome = ask(address);
   guard.lock();
-  if (_changes != changes) {
+  if (!outcome || _changes != changes) {
     return false;
   }
-  _values.takeAnswer(outcome.answer, outcome.message);
+  _values.takeAnswer(outcome->answer, outcome->message);
   ++_changes;
   return true;
 }

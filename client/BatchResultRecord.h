@@ -25,9 +25,12 @@ enum AddressStatus : qint32 {
 };
 
 // How the service answered about one address: `answer`, or nil and the message of the failure.
-struct AddressOutcome {
+struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   std::optional<AddressFix> answer;
   QString message;
+
+  // True where the service or the network failed: the address was not judged.
+  bool isUnanswered() const;
 };
 
 // Asks about one address, through `client` or any other way. Called on the worker's thread; must
@@ -56,6 +59,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
+    bool own = false;      // `fixed` is what the person wrote, and not the service's word
 
     // True for an error of the service or the network: the address was not judged, and asking again
     // later may help.
@@ -92,14 +96,18 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   // Takes `fixed`, the address of a candidate that the user chose: status AddressStatusFixed.
   void setFixed(const QString& fixed);
 
+  // Puts `values` in place of those that there are, and returns these: for taking a change back.
+  // The outcome of a fix that is under way is dropped.
+  Values exchange(Values values);
+
   // Asks the service about the address, through `client` and on the calling thread, and takes the
   // outcome. Blocks as PostwrightClient::fixAddress does, and throws what it throws, the record
   // being as before. False when the record was changed meanwhile and keeps that change.
   bool fix(PostwrightClient& client);
 
   // The same, asking whoever `ask` asks: it is called once, on this thread and without the lock,
-  // with the address.
-  bool fix(const std::function<AddressOutcome(const QString&)>& ask);
+  // with the address. Nil leaves the record as it is, to be asked about another time.
+  bool fix(const std::function<std::optional<AddressOutcome>(const QString&)>& ask);
 
  private:
   const std::shared_ptr<AddressEntry> _entry;

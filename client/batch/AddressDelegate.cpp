@@ -7,24 +7,47 @@
 
 #include "client/batch/BatchTableModel.h"
 #include "client/batch/DifferenceFormat.h"
+#include "client/batch/review/LongLines.h"
 
 namespace postwright {
 namespace {
 
 constexpr int kMargin = 6;
 
+// More of a line than any column is wide.
+constexpr qsizetype kShown = 1000;
+
 QList<QTextLayout::FormatRange> formatsFor(const QModelIndex& index, const QPalette& palette) {
-  if (!index.data(BatchTableModel::MarkedRole).toBool()) {
-    return {};
+  const auto marks = index.data(BatchTableModel::MarksRole).value<CellMarks>();
+  const bool before = index.column() == BatchTableModel::AddressColumn;
+  return markFormats(marks.changed, before ? MarkKind::Removed : MarkKind::Added, palette) +
+         markFormats(marks.moved, MarkKind::Moved, palette);
+}
+
+// The text as the cell shows it, in as many lines as fit, and its formats, which count from the
+// start of the text as it is.
+QString shownText(const QString& text, qsizetype lines, QList<QTextLayout::FormatRange>& formats) {
+  const QString cut = cutLongLines(text, kShown, lines);
+  if (cut.size() != text.size()) {
+    QList<QTextLayout::FormatRange> shown;
+    qsizetype from = 0;
+    qsizetype to = 0;
+    for (const QString& line : cut.split(u'\n')) {
+      for (QTextLayout::FormatRange format : formats) {
+        if (format.start >= from && format.start < from + line.size()) {
+          format.length = static_cast<int>(
+              std::min<qsizetype>(format.length, from + line.size() - format.start));
+          format.start += static_cast<int>(to - from);
+          shown.append(format);
+        }
+      }
+      const qsizetype end = text.indexOf(u'\n', from);
+      from = end < 0 ? text.size() : end + 1;
+      to += line.size() + 1;
+    }
+    formats = shown;
   }
-  const auto textIn = [&index](int column) {
-    return index.siblingAtColumn(column).data(Qt::DisplayRole).toString();
-  };
-  const Differences differences =
-      findDifferences(textIn(BatchTableModel::AddressColumn), textIn(BatchTableModel::FixedColumn));
-  return index.column() == BatchTableModel::AddressColumn
-             ? markFormats(differences.removed, MarkKind::Removed, palette)
-             : markFormats(differences.added, MarkKind::Added, palette);
+  return QString(cut).replace(u'\n', QChar::LineSeparator);
 }
 
 // Lays the text out in lines as it has them, each cut to the width; returns the height, of as many
@@ -84,21 +107,23 @@ void AddressDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   const bool selected = cell.state.testFlag(QStyle::State_Selected);
   const QPalette& palette = cell.palette;
   const bool own = hint.isEmpty();
-  QString shown = own ? text : hint;
-  shown.replace(u'\n', QChar::LineSeparator);
-  QTextLayout layout(shown, cell.font);
-  if (own && !selected) {
-    layout.setFormats(formatsFor(index, palette));
-  } else if (own) {
-    QList<QTextLayout::FormatRange> formats = formatsFor(index, palette);
+  const double lineHeight = QFontMetricsF(cell.font).height();
+  const auto lines = static_cast<qsizetype>(cell.rect.height() / lineHeight) + 1;
+  QList<QTextLayout::FormatRange> formats;
+  if (own) {
+    formats = formatsFor(index, palette);
+  }
+  const QString shown = shownText(own ? text : hint, lines, formats);
+  if (selected) {
     for (QTextLayout::FormatRange& format : formats) {
       format.format.clearBackground();  // on the selection's colour the lines tell enough
     }
-    layout.setFormats(formats);
   }
+  QTextLayout layout(shown, cell.font);
+  layout.setFormats(formats);
 
   const QRectF room = QRectF(cell.rect).adjusted(kMargin, 0, -kMargin, 0);
-  const double height = layOut(layout, room, QFontMetricsF(cell.font).height());
+  const double height = layOut(layout, room, lineHeight);
   const double top = room.top() + std::max(0.0, (room.height() - height) / 2);
   painter->save();
   painter->setClipRect(cell.rect);

@@ -41,6 +41,7 @@ bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
     }
     if (plain && press->key() == Qt::Key_Escape && watched != layout.tvAddresses) {
       layout.tvAddresses->setFocus();
+      _view.detail().leaveEditor();
       return true;
     }
   }
@@ -48,7 +49,7 @@ bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool BatchKeys::pressInAddresses(int key) {
-  const bool noneSelected = _view.selectedRow() < 0;
+  const bool noneSelected = _view.selectedRows().isEmpty();
   switch (key) {
     case Qt::Key_Down:
     case Qt::Key_Up:
@@ -57,6 +58,12 @@ bool BatchKeys::pressInAddresses(int key) {
         _window.selectRecord(key == Qt::Key_Down ? 1 : -1, false);
       }
       return noneSelected;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      if (const int rows = _view.addresses().rowCount(); rows > 0) {
+        _view.selectRow(key == Qt::Key_Home ? 0 : rows - 1);
+      }
+      return true;
     case Qt::Key_Delete:
       _view.layout().bnIgnore->click();
       return true;
@@ -92,14 +99,17 @@ bool BatchKeys::chooseByDigit(int key) {
 
 void BatchKeys::checkAgain() {
   const Ui::Postwright& layout = _view.layout();
-  for (QPushButton* button : {layout.bnFixErrorAddress, layout.bnFixMultipleAddress}) {
+  for (QPushButton* button : {layout.bnFixErrorAddress, layout.bnFixMultipleAddress,
+                              layout.bnFixEditedAddress, layout.bnAskAgain}) {
     if (button->isVisible()) {
       button->click();
+      return;  // the page may be another by now
     }
   }
 }
 
 void BatchKeys::enterDetail() {
+  _view.detail().showEditor();
   if (QWidget* control = _view.detail().firstControl()) {
     const Ui::Postwright& layout = _view.layout();
     if (control == layout.tvMatches && _view.detail().selectedMatch() < 0) {

@@ -13,6 +13,7 @@ class PostwrightController;
 //
 //   Alt+Down, Alt+Up      the next record, the one before      (anywhere; in the table the arrows)
 //   F8, Shift+F8          the next error or choice, the one before
+//   Home, End             the first record, the last           (in the table)
 //   Delete                ignore                               (in the table)
 //   F2, Enter             edit or choose: into the detail      (in the table)
 //   1 to 9                choose that candidate                (in both tables)

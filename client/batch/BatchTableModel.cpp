@@ -1,12 +1,8 @@
 #include "client/batch/BatchTableModel.h"
 
-#include <QStringList>
-
 #include "client/LocalizedString.h"
 #include "client/batch/StatusIcons.h"
 #include "client/batch/review/BatchTexts.h"
-#include "client/batch/review/Differences.h"
-#include "client/suite/StringHelpers.h"
 
 namespace postwright {
 namespace {
@@ -30,31 +26,22 @@ QString cellText(const Values& values, int column) {
   }
 }
 
-// What a screen reader says of a cell: of the corrected text, what became of each word.
-QString spokenText(const Values& values, int column) {
-  const QString text = cellText(values, column);
-  if (column != BatchTableModel::FixedColumn) {
-    return text;
-  }
-  if (!isMarked(values)) {
-    return text.isEmpty() ? hintText(values) : text;
-  }
-  QStringList spoken{text};
-  for (const Change& change : findDifferences(values.address, values.fixed).changes) {
-    const char* key = change.from.isEmpty() ? "SSpokenAdded"
-                      : change.to.isEmpty() ? "SSpokenRemoved"
-                                            : "SSpokenChanged";
-    const QStringList words =
-        change.from.isEmpty() ? QStringList{change.to} : QStringList{change.from, change.to};
-    spoken.append(StringHelpers::stringWithFormat(localizedString(key), words));
-  }
-  return spoken.join(QStringLiteral(". "));
-}
-
 }  // namespace
+
+BatchTableModel::BatchTableModel(QObject* parent)
+    : QAbstractTableModel(parent), _differences(std::make_unique<DifferenceCache>()) {
+  connect(_differences.get(), &DifferenceCache::ready, this,
+          [this](const BatchResultRecordPointer& record) {
+            const int row = rowOf(*record);
+            if (row >= 0) {
+              emit dataChanged(index(row, AddressColumn), index(row, FixedColumn), {MarksRole});
+            }
+          });
+}
 
 void BatchTableModel::setRecords(const BatchResultRecordList& records) {
   beginResetModel();
+  _differences->clear();
   _records = records;
   _rows.clear();
   _rows.reserve(records.size());
@@ -75,6 +62,7 @@ void BatchTableModel::removeRow(int row) {
 }
 
 void BatchTableModel::recordChanged(const BatchResultRecord& record) {
+  _differences->forget(record);
   const int row = rowOf(record);
   if (row >= 0) {
     emit dataChanged(index(row, AddressColumn), index(row, StatusColumn));
@@ -98,17 +86,34 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return cellText(values, index.column());
     case Qt::AccessibleTextRole:
-      return spokenText(values, index.column());
+      return index.column() != FixedColumn ? cellText(values, index.column())
+             : isMarked(values) ? spokenText(values.fixed, differencesOf(*_records.at(index.row())))
+             : values.fixed.isEmpty() ? hintText(values)
+                                      : values.fixed;
+    case Qt::ToolTipRole:
+      return toolTipText(
+          values, isMarked(values) ? differencesOf(*_records.at(index.row())) : Differences());
     case Qt::DecorationRole:
       return index.column() == StatusColumn && !values.pending ? QVariant(statusIcon(values.status))
                                                                : QVariant();
     case HintRole:
       return index.column() == FixedColumn ? hintText(values) : QString();
-    case MarkedRole:
-      return isMarked(values);
+    case MarksRole:
+      return marksOf(index, values);
     default:
       return {};
   }
+}
+
+QVariant BatchTableModel::marksOf(const QModelIndex& index, const Values& values) const {
+  const Differences* differences =
+      isMarked(values) ? _differences->find(_records.at(index.row())) : nullptr;
+  if (differences == nullptr || index.column() == StatusColumn) {
+    return {};
+  }
+  return QVariant::fromValue(index.column() == AddressColumn
+                                 ? CellMarks{differences->removed, differences->movedFrom}
+                                 : CellMarks{differences->added, differences->movedTo});
 }
 
 QVariant BatchTableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -5,8 +5,17 @@
 
 #include <QAbstractTableModel>
 #include <QHash>
+#include <memory>
+
+#include "client/batch/DifferenceCache.h"
 
 namespace postwright {
+
+// What is marked in the text of a cell.
+struct CellMarks {
+  QList<TextMark> changed;
+  QList<TextMark> moved;
+};
 
 // The records that the window shows, one a row: address as typed, address as fixed, status. Reads
 // records and changes none; the controller says when one has changed.
@@ -17,16 +26,20 @@ class BatchTableModel final : public QAbstractTableModel {
   enum Column { AddressColumn, FixedColumn, StatusColumn, ColumnCount };
   enum Role {
     HintRole = Qt::UserRole,  // QString to show, set apart, where the cell's own text is empty
-    MarkedRole,               // bool: the row's two texts are to be compared
+    MarksRole,                // CellMarks of the cell's text, once they are worked out
   };
 
-  using QAbstractTableModel::QAbstractTableModel;
+  explicit BatchTableModel(QObject* parent = nullptr);
 
   const BatchResultRecordList& records() const { return _records; }
   void setRecords(const BatchResultRecordList& records);
   // Rows keep their order and all other rows their place.
   void removeRow(int row);
   void recordChanged(const BatchResultRecord& record);
+  // The differences of a record's two texts, as far as their lines are shown.
+  const Differences& differencesOf(const BatchResultRecord& record) const {
+    return _differences->get(record);
+  }
   // The row of `record`, -1 where it is not shown.
   int rowOf(const BatchResultRecord& record) const { return _rows.value(&record, -1); }
 
@@ -36,10 +49,15 @@ class BatchTableModel final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  QVariant marksOf(const QModelIndex& index, const BatchResultRecord::Values& values) const;
+
   BatchResultRecordList _records;
   QHash<const BatchResultRecord*, int> _rows;
+  const std::unique_ptr<DifferenceCache> _differences;
 };
 
 }  // namespace postwright
+
+Q_DECLARE_METATYPE(postwright::CellMarks)
 
 #endif  // POSTWRIGHT_CLIENT_BATCH_BATCHTABLEMODEL_H_

@@ -1,13 +1,20 @@
 #include "client/batch/BatchView.h"
 
+#include <postwright/BatchOptions.h>
+
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QItemSelectionModel>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include "client/LocalizedString.h"
 #include "client/batch/AddressDelegate.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/StatusIcons.h"
+#include "client/batch/WrappingRow.h"
 #include "client/batch/review/BatchTexts.h"
 #include "ui_Postwright.h"
 
@@ -16,6 +23,9 @@ namespace {
 
 constexpr int kDetailHeight = 230;
 constexpr int kAboveDetail = 6;
+constexpr QSize kLeastDetail(200, 60);
+constexpr int kLeastSearch = 90;
+constexpr int kLeastField = 56;
 constexpr int kIconSize = 16;
 constexpr AddressStatus kStatuses[] = {AddressStatusUnchanged, AddressStatusFixed,
                                        AddressStatusMultiple, AddressStatusError};
@@ -53,7 +63,7 @@ int statusWidth(const QTableView& table) {
   constexpr int kIconAndMargins = 48;
   int width = 0;
   for (const char* key : {"SStatusUnchanged", "SStatusFixed", "SStatusMultiple", "SStatusError",
-                          "SStatusNotChecked"}) {
+                          "SStatusNotChecked", "SStatusOwn"}) {
     width = std::max(width, table.fontMetrics().horizontalAdvance(localizedString(key)));
   }
   return width + kIconAndMargins;
@@ -70,7 +80,10 @@ BatchView::BatchView(QDialog& window)
   }
   _layout->vwBanner->hide();
   _layout->vwContent->setContentsMargins(0, kAboveDetail, 0, 0);
+  layFilterOut();
   layTablesOut();
+  layDetailOut();
+  setOptions({});
   _detail->showNothing();
   fitToScreen(window);
 }
@@ -81,10 +94,20 @@ BatchView::~BatchView() {
   _layout->tvMatches->setModel(nullptr);
 }
 
+// The search goes below the filter where the window is narrow.
+void BatchView::layFilterOut() {
+  auto* row = new QWidget;
+  auto* wrapping = new WrappingRow(row);
+  wrapping->setSpacing(_layout->loFilter->spacing());
+  wrapping->addWidget(_layout->scFilter);
+  wrapping->addWidget(_layout->vwFind);
+  _layout->loFilter->addWidget(row);
+  _layout->leSearch->setMinimumWidth(kLeastSearch);
+}
+
 void BatchView::layTablesOut() {
   QTableView* table = _layout->tvAddresses;
   table->setModel(&_addresses);
-  table->setFont(tableFont());
   auto* delegate = new AddressDelegate(table);
   table->setItemDelegateForColumn(BatchTableModel::AddressColumn, delegate);
   table->setItemDelegateForColumn(BatchTableModel::FixedColumn, delegate);
@@ -93,9 +116,25 @@ void BatchView::layTablesOut() {
   columns->setStretchLastSection(false);
   columns->setSectionResizeMode(QHeaderView::Stretch);
   columns->setSectionResizeMode(BatchTableModel::StatusColumn, QHeaderView::Fixed);
-  columns->resizeSection(BatchTableModel::StatusColumn, statusWidth(*table));
   table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table->setItemDelegateForColumn(BatchTableModel::StatusColumn, new StatusDelegate(table));
+}
+
+// The pages scroll where they do not fit, so that none of them makes the window grow.
+void BatchView::layDetailOut() {
+  const int place = _layout->spContent->indexOf(_layout->vwContent);
+  for (QAbstractScrollArea* field : _layout->vwContent->findChildren<QAbstractScrollArea*>()) {
+    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    field->setMinimumHeight(kLeastField);
+  }
+  auto* scroll = new QScrollArea;
+  scroll->setObjectName(QStringLiteral("vwDetail"));
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setMinimumSize(kLeastDetail);
+  scroll->setWidget(_layout->vwContent);
+  _layout->spContent->insertWidget(place, scroll);
   _layout->spContent->setStretchFactor(0, 1);
   _layout->spContent->setStretchFactor(1, 0);
   if (!_layout->spContent->restoreState(memory().split)) {
@@ -103,18 +142,64 @@ void BatchView::layTablesOut() {
   }
 }
 
-StatusFilter BatchView::filter() const {
-  StatusFilter filter{};
+void BatchView::setOptions(const BatchOptions& options) {
+  _detail->setOptions(options);
+  _findsProblems = options.findsProblems;
+  _layout->cbReason->hide();
+  _layout->bnStop->hide();
+  _layout->bnGoOn->hide();
+  _layout->bnSummary->hide();
+  QTableView* table = _layout->tvAddresses;
+  table->setSelectionMode(options.selectsSeveral ? QAbstractItemView::ExtendedSelection
+                                                 : QAbstractItemView::SingleSelection);
+  table->horizontalHeader()->setSectionsClickable(options.findsProblems);
+  const QFont font = options.usesHostFont ? QApplication::font() : tableFont();
+  _leastLines = options.usesHostFont ? 2 : 1;
+  table->setFont(font);
+  _detail->setFieldFont(font);
+  table->horizontalHeader()->resizeSection(BatchTableModel::StatusColumn, statusWidth(*table));
+}
+
+RecordQuery BatchView::query() const {
+  RecordQuery query;
   for (const AddressStatus status : kStatuses) {
-    filter[status] = _layout->scFilter->isSelected(status);
+    query.statuses[status] = _layout->scFilter->isSelected(status);
   }
-  return filter;
+  query.reason = _layout->cbReason->currentData().toString();
+  query.search = _layout->leSearch->text();
+  query.order = _order;
+  query.descending = _descending;
+  return query;
+}
+
+void BatchView::sortBy(int column) {
+  constexpr RecordQuery::Order kOrders[] = {RecordQuery::Order::Address, RecordQuery::Order::Fixed,
+                                            RecordQuery::Order::Status};
+  const RecordQuery::Order order = kOrders[column];
+  if (order == _order && _descending) {
+    sortByHost();
+    return;
+  }
+  _descending = order == _order;
+  _order = order;
+  QHeaderView* columns = _layout->tvAddresses->horizontalHeader();
+  columns->setSortIndicatorShown(true);
+  columns->setSortIndicator(column, _descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void BatchView::sortByHost() {
+  _order = RecordQuery::Order::Host;
+  _descending = false;
+  _layout->tvAddresses->horizontalHeader()->setSortIndicatorShown(false);
 }
 
 void BatchView::selectAllSegments() {
   for (const AddressStatus status : kStatuses) {
     _layout->scFilter->setSelected(status, true);
   }
+  const QSignalBlocker silence(_layout->leSearch);
+  _layout->leSearch->clear();
+  _layout->cbReason->setCurrentIndex(0);
 }
 
 void BatchView::showRecords(const BatchResultRecordList& records) {
@@ -123,10 +208,32 @@ void BatchView::showRecords(const BatchResultRecordList& records) {
   fitRows();
 }
 
+void BatchView::replaceRecords(const BatchResultRecordList& records) {
+  const BatchResultRecordList selected = selectedRecords();
+  const int top = _layout->tvAddresses->verticalScrollBar()->value();
+  {
+    const QSignalBlocker silence(_layout->tvAddresses->selectionModel());
+    showRecords(records);
+  }
+  QItemSelection rows;
+  for (const BatchResultRecordPointer& record : selected) {
+    const int row = _addresses.rowOf(*record);
+    if (row >= 0) {
+      rows.select(_addresses.index(row, 0), _addresses.index(row, 0));
+    }
+  }
+  QItemSelectionModel* selection = _layout->tvAddresses->selectionModel();
+  selection->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  if (!rows.isEmpty()) {
+    selection->setCurrentIndex(rows.indexes().first(), QItemSelectionModel::NoUpdate);
+  }
+  _layout->tvAddresses->verticalScrollBar()->setValue(top);
+}
+
 // The header measures nothing and repaints nothing while the heights are set.
 void BatchView::fitRows() {
   QHeaderView* rows = _layout->tvAddresses->verticalHeader();
-  RowHeights heights(_layout->tvAddresses->font());
+  RowHeights heights(_layout->tvAddresses->font(), _leastLines);
   rows->setDefaultSectionSize(heights.heightFor({}));
   rows->setUpdatesEnabled(false);
   rows->blockSignals(true);
@@ -154,23 +261,71 @@ void BatchView::removeRow(int row) {
 
 int BatchView::selectedRow() const {
   const QModelIndexList rows = _layout->tvAddresses->selectionModel()->selectedRows();
-  return rows.isEmpty() ? -1 : rows.first().row();
+  return rows.size() == 1 ? rows.first().row() : -1;
 }
 
+QList<int> BatchView::selectedRows() const {
+  QList<int> rows;
+  for (const QModelIndex& index : _layout->tvAddresses->selectionModel()->selectedRows()) {
+    rows.append(index.row());
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+int BatchView::currentRow() const {
+  const int one = selectedRow();
+  const QItemSelectionModel* selection = _layout->tvAddresses->selectionModel();
+  return one >= 0 || !selection->hasSelection() ? one : selection->currentIndex().row();
+}
+
+BatchResultRecordList BatchView::selectedRecords() const {
+  BatchResultRecordList records;
+  for (const int row : selectedRows()) {
+    records.append(_addresses.records().at(row));
+  }
+  return records;
+}
+
+// Not by the table's own selectRow(), which adds to the selection while Ctrl is held.
 void BatchView::selectRow(int row) {
-  _layout->tvAddresses->selectRow(row);
-  _layout->tvAddresses->scrollTo(_addresses.index(row, 0));
+  const QModelIndex index = _addresses.index(row, 0);
+  QItemSelectionModel* selection = _layout->tvAddresses->selectionModel();
+  selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  selection->select(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  _layout->tvAddresses->scrollTo(index);
 }
 
-void BatchView::showNumbers(const ReviewCounts& counts, const std::optional<QString>& progress) {
+void BatchView::showNumbers(const ReviewCounts& counts, const std::optional<QString>& progress,
+                            const QString& banner) {
   for (const AddressStatus status : kStatuses) {
     _layout->scFilter->setText(status, segmentText(status, counts.ofStatus(status)));
   }
   _layout->bnUpdate->setText(applyText(counts));
   _layout->txtProgress->setText(progress.value_or(summaryText(counts)));
-  const QString banner = bannerText(counts);
   _layout->txtBanner->setText(banner);
   _layout->vwBanner->setVisible(!banner.isEmpty());
+}
+
+// A list that is open is left alone: nothing moves beneath the person's pointer.
+void BatchView::showReasons(const QMap<QString, qsizetype>& reasons) {
+  QComboBox* box = _layout->cbReason;
+  if (!_findsProblems || reasons == _reasons || box->view()->isVisible()) {
+    return;
+  }
+  _reasons = reasons;
+  const QString chosen = box->currentData().toString();
+  const QSignalBlocker silence(box);
+  box->clear();
+  box->addItem(localizedString("SAllReasons"));
+  for (auto reason = reasons.begin(); reason != reasons.end(); ++reason) {
+    box->addItem(reasonText(reason.key(), reason.value()), reason.key());
+  }
+  if (!chosen.isEmpty() && !reasons.contains(chosen)) {
+    box->addItem(reasonText(chosen, 0), chosen);
+  }
+  box->setCurrentIndex(std::max(0, chosen.isEmpty() ? 0 : box->findData(chosen)));
+  box->setVisible(box->count() > 1);
 }
 
 void BatchView::showListOrReason(qsizetype total) {

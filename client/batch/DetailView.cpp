@@ -1,54 +1,76 @@
 #include "client/batch/DetailView.h"
 
+#include <postwright/BatchOptions.h>
+
 #include <QApplication>
 
 #include "client/LocalizedString.h"
-#include "client/batch/DifferenceFormat.h"
+#include "client/batch/MarkedText.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/review/BatchTexts.h"
+#include "client/batch/review/LongLines.h"
 #include "ui_Postwright.h"
 
 namespace postwright {
 namespace {
 
-void showMarked(QTextEdit& field, const QString& text, const QList<TextMark>& marks,
-                MarkKind kind) {
-  field.setPlainText(text);
-  const QTextCharFormat format = markFormat(kind, field.palette());
-  QTextCursor cursor(field.document());
-  for (const TextMark& mark : marks) {
-    cursor.setPosition(static_cast<int>(mark.start));
-    cursor.setPosition(static_cast<int>(mark.start + mark.length), QTextCursor::KeepAnchor);
-    cursor.mergeCharFormat(format);
-  }
-}
-
 QString originalText(const BatchResultRecord& record) {
   return record.entry() != nullptr ? record.entry()->value() : record.values().address;
+}
+
+void showTwins(QCheckBox& box, qsizetype twins) {
+  box.setVisible(twins > 0);
+  box.setChecked(false);
+  box.setText(localizedString("SAlsoTwins", twins));
 }
 
 }  // namespace
 
 DetailView::DetailView(Ui::Postwright& layout) : _layout(layout) {
-  for (QWidget* field :
-       QList<QWidget*>{_layout.tvUnchangedAddress, _layout.tvFixedBefore, _layout.tvFixedAfter,
-                       _layout.tvMultipleAddress, _layout.tvErrorAddress}) {
-    field->setFont(tableFont());
-  }
+  setFieldFont(tableFont());
   QFont strong = _layout.txtErrorText->font();
   strong.setBold(true);
   _layout.txtErrorText->setFont(strong);
   QTableView* matches = _layout.tvMatches;
   matches->setModel(&_matches);
-  matches->setFont(tableFont());
   matches->horizontalHeader()->hide();
   connect(matches->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { _layout.bnChooseSelectedAddress->setEnabled(selectedMatch() >= 0); });
-  for (QPlainTextEdit* field : {_layout.tvErrorAddress, _layout.tvMultipleAddress}) {
+  for (QPlainTextEdit* field :
+       {_layout.tvErrorAddress, _layout.tvMultipleAddress, _layout.tvEditAddress}) {
     connect(field, &QPlainTextEdit::textChanged, this, [this, field] { takeDraft(*field); });
   }
-  for (const QPushButton* restore : {_layout.bnRestoreError, _layout.bnRestoreMultiple}) {
+  connect(_layout.tvEditFixed, &QPlainTextEdit::textChanged, this, &DetailView::takeOwnDraft);
+  for (const QPushButton* restore :
+       {_layout.bnRestoreError, _layout.bnRestoreMultiple, _layout.bnRestoreEdit}) {
     connect(restore, &QPushButton::clicked, this, &DetailView::restoreOriginal);
+  }
+  for (const QPushButton* edit : {_layout.bnEditUnchanged, _layout.bnEditFixed}) {
+    connect(edit, &QPushButton::clicked, this, [this] {
+      showEditor();
+      _layout.tvEditAddress->setFocus();
+    });
+  }
+  connect(_layout.bnMarkRest, &QPushButton::clicked, this,
+          [this] { showFixed(_record->values(), true); });
+  setOptions({});
+}
+
+void DetailView::setOptions(const BatchOptions& options) {
+  _editsAny = options.editsAnyRecord;
+  _selectsSeveral = options.selectsSeveral;
+  for (QPushButton* button : {_layout.bnEditUnchanged, _layout.bnEditFixed, _layout.bnKeepError,
+                              _layout.bnKeepMultiple}) {
+    button->setVisible(_editsAny);
+  }
+}
+
+void DetailView::setFieldFont(const QFont& font) {
+  for (QWidget* field :
+       QList<QWidget*>{_layout.tvUnchangedAddress, _layout.tvFixedBefore, _layout.tvFixedAfter,
+                       _layout.tvMultipleAddress, _layout.tvErrorAddress, _layout.tvEditAddress,
+                       _layout.tvEditFixed, _layout.tvMatches}) {
+    field->setFont(font);
   }
 }
 
@@ -58,10 +80,30 @@ void DetailView::showNothing() {
   showPage(_layout.vwNone);
 }
 
+void DetailView::showSeveral(const QString& text) {
+  _record = nullptr;
+  _layout.txtSeveral->setText(text);
+  showPage(_layout.vwSeveral);
+}
+
 void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype twins) {
   _record = nullptr;  // what is put into the fields now is no draft
   const BatchResultRecord::Values values = record->values();
+  const bool ownPage =
+      values.status == AddressStatusMultiple || values.status == AddressStatusError;
+  if (ownPage || (_edited != record.get() && !hasDraft(*record))) {
+    _edited = nullptr;
+  } else {
+    _edited = record.get();
+  }
   QWidget* page = _layout.vwNone;
+  if (_edited != nullptr) {
+    page = _layout.vwEdit;
+    _record = record;
+    showEdited(values);
+    showPage(page);
+    return;
+  }
   switch (values.status) {
     case AddressStatusUnchanged:
       page = _layout.vwUnchanged;
@@ -80,13 +122,39 @@ void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype tw
   if (page == _layout.vwUnchanged) {
     showUnchanged(values);
   } else if (page == _layout.vwFixed) {
-    showFixed(values);
+    showFixed(values, false);
   } else if (page == _layout.vwMultiple) {
     showMultiple(values, twins);
   } else if (page == _layout.vwError) {
-    showError(values);
+    showError(values, twins);
   }
   showPage(page);
+}
+
+void DetailView::showEditor() {
+  if (_editsAny && _record != nullptr && editor() == nullptr) {
+    _edited = _record.get();
+    showRecord(BatchResultRecordPointer(_record), 0);
+  }
+}
+
+void DetailView::leaveEditor() {
+  if (_record != nullptr && _edited == _record.get() && !hasDraft(*_record)) {
+    _edited = nullptr;
+    showRecord(BatchResultRecordPointer(_record), 0);
+  }
+}
+
+void DetailView::forgetDraft(const BatchResultRecord& record) {
+  _drafts.remove(&record);
+  _ownDrafts.remove(&record);
+  if (_edited == &record) {
+    _edited = nullptr;
+  }
+}
+
+bool DetailView::hasDraft(const BatchResultRecord& record) const {
+  return _drafts.contains(&record) || _ownDrafts.contains(&record);
 }
 
 // The keyboard goes back to the list where what it was in goes away: the record is settled, and the
@@ -105,24 +173,36 @@ void DetailView::showUnchanged(const BatchResultRecord::Values& values) {
   _layout.txtUnchanged->setText(localizedString(values.pending ? "SNotYetChecked"
                                                 : edited       ? "SFoundRightEdited"
                                                                : "SFoundRight"));
-  _layout.tvUnchangedAddress->setPlainText(values.address);
+  _layout.tvUnchangedAddress->setPlainText(cutLongLines(values.address));
   _layout.bnUseAddress->setVisible(edited);
 }
 
-void DetailView::showFixed(const BatchResultRecord::Values& values) {
-  _layout.txtFixedNote->setText(localizedString("SFixedBlank"));
-  _layout.txtFixedNote->setVisible(values.fixed.isEmpty());
-  const Differences differences = findDifferences(values.address, values.fixed);
-  showMarked(*_layout.tvFixedBefore, values.address, differences.removed, MarkKind::Removed);
-  showMarked(*_layout.tvFixedAfter, values.fixed, differences.added, MarkKind::Added);
+void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) {
+  _layout.txtFixedNote->setText(
+      localizedString(values.fixed.isEmpty() ? "SFixedBlank" : "SFixedOwn"));
+  _layout.txtFixedNote->setVisible(values.fixed.isEmpty() || values.own);
+  const QString before = whole ? values.address : cutLongLines(values.address);
+  const QString after = whole ? values.fixed : cutLongLines(values.fixed);
+  const qsizetype left = values.address.size() + values.fixed.size() - before.size() - after.size();
+  _layout.txtCut->setText(left > 0 ? localizedString("SCut", left) : QString());
+  _layout.bnMarkRest->setVisible(left > 0);
+  const Differences differences = findDifferences(before, after);
+  showMarked(*_layout.tvFixedBefore, before, differences.removed, MarkKind::Removed,
+             differences.movedFrom);
+  showMarked(*_layout.tvFixedAfter, after, differences.added, MarkKind::Added, differences.movedTo);
 }
 
 void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype twins) {
-  fillEditor(*_layout.tvMultipleAddress, values.address);
-  _layout.ckTwins->setVisible(twins > 0);
-  _layout.ckTwins->setChecked(false);
-  _layout.ckTwins->setText(localizedString("SAlsoTwins", twins));
+  fillEditor(*_layout.tvMultipleAddress, _drafts.value(_record.get(), values.address));
+  showTwins(*_layout.ckTwins, twins);
   showMatches(values.matches);
+}
+
+void DetailView::showEdited(const BatchResultRecord::Values& values) {
+  fillEditor(*_layout.tvEditAddress, _drafts.value(_record.get(), values.address));
+  const bool known = !values.pending && !values.fixed.isEmpty();
+  fillEditor(*_layout.tvEditFixed,
+             _ownDrafts.value(_record.get(), known ? values.fixed : values.address));
 }
 
 void DetailView::showMatches(const QList<PostwrightSelectorPointer>& matches) {
@@ -138,28 +218,41 @@ void DetailView::showMatches(const QList<PostwrightSelectorPointer>& matches) {
   _layout.bnChooseSelectedAddress->setEnabled(false);
 }
 
-void DetailView::showError(const BatchResultRecord::Values& values) {
+void DetailView::showError(const BatchResultRecord::Values& values, qsizetype twins) {
   const bool service = values.isUnanswered();
   _layout.txtErrorText->setText(values.result);
   _layout.txtErrorHint->setText(localizedString(values.pending ? "SAskingAgain"
                                                 : service      ? "SErrorHintService"
                                                                : "SErrorHint"));
-  fillEditor(*_layout.tvErrorAddress, values.address);
+  fillEditor(*_layout.tvErrorAddress, _drafts.value(_record.get(), values.address));
+  showTwins(*_layout.ckErrorTwins, _selectsSeveral ? twins : 0);
 }
 
 // The same text is left alone, and with it the cursor: the record may be shown anew while the user
 // types.
-void DetailView::fillEditor(QPlainTextEdit& editor, const QString& address) {
-  const QString text = _drafts.value(_record.get(), address);
+void DetailView::fillEditor(QPlainTextEdit& editor, const QString& text) {
   if (editor.toPlainText() != text) {
     const QSignalBlocker silence(editor);
     editor.setPlainText(text);
   }
 }
 
+// Text that is back as it was is no draft.
 void DetailView::takeDraft(const QPlainTextEdit& editor) {
-  if (_record != nullptr && &editor == this->editor()) {
-    _drafts.insert(_record.get(), editor.toPlainText());
+  if (_record == nullptr || &editor != this->editor()) {
+    return;
+  }
+  const QString text = editor.toPlainText();
+  if (text == _record->values().address) {
+    _drafts.remove(_record.get());
+  } else {
+    _drafts.insert(_record.get(), text);
+  }
+}
+
+void DetailView::takeOwnDraft() {
+  if (_record != nullptr && _edited == _record.get()) {
+    _ownDrafts.insert(_record.get(), _layout.tvEditFixed->toPlainText());
   }
 }
 
@@ -174,6 +267,7 @@ QPlainTextEdit* DetailView::editor() const {
   const QWidget* page = _layout.vwContent->currentWidget();
   return page == _layout.vwError      ? _layout.tvErrorAddress
          : page == _layout.vwMultiple ? _layout.tvMultipleAddress
+         : page == _layout.vwEdit     ? _layout.tvEditAddress
                                       : nullptr;
 }
 
@@ -182,7 +276,13 @@ QWidget* DetailView::firstControl() const {
   if (page == _layout.vwMultiple) {
     return _layout.tvMatches;
   }
-  return page == _layout.vwError ? _layout.tvErrorAddress : nullptr;
+  return page == _layout.vwSeveral ? static_cast<QWidget*>(_layout.bnAskAgain) : editor();
+}
+
+QString DetailView::ownText() const {
+  const bool both = _layout.vwContent->currentWidget() == _layout.vwEdit;
+  const QPlainTextEdit* field = both ? _layout.tvEditFixed : editor();
+  return field != nullptr ? field->toPlainText() : QString();
 }
 
 int DetailView::selectedMatch() const {
@@ -191,7 +291,9 @@ int DetailView::selectedMatch() const {
 }
 
 bool DetailView::isTwinsChecked() const {
-  return !_layout.ckTwins->isHidden() && _layout.ckTwins->isChecked();
+  const QWidget* page = _layout.vwContent->currentWidget();
+  const QCheckBox* box = page == _layout.vwError ? _layout.ckErrorTwins : _layout.ckTwins;
+  return page != _layout.vwEdit && !box->isHidden() && box->isChecked();
 }
 
 }  // namespace postwright

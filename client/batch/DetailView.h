@@ -14,8 +14,11 @@ class QPlainTextEdit;
 
 namespace postwright {
 
-// The lower part of the batch window: the detail of one record. Text that the user has typed and
-// not yet had checked stays with its record while others are looked at.
+struct BatchOptions;
+
+// The lower part of the batch window: the detail of one record, or what can be done with several.
+// Text that the user has typed and not yet had checked stays with its record while others are
+// looked at.
 class DetailView final : public QObject {
   Q_OBJECT
 
@@ -23,36 +26,58 @@ class DetailView final : public QObject {
   // Fills the pages of `layout`, which outlives the view.
   explicit DetailView(Ui::Postwright& layout);
 
+  // Before anything is shown.
+  void setOptions(const BatchOptions& options);
+  void setFieldFont(const QFont& font);
+
   void showNothing();
-  // `twins` more records of the list have the same text and the same candidates.
+  // `twins` more records of the list have the same text and wait for the same.
   void showRecord(const BatchResultRecordPointer& record, qsizetype twins);
+  void showSeveral(const QString& text);
+
+  // Lets a record be edited that has no field of its own for that: the page with both texts.
+  void showEditor();
+  // Back from that page, unless something was typed.
+  void leaveEditor();
 
   // Drops what the user has typed for `record` and not had checked.
-  void forgetDraft(const BatchResultRecord& record) { _drafts.remove(&record); }
+  void forgetDraft(const BatchResultRecord& record);
+  bool hasDrafts() const { return !_drafts.isEmpty() || !_ownDrafts.isEmpty(); }
 
-  // The field of the page that is shown in which the user edits; null where there is none.
+  // The field of the page that is shown in which the user edits the address; null where there is
+  // none.
   QPlainTextEdit* editor() const;
   // Where the keyboard goes when it enters the detail; null where there is nothing to do.
   QWidget* firstControl() const;
+  // The text that the person wants to have kept as it is.
+  QString ownText() const;
 
   int selectedMatch() const;
+  // The choice, or the new text, is to be taken for all of the same text.
   bool isTwinsChecked() const;
 
  private:
   void showUnchanged(const BatchResultRecord::Values& values);
-  void showFixed(const BatchResultRecord::Values& values);
+  void showFixed(const BatchResultRecord::Values& values, bool whole);
   void showMultiple(const BatchResultRecord::Values& values, qsizetype twins);
-  void showError(const BatchResultRecord::Values& values);
+  void showError(const BatchResultRecord::Values& values, qsizetype twins);
+  void showEdited(const BatchResultRecord::Values& values);
   void showPage(QWidget* page);
-  void fillEditor(QPlainTextEdit& editor, const QString& address);
+  void fillEditor(QPlainTextEdit& editor, const QString& text);
   void showMatches(const QList<PostwrightSelectorPointer>& matches);
   void takeDraft(const QPlainTextEdit& editor);
+  void takeOwnDraft();
   void restoreOriginal();
+  bool hasDraft(const BatchResultRecord& record) const;
 
   Ui::Postwright& _layout;
   QStringListModel _matches;
   BatchResultRecordPointer _record;
+  const BatchResultRecord* _edited = nullptr;  // the one on the page with both texts
+  bool _editsAny = false;
+  bool _selectsSeveral = false;
   QHash<const BatchResultRecord*, QString> _drafts;
+  QHash<const BatchResultRecord*, QString> _ownDrafts;  // of corrected texts
 };
 
 }  // namespace postwright

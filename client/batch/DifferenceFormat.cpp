@@ -3,10 +3,9 @@
 namespace postwright {
 namespace {
 
-QColor tint(const QColor& base, const QColor& colour) {
-  constexpr double kShare = 0.25;
-  const auto mix = [](int under, int over) {
-    return static_cast<int>(under * (1 - kShare) + over * kShare);
+QColor tint(const QColor& base, const QColor& colour, double share) {
+  const auto mix = [share](int under, int over) {
+    return static_cast<int>(under * (1 - share) + over * share);
   };
   return {mix(base.red(), colour.red()), mix(base.green(), colour.green()),
           mix(base.blue(), colour.blue())};
@@ -15,12 +14,25 @@ QColor tint(const QColor& base, const QColor& colour) {
 }  // namespace
 
 QTextCharFormat markFormat(MarkKind kind, const QPalette& palette) {
-  const bool removed = kind == MarkKind::Removed;
+  constexpr double kShare = 0.25;
+  constexpr double kStrongShare = 0.4;
+  const QColor base = palette.color(QPalette::Base);
   QTextCharFormat format;
-  format.setFontStrikeOut(removed);
-  format.setFontUnderline(!removed);
-  format.setBackground(
-      tint(palette.color(QPalette::Base), removed ? QColor(224, 48, 48) : QColor(32, 160, 64)));
+  switch (kind) {
+    case MarkKind::Removed:
+      format.setFontStrikeOut(true);
+      format.setBackground(tint(base, QColor(224, 48, 48), kShare));
+      break;
+    case MarkKind::Added:
+      format.setFontUnderline(true);
+      format.setBackground(tint(base, QColor(32, 160, 64), kShare));
+      break;
+    case MarkKind::Moved:
+      format.setFontWeight(QFont::Bold);
+      format.setUnderlineStyle(QTextCharFormat::DashUnderline);
+      format.setBackground(tint(base, QColor(240, 150, 0), kStrongShare));
+      break;
+  }
   return format;
 }
 

@@ -2,6 +2,7 @@
 #define POSTWRIGHT_CLIENT_BATCH_POSTWRIGHTCONTROLLER_H_
 
 #include <postwright/AddressEntry.h>
+#include <postwright/BatchOptions.h>
 #include <postwright/BatchResultRecord.h>
 #include <postwright/ClientExport.h>
 
@@ -12,6 +13,8 @@
 #include <optional>
 
 namespace postwright {
+
+class BatchWindow;
 
 // The batch window: it asks the service about a list of addresses in the background while the user
 // reviews what comes of each, and changes nothing outside itself.
@@ -24,9 +27,9 @@ namespace postwright {
 //
 // PostwrightClient::fixAddressWithDialog() does this and tells the host. A window serves one run;
 // the worker starts when it is first shown. Everything here belongs to the thread of the windows.
-// The window opens no box of its own but the designation dialog, and that only for a candidate with
-// a range, so a test or a host can drive it: widgets are found by object name (scFilter,
-// tvAddresses, bnUpdate, ...), and every action is an operation here, too.
+// Without options the window opens no box of its own but the designation dialog, and that only for
+// a candidate with a range, so a test or a host can drive it: widgets are found by object name
+// (scFilter, tvAddresses, bnUpdate, ...), and every action is an operation here, too.
 class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   Q_OBJECT
 
@@ -42,6 +45,9 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // Has the worker ask `ask` in place of the service: for a host that knows candidates of its own,
   // which the Verify service never names. Before the window is first shown.
   void setAsk(AskFunction ask);
+
+  // Has the window do more than it does by itself. Before the window is first shown.
+  void setOptions(const BatchOptions& options);
 
   // The records in the window whose status is AddressStatusFixed, in the order of the entries.
   BatchResultRecordList results() const;
@@ -66,6 +72,10 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   void reFixAddress(const QString& address);
   void bnFixErrorAddressClick();
   void bnFixMultipleAddressClick();
+  void bnFixEditedAddressClick();
+
+  // Asks again about all selected records, each with the text that it has.
+  void bnAskAgainClick();
 
   // Takes the selected candidate as the selected record's corrected address, after asking for the
   // unit where it stands for several. For all records of the same text where the user wishes.
@@ -74,14 +84,34 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // Takes the edited text itself as the corrected address, where the service found it right.
   void bnUseAddressClick();
 
-  // Takes the selected record out of the window. Its entry is not written.
+  // Takes the text in the field as the corrected address of the selected record, whatever the
+  // service says: it is marked as the person's own word.
+  void bnKeepTextClick();
+
+  // Leaves the entries of all selected records as they are: unchanged, whatever the service said.
+  void bnTakeTypedClick();
+
+  // Takes the selected records out of the window. Their entries are not written.
   void bnIgnoreClick();
+
+  // Offers to make the change that the person made in the selected record in all others that have
+  // the same words and still need a person; asks first, and shows which.
+  void sameForAll();
+
+  // Takes the last step back, or takes it again.
+  void undo();
+  void redo();
 
   // Selects all segments of the filter.
   void bnShowAllClick();
 
   // Asks again about all records for which the service failed.
   void bnRetryClick();
+
+  // Ends the run after the record under way, which a service that keeps silent leaves pending; what
+  // is there can be applied. bnGoOnClick() asks about the rest.
+  void bnStopClick();
+  void bnGoOnClick();
 
   // Stops the worker, waits for it while events are handled, closes the window and ends its modal
   // run with -1001. A worker whose service keeps silent is given a second and then cut short.
@@ -94,11 +124,18 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // the next that has an error or several candidates. Stays where there is none.
   void selectRecord(int by, bool errors);
 
+  // Puts the selected records on the clipboard, as labels and as CSV.
+  void copy() const;
+
+  // Leaves the window as Escape and its close button do: asks first where the options say so and
+  // there is work in it, else is bnCancelClick().
+  void leave();
+
   // The image of a status; null for any but 1 to 3.
   static QIcon iconForStatus(qint32 status);
 
   void setVisible(bool visible) override;
-  void reject() override { bnCancelClick(); }
+  void reject() override { leave(); }
 
  signals:
   // A worker has ended and the window shows all that it found: that of the list, or one that asked
@@ -106,13 +143,12 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   void workerStopped();
 
  private:
-  class Window;
   void windowDidLoad();
-  void handlePortMessage(qint32 identifier);
-  void runReFixes();
-  void handleReFixMessage(qint32 identifier);
+  void connectButtons();
+  void waitForWorkers();
+  void reFix(const QString& address);
 
-  const std::unique_ptr<Window> _window;
+  const std::unique_ptr<BatchWindow> _window;
 };
 
 }  // namespace postwright

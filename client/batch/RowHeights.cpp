@@ -25,7 +25,9 @@ int RowHeights::heightFor(const QString& text) {
   if (known != _byLines.constEnd()) {
     return *known;
   }
-  const double height = std::max(TextMetric::sizeForString(text, _font).height(), kLeast);
+  const qsizetype measured = std::max<qsizetype>(lines, _leastLines);
+  const QString sample = QStringLiteral("x\n").repeated(measured).chopped(measured > 0 ? 1 : 0);
+  const double height = std::max(TextMetric::sizeForString(sample, _font).height(), kLeast);
   return *_byLines.insert(lines, qCeil(height) + kBetweenRows);
 }
 

@@ -16,12 +16,15 @@ QFont tableFont();
 // costs one measurement for each number.
 class RowHeights {
  public:
-  explicit RowHeights(const QFont& font) : _font(font) {}
+  // No row is lower than `leastLines` lines of text are.
+  explicit RowHeights(const QFont& font, int leastLines = 1)
+      : _font(font), _leastLines(leastLines) {}
 
   int heightFor(const QString& text);
 
  private:
   QFont _font;
+  int _leastLines;
   QHash<qsizetype, int> _byLines;
 };
 

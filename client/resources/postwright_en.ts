@@ -214,11 +214,11 @@ F8 goes to the next one that needs you.</translation>
         <translation>Possible addresses</translation>
     </message>
     <message id="SAlsoTwins" numerus="yes">
-        <source>Also for %n &amp;more addresses with this text</source>
+        <source>Also for %n more addresses with this te&amp;xt</source>
         <extracomment>Check box; the count is of the other addresses.</extracomment>
         <translation>
-            <numerusform>Also for one &amp;more address with this text</numerusform>
-            <numerusform>Also for %n &amp;more addresses with this text</numerusform>
+            <numerusform>Also for one more address with this te&amp;xt</numerusform>
+            <numerusform>Also for %n more addresses with this te&amp;xt</numerusform>
         </translation>
     </message>
     <message id="SErrorHint">
@@ -387,6 +387,370 @@ F8 goes to the next one that needs you.</translation>
         <source>%@ removed</source>
         <extracomment>Spoken: words that are gone.</extracomment>
         <translation>%@ removed</translation>
+    </message>
+    <message id="SStatusOwn">
+        <source>As Written</source>
+        <extracomment>Status of an address whose corrected text is the person's own.</extracomment>
+        <translation>As Written</translation>
+    </message>
+    <message id="SSpokenMoved">
+        <source>%@ moved from line %@ to line %@</source>
+        <extracomment>What a screen reader says of a word that went into another line.</extracomment>
+        <translation>%@ moved from line %@ to line %@</translation>
+    </message>
+    <message id="SMoreChanges" numerus="yes">
+        <source>%n more changes</source>
+        <extracomment>Last line of a tool tip.</extracomment>
+        <translation>
+            <numerusform>%n more change</numerusform>
+            <numerusform>%n more changes</numerusform>
+        </translation>
+    </message>
+    <message id="SEdit">
+        <source>Edit… (F2)</source>
+        <extracomment>Button that lets an address be edited that has an outcome.</extracomment>
+        <translation>Edit… (F2)</translation>
+    </message>
+    <message id="SEditAddress">
+        <source>Te&amp;xt to check:</source>
+        <extracomment>Above the field for the text that the service is asked about.</extracomment>
+        <translation>Te&amp;xt to check:</translation>
+    </message>
+    <message id="SEditAddressName">
+        <source>Text to check</source>
+        <extracomment>Spoken name of that field.</extracomment>
+        <translation>Text to check</translation>
+    </message>
+    <message id="SEditFixed">
+        <source>As I &amp;write it:</source>
+        <extracomment>Above the field for the person's own correction.</extracomment>
+        <translation>As I &amp;write it:</translation>
+    </message>
+    <message id="SEditFixedName">
+        <source>Corrected text as I write it</source>
+        <extracomment>Spoken name of that field.</extracomment>
+        <translation>Corrected text as I write it</translation>
+    </message>
+    <message id="SKeepText">
+        <source>&amp;Keep My Text</source>
+        <extracomment>Button that takes the text in the field as the correction.</extracomment>
+        <translation>&amp;Keep My Text</translation>
+    </message>
+    <message id="STakeTyped">
+        <source>Ta&amp;ke as Typed</source>
+        <extracomment>Button that leaves the selected addresses as they are.</extracomment>
+        <translation>Ta&amp;ke as Typed</translation>
+    </message>
+    <message id="SFixedOwn">
+        <source>This is your own text; the service was not asked about it.</source>
+        <extracomment>Note above a correction that the person wrote.</extracomment>
+        <translation>This is your own text; the service was not asked about it.</translation>
+    </message>
+    <message id="SCut" numerus="yes">
+        <source>%n more characters are not shown.</source>
+        <extracomment>Below a very long line.</extracomment>
+        <translation>
+            <numerusform>%n more character is not shown.</numerusform>
+            <numerusform>%n more characters are not shown.</numerusform>
+        </translation>
+    </message>
+    <message id="SMarkRest">
+        <source>Mark the Rest</source>
+        <extracomment>Button that shows and marks all of a very long line.</extracomment>
+        <translation>Mark the Rest</translation>
+    </message>
+    <message id="SStop">
+        <source>Sto&amp;p</source>
+        <extracomment>Button that ends the run after the address under way.</extracomment>
+        <translation>Sto&amp;p</translation>
+    </message>
+    <message id="SGoOn">
+        <source>Go &amp;On</source>
+        <extracomment>Button that asks about the rest after a stop.</extracomment>
+        <translation>Go &amp;On</translation>
+    </message>
+    <message id="SStopped">
+        <source>Stopped: %@ of %@ checked.</source>
+        <extracomment>Below the list after a stop.</extracomment>
+        <translation>Stopped: %@ of %@ checked.</translation>
+    </message>
+    <message id="SWaiting">
+        <source>Waiting for the service, %@ s</source>
+        <extracomment>Beside the progress while no answer comes; the number is of seconds.</extracomment>
+        <translation>Waiting for the service, %@ s</translation>
+    </message>
+    <message id="SGaveUp" numerus="yes">
+        <source>The address service has not answered for %n minutes.</source>
+        <extracomment>Banner after a run that gave up waiting.</extracomment>
+        <translation>
+            <numerusform>The address service has not answered for %n minute.</numerusform>
+            <numerusform>The address service has not answered for %n minutes.</numerusform>
+        </translation>
+    </message>
+    <message id="SNotAskedYet" numerus="yes">
+        <source>%n addresses were not asked about.</source>
+        <extracomment>Second sentence of that banner.</extracomment>
+        <translation>
+            <numerusform>%n address was not asked about.</numerusform>
+            <numerusform>%n addresses were not asked about.</numerusform>
+        </translation>
+    </message>
+    <message id="SNotAskedShort">
+        <source>Not asked about</source>
+        <extracomment>Status, in a report, of an address that has no outcome.</extracomment>
+        <translation>Not asked about</translation>
+    </message>
+    <message id="SSeveral" numerus="yes">
+        <source>%n addresses selected</source>
+        <extracomment>Above what can be done with them; a line on how they stand follows.</extracomment>
+        <translation>
+            <numerusform>%n address selected</numerusform>
+            <numerusform>%n addresses selected</numerusform>
+        </translation>
+    </message>
+    <message id="SReasonName">
+        <source>Show errors for the reason</source>
+        <extracomment>Spoken name of the list of reasons.</extracomment>
+        <translation>Show errors for the reason</translation>
+    </message>
+    <message id="SAllReasons">
+        <source>All Reasons</source>
+        <extracomment>First entry of the list of reasons.</extracomment>
+        <translation>All Reasons</translation>
+    </message>
+    <message id="SReasonCount">
+        <source>%@ (%@)</source>
+        <extracomment>Entry of the list of reasons: the message and how many there are.</extracomment>
+        <translation>%@ (%@)</translation>
+    </message>
+    <message id="SSearch">
+        <source>Search (Ctrl+F)</source>
+        <extracomment>Stands in the empty search field.</extracomment>
+        <translation>Search (Ctrl+F)</translation>
+    </message>
+    <message id="SSearchName">
+        <source>Search in both texts</source>
+        <extracomment>Spoken name of the search field.</extracomment>
+        <translation>Search in both texts</translation>
+    </message>
+    <message id="SMore">
+        <source>&amp;More</source>
+        <extracomment>Button that opens the menu.</extracomment>
+        <translation>&amp;More</translation>
+    </message>
+    <message id="SUndo">
+        <source>Undo</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Undo</translation>
+    </message>
+    <message id="SUndoStep">
+        <source>Undo %@</source>
+        <extracomment>Menu; the step follows.</extracomment>
+        <translation>Undo %@</translation>
+    </message>
+    <message id="SRedo">
+        <source>Redo</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Redo</translation>
+    </message>
+    <message id="SRedoStep">
+        <source>Redo %@</source>
+        <extracomment>Menu; the step follows.</extracomment>
+        <translation>Redo %@</translation>
+    </message>
+    <message id="SCopy">
+        <source>Copy Rows</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Copy Rows</translation>
+    </message>
+    <message id="SFind">
+        <source>Search</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Search</translation>
+    </message>
+    <message id="SSameForAll">
+        <source>The Same for All…</source>
+        <extracomment>Menu: makes the person's change in other addresses, too.</extracomment>
+        <translation>The Same for All…</translation>
+    </message>
+    <message id="SHostOrder">
+        <source>Original Order</source>
+        <extracomment>Menu: ends the sorting by a column.</extracomment>
+        <translation>Original Order</translation>
+    </message>
+    <message id="SSummary">
+        <source>Summar&amp;y…</source>
+        <extracomment>Button that shows how the run went.</extracomment>
+        <translation>Summar&amp;y…</translation>
+    </message>
+    <message id="SSummaryAction">
+        <source>Summary and Report…</source>
+        <extracomment>Menu: the same.</extracomment>
+        <translation>Summary and Report…</translation>
+    </message>
+    <message id="SStepAsk" numerus="yes">
+        <source>Check of %n</source>
+        <extracomment>A step, after Undo: addresses that were asked about again.</extracomment>
+        <translation>
+            <numerusform>Check of %n</numerusform>
+            <numerusform>Check of %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepChoose" numerus="yes">
+        <source>Choice for %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>Choice for %n</numerusform>
+            <numerusform>Choice for %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepUse" numerus="yes">
+        <source>Text of %n</source>
+        <extracomment>A step, after Undo: the person's text was taken.</extracomment>
+        <translation>
+            <numerusform>Text of %n</numerusform>
+            <numerusform>Text of %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepTyped" numerus="yes">
+        <source>Take as Typed of %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>Take as Typed of %n</numerusform>
+            <numerusform>Take as Typed of %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepIgnore" numerus="yes">
+        <source>Ignore of %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>Ignore of %n</numerusform>
+            <numerusform>Ignore of %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepSame" numerus="yes">
+        <source>Same Change in %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>Same Change in %n</numerusform>
+            <numerusform>Same Change in %n</numerusform>
+        </translation>
+    </message>
+    <message id="SLeaveQuestion">
+        <source>Close the window? There is work in it that is not applied.</source>
+        <extracomment>Question at closing.</extracomment>
+        <translation>Close the window? There is work in it that is not applied.</translation>
+    </message>
+    <message id="SLeaveDiscard">
+        <source>&amp;Discard</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Discard</translation>
+    </message>
+    <message id="SLeaveStay">
+        <source>&amp;Stay</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Stay</translation>
+    </message>
+    <message id="SSameQuestion" numerus="yes">
+        <source>Make the same change in %n more addresses?</source>
+        <extracomment>Question; the change and the addresses follow.</extracomment>
+        <translation>
+            <numerusform>Make the same change in %n more address?</numerusform>
+            <numerusform>Make the same change in %n more addresses?</numerusform>
+        </translation>
+    </message>
+    <message id="SSameChange">
+        <source>&amp;Change and Check</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Change and Check</translation>
+    </message>
+    <message id="SSameLeave">
+        <source>&amp;Leave Them</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Leave Them</translation>
+    </message>
+    <message id="SMoreAddresses" numerus="yes">
+        <source>and %n more</source>
+        <extracomment>Behind the first addresses of a longer list.</extracomment>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message id="SColumnReason">
+        <source>Reason</source>
+        <extracomment>Column of a report.</extracomment>
+        <translation>Reason</translation>
+    </message>
+    <message id="SReportTitle">
+        <source>Address Check</source>
+        <extracomment>Title of the summary and of the report.</extracomment>
+        <translation>Address Check</translation>
+    </message>
+    <message id="SReportName">
+        <source>address-check</source>
+        <extracomment>Name of the file that is offered, without an ending.</extracomment>
+        <translation>address-check</translation>
+    </message>
+    <message id="SReportCsv">
+        <source>Table</source>
+        <extracomment>Kind of file.</extracomment>
+        <translation>Table</translation>
+    </message>
+    <message id="SReportHtml">
+        <source>Web page</source>
+        <extracomment>Kind of file.</extracomment>
+        <translation>Web page</translation>
+    </message>
+    <message id="SReportFailed">
+        <source>%@ was not saved: %@.</source>
+        <extracomment>The file and why.</extracomment>
+        <translation>%@ was not saved: %@.</translation>
+    </message>
+    <message id="SSaveReport">
+        <source>&amp;Save Report…</source>
+        <extracomment>Button of the summary.</extracomment>
+        <translation>&amp;Save Report…</translation>
+    </message>
+    <message id="SSaveReportTitle">
+        <source>Save the report</source>
+        <extracomment>Title of the file dialog.</extracomment>
+        <translation>Save the report</translation>
+    </message>
+    <message id="SClose">
+        <source>&amp;Close</source>
+        <extracomment>Button of the summary.</extracomment>
+        <translation>&amp;Close</translation>
+    </message>
+    <message id="SSumRight">
+        <source>Right as typed</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Right as typed</translation>
+    </message>
+    <message id="SSumFixed">
+        <source>Corrected</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Corrected</translation>
+    </message>
+    <message id="SSumOwn">
+        <source>As you wrote them</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>As you wrote them</translation>
+    </message>
+    <message id="SSumMultiple">
+        <source>To be chosen</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>To be chosen</translation>
+    </message>
+    <message id="SSumErrors">
+        <source>Errors</source>
+        <extracomment>Line of the summary; the reasons follow.</extracomment>
+        <translation>Errors</translation>
+    </message>
+    <message id="SSumPending">
+        <source>Not asked about</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Not asked about</translation>
     </message>
     <message id="SDesignatorTitle">
         <source>Choose One Address</source>

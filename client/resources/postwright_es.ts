@@ -214,7 +214,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Direcciones posibles</translation>
     </message>
     <message id="SAlsoTwins" numerus="yes">
-        <source>Also for %n &amp;more addresses with this text</source>
+        <source>Also for %n more addresses with this te&amp;xt</source>
         <extracomment>Check box; the count is of the other addresses.</extracomment>
         <translation>
             <numerusform>Tam&amp;bién para otra dirección con este texto</numerusform>
@@ -387,6 +387,370 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>%@ removed</source>
         <extracomment>Spoken: words that are gone.</extracomment>
         <translation>se quita %@</translation>
+    </message>
+    <message id="SStatusOwn">
+        <source>As Written</source>
+        <extracomment>Status of an address whose corrected text is the person's own.</extracomment>
+        <translation>Como la escribí</translation>
+    </message>
+    <message id="SSpokenMoved">
+        <source>%@ moved from line %@ to line %@</source>
+        <extracomment>What a screen reader says of a word that went into another line.</extracomment>
+        <translation>%@ pasó de la línea %@ a la línea %@</translation>
+    </message>
+    <message id="SMoreChanges" numerus="yes">
+        <source>%n more changes</source>
+        <extracomment>Last line of a tool tip.</extracomment>
+        <translation>
+            <numerusform>%n cambio más</numerusform>
+            <numerusform>%n cambios más</numerusform>
+        </translation>
+    </message>
+    <message id="SEdit">
+        <source>Edit… (F2)</source>
+        <extracomment>Button that lets an address be edited that has an outcome.</extracomment>
+        <translation>Editar… (F2)</translation>
+    </message>
+    <message id="SEditAddress">
+        <source>Te&amp;xt to check:</source>
+        <extracomment>Above the field for the text that the service is asked about.</extracomment>
+        <translation>Te&amp;xto que comprobar:</translation>
+    </message>
+    <message id="SEditAddressName">
+        <source>Text to check</source>
+        <extracomment>Spoken name of that field.</extracomment>
+        <translation>Texto que comprobar</translation>
+    </message>
+    <message id="SEditFixed">
+        <source>As I &amp;write it:</source>
+        <extracomment>Above the field for the person's own correction.</extracomment>
+        <translation>Tal como lo escribo &amp;yo:</translation>
+    </message>
+    <message id="SEditFixedName">
+        <source>Corrected text as I write it</source>
+        <extracomment>Spoken name of that field.</extracomment>
+        <translation>Texto corregido tal como lo escribo yo</translation>
+    </message>
+    <message id="SKeepText">
+        <source>&amp;Keep My Text</source>
+        <extracomment>Button that takes the text in the field as the correction.</extracomment>
+        <translation>&amp;Quedarse con mi texto</translation>
+    </message>
+    <message id="STakeTyped">
+        <source>Ta&amp;ke as Typed</source>
+        <extracomment>Button that leaves the selected addresses as they are.</extracomment>
+        <translation>De&amp;jar como está escrita</translation>
+    </message>
+    <message id="SFixedOwn">
+        <source>This is your own text; the service was not asked about it.</source>
+        <extracomment>Note above a correction that the person wrote.</extracomment>
+        <translation>Este texto es suyo; no se preguntó por él al servicio.</translation>
+    </message>
+    <message id="SCut" numerus="yes">
+        <source>%n more characters are not shown.</source>
+        <extracomment>Below a very long line.</extracomment>
+        <translation>
+            <numerusform>No se muestra %n carácter más.</numerusform>
+            <numerusform>No se muestran %n caracteres más.</numerusform>
+        </translation>
+    </message>
+    <message id="SMarkRest">
+        <source>Mark the Rest</source>
+        <extracomment>Button that shows and marks all of a very long line.</extracomment>
+        <translation>Marcar el resto</translation>
+    </message>
+    <message id="SStop">
+        <source>Sto&amp;p</source>
+        <extracomment>Button that ends the run after the address under way.</extracomment>
+        <translation>Detener</translation>
+    </message>
+    <message id="SGoOn">
+        <source>Go &amp;On</source>
+        <extracomment>Button that asks about the rest after a stop.</extracomment>
+        <translation>Continuar</translation>
+    </message>
+    <message id="SStopped">
+        <source>Stopped: %@ of %@ checked.</source>
+        <extracomment>Below the list after a stop.</extracomment>
+        <translation>Detenido: %@ de %@ comprobadas.</translation>
+    </message>
+    <message id="SWaiting">
+        <source>Waiting for the service, %@ s</source>
+        <extracomment>Beside the progress while no answer comes; the number is of seconds.</extracomment>
+        <translation>Esperando al servicio, %@ s</translation>
+    </message>
+    <message id="SGaveUp" numerus="yes">
+        <source>The address service has not answered for %n minutes.</source>
+        <extracomment>Banner after a run that gave up waiting.</extracomment>
+        <translation>
+            <numerusform>El servicio de direcciones no responde desde hace %n minuto.</numerusform>
+            <numerusform>El servicio de direcciones no responde desde hace %n minutos.</numerusform>
+        </translation>
+    </message>
+    <message id="SNotAskedYet" numerus="yes">
+        <source>%n addresses were not asked about.</source>
+        <extracomment>Second sentence of that banner.</extracomment>
+        <translation>
+            <numerusform>No se preguntó por %n dirección.</numerusform>
+            <numerusform>No se preguntó por %n direcciones.</numerusform>
+        </translation>
+    </message>
+    <message id="SNotAskedShort">
+        <source>Not asked about</source>
+        <extracomment>Status, in a report, of an address that has no outcome.</extracomment>
+        <translation>Sin comprobar</translation>
+    </message>
+    <message id="SSeveral" numerus="yes">
+        <source>%n addresses selected</source>
+        <extracomment>Above what can be done with them; a line on how they stand follows.</extracomment>
+        <translation>
+            <numerusform>%n dirección seleccionada</numerusform>
+            <numerusform>%n direcciones seleccionadas</numerusform>
+        </translation>
+    </message>
+    <message id="SReasonName">
+        <source>Show errors for the reason</source>
+        <extracomment>Spoken name of the list of reasons.</extracomment>
+        <translation>Mostrar los errores por el motivo</translation>
+    </message>
+    <message id="SAllReasons">
+        <source>All Reasons</source>
+        <extracomment>First entry of the list of reasons.</extracomment>
+        <translation>Todos los motivos</translation>
+    </message>
+    <message id="SReasonCount">
+        <source>%@ (%@)</source>
+        <extracomment>Entry of the list of reasons: the message and how many there are.</extracomment>
+        <translation>%@ (%@)</translation>
+    </message>
+    <message id="SSearch">
+        <source>Search (Ctrl+F)</source>
+        <extracomment>Stands in the empty search field.</extracomment>
+        <translation>Buscar (Ctrl+F)</translation>
+    </message>
+    <message id="SSearchName">
+        <source>Search in both texts</source>
+        <extracomment>Spoken name of the search field.</extracomment>
+        <translation>Buscar en ambos textos</translation>
+    </message>
+    <message id="SMore">
+        <source>&amp;More</source>
+        <extracomment>Button that opens the menu.</extracomment>
+        <translation>&amp;Herramientas</translation>
+    </message>
+    <message id="SUndo">
+        <source>Undo</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Deshacer</translation>
+    </message>
+    <message id="SUndoStep">
+        <source>Undo %@</source>
+        <extracomment>Menu; the step follows.</extracomment>
+        <translation>Deshacer: %@</translation>
+    </message>
+    <message id="SRedo">
+        <source>Redo</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Rehacer</translation>
+    </message>
+    <message id="SRedoStep">
+        <source>Redo %@</source>
+        <extracomment>Menu; the step follows.</extracomment>
+        <translation>Rehacer: %@</translation>
+    </message>
+    <message id="SCopy">
+        <source>Copy Rows</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Copiar filas</translation>
+    </message>
+    <message id="SFind">
+        <source>Search</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Buscar</translation>
+    </message>
+    <message id="SSameForAll">
+        <source>The Same for All…</source>
+        <extracomment>Menu: makes the person's change in other addresses, too.</extracomment>
+        <translation>Lo mismo para todas…</translation>
+    </message>
+    <message id="SHostOrder">
+        <source>Original Order</source>
+        <extracomment>Menu: ends the sorting by a column.</extracomment>
+        <translation>Orden original</translation>
+    </message>
+    <message id="SSummary">
+        <source>Summar&amp;y…</source>
+        <extracomment>Button that shows how the run went.</extracomment>
+        <translation>Resumen…</translation>
+    </message>
+    <message id="SSummaryAction">
+        <source>Summary and Report…</source>
+        <extracomment>Menu: the same.</extracomment>
+        <translation>Resumen e informe…</translation>
+    </message>
+    <message id="SStepAsk" numerus="yes">
+        <source>Check of %n</source>
+        <extracomment>A step, after Undo: addresses that were asked about again.</extracomment>
+        <translation>
+            <numerusform>comprobación de %n</numerusform>
+            <numerusform>comprobación de %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepChoose" numerus="yes">
+        <source>Choice for %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>elección para %n</numerusform>
+            <numerusform>elección para %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepUse" numerus="yes">
+        <source>Text of %n</source>
+        <extracomment>A step, after Undo: the person's text was taken.</extracomment>
+        <translation>
+            <numerusform>texto de %n</numerusform>
+            <numerusform>texto de %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepTyped" numerus="yes">
+        <source>Take as Typed of %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>dejar como está %n</numerusform>
+            <numerusform>dejar como están %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepIgnore" numerus="yes">
+        <source>Ignore of %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>omisión de %n</numerusform>
+            <numerusform>omisión de %n</numerusform>
+        </translation>
+    </message>
+    <message id="SStepSame" numerus="yes">
+        <source>Same Change in %n</source>
+        <extracomment>A step, after Undo.</extracomment>
+        <translation>
+            <numerusform>mismo cambio en %n</numerusform>
+            <numerusform>mismo cambio en %n</numerusform>
+        </translation>
+    </message>
+    <message id="SLeaveQuestion">
+        <source>Close the window? There is work in it that is not applied.</source>
+        <extracomment>Question at closing.</extracomment>
+        <translation>¿Cerrar la ventana? Contiene trabajo sin aplicar.</translation>
+    </message>
+    <message id="SLeaveDiscard">
+        <source>&amp;Discard</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Descartar</translation>
+    </message>
+    <message id="SLeaveStay">
+        <source>&amp;Stay</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Seguir aquí</translation>
+    </message>
+    <message id="SSameQuestion" numerus="yes">
+        <source>Make the same change in %n more addresses?</source>
+        <extracomment>Question; the change and the addresses follow.</extracomment>
+        <translation>
+            <numerusform>¿Hacer el mismo cambio en %n dirección más?</numerusform>
+            <numerusform>¿Hacer el mismo cambio en %n direcciones más?</numerusform>
+        </translation>
+    </message>
+    <message id="SSameChange">
+        <source>&amp;Change and Check</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Cambiar y comprobar</translation>
+    </message>
+    <message id="SSameLeave">
+        <source>&amp;Leave Them</source>
+        <extracomment>Answer to it.</extracomment>
+        <translation>&amp;Dejarlas</translation>
+    </message>
+    <message id="SMoreAddresses" numerus="yes">
+        <source>and %n more</source>
+        <extracomment>Behind the first addresses of a longer list.</extracomment>
+        <translation>
+            <numerusform>y %n más</numerusform>
+            <numerusform>y %n más</numerusform>
+        </translation>
+    </message>
+    <message id="SColumnReason">
+        <source>Reason</source>
+        <extracomment>Column of a report.</extracomment>
+        <translation>Motivo</translation>
+    </message>
+    <message id="SReportTitle">
+        <source>Address Check</source>
+        <extracomment>Title of the summary and of the report.</extracomment>
+        <translation>Comprobación de direcciones</translation>
+    </message>
+    <message id="SReportName">
+        <source>address-check</source>
+        <extracomment>Name of the file that is offered, without an ending.</extracomment>
+        <translation>comprobacion-de-direcciones</translation>
+    </message>
+    <message id="SReportCsv">
+        <source>Table</source>
+        <extracomment>Kind of file.</extracomment>
+        <translation>Tabla</translation>
+    </message>
+    <message id="SReportHtml">
+        <source>Web page</source>
+        <extracomment>Kind of file.</extracomment>
+        <translation>Página web</translation>
+    </message>
+    <message id="SReportFailed">
+        <source>%@ was not saved: %@.</source>
+        <extracomment>The file and why.</extracomment>
+        <translation>No se guardó %@: %@.</translation>
+    </message>
+    <message id="SSaveReport">
+        <source>&amp;Save Report…</source>
+        <extracomment>Button of the summary.</extracomment>
+        <translation>&amp;Guardar informe…</translation>
+    </message>
+    <message id="SSaveReportTitle">
+        <source>Save the report</source>
+        <extracomment>Title of the file dialog.</extracomment>
+        <translation>Guardar el informe</translation>
+    </message>
+    <message id="SClose">
+        <source>&amp;Close</source>
+        <extracomment>Button of the summary.</extracomment>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message id="SSumRight">
+        <source>Right as typed</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Correctas como están</translation>
+    </message>
+    <message id="SSumFixed">
+        <source>Corrected</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Corregidas</translation>
+    </message>
+    <message id="SSumOwn">
+        <source>As you wrote them</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Como las escribió usted</translation>
+    </message>
+    <message id="SSumMultiple">
+        <source>To be chosen</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Por elegir</translation>
+    </message>
+    <message id="SSumErrors">
+        <source>Errors</source>
+        <extracomment>Line of the summary; the reasons follow.</extracomment>
+        <translation>Errores</translation>
+    </message>
+    <message id="SSumPending">
+        <source>Not asked about</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Sin comprobar</translation>
     </message>
     <message id="SDesignatorTitle">
         <source>Choose One Address</source>

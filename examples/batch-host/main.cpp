@@ -102,6 +102,7 @@ void addOptions(QCommandLineParser& parser) {
        QStringLiteral("HOST[:PORT]")},
       {QStringLiteral("candidates"), QStringLiteral("Addresses to choose from, JSON."),
        QStringLiteral("FILE")},
+      {QStringLiteral("plain"), QStringLiteral("The window without what a host has to turn on.")},
       {QStringLiteral("dark"), QStringLiteral("Dark colours.")},
   });
 }
@@ -152,6 +153,9 @@ int main(int argc, char** argv) {
   const QList<std::shared_ptr<AddressEntry>> labels = labelsOf(*text);
   PostwrightController window(labels, !parser.isSet(QStringLiteral("keep-punctuation")),
                               capitalization, parser.value(QStringLiteral("mixed-case")));
+  if (!parser.isSet(QStringLiteral("plain"))) {
+    window.setOptions(BatchOptions::all());
+  }
   if (!candidates->isEmpty()) {
     window.setAsk(askDirectory(directoryOf(*candidates)));
   }

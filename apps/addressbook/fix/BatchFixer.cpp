@@ -60,6 +60,7 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixOptions& o
   }
   PostwrightController window(entries, options.removesPunctuation,
                               static_cast<qint32>(options.textCase), options.spellings, parent);
+  window.setOptions(BatchOptions::all());
   if (window.exec() != kApplied) {
     return {};
   }

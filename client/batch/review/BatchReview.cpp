@@ -2,7 +2,10 @@
 
 #include <postwright/FixResult.h>
 
+#include <QStringList>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace postwright {
 namespace {
@@ -59,6 +62,68 @@ BatchResultRecordList filterRecords(const BatchResultRecordList& records,
   return passed;
 }
 
+namespace {
+
+bool holdsWords(const BatchResultRecord::Values& values, const QStringList& words) {
+  return std::all_of(words.begin(), words.end(), [&values](const QString& word) {
+    return values.address.contains(word, Qt::CaseInsensitive) ||
+           values.fixed.contains(word, Qt::CaseInsensitive);
+  });
+}
+
+// What records are sorted by, worked out once for each: the texts folded, the statuses with those
+// that need a person first and those that have no outcome last.
+std::pair<int, QString> sortKey(const BatchResultRecord::Values& values, RecordQuery::Order order) {
+  switch (order) {
+    case RecordQuery::Order::Address:
+      return {0, values.address.toCaseFolded()};
+    case RecordQuery::Order::Fixed:
+      return {values.fixed.isEmpty() ? 1 : 0, values.fixed.toCaseFolded()};
+    case RecordQuery::Order::Status:
+      return {values.pending ? 1 : -values.status, values.result};
+    case RecordQuery::Order::Host:
+      break;
+  }
+  return {};
+}
+
+void sortRecords(BatchResultRecordList& records, const RecordQuery& query) {
+  std::vector<std::pair<std::pair<int, QString>, BatchResultRecordPointer>> keyed;
+  keyed.reserve(static_cast<std::size_t>(records.size()));
+  for (const BatchResultRecordPointer& record : records) {
+    keyed.emplace_back(sortKey(record->values(), query.order), record);
+  }
+  std::stable_sort(keyed.begin(), keyed.end(), [&query](const auto& one, const auto& other) {
+    return query.descending ? other.first < one.first : one.first < other.first;
+  });
+  std::transform(keyed.begin(), keyed.end(), records.begin(),
+                 [](const auto& one) { return one.second; });
+}
+
+}  // namespace
+
+BatchResultRecordList findRecords(const BatchResultRecordList& records, const RecordQuery& query) {
+  BatchResultRecordList found = filterRecords(records, query.statuses);
+  const QStringList words = query.search.split(u' ', Qt::SkipEmptyParts);
+  if (!words.isEmpty() || !query.reason.isEmpty()) {
+    found.removeIf([&](const BatchResultRecordPointer& record) {
+      const BatchResultRecord::Values values = record->values();
+      const bool ofReason =
+          query.reason.isEmpty() ||
+          (!values.pending && values.status == AddressStatusError && values.result == query.reason);
+      return !ofReason || !holdsWords(values, words);
+    });
+  }
+  if (query.order != RecordQuery::Order::Host) {
+    sortRecords(found, query);
+  }
+  return found;
+}
+
+bool needsPerson(const BatchResultRecord::Values& values) {
+  return !values.pending && values.status >= AddressStatusMultiple;
+}
+
 qsizetype ReviewCounts::ofStatus(AddressStatus status) const {
   switch (status) {
     case AddressStatusUnchanged:
@@ -82,17 +147,27 @@ ReviewCounts countRecords(const BatchResultRecordList& records) {
 }
 
 void ReviewTally::update(const BatchResultRecord& record) {
-  const Kind kind = kindOf(record.values());
+  const BatchResultRecord::Values values = record.values();
+  const Kind kind = kindOf(values);
   remove(record);
-  _kinds.insert(&record, kind);
+  const QString reason = kind >= Error ? values.result : QString();
+  _counted.insert(&record, {kind, reason});
   count(kind, 1, _counts);
+  if (kind >= Error) {
+    ++_reasons[reason];
+  }
 }
 
 void ReviewTally::remove(const BatchResultRecord& record) {
-  const auto known = _kinds.constFind(&record);
-  if (known != _kinds.constEnd()) {
-    count(static_cast<Kind>(*known), -1, _counts);
-    _kinds.erase(known);
+  const auto known = _counted.constFind(&record);
+  if (known == _counted.constEnd()) {
+    return;
+  }
+  const auto [kind, reason] = *known;
+  _counted.erase(known);
+  count(static_cast<Kind>(kind), -1, _counts);
+  if (kind >= Error && --_reasons[reason] == 0) {
+    _reasons.remove(reason);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <postwright/BatchResultRecord.h>
 
 #include <QHash>
+#include <QMap>
 #include <array>
 
 namespace postwright {
@@ -15,6 +16,24 @@ using StatusFilter = std::array<bool, 4>;
 // record pass, none selected none. A record that was not asked about counts as unchanged.
 BatchResultRecordList filterRecords(const BatchResultRecordList& records,
                                     const StatusFilter& filter);
+
+// What the list shows of the records, beside the filter of statuses, and in which order.
+struct RecordQuery {
+  enum class Order { Host, Address, Fixed, Status };
+
+  StatusFilter statuses{true, true, true, true};
+  QString reason;  // of the errors, those with this message alone; empty: all records
+  QString search;  // words that stand in the typed or the corrected text, whatever their case
+  Order order = Order::Host;
+  bool descending = false;
+};
+
+// Returns the records of `records`, which are in the host's order, that pass `query`. Records that
+// are equal by its order stay in the host's.
+BatchResultRecordList findRecords(const BatchResultRecordList& records, const RecordQuery& query);
+
+// True for a record that a person has to look at: an error or a choice.
+bool needsPerson(const BatchResultRecord::Values& values);
 
 // How the records of a list stand. Each is counted in one of the first five.
 struct ReviewCounts {
@@ -41,12 +60,20 @@ class ReviewTally {
   // Counts `record`, anew where it was counted before.
   void update(const BatchResultRecord& record);
   void remove(const BatchResultRecord& record);
+  bool contains(const BatchResultRecord& record) const { return _counted.contains(&record); }
 
   const ReviewCounts& counts() const { return _counts; }
+  // The errors, by their messages.
+  const QMap<QString, qsizetype>& reasons() const { return _reasons; }
 
  private:
-  QHash<const BatchResultRecord*, quint8> _kinds;
+  struct Counted {
+    quint8 kind;
+    QString reason;
+  };
+  QHash<const BatchResultRecord*, Counted> _counted;
   ReviewCounts _counts;
+  QMap<QString, qsizetype> _reasons;
 };
 
 }  // namespace postwright

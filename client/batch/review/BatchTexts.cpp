@@ -24,7 +24,7 @@ QString statusText(const BatchResultRecord::Values& values) {
     case AddressStatusUnchanged:
       return localizedString("SStatusUnchanged");
     case AddressStatusFixed:
-      return localizedString("SStatusFixed");
+      return localizedString(values.own ? "SStatusOwn" : "SStatusFixed");
     case AddressStatusMultiple:
       return localizedString("SStatusMultiple");
     case AddressStatusError:
@@ -47,6 +47,48 @@ QString hintText(const BatchResultRecord::Values& values) {
     default:
       return {};
   }
+}
+
+QStringList changeTexts(const Differences& differences) {
+  QStringList texts;
+  for (const Move& move : differences.moves) {
+    texts.append(StringHelpers::stringWithFormat(
+        localizedString("SSpokenMoved"), {move.word, number(move.fromLine), number(move.toLine)}));
+  }
+  for (const Change& change : differences.changes) {
+    const char* key = change.from.isEmpty() ? "SSpokenAdded"
+                      : change.to.isEmpty() ? "SSpokenRemoved"
+                                            : "SSpokenChanged";
+    const QStringList words =
+        change.from.isEmpty() ? QStringList{change.to} : QStringList{change.from, change.to};
+    texts.append(StringHelpers::stringWithFormat(localizedString(key), words));
+  }
+  return texts;
+}
+
+QString spokenText(const QString& fixed, const Differences& differences) {
+  return (QStringList{fixed} + changeTexts(differences)).join(QStringLiteral(". "));
+}
+
+QString toolTipText(const BatchResultRecord::Values& values, const Differences& differences) {
+  constexpr qsizetype kMostChanges = 12;
+  constexpr qsizetype kLongestChange = 120;
+  QStringList lines{statusText(values)};
+  const QString hint = hintText(values);
+  if (!hint.isEmpty()) {
+    lines.append(hint);
+  }
+  const QStringList changes = changeTexts(differences);
+  for (const QString& change : changes.first(std::min(changes.size(), kMostChanges))) {
+    lines.append(change.size() > kLongestChange ? change.first(kLongestChange) + u'…' : change);
+  }
+  if (changes.size() > kMostChanges) {
+    lines.append(localizedString("SMoreChanges", changes.size() - kMostChanges));
+  }
+  lines.removeAll(QString());
+  // Plain text: what a label holds is never read as markup.
+  return QStringLiteral("<p style='white-space:pre'>") + lines.join(u'\n').toHtmlEscaped() +
+         QStringLiteral("</p>");
 }
 
 QString segmentText(AddressStatus status, qsizetype count) {
@@ -129,13 +171,47 @@ std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
   return left < std::chrono::seconds(2) ? std::nullopt : std::optional(left);
 }
 
-QString bannerText(const ReviewCounts& counts) {
+QString bannerText(const ReviewCounts& counts, std::optional<std::chrono::milliseconds> gaveUp) {
+  if (gaveUp) {
+    const auto minutes = std::chrono::round<std::chrono::minutes>(*gaveUp).count();
+    return localizedString("SGaveUp", minutes) + u' ' +
+           localizedString("SNotAskedYet", counts.pending);
+  }
   if (counts.notAsked == 0) {
     return {};
   }
   const QString cause =
       localizedString(counts.noNetwork == counts.notAsked ? "SNoNetwork" : "SServiceDown");
   return cause + u' ' + localizedString("SNotChecked", counts.notAsked);
+}
+
+QString waitingText(std::chrono::seconds waited) {
+  return StringHelpers::stringWithFormat(localizedString("SWaiting"), {number(waited.count())});
+}
+
+QString stoppedText(const ReviewCounts& counts) {
+  return StringHelpers::stringWithFormat(
+      localizedString("SStopped"),
+      {number(counts.total() - counts.pending), number(counts.total())});
+}
+
+QString severalText(const ReviewCounts& counts) {
+  const std::pair<const char*, qsizetype> parts[] = {
+      {"SFilterUnchanged", counts.unchanged}, {"SFilterFixed", counts.fixed},
+      {"SFilterMultiple", counts.multiple},   {"SFilterError", counts.errors},
+      {"SNotAskedShort", counts.pending},
+  };
+  QStringList texts;
+  for (const auto& [key, count] : parts) {
+    if (count > 0) {
+      texts.append(localizedString(key).remove(u'&') + QStringLiteral(": ") + number(count));
+    }
+  }
+  return localizedString("SSeveral", counts.total()) + u'\n' + texts.join(QStringLiteral(", "));
+}
+
+QString reasonText(const QString& reason, qsizetype count) {
+  return StringHelpers::stringWithFormat(localizedString("SReasonCount"), {reason, number(count)});
 }
 
 QString emptyText(qsizetype total) {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "client/batch/review/BatchReview.h"
+#include "client/batch/review/Differences.h"
 
 namespace postwright {
 
@@ -17,8 +18,20 @@ QString statusText(const BatchResultRecord::Values& values);
 // What stands in place of a corrected text that is not there: the step that a record waits for.
 QString hintText(const BatchResultRecord::Values& values);
 
+// What changed, a sentence for each change, words that moved first.
+QStringList changeTexts(const Differences& differences);
+
+// What a screen reader says of a corrected text: the text, and what became of each word.
+QString spokenText(const QString& fixed, const Differences& differences);
+
+// What a tool tip says of a record: how it stands, why, and what changed.
+QString toolTipText(const BatchResultRecord::Values& values, const Differences& differences);
+
 // The caption of the filter's segment.
 QString segmentText(AddressStatus status, qsizetype count);
+
+// An entry of the list of reasons: the message of errors and how many there are.
+QString reasonText(const QString& reason, qsizetype count);
 
 // The caption of the button that applies: it says in numbers what it will do.
 QString applyText(const ReviewCounts& counts);
@@ -35,8 +48,19 @@ QString progressText(qsizetype done, qsizetype total,
 std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
                                              std::chrono::milliseconds elapsed);
 
-// What to say above a list in which the service failed; empty where it did not.
-QString bannerText(const ReviewCounts& counts);
+// What to say above a list in which the service failed; empty where it did not. `gaveUp`: the run
+// ended because the service did not answer any more, `after` this long.
+QString bannerText(const ReviewCounts& counts,
+                   std::optional<std::chrono::milliseconds> gaveUp = std::nullopt);
+
+// That the service is being waited for, and for how long now.
+QString waitingText(std::chrono::seconds waited);
+
+// That a run was stopped, and how far it has come.
+QString stoppedText(const ReviewCounts& counts);
+
+// What can be done with several selected records: how many they are, and how they stand.
+QString severalText(const ReviewCounts& counts);
 
 // Why no row is shown.
 QString emptyText(qsizetype total);

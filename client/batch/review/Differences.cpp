@@ -1,7 +1,10 @@
 #include "client/batch/review/Differences.h"
 
+#include <QHash>
 #include <QStringList>
+#include <QTextBoundaryFinder>
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -19,6 +22,7 @@ struct Letter {
 struct Word {
   qsizetype start = 0;
   qsizetype length = 0;
+  int line = 0;
   std::vector<Letter> letters;
   bool operator==(const Word& other) const { return letters == other.letters; }
 };
@@ -28,23 +32,47 @@ using Words = std::vector<Word>;
 
 // More cells than this are not compared, of words and of letters.
 constexpr std::size_t kMostCells = 10000;
+// Nor more cells of letters in one comparison of texts, all their words together.
+constexpr std::size_t kMostLetterCells = 400000;
+
+// A letter with its marks as one number: the composed character where there is one, else a number
+// past all characters that the same letters give again.
+char32_t foldedLetter(QStringView letter) {
+  const QString composed =
+      letter.toString().normalized(QString::NormalizationForm_C).toCaseFolded();
+  const QList<uint> characters = composed.toUcs4();
+  constexpr char32_t kPastCharacters = 0x80000000;
+  return characters.size() == 1 ? char32_t{characters.first()}
+                                : kPastCharacters | static_cast<char32_t>(qHash(composed));
+}
 
 std::vector<Letter> lettersOf(QStringView text, qsizetype start, qsizetype end) {
+  constexpr char16_t kFirstCombining = 0x300;
   std::vector<Letter> letters;
-  for (qsizetype i = start; i < end;) {
-    const bool two = text[i].isHighSurrogate() && i + 1 < end && text[i + 1].isLowSurrogate();
-    const char32_t character =
-        two ? QChar::surrogateToUcs4(text[i], text[i + 1]) : char32_t{text[i].unicode()};
-    letters.push_back({i, two ? 2 : 1, QChar::toCaseFolded(character)});
-    i += two ? 2 : 1;
+  const QStringView word = text.sliced(start, end - start);
+  if (std::all_of(word.begin(), word.end(),
+                  [](QChar character) { return character < QChar(kFirstCombining); })) {
+    for (qsizetype i = start; i < end; ++i) {
+      letters.push_back({i, 1, QChar::toCaseFolded(char32_t{text[i].unicode()})});
+    }
+    return letters;
+  }
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word.data(), word.size());
+  for (qsizetype from = 0; from < word.size();) {
+    const qsizetype next = finder.toNextBoundary();
+    const qsizetype to = next < 0 ? word.size() : next;
+    letters.push_back({start + from, to - from, foldedLetter(word.sliced(from, to - from))});
+    from = to;
   }
   return letters;
 }
 
 Words wordsOf(QStringView text) {
   Words words;
+  int line = 0;
   for (qsizetype start = 0; start < text.size();) {
     if (text[start].isSpace()) {
+      line += text[start] == u'\n' ? 1 : 0;
       ++start;
       continue;
     }
@@ -52,7 +80,7 @@ Words wordsOf(QStringView text) {
     while (end < text.size() && !text[end].isSpace()) {
       ++end;
     }
-    words.push_back({start, end - start, lettersOf(text, start, end)});
+    words.push_back({start, end - start, line, lettersOf(text, start, end)});
     start = end;
   }
   return words;
@@ -97,11 +125,31 @@ std::vector<Pair> alignLetters(const Word& before, const Word& after) {
   });
 }
 
-// 1 for equal words, 0 for words that are not more than half alike.
-double likeness(const Word& before, const Word& after) {
+// No more than half of the letters are common, whatever their order.
+bool isPlainlyUnlike(const Word& before, const Word& after) {
+  constexpr std::size_t kBuckets = 64;
+  std::array<int, kBuckets> seen{};
+  for (const Letter& letter : before.letters) {
+    ++seen[letter.folded % kBuckets];
+  }
+  std::size_t common = 0;
+  for (const Letter& letter : after.letters) {
+    common += seen[letter.folded % kBuckets]-- > 0 ? 1 : 0;
+  }
+  return 4 * common <= before.letters.size() + after.letters.size();
+}
+
+// 1 for equal words, 0 for words that are not more than half alike. Takes the cells that it
+// compares off `budget`; with none left, words are equal or not at all alike.
+double likeness(const Word& before, const Word& after, std::size_t& budget) {
   if (before == after) {
     return 1;
   }
+  const std::size_t cells = before.letters.size() * after.letters.size();
+  if (cells > budget || isPlainlyUnlike(before, after)) {
+    return 0;
+  }
+  budget -= cells;
   const double common = 2.0 * static_cast<double>(alignLetters(before, after).size());
   const double alike = common / static_cast<double>(before.letters.size() + after.letters.size());
   return alike > 0.5 ? alike : 0;
@@ -125,8 +173,9 @@ std::vector<Pair> alignWords(const Words& before, const Words& after) {
   const std::size_t rows = before.size() - head - tail;
   const std::size_t columns = after.size() - head - tail;
   if (rows * columns <= kMostCells) {
+    std::size_t budget = kMostLetterCells;
     const auto inner = align(rows, columns, [&](std::size_t i, std::size_t j) {
-      return likeness(before[head + i], after[head + j]);
+      return likeness(before[head + i], after[head + j], budget);
     });
     for (const auto& [i, j] : inner) {
       pairs.emplace_back(head + i, head + j);
@@ -173,6 +222,43 @@ void markWords(const Words& words, std::size_t begin, std::size_t end, QList<Tex
   }
 }
 
+// Which line of the text after a line of the text before became: the one that has most of its
+// words, the first of several; -1 where none has.
+std::vector<int> linesBecome(const Words& old, const Words& fresh, const std::vector<Pair>& pairs) {
+  std::vector<int> becomes(old.empty() ? 0 : static_cast<std::size_t>(old.back().line) + 1, -1);
+  std::vector<int> most(becomes.size(), 0);
+  int line = -1;
+  int target = -1;
+  int count = 0;
+  for (const auto& [i, j] : pairs) {  // in order of both texts: words of one pair of lines adjoin
+    count = old[i].line == line && fresh[j].line == target ? count + 1 : 1;
+    line = old[i].line;
+    target = fresh[j].line;
+    if (count > most[static_cast<std::size_t>(line)]) {
+      most[static_cast<std::size_t>(line)] = count;
+      becomes[static_cast<std::size_t>(line)] = target;
+    }
+  }
+  return becomes;
+}
+
+// Words that went from their line into one that another line became. A line that was only broken or
+// joined moved none.
+void findMoves(const QString& before, const Words& old, const Words& fresh,
+               const std::vector<Pair>& pairs, Differences& differences) {
+  const std::vector<int> becomes = linesBecome(old, fresh, pairs);
+  for (const auto& [i, j] : pairs) {
+    const int target = fresh[j].line;
+    const bool stays = becomes[static_cast<std::size_t>(old[i].line)] == target;
+    if (!stays && std::find(becomes.begin(), becomes.end(), target) != becomes.end()) {
+      differences.movedFrom.append({old[i].start, old[i].length});
+      differences.movedTo.append({fresh[j].start, fresh[j].length});
+      differences.moves.append(
+          {before.mid(old[i].start, old[i].length), old[i].line + 1, target + 1});
+    }
+  }
+}
+
 }  // namespace
 
 Differences findDifferences(const QString& before, const QString& after) {
@@ -189,7 +275,9 @@ Differences findDifferences(const QString& before, const QString& after) {
           {textOf(before, old, i, nextOld), textOf(after, fresh, j, nextFresh)});
     }
   };
-  for (const auto& [row, column] : alignWords(old, fresh)) {
+  const std::vector<Pair> pairs = alignWords(old, fresh);
+  findMoves(before, old, fresh, pairs, differences);
+  for (const auto& [row, column] : pairs) {
     skipTo(row, column);
     if (!(old[row] == fresh[column])) {
       const std::vector<Pair> letters = alignLetters(old[row], fresh[column]);

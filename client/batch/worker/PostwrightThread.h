@@ -5,18 +5,25 @@
 #include <postwright/PostwrightClient.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 
+#include "client/batch/worker/Patience.h"
 #include "client/suite/WorkerThread.h"
 
 namespace postwright {
 
+class TwinOutcomes;
+
 // Keys of the worker's parameters beside PostwrightResultsKey (a BatchResultRecordList) and
-// MachPortKey: the settings of its client, the last two absent where there are none.
+// MachPortKey: the settings of its client, and what is absent in the plain case.
 inline const QString RemovePunctuationKey = QStringLiteral("removePunctuation");
 inline const QString CapitalizationKey = QStringLiteral("capitalization");
 inline const QString MixedCaseKey = QStringLiteral("mixedCase");
 inline const QString AskKey = QStringLiteral("ask");  // an AskFunction in place of the service
+inline const QString PatienceKey = QStringLiteral("patience");   // a Patience
+inline const QString KeepsPendingKey = QStringLiteral("keeps");  // true: see abandon()
 
 // The worker of a batch: asks about the pending records of a list, one after another and through a
 // client of its own, and reports each.
@@ -31,6 +38,11 @@ inline const QString AskKey = QStringLiteral("ask");  // an AskFunction in place
 // meanwhile; then one ThreadStopMessage, whether the list was finished, cancelled or missing. A
 // text that stands in the list several times is asked about once. Records may be changed by other
 // threads at any time; the list itself is the worker's own.
+//
+// With a Patience, records that the service leaves without an answer are held: three in a row make
+// the run pause until one of them gets an answer, and then all of them are asked about once more.
+// Where none gets one for as long as the patience lasts, the run ends, they stay pending, and they
+// and all behind them have no message.
 class PostwrightThread final : public WorkerThread {
  public:
   // An object serves one run: cancel() may come before the new thread has begun, and must not be
@@ -40,17 +52,24 @@ class PostwrightThread final : public WorkerThread {
 
   // Ends the run after the record that is being asked about, which still gets its outcome. Any
   // thread.
-  void cancel() { _cancel = true; }
+  void cancel();
 
   // The same, and does not let that record wait for a silent service: within about a second it
-  // fails as one without a reply. Any thread.
+  // fails as one without a reply or, where KeepsPendingKey says so, stays pending. Any thread.
   void abandon();
 
  private:
+  struct Run;
   void threadTask(const QVariantMap& parameters) override;
-  void fixRecords(const BatchResultRecordList& records, const AskFunction& ask,
-                  PostwrightClient& client);
+  void fixRecords(const BatchResultRecordList& records, Run& run);
+  void fixPatiently(const BatchResultRecordList& records, Run& run);
+  void settle(BatchResultRecordList& held, Run& run);
+  bool waitForService(const BatchResultRecordList& held, Run& run);
+  bool isAnswered(BatchResultRecord& record, bool finally, Run& run);
+  bool pause(std::chrono::milliseconds length);
 
+  std::mutex _lock;
+  std::condition_variable _cancelled;
   std::atomic<bool> _cancel = false;
   const std::shared_ptr<std::atomic<bool>> _abandoned = std::make_shared<std::atomic<bool>>(false);
 };

@@ -41,4 +41,11 @@ AddressOutcome TwinOutcomes::outcomeFor(const QString& address,
   return withOwnCandidates(**remembered);
 }
 
+void TwinOutcomes::forget(const QString& address) {
+  const auto remembered = _outcomes.find(address);
+  if (remembered != _outcomes.end()) {
+    remembered->reset();
+  }
+}
+
 }  // namespace postwright

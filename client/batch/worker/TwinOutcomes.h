@@ -25,6 +25,9 @@ class TwinOutcomes {
   AddressOutcome outcomeFor(const QString& address,
                             const std::function<AddressOutcome(const QString&)>& ask);
 
+  // Has the next caller ask about `address` again.
+  void forget(const QString& address);
+
  private:
   QHash<QString, std::optional<AddressOutcome>> _outcomes;
 };

@@ -25,6 +25,7 @@ class DifferencesTest : public QObject {
  private slots:
   void marksWhatChanged_data();
   void marksWhatChanged();
+  void tellsWhatMoved();
   void longTextsTakeBoundedTime();
 };
 
@@ -49,6 +50,12 @@ void DifferencesTest::marksWhatChanged_data() {
       << u"[Strexx] Str[x]et"_qs << u"Stre[e]t"_qs << u"Strexx>|Strxet>Street"_qs;
   QTest::newRow("from nothing") << u""_qs << u"[a]"_qs << u">a"_qs;
   QTest::newRow("to nothing") << u"[a]"_qs << u" \n"_qs << u"a>"_qs;
+  QTest::newRow("composed or not")
+      << u"Jose\u0301 Pen\u0303a"_qs << u"JOS\u00C9 PE\u00D1A"_qs << u""_qs;
+  QTest::newRow("a mark goes with its letter")
+      << u"Jos[e\u0301]"_qs << u"JOS[E]"_qs << u"Jose\u0301>JOSE"_qs;
+  QTest::newRow("right to left") << u"\u05D3\u05D5\u05D3 [Oak]"_qs << u"\u05D3\u05D5\u05D3 [Elm]"_qs
+                                 << u"Oak>Elm"_qs;
   QTest::newRow("halves of a character stay together")
       << u"ab[\U0001F3E0]"_qs << u"ab[\U0001F3E1]"_qs << u"ab\U0001F3E0>ab\U0001F3E1"_qs;
 }
@@ -65,6 +72,33 @@ void DifferencesTest::marksWhatChanged() {
     spoken.append(change.from + u'>' + change.to);
   }
   QCOMPARE(spoken.join(u'|'), changes);
+}
+
+// What left its line for one that was there already. Lines that were broken or joined are the same.
+void DifferencesTest::tellsWhatMoved() {
+  const struct {
+    QString before;
+    QString after;
+    QString moves;
+  } rows[] = {
+      {u"Jane Doe [1]\n1 fix Street"_qs, u"JANE DOE\n[1] 1 FIX ST"_qs, u"1 1>2"_qs},
+      {u"12 Main St, Austin TX"_qs, u"12 Main St,\nAustin TX"_qs, u""_qs},
+      {u"12 Main St\nApt 4\nAustin"_qs, u"12 Main St Apt 4\nAustin"_qs, u""_qs},
+      {u"Red Door\n6 Oak St [Gadsden]\nAL 35901"_qs, u"Red Door\n6 Oak St\n[Gadsden] AL 35901"_qs,
+       u"Gadsden 2>3"_qs},
+      {u"a b\nc d"_qs, u"a b\nc d"_qs, u""_qs},
+      {u"a\n\nb"_qs, u"a\nb"_qs, u""_qs},
+  };
+  for (const auto& [before, after, moves] : rows) {
+    const Differences found = findDifferences(WithoutBrackets(before), WithoutBrackets(after));
+    QCOMPARE(Bracketed(WithoutBrackets(before), found.movedFrom), before);
+    QCOMPARE(Bracketed(WithoutBrackets(after), found.movedTo), after);
+    QStringList told;
+    for (const Move& move : found.moves) {
+      told.append(u"%1 %2>%3"_qs.arg(move.word).arg(move.fromLine).arg(move.toLine));
+    }
+    QCOMPARE(told.join(u'|'), moves);
+  }
 }
 
 // The ends are compared all the same. The hang guard of the test is its only clock.

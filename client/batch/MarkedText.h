@@ -1,0 +1,17 @@
+#ifndef POSTWRIGHT_CLIENT_BATCH_MARKEDTEXT_H_
+#define POSTWRIGHT_CLIENT_BATCH_MARKEDTEXT_H_
+
+#include <QTextEdit>
+
+#include "client/batch/DifferenceFormat.h"
+
+namespace postwright {
+
+// Shows `text` in `field` with its marks, which are in order: those of `kind` and those of words
+// that moved. Written in one go, in time in proportion to the text.
+void showMarked(QTextEdit& field, const QString& text, const QList<TextMark>& marks, MarkKind kind,
+                const QList<TextMark>& moved);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CLIENT_BATCH_MARKEDTEXT_H_

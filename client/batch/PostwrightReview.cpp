@@ -1,0 +1,175 @@
+// What the person does to the records of a batch window: the other half of PostwrightController.
+
+#include <postwright/AddressBookDesignatorController.h>
+#include <postwright/PostwrightController.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+
+#include "client/LocalizedString.h"
+#include "client/batch/BatchQuestions.h"
+#include "client/batch/BatchWindow.h"
+#include "client/batch/review/BatchReport.h"
+#include "client/batch/review/SameChange.h"
+#include "client/suite/ModalRun.h"
+#include "ui_Postwright.h"
+
+namespace postwright {
+
+using Values = BatchResultRecord::Values;
+
+void PostwrightController::reFixAddress(const QString& address) {
+  const BatchResultRecordPointer record = _window->selectedRecord();
+  if (record == nullptr) {
+    return;
+  }
+  BatchResultRecordList asked{record};
+  if (_window->view.detail().isTwinsChecked() && record->values().status == AddressStatusError) {
+    asked += _window->records.errorTwinsOf(*record);
+  }
+  _window->view.detail().forgetDraft(*record);
+  _window->steps.take(localizedString("SStepAsk", asked.size()), asked, [&](Values& values) {
+    values.address = address;
+    values.pending = true;
+  });
+}
+
+// The person has settled a record and goes on to the next; the keyboard stays where it is.
+void PostwrightController::reFix(const QString& address) {
+  reFixAddress(address);
+  _window->goOnToProblem();
+}
+
+void PostwrightController::bnFixErrorAddressClick() {
+  reFix(_window->view.layout().tvErrorAddress->toPlainText());
+}
+
+void PostwrightController::bnFixMultipleAddressClick() {
+  reFix(_window->view.layout().tvMultipleAddress->toPlainText());
+}
+
+void PostwrightController::bnFixEditedAddressClick() {
+  reFix(_window->view.layout().tvEditAddress->toPlainText());
+}
+
+void PostwrightController::bnAskAgainClick() {
+  const BatchResultRecordList records = _window->view.selectedRecords();
+  _window->steps.take(localizedString("SStepAsk", records.size()), records,
+                      [](Values& values) { values.pending = true; });
+}
+
+void PostwrightController::bnChooseSelectedAddressClick() {
+  const BatchResultRecordPointer record = _window->selectedRecord();
+  const int match = _window->view.detail().selectedMatch();
+  if (record == nullptr || match < 0) {
+    return;
+  }
+  const QList<PostwrightSelectorPointer> matches = record->values().matches;
+  if (match >= matches.size()) {
+    return;  // the record has changed and the list of candidates not yet
+  }
+  const PostwrightSelectorPointer& candidate = matches.at(match);
+  const bool forTwins = _window->view.detail().isTwinsChecked();
+  if (candidate->hasRange()) {
+    AddressBookDesignatorController designator(candidate);
+    runModalForWindow(designator, this);
+  }
+  const std::optional<QString> address = candidate->fixedAddress();
+  if (!address) {
+    return;
+  }
+  BatchResultRecordList chosen{record};
+  if (forTwins) {
+    chosen += _window->records.choiceTwinsOf(*record);
+  }
+  _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen, [&](Values& values) {
+    values.fixed = *address;
+    values.status = AddressStatusFixed;
+    values.pending = values.own = false;
+  });
+}
+
+void PostwrightController::bnUseAddressClick() {
+  if (const BatchResultRecordPointer record = _window->selectedRecord()) {
+    _window->steps.take(localizedString("SStepUse", 1), {record}, [](Values& values) {
+      values.fixed = values.address;
+      values.status = AddressStatusFixed;
+      values.pending = values.own = false;
+    });
+  }
+}
+
+void PostwrightController::bnKeepTextClick() {
+  const BatchResultRecordPointer record = _window->selectedRecord();
+  if (record == nullptr) {
+    return;
+  }
+  const QString text = _window->view.detail().ownText();
+  _window->view.detail().forgetDraft(*record);
+  _window->steps.take(localizedString("SStepUse", 1), {record}, [&](Values& values) {
+    values.fixed = text;
+    values.status = AddressStatusFixed;
+    values.pending = false;
+    values.own = true;
+  });
+  _window->goOnToProblem();
+}
+
+void PostwrightController::bnTakeTypedClick() {
+  const BatchResultRecordList records = _window->view.selectedRecords();
+  _window->steps.take(localizedString("SStepTyped", records.size()), records, [](Values& values) {
+    values.fixed = values.address;
+    values.status = AddressStatusUnchanged;
+    values.pending = values.own = false;
+  });
+}
+
+void PostwrightController::bnIgnoreClick() {
+  const BatchResultRecordList records = _window->view.selectedRecords();
+  for (const BatchResultRecordPointer& record : records) {
+    _window->view.detail().forgetDraft(*record);
+  }
+  _window->steps.take(localizedString("SStepIgnore", records.size()), records,
+                      [](Values& values) { values.ignored = true; });
+}
+
+void PostwrightController::sameForAll() {
+  const BatchResultRecordPointer record = _window->selectedRecord();
+  const QList<Change> changes = record != nullptr ? _window->changesBy(*record) : QList<Change>();
+  const BatchResultRecordList records =
+      record != nullptr ? recordsToChange(_window->records.all(), changes, *record)
+                        : BatchResultRecordList();
+  QStringList texts;
+  for (const BatchResultRecordPointer& one : records) {
+    texts.append(one->values().address);
+  }
+  if (records.isEmpty() || !askSameForAll(*this, changes, texts)) {
+    return;
+  }
+  _window->steps.take(localizedString("SStepSame", records.size()), records, [&](Values& values) {
+    values.address = withChanges(values.address, changes);
+    values.pending = true;
+  });
+}
+
+void PostwrightController::undo() {
+  _window->steps.stack().undo();
+}
+
+void PostwrightController::redo() {
+  _window->steps.stack().redo();
+}
+
+void PostwrightController::copy() const {
+  const BatchResultRecordList records = _window->view.selectedRecords();
+  if (records.isEmpty()) {
+    return;
+  }
+  auto* rows = new QMimeData;
+  rows->setText(labelsOf(records));
+  rows->setData(QStringLiteral("text/csv"), csvReport(records).toUtf8());
+  QApplication::clipboard()->setMimeData(rows);
+}
+
+}  // namespace postwright

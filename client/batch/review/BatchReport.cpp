@@ -1,0 +1,130 @@
+#include "client/batch/review/BatchReport.h"
+
+#include <QLocale>
+#include <QMap>
+#include <QStringList>
+
+#include "client/LocalizedString.h"
+#include "client/batch/review/BatchTexts.h"
+
+namespace postwright {
+namespace {
+
+using Values = BatchResultRecord::Values;
+
+QString originalText(const BatchResultRecord& record) {
+  return record.entry() != nullptr ? record.entry()->value() : record.values().address;
+}
+
+// The corrected text, where there is one.
+QString fixedText(const Values& values) {
+  return values.pending ? QString() : values.fixed;
+}
+
+QString standing(const Values& values) {
+  return values.pending ? localizedString("SNotAskedShort") : statusText(values);
+}
+
+QString reasonOf(const Values& values) {
+  return values.own ? localizedString("SFixedOwn") : values.pending ? QString() : hintText(values);
+}
+
+QString csvCell(QString text) {
+  static const QString signs = QStringLiteral("=+-@\t\r");
+  if (!text.isEmpty() && signs.contains(text.front())) {
+    text.prepend(u'\'');
+  }
+  return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+QStringList cellsOf(const BatchResultRecord& record) {
+  const Values values = record.values();
+  return {originalText(record), fixedText(values), standing(values), reasonOf(values)};
+}
+
+QStringList columnNames() {
+  return {localizedString("SColumnAddress"), localizedString("SColumnFixed"),
+          localizedString("SColumnStatus"), localizedString("SColumnReason")};
+}
+
+QString htmlRow(const QStringList& cells, const QString& tag) {
+  QString row = QStringLiteral("<tr>");
+  for (const QString& cell : cells) {
+    row += u'<' + tag + u'>' + cell.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) +
+           QStringLiteral("</") + tag + u'>';
+  }
+  return row + QStringLiteral("</tr>\n");
+}
+
+}  // namespace
+
+QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
+  const ReviewCounts counts = countRecords(records);
+  QMap<QString, qsizetype> reasons;
+  qsizetype own = 0;
+  for (const BatchResultRecordPointer& record : records) {
+    const Values values = record->values();
+    own += !values.pending && values.own ? 1 : 0;
+    if (!values.pending && values.status == AddressStatusError) {
+      ++reasons[values.result];
+    }
+  }
+  QList<SummaryLine> lines{{localizedString("SSumRight"), counts.unchanged},
+                           {localizedString("SSumFixed"), counts.fixed - own},
+                           {localizedString("SSumOwn"), own},
+                           {localizedString("SSumMultiple"), counts.multiple},
+                           {localizedString("SSumErrors"), counts.errors}};
+  for (auto reason = reasons.begin(); reason != reasons.end(); ++reason) {
+    lines.append({reason.key(), reason.value(), true});
+  }
+  lines.append({localizedString("SSumPending"), counts.pending});
+  lines.removeIf([](const SummaryLine& line) { return line.count == 0; });
+  return lines;
+}
+
+QString labelsOf(const BatchResultRecordList& records) {
+  QStringList labels;
+  for (const BatchResultRecordPointer& record : records) {
+    const Values values = record->values();
+    const QString fixed = fixedText(values);
+    labels.append(fixed.isEmpty() ? values.address : fixed);
+  }
+  return labels.join(QStringLiteral("\n\n"));
+}
+
+QString csvReport(const BatchResultRecordList& records) {
+  QString table;
+  const auto append = [&table](const QStringList& cells) {
+    QStringList quoted;
+    for (const QString& cell : cells) {
+      quoted.append(csvCell(cell));
+    }
+    table += quoted.join(u',') + QStringLiteral("\r\n");
+  };
+  append(columnNames());
+  for (const BatchResultRecordPointer& record : records) {
+    append(cellsOf(*record));
+  }
+  return table;
+}
+
+QString htmlReport(const BatchResultRecordList& records) {
+  QString page =
+      QStringLiteral(
+          "<!DOCTYPE html>\n<html lang=\"%1\"><head><meta charset=\"utf-8\"><title>%2"
+          "</title><style>body{font-family:sans-serif}table{border-collapse:collapse;"
+          "margin-bottom:1em}td,th{border:1px solid #999;padding:4px 8px;text-align:left;"
+          "vertical-align:top}</style></head><body><h1>%2</h1>\n<table>\n")
+          .arg(QLocale().bcp47Name(), localizedString("SReportTitle").toHtmlEscaped());
+  for (const SummaryLine& line : summaryLines(records)) {
+    const QString indent = line.part ? QStringLiteral("– ") : QString();
+    page += htmlRow({indent + line.text, QLocale().toString(line.count)}, QStringLiteral("td"));
+  }
+  page += QStringLiteral("</table>\n<table>\n") + htmlRow(columnNames(), QStringLiteral("th"));
+  for (const BatchResultRecordPointer& record : records) {
+    page += htmlRow(cellsOf(*record), QStringLiteral("td"));
+  }
+  return page + QStringLiteral("</table></body></html>\n");
+}
+
+}  // namespace postwright

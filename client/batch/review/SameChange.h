@@ -1,0 +1,28 @@
+#ifndef POSTWRIGHT_CLIENT_BATCH_REVIEW_SAMECHANGE_H_
+#define POSTWRIGHT_CLIENT_BATCH_REVIEW_SAMECHANGE_H_
+
+#include <postwright/BatchResultRecord.h>
+
+#include "client/batch/review/Differences.h"
+
+namespace postwright {
+
+// A change of words that a person made in one text, to be made in others, too.
+
+// The words that became others when `before` became `after`: those that hold a letter, such as a
+// city or a street. A house number is nobody else's.
+QList<Change> wordChanges(const QString& before, const QString& after);
+
+// Returns `text` with each change made wherever its words stand in it, whatever their case; `text`
+// itself where none does.
+QString withChanges(const QString& text, const QList<Change>& changes);
+
+// Of `records`, those that still need a person, or have not been asked about, and that `changes`
+// would change; without `except`.
+BatchResultRecordList recordsToChange(const BatchResultRecordList& records,
+                                      const QList<Change>& changes,
+                                      const BatchResultRecord& except);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_CLIENT_BATCH_REVIEW_SAMECHANGE_H_

@@ -1,0 +1,467 @@
+// What a host turns on in the batch window beyond its plain form.
+
+#include <postwright/PostwrightController.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QTextEdit>
+
+#include "client/batch/BatchSummary.h"
+#include "tests/client/ClientTestMain.h"
+#include "tests/client/Controls.h"
+#include "tests/client/batch/Person.h"
+
+using namespace postwright;  // NOLINT(google-build-using-namespace)
+
+namespace {
+
+const QString kInvalid = u"Invalid Address"_qs;
+const AddressOutcome kRefused{std::nullopt, kInvalid};
+const AddressOutcome kDown{std::nullopt, PostwrightClient::stringForResult(3)};
+
+BatchOptions Impatient() {
+  BatchOptions options = BatchOptions::all();
+  options.firstPause = options.longestPause = std::chrono::milliseconds(1);
+  return options;
+}
+
+// Answers the next question with the button that has `text` in it, and keeps what was asked.
+void AnswerNext(QObject& context, const QString& text, QString& asked) {
+  QTimer::singleShot(0, &context, [text, &asked] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    QVERIFY(box != nullptr);
+    asked = box->text() + u'\n' + box->informativeText();
+    const auto leave = qScopeGuard([box] { box->reject(); });
+    for (QAbstractButton* button : box->buttons()) {
+      if (button->text().remove(u'&').contains(text)) {
+        button->click();
+        return;
+      }
+    }
+    QFAIL("no such button");
+  });
+}
+
+}  // namespace
+
+class BatchOptionsTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void stopsAndGoesOn();
+  void asksBeforeWorkIsLost_data();
+  void asksBeforeWorkIsLost();
+  void everyStepCanBeTakenBack();
+  void anyRecordCanBeEdited();
+  void manyAtOnce();
+  void theSameForAll();
+  void findsAndSorts();
+  void waitsForAServiceThatIsAway();
+  void givesUpAndKeepsTheRestPending();
+  void longLinesDoNotHoldTheWindowUp();
+  void usesTheHostsFont();
+  void staysSmallAndDoesNotGrow();
+  void namesEveryControl();
+  void savesAReport();
+};
+
+void BatchOptionsTest::stopsAndGoesOn() {
+  Oracle oracle;
+  oracle.waits = true;
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}), oracle.ask(),
+                  BatchOptions::all());
+  Person& person = open.person;
+  oracle.answers.release(1);
+  QTRY_COMPARE(oracle.asked.available(), 2);
+  person.click(u"bnStop"_qs);
+  oracle.answers.release(1);
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(person.column(2), (QStringList{u"Fixed"_qs, u"Fixed"_qs, {}, {}}));
+  QVERIFY(person.label(u"txtProgress"_qs).startsWith(u"Stopped: 2 of 4 checked."_qs));
+  QVERIFY(!person.find<QWidget>(u"vwBanner"_qs)->isVisible());
+  QCOMPARE(open.window.results().size(), 2);
+  oracle.answers.release(2);
+  person.click(u"bnGoOn"_qs);
+  QTRY_VERIFY(person.hasFinished() && open.window.results().size() == 4);
+  QCOMPARE(oracle.asked.available(), 4);
+  QVERIFY(!person.find<QWidget>(u"bnGoOn"_qs)->isVisible());
+}
+
+void BatchOptionsTest::asksBeforeWorkIsLost_data() {
+  QTest::addColumn<QString>("does");
+  QTest::addColumn<QString>("answer");
+  QTest::addColumn<int>("result");
+  QTest::newRow("nothing to lose") << u""_qs << u""_qs << -1001;
+  QTest::newRow("ignored, discard") << u"ignore"_qs << u"Discard"_qs << -1001;
+  QTest::newRow("a draft, discard") << u"type"_qs << u"Discard"_qs << -1001;
+  QTest::newRow("own text, apply") << u"keep"_qs << u"Apply 1"_qs << -1000;
+  QTest::newRow("own text, stay") << u"keep"_qs << u"Stay"_qs << 0;
+}
+
+void BatchOptionsTest::asksBeforeWorkIsLost() {
+  QFETCH(const QString, does);
+  QFETCH(const QString, answer);
+  Oracle oracle;
+  oracle.outcomes[u"a"_qs] = kRefused;
+  OpenWindow open(EntriesOf({u"a"_qs}), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  person.clickRow(0);
+  if (does == u"ignore") {
+    person.press(Qt::Key_Delete);
+  } else if (!does.isEmpty()) {
+    person.press(Qt::Key_F2);
+    person.type(u"b"_qs);
+  }
+  if (does == u"keep") {
+    person.click(u"bnKeepError"_qs);
+  }
+  QString asked;
+  if (!answer.isEmpty()) {
+    AnswerNext(open.window, answer, asked);
+  }
+  open.window.close();
+  QCOMPARE(asked.isEmpty(), answer.isEmpty());
+  QTEST(open.window.result(), "result");
+  QCOMPARE(open.window.isVisible(), answer == u"Stay");
+}
+
+// Each step is taken back and taken again, with what the service has said since.
+void BatchOptionsTest::everyStepCanBeTakenBack() {
+  Oracle oracle;
+  oracle.outcomes[u"b"_qs] = kRefused;
+  oracle.outcomes[u"c"_qs] = Candidates();
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  const QStringList first = person.column(1);
+  person.clickRow(2);
+  person.press(Qt::Key_2);
+  QCOMPARE(person.text(2, 1), u"1 S OAK"_qs);
+  person.clickRow(1);
+  person.press(Qt::Key_F2);
+  person.type(u"bb"_qs);
+  person.press(Qt::Key_Return, Qt::ControlModifier);
+  QTRY_COMPARE(person.text(1, 1), u"BB FIXED"_qs);
+  QTRY_VERIFY(person.hasFinished());
+  person.table()->setFocus();
+  person.clickRow(0);
+  person.press(Qt::Key_Delete);
+  QCOMPARE(person.column(0), (QStringList{u"bb"_qs, u"c"_qs}));
+  for (int i = 0; i < 3; ++i) {
+    person.table()->setFocus();
+    person.press(Qt::Key_Z, Qt::ControlModifier);
+  }
+  QCOMPARE(person.column(0), (QStringList{u"a"_qs, u"b"_qs, u"c"_qs}));
+  QCOMPARE(person.column(1), first);
+  QCOMPARE(person.column(2), (QStringList{u"Fixed"_qs, u"Error"_qs, u"To Choose"_qs}));
+  QCOMPARE(oracle.asked.available(), 4);  // nothing is asked again to take a step back
+  for (int i = 0; i < 3; ++i) {
+    person.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  }
+  QCOMPARE(person.column(1), (QStringList{u"BB FIXED"_qs, u"1 S OAK"_qs}));
+  QCOMPARE(person.find<QPushButton>(u"bnUpdate"_qs)->text(), u"&Apply 2 Corrections"_qs);
+}
+
+void BatchOptionsTest::anyRecordCanBeEdited() {
+  Oracle oracle;
+  oracle.outcomes[u"B"_qs] = {AddressFix{u"B"_qs, {}}, {}};
+  oracle.outcomes[u"c"_qs] = kRefused;
+  OpenWindow open(EntriesOf({u"a"_qs, u"B"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  QTRY_COMPARE(person.selectedRow(), 2);  // the first that needs somebody
+  person.clickRow(0);
+  person.press(Qt::Key_F2);
+  QCOMPARE(person.detail(), u"vwEdit"_qs);
+  person.press(Qt::Key_Escape);
+  QCOMPARE(person.detail(), u"vwFixed"_qs);
+  person.press(Qt::Key_F2);
+  person.type(u"aa"_qs);
+  person.press(Qt::Key_Return, Qt::ControlModifier);
+  QCOMPARE(person.selectedRow(), 2);
+  QTRY_COMPARE(person.text(0, 1), u"AA FIXED"_qs);
+  person.clickRow(1);
+  person.press(Qt::Key_F2);
+  person.find<QPlainTextEdit>(u"tvEditFixed"_qs)->setFocus();
+  person.type(u"My Way"_qs);
+  person.click(u"bnKeepEdit"_qs);
+  QCOMPARE(person.text(1, 1), u"My Way"_qs);
+  QCOMPARE(person.text(1, 2), u"As Written"_qs);
+  QVERIFY(open.window.records().at(1)->values().own);
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(open.window.results().size(), 2);
+}
+
+void BatchOptionsTest::manyAtOnce() {
+  Oracle oracle;
+  for (const QString& text : {u"b"_qs, u"c"_qs, u"d"_qs}) {
+    oracle.outcomes[text] = kRefused;
+  }
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"b"_qs, u"d"_qs}), oracle.ask(),
+                  BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  person.clickRow(1);
+  person.find<QAbstractButton>(u"ckErrorTwins"_qs)->click();
+  person.press(Qt::Key_F2);
+  person.type(u"bb"_qs);
+  person.press(Qt::Key_Return, Qt::ControlModifier);
+  QTRY_COMPARE(person.column(1).count(u"BB FIXED"_qs), 2);
+  person.table()->setFocus();
+  person.press(Qt::Key_Home);
+  person.press(Qt::Key_End, Qt::ShiftModifier);
+  person.table()->selectAll();
+  QCOMPARE(person.detail(), u"vwSeveral"_qs);
+  QCOMPARE(person.label(u"txtSeveral"_qs), u"5 addresses selected\nFixed: 3, Errors: 2"_qs);
+  person.press(Qt::Key_C, Qt::ControlModifier);
+  const QMimeData* copied = QApplication::clipboard()->mimeData();
+  QVERIFY(copied->text().startsWith(u"A FIXED\n\nBB FIXED\n\n"_qs));
+  QCOMPARE(copied->data(u"text/csv"_qs).count("\r\n"), 6);
+  person.click(u"bnTakeTyped"_qs);
+  QCOMPARE(person.column(2), QStringList(5, u"Unchanged"_qs));
+  person.press(Qt::Key_Z, Qt::ControlModifier);
+  person.table()->selectAll();
+  person.table()->setFocus();
+  person.press(Qt::Key_Delete);
+  QVERIFY(open.window.records().isEmpty());
+  open.window.undo();
+  QCOMPARE(person.column(0), (QStringList{u"a"_qs, u"bb"_qs, u"c"_qs, u"bb"_qs, u"d"_qs}));
+  const int asked = oracle.asked.available();
+  person.table()->selectAll();
+  person.click(u"bnAskAgain"_qs);
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(oracle.asked.available(), asked + 4);  // the same text once
+}
+
+void BatchOptionsTest::theSameForAll() {
+  Oracle oracle;
+  const QStringList texts{u"1 Oak St\nSpringfeild IL"_qs, u"2 Elm St\nspringfeild IL"_qs,
+                          u"3 Fir St\nAustin TX"_qs, u"4 Ash St\nSpringfeild IL"_qs};
+  for (const QString& text : texts.mid(0, 3)) {
+    oracle.outcomes[text] = kRefused;
+  }
+  OpenWindow open(EntriesOf(texts), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  person.clickRow(0);
+  open.window.reFixAddress(u"1 Oak St\nSpringfield IL"_qs);
+  QTRY_VERIFY(person.hasFinished());
+  person.clickRow(0);
+  QString asked;
+  AnswerNext(open.window, u"Change"_qs, asked);
+  open.window.sameForAll();
+  QVERIFY2(asked.startsWith(u"Make the same change in one more"_qs) ||
+               asked.startsWith(u"Make the same change in 1 more"_qs),
+           qPrintable(asked));
+  QVERIFY(asked.contains(u"2 Elm St, springfeild IL"_qs));
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(person.text(1, 0), u"2 Elm St\nSpringfield IL"_qs);
+  QCOMPARE(person.text(3, 0), texts[3]);  // the service had corrected it by itself
+}
+
+void BatchOptionsTest::findsAndSorts() {
+  Oracle oracle;
+  oracle.outcomes[u"b x"_qs] = kRefused;
+  oracle.outcomes[u"c x"_qs] = {std::nullopt, u"Invalid City"_qs};
+  OpenWindow open(EntriesOf({u"d x"_qs, u"b x"_qs, u"a"_qs, u"c x"_qs}), oracle.ask(),
+                  BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  const auto clickColumn = [&person](int column) {
+    QHeaderView* header = person.table()->horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(column) + 20, header->height() / 2));
+  };
+  const QString host = u"d x|b x|a|c x"_qs;
+  const std::pair<int, QString> clicks[] = {
+      {0, u"a|b x|c x|d x"_qs}, {0, u"d x|c x|b x|a"_qs}, {0, host},
+      {2, u"b x|c x|d x|a"_qs}, {2, u"d x|a|c x|b x"_qs}, {2, host},
+  };
+  for (const auto& [column, order] : clicks) {
+    clickColumn(column);
+    QCOMPARE(person.column(0).join(u'|'), order);
+  }
+  person.press(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(person.find<QWidget>(u"leSearch"_qs), u"A fixed"_qs);
+  QCOMPARE(person.column(0), QStringList{u"a"_qs});
+  person.find<QLineEdit>(u"leSearch"_qs)->clear();
+  auto* reasons = person.find<QComboBox>(u"cbReason"_qs);
+  QCOMPARE(reasons->count(), 3);
+  QCOMPARE(reasons->itemText(2), u"Invalid City (1)"_qs);
+  reasons->setFocus();
+  QTest::keyClick(reasons, Qt::Key_End);
+  QCOMPARE(person.column(0), QStringList{u"c x"_qs});
+  QTest::keyClick(reasons, Qt::Key_Home);
+  QCOMPARE(person.column(0).join(u'|'), host);
+  const QString tip = person.table()->model()->index(0, 1).data(Qt::ToolTipRole).toString();
+  QVERIFY2(tip.contains(u"FIXED added"_qs), qPrintable(tip));
+}
+
+// Three without an answer make the run wait; then all get their outcomes, each told once.
+void BatchOptionsTest::waitsForAServiceThatIsAway() {
+  std::atomic<int> asked = 0;
+  OpenWindow open(
+      EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"poison"_qs, u"e"_qs}),
+      [&](PostwrightClient&, const QString& address) {
+        const bool away = ++asked <= 9 || address == u"poison";
+        return away ? kDown : AddressOutcome{AddressFix{address + u"!"_qs, {}}, {}};
+      },
+      Impatient());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(person.column(2), (QStringList{u"Unchanged"_qs, u"Unchanged"_qs, u"Unchanged"_qs,
+                                          u"Unchanged"_qs, u"Not Checked"_qs, u"Unchanged"_qs}));
+  QCOMPARE(person.find<QProgressBar>(u"piProgress"_qs)->value(), 6);
+  QCOMPARE(asked, 9 + 1 + 2 + 1 + 2 + 1);  // the poisoned one once more, and no oftener
+}
+
+void BatchOptionsTest::givesUpAndKeepsTheRestPending() {
+  std::atomic<bool> away = true;
+  BatchOptions options = Impatient();
+  options.giveUpAfter = std::chrono::milliseconds(0);
+  QStringList texts;
+  for (int i = 0; i < 2000; ++i) {
+    texts.append(QString::number(i));
+  }
+  OpenWindow open(
+      EntriesOf(texts),
+      [&](PostwrightClient&, const QString& address) {
+        return away ? kDown : AddressOutcome{AddressFix{address + u" x"_qs, {}}, {}};
+      },
+      options);
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  QVERIFY(person.find<QWidget>(u"vwBanner"_qs)->isVisible());
+  QVERIFY(person.label(u"txtBanner"_qs).endsWith(u"2,000 addresses were not asked about."_qs));
+  for (const BatchResultRecordPointer& record : open.window.records()) {
+    QVERIFY(record->values().pending);
+  }
+  away = false;
+  person.click(u"bnRetry"_qs);
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(open.window.results().size(), 2000);
+  QVERIFY(!person.find<QWidget>(u"vwBanner"_qs)->isVisible());
+}
+
+// As much of a line is shown and marked as the window has time for, the rest where it is asked for.
+void BatchOptionsTest::longLinesDoNotHoldTheWindowUp() {
+  QString line;
+  while (line.size() < 12000) {
+    line += u"alpha%1 "_qs.arg(line.size());
+  }
+  Oracle oracle;
+  oracle.outcomes[line] = {AddressFix{QString(line).replace(u"alpha"_qs, u"alphas"_qs), {}}, {}};
+  OpenWindow open(EntriesOf({line}), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  person.clickRow(0);
+  const auto* after = person.find<QTextEdit>(u"tvFixedAfter"_qs);
+  QCOMPARE(after->toPlainText().size(), 4000);
+  QVERIFY(person.label(u"txtCut"_qs).endsWith(u"more characters are not shown."_qs));
+  person.click(u"bnMarkRest"_qs);
+  QVERIFY(after->toPlainText().size() > 12000);
+  QVERIFY(!open.window.grab().isNull());
+}
+
+void BatchOptionsTest::usesTheHostsFont() {
+  const QFont before = QApplication::font();
+  const auto restore = qScopeGuard([&before] { QApplication::setFont(before); });
+  QFont large = before;
+  large.setPointSize(20);
+  QApplication::setFont(large);
+  Oracle oracle;
+  oracle.outcomes[u"b"_qs] = kRefused;
+  OpenWindow plain(EntriesOf({u"a"_qs}), oracle.ask());
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs}), oracle.ask(), BatchOptions::all());
+  for (const char* name : {"tvAddresses", "tvErrorAddress", "tvFixedAfter", "tvMatches"}) {
+    QCOMPARE(open.person.find<QWidget>(QString::fromLatin1(name))->font().pointSize(), 20);
+  }
+  QVERIFY(open.person.table()->rowHeight(0) >= 2 * open.person.table()->fontMetrics().height());
+  QVERIFY(plain.person.table()->font() != large);
+  QTRY_VERIFY(open.person.hasFinished());
+  const QSize size = open.window.size();
+  open.person.clickRow(1);
+  open.person.clickRow(0);
+  QTest::qWait(0);
+  QCOMPARE(open.window.size(), size);
+}
+
+void BatchOptionsTest::staysSmallAndDoesNotGrow() {
+  const QSize small(420, 345);
+  Oracle oracle;
+  oracle.outcomes[u"b"_qs] = Candidates();
+  oracle.outcomes[u"c"_qs] = {std::nullopt, PostwrightClient::stringForResult(3)};
+  oracle.outcomes[u"d"_qs] = kRefused;
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}), oracle.ask(), Impatient());
+  open.window.resize(small);
+  QTRY_VERIFY(open.person.hasFinished());
+  for (int row = 0; row < 4; ++row) {
+    open.person.clickRow(row);
+    open.person.press(Qt::Key_F2);
+    QTest::qWait(0);
+    QCOMPARE(open.window.size(), small);
+    const int room = open.person.table()->viewport()->height();
+    QVERIFY2(room >= 48, qPrintable(QString::number(room)));
+  }
+}
+
+// In each state that shows other controls; the program runs once more in Spanish for this.
+void BatchOptionsTest::namesEveryControl() {
+  Oracle oracle;
+  oracle.outcomes[u"b"_qs] = Candidates();
+  oracle.outcomes[u"c"_qs] = kRefused;
+  oracle.outcomes[u"d"_qs] = {AddressFix{u"D"_qs, {}}, {}};
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"b"_qs, u"c"_qs}), oracle.ask(),
+                  BatchOptions::all());
+  QTRY_VERIFY(open.person.hasFinished());
+  for (int row = -1; row < 4; ++row) {
+    if (row < 0) {
+      open.person.table()->selectAll();
+    } else {
+      open.person.clickRow(row);
+    }
+    QStringList mnemonics;
+    checkControls(open.window, mnemonics);
+    open.person.press(Qt::Key_F2);
+    QStringList inDetail;
+    checkControls(open.window, inDetail);
+  }
+}
+
+void BatchOptionsTest::savesAReport() {
+  Oracle oracle;
+  oracle.outcomes[u"b"_qs] = kRefused;
+  OpenWindow open(EntriesOf({u"=a\n\"1\""_qs, u"b"_qs}), oracle.ask(), BatchOptions::all());
+  QTRY_VERIFY(open.person.hasFinished());
+  QTemporaryDir folder;
+  QString error;
+  for (const char* name : {"r.csv", "r.html"}) {
+    QVERIFY(
+        BatchSummary::write(open.window.records(), folder.filePath(QLatin1String(name)), error));
+  }
+  QFile csv(folder.filePath(u"r.csv"_qs));
+  QFile page(folder.filePath(u"r.html"_qs));
+  QVERIFY(csv.open(QIODevice::ReadOnly) && page.open(QIODevice::ReadOnly));
+  QCOMPARE(csv.readAll(),
+           "\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Reason\"\r\n"
+           "\"'=a\n\"\"1\"\"\",\"'=A\n\"\"1\"\" FIXED\",\"Fixed\",\"\"\r\n"
+           "\"b\",\"\",\"Error\",\"Invalid Address\"\r\n");
+  QVERIFY(page.readAll().contains("<td>=a<br>&quot;1&quot;</td>"));
+  QVERIFY(!BatchSummary::write(open.window.records(), folder.filePath(u"no/r.csv"_qs), error));
+  QVERIFY(!error.isEmpty());
+  BatchSummary summary(open.window.records(), nullptr);
+  const QList<QProgressBar*> bars = summary.findChildren<QProgressBar*>();
+  QCOMPARE(bars.size(), 3);  // corrected, errors, and of these the one reason
+  QCOMPARE(bars.last()->accessibleName(), kInvalid);
+  QCOMPARE(bars.last()->accessibleDescription(), u"1 of 2"_qs);
+}
+
+POSTWRIGHT_CLIENT_TEST_MAIN(QApplication, BatchOptionsTest)
+#include "BatchOptionsTest.moc"
