@@ -126,7 +126,11 @@ void BatchView::layDetailOut() {
   for (QAbstractScrollArea* field : _layout->vwContent->findChildren<QAbstractScrollArea*>()) {
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     field->setMinimumHeight(kLeastField);
+    for (QBoxLayout* layout : _layout->vwContent->findChildren<QBoxLayout*>()) {
+      layout->setStretchFactor(field, 1);
+    }
   }
+  _layout->loFixed->setStretchFactor(_layout->loFixedTexts, 1);
   auto* scroll = new QScrollArea;
   scroll->setObjectName(QStringLiteral("vwDetail"));
   scroll->setFrameShape(QFrame::NoFrame);
