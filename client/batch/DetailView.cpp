@@ -181,11 +181,12 @@ void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) 
   _layout.txtFixedNote->setText(
       localizedString(values.fixed.isEmpty() ? "SFixedBlank" : "SFixedOwn"));
   _layout.txtFixedNote->setVisible(values.fixed.isEmpty() || values.own);
-  const QString before = whole ? values.address : cutLongLines(values.address);
-  const QString after = whole ? values.fixed : cutLongLines(values.fixed);
+  const qsizetype most = whole ? kMostOfLine : kShownOfLine;
+  const QString before = cutLongLines(values.address, most);
+  const QString after = cutLongLines(values.fixed, most);
   const qsizetype left = values.address.size() + values.fixed.size() - before.size() - after.size();
   _layout.txtCut->setText(left > 0 ? localizedString("SCut", left) : QString());
-  _layout.bnMarkRest->setVisible(left > 0);
+  _layout.bnMarkRest->setVisible(left > 0 && !whole);
   const Differences differences = findDifferences(before, after);
   showMarked(*_layout.tvFixedBefore, before, differences.removed, MarkKind::Removed,
              differences.movedFrom);
@@ -231,15 +232,19 @@ void DetailView::showError(const BatchResultRecord::Values& values, qsizetype tw
 // The same text is left alone, and with it the cursor: the record may be shown anew while the user
 // types.
 void DetailView::fillEditor(QPlainTextEdit& editor, const QString& text) {
-  if (editor.toPlainText() != text) {
+  const QString shown = cutLongLines(text, kMostOfLine);
+  const bool cut = shown.size() != text.size();
+  editor.setReadOnly(cut);
+  editor.setToolTip(cut ? localizedString("SLongLine") : QString());
+  if (editor.toPlainText() != shown) {
     const QSignalBlocker silence(editor);
-    editor.setPlainText(text);
+    editor.setPlainText(shown);
   }
 }
 
 // Text that is back as it was is no draft.
 void DetailView::takeDraft(const QPlainTextEdit& editor) {
-  if (_record == nullptr || &editor != this->editor()) {
+  if (_record == nullptr || &editor != this->editor() || editor.isReadOnly()) {
     return;
   }
   const QString text = editor.toPlainText();
@@ -258,7 +263,8 @@ void DetailView::takeOwnDraft() {
 
 void DetailView::restoreOriginal() {
   if (_record != nullptr && editor() != nullptr) {
-    editor()->setPlainText(originalText(*_record));
+    fillEditor(*editor(), originalText(*_record));
+    takeDraft(*editor());
     editor()->setFocus();
   }
 }
@@ -279,10 +285,20 @@ QWidget* DetailView::firstControl() const {
   return page == _layout.vwSeveral ? static_cast<QWidget*>(_layout.bnAskAgain) : editor();
 }
 
+QString DetailView::editedText() const {
+  const QPlainTextEdit* field = editor();
+  if (field == nullptr || _record == nullptr) {
+    return {};
+  }
+  return field->isReadOnly() ? _record->values().address : field->toPlainText();
+}
+
 QString DetailView::ownText() const {
-  const bool both = _layout.vwContent->currentWidget() == _layout.vwEdit;
-  const QPlainTextEdit* field = both ? _layout.tvEditFixed : editor();
-  return field != nullptr ? field->toPlainText() : QString();
+  const QPlainTextEdit* field = _layout.tvEditFixed;
+  if (_layout.vwContent->currentWidget() != _layout.vwEdit || _record == nullptr) {
+    return editedText();
+  }
+  return field->isReadOnly() ? _record->values().fixed : field->toPlainText();
 }
 
 int DetailView::selectedMatch() const {

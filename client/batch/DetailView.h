@@ -49,6 +49,9 @@ class DetailView final : public QObject {
   QPlainTextEdit* editor() const;
   // Where the keyboard goes when it enters the detail; null where there is nothing to do.
   QWidget* firstControl() const;
+  // The text that is to be asked about: that of editor(), or the record's own where that has a line
+  // too long to be edited.
+  QString editedText() const;
   // The text that the person wants to have kept as it is.
   QString ownText() const;
 

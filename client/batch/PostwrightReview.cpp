@@ -42,15 +42,15 @@ void PostwrightController::reFix(const QString& address) {
 }
 
 void PostwrightController::bnFixErrorAddressClick() {
-  reFix(_window->view.layout().tvErrorAddress->toPlainText());
+  reFix(_window->view.detail().editedText());
 }
 
 void PostwrightController::bnFixMultipleAddressClick() {
-  reFix(_window->view.layout().tvMultipleAddress->toPlainText());
+  reFix(_window->view.detail().editedText());
 }
 
 void PostwrightController::bnFixEditedAddressClick() {
-  reFix(_window->view.layout().tvEditAddress->toPlainText());
+  reFix(_window->view.detail().editedText());
 }
 
 void PostwrightController::bnAskAgainClick() {

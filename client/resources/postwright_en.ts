@@ -454,6 +454,11 @@ F8 goes to the next one that needs you.</translation>
             <numerusform>%n more characters are not shown.</numerusform>
         </translation>
     </message>
+    <message id="SLongLine">
+        <source>This line is too long to be edited here.</source>
+        <extracomment>Tool tip of a field that cannot be edited.</extracomment>
+        <translation>This line is too long to be edited here.</translation>
+    </message>
     <message id="SMarkRest">
         <source>Mark the Rest</source>
         <extracomment>Button that shows and marks all of a very long line.</extracomment>

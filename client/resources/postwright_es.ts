@@ -454,6 +454,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
             <numerusform>No se muestran %n caracteres más.</numerusform>
         </translation>
     </message>
+    <message id="SLongLine">
+        <source>This line is too long to be edited here.</source>
+        <extracomment>Tool tip of a field that cannot be edited.</extracomment>
+        <translation>Esta línea es demasiado larga para editarla aquí.</translation>
+    </message>
     <message id="SMarkRest">
         <source>Mark the Rest</source>
         <extracomment>Button that shows and marks all of a very long line.</extracomment>

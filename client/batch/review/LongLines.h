@@ -9,6 +9,9 @@ namespace postwright {
 // takes longer than it is long.
 inline constexpr qsizetype kShownOfLine = 4000;
 
+// As much as the person may ask for, and may edit: with more, a field does not answer at once.
+inline constexpr qsizetype kMostOfLine = 20000;
+
 // Returns `text` with each line cut to its first `most` characters, and after `lines` lines. Parts
 // no character. The same text where nothing was cut.
 QString cutLongLines(const QString& text, qsizetype most = kShownOfLine, qsizetype lines = 1000);
