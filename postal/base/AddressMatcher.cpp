@@ -15,6 +15,11 @@ bool IsBareUnit(const Words& words) {
   return words.size() == 1 && (HasDigit(words[0]) || words[0].size() <= 2);
 }
 
+// One that is bare stays bare, as the line above is the place for it.
+bool HasDesignator(const std::string& unit) {
+  return unit.find(' ') != std::string::npos;
+}
+
 }  // namespace
 
 // The delivery line of a question, read.
@@ -22,10 +27,11 @@ struct AddressMatcher::Subject {
   explicit Subject(const AddressQuestion& asked) : question(asked) {
     const std::optional<StreetLine>& line = asked.lines.street;
     if (line) {
-      number = JoinWords(line->number);
-      street = StreetNameOf(*line, asked.lines.urbanization);
-      unit = JoinWords(line->units);
+      address.number = JoinWords(line->number);
+      address.street = StreetNameOf(*line, asked.lines.urbanization);
+      address.unit = JoinWords(line->units);
     }
+    std::string& unit = address.unit;
     if (unit.empty()) {
       const Words above = SplitLine(asked.lines.address1);
       unitIsAbove = ReadUnitLine(above) || IsBareUnit(above);
@@ -36,12 +42,10 @@ struct AddressMatcher::Subject {
     }
   }
 
-  bool HasStreet() const { return !number.empty(); }
+  bool HasStreet() const { return !address.number.empty(); }
 
   const AddressQuestion& question;
-  std::string number;
-  StreetName street;
-  std::string unit;
+  StreetQuestion address;
   bool unitIsAbove = false;
 };
 
@@ -66,12 +70,18 @@ std::optional<Rejection> AddressMatcher::Decide(const Subject& subject, MatchedA
     Explain(explanation_, "the delivery line names no street, so the base cannot confirm it");
     return std::nullopt;
   }
-  if (!reader_.HoldsStreetsOf(answer.placed.zip5)) {
-    Explain(explanation_, answer.placed.zip5,
-            ": the base holds no streets, so nothing is confirmed");
-    return std::nullopt;
+  if (reader_.HoldsStreetsOf(answer.placed.zip5)) {
+    return MatchInZip(subject, answer);
   }
-  return MatchInZip(subject, answer);
+  Explain(explanation_, answer.placed.zip5, ": the base holds no streets");
+  const Matches elsewhere =
+      IsNameOfPlace(answer.placed) ? Matches() : FindElsewhere(subject, OtherZipsOf(answer.placed));
+  if (IsOnlyOne(elsewhere)) {
+    TakeZip(subject, elsewhere[0], answer);
+  } else {
+    Explain(explanation_, "nothing is confirmed");
+  }
+  return std::nullopt;
 }
 
 // A ZIP code that the list of them does not have yet, but a source of addresses does, for a city
@@ -94,33 +104,45 @@ std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& q
 
 std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject,
                                                     MatchedAddress& answer) {
-  const StreetMatch match = streets_.Match(answer.placed.zip5, subject.street, subject.number);
+  const StreetMatch match = streets_.Match(answer.placed.zip5, subject.address);
+  const bool isFound = match.kind == StreetMatch::Kind::Found;
+  if (isFound && !match.guessed) {
+    return Accept(subject, match, answer);
+  }
   if (match.kind == StreetMatch::Kind::Several) {
     return Rejection::Multiple;
   }
-  if (match.kind == StreetMatch::Kind::Found) {
-    if (const auto rejection = CheckCity(subject, answer)) {
-      return rejection;
-    }
-    Confirm(subject, match, answer);
+  const Matches elsewhere = FindElsewhere(subject, OtherZipsOf(answer.placed));
+  if (isFound && elsewhere.empty()) {
+    return Accept(subject, match, answer);
+  }
+  if (!isFound && IsOnlyOne(elsewhere)) {
+    TakeZip(subject, elsewhere[0], answer);
     return std::nullopt;
   }
-  std::vector<std::string> others = ZipsOf(answer.placed.city, answer.placed.state);
-  std::erase(others, answer.placed.zip5);
-  const auto found = FindElsewhere(subject, others);
-  if (found.size() == 1) {
-    Explain(explanation_, "of ", answer.placed.city, "'s other ZIP codes ", found[0].first,
-            " alone has it: it is taken");
-    answer.placed.zip5 = found[0].first;
-    answer.placed.zipCorrected = true;
-    Confirm(subject, found[0].second, answer);
-    return std::nullopt;
-  }
-  if (found.size() > 1 && match.kind == StreetMatch::Kind::NoStreet) {
-    Explain(explanation_, "several other ZIP codes of ", answer.placed.city, " have it");
+  if (!elsewhere.empty() && match.kind != StreetMatch::Kind::NoNumber) {
+    Explain(explanation_, "other ZIP codes of ", answer.placed.city, " have it as it is written");
     return Rejection::Multiple;
   }
   return LeaveUnconfirmed(match, answer);
+}
+
+std::optional<Rejection> AddressMatcher::Accept(const Subject& subject, const StreetMatch& match,
+                                                MatchedAddress& answer) {
+  if (const auto rejection = CheckCity(subject, match, answer)) {
+    return rejection;
+  }
+  Confirm(subject, match, answer);
+  return std::nullopt;
+}
+
+void AddressMatcher::TakeZip(const Subject& subject, const Matches::value_type& found,
+                             MatchedAddress& answer) {
+  Explain(explanation_, "of ", answer.placed.city, "'s other ZIP codes ", found.first,
+          " alone has it: it is taken");
+  answer.placed.zip5 = found.first;
+  answer.placed.zipCorrected = true;
+  Confirm(subject, found.second, answer);
 }
 
 // City, state and ZIP did not tell a place: the street may, where the city's ZIP codes are many.
@@ -138,8 +160,8 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rej
   if (elsewhere != nullptr) {
     zips.push_back(askedZip);
   }
-  const auto found = FindElsewhere(subject, zips);
-  if (found.size() != 1) {
+  const Matches found = FindElsewhere(subject, zips);
+  if (!IsOnlyOne(found)) {
     Explain(explanation_, found.empty() ? "no ZIP code of " : "several ZIP codes of ", city,
             found.empty() ? " is known to have it" : " have it");
     return found.empty() ? otherwise : Rejection::Multiple;
@@ -152,16 +174,27 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rej
   return std::nullopt;
 }
 
-std::vector<std::pair<std::string, StreetMatch>> AddressMatcher::FindElsewhere(
-    const Subject& subject, const std::vector<std::string>& zips) {
-  std::vector<std::pair<std::string, StreetMatch>> found;
+// Finds the street as it is written in other ZIP codes.
+AddressMatcher::Matches AddressMatcher::FindElsewhere(const Subject& subject,
+                                                      const std::vector<std::string>& zips) {
+  Matches found;
   for (const std::string& zip : zips) {
-    StreetMatch match = streets_.MatchExactly(zip, subject.street, subject.number);
-    if (match.kind == StreetMatch::Kind::Found) {
+    StreetMatch match = streets_.MatchAsWritten(zip, subject.address);
+    if (match.kind == StreetMatch::Kind::Found || match.kind == StreetMatch::Kind::Several) {
       found.emplace_back(zip, std::move(match));
     }
   }
   return found;
+}
+
+bool AddressMatcher::IsOnlyOne(const Matches& matches) {
+  return matches.size() == 1 && matches[0].second.kind == StreetMatch::Kind::Found;
+}
+
+std::vector<std::string> AddressMatcher::OtherZipsOf(const PlacedLine& placed) {
+  std::vector<std::string> zips = ZipsOf(placed.city, placed.state);
+  std::erase(zips, placed.zip5);
+  return zips;
 }
 
 std::vector<std::string> AddressMatcher::ZipsOf(const std::string& city, const std::string& state) {
@@ -196,29 +229,37 @@ void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed)
   }
 }
 
-// The ZIP code has the address. A city that is neither the ZIP code's nor accepted there is wrong,
-// if the base would know the address in that city and does not.
-std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, MatchedAddress& answer) {
-  PlacedLine& placed = answer.placed;
+// Says whether the city is a name of the ZIP code.
+bool AddressMatcher::IsNameOfPlace(const PlacedLine& placed) {
   const ZipList::City* const usual = zips_.FindZip(placed.zip5);
-  if (usual != nullptr && usual->name == placed.city) {
-    return std::nullopt;
+  if (usual == nullptr || usual->name == placed.city) {
+    return true;  // nearly always
   }
   const std::string key = CityKey(placed.city);
-  if (usual == nullptr || usual->key == key || !reader_.CityName(placed.zip5, key).empty()) {
+  return usual->key == key || !reader_.CityName(placed.zip5, key).empty();
+}
+
+// The ZIP code has the address. A city that is no name of it and lies somewhere else is wrong,
+// unless it has the address as well.
+std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, const StreetMatch& match,
+                                                   MatchedAddress& answer) {
+  PlacedLine& placed = answer.placed;
+  if (IsNameOfPlace(placed)) {
     return std::nullopt;
   }
   const std::vector<std::string> zips = ZipsOf(placed.city, placed.state);
-  if (!FindElsewhere(subject, zips).empty()) {
-    Explain(explanation_, placed.city, " has the same address in another ZIP code");
+  if (zips.empty()) {
+    return std::nullopt;  // a name that nobody knows may be accepted
+  }
+  if (match.guessed || !FindElsewhere(subject, zips).empty()) {
+    Explain(explanation_, placed.city,
+            match.guessed ? " may be right, and the street in it"
+                          : " has the same address in another ZIP code");
     return Rejection::Multiple;
   }
-  if (std::any_of(zips.begin(), zips.end(),
-                  [this](const std::string& zip) { return reader_.HoldsStreetsOf(zip); })) {
-    Explain(explanation_, placed.city, " does not have the address: ", usual->name, " is right");
-    placed.city = usual->name;
-    placed.cityCorrected = true;
-  }
+  placed.city = zips_.FindZip(placed.zip5)->name;
+  placed.cityCorrected = true;
+  Explain(explanation_, "the city lies elsewhere: ", placed.city, " is right");
   return std::nullopt;
 }
 
@@ -265,28 +306,30 @@ void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
 void AddressMatcher::ConfirmUnit(const Subject& subject, const StreetMatch& match,
                                  MatchedAddress& answer) {
   const std::vector<std::string>& units = match.facts.units;
-  const std::string unit = subject.unit.empty() ? "" : FindUnit(units, subject.unit);
-  if (subject.unit.empty() && units.empty()) {
+  const std::string unit =
+      subject.address.unit.empty() ? "" : FindUnit(units, subject.address.unit);
+  if (subject.address.unit.empty() && units.empty()) {
     answer.confirmation = 'Y';
     answer.dpvFootnotes = "AABB";
-  } else if (subject.unit.empty()) {
+  } else if (subject.address.unit.empty()) {
     Explain(explanation_, "the building has ", std::to_string(units.size()),
             " units that are known, and none is given");
     answer.confirmation = 'D';
     answer.dpvFootnotes = "AAN1";
     answer.unitIsMissing = true;
   } else if (unit.empty()) {
-    Explain(explanation_, "the building is known, '", subject.unit, "' in it is not");
+    Explain(explanation_, "the building is known, '", subject.address.unit, "' in it is not");
     answer.confirmation = 'S';
     answer.dpvFootnotes = "AACC";
   } else {
     answer.confirmation = 'Y';
     answer.dpvFootnotes = "AABB";
-    answer.zip4 = reader_.UnitZip4(match.street.id, subject.number, unit);
-    if (unit != subject.unit && subject.unit.starts_with("# ")) {
-      Explain(explanation_, "'", subject.unit, "' is '", unit, "'");
+    answer.zip4 = reader_.UnitZip4(match.street.id, subject.address.number, unit);
+    if (unit != subject.address.unit && HasDesignator(subject.address.unit) &&
+        !unit.starts_with("# ")) {
+      Explain(explanation_, "'", subject.address.unit, "' is '", unit, "'");
       std::string& line = subject.unitIsAbove ? answer.lines.address1 : answer.lines.address2;
-      line.replace(line.size() - subject.unit.size(), subject.unit.size(), unit);
+      line.replace(line.size() - subject.address.unit.size(), subject.address.unit.size(), unit);
       answer.elementChanged = true;
     }
   }

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -53,20 +54,29 @@ class AddressMatcher {
  private:
   struct Subject;
 
+  using Matches = std::vector<std::pair<std::string, StreetMatch>>;  // by their ZIP codes
+
   // These fill `answer`, or tell why there is none.
   std::optional<Rejection> Decide(const Subject& subject, MatchedAddress& answer);
   std::optional<PlacedLine> PlaceInNewZip(const AddressQuestion& question);
   std::optional<Rejection> MatchInZip(const Subject& subject, MatchedAddress& answer);
   std::optional<Rejection> MatchInCity(const Subject& subject, Rejection otherwise,
                                        MatchedAddress& answer);
+  std::optional<Rejection> Accept(const Subject& subject, const StreetMatch& match,
+                                  MatchedAddress& answer);
   std::optional<Rejection> LeaveUnconfirmed(const StreetMatch& match, MatchedAddress& answer);
-  std::optional<Rejection> CheckCity(const Subject& subject, MatchedAddress& answer);
+  std::optional<Rejection> CheckCity(const Subject& subject, const StreetMatch& match,
+                                     MatchedAddress& answer);
+  void TakeZip(const Subject& subject, const Matches::value_type& found, MatchedAddress& answer);
   void Confirm(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
   void ConfirmUnit(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
+
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
+  bool IsNameOfPlace(const PlacedLine& placed);
   std::vector<std::string> ZipsOf(const std::string& city, const std::string& state);
-  std::vector<std::pair<std::string, StreetMatch>> FindElsewhere(
-      const Subject& subject, const std::vector<std::string>& zips);
+  std::vector<std::string> OtherZipsOf(const PlacedLine& placed);
+  Matches FindElsewhere(const Subject& subject, const std::vector<std::string>& zips);
+  static bool IsOnlyOne(const Matches& matches);
 
   const ZipList& zips_;
   BaseReader& reader_;

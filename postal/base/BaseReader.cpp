@@ -25,6 +25,16 @@ class Query {
   SqliteStatement& statement_;
 };
 
+std::vector<KnownStreet> ReadStreets(SqliteStatement& rows,
+                                     std::initializer_list<std::string_view> texts) {
+  std::vector<KnownStreet> streets;
+  for (Query query(rows, texts); query.Step();) {
+    streets.push_back(
+        {rows.Number(0), {rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5)}});
+  }
+  return streets;
+}
+
 }  // namespace
 
 BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
@@ -36,7 +46,9 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
       streets_(file_,
                "SELECT id,predirectional,name,suffix,postdirectional,urbanization "
                "FROM street WHERE zip=? AND key=?"),
-      keys_(file_, "SELECT DISTINCT key FROM street WHERE zip=? AND length(key) BETWEEN ? AND ?"),
+      allStreets_(file_,
+                  "SELECT id,predirectional,name,suffix,postdirectional,urbanization "
+                  "FROM street WHERE zip=?"),
       points_(file_, "SELECT unit,zip4 FROM point WHERE street=? AND number=?"),
       ranges_(file_, "SELECT low,high,parity,zip4 FROM number_range WHERE street=?"),
       unitZip4_(file_,
@@ -75,23 +87,11 @@ std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const Stre
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
-  std::vector<KnownStreet> streets;
-  for (Query query(streets_, {zip, key}); query.Step();) {
-    streets.push_back({streets_.Number(0),
-                       {streets_.Text(1), streets_.Text(2), streets_.Text(3), streets_.Text(4),
-                        streets_.Text(5)}});
-  }
-  return streets;
+  return ReadStreets(streets_, {zip, key});
 }
 
-std::vector<std::string> BaseReader::StreetKeys(const std::string& zip, size_t least, size_t most) {
-  std::vector<std::string> keys;
-  keys_.Bind(2, static_cast<int64_t>(least));
-  keys_.Bind(3, static_cast<int64_t>(most));
-  for (Query query(keys_, {zip}); query.Step();) {
-    keys.push_back(keys_.Text(0));
-  }
-  return keys;
+std::vector<KnownStreet> BaseReader::StreetsOf(const std::string& zip) {
+  return ReadStreets(allStreets_, {zip});
 }
 
 NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
@@ -102,6 +102,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
     facts.isPoint = true;
     std::string unit = points_.Text(0);
     if (unit.empty()) {
+      facts.isBuilding = true;
       facts.zip4 = facts.zip4.empty() ? points_.Text(1) : facts.zip4;
     } else {
       facts.units.push_back(std::move(unit));

@@ -25,6 +25,7 @@ struct NumberFacts {
   bool isPoint = false;  // a source names this very address
   bool inRange = false;  // or a range that it lies in
   bool hasRanges = false;
+  bool isBuilding = false;         // a source names the address without a unit
   std::string zip4;                // of the address without a unit, where a source gives it
   std::vector<std::string> units;  // of the building, standard: "APT 4"
 
@@ -58,8 +59,8 @@ class BaseReader {
   // Returns the streets of the ZIP code that have the key.
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
 
-  // Returns the keys of the ZIP code's streets of a length from `least` to `most`, each once.
-  std::vector<std::string> StreetKeys(const std::string& zip, size_t least, size_t most);
+  // Returns all streets of the ZIP code.
+  std::vector<KnownStreet> StreetsOf(const std::string& zip);
 
   NumberFacts FindNumber(int64_t street, const std::string& number);
 
@@ -92,7 +93,7 @@ class BaseReader {
   const std::shared_ptr<const Facts> facts_;
   SqliteStatement street_;
   SqliteStatement streets_;
-  SqliteStatement keys_;
+  SqliteStatement allStreets_;
   SqliteStatement points_;
   SqliteStatement ranges_;
   SqliteStatement unitZip4_;

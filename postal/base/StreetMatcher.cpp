@@ -1,47 +1,14 @@
 #include "postal/base/StreetMatcher.h"
 
 #include <algorithm>
-#include <limits>
+#include <functional>
+#include <utility>
 
-#include "postal/places/CityName.h"
+#include "postal/base/UnitMatch.h"
+#include "postal/words/Lexicon.h"
 
 namespace postwright::postal {
 namespace {
-
-constexpr size_t kFurthestSpelling = 2;  // letters, as NearDistance has it
-
-// What tells two streets of one name apart.
-struct Differences {
-  int missing = 0;  // not asked for, and there
-  int wrong = 0;    // asked for, and another or none there
-
-  bool operator<(const Differences& other) const {
-    return wrong != other.wrong ? wrong < other.wrong : missing < other.missing;
-  }
-  bool operator==(const Differences&) const = default;
-};
-
-Differences Compare(const StreetName& asked, const StreetName& known) {
-  const std::pair<const std::string&, const std::string&> elements[] = {
-      {asked.predirectional, known.predirectional},
-      {asked.suffix, known.suffix},
-      {asked.postdirectional, known.postdirectional},
-      {asked.urbanization, known.urbanization},
-  };
-  Differences differences;
-  for (const auto& [given, there] : elements) {
-    if (given != there) {
-      ++(given.empty() ? differences.missing : differences.wrong);
-    }
-  }
-  return differences;
-}
-
-std::string Digits(const std::string& key) {
-  std::string digits;
-  std::copy_if(key.begin(), key.end(), std::back_inserter(digits), IsDigit);
-  return digits;
-}
 
 auto Quote(const StreetName& street) {
   return [&street] {
@@ -57,106 +24,206 @@ std::string_view Describe(const NumberFacts& facts) {
                          : "is not known";
 }
 
+// The names that the same words may have in a base: a suffix or a directional may belong to it.
+std::vector<std::string> KeysOf(const StreetName& asked) {
+  const Lexicon& lexicon = Lexicon::Get();
+  std::vector<std::string> fronts = {""};
+  if (!asked.predirectional.empty()) {
+    fronts.push_back(asked.predirectional + " ");
+    fronts.push_back(std::string(lexicon.SpelledDirection(asked.predirectional)) + " ");
+  }
+  std::vector<std::string> backs = {""};
+  if (!asked.suffix.empty()) {
+    backs.push_back(" " + asked.suffix);
+    backs.push_back(" " + std::string(lexicon.SpelledSuffix(asked.suffix)));
+  }
+  std::vector<std::string> keys;
+  for (const std::string& front : fronts) {
+    for (const std::string& back : backs) {
+      keys.push_back(StreetKey(front + asked.name + back));
+    }
+  }
+  std::sort(keys.begin(), keys.end());
+  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+  return keys;
+}
+
+// Says whether two writings of one street have other words, and not only other forms of them.
+bool HasOtherWords(const StreetName& asked, const StreetName& known) {
+  const auto isElement = [](const std::string& word) {
+    return !Lexicon::Get().Suffix(word).empty() || !Lexicon::Get().Direction(word).empty();
+  };
+  const Words a = SplitLine(ComposeStreet(asked));
+  const Words b = SplitLine(ComposeStreet(known));
+  return a.size() != b.size() ||
+         !std::equal(a.begin(), a.end(), b.begin(),
+                     [&](const std::string& given, const std::string& there) {
+                       return given == there || (isElement(given) && isElement(there));
+                     });
+}
+
 }  // namespace
 
 struct StreetMatcher::Candidate {
-  const KnownStreet* street = nullptr;
+  KnownStreet street;
+  Likeness likeness = Likeness::Different;
   NumberFacts facts;
-  Differences differences;
 };
 
-StreetMatch StreetMatcher::Match(const std::string& zip, const StreetName& asked,
-                                 const std::string& number) {
-  StreetMatch exact = MatchExactly(zip, asked, number);
-  if (exact.kind != StreetMatch::Kind::NoStreet) {
+StreetMatch StreetMatcher::Match(const std::string& zip, const StreetQuestion& asked) {
+  StreetMatch exact = MatchExactly(zip, asked);
+  const bool isFound = exact.kind == StreetMatch::Kind::Found;
+  const bool isConfirmed =
+      isFound && (asked.unit.empty() || HasUnit(exact.facts.units, asked.unit));
+  if (exact.kind == StreetMatch::Kind::NoStreet) {
+    return Guess(zip, asked, Likeness::Same);
+  }
+  if (isConfirmed || !reader_.HoldsAllStreetsOf(zip)) {
     return exact;
   }
-  const std::vector<KnownStreet> streets = reader_.FindStreets(zip, StreetKey(asked.name));
-  if (streets.empty()) {
-    return MatchNearName(zip, asked, number);
+  // Number or unit are not known there: they may be on a street that differs by one mistake.
+  StreetMatch guess = Guess(zip, asked, isFound ? Likeness::ElementMissing : Likeness::Same);
+  if (guess.kind != StreetMatch::Kind::Found ||
+      (isFound && !HasUnit(guess.facts.units, asked.unit))) {
+    return exact;
   }
-  StreetMatch match = Choose(streets, asked, number, true);
-  if (match.kind == StreetMatch::Kind::NoStreet) {
-    // The name is known, but not which of its streets is meant: it stays as it was asked for.
-    match = {StreetMatch::Kind::NoNumber, {0, asked}, {}, false, false};
+  if (isFound && !FindUnit(exact.facts.units, asked.unit).empty()) {
+    Explain(explanation_, "either the street may be another, or what the unit is called");
+    guess.kind = StreetMatch::Kind::Several;
   }
-  return match;
+  return guess;
 }
 
-StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetName& asked,
-                                        const std::string& number) {
+StreetMatch StreetMatcher::MatchAsWritten(const std::string& zip, const StreetQuestion& asked) {
+  StreetMatch exact = MatchExactly(zip, asked);
+  if (exact.kind == StreetMatch::Kind::Found) {
+    return exact;
+  }
+  const StreetLikeness likeness(asked.street);
+  std::vector<Candidate> same;
+  for (const std::string& key : KeysOf(asked.street)) {
+    for (KnownStreet& street : reader_.FindStreets(zip, key)) {
+      if (likeness.To(street.street) == Likeness::Same) {
+        NumberFacts facts = reader_.FindNumber(street.id, asked.number);
+        if (facts.IsKnown()) {
+          same.push_back({std::move(street), Likeness::Same, std::move(facts)});
+        }
+      }
+    }
+  }
+  StreetMatch match = Choose(std::move(same), asked);
+  return match.kind == StreetMatch::Kind::NoStreet ? exact : match;
+}
+
+StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetQuestion& asked) {
   StreetMatch match;
-  if (const auto id = reader_.FindStreet(zip, asked)) {
-    match.facts = reader_.FindNumber(*id, number);
+  if (const auto id = reader_.FindStreet(zip, asked.street)) {
+    match.facts = reader_.FindNumber(*id, asked.number);
     match.kind = match.facts.IsKnown() ? StreetMatch::Kind::Found : StreetMatch::Kind::NoNumber;
-    match.street = {*id, asked};
-    Explain(explanation_, zip, ": ", Quote(asked), " is there, and ", number, " ",
+    match.street = {*id, asked.street};
+    Explain(explanation_, zip, ": ", Quote(asked.street), " is there, and ", asked.number, " ",
             Describe(match.facts), " on it");
+    if (match.kind == StreetMatch::Kind::NoNumber) {
+      LookWithoutSuffix(zip, asked, match);
+    }
   }
   return match;
 }
 
-StreetMatch StreetMatcher::Choose(const std::vector<KnownStreet>& streets, const StreetName& asked,
-                                  const std::string& number, bool mayBeWrong) {
-  std::vector<Candidate> best;
-  for (const KnownStreet& street : streets) {
-    Candidate candidate{&street, reader_.FindNumber(street.id, number),
-                        Compare(asked, street.street)};
-    Explain(explanation_, "there is ", Quote(street.street), "; ", number, " ",
-            Describe(candidate.facts), " on it");
-    if (!candidate.facts.IsKnown() || candidate.differences.wrong > (mayBeWrong ? 1 : 0)) {
-      continue;
+// Some sources have a street with its suffix and without it, each with a part of the numbers.
+void StreetMatcher::LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked,
+                                      StreetMatch& match) {
+  StreetName bare = asked.street;
+  bare.suffix.clear();
+  const auto id = asked.street.suffix.empty() ? std::nullopt : reader_.FindStreet(zip, bare);
+  if (!id) {
+    return;  // nearly always
+  }
+  NumberFacts facts = reader_.FindNumber(*id, asked.number);
+  std::vector<KnownStreet> others = reader_.FindStreets(zip, StreetKey(bare.name));
+  std::erase_if(others, [&](KnownStreet& other) {
+    other.street.suffix.clear();
+    return other.street != bare;
+  });
+  if (facts.IsKnown() && others.size() == 2) {  // with this suffix and with none
+    Explain(explanation_, "it is there without its suffix, too, and ", asked.number, " ",
+            Describe(facts));
+    match.kind = StreetMatch::Kind::Found;
+    match.facts = std::move(facts);
+    match.street.id = *id;
+  }
+}
+
+// Looks at the streets that are no more like the one asked for than `most`.
+StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& asked,
+                                 Likeness most) {
+  const StreetLikeness likeness(asked.street);
+  const bool whole = reader_.HoldsAllStreetsOf(zip);
+  const std::string key = StreetKey(asked.street.name);
+  bool nameIsKnown = false;
+  std::vector<Candidate> candidates[3];  // the same street, one mistake, more than one
+  for (KnownStreet& street : reader_.StreetsOf(zip)) {
+    const Likeness like = likeness.To(street.street);
+    const bool hasName = StreetKey(street.street.name) == key;
+    if (like < most || (like == Likeness::Different && !hasName)) {
+      continue;  // nearly always
     }
-    if (!best.empty() && candidate.differences < best.front().differences) {
-      best.clear();
-    }
-    if (best.empty() || candidate.differences == best.front().differences) {
-      best.push_back(std::move(candidate));
+    nameIsKnown = nameIsKnown || hasName || like != Likeness::OneLetter;
+    NumberFacts facts = reader_.FindNumber(street.id, asked.number);
+    Explain(explanation_, "there is ", Quote(street.street), "; ", asked.number, " ",
+            Describe(facts), " on it");
+    if (facts.IsKnown() && like != Likeness::Different &&
+        (whole || like != Likeness::ElementWrong)) {
+      const size_t level = like == Likeness::Same ? 0 : like == Likeness::ElementsMissing ? 2 : 1;
+      candidates[level].push_back({std::move(street), like, std::move(facts)});
     }
   }
+  for (std::vector<Candidate>& level : candidates) {
+    StreetMatch match = Choose(std::move(level), asked);
+    if (match.kind != StreetMatch::Kind::NoStreet) {
+      return match;
+    }
+  }
+  Explain(explanation_, "none of the streets of ", zip, " that could be meant has ", asked.number);
+  // Where the name is known, but not which of its streets is meant, it stays as it was asked for.
   StreetMatch match;
-  if (best.size() > 1) {
+  match.kind = nameIsKnown ? StreetMatch::Kind::NoNumber : StreetMatch::Kind::NoStreet;
+  match.street = {0, asked.street};
+  return match;
+}
+
+StreetMatch StreetMatcher::Choose(std::vector<Candidate> candidates, const StreetQuestion& asked) {
+  const auto isWhole = [&asked](const Candidate& candidate) {
+    return asked.unit.empty() ? candidate.facts.isBuilding || candidate.facts.units.empty()
+                              : HasUnit(candidate.facts.units, asked.unit);
+  };
+  if (candidates.size() > 1 && std::any_of(candidates.begin(), candidates.end(), isWhole)) {
+    std::erase_if(candidates, std::not_fn(isWhole));
+  }
+  StreetMatch match;
+  if (candidates.size() > 1) {
     Explain(explanation_, "several of them fit equally well");
     match.kind = StreetMatch::Kind::Several;
-  } else if (best.size() == 1) {
-    Explain(explanation_, "only ", Quote(best[0].street->street), " fits");
-    match = {StreetMatch::Kind::Found, *best[0].street, std::move(best[0].facts),
-             best[0].street->street.name != asked.name, best[0].differences != Differences()};
-  } else {
-    Explain(explanation_, "none of them fits");
+  } else if (candidates.size() == 1) {
+    Explain(explanation_, "only ", Quote(candidates[0].street.street), " fits");
+    match = Take(std::move(candidates[0]), asked.street);
   }
   return match;
 }
 
-StreetMatch StreetMatcher::MatchNearName(const std::string& zip, const StreetName& asked,
-                                         const std::string& number) {
-  const std::string nearest = NearestKey(zip, StreetKey(asked.name));
-  if (nearest.empty()) {
-    Explain(explanation_, zip, ": no street is called '", asked.name,
-            "', and not just one is spelt nearly so");
-    return {};
-  }
-  Explain(explanation_, zip, ": no street is called '", asked.name,
-          "'; one name alone is spelt nearly so");
-  return Choose(reader_.FindStreets(zip, nearest), asked, number, false);
-}
-
-// Returns the one key at the least distance. Numbers are no misspellings of one another: 5TH ST is
-// not 6TH ST.
-std::string StreetMatcher::NearestKey(const std::string& zip, const std::string& key) {
-  const size_t shortest = key.size() > kFurthestSpelling ? key.size() - kFurthestSpelling : 0;
-  const std::string digits = Digits(key);
-  std::string nearest;
-  size_t least = std::numeric_limits<size_t>::max();
-  for (std::string& known : reader_.StreetKeys(zip, shortest, key.size() + kFurthestSpelling)) {
-    const auto distance = NearDistance(key, known);
-    if (!distance || *distance > least || Digits(known) != digits) {
-      continue;
-    }
-    nearest = *distance < least ? std::move(known) : std::string();
-    least = *distance;
-  }
-  return nearest;
+StreetMatch StreetMatcher::Take(Candidate candidate, const StreetName& asked) {
+  const StreetName& known = candidate.street.street;
+  const bool isSame = candidate.likeness == Likeness::Same;
+  StreetMatch match;
+  match.kind = StreetMatch::Kind::Found;
+  match.guessed = !isSame;
+  match.nameChanged =
+      isSame ? HasOtherWords(asked, known) : candidate.likeness == Likeness::OneLetter;
+  match.elementChanged =
+      !match.nameChanged && !(isSame && ComposeStreet(asked) == ComposeStreet(known));
+  match.facts = std::move(candidate.facts);
+  match.street = std::move(candidate.street);
+  return match;
 }
 
 }  // namespace postwright::postal

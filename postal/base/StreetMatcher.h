@@ -6,6 +6,7 @@
 
 #include "postal/base/BaseReader.h"
 #include "postal/base/Explanation.h"
+#include "postal/base/StreetLikeness.h"
 
 namespace postwright::postal {
 
@@ -21,38 +22,46 @@ struct StreetMatch {
   Kind kind = Kind::NoStreet;
   KnownStreet street;           // of NoNumber and Found: as it is to be written
   NumberFacts facts;            // of the number on it
-  bool nameChanged = false;     // the name was misspelt
+  bool guessed = false;         // the street is another than was asked for, by one mistake
+  bool nameChanged = false;     // the name was misspelt, or written otherwise
   bool elementChanged = false;  // a directional, a suffix or an urbanization was missing or wrong
+};
+
+// An address in a ZIP code, standard.
+struct StreetQuestion {
+  StreetName street;
+  std::string number;
+  std::string unit;  // "APT 4"; empty for none
 };
 
 // Finds the street that is meant among those of a ZIP code.
 //
-//   StreetMatcher(reader, nullptr).Match("78701", asked, "12");
+//   StreetMatcher(reader, nullptr).Match("78701", {street, "12", ""});
 //
-// A street as it was asked for is taken, whether the number is known on it or not. Otherwise only
-// streets on which the number is known can be meant: those of the name with fewest other elements
-// missing, or, where none is right without, one wrong; and where the ZIP code has no street of the
-// name, those of the one name that is nearest to it by spelling. Of several equally good ones none
-// is taken. Borrows both; `explanation` may be null.
+// A street as it was asked for, or only written otherwise, is taken where the number is known on
+// it. Otherwise one is guessed: the only street with the number that differs by one mistake, or,
+// where there is none, that has more than one element which is missing. Where a source does not
+// know all streets of the ZIP code nothing that was written is doubted, but for its spelling. Of
+// several streets the one is taken whose building has the unit, or else none; a number is never
+// changed. Borrows both; `explanation` may be null.
 class StreetMatcher {
  public:
   StreetMatcher(BaseReader& reader, Explanation* explanation)
       : reader_(reader), explanation_(explanation) {}
 
-  StreetMatch Match(const std::string& zip, const StreetName& asked, const std::string& number);
+  StreetMatch Match(const std::string& zip, const StreetQuestion& asked);
 
-  // The same without a guess: the street as it was asked for, with the number known on it.
-  StreetMatch MatchExactly(const std::string& zip, const StreetName& asked,
-                           const std::string& number);
+  // The same without a guess.
+  StreetMatch MatchAsWritten(const std::string& zip, const StreetQuestion& asked);
 
  private:
   struct Candidate;
 
-  StreetMatch Choose(const std::vector<KnownStreet>& streets, const StreetName& asked,
-                     const std::string& number, bool mayBeWrong);
-  StreetMatch MatchNearName(const std::string& zip, const StreetName& asked,
-                            const std::string& number);
-  std::string NearestKey(const std::string& zip, const std::string& key);
+  StreetMatch MatchExactly(const std::string& zip, const StreetQuestion& asked);
+  void LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked, StreetMatch& match);
+  StreetMatch Guess(const std::string& zip, const StreetQuestion& asked, Likeness most);
+  StreetMatch Choose(std::vector<Candidate> candidates, const StreetQuestion& asked);
+  static StreetMatch Take(Candidate candidate, const StreetName& asked);
 
   BaseReader& reader_;
   Explanation* explanation_;

@@ -30,6 +30,10 @@ std::string ComposeStreet(const StreetName& street);
 // the rest.
 std::string StreetKey(std::string_view name);
 
+// Returns the words of a street in the shortest form that each has: NORTH is N, HILL is HL, SAINT
+// ST; TWENTY-FIRST and 21ST are 21.
+Words ShortStreetWords(const Words& words);
+
 }  // namespace postwright::postal
 
 #endif  // POSTWRIGHT_POSTAL_BASE_STREETNAME_H_

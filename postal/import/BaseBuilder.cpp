@@ -21,6 +21,7 @@ constexpr std::chrono::milliseconds kPatience(
     0);  // a second import of the same base is told at once
 constexpr size_t kMostStreetsKept = 500'000;
 constexpr mode_t kEverybodyReads = 0666;
+constexpr std::string_view kNoZip4 = "0000";  // is how the National Address Database writes "none"
 
 std::string Today() {
   const std::time_t now = std::time(nullptr);
@@ -146,7 +147,7 @@ std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
   const std::optional<int64_t> street = FindStreet(row, fault);
   const std::string_view zip4 = row[Field::Zip4];
   const std::string_view knownZip4 =
-      zip4.size() == 4 && AllDigits(zip4) ? zip4 : std::string_view("");
+      zip4.size() == 4 && AllDigits(zip4) && zip4 != kNoZip4 ? zip4 : std::string_view("");
   if (!street) {
     ++counts_.leftOut;
     return fault;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr size_t kMostUnitsKept = 100'000;
 constexpr size_t kZipLength = 5;
+constexpr std::string_view kNoCity = "NOT STATED";  // in the National Address Database
 
 // The words of a field of any bytes; none where it has letters that no address is written in.
 Words WordsOf(const std::string& text) {
@@ -53,7 +54,7 @@ std::variant<RowStreet, RowFault> RowReader::ReadStreet(const AddressRow& row) c
     return RowFault::NoStreet;
   }
   const auto city = FoldToAscii(DecodeText(row[Field::City]));
-  read.city = city ? StandardCity(*city) : std::string();
+  read.city = city && *city != kNoCity ? StandardCity(*city) : std::string();
   read.street =
       StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
   return read;

@@ -66,6 +66,18 @@ bool IsAbbreviation(const Words& given, const Words& known) {
          std::equal(given.begin(), given.end(), known.begin(), Shortens);
 }
 
+// A letter that is wrong in MOUNT or RIVER leaves no word that could be shortened as they are. TRO
+// for TROY is near enough, too, but of shorter names too many are alike.
+bool IsMisspelt(std::string_view given, std::string_view known) {
+  constexpr size_t kShortest = 3;  // letters of a name
+  std::string a(given);
+  std::string b(known);
+  std::erase(a, ' ');
+  std::erase(b, ' ');
+  return a.size() >= kShortest && b.size() >= kShortest && a.size() + b.size() > 2 * kShortest &&
+         DiffersByOneLetter(a, b);
+}
+
 }  // namespace
 
 std::string StandardCity(std::string_view folded) {
@@ -100,7 +112,7 @@ CityFit CompareCity(std::string_view given, std::string_view known) {
   if (IsAbbreviation(SplitLine(given), SplitLine(known))) {
     return CityFit::Abbreviation;
   }
-  if (NearDistance(givenKey, knownKey)) {
+  if (NearDistance(givenKey, knownKey) || IsMisspelt(given, known)) {
     return CityFit::Near;
   }
   return known.ends_with(' ' + std::string(given)) ? CityFit::Part : CityFit::Different;
@@ -114,6 +126,20 @@ std::optional<size_t> NearDistance(std::string_view key, std::string_view other)
   }
   const size_t distance = Distance(key, other);
   return distance <= allowed ? std::optional(distance) : std::nullopt;
+}
+
+bool DiffersByOneLetter(std::string_view a, std::string_view b) {
+  const auto front = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+  a.remove_prefix(front.first - a.begin());
+  b.remove_prefix(front.second - b.begin());
+  const auto back = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+  a.remove_suffix(back.first - a.rbegin());
+  b.remove_suffix(back.second - b.rbegin());
+  if (HasDigit(a) || HasDigit(b)) {
+    return false;
+  }
+  const bool swapped = a.size() == 2 && b.size() == 2 && a[0] == b[1] && a[1] == b[0];
+  return swapped || std::max(a.size(), b.size()) == 1;
 }
 
 std::string AbbreviateCity(std::string_view standardCity) {

@@ -33,6 +33,10 @@ CityFit CompareCity(std::string_view given, std::string_view known);
 // of the other; nullopt where it is not.
 std::optional<size_t> NearDistance(std::string_view key, std::string_view other);
 
+// Says whether one of two different texts can be the other with one letter missing, too many or
+// another, or with two neighbours that changed places. A digit is no letter.
+bool DiffersByOneLetter(std::string_view a, std::string_view b);
+
 // Returns the form of at most 13 letters that the postal service prints where it follows from the
 // usual abbreviations (E STROUDSBURG); the empty text for a name that is short already and for one
 // whose approved abbreviation only the postal service's own City State file could tell.

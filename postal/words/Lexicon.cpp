@@ -21,6 +21,7 @@ std::string Narrow(std::wstring_view wide) {
 
 // The written form that names a suffix in full is the longest, but for these (appendix C1).
 constexpr std::pair<const char*, const char*> kSpelled[] = {
+    {"ALY", "ALLEY"},   {"BYU", "BAYOU"},    {"OVAL", "OVAL"},   {"SMT", "SUMMIT"},
     {"FRST", "FOREST"}, {"HOLW", "HOLLOW"},  {"ISLE", "ISLE"},   {"LN", "LANE"},
     {"LOOP", "LOOP"},   {"PARK", "PARK"},    {"PATH", "PATH"},   {"PIKE", "PIKE"},
     {"PLNS", "PLAINS"}, {"PKWY", "PARKWAY"}, {"RNCH", "RANCH"},  {"SHR", "SHORE"},
@@ -60,6 +61,7 @@ Lexicon::Lexicon() {
   for (const VocabularyRow& row : Vocabulary::Directions()) {
     directions_.Add(Narrow(row.written), Narrow(row.standard));
     directions_.Add(Narrow(row.standard), Narrow(row.standard));
+    spelledDirections_.Add(Narrow(row.standard), Narrow(row.written));
   }
   for (const auto& [standard, spelled] : kSpelled) {
     spelledSuffixes_.Add(standard, spelled);
@@ -101,6 +103,10 @@ void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
 
 std::string_view Lexicon::Direction(std::string_view word) const {
   return directions_.Find(word);
+}
+
+std::string_view Lexicon::SpelledDirection(std::string_view standard) const {
+  return spelledDirections_.Find(standard);
 }
 
 std::string_view Lexicon::Suffix(std::string_view word) const {

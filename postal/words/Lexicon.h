@@ -24,8 +24,9 @@ class Lexicon {
  public:
   static const Lexicon& Get();
 
-  std::string_view Direction(std::string_view word) const;  // NORTHEAST -> NE
-  std::string_view Suffix(std::string_view word) const;     // USPS Publication 28, appendix C1
+  std::string_view Direction(std::string_view word) const;             // NORTHEAST -> NE
+  std::string_view SpelledDirection(std::string_view standard) const;  // NE -> NORTHEAST
+  std::string_view Suffix(std::string_view word) const;  // USPS Publication 28, appendix C1
   std::string_view SpelledSuffix(std::string_view standard) const;  // AVE -> AVENUE
 
   // Says whether a standard suffix can hardly be anything but a street's type, as ST and AVE are;
@@ -64,6 +65,7 @@ class Lexicon {
   static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
 
   Table directions_;
+  Table spelledDirections_;
   Table suffixes_;
   Table spelledSuffixes_;
   Table numberedUnits_;

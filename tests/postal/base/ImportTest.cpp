@@ -209,6 +209,17 @@ TEST_F(ImportTest, ReadsTheFormatsThatItKnows) {
   EXPECT_EQ(ComposeStreet(street), "S MILL ST NW");
 }
 
+// What a source writes where it does not know is no city and no ZIP+4.
+TEST_F(ImportTest, TakesNoWordForNothingAsAValue) {
+  const std::string file = folder_.Write("rows.csv",
+                                         "number,street,city,zip,zip4\n"
+                                         "1,MAIN ST,Not stated,00011,0000\n");
+  Run("base", "nad", file);
+  EXPECT_EQ(Content(folder_.File("base")), "nad00011MAIN1\nnad1 0\n");
+  const AddressBase base(folder_.File("base"));
+  EXPECT_EQ(base.Borrow()->FindNumber(1, "1").zip4, "");
+}
+
 TEST_F(ImportTest, RefusesFilesThatItCannotUse) {
   const std::string notes = folder_.Write("notes.txt", "Dear all,\n");
   EXPECT_THROW(Run("base", "a", notes), SourceError);

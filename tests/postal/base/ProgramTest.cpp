@@ -50,14 +50,14 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
   };
   const std::string lookup = " Millrace OH 00011 --zips $sample/zips.tsv";
   const Row rows[] = {
-      {kImport, 0, "town: 38 addresses and 6 ranges of Town, 0 rows left out"},
+      {kImport, 0, "town: 60 addresses and 6 ranges of Town, 0 rows left out"},
       {"$base info town", 0, "licence        CC BY 4.0\nattribution    By us\n"},
       {"$base import town $sample/town-part.csv --source part --partial", 0, "1 addresses"},
       {"$base info town", 0, "attribution    not stated when it was imported\n"},
       {"$base lookup town '40 main st'" + lookup, 0, "- only 'S MAIN ST' fits\n\n40 S MAIN ST\n"},
       {"$base lookup town '14 n main st'" + lookup, 0, "D: the building is confirmed, its unit is"},
       {"$base lookup town '99 oak st'" + lookup, 1, "DPVFootnotes     AAM3\n"},
-      {"$base lookup town '9 beich ct'" + lookup, 1, "turned down: -2147219401 Address Not Found."},
+      {"$base lookup town '9 beich ct'" + lookup, 1, "turned down: -2147219403 Multiple addresses"},
       {"$base lookup nowhere '9 beich ct'" + lookup, 2, "nowhere: cannot be read"},
       {"$base info $sample/town.csv", 2, "is no address base; 'postwright-base import' makes one"},
       {"$base import town $sample/town.csv", 2, "--source is required"},

@@ -1,0 +1,47 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
+#define POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
+
+#include <string>
+
+#include "common/AsciiText.h"
+#include "postal/base/StreetName.h"
+
+namespace postwright::postal {
+
+// How a street that was asked for stands to one that is known; the most alike first.
+enum class Likeness {
+  Same,             // as it stands, or only written otherwise: S BLVD, SOUTH BLVD; FIFTH ST, 5TH ST
+  ElementMissing,   // a suffix, a directional or an urbanization is missing
+  ElementWrong,     // a suffix or a directional is another, or one too many
+  OneLetter,        // a letter is missing, too many or another, or two neighbours changed places
+  ElementsMissing,  // several elements are missing, and none is another
+  Different,
+};
+
+// Compares a street that was asked for with streets that are known.
+//
+//   StreetLikeness({"", "SUNSET", "HL"}).To({"", "SUNSET HILL", "RD"});   // ElementMissing
+//
+// Words are compared over the whole street, since its last word may be a suffix or a part of the
+// name whose suffix is missing; what is known tells which. Two mistakes are too many. Digits are no
+// misspellings of one another, nor are single letters: 5TH ST is not 6TH ST, AVENUE A not AVENUE B.
+class StreetLikeness {
+ public:
+  explicit StreetLikeness(const StreetName& asked);
+
+  Likeness To(const StreetName& known) const;
+
+ private:
+  bool LacksElementsOf(const StreetName& known, int most) const;
+  bool HasAnotherElement(const StreetName& known) const;
+  bool IsMisspelt(const StreetName& known) const;
+
+  std::string urbanization_;
+  Words words_;  // in their short forms
+  std::string joined_;
+  Words spelt_;  // spelled out
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
