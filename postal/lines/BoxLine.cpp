@@ -31,14 +31,15 @@ constexpr std::string_view kHighwayContract[] = {"HC",
                                                  "STAR RT"};
 constexpr std::string_view kGeneralDelivery[] = {"GENERAL DELIVERY", "GEN DELIVERY", "GENERAL DEL",
                                                  "GEN DEL"};
-constexpr std::string_view kBox[] = {"BOX", "BX"};
+constexpr std::string_view kBox[] = {"BOX", "BX", "BUZON", "BZN"};
 constexpr std::string_view kMilitaryUnit[] = {"PSC", "P S C", "UNIT", "CMR"};
 
 bool IsBoxNumber(const std::string& word) {
   return word != "#" && (HasDigit(word) || (word.size() <= 2 && AllLetters(word)));
 }
 
-// Parts the letters of a glued first word from its number: RR3 -> RR 3, POBOX12 -> POBOX 12.
+// Parts the letters of a glued first word from its number: RR3 and RR-3 -> RR 3, POBOX12 -> POBOX
+// 12.
 Words PartFirst(Words words) {
   static constexpr std::string_view kGlued[] = {"RR",  "HC",  "HCR", "POBOX",
                                                 "POB", "BOX", "PSC", "CMR"};
@@ -47,7 +48,8 @@ Words PartFirst(Words words) {
   }
   const std::string word = words[0];
   const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
-  const std::string_view letters = std::string_view(word).substr(0, digits);
+  const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
+  const std::string_view letters = std::string_view(word).substr(0, digits - (hyphen ? 1 : 0));
   if (digits < word.size() &&
       std::find(std::begin(kGlued), std::end(kGlued), letters) != std::end(kGlued)) {
     words[0] = std::string(letters);
@@ -114,6 +116,10 @@ std::optional<BoxLine> ReadRoute(const Words& given) {
   }
   BoxLine read{{contract > 0 ? "HC" : "RR", WithoutLeadingZeros(words[at])}, {}};
   ++at;
+  const bool sign = NumberSignLength(words, at) > 0;  // RFD ROUTE 4 # 87A
+  if (boxInFront.empty() && sign) {
+    words.insert(words.begin() + static_cast<long>(at), "BOX");
+  }
   const std::string box = boxInFront.empty() ? TakeBox(words, at) : boxInFront;
   const Words rest = From(words, at);
   if (!box.empty()) {

@@ -80,6 +80,16 @@ bool IsRoadNumber(const std::string& word, Numbered numbered) {
          (numbered != Numbered::ByDigits && IsRoadLetter(word));
 }
 
+// Parts a directional from an interstate's number: 35N -> 35 N.
+void PartDirection(Words& name) {
+  const std::string number = name[1];
+  const std::string digits = number.substr(0, number.size() - 1);
+  if (AllDigits(digits) && !Lexicon::Get().Direction(number.substr(digits.size())).empty()) {
+    name[1] = digits;
+    name.insert(name.begin() + 2, number.substr(digits.size()));
+  }
+}
+
 // Parts a road's letters from its number: "I-10" "I10" -> I 10, and "TX-71" in Texas.
 void PartNumber(Words& name, std::string_view state) {
   static constexpr std::string_view kGlued[] = {"CR",  "FM", "HWY", "I",   "IH", "RT",
@@ -93,6 +103,9 @@ void PartNumber(Words& name, std::string_view state) {
   if (digits < word.size() && road) {
     name[0] = std::string(letters);
     name.insert(name.begin() + 1, word.substr(digits));
+  }
+  if (name.size() > 1 && (name[0] == "I" || name[0] == "IH")) {
+    PartDirection(name);
   }
 }
 

@@ -11,9 +11,6 @@
 namespace postwright::postal {
 namespace {
 
-// Letters that a line of the Verify interface has room for.
-constexpr size_t kLongestLine = 38;
-
 bool IsMilitaryState(std::string_view state) {
   return state == "AA" || state == "AE" || state == "AP";
 }
@@ -41,11 +38,6 @@ struct Delivery {
   Delivery(BoxLine read) : line(std::move(read.line)), aside(std::move(read.aside)) {}
   explicit Delivery(StreetLine&& read) {
     line = read.Compose();
-    // A unit that does not fit goes on the line above (section 213).
-    if (!read.units.empty() && JoinedLength(line.begin(), line.end()) > kLongestLine) {
-      aside = std::exchange(read.units, {});
-      line = read.Compose();
-    }
     street = std::move(read);
   }
 

@@ -50,8 +50,29 @@ size_t GridLength(const Words& words) {
   return 0;
 }
 
+// A17, AB17 or A17B: block and house.
 bool IsBlockNumber(std::string_view word) {
+  if (word.size() > 2 && IsUpper(word.back()) && IsDigit(word[word.size() - 2])) {
+    word.remove_suffix(1);
+  }
   return word.size() > 1 && IsUpper(word[0]) && AllDigits(word.substr(IsUpper(word[1]) ? 2 : 1));
+}
+
+// 67/69: two houses. Of a fraction the second number is small.
+bool IsPairOfHouses(std::string_view word) {
+  constexpr size_t kLongestFraction = 1;  // digits
+  return IsFraction(word) && word.find('/') > kLongestFraction;
+}
+
+// Numbers that are written out in front of a street that is itself a number: TWO 20TH ST. In front
+// of others they may be a part of its name, as in THREE RIVERS DR.
+std::string NumberInWords(const Words& words) {
+  static constexpr std::string_view kNumbers[] = {
+      "TWO", "THREE", "FOUR", "FIVE", "SIX", "SEVEN", "EIGHT", "NINE", "TEN", "ELEVEN", "TWELVE"};
+  const auto* const number = std::find(std::begin(kNumbers), std::end(kNumbers), words[0]);
+  return number != std::end(kNumbers) && IsOrdinal(words[1])
+             ? std::to_string(number - std::begin(kNumbers) + 2)
+             : std::string();
 }
 
 // Takes the house number off the front; empty where there is none.
@@ -64,7 +85,8 @@ Words TakeNumber(Words& words, bool puertoRico) {
       number[0] += words[i];
     }
   } else if (!words.empty() && words[0].size() <= kLongestNumber &&
-             ((IsDigit(words[0][0]) && !IsOrdinal(words[0]) && !IsFraction(words[0])) ||
+             ((IsDigit(words[0][0]) && !IsOrdinal(words[0]) &&
+               (!IsFraction(words[0]) || IsPairOfHouses(words[0]))) ||
               (puertoRico && IsBlockNumber(words[0])))) {
     taken = 1;
     const size_t hyphen = words[0].find('-');
@@ -77,6 +99,9 @@ Words TakeNumber(Words& words, bool puertoRico) {
     }
   } else if (words.size() > 2 && words[0] == "ONE" && words[1] != "MILE") {
     number = {"1"};  // the one number that people write out: ONE MAIN ST
+    taken = 1;
+  } else if (words.size() > 2 && !NumberInWords(words).empty()) {
+    number = {NumberInWords(words)};
     taken = 1;
   }
   words.erase(words.begin(), words.begin() + taken);

@@ -54,6 +54,32 @@ void ShortenMailbox(Words& words, size_t from) {
   }
 }
 
+// APT4B, STE-209: parts designators from their numbers.
+void PartDesignators(Words& words, size_t from) {
+  for (size_t at = from; at < words.size(); ++at) {
+    const std::string word = words[at];
+    const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
+    const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
+    const std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
+    if (digits < word.size() && letters.size() > 1 &&
+        !Lexicon::Get().NumberedUnit(letters).empty()) {
+      words[at] = letters;
+      words.insert(words.begin() + static_cast<long>(at) + 1, word.substr(digits));
+    }
+  }
+}
+
+// The number of a floor, 2 of 2ND and SECOND; empty for another word.
+std::string FloorNumber(const std::string& word) {
+  static constexpr std::string_view kWords[] = {"FIRST", "SECOND",  "THIRD",  "FOURTH", "FIFTH",
+                                                "SIXTH", "SEVENTH", "EIGHTH", "NINTH",  "TENTH"};
+  if (IsOrdinal(word)) {
+    return word.substr(0, word.size() - 2);
+  }
+  const auto* const found = std::find(std::begin(kWords), std::end(kWords), word);
+  return found == std::end(kWords) ? std::string() : std::to_string(found - std::begin(kWords) + 1);
+}
+
 // Looks at the end of words[begin, end).
 class LastUnit {
  public:
@@ -61,8 +87,8 @@ class LastUnit {
       : words_(words), begin_(begin), end_(end) {}
 
   Unit Read() const {
-    for (const auto read :
-         {&LastUnit::Box, &LastUnit::Numbered, &LastUnit::Floor, &LastUnit::Plain}) {
+    for (const auto read : {&LastUnit::Box, &LastUnit::Numbered, &LastUnit::NumberedWithDirection,
+                            &LastUnit::Floor, &LastUnit::Plain}) {
       if (Unit unit = (this->*read)(); unit.length > 0) {
         return unit;
       }
@@ -120,12 +146,26 @@ class LastUnit {
     return Lexicon::Get().NumberedUnit(word);
   }
 
-  // "2ND FLOOR".
+  // "2ND FLOOR", "SECOND FLOOR".
   Unit Floor() const {
-    if (Size() < 2 || Lexicon::Get().NumberedUnit(FromEnd(1)) != "FL" || !IsOrdinal(FromEnd(2))) {
+    if (Size() < 2 || Lexicon::Get().NumberedUnit(FromEnd(1)) != "FL" ||
+        FloorNumber(FromEnd(2)).empty()) {
       return {};
     }
-    return {2, {"FL", FromEnd(2).substr(0, FromEnd(2).size() - 2)}};
+    return {2, {"FL", FloorNumber(FromEnd(2))}};
+  }
+
+  // "STE 250 NORTH".
+  Unit NumberedWithDirection() const {
+    const std::string_view direction =
+        Size() < 3 ? std::string_view() : Lexicon::Get().Direction(FromEnd(1));
+    if (direction.empty() || !HasDigit(FromEnd(2)) ||
+        Lexicon::Get().NumberedUnit(FromEnd(3)).empty()) {
+      return {};
+    }
+    return {
+        3,
+        {std::string(Lexicon::Get().NumberedUnit(FromEnd(3))), FromEnd(2), std::string(direction)}};
   }
 
   // A designator that needs no number: "REAR", "PH 4".
@@ -139,7 +179,8 @@ class LastUnit {
         continue;
       }
       const bool behindStreet = Size() > length && EndsStreet(FromEnd(length + 1));
-      if (behindStreet || begin_ == 0 || (length == 1 && !MayEndName(standard))) {
+      const bool behindUnit = LastUnit(words_, begin_, end_ - length).Numbered().length > 0;
+      if (behindStreet || behindUnit || begin_ == 0 || (length == 1 && !MayEndName(standard))) {
         Words words = {std::string(standard)};
         words.insert(words.end(), words_.begin() + (end_ - length + 1), words_.begin() + end_);
         return {length, std::move(words)};
@@ -157,6 +198,7 @@ class LastUnit {
 
 Words TakeUnits(Words& words, size_t kept) {
   ShortenMailbox(words, kept);
+  PartDesignators(words, kept);
   Words units;
   while (words.size() > kept) {
     Unit last = LastUnit(words, kept, words.size()).Read();

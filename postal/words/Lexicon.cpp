@@ -118,9 +118,9 @@ std::string_view Lexicon::SpelledSuffix(std::string_view standard) const {
 }
 
 bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
-  static constexpr std::string_view kTypes[] = {"ALY", "AVE", "BLVD", "CIR", "CT", "DR",
-                                                "HWY", "LN",  "PKWY", "PL",  "RD", "SQ",
-                                                "ST",  "TER", "TRL",  "WAY"};
+  static constexpr std::string_view kTypes[] = {"ALY", "AVE", "BLVD", "CIR",  "CT", "DR", "EXPY",
+                                                "FWY", "HWY", "LN",   "PKWY", "PL", "RD", "SQ",
+                                                "ST",  "TER", "TPKE", "TRL",  "WAY"};
   return std::find(std::begin(kTypes), std::end(kTypes), standardSuffix) != std::end(kTypes);
 }
 
