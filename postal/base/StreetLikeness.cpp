@@ -55,10 +55,47 @@ struct ShortElements {
   const std::string& postdirectional;
 };
 
+// A numbered road: people call one of a state a highway, a route or a road, with the state or
+// without, and leave away whose it is.
+struct NumberedRoad {
+  explicit NumberedRoad(const StreetName& street) : ends(street) {
+    const Words words = SplitLine(street.name);
+    if (words.size() < 2 || !IsDigit(words.back()[0])) {
+      return;
+    }
+    const std::string called = JoinWords(words.begin(), words.end() - 1);
+    const bool ofState = words.size() > 2 && words[0] != "US" && words[0].size() == 2 &&
+                         !Lexicon::Get().State(words[0]).empty();
+    const std::string kind = ofState ? JoinWords(words.begin() + 1, words.end() - 1) : called;
+    isState = kind == "STATE ROUTE" || kind == "STATE ROAD" || kind == "STATE HIGHWAY" ||
+              (ofState && kind == "HIGHWAY");
+    isBare = !ofState && (kind == "HIGHWAY" || kind == "ROUTE");
+    isFederal = called == "US HIGHWAY";
+    number = words.back();
+  }
+
+  bool IsRoad() const { return isState || isBare || isFederal; }
+
+  // Says whether this may be the road that `known` is.
+  bool MayBe(const NumberedRoad& known) const {
+    return number == known.number && ends.predirectional == known.ends.predirectional &&
+           ends.suffix == known.ends.suffix && ends.postdirectional == known.ends.postdirectional &&
+           ((isBare && known.IsRoad()) || (isState && (known.isState || known.isBare)) ||
+            (isFederal && (known.isFederal || known.isBare)));
+  }
+
+  const StreetName& ends;
+  std::string number;
+  bool isState = false;
+  bool isFederal = false;
+  bool isBare = false;
+};
+
 }  // namespace
 
 StreetLikeness::StreetLikeness(const StreetName& asked)
-    : urbanization_(asked.urbanization),
+    : asked_(asked),
+      urbanization_(asked.urbanization),
       words_(ShortStreetWords(WordsOf(asked))),
       joined_(Join(words_)),
       spelt_(SpellOut(WordsOf(asked))) {}
@@ -67,7 +104,7 @@ Likeness StreetLikeness::To(const StreetName& known) const {
   if (urbanization_ != known.urbanization && !urbanization_.empty()) {
     return Likeness::Different;
   }
-  if (LacksElementsOf(known, 0)) {
+  if (LacksElementsOf(known, 0) || NumberedRoad(asked_).MayBe(NumberedRoad(known))) {
     return Likeness::Same;
   }
   if (LacksElementsOf(known, 1)) {

@@ -36,6 +36,7 @@ class StreetLikeness {
   bool HasAnotherElement(const StreetName& known) const;
   bool IsMisspelt(const StreetName& known) const;
 
+  StreetName asked_;
   std::string urbanization_;
   Words words_;  // in their short forms
   std::string joined_;

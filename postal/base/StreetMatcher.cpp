@@ -58,7 +58,9 @@ bool HasOtherWords(const StreetName& asked, const StreetName& known) {
   return a.size() != b.size() ||
          !std::equal(a.begin(), a.end(), b.begin(),
                      [&](const std::string& given, const std::string& there) {
-                       return given == there || (isElement(given) && isElement(there));
+                       return given == there ||
+                              (isElement(given) && isElement(there) &&
+                               ShortStreetWords({given}) == ShortStreetWords({there}));
                      });
 }
 
