@@ -6,7 +6,7 @@
 
 #include "apps/addressbook/book/Book.h"
 #include "apps/addressbook/book/CheckHistory.h"
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -63,7 +63,7 @@ void BookTest::readsPlaces_data() {
 
 void BookTest::readsPlaces() {
   QFETCH(QString, line);
-  const std::optional<Place> place = readPlace(line);
+  const std::optional<tables::Place> place = tables::readPlace(line);
   QTEST(place ? place->city + "|" + place->state + "|" + place->zip : QString(), "place");
 }
 
@@ -81,7 +81,7 @@ void BookTest::showsLabelsInColumns_data() {
 
 void BookTest::showsLabelsInColumns() {
   QFETCH(QString, label);
-  const LabelSummary summary = summarizeLabel(label);
+  const tables::LabelSummary summary = tables::summarizeLabel(label);
   QTEST(QStringList({summary.name, summary.street, summary.place, summary.zip}).join('|'),
         "columns");
 }

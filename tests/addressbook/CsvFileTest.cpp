@@ -117,9 +117,9 @@ void CsvFileTest::dividesLabels_data() {
 void CsvFileTest::dividesLabels() {
   QFETCH(QString, old);
   QFETCH(QString, label);
-  const ColumnMapping mapping =
-      ColumnMapping::guess({"First name", "Middle name", "Last name", "Company", "Address 1",
-                            "Address 2", "City", "State", "ZIP", "ZIP+4"});
+  const tables::ColumnMapping mapping =
+      tables::ColumnMapping::guess({"First name", "Middle name", "Last name", "Company",
+                                    "Address 1", "Address 2", "City", "State", "ZIP", "ZIP+4"});
   const QStringList cells = mapping.divide(label, old.split('|')).cells;
   QTEST(cells.join('|'), "cells");
   const auto letters = [](QString text) { return text.remove(',').remove('-').toUpper(); };
@@ -128,7 +128,7 @@ void CsvFileTest::dividesLabels() {
 
 void CsvFileTest::guessesColumns_data() {
   QTest::addColumn<QString>("header");
-  QTest::addColumn<QString>("roles");  // the numbers of ColumnRole
+  QTest::addColumn<QString>("roles");  // the numbers of tables::ColumnRole
   QTest::newRow("plain") << "ID,Name,Company,Address,City,State,Zip,Phone"
                          << "02345670";
   QTest::newRow("pieces") << "first_name,LAST-NAME,Address Line 1,address_line_2,Postal Code"
@@ -150,8 +150,8 @@ void CsvFileTest::guessesColumns_data() {
 void CsvFileTest::guessesColumns() {
   QFETCH(QString, header);
   QString roles;
-  const ColumnMapping mapping = ColumnMapping::guess(header.split(','));
-  for (const ColumnRole role : mapping.roles()) {
+  const tables::ColumnMapping mapping = tables::ColumnMapping::guess(header.split(','));
+  for (const tables::ColumnRole role : mapping.roles()) {
     roles += QString::number(static_cast<int>(role));
   }
   QTEST(roles, "roles");
@@ -187,7 +187,7 @@ void CsvFileTest::growsOutOfWindows1252() {
 
 void CsvFileTest::guardsFormulas() {
   const QString path = put("Name,Note\nJane,=1+1\n\"-Li\",\" @x\"\n5-3,a=b\n");
-  CsvFile file(TextFile::read(path));
+  CsvFile file(tables::TextFile::read(path));
   file.writeForSpreadsheet(path, file.entries());
   QCOMPARE(bytes(), "\xEF\xBB\xBFName,Note\nJane,\"'=1+1\"\n\"'-Li\",\"' @x\"\n5-3,a=b\n");
 }

@@ -8,8 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/formats/BookFormats.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -92,11 +92,12 @@ void SavingTest::leavesTheOldFileWhereItCannotWrite() {
   const QString path = folder.filePath(name);
   const std::unique_ptr<BookFile> file = newBookFile(path);
   file->write(path, {{1, "old", {}}});
-  QVERIFY_EXCEPTION_THROWN(file->write(folder.filePath("no folder/" + name), {}), BookError);
+  QVERIFY_EXCEPTION_THROWN(file->write(folder.filePath("no folder/" + name), {}),
+                           tables::FileError);
   // A folder in the way of the new file.
   const QString blocked = folder.filePath("blocked");
   QDir().mkpath(blocked + "/inside");
-  QVERIFY_EXCEPTION_THROWN(file->write(blocked, {{1, "new", {}}}), BookError);
+  QVERIFY_EXCEPTION_THROWN(file->write(blocked, {{1, "new", {}}}), tables::FileError);
   QCOMPARE(openBookFile(path)->entries().first().label, "old");
   QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }

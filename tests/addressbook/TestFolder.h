@@ -4,8 +4,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/formats/BookFormats.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -33,7 +33,7 @@ class TestFolder {
     try {
       openBookFile(path);
       return {};
-    } catch (const BookError& error) {
+    } catch (const tables::FileError& error) {
       return error.message();
     }
   }

@@ -114,7 +114,8 @@ void WindowTest::init() {
   _folder = std::make_unique<TestFolder>();
   put("book.csv", kBook);
   const QStringList header = {"Name", "Street", "City", "State", "Zip", "Phone"};
-  ColumnMemory::remember(kBook.first(kBook.indexOf('\n')), {',', ColumnMapping::guess(header)});
+  ColumnMemory::remember(kBook.first(kBook.indexOf('\n')),
+                         {',', tables::ColumnMapping::guess(header)});
   _window = std::make_unique<AddressBookWindow>(_fixer);
   _window->show();
   _table = find<EntryTable>("entryTable");

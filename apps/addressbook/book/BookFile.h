@@ -37,7 +37,7 @@ class BookFile {
   // old or the new file, whole, should the program be killed. Entries that entries() did not give
   // are new. An entry whose label is as it was read is written as it was.
   //
-  // Returns what the user should know about how it was written, mostly nothing. Throws BookError
+  // Returns what the user should know about how it was written, mostly nothing. Throws FileError
   // where it could not be; the file at `path` is then as it was.
   virtual QStringList write(const QString& path, const QList<Entry>& entries) = 0;
 };

@@ -5,8 +5,8 @@
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/book/Database.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -71,7 +71,7 @@ void CheckHistory::fill(QList<Entry>& entries) const try {
       entry.check = {*found, text, {}};
     }
   }
-} catch (const BookError& error) {
+} catch (const tables::FileError& error) {
   qCWarning(lcHistory).noquote() << "earlier checks are not known:" << error.message();
 }
 
@@ -80,7 +80,7 @@ void CheckHistory::remember(const QList<Entry>& entries, QDate today) const try 
   Database::Transaction transaction(database);
   write(database, entries, today);
   transaction.commit();
-} catch (const BookError& error) {
+} catch (const tables::FileError& error) {
   qCWarning(lcHistory).noquote() << "checks are not remembered:" << error.message();
 }
 

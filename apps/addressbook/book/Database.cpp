@@ -3,14 +3,14 @@
 #include <QCoreApplication>
 #include <QSqlError>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
 namespace {
 
 [[noreturn]] void fail(const QSqlError& error) {
-  throw BookError(
+  throw tables::FileError(
       QCoreApplication::translate("postwright::addressbook::Database", "The database answers: %1.")
           .arg(error.text().trimmed()));
 }

@@ -15,7 +15,7 @@ namespace postwright::addressbook {
 //   database.run("DELETE FROM entries WHERE id = ?", {id});
 //   transaction.commit();
 //
-// Every operation throws BookError with SQLite's own words where it fails. One thread at a time.
+// Every operation throws FileError with SQLite's own words where it fails. One thread at a time.
 class Database {
  public:
   enum class Access { ReadOnly, ReadWrite };

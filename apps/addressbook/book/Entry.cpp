@@ -2,7 +2,7 @@
 
 #include <QCryptographicHash>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -13,7 +13,8 @@ constexpr int kMonthsUntilDueAgain = 6;
 }  // namespace
 
 QByteArray textFingerprint(const QString& label) {
-  return QCryptographicHash::hash(lettersOf(label).toUtf8(), QCryptographicHash::Blake2b_160);
+  return QCryptographicHash::hash(tables::lettersOf(label).toUtf8(),
+                                  QCryptographicHash::Blake2b_160);
 }
 
 CheckState checkState(const Entry& entry, QDate today) {
@@ -29,7 +30,7 @@ CheckState checkState(const Entry& entry, QDate today) {
 }
 
 bool hasAddress(const Entry& entry) {
-  return entry.label.contains(QLatin1Char('\n')) || readPlace(entry.label).has_value();
+  return entry.label.contains(QLatin1Char('\n')) || tables::readPlace(entry.label).has_value();
 }
 
 }  // namespace postwright::addressbook

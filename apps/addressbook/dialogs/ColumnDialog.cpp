@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/window/LabelPreview.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -158,25 +158,25 @@ void ColumnDialog::delimiterChanged() {
       isOther ? _otherDelimiter->text().leftJustified(1, QLatin1Char('"')).at(0).toLatin1()
               : kOfferedDelimiters[offered];
   _problem->clear();
-  if (!CsvReader::isDelimiter(delimiter)) {
+  if (!tables::CsvReader::isDelimiter(delimiter)) {
     return;  // the user is about to type one
   }
   try {
     _file.choose({delimiter, {}});
-    _file.choose({delimiter, ColumnMapping::guess(_file.header())});
-  } catch (const BookError& error) {
+    _file.choose({delimiter, tables::ColumnMapping::guess(_file.header())});
+  } catch (const tables::FileError& error) {
     _problem->setText(error.message());  // the file is as it was
   }
   fillTable();
 }
 
-ColumnMapping ColumnDialog::mapping() const {
-  QList<ColumnRole> roles;
+tables::ColumnMapping ColumnDialog::mapping() const {
+  QList<tables::ColumnRole> roles;
   for (int column = 0; column < _table->rowCount(); ++column) {
     const auto* const box = qobject_cast<QComboBox*>(_table->cellWidget(column, kRole));
-    roles.append(static_cast<ColumnRole>(box->currentIndex()));
+    roles.append(static_cast<tables::ColumnRole>(box->currentIndex()));
   }
-  return ColumnMapping(roles);
+  return tables::ColumnMapping(roles);
 }
 
 void ColumnDialog::showRow(int row) {
@@ -186,7 +186,7 @@ void ColumnDialog::showRow(int row) {
   _next->setEnabled(_row + 1 < count);
   _rowText->setText(count == 0 ? tr("The file has no rows.")
                                : tr("Row %1 of %2").arg(_row + 1).arg(count));
-  const ColumnMapping mapping = this->mapping();
+  const tables::ColumnMapping mapping = this->mapping();
   _preview->setLabel(count == 0 ? QString() : mapping.compose(_file.cells(_row)));
   _accept->setEnabled(mapping.isUsable());
 }

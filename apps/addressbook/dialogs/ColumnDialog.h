@@ -31,7 +31,7 @@ class ColumnDialog : public QDialog {
   QWidget* buildPreview();
   void fillTable();
   void delimiterChanged();
-  ColumnMapping mapping() const;
+  tables::ColumnMapping mapping() const;
   void showRow(int row);
   void refresh() { showRow(_row); }
 

@@ -18,9 +18,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/dialogs/SheetView.h"
 #include "apps/addressbook/window/Question.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -220,7 +220,7 @@ void PrintDialog::run(const QString& done,
       _note = done;
       accept();
     }
-  } catch (const BookError& error) {
+  } catch (const tables::FileError& error) {
     progress.reset();
     Question question(this, tr("The labels cannot be printed."), error.message());
     question.addWayOut(tr("Close"));

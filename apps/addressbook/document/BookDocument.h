@@ -38,7 +38,7 @@ class BookDocument : public QObject {
   void begin(std::unique_ptr<BookFile> file, const QString& path);
 
   // Writes the book; the path becomes its own. A name for another kind of file converts it. Returns
-  // what the user should know; throws BookError.
+  // what the user should know; throws FileError.
   QStringList save(const QString& path);
 
   // True where another program has changed or removed the file since it was read or saved.

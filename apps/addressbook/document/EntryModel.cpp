@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -179,7 +179,7 @@ QString EntryModel::text(int bookRow, int column) const {
   if (column == Checked) {
     return stateText(entry, _book.stateAt(bookRow));
   }
-  const LabelSummary summary = summarizeLabel(entry.label);
+  const tables::LabelSummary summary = tables::summarizeLabel(entry.label);
   switch (column) {
     case Name:
       return summary.name;

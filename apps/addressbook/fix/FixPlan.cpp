@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -60,7 +60,7 @@ FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutc
     PlacedEntry placed{rows[each], book.at(rows[each])};
     Entry& entry = placed.entry;
     if (outcome.kind == FixOutcome::Kind::Corrected) {
-      entry.label = tidyLabel(outcome.text);
+      entry.label = tables::tidyLabel(outcome.text);
       result.corrected.append(placed);
     }
     const bool isFailed = outcome.kind == FixOutcome::Kind::Failed || isUnanswered;

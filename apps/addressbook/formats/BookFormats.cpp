@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "apps/addressbook/book/TextFile.h"
 #include "apps/addressbook/formats/csv/CsvFile.h"
 #include "apps/addressbook/formats/store/StoreFile.h"
 #include "apps/addressbook/formats/vcard/VCardFile.h"
+#include "apps/tables/TextFile.h"
 
 namespace postwright::addressbook {
 
@@ -35,7 +35,7 @@ std::unique_ptr<BookFile> openBookFile(const QString& path) {
   if (StoreFile::isStore(firstBytes(path))) {
     return std::make_unique<StoreFile>(path);
   }
-  TextFile text = TextFile::read(path);
+  tables::TextFile text = tables::TextFile::read(path);
   if (text.utf8.trimmed().isEmpty()) {
     return newBookFile(path);
   }

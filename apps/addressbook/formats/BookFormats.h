@@ -10,7 +10,7 @@ namespace postwright::addressbook {
 
 // Reads the address book at `path`, whose kind is told by what it holds and not by its name: an
 // SQLite database, a text that begins with BEGIN:VCARD, else CSV; only an empty file is what its
-// name says. Throws BookError with a message that does not name the file.
+// name says. Throws FileError with a message that does not name the file.
 std::unique_ptr<BookFile> openBookFile(const QString& path);
 
 // A new file of the kind that the name of `path` asks for: .vcf and .vcard, .csv, .tsv and .txt,

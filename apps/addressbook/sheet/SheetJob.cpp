@@ -7,7 +7,7 @@
 #include <QPrinter>
 #include <QSaveFile>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -21,7 +21,7 @@ QPageLayout letterWithoutMargins() {
 }
 
 [[noreturn]] void failPrinting() {
-  throw BookError(
+  throw tables::FileError(
       LabelSheet::tr("The printer does not take the sheets. See whether it is switched "
                      "on, or save them as a PDF."));
 }
@@ -51,7 +51,7 @@ void SheetJob::paintPage(QPainter& painter, int page) const {
 bool SheetJob::writePdf(const QString& path, const Progress& progress) const {
   QSaveFile file(path);
   const auto fail = [&file] {
-    throw BookError(
+    throw tables::FileError(
         LabelSheet::tr("The PDF could not be written: %1. Free some space or save under "
                        "another name.")
             .arg(file.errorString()));

@@ -36,10 +36,10 @@ struct SheetJob {
   void paintPage(QPainter& painter, int page) const;
 
   // Writes the pages at their true size to a PDF file, the old or the new one being there at any
-  // moment. False when `progress` ended it: nothing was written. Throws BookError.
+  // moment. False when `progress` ended it: nothing was written. Throws FileError.
   bool writePdf(const QString& path, const Progress& progress = {}) const;
 
-  // The same to a printer, which is set to letter paper without margins. Throws BookError where the
+  // The same to a printer, which is set to letter paper without margins. Throws FileError where the
   // printer does not begin.
   bool print(QPrinter& printer, const Progress& progress = {}) const;
 

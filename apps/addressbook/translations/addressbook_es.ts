@@ -299,17 +299,6 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     </message>
 </context>
 <context>
-    <name>postwright::addressbook::CsvReader</name>
-    <message>
-        <source>The row that begins on line %1 holds a cell of more than 1 MiB. Perhaps a quotation mark is missing there.</source>
-        <translation>La fila que empieza en la línea %1 tiene una celda de más de 1 MiB. Puede que falte una comilla.</translation>
-    </message>
-    <message>
-        <source>In the row that begins on line %1 a quotation mark is opened and not closed until the end of the file.</source>
-        <translation>En la fila que empieza en la línea %1 se abre una comilla que no se cierra hasta el final del archivo.</translation>
-    </message>
-</context>
-<context>
     <name>postwright::addressbook::Database</name>
     <message>
         <source>The database answers: %1.</source>
@@ -880,37 +869,6 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
-    <name>postwright::addressbook::TextFile</name>
-    <message>
-        <source>The file is marked as UTF-16 but is not valid in it, perhaps because its end is missing. Save it again in the program that made it.</source>
-        <translation>El archivo dice ser UTF-16 pero no es válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
-    </message>
-    <message>
-        <source>Line %1 holds a NUL byte, so this is no text file. Address books are CSV files, vCard files and the program&apos;s own .pwbook files.</source>
-        <translation>La línea %1 tiene un byte NUL, así que no es un archivo de texto. Las libretas de direcciones son archivos CSV, vCard y los .pwbook del programa.</translation>
-    </message>
-    <message>
-        <source>This is a folder or a device and no file.</source>
-        <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
-    </message>
-    <message>
-        <source>The file is larger than 512 MiB. Part it into smaller ones.</source>
-        <translation>El archivo pasa de 512 MiB. Divídalo en otros más pequeños.</translation>
-    </message>
-    <message>
-        <source>The file cannot be read: %1.</source>
-        <translation>No se puede leer el archivo: %1.</translation>
-    </message>
-    <message>
-        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
-        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
-    </message>
-    <message>
-        <source>The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its characters.</source>
-        <translation>El archivo es ahora UTF-8: Windows-1252, lo que era antes, no tiene código para uno de sus caracteres.</translation>
-    </message>
-</context>
-<context>
     <name>postwright::addressbook::VCardFile</name>
     <message>
         <source>The file holds no vCard: no line reads BEGIN:VCARD.</source>
@@ -1066,6 +1024,48 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Print Labels</source>
         <translation>Imprimir etiquetas</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::tables::CsvReader</name>
+    <message>
+        <source>The row that begins on line %1 holds a cell of more than 1 MiB. Perhaps a quotation mark is missing there.</source>
+        <translation>La fila que empieza en la línea %1 tiene una celda de más de 1 MiB. Puede que falte una comilla.</translation>
+    </message>
+    <message>
+        <source>In the row that begins on line %1 a quotation mark is opened and not closed until the end of the file.</source>
+        <translation>En la fila que empieza en la línea %1 se abre una comilla que no se cierra hasta el final del archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::tables::TextFile</name>
+    <message>
+        <source>The file is marked as UTF-16 but is not valid in it, perhaps because its end is missing. Save it again in the program that made it.</source>
+        <translation>El archivo dice ser UTF-16 pero no es válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
+    </message>
+    <message>
+        <source>Line %1 holds a NUL byte, so this is no text file. Address books are CSV files, vCard files and the program&apos;s own .pwbook files.</source>
+        <translation>La línea %1 tiene un byte NUL, así que no es un archivo de texto. Las libretas de direcciones son archivos CSV, vCard y los .pwbook del programa.</translation>
+    </message>
+    <message>
+        <source>This is a folder or a device and no file.</source>
+        <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 512 MiB. Part it into smaller ones.</source>
+        <translation>El archivo pasa de 512 MiB. Divídalo en otros más pequeños.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1.</source>
+        <translation>No se puede leer el archivo: %1.</translation>
+    </message>
+    <message>
+        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
+        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its characters.</source>
+        <translation>El archivo es ahora UTF-8: Windows-1252, lo que era antes, no tiene código para uno de sus caracteres.</translation>
     </message>
 </context>
 </TS>

@@ -5,12 +5,12 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include "apps/addressbook/book/LabelText.h"
 #include "apps/addressbook/document/EntryModel.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/window/LabelEditor.h"
 #include "apps/addressbook/window/LabelPreview.h"
 #include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -57,7 +57,7 @@ EntryPanel::EntryPanel(BookDocument& document, QWidget* parent)
   layout->addStretch(1);
   connect(_editor, &LabelEditor::typed, this, [this](const QString& text) {
     if (_rows.size() == 1) {
-      _document.edit(_rows.first(), tidyLabel(text));
+      _document.edit(_rows.first(), tables::tidyLabel(text));
     }
   });
   connect(_editor, &LabelEditor::left, &_document, &BookDocument::endEdit);
@@ -94,7 +94,7 @@ void EntryPanel::refresh() {
   _editor->setEnabled(isOne);
   const Entry entry = isOne ? _document.book().at(_rows.first()) : Entry{};
   // While the user types, blanks at the end of a line stay where they are.
-  if (tidyLabel(_editor->toPlainText()) != entry.label || !isOne) {
+  if (tables::tidyLabel(_editor->toPlainText()) != entry.label || !isOne) {
     _editor->showText(entry.label);
   }
   _editor->setPlaceholderText(isOne ? tr("Name\nStreet\nCity, state and ZIP code") : QString());

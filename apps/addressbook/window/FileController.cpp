@@ -8,13 +8,13 @@
 #include <QPushButton>
 #include <QStandardPaths>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/dialogs/ColumnDialog.h"
 #include "apps/addressbook/document/BookDocument.h"
 #include "apps/addressbook/formats/BookFormats.h"
 #include "apps/addressbook/formats/csv/CsvFile.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/window/Question.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -110,7 +110,7 @@ bool FileController::openPath(const QString& path) {
     _document.begin(std::move(file), path);
     RecentFiles::add(path);
     return true;
-  } catch (const BookError& error) {
+  } catch (const tables::FileError& error) {
     RecentFiles::remove(path);
     showError(tr("“%1” cannot be opened.").arg(shown(path)), error);
     return false;
@@ -141,7 +141,7 @@ void FileController::chooseColumns() {
     if (askColumns(static_cast<CsvFile&>(*file), path)) {
       _document.begin(std::move(file), path);
     }
-  } catch (const BookError& error) {
+  } catch (const tables::FileError& error) {
     showError(tr("“%1” cannot be opened.").arg(shown(path)), error);
   }
 }
@@ -183,7 +183,7 @@ bool FileController::saveTo(const QString& path) {
     RecentFiles::add(path);
     emit told(notes.join(QLatin1Char(' ')));
     return true;
-  } catch (const BookError& error) {
+  } catch (const tables::FileError& error) {
     showError(tr("“%1” cannot be saved.").arg(shown(path)), error);
     return false;
   }
@@ -239,12 +239,12 @@ void FileController::exportForSpreadsheet() {
     QStringList notes{tr("Exported to “%1”.").arg(shown(path))};
     notes += file.writeForSpreadsheet(path, _document.book().entries());
     emit told(notes.join(QLatin1Char(' ')));
-  } catch (const BookError& error) {
+  } catch (const tables::FileError& error) {
     showError(tr("“%1” cannot be saved.").arg(shown(path)), error);
   }
 }
 
-void FileController::showError(const QString& what, const BookError& error) {
+void FileController::showError(const QString& what, const tables::FileError& error) {
   Question question(_window, what, error.message());
   question.addWayOut(tr("Close"));
   question.ask();

@@ -4,13 +4,14 @@
 #include <QObject>
 #include <QStringList>
 
+#include "apps/tables/FileError.h"
+
 class QMenu;
 class QWidget;
 
 namespace postwright::addressbook {
 
 class BookDocument;
-class BookError;
 class CsvFile;
 
 // Opens and saves address books, asking the user what only the user knows: names, columns, and
@@ -51,7 +52,7 @@ class FileController : public QObject {
   bool saveTo(const QString& path);
   bool mayOverwrite();
   bool mayLeaveBehind(const QString& path);
-  void showError(const QString& what, const BookError& error);
+  void showError(const QString& what, const tables::FileError& error);
   QString folder() const;
 
   BookDocument& _document;

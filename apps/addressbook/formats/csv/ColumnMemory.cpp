@@ -3,7 +3,7 @@
 #include <QCryptographicHash>
 #include <QSettings>
 
-#include "apps/addressbook/formats/csv/CsvReader.h"
+#include "apps/tables/CsvReader.h"
 
 namespace postwright::addressbook {
 
@@ -27,14 +27,14 @@ std::optional<ColumnChoice> ColumnMemory::find(const QByteArray& firstLine) {
     return std::nullopt;
   }
   const char delimiter = static_cast<char>(numbers.takeFirst().toInt());
-  QList<ColumnRole> roles;
+  QList<tables::ColumnRole> roles;
   for (const QString& number : numbers) {
     const int role = number.toInt();
-    roles.append(role > 0 && role < kColumnRoles ? static_cast<ColumnRole>(role)
-                                                 : ColumnRole::None);
+    roles.append(role > 0 && role < tables::kColumnRoles ? static_cast<tables::ColumnRole>(role)
+                                                         : tables::ColumnRole::None);
   }
-  ColumnChoice choice{delimiter, ColumnMapping(roles)};
-  if (!CsvReader::isDelimiter(delimiter) || !choice.mapping.isUsable()) {
+  ColumnChoice choice{delimiter, tables::ColumnMapping(roles)};
+  if (!tables::CsvReader::isDelimiter(delimiter) || !choice.mapping.isUsable()) {
     return std::nullopt;  // settings that someone has edited
   }
   return choice;
@@ -42,7 +42,7 @@ std::optional<ColumnChoice> ColumnMemory::find(const QByteArray& firstLine) {
 
 void ColumnMemory::remember(const QByteArray& firstLine, const ColumnChoice& choice) {
   QStringList numbers{QString::number(static_cast<int>(choice.delimiter))};
-  for (const ColumnRole role : choice.mapping.roles()) {
+  for (const tables::ColumnRole role : choice.mapping.roles()) {
     numbers.append(QString::number(static_cast<int>(role)));
   }
   QSettings().setValue(keyFor(firstLine), numbers.join(kSeparator));

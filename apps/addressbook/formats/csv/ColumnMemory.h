@@ -4,14 +4,14 @@
 #include <QByteArray>
 #include <optional>
 
-#include "apps/addressbook/formats/csv/ColumnMapping.h"
+#include "apps/tables/ColumnMapping.h"
 
 namespace postwright::addressbook {
 
 // How the user wants CSV files of one form to be read.
 struct ColumnChoice {
   char delimiter = ',';
-  ColumnMapping mapping;
+  tables::ColumnMapping mapping;
 };
 
 // Remembers the choice for each header that was met, in the settings of the application. Forms are

@@ -1,8 +1,8 @@
 #include "apps/addressbook/formats/csv/CsvFile.h"
 
-#include "apps/addressbook/book/BookError.h"
-#include "apps/addressbook/formats/csv/CsvWriter.h"
-#include "apps/addressbook/formats/csv/FormulaGuard.h"
+#include "apps/tables/CsvWriter.h"
+#include "apps/tables/FileError.h"
+#include "apps/tables/FormulaGuard.h"
 
 namespace postwright::addressbook {
 
@@ -35,22 +35,23 @@ struct CsvFile::Output {
 };
 
 CsvFile::CsvFile(char delimiter) {
-  _text.utf8 = csvRow(newHeader(), delimiter) + _lineBreak;
-  choose({delimiter, ColumnMapping::guess(newHeader())});
+  _text.utf8 = tables::csvRow(newHeader(), delimiter) + _lineBreak;
+  choose({delimiter, tables::ColumnMapping::guess(newHeader())});
 }
 
-CsvFile::CsvFile(TextFile text) : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
+CsvFile::CsvFile(tables::TextFile text)
+    : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
   if (const std::optional<ColumnChoice> known = ColumnMemory::find(firstLine())) {
     choose(*known);
     return;
   }
-  const char delimiter = CsvReader::guessDelimiter(_text.utf8);
-  const QStringList header = CsvReader(delimiter).firstRow(_text.utf8);
-  choose({delimiter, ColumnMapping::guess(header)});
+  const char delimiter = tables::CsvReader::guessDelimiter(_text.utf8);
+  const QStringList header = tables::CsvReader(delimiter).firstRow(_text.utf8);
+  choose({delimiter, tables::ColumnMapping::guess(header)});
 }
 
 QStringList CsvFile::cells(int row) const {
-  return CsvReader(_choice.delimiter).firstRow(_rows[row].of(_text.utf8));
+  return tables::CsvReader(_choice.delimiter).firstRow(_rows[row].of(_text.utf8));
 }
 
 QByteArray CsvFile::firstLine() const {
@@ -64,17 +65,17 @@ bool CsvFile::hasOwnColumns() const {
 
 void CsvFile::choose(const ColumnChoice& choice) {
   QStringList header;
-  TextRange headerRange;
-  ColumnMapping mapping;
-  QList<TextRange> rows;
+  tables::TextRange headerRange;
+  tables::ColumnMapping mapping;
+  QList<tables::TextRange> rows;
   QStringList labels;
-  CsvReader(choice.delimiter).readRows(_text.utf8, [&](const CsvRow& row) {
+  tables::CsvReader(choice.delimiter).readRows(_text.utf8, [&](const tables::CsvRow& row) {
     if (header.isEmpty()) {
       header = row.cells;
       headerRange = row.range;
-      QList<ColumnRole> roles = choice.mapping.roles();
+      QList<tables::ColumnRole> roles = choice.mapping.roles();
       roles.resize(header.size());
-      mapping = ColumnMapping(roles);
+      mapping = tables::ColumnMapping(roles);
     } else {
       rows.append(row.range);
       labels.append(mapping.compose(row.cells));
@@ -82,7 +83,8 @@ void CsvFile::choose(const ColumnChoice& choice) {
     return true;
   });
   if (header.isEmpty()) {
-    throw BookError(tr("The file is empty. A CSV file begins with a line that names its columns."));
+    throw tables::FileError(
+        tr("The file is empty. A CSV file begins with a line that names its columns."));
   }
   _choice = {choice.delimiter, mapping};
   _header = header;
@@ -102,13 +104,15 @@ QList<Entry> CsvFile::entries() const {
 
 QStringList CsvFile::write(const QString& path, const QList<Entry>& entries) {
   const Output output = compose(entries);
-  return TextFile{output.text, _text.encoding}.write(path) + notesOn(output);
+  return tables::TextFile{output.text, _text.encoding}.write(path) + notesOn(output);
 }
 
 QStringList CsvFile::writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const {
   const Output output = compose(entries);
   // Spreadsheet programs know UTF-8 by its mark alone.
-  TextFile{guardFormulas(output.text, _choice.delimiter), TextEncoding::Utf8WithMark}.write(path);
+  tables::TextFile{tables::guardFormulas(output.text, _choice.delimiter),
+                   tables::TextEncoding::Utf8WithMark}
+      .write(path);
   return notesOn(output);
 }
 
@@ -139,16 +143,16 @@ void CsvFile::appendRow(Output& output, const Entry& entry) const {
 
 QByteArray CsvFile::changedRow(const QByteArray& row, const QString& label,
                                int& wholeLabels) const {
-  const QStringList cells = CsvReader(_choice.delimiter).firstRow(row);
-  const ColumnMapping::Division division = _choice.mapping.divide(label, cells);
+  const QStringList cells = tables::CsvReader(_choice.delimiter).firstRow(row);
+  const tables::ColumnMapping::Division division = _choice.mapping.divide(label, cells);
   wholeLabels += division.isWhole ? 1 : 0;
-  return csvRowWith(row, division.cells, _choice.delimiter);
+  return tables::csvRowWith(row, division.cells, _choice.delimiter);
 }
 
 QByteArray CsvFile::newRow(const QString& label, int& wholeLabels) const {
-  const ColumnMapping::Division division = _choice.mapping.divide(label, {});
+  const tables::ColumnMapping::Division division = _choice.mapping.divide(label, {});
   wholeLabels += division.isWhole ? 1 : 0;
-  return csvRow(division.cells, _choice.delimiter);
+  return tables::csvRow(division.cells, _choice.delimiter);
 }
 
 QStringList CsvFile::notesOn(const Output& output) const {

@@ -5,9 +5,9 @@
 #include <QStringList>
 
 #include "apps/addressbook/book/BookFile.h"
-#include "apps/addressbook/book/TextFile.h"
 #include "apps/addressbook/formats/csv/ColumnMemory.h"
-#include "apps/addressbook/formats/csv/CsvReader.h"
+#include "apps/tables/CsvReader.h"
+#include "apps/tables/TextFile.h"
 
 namespace postwright::addressbook {
 
@@ -26,8 +26,8 @@ class CsvFile final : public BookFile {
   // A new file with columns for name, company, two address lines, city, state and ZIP code.
   explicit CsvFile(char delimiter = ',');
 
-  // Reads a file, as the user chose for its header earlier or as it looks. Throws BookError.
-  explicit CsvFile(TextFile text);
+  // Reads a file, as the user chose for its header earlier or as it looks. Throws FileError.
+  explicit CsvFile(tables::TextFile text);
 
   BookKind kind() const override { return BookKind::Csv; }
   QList<Entry> entries() const override;
@@ -46,7 +46,7 @@ class CsvFile final : public BookFile {
   QByteArray firstLine() const;
 
   const ColumnChoice& choice() const { return _choice; }
-  // Reads the file once more, otherwise. Throws BookError where the delimiter leaves a cell too
+  // Reads the file once more, otherwise. Throws FileError where the delimiter leaves a cell too
   // long; the file is then as it was.
   void choose(const ColumnChoice& choice);
 
@@ -58,11 +58,11 @@ class CsvFile final : public BookFile {
   QByteArray newRow(const QString& label, int& wholeLabels) const;
   QStringList notesOn(const Output& output) const;
 
-  TextFile _text;
+  tables::TextFile _text;
   ColumnChoice _choice;
   QStringList _header;
-  TextRange _headerRange;  // with the blank lines above it
-  QList<TextRange> _rows;
+  tables::TextRange _headerRange;  // with the blank lines above it
+  QList<tables::TextRange> _rows;
   QStringList _labels;  // of the rows, as they were read
   QByteArray _lineBreak = "\r\n";
 };

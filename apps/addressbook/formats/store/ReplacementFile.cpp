@@ -9,16 +9,17 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
 namespace {
 
 [[noreturn]] void fail(const QString& reason) {
-  throw BookError(ReplacementFile::tr("The file could not be written: %1. What was there before is "
-                                      "unchanged; free some space or save under another name.")
-                      .arg(reason));
+  throw tables::FileError(
+      ReplacementFile::tr("The file could not be written: %1. What was there before is "
+                          "unchanged; free some space or save under another name.")
+          .arg(reason));
 }
 
 // What a file that is made anew may be by the user's wish.

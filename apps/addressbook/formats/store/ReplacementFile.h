@@ -16,7 +16,7 @@ class ReplacementFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::ReplacementFile)
 
  public:
-  // Makes an empty file in the folder of `path`, or of what `path` links to. Throws BookError.
+  // Makes an empty file in the folder of `path`, or of what `path` links to. Throws FileError.
   explicit ReplacementFile(const QString& path);
   ReplacementFile(const ReplacementFile&) = delete;
   ReplacementFile& operator=(const ReplacementFile&) = delete;
@@ -26,7 +26,7 @@ class ReplacementFile {
   const QString& temporaryPath() const { return _temporaryPath; }
 
   // Sees the file on the disk, gives it the permissions of the one it replaces, and puts it there.
-  // Throws BookError; what was there before is then unchanged.
+  // Throws FileError; what was there before is then unchanged.
   void commit();
 
  private:

@@ -3,9 +3,9 @@
 #include <QFileInfo>
 #include <QSet>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/book/Database.h"
 #include "apps/addressbook/formats/store/ReplacementFile.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -68,10 +68,10 @@ StoreFile::StoreFile(const QString& path) : _path(path) {
 
 void StoreFile::read(Database& database) {
   if (database.pragma(QStringLiteral("application_id")) != kApplicationId) {
-    throw BookError(tr("This is a database, but not an address book."));
+    throw tables::FileError(tr("This is a database, but not an address book."));
   }
   if (database.pragma(QStringLiteral("user_version")) > kSchemaVersion) {
-    throw BookError(
+    throw tables::FileError(
         tr("The file was made by a later version of the program. Use that one, so that "
            "nothing is lost."));
   }

@@ -28,7 +28,7 @@ class StoreFile final : public BookFile {
   // A new file.
   StoreFile() = default;
 
-  // Reads the file at `path`. Throws BookError for a database that is damaged, is not an address
+  // Reads the file at `path`. Throws FileError for a database that is damaged, is not an address
   // book, or was made by a later version of the program.
   explicit StoreFile(const QString& path);
 

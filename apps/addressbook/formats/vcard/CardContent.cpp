@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -18,7 +18,7 @@ bool isHomeCountry(const QString& country) {
                                     QStringLiteral("UNITEDSTATESOFAMERICA"),
                                     QStringLiteral("ESTADOSUNIDOS"),
                                     QStringLiteral("EEUU")};
-  return names.contains(lettersOf(country));
+  return names.contains(tables::lettersOf(country));
 }
 
 QString boxLine(const QString& box) {
@@ -97,11 +97,11 @@ int CardContent::labelFor(int address) const {
 
 QString CardContent::label(const AddressLines& lines) const {
   if (lines.label >= 0) {
-    return tidyLabel(unescapeText(_lines[lines.label]->value()));
+    return tables::tidyLabel(unescapeText(_lines[lines.label]->value()));
   }
   if (lines.address >= 0) {
-    const QString kept =
-        tidyLabel(_lines[lines.address]->parameter(QStringLiteral("LABEL")).value_or(QString()));
+    const QString kept = tables::tidyLabel(
+        _lines[lines.address]->parameter(QStringLiteral("LABEL")).value_or(QString()));
     if (!kept.isEmpty()) {
       return kept;
     }
@@ -112,12 +112,12 @@ QString CardContent::label(const AddressLines& lines) const {
     composed += composeAddress(lines.address);
   }
   composed.removeAll(QString());
-  return tidyLabel(composed.join(kLineFeed));
+  return tables::tidyLabel(composed.join(kLineFeed));
 }
 
 QString CardContent::name() const {
   const std::optional<ContentLine>& found = line(placeOf(CardProperty::FormattedName));
-  return found ? tidyLabel(unescapeText(found->value())).trimmed() : QString();
+  return found ? tables::tidyLabel(unescapeText(found->value())).trimmed() : QString();
 }
 
 QString CardContent::organization() const {
@@ -126,7 +126,7 @@ QString CardContent::organization() const {
     return {};
   }
   const QStringList unit = splitComponents(found->value(), _version).first();
-  return tidyLabel(unit.join(QLatin1Char(','))).trimmed();
+  return tables::tidyLabel(unit.join(QLatin1Char(','))).trimmed();
 }
 
 QList<QStringList> CardContent::components(int place) const {
@@ -135,7 +135,7 @@ QList<QStringList> CardContent::components(int place) const {
     components = splitComponents(found->value(), _version);
     for (QStringList& values : components) {
       std::transform(values.begin(), values.end(), values.begin(),
-                     [](const QString& value) { return tidyLabel(value).trimmed(); });
+                     [](const QString& value) { return tables::tidyLabel(value).trimmed(); });
       values.removeAll(QString());
     }
   }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
 
@@ -19,16 +19,16 @@ bool holdsDigit(const QString& line) {
 
 // Divides what is left of a label, its name taken away, into the components of an address. The
 // country, which a label within it leaves out, stays as it was unless the label names another.
-QString addressValue(const LabelParts& parts, QStringList above, QStringList country,
+QString addressValue(const tables::LabelParts& parts, QStringList above, QStringList country,
                      CardVersion version) {
   const QString below = parts.below.join(QLatin1Char(' '));
-  if (!below.isEmpty() && !sameLetters(below, country.join(QLatin1Char(' ')))) {
+  if (!below.isEmpty() && !tables::sameLetters(below, country.join(QLatin1Char(' ')))) {
     country = {below};
   } else if (!parts.place && !above.isEmpty() && !country.isEmpty() &&
-             sameLetters(above.last(), country.join(QLatin1Char(' ')))) {
+             tables::sameLetters(above.last(), country.join(QLatin1Char(' ')))) {
     above.removeLast();
   }
-  const Place place = parts.place.value_or(Place{});
+  const tables::Place place = parts.place.value_or(tables::Place{});
   QList<QStringList> components(kAddressComponents);
   components[kStreetAddress] = above;
   components[kLocality] = {place.city};
@@ -44,7 +44,7 @@ CardEditor::CardEditor(const QByteArray& text, const Card& card, QByteArray line
     : _text(text), _card(card), _lineBreak(std::move(lineBreak)), _content(text, card) {}
 
 void CardEditor::setLabel(const AddressLines& lines, const QString& label) {
-  LabelParts parts = partLabel(label);
+  tables::LabelParts parts = tables::partLabel(label);
   QStringList old = _content.label(lines).split(kLineFeed);
   takeName(parts.above, old);
   takeOrganization(parts.above, old);
@@ -60,14 +60,14 @@ void CardEditor::setLabel(const AddressLines& lines, const QString& label) {
 // label showed it and was given another one.
 void CardEditor::takeName(QStringList& above, QStringList& old) {
   const QString name = _content.name();
-  const bool wasShown = !old.isEmpty() && !name.isEmpty() && sameLetters(old.first(), name);
+  const bool wasShown = !old.isEmpty() && !name.isEmpty() && tables::sameLetters(old.first(), name);
   if (wasShown) {
     old.removeFirst();
   }
   if (above.isEmpty()) {
     return;
   }
-  if (sameLetters(above.first(), name)) {
+  if (tables::sameLetters(above.first(), name)) {
     // A card made for a label without a name is named for its street, which stays.
     if (above.size() > 1 || !holdsDigit(name)) {
       above.removeFirst();
@@ -85,11 +85,11 @@ void CardEditor::takeOrganization(QStringList& above, const QStringList& old) {
   if (above.isEmpty() || organization.isEmpty()) {
     return;
   }
-  if (sameLetters(above.first(), organization)) {
+  if (tables::sameLetters(above.first(), organization)) {
     above.removeFirst();
     return;
   }
-  const bool wasShown = !old.isEmpty() && sameLetters(old.first(), organization);
+  const bool wasShown = !old.isEmpty() && tables::sameLetters(old.first(), organization);
   if (wasShown && above.size() > 1 && !holdsDigit(above.first())) {
     const int place = _content.placeOf(CardProperty::Organization);
     ContentLine line = *_content.line(place);
@@ -149,12 +149,12 @@ QByteArray CardEditor::result() const {
   QByteArray changed;
   qsizetype copied = _card.range.begin;
   for (auto each = _replaced.cbegin(); each != _replaced.cend(); ++each) {
-    const TextRange& range = _card.lines[each.key()].range;
-    changed += TextRange{copied, range.begin}.of(_text) + each.value();
+    const tables::TextRange& range = _card.lines[each.key()].range;
+    changed += tables::TextRange{copied, range.begin}.of(_text) + each.value();
     copied = range.end;
   }
-  changed += TextRange{copied, _card.endLine}.of(_text) + _added;
-  return changed + TextRange{_card.endLine, _card.range.end}.of(_text);
+  changed += tables::TextRange{copied, _card.endLine}.of(_text) + _added;
+  return changed + tables::TextRange{_card.endLine, _card.range.end}.of(_text);
 }
 
 QByteArray CardEditor::newCard(const QString& label, CardVersion version,

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
@@ -86,12 +86,12 @@ class Scan {
     for (qsizetype begin = 0; begin < _text.size();) {
       const qsizetype physicalEnd = endOfPhysicalLine(_text, begin);
       const LineHead head = headOf(QByteArrayView(_text).sliced(begin, physicalEnd - begin));
-      const TextRange range{begin, endOfLine(_text, begin, head.isQuotedPrintable)};
+      const tables::TextRange range{begin, endOfLine(_text, begin, head.isQuotedPrintable)};
       take(head, range);
       begin = range.end;
     }
     if (_depth > 0) {
-      throw BookError(
+      throw tables::FileError(
           CardScanner::tr("The vCard that begins on line %1 has no END:VCARD. The end of "
                           "the file may be missing.")
               .arg(lineNumber(_text, _card.range.begin)));
@@ -100,7 +100,7 @@ class Scan {
   }
 
  private:
-  void take(const LineHead& head, const TextRange& range) {
+  void take(const LineHead& head, const tables::TextRange& range) {
     if (head.name == "BEGIN" && head.value == "VCARD") {
       if (_depth++ == 0) {
         _card = Card{range, 0, CardVersion::V30, {}};
@@ -116,7 +116,7 @@ class Scan {
     }
   }
 
-  void takeProperty(const LineHead& head, const TextRange& range) {
+  void takeProperty(const LineHead& head, const tables::TextRange& range) {
     if (head.name == "VERSION") {
       _card.version = head.value == "4.0"   ? CardVersion::V40
                       : head.value == "2.1" ? CardVersion::V21
@@ -127,10 +127,11 @@ class Scan {
       return;
     }
     if (range.size() > kLongestLine) {
-      throw BookError(CardScanner::tr("The %1 on line %2 is longer than 1 MiB. Remove it from the "
-                                      "file, or mend it, and open the file again.")
-                          .arg(QString::fromLatin1(head.name))
-                          .arg(lineNumber(_text, range.begin)));
+      throw tables::FileError(
+          CardScanner::tr("The %1 on line %2 is longer than 1 MiB. Remove it from the "
+                          "file, or mend it, and open the file again.")
+              .arg(QString::fromLatin1(head.name))
+              .arg(lineNumber(_text, range.begin)));
     }
     _card.lines.append({*property, range});
   }

@@ -5,8 +5,8 @@
 #include <QCoreApplication>
 #include <QList>
 
-#include "apps/addressbook/book/TextRange.h"
 #include "apps/addressbook/formats/vcard/ContentLine.h"
+#include "apps/tables/TextRange.h"
 
 namespace postwright::addressbook {
 
@@ -15,13 +15,13 @@ enum class CardProperty : quint8 { Address, Label, FormattedName, Organization }
 
 struct CardLine {
   CardProperty property;
-  TextRange range;  // with folds and line break
+  tables::TextRange range;  // with folds and line break
 };
 
 // A vCard in a text: where it stands and where its lines are that matter here.
 struct Card {
-  TextRange range;        // from BEGIN:VCARD to the line break behind END:VCARD
-  qsizetype endLine = 0;  // where the line END:VCARD begins
+  tables::TextRange range;  // from BEGIN:VCARD to the line break behind END:VCARD
+  qsizetype endLine = 0;    // where the line END:VCARD begins
   CardVersion version = CardVersion::V30;
   QList<CardLine> lines;
 };
@@ -32,7 +32,7 @@ class CardScanner {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::CardScanner)
 
  public:
-  // Throws BookError, naming the line, for a card without an end, and for a property of an address
+  // Throws FileError, naming the line, for a card without an end, and for a property of an address
   // of more than 1 MiB.
   static QList<Card> scan(const QByteArray& utf8);
 };

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "apps/addressbook/book/TextFile.h"
 #include "apps/addressbook/formats/vcard/QuotedPrintable.h"
+#include "apps/tables/TextFile.h"
 
 namespace postwright::addressbook {
 
@@ -51,7 +51,7 @@ bool isUtf8(const QByteArray& bytes) {
 }
 
 QString textOf(const QByteArray& bytes) {
-  return QString::fromUtf8(isUtf8(bytes) ? bytes : windows1252ToUtf8(bytes));
+  return QString::fromUtf8(isUtf8(bytes) ? bytes : tables::windows1252ToUtf8(bytes));
 }
 
 // Puts the blank of a fold every 75 octets, never inside a character.

@@ -2,15 +2,15 @@
 
 #include <optional>
 
-#include "apps/addressbook/book/BookError.h"
 #include "apps/addressbook/formats/vcard/CardEditor.h"
+#include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
-VCardFile::VCardFile(TextFile text) : _text(std::move(text)) {
+VCardFile::VCardFile(tables::TextFile text) : _text(std::move(text)) {
   _cards = CardScanner::scan(_text.utf8);
   if (_cards.isEmpty() && !_text.utf8.trimmed().isEmpty()) {
-    throw BookError(tr("The file holds no vCard: no line reads BEGIN:VCARD."));
+    throw tables::FileError(tr("The file holds no vCard: no line reads BEGIN:VCARD."));
   }
   if (!_cards.isEmpty()) {
     _newCards = _cards.first().version;
@@ -48,7 +48,7 @@ QStringList VCardFile::write(const QString& path, const QList<Entry>& entries) {
   qsizetype copied = 0;
   auto address = _addresses.cbegin();
   for (int card = 0; card < _cards.size(); ++card) {
-    text += TextRange{copied, _cards[card].range.begin}.of(_text.utf8);
+    text += tables::TextRange{copied, _cards[card].range.begin}.of(_text.utf8);
     text += cardText(card, address, labels);
     copied = _cards[card].range.end;
   }
@@ -56,7 +56,7 @@ QStringList VCardFile::write(const QString& path, const QList<Entry>& entries) {
   if (!text.isEmpty() && !text.endsWith('\n') && !added.isEmpty()) {
     text += _lineBreak;
   }
-  return TextFile{text + added, _text.encoding}.write(path);
+  return tables::TextFile{text + added, _text.encoding}.write(path);
 }
 
 // Returns the card as it is to be written; empty where all of its entries were removed. `address`

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 #include "apps/addressbook/book/BookFile.h"
-#include "apps/addressbook/book/TextFile.h"
 #include "apps/addressbook/formats/vcard/CardContent.h"
+#include "apps/tables/TextFile.h"
 
 namespace postwright::addressbook {
 
@@ -22,8 +22,8 @@ class VCardFile final : public BookFile {
   // A new file, of version 4.0.
   VCardFile() = default;
 
-  // Reads a file. Throws BookError.
-  explicit VCardFile(TextFile text);
+  // Reads a file. Throws FileError.
+  explicit VCardFile(tables::TextFile text);
 
   BookKind kind() const override { return BookKind::VCard; }
   QList<Entry> entries() const override;
@@ -39,7 +39,7 @@ class VCardFile final : public BookFile {
   QByteArray cardText(int card, QList<Address>::const_iterator& address,
                       const QList<const QString*>& labels) const;
 
-  TextFile _text;
+  tables::TextFile _text;
   QByteArray _lineBreak = "\r\n";
   CardVersion _newCards = CardVersion::V40;
   QList<Card> _cards;

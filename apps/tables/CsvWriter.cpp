@@ -1,12 +1,12 @@
-#include "apps/addressbook/formats/csv/CsvWriter.h"
+#include "apps/tables/CsvWriter.h"
 
 #include <csv.h>
 
 #include <algorithm>
 
-#include "apps/addressbook/formats/csv/CsvReader.h"
+#include "apps/tables/CsvReader.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -67,4 +67,4 @@ QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char deli
   return changed + row.sliced(end);
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

@@ -1,9 +1,9 @@
-#include "apps/addressbook/formats/csv/ColumnMapping.h"
+#include "apps/tables/ColumnMapping.h"
 
 #include <algorithm>
 #include <numeric>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -192,4 +192,4 @@ void ColumnMapping::putName(QStringList& cells, const QStringList& old, const QS
   }
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_
+#ifndef POSTWRIGHT_APPS_TABLES_TEXTFILE_H_
+#define POSTWRIGHT_APPS_TABLES_TEXTFILE_H_
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <optional>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // How the characters of a text file are written.
 enum class TextEncoding { Utf8, Utf8WithMark, Utf16LittleEndian, Utf16BigEndian, Windows1252 };
@@ -20,18 +20,18 @@ enum class TextEncoding { Utf8, Utf8WithMark, Utf16LittleEndian, Utf16BigEndian,
 //
 // What is not changed in between is written byte for byte as it was.
 struct TextFile {
-  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::TextFile)
+  Q_DECLARE_TR_FUNCTIONS(postwright::tables::TextFile)
 
  public:
   // The encoding is the one its byte-order mark names, else UTF-8 where the bytes are valid in it,
-  // else Windows-1252. Throws BookError for a file that cannot be read, is larger than 512 MiB, or
+  // else Windows-1252. Throws FileError for a file that cannot be read, is larger than 512 MiB, or
   // is no text (a NUL byte, UTF-16 that is not valid).
   static TextFile read(const QString& path);
 
   // Writes the file so that at any moment, should the program be killed, there is the old or the
   // new one, whole. A file in Windows-1252 that has a character now for which there is no code
   // becomes UTF-8 with a byte-order mark; that is what the user should know, and what is returned.
-  // Throws BookError where the file could not be written; the old one is then as it was.
+  // Throws FileError where the file could not be written; the old one is then as it was.
   QStringList write(const QString& path) const;
 
   QByteArray utf8;
@@ -44,6 +44,6 @@ struct TextFile {
 QByteArray windows1252ToUtf8(const QByteArray& bytes);
 std::optional<QByteArray> utf8ToWindows1252(const QByteArray& utf8);
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTFILE_H_
+#endif  // POSTWRIGHT_APPS_TABLES_TEXTFILE_H_

@@ -1,9 +1,9 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTRANGE_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTRANGE_H_
+#ifndef POSTWRIGHT_APPS_TABLES_TEXTRANGE_H_
+#define POSTWRIGHT_APPS_TABLES_TEXTRANGE_H_
 
 #include <QByteArray>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // A piece of the text that is read, by offsets into it.
 struct TextRange {
@@ -14,6 +14,6 @@ struct TextRange {
   QByteArray of(const QByteArray& text) const { return text.sliced(begin, size()); }
 };
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_TEXTRANGE_H_
+#endif  // POSTWRIGHT_APPS_TABLES_TEXTRANGE_H_

@@ -1,16 +1,16 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOKERROR_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOKERROR_H_
+#ifndef POSTWRIGHT_APPS_TABLES_FILEERROR_H_
+#define POSTWRIGHT_APPS_TABLES_FILEERROR_H_
 
 #include <QString>
 #include <stdexcept>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // A file that cannot be read or written. The message, in the user's language, says which file, what
 // is wrong, where, and what to do. Whatever was on disk is still there.
-class BookError : public std::runtime_error {
+class FileError : public std::runtime_error {
  public:
-  explicit BookError(const QString& message)
+  explicit FileError(const QString& message)
       : std::runtime_error(message.toStdString()), _message(message) {}
 
   const QString& message() const { return _message; }
@@ -19,6 +19,6 @@ class BookError : public std::runtime_error {
   QString _message;
 };
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOKERROR_H_
+#endif  // POSTWRIGHT_APPS_TABLES_FILEERROR_H_

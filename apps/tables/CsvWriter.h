@@ -1,11 +1,11 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVWRITER_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVWRITER_H_
+#ifndef POSTWRIGHT_APPS_TABLES_CSVWRITER_H_
+#define POSTWRIGHT_APPS_TABLES_CSVWRITER_H_
 
 #include <QByteArray>
 #include <QList>
 #include <QStringList>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 enum class CsvQuotes { WhereNeeded, Always };
 
@@ -21,6 +21,6 @@ QByteArray csvRow(const QStringList& cells, char delimiter);
 // behind it.
 QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char delimiter);
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVWRITER_H_
+#endif  // POSTWRIGHT_APPS_TABLES_CSVWRITER_H_

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_
+#ifndef POSTWRIGHT_APPS_TABLES_CSVREADER_H_
+#define POSTWRIGHT_APPS_TABLES_CSVREADER_H_
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -8,9 +8,9 @@
 #include <QStringList>
 #include <functional>
 
-#include "apps/addressbook/book/TextRange.h"
+#include "apps/tables/TextRange.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // A row of a CSV text. Blank lines before it belong to it, as does the line break at its end.
 struct CsvRow {
@@ -25,7 +25,7 @@ struct CsvRow {
 //
 // Blanks around a cell are not part of it, unless they are inside its quotation marks.
 class CsvReader {
-  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::CsvReader)
+  Q_DECLARE_TR_FUNCTIONS(postwright::tables::CsvReader)
 
  public:
   // Delimiters that are looked for in a file. Any other ASCII character will do as well, except
@@ -39,7 +39,7 @@ class CsvReader {
 
   explicit CsvReader(char delimiter) : _delimiter(delimiter) {}
 
-  // Calls `take` with each row until it returns false. Throws BookError, naming the line, for a
+  // Calls `take` with each row until it returns false. Throws FileError, naming the line, for a
   // cell of more than 1 MiB and for a quotation mark that nothing closes.
   void readRows(QByteArrayView utf8, const std::function<bool(const CsvRow&)>& take) const;
 
@@ -54,6 +54,6 @@ class CsvReader {
   char _delimiter;
 };
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_CSVREADER_H_
+#endif  // POSTWRIGHT_APPS_TABLES_CSVREADER_H_

@@ -1,8 +1,8 @@
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
 #include <QRegularExpression>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -93,4 +93,4 @@ LabelSummary summarizeLabel(const QString& label) {
   return summary;
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

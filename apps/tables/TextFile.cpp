@@ -1,4 +1,4 @@
-#include "apps/addressbook/book/TextFile.h"
+#include "apps/tables/TextFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <array>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -62,7 +62,7 @@ QByteArray utf16ToUtf8(const QByteArray& bytes, TextEncoding encoding) {
   QStringDecoder decoder(converterFor(encoding));
   const QString text = decoder(bytes);
   if (decoder.hasError() || bytes.size() % 2 != 0) {
-    throw BookError(
+    throw FileError(
         TextFile::tr("The file is marked as UTF-16 but is not valid in it, perhaps because its end "
                      "is missing. Save it again in the program that made it."));
   }
@@ -104,7 +104,7 @@ void refuseBinary(const QByteArray& utf8) {
   const qsizetype nul = utf8.indexOf('\0');
   if (nul >= 0) {
     const qsizetype line = utf8.first(nul).count('\n') + 1;
-    throw BookError(
+    throw FileError(
         TextFile::tr("Line %1 holds a NUL byte, so this is no text file. Address books are CSV "
                      "files, vCard files and the program's own .pwbook files.")
             .arg(line));
@@ -116,16 +116,16 @@ void refuseBinary(const QByteArray& utf8) {
 TextFile TextFile::read(const QString& path) {
   const QFileInfo info(path);
   if (info.exists() && !info.isFile()) {
-    throw BookError(tr("This is a folder or a device and no file."));
+    throw FileError(tr("This is a folder or a device and no file."));
   }
   if (info.size() > kLargestFile) {
-    throw BookError(tr("The file is larger than 512 MiB. Part it into smaller ones."));
+    throw FileError(tr("The file is larger than 512 MiB. Part it into smaller ones."));
   }
   QFile file(path);
   const bool isOpen = file.open(QIODevice::ReadOnly);
   const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
   if (file.error() != QFileDevice::NoError) {
-    throw BookError(tr("The file cannot be read: %1.").arg(file.errorString()));
+    throw FileError(tr("The file cannot be read: %1.").arg(file.errorString()));
   }
   const TextEncoding encoding = detect(bytes);
   TextFile text{toUtf8(bytes, encoding), encoding};
@@ -138,7 +138,7 @@ QStringList TextFile::write(const QString& path) const {
   const QByteArray bytes = fromUtf8(utf8, used);
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-    throw BookError(
+    throw FileError(
         TextFile::tr("The file could not be written: %1. What was there before is unchanged; free "
                      "some space or save under another name.")
             .arg(file.errorString()));
@@ -176,4 +176,4 @@ std::optional<QByteArray> utf8ToWindows1252(const QByteArray& utf8) {
   return text.toLatin1();
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

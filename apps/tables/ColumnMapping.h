@@ -1,13 +1,13 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMAPPING_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMAPPING_H_
+#ifndef POSTWRIGHT_APPS_TABLES_COLUMNMAPPING_H_
+#define POSTWRIGHT_APPS_TABLES_COLUMNMAPPING_H_
 
 #include <QList>
 #include <QString>
 #include <QStringList>
 
-#include "apps/addressbook/book/LabelText.h"
+#include "apps/tables/LabelText.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // What a column of a CSV file is to the label. The numbers are kept in the user's settings.
 enum class ColumnRole {
@@ -73,6 +73,6 @@ class ColumnMapping {
   QList<ColumnRole> _roles;
 };
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_CSV_COLUMNMAPPING_H_
+#endif  // POSTWRIGHT_APPS_TABLES_COLUMNMAPPING_H_

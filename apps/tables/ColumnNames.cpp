@@ -3,10 +3,10 @@
 #include <QHash>
 #include <algorithm>
 
-#include "apps/addressbook/book/LabelText.h"
-#include "apps/addressbook/formats/csv/ColumnMapping.h"
+#include "apps/tables/ColumnMapping.h"
+#include "apps/tables/LabelText.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -116,4 +116,4 @@ ColumnMapping ColumnMapping::guess(const QStringList& header) {
   return ColumnMapping(roles);
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

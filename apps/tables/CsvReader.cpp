@@ -1,13 +1,13 @@
-#include "apps/addressbook/formats/csv/CsvReader.h"
+#include "apps/tables/CsvReader.h"
 
 #include <csv.h>
 
 #include <algorithm>
 #include <new>
 
-#include "apps/addressbook/book/BookError.h"
+#include "apps/tables/FileError.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -91,13 +91,13 @@ qsizetype lineOf(QByteArrayView text, qsizetype offset) {
 }
 
 [[noreturn]] void failCell(QByteArrayView text, qsizetype rowBegin) {
-  throw BookError(CsvReader::tr("The row that begins on line %1 holds a cell of more than 1 MiB. "
+  throw FileError(CsvReader::tr("The row that begins on line %1 holds a cell of more than 1 MiB. "
                                 "Perhaps a quotation mark is missing there.")
                       .arg(lineOf(text, rowBegin)));
 }
 
 [[noreturn]] void failQuote(QByteArrayView text, qsizetype rowBegin) {
-  throw BookError(CsvReader::tr("In the row that begins on line %1 a quotation mark is opened and "
+  throw FileError(CsvReader::tr("In the row that begins on line %1 a quotation mark is opened and "
                                 "not closed until the end of the file.")
                       .arg(lineOf(text, rowBegin)));
 }
@@ -128,7 +128,7 @@ std::pair<int, qsizetype> evenness(QByteArrayView utf8, char delimiter) {
       even += row.cells.size() == columns ? 1 : 0;
       return ++rows < kGuessedRows;
     });
-  } catch (const BookError&) {
+  } catch (const FileError&) {
     // The text may have been cut inside quotation marks; what came before counts. A file that is
     // really broken is reported when it is read whole.
   }
@@ -213,4 +213,4 @@ QList<TextRange> CsvReader::cellRanges(QByteArrayView row) const {
   return ranges;
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

@@ -1,9 +1,9 @@
-#include "apps/addressbook/formats/csv/FormulaGuard.h"
+#include "apps/tables/FormulaGuard.h"
 
-#include "apps/addressbook/formats/csv/CsvReader.h"
-#include "apps/addressbook/formats/csv/CsvWriter.h"
+#include "apps/tables/CsvReader.h"
+#include "apps/tables/CsvWriter.h"
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 namespace {
 
@@ -43,4 +43,4 @@ QByteArray guardFormulas(const QByteArray& csv, char delimiter) {
   return guarded;
 }
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables

@@ -1,11 +1,11 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_LABELTEXT_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_LABELTEXT_H_
+#ifndef POSTWRIGHT_APPS_TABLES_LABELTEXT_H_
+#define POSTWRIGHT_APPS_TABLES_LABELTEXT_H_
 
 #include <QString>
 #include <QStringList>
 #include <optional>
 
-namespace postwright::addressbook {
+namespace postwright::tables {
 
 // Reads the lines of a label as they stand, for showing them in columns and for giving them back to
 // a file that keeps city, state and ZIP code apart. Nothing is corrected here.
@@ -50,6 +50,6 @@ LabelParts partLabel(const QString& label);
 
 LabelSummary summarizeLabel(const QString& label);
 
-}  // namespace postwright::addressbook
+}  // namespace postwright::tables
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_LABELTEXT_H_
+#endif  // POSTWRIGHT_APPS_TABLES_LABELTEXT_H_
