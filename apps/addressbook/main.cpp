@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QIcon>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
@@ -108,6 +109,8 @@ int run(int argc, char** argv, const Options& options) {
 int main(int argc, char** argv) {
   using namespace postwright::addressbook;
   try {
+    // A file past the limit of its size is an error to tell, not a reason to end.
+    std::signal(SIGXFSZ, SIG_IGN);
     postwright::SetCharacterLocale();
     Options options;
     ExitStatus status = kExitDone;

@@ -2,12 +2,12 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringConverter>
 #include <algorithm>
 #include <array>
 
 #include "apps/tables/FileError.h"
+#include "apps/tables/ReplacementFile.h"
 
 namespace postwright::tables {
 
@@ -18,6 +18,7 @@ constexpr qint64 kLargestFile = 512LL * 1024 * 1024;
 constexpr QByteArrayView kUtf8Mark("\xEF\xBB\xBF", 3);
 constexpr QByteArrayView kUtf16LittleEndianMark("\xFF\xFE", 2);
 constexpr QByteArrayView kUtf16BigEndianMark("\xFE\xFF", 2);
+constexpr qsizetype kUtf16Mark = 2;
 
 // Codes 0x80 to 0x9F of Windows-1252.
 constexpr std::array<char16_t, 32> kWindowsCharacters = {
@@ -104,16 +105,14 @@ void refuseBinary(const QByteArray& utf8) {
   const qsizetype nul = utf8.indexOf('\0');
   if (nul >= 0) {
     const qsizetype line = utf8.first(nul).count('\n') + 1;
-    throw FileError(
-        TextFile::tr("Line %1 holds a NUL byte, so this is no text file. Address books are CSV "
-                     "files, vCard files and the program's own .pwbook files.")
-            .arg(line));
+    throw FileError(TextFile::tr("Line %1 holds a NUL byte, so this is no text file.").arg(line));
   }
 }
 
 }  // namespace
 
 TextFile TextFile::read(const QString& path) {
+  ReplacementFile::removeLeftovers(path);
   const QFileInfo info(path);
   if (info.exists() && !info.isFile()) {
     throw FileError(tr("This is a folder or a device and no file."));
@@ -136,19 +135,25 @@ TextFile TextFile::read(const QString& path) {
 QStringList TextFile::write(const QString& path) const {
   TextEncoding used = encoding;
   const QByteArray bytes = fromUtf8(utf8, used);
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-    throw FileError(
-        TextFile::tr("The file could not be written: %1. What was there before is unchanged; free "
-                     "some space or save under another name.")
-            .arg(file.errorString()));
-  }
+  ReplacementFile file(path);
+  file.write(bytes);
+  file.commit();
   if (used == encoding) {
     return {};
   }
   return {
       tr("The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its "
          "characters.")};
+}
+
+QByteArray beginningAsUtf8(const QByteArray& bytes) {
+  for (const TextEncoding utf16 : {TextEncoding::Utf16LittleEndian, TextEncoding::Utf16BigEndian}) {
+    if (bytes.startsWith(markOf(utf16))) {
+      const QString text = QStringDecoder(converterFor(utf16))(bytes.sliced(kUtf16Mark));
+      return text.toUtf8();
+    }
+  }
+  return bytes.startsWith(kUtf8Mark) ? bytes.sliced(kUtf8Mark.size()) : bytes;
 }
 
 QByteArray windows1252ToUtf8(const QByteArray& bytes) {

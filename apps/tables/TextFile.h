@@ -38,6 +38,9 @@ struct TextFile {
   TextEncoding encoding = TextEncoding::Utf8;
 };
 
+// Returns the beginning of a file, of which the end may be cut off anywhere, as UTF-8.
+QByteArray beginningAsUtf8(const QByteArray& bytes);
+
 // Windows-1252 to UTF-8 and back. The five codes that Windows leaves unused stand for the control
 // characters of the same number, so any bytes come back as they were. Nil where a character has no
 // code.

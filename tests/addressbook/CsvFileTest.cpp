@@ -163,7 +163,7 @@ void CsvFileTest::refusesWithLine_data() {
   QTest::newRow("open quote") << QByteArray("Name,Street\na,b\nc,\"d\ne,f\n") << "line 3";
   QTest::newRow("endless cell") << "Name,Street\na," + QByteArray(2000000, 'x') << "line 2";
   QTest::newRow("endless quoted") << "Name\n\"" + QByteArray(2000000, '\n') << "line 2";
-  QTest::newRow("binary") << QByteArray("Name\na\0b", 8) << "NUL";
+  QTest::newRow("binary") << QByteArray("Name\na\0b", 8) << "no text file";
   QTest::newRow("half UTF-16") << QByteArray("\xFF\xFEN\0a", 5) << "UTF-16";
 }
 

@@ -1,6 +1,7 @@
 // Killed while saving, a program leaves the old file or the new one, whole.
 
 #include <signal.h>
+#include <sys/resource.h>
 
 #include <QFile>
 #include <QProcess>
@@ -46,6 +47,8 @@ class SavingTest : public QObject {
  private slots:
   void survivesBeingKilled_data();
   void survivesBeingKilled();
+  void saysWhyItCannotWrite_data();
+  void saysWhyItCannotWrite();
   void leavesTheOldFileWhereItCannotWrite_data();
   void leavesTheOldFileWhereItCannotWrite();
   void takesBigFiles_data();
@@ -79,7 +82,44 @@ void SavingTest::survivesBeingKilled() {
     for (const Entry& entry : entries) {
       QCOMPARE(entry.label.contains("New"), isNew);
     }
+    // Reading has removed what the killed program left.
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
   }
+}
+
+void SavingTest::saysWhyItCannotWrite_data() {
+  survivesBeingKilled_data();
+}
+
+// A disk without room, and a file that is not to be changed: the message says so, and nothing is
+// left beside the file, which is as it was.
+void SavingTest::saysWhyItCannotWrite() {
+  QFETCH(QString, name);
+  QTemporaryDir folder;
+  const QString path = folder.filePath(name);
+  const std::unique_ptr<BookFile> file = newBookFile(path);
+  file->write(path, entriesOf("Old", 1));
+  const auto refusal = [&] {
+    try {
+      file->write(path, entriesOf("New"));
+      return QString();
+    } catch (const tables::FileError& error) {
+      return error.message();
+    }
+  };
+  ::signal(SIGXFSZ, SIG_IGN);
+  rlimit usual = {};
+  ::getrlimit(RLIMIT_FSIZE, &usual);
+  const rlimit small = {65536, usual.rlim_max};
+  ::setrlimit(RLIMIT_FSIZE, &small);
+  const QString full = refusal();
+  ::setrlimit(RLIMIT_FSIZE, &usual);
+  QVERIFY2(full.contains("File too large") || full.contains("disk"), qUtf8Printable(full));
+  QVERIFY(QFile::setPermissions(path, QFileDevice::ReadOwner));
+  const QString barred = refusal();
+  QVERIFY2(barred.contains("write-protected"), qUtf8Printable(barred));
+  QVERIFY(openBookFile(path)->entries().first().label.contains("Old"));
+  QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
 }
 
 void SavingTest::leavesTheOldFileWhereItCannotWrite_data() {

@@ -36,6 +36,8 @@ class StoreFileTest : public QObject {
   void init();
   void roundTrip();
   void keepsWhatIsNotKnown();
+  void outlivesItsName_data();
+  void outlivesItsName();
   void refuses_data();
   void refuses();
 
@@ -87,6 +89,34 @@ void StoreFileTest::keepsWhatIsNotKnown() {
   _path = _folder->filePath("copy.pwbook");
   file->write(_path, entries);
   QCOMPARE(others(), "of 3,of 7,of 9!");
+}
+
+// What another program keeps in the file is there again when it is saved after its name has gone,
+// or after another file has taken its place.
+void StoreFileTest::outlivesItsName_data() {
+  QTest::addColumn<QByteArray>("instead");
+  QTest::newRow("deleted") << QByteArray();
+  QTest::newRow("replaced") << QByteArray("Name,Street\n");
+}
+
+void StoreFileTest::outlivesItsName() {
+  QFETCH(QByteArray, instead);
+  {
+    Database database(_path, Database::Access::ReadWrite);
+    database.run("ALTER TABLE entries ADD COLUMN phone TEXT");
+    database.run("UPDATE entries SET phone = 'of ' || id");
+  }
+  const std::unique_ptr<BookFile> file = openBookFile(_path);
+  QVERIFY(QFile::remove(_path));
+  if (!instead.isEmpty()) {
+    QFile other(_path);
+    QVERIFY(other.open(QIODevice::WriteOnly) && other.write(instead) == instead.size());
+  }
+  file->write(_path, file->entries());
+  Database database(_path, Database::Access::ReadOnly);
+  QSqlQuery rows = database.run("SELECT group_concat(phone, ',') FROM entries");
+  QVERIFY(rows.next());
+  QCOMPARE(rows.value(0).toString(), "of 3,of 7,of 9");
 }
 
 void StoreFileTest::refuses_data() {

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -68,6 +69,10 @@ class WindowTest : public QObject {
   void asksBeforeChangesAreLost_data();
   void asksBeforeChangesAreLost();
   void warnsWhenTheFileHasChanged();
+  void tellsADeletedFile();
+  void columnsOfAFileThatHasNoneNow();
+  void savesAsTheTypeChosen_data();
+  void savesAsTheTypeChosen();
   void printsFromTheLabelChosen();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
@@ -332,6 +337,73 @@ void WindowTest::warnsWhenTheFileHasChanged() {
   QVERIFY(bytes("book.csv").contains("changed"));
 }
 
+void WindowTest::tellsADeletedFile() {
+  QFile::remove(path("book.csv"));
+  _window->document().edit(0, "changed");
+  QString said;
+  answer("Write It Anew", &said);
+  trigger("save");
+  QVERIFY2(said.contains("“book.csv” is not there any more"), qPrintable(said));
+  QVERIFY(bytes("book.csv").contains("changed"));
+}
+
+// Another program has put a vCard where the CSV file was.
+void WindowTest::columnsOfAFileThatHasNoneNow() {
+  put("book.csv", "BEGIN:VCARD\nVERSION:4.0\nFN:Vi\nADR:;;1 A St;Reno;NV;89501;\nEND:VCARD\n");
+  trigger("columns");
+  QCOMPARE(shown(0, EntryModel::Name), "Vi");
+  QVERIFY(!find<QAction>("columns")->isEnabled());
+}
+
+void WindowTest::savesAsTheTypeChosen_data() {
+  QTest::addColumn<QString>("type");
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("written");
+  QTest::addColumn<QByteArray>("begins");
+  QTest::newRow("a dot in the name") << "CSV file"
+                                     << "St. Brigid list"
+                                     << "St. Brigid list.csv" << QByteArray("Name,Street");
+  QTest::newRow("an ending of others") << "CSV file"
+                                       << "list.xlsx"
+                                       << "list.xlsx.csv" << QByteArray("Name,Street");
+  QTest::newRow("its second ending") << "vCard file"
+                                     << "list.vcard"
+                                     << "list.vcard" << QByteArray("BEGIN:VCARD");
+  QTest::newRow("no ending") << "Address book"
+                             << "list"
+                             << "list.pwbook" << QByteArray("SQLite format 3");
+}
+
+void WindowTest::savesAsTheTypeChosen() {
+  QFETCH(QString, type);
+  QFETCH(QString, typed);
+  QFETCH(QString, written);
+  QFETCH(QByteArray, begins);
+  QTimer::singleShot(0, this, [&] {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    QVERIFY(dialog != nullptr);
+    const auto leave = qScopeGuard([dialog] { dialog->close(); });
+    const QStringList filters = dialog->nameFilters().filter(type);
+    QCOMPARE(filters.size(), 1);
+    auto* const types = find<QComboBox>("fileTypeCombo", dialog);
+    types->setCurrentText(filters.first());
+    emit types->textActivated(filters.first());
+    emit dialog->filterSelected(filters.first());
+    dialog->selectNameFilter(filters.first());
+    auto* const name = find<QLineEdit>("fileNameEdit", dialog);
+    name->setCompleter(nullptr);
+    name->selectAll();
+    QTest::keyClicks(name, typed);  // as a user: what is only set loses to what is selected
+    if (type != "CSV file") {
+      answer("Save the Labels");
+    }
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  trigger("saveAs");
+  QVERIFY2(bytes(qPrintable(written)).startsWith(begins), qPrintable(written));
+  QCOMPARE(_window->document().title(), written);
+}
+
 void WindowTest::printsFromTheLabelChosen() {
   _table->selectAll();
   QTimer::singleShot(0, this, [this] {
@@ -347,7 +419,7 @@ void WindowTest::printsFromTheLabelChosen() {
   });
   trigger("print");
   QVERIFY(bytes("labels.pdf").startsWith("%PDF"));
-  QCOMPARE(Preferences::load().sheet, 2);
+  QCOMPARE(Preferences::load().sheet.name, "letter-10");
 }
 
 void WindowTest::opensWhatIsDropped() {

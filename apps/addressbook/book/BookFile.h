@@ -9,8 +9,8 @@
 
 namespace postwright::addressbook {
 
-// The kinds of file that hold an address book.
-enum class BookKind { Csv, VCard, Store };
+struct BookFormat;
+class ColumnedFile;
 
 // A file as it was when it was opened, with all that it holds beside the labels.
 //
@@ -28,7 +28,13 @@ class BookFile {
   BookFile& operator=(const BookFile&) = delete;
   virtual ~BookFile() = default;
 
-  virtual BookKind kind() const = 0;
+  virtual const BookFormat& format() const = 0;
+
+  // The file as one of rows and columns; null where it is none.
+  virtual ColumnedFile* columns() { return nullptr; }
+
+  // What the user should know about how the file was read, mostly nothing.
+  virtual QStringList notes() const { return {}; }
 
   // The entries in the order of the file; their ids are what write() knows them by.
   virtual QList<Entry> entries() const = 0;

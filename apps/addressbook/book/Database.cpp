@@ -12,7 +12,7 @@ namespace {
 [[noreturn]] void fail(const QSqlError& error) {
   throw tables::FileError(
       QCoreApplication::translate("postwright::addressbook::Database", "The database answers: %1.")
-          .arg(error.text().trimmed()));
+          .arg((error.databaseText().isEmpty() ? error.text() : error.databaseText()).trimmed()));
 }
 
 QString freshConnectionName() {

@@ -12,7 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "apps/addressbook/window/LabelPreview.h"
+#include "apps/addressbook/widgets/LabelPreview.h"
+#include "apps/tables/CsvReader.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
@@ -28,7 +29,7 @@ constexpr int kPreviewWidth = 260;
 
 }  // namespace
 
-ColumnDialog::ColumnDialog(CsvFile& file, const QString& name, QWidget* parent)
+ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* parent)
     : QDialog(parent), _file(file), _table(new QTableWidget(this)) {
   setWindowTitle(tr("Columns of “%1”").arg(name));
   auto* const lead = new QLabel(tr("Choose what each column is to the label. The choice is "
@@ -122,7 +123,7 @@ void ColumnDialog::fillTable() {
                              tr("State"),
                              tr("ZIP code"),
                              tr("Line below")};
-  const QStringList& header = _file.header();
+  const QStringList header = _file.header();
   _table->clear();
   _table->setColumnCount(kTableColumns);
   _table->setRowCount(static_cast<int>(header.size()));
@@ -162,8 +163,7 @@ void ColumnDialog::delimiterChanged() {
     return;  // the user is about to type one
   }
   try {
-    _file.choose({delimiter, {}});
-    _file.choose({delimiter, tables::ColumnMapping::guess(_file.header())});
+    _file.choose(_file.guess({delimiter, {}}));
   } catch (const tables::FileError& error) {
     _problem->setText(error.message());  // the file is as it was
   }

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-#include "apps/addressbook/formats/csv/CsvFile.h"
+#include "apps/addressbook/book/ColumnedFile.h"
 
 class QComboBox;
 class QLabel;
@@ -16,13 +16,13 @@ namespace postwright::addressbook {
 
 class LabelPreview;
 
-// Asks which columns of a CSV file make the label, and shows the labels that come of it.
+// Asks which columns of a file make the label, and shows the labels that come of it.
 class ColumnDialog : public QDialog {
   Q_OBJECT
 
  public:
   // `file` lives longer than the dialog and is read as chosen when the dialog is accepted.
-  ColumnDialog(CsvFile& file, const QString& name, QWidget* parent = nullptr);
+  ColumnDialog(ColumnedFile& file, const QString& name, QWidget* parent = nullptr);
 
   void accept() override;
 
@@ -35,7 +35,7 @@ class ColumnDialog : public QDialog {
   void showRow(int row);
   void refresh() { showRow(_row); }
 
-  CsvFile& _file;
+  ColumnedFile& _file;
   int _row = 0;
   QComboBox* _delimiter = nullptr;
   QLineEdit* _otherDelimiter = nullptr;

@@ -19,7 +19,7 @@
 #include <algorithm>
 
 #include "apps/addressbook/dialogs/SheetView.h"
-#include "apps/addressbook/window/Question.h"
+#include "apps/addressbook/widgets/Question.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
@@ -65,9 +65,9 @@ QFormLayout* PrintDialog::buildFields() {
   _sheet = new QComboBox(this);
   _sheet->setObjectName(QStringLiteral("sheet"));
   for (const LabelSheet& sheet : LabelSheet::all()) {
-    _sheet->addItem(sheet.title());
+    _sheet->addItem(sheet.title(), QString::fromLatin1(sheet.name));
   }
-  _sheet->setCurrentIndex(_preferences.sheet);
+  _sheet->setCurrentIndex(_sheet->findData(QString::fromLatin1(_preferences.sheet.name)));
   _start = new QSpinBox(this);
   _start->setObjectName(QStringLiteral("start"));
   _start->setMinimum(1);
@@ -152,8 +152,7 @@ QWidget* PrintDialog::buildPages() {
 
 SheetJob PrintDialog::job() const {
   const Preferences chosen = preferences();
-  SheetJob job{LabelSheet::all()[chosen.sheet],
-               _which->currentIndex() == 0 ? _labels.shown : _labels.selected};
+  SheetJob job{chosen.sheet, _which->currentIndex() == 0 ? _labels.shown : _labels.selected};
   job.start = std::min(_start->value(), job.sheet.size()) - 1;
   job.style = chosen.style;
   job.shift = chosen.shift;
@@ -163,7 +162,7 @@ SheetJob PrintDialog::job() const {
 
 Preferences PrintDialog::preferences() const {
   Preferences preferences = _preferences;
-  preferences.sheet = _sheet->currentIndex();
+  preferences.sheet = LabelSheet::named(_sheet->currentData().toString());
   preferences.style.family = _family->currentFont().family();
   preferences.style.largestPoints = _points->value();
   preferences.shift = {_right->value(), _down->value()};
@@ -174,7 +173,7 @@ void PrintDialog::refresh() {
   if (_next == nullptr) {
     return;  // still being built
   }
-  _start->setMaximum(LabelSheet::all()[_sheet->currentIndex()].size());
+  _start->setMaximum(preferences().sheet.size());
   const SheetJob job = this->job();
   _page = std::clamp(_page, 0, job.pages() - 1);
   _pageText->setText(tr("Page %1 of %2").arg(_page + 1).arg(job.pages()));

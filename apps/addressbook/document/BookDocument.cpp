@@ -35,15 +35,18 @@ void BookDocument::begin(std::unique_ptr<BookFile> file, const QString& path,
   emit titleChanged();
 }
 
-QStringList BookDocument::save(const QString& path) {
-  QStringList notes;
-  // A file that was opened stays of its kind, even where its name does not tell it.
-  if (_file && (_file->kind() == kindForPath(path) || path == _path)) {
-    notes = _file->write(path, _book.entries());
-  } else {
-    std::unique_ptr<BookFile> file = newBookFile(path);
-    notes = file->write(path, _book.entries());
-    _file = std::move(file);
+const BookFormat& BookDocument::format() const {
+  return _file ? _file->format() : *bookFormats().first();
+}
+
+QStringList BookDocument::save(const QString& path, const BookFormat& format) {
+  std::unique_ptr<BookFile> converted;
+  if (!_file || &format != &_file->format()) {
+    converted = format.make(path);
+  }
+  const QStringList notes = (converted ? converted : _file)->write(path, _book.entries());
+  if (converted) {
+    _file = std::move(converted);
   }
   _path = path;
   _diskState = diskState(path);
@@ -55,10 +58,6 @@ QStringList BookDocument::save(const QString& path) {
 
 bool BookDocument::isChangedOnDisk() const {
   return !_path.isEmpty() && !(diskState(_path) == _diskState);
-}
-
-bool BookDocument::leavesBehind(const QString& path) const {
-  return _file && path != _path && _file->kind() != kindForPath(path);
 }
 
 BookDocument::DiskState BookDocument::diskState(const QString& path) {

@@ -37,15 +37,19 @@ class BookDocument : public QObject {
   // Begins the book that `file` holds, read from `path`.
   void begin(std::unique_ptr<BookFile> file, const QString& path);
 
-  // Writes the book; the path becomes its own. A name for another kind of file converts it. Returns
-  // what the user should know; throws FileError.
-  QStringList save(const QString& path);
+  // The kind of file that the book is saved as: that of its file, the program's own for a new book.
+  const BookFormat& format() const;
+
+  // Writes the book as a file of `format`, whatever its name; the path becomes the book's own. A
+  // kind other than that of its file converts it. Returns what the user should know; throws
+  // FileError.
+  QStringList save(const QString& path, const BookFormat& format);
 
   // True where another program has changed or removed the file since it was read or saved.
   bool isChangedOnDisk() const;
 
-  // True where saving to `path` leaves things behind that only the file of now can hold.
-  bool leavesBehind(const QString& path) const;
+  // True where saving as `format` leaves things behind that only the file of now can hold.
+  bool leavesBehind(const BookFormat& format) const { return _file && &format != &_file->format(); }
 
   // Sets the label of an entry, as typed. Calls until endEdit() become one step for undoing.
   void edit(int row, const QString& label);

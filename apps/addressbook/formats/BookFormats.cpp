@@ -1,68 +1,97 @@
 #include "apps/addressbook/formats/BookFormats.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <cstring>
 
 #include "apps/addressbook/formats/csv/CsvFile.h"
 #include "apps/addressbook/formats/store/StoreFile.h"
 #include "apps/addressbook/formats/vcard/VCardFile.h"
+#include "apps/tables/FileError.h"
 #include "apps/tables/TextFile.h"
 
 namespace postwright::addressbook {
 
 namespace {
 
-constexpr qint64 kSignatureSize = 16;
+constexpr qint64 kHeadSize = 4096;
 
-bool isVCard(const QByteArray& utf8) {
-  static const QByteArray begin = "BEGIN:VCARD";
-  const auto* const text = std::find_if(
-      utf8.begin(), utf8.end(), [](char c) { return std::strchr(" \t\r\n", c) == nullptr; });
-  return utf8.mid(text - utf8.begin(), begin.size()).toUpper() == begin;
-}
+// Workbooks of before 2007 and other compound files begin so.
+constexpr QByteArrayView kCompoundFile("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
 
-QByteArray firstBytes(const QString& path) {
+// Where the texts of this file are found by a translator.
+struct BookFormats {
+  Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::BookFormats)
+};
+
+FileHead headOf(const QString& path) {
   QFile file(path);
   const bool isOpen = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
-  return isOpen ? file.read(kSignatureSize) : QByteArray();
+  const QByteArray bytes = isOpen ? file.read(kHeadSize) : QByteArray();
+  return {bytes, tables::beginningAsUtf8(bytes).trimmed()};
 }
 
 }  // namespace
 
-std::unique_ptr<BookFile> openBookFile(const QString& path) {
-  if (StoreFile::isStore(firstBytes(path))) {
-    return std::make_unique<StoreFile>(path);
+const QList<const BookFormat*>& bookFormats() {
+  static const QList<const BookFormat*> formats = {
+      &StoreFile::bookFormat(), &VCardFile::bookFormat(), &CsvFile::bookFormat()};
+  return formats;
+}
+
+const BookFormat* formatForPath(const QString& path) {
+  const QString ending = QFileInfo(path).suffix().toLower();
+  const auto& formats = bookFormats();
+  const auto found = std::find_if(formats.begin(), formats.end(), [&](const BookFormat* format) {
+    return format->endings.contains(ending);
+  });
+  return found == formats.end() ? nullptr : *found;
+}
+
+QString nameFilter(const BookFormat& format) {
+  QStringList patterns;
+  for (const QString& ending : format.endings) {
+    patterns.append(QStringLiteral("*.") + ending);
   }
-  tables::TextFile text = tables::TextFile::read(path);
-  if (text.utf8.trimmed().isEmpty()) {
+  return QStringLiteral("%1 (%2)").arg(format.title(), patterns.join(QLatin1Char(' ')));
+}
+
+QString knownFormatsSentence() {
+  QStringList filters;
+  for (const BookFormat* const format : bookFormats()) {
+    filters.append(nameFilter(*format));
+  }
+  return BookFormats::tr("The program opens: %1.").arg(filters.join(QStringLiteral(", ")));
+}
+
+std::unique_ptr<BookFile> openBookFile(const QString& path) {
+  const FileHead head = headOf(path);
+  if (head.bytes.startsWith(kCompoundFile)) {
+    throw tables::FileError(BookFormats::tr(
+        "This is a workbook in the form of before 2007, or a file of another program. Save it "
+        "as CSV in the program that made it, and open that."));
+  }
+  // An empty file, or one of which only the name tells what it should be.
+  const BookFormat* const named = formatForPath(path);
+  if (QFileInfo(path).isFile() && QFileInfo(path).size() < kHeadSize && head.utf8.isEmpty() &&
+      !head.bytes.contains('\0')) {
     return newBookFile(path);
   }
-  if (isVCard(text.utf8) || kindForPath(path) == BookKind::VCard) {
-    return std::make_unique<VCardFile>(std::move(text));
+  const auto& formats = bookFormats();
+  const auto found = std::find_if(formats.begin(), formats.end(),
+                                  [&](const BookFormat* format) { return format->isLikely(head); });
+  const bool isByName = *found == formats.last() && named != nullptr && named != formats.first();
+  if (*found == formats.last() && head.utf8.contains('\0')) {
+    throw tables::FileError(BookFormats::tr("This is no text file.") + QLatin1Char(' ') +
+                            knownFormatsSentence());
   }
-  return std::make_unique<CsvFile>(std::move(text));
+  return (isByName ? named : *found)->read(path);
 }
 
 std::unique_ptr<BookFile> newBookFile(const QString& path) {
-  switch (kindForPath(path)) {
-    case BookKind::VCard:
-      return std::make_unique<VCardFile>();
-    case BookKind::Csv:
-      return std::make_unique<CsvFile>(path.endsWith(u".tsv", Qt::CaseInsensitive) ? '\t' : ',');
-    case BookKind::Store:
-      break;
-  }
-  return std::make_unique<StoreFile>();
-}
-
-BookKind kindForPath(const QString& path) {
-  const QString suffix = QFileInfo(path).suffix().toLower();
-  if (suffix == u"vcf" || suffix == u"vcard") {
-    return BookKind::VCard;
-  }
-  return suffix == u"csv" || suffix == u"tsv" || suffix == u"txt" ? BookKind::Csv : BookKind::Store;
+  const BookFormat* const named = formatForPath(path);
+  return (named != nullptr && named->isWritable() ? named : bookFormats().first())->make(path);
 }
 
 }  // namespace postwright::addressbook

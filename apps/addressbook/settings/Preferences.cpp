@@ -36,7 +36,7 @@ Preferences Preferences::load() {
   fix.spellings = settings.value(kSpellings).toString();
   fix.server = settings.value(kServer).toString();
   preferences.appearance = static_cast<Appearance>(bounded(settings, kAppearance, 0, 3));
-  preferences.sheet = bounded(settings, kSheet, 0, static_cast<int>(LabelSheet::all().size()));
+  preferences.sheet = LabelSheet::named(settings.value(kSheet).toString());
   LabelStyle& style = preferences.style;
   style.family = settings.value(kFamily, style.family).toString();
   style.largestPoints = std::clamp(settings.value(kPoints, style.largestPoints).toDouble(),
@@ -52,7 +52,7 @@ void Preferences::save() const {
   settings.setValue(kSpellings, fix.spellings);
   settings.setValue(kServer, fix.server);
   settings.setValue(kAppearance, static_cast<int>(appearance));
-  settings.setValue(kSheet, sheet);
+  settings.setValue(kSheet, QString::fromLatin1(sheet.name));
   settings.setValue(kFamily, style.family);
   settings.setValue(kPoints, style.largestPoints);
   settings.setValue(kShift, shift);

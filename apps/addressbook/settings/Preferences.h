@@ -20,7 +20,7 @@ struct Preferences {
   Appearance appearance = Appearance::System;
 
   // How labels are printed; the place of the first one is asked for each time.
-  int sheet = 0;  // of LabelSheet::all()
+  LabelSheet sheet = LabelSheet::all().first();
   LabelStyle style;
   QPointF shift;
 };

@@ -18,6 +18,9 @@ struct LabelSheet {
   // The kinds that are sold everywhere, the most common one first.
   static const QList<LabelSheet>& all();
 
+  // The kind of this name, the most common one where there is none.
+  static const LabelSheet& named(const QString& name);
+
   // 8 1/2 by 11.
   static QSizeF paper() { return {8.5, 11.0}; }
 
@@ -29,6 +32,7 @@ struct LabelSheet {
   // Where a label lies; labels are counted from 0, row by row.
   QRectF place(int index) const;
 
+  const char* name;      // what the settings know it by, for good
   const char* measures;  // "1 x 2-5/8", the height first, as on the box
   int columns;
   int rows;

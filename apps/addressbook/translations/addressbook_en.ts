@@ -12,7 +12,7 @@
     </message>
 </context>
 <context>
-    <name>postwright::addressbook::AddressBookWindow</name>
+    <name>postwright::addressbook::BookCounts</name>
     <message numerus="yes">
         <source>%n entries</source>
         <translation>

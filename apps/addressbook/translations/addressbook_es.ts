@@ -14,26 +14,6 @@
 <context>
     <name>postwright::addressbook::AddressBookWindow</name>
     <message>
-        <source>Which entries are shown</source>
-        <translation>Qué entradas se muestran</translation>
-    </message>
-    <message>
-        <source>All entries</source>
-        <translation>Todas las entradas</translation>
-    </message>
-    <message>
-        <source>To check</source>
-        <translation>Por comprobar</translation>
-    </message>
-    <message>
-        <source>Failed</source>
-        <translation>Con error</translation>
-    </message>
-    <message>
-        <source>Search</source>
-        <translation>Buscar</translation>
-    </message>
-    <message>
         <source>About Address Book</source>
         <translation>Acerca de Libreta de direcciones</translation>
     </message>
@@ -79,6 +59,16 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <source>Give it its first one.</source>
         <translation>Añada la primera.</translation>
     </message>
+</context>
+<context>
+    <name>postwright::addressbook::BatchFixer</name>
+    <message>
+        <source>Several addresses match</source>
+        <translation>Coinciden varias direcciones</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::BookCounts</name>
     <message numerus="yes">
         <source>%n entries</source>
         <translation>
@@ -123,17 +113,25 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     </message>
 </context>
 <context>
-    <name>postwright::addressbook::BatchFixer</name>
-    <message>
-        <source>Several addresses match</source>
-        <translation>Coinciden varias direcciones</translation>
-    </message>
-</context>
-<context>
     <name>postwright::addressbook::BookDocument</name>
     <message>
         <source>Untitled</source>
         <translation>Sin título</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::BookFormats</name>
+    <message>
+        <source>The program opens: %1.</source>
+        <translation>El programa abre: %1.</translation>
+    </message>
+    <message>
+        <source>This is a workbook in the form of before 2007, or a file of another program. Save it as CSV in the program that made it, and open that.</source>
+        <translation>Este es un libro de cálculo en el formato anterior a 2007 o un archivo de otro programa. Guárdelo como CSV en el programa que lo creó y abra ese archivo.</translation>
+    </message>
+    <message>
+        <source>This is no text file.</source>
+        <translation>Este no es un archivo de texto.</translation>
     </message>
 </context>
 <context>
@@ -297,6 +295,10 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
             <numerusform>%n etiquetas no se pudieron repartir entre las columnas del archivo. Cada una está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>CSV file</source>
+        <translation>Archivo CSV</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::Database</name>
@@ -420,28 +422,12 @@ Ciudad, estado y código ZIP</translation>
         <translation>Abrir una libreta de direcciones</translation>
     </message>
     <message>
-        <source>Address books (*.pwbook *.csv *.tsv *.txt *.vcf *.vcard);;All files (*)</source>
-        <translation>Libretas de direcciones (*.pwbook *.csv *.tsv *.txt *.vcf *.vcard);;Todos los archivos (*)</translation>
-    </message>
-    <message>
         <source>“%1” cannot be opened.</source>
         <translation>No se puede abrir «%1».</translation>
     </message>
     <message>
         <source>Save the address book</source>
         <translation>Guardar la libreta de direcciones</translation>
-    </message>
-    <message>
-        <source>Address book (*.pwbook)</source>
-        <translation>Libreta de direcciones (*.pwbook)</translation>
-    </message>
-    <message>
-        <source>CSV file (*.csv)</source>
-        <translation>Archivo CSV (*.csv)</translation>
-    </message>
-    <message>
-        <source>vCard file (*.vcf)</source>
-        <translation>Archivo vCard (*.vcf)</translation>
     </message>
     <message>
         <source>Address book</source>
@@ -490,6 +476,34 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Address books (%1);;All files (*)</source>
+        <translation>Libretas de direcciones (%1);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>“%1” is there already.</source>
+        <translation>«%1» ya existe.</translation>
+    </message>
+    <message>
+        <source>If you replace it, what it holds is lost.</source>
+        <translation>Si lo reemplaza, se pierde lo que contiene.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace It</source>
+        <translation>&amp;Reemplazarlo</translation>
+    </message>
+    <message>
+        <source>“%1” is not there any more since it was opened here.</source>
+        <translation>«%1» ya no está donde se abrió.</translation>
+    </message>
+    <message>
+        <source>It was deleted, moved or renamed. The address book is still whole in this window and can be written anew.</source>
+        <translation>Se eliminó, se movió o se le cambió el nombre. La libreta sigue completa en esta ventana y se puede escribir de nuevo.</translation>
+    </message>
+    <message>
+        <source>&amp;Write It Anew</source>
+        <translation>&amp;Escribirlo de nuevo</translation>
     </message>
 </context>
 <context>
@@ -840,10 +854,26 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
-    <name>postwright::addressbook::ReplacementFile</name>
+    <name>postwright::addressbook::SearchFields</name>
     <message>
-        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
-        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
+        <source>Which entries are shown</source>
+        <translation>Qué entradas se muestran</translation>
+    </message>
+    <message>
+        <source>All entries</source>
+        <translation>Todas las entradas</translation>
+    </message>
+    <message>
+        <source>To check</source>
+        <translation>Por comprobar</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Con error</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
     </message>
 </context>
 <context>
@@ -867,12 +897,24 @@ Ciudad, estado y código ZIP</translation>
         <source>The file was made by a later version of the program. Use that one, so that nothing is lost.</source>
         <translation>El archivo se hizo con una versión posterior del programa. Use esa versión para que no se pierda nada.</translation>
     </message>
+    <message>
+        <source>Address book</source>
+        <translation>Libreta de direcciones</translation>
+    </message>
+    <message>
+        <source>The file could not be copied: %1.</source>
+        <translation>No se pudo copiar el archivo: %1.</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::VCardFile</name>
     <message>
         <source>The file holds no vCard: no line reads BEGIN:VCARD.</source>
         <translation>El archivo no contiene ninguna vCard: ninguna línea dice BEGIN:VCARD.</translation>
+    </message>
+    <message>
+        <source>vCard file</source>
+        <translation>Archivo vCard</translation>
     </message>
 </context>
 <context>
@@ -1038,14 +1080,21 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::tables::ReplacementFile</name>
+    <message>
+        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
+        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>The file is write-protected. Save under another name, or lift the protection in its properties and save again.</source>
+        <translation>El archivo está protegido contra escritura. Guarde con otro nombre, o quite la protección en sus propiedades y vuelva a guardar.</translation>
+    </message>
+</context>
+<context>
     <name>postwright::tables::TextFile</name>
     <message>
         <source>The file is marked as UTF-16 but is not valid in it, perhaps because its end is missing. Save it again in the program that made it.</source>
         <translation>El archivo dice ser UTF-16 pero no es válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
-    </message>
-    <message>
-        <source>Line %1 holds a NUL byte, so this is no text file. Address books are CSV files, vCard files and the program&apos;s own .pwbook files.</source>
-        <translation>La línea %1 tiene un byte NUL, así que no es un archivo de texto. Las libretas de direcciones son archivos CSV, vCard y los .pwbook del programa.</translation>
     </message>
     <message>
         <source>This is a folder or a device and no file.</source>
@@ -1060,12 +1109,12 @@ Ciudad, estado y código ZIP</translation>
         <translation>No se puede leer el archivo: %1.</translation>
     </message>
     <message>
-        <source>The file could not be written: %1. What was there before is unchanged; free some space or save under another name.</source>
-        <translation>No se pudo escribir el archivo: %1. Lo que había antes sigue igual; libere espacio o guárdelo con otro nombre.</translation>
-    </message>
-    <message>
         <source>The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its characters.</source>
         <translation>El archivo es ahora UTF-8: Windows-1252, lo que era antes, no tiene código para uno de sus caracteres.</translation>
+    </message>
+    <message>
+        <source>Line %1 holds a NUL byte, so this is no text file.</source>
+        <translation>La línea %1 contiene un byte nulo, así que no es un archivo de texto.</translation>
     </message>
 </context>
 </TS>

@@ -1,14 +1,9 @@
 #include "apps/addressbook/window/AddressBookWindow.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
-#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -18,14 +13,16 @@
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/dialogs/PrintDialog.h"
 #include "apps/addressbook/settings/Preferences.h"
-#include "apps/addressbook/window/EmptyPage.h"
+#include "apps/addressbook/widgets/EmptyPage.h"
+#include "apps/addressbook/widgets/MessageBar.h"
+#include "apps/addressbook/widgets/Theme.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
+#include "apps/addressbook/window/BookCounts.h"
 #include "apps/addressbook/window/EntryPanel.h"
 #include "apps/addressbook/window/EntryTable.h"
 #include "apps/addressbook/window/FileController.h"
 #include "apps/addressbook/window/FixController.h"
-#include "apps/addressbook/window/MessageBar.h"
-#include "apps/addressbook/window/Theme.h"
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/window/SearchFields.h"
 
 namespace postwright::addressbook {
 
@@ -36,7 +33,6 @@ const QString kSplitterKey = QStringLiteral("window/splitter");
 
 constexpr QSize kUsualSize(1120, 700);
 constexpr int kPanelWidth = 320;
-constexpr int kSearchWidth = 260;
 
 QString droppedFile(const QMimeData* data) {
   const QList<QUrl> urls = data->urls();
@@ -51,15 +47,16 @@ AddressBookWindow::AddressBookWindow(AddressFixer& fixer)
       _files(new FileController(_document, this)),
       _fixes(new FixController(_document, fixer, this)),
       _table(new EntryTable(_model, this)),
-      _panel(new EntryPanel(_document, this)) {
+      _panel(new EntryPanel(_document, this)),
+      _search(new SearchFields(this)),
+      _counts(new BookCounts(statusBar())) {
   setObjectName(QStringLiteral("addressBookWindow"));
   setAcceptDrops(true);
   setUnifiedTitleAndToolBarOnMac(true);
   _table->setObjectName(QStringLiteral("entryTable"));
   _files->setRecentMenu(_actions.recent);
   setCentralWidget(buildMiddle());
-  buildSearch();
-  buildStatusBar();
+  _actions.toolBar->addWidget(_search);
   connectDocument();
   connectActions();
   connectFixing();
@@ -94,41 +91,6 @@ QWidget* AddressBookWindow::buildMiddle() {
   return middle;
 }
 
-void AddressBookWindow::buildSearch() {
-  _filter = new QComboBox(this);
-  _filter->setObjectName(QStringLiteral("filter"));
-  _filter->setAccessibleName(tr("Which entries are shown"));
-  _filter->addItems({tr("All entries"), tr("To check"), tr("Failed")});
-  _search = new QLineEdit(this);
-  _search->setObjectName(QStringLiteral("searchField"));
-  _search->setAccessibleName(tr("Search"));
-  _search->setPlaceholderText(tr("Search"));
-  _search->setClearButtonEnabled(true);
-  _search->addAction(themedIcon(QStringLiteral("search")), QLineEdit::LeadingPosition);
-  _search->setMaximumWidth(kSearchWidth);
-  auto* const fields = new QWidget(this);
-  auto* const layout = new QHBoxLayout(fields);
-  layout->addStretch(1);
-  layout->addWidget(_filter);
-  layout->addWidget(_search, 2);
-  _actions.toolBar->addWidget(fields);
-  connect(_search, &QLineEdit::textChanged, this, &AddressBookWindow::search);
-  connect(_search, &QLineEdit::returnPressed, this, [this] { _table->setFocus(); });
-  connect(_filter, &QComboBox::currentIndexChanged, this, &AddressBookWindow::search);
-  auto* const leave = new QShortcut(Qt::Key_Escape, _search);
-  leave->setContext(Qt::WidgetShortcut);
-  connect(leave, &QShortcut::activated, this, &AddressBookWindow::showAll);
-}
-
-void AddressBookWindow::buildStatusBar() {
-  _counts = new QLabel(this);
-  _counts->setObjectName(QStringLiteral("counts"));
-  _states = new QLabel(this);
-  _states->setObjectName(QStringLiteral("states"));
-  statusBar()->addWidget(_counts, 1);
-  statusBar()->addPermanentWidget(_states);
-}
-
 void AddressBookWindow::connectDocument() {
   const Book& book = _document.book();
   for (const auto signal : {&Book::changed, &Book::inserted, &Book::removed}) {
@@ -149,6 +111,9 @@ void AddressBookWindow::connectDocument() {
   connect(&_model, &EntryModel::layoutChanged, this, &AddressBookWindow::refresh);
   connect(_table, &EntryTable::selectedRowsChanged, this, &AddressBookWindow::refresh);
   connect(_table, &EntryTable::editRequested, _panel, &EntryPanel::beginEditing);
+  connect(_search, &SearchFields::changed, this, &AddressBookWindow::search);
+  connect(_search, &SearchFields::entered, this, [this] { _table->setFocus(); });
+  connect(_search, &SearchFields::left, this, &AddressBookWindow::showAll);
   connect(_panel, &EntryPanel::doneEditing, this, [this] { _table->setFocus(); });
   connect(_files, &FileController::told, this, [this](const QString& note) {
     if (note.isEmpty()) {
@@ -175,10 +140,7 @@ void AddressBookWindow::connectActions() {
   connect(_actions.remove, &QAction::triggered, this,
           [this] { _document.remove(_table->selectedBookRows()); });
   connect(_actions.selectAll, &QAction::triggered, _table, &QTableView::selectAll);
-  connect(_actions.find, &QAction::triggered, this, [this] {
-    _search->setFocus(Qt::ShortcutFocusReason);
-    _search->selectAll();
-  });
+  connect(_actions.find, &QAction::triggered, _search, &SearchFields::beginSearch);
   connect(_actions.showAll, &QAction::triggered, this, &AddressBookWindow::showAll);
   connect(_actions.preferences, &QAction::triggered, this, &AddressBookWindow::editPreferences);
   connect(_actions.about, &QAction::triggered, this, [this] {
@@ -200,10 +162,8 @@ void AddressBookWindow::connectFixing() {
       _message->tell(note);
       return;
     }
-    _message->tell(note, tr("Show the &Failed"), [this] {
-      _search->clear();
-      _filter->setCurrentIndex(static_cast<int>(EntryModel::Filter::Failed));
-    });
+    _message->tell(note, tr("Show the &Failed"),
+                   [this] { _search->show(EntryModel::Filter::Failed); });
   });
 }
 
@@ -212,15 +172,14 @@ bool AddressBookWindow::openPath(const QString& path) {
 }
 
 void AddressBookWindow::search() {
-  _model.search(_search->text(), static_cast<EntryModel::Filter>(_filter->currentIndex()));
+  _model.search(_search->text(), _search->filter());
   if (_table->selectedBookRows().isEmpty() && _model.rowCount() > 0) {
     _table->selectRow(0);
   }
 }
 
 void AddressBookWindow::showAll() {
-  _search->clear();
-  _filter->setCurrentIndex(static_cast<int>(EntryModel::Filter::All));
+  _search->show(EntryModel::Filter::All);
   _table->setFocus();
 }
 
@@ -268,7 +227,7 @@ void AddressBookWindow::refresh() {
   setWindowModified(!_document.undoStack().isClean());
   _panel->showRows(selected);
   _actions.columns->setEnabled(_document.file() != nullptr &&
-                               _document.file()->kind() == BookKind::Csv);
+                               _document.file()->columns() != nullptr);
   _actions.edit->setEnabled(selected.size() == 1);
   _actions.remove->setEnabled(!selected.isEmpty());
   _actions.fixSelected->setEnabled(!selected.isEmpty());
@@ -278,7 +237,7 @@ void AddressBookWindow::refresh() {
   }
   _actions.print->setEnabled(_model.rowCount() > 0);
   refreshPages();
-  refreshStatus(selected.size());
+  _counts->show(_document.book(), _model.rowCount(), static_cast<int>(selected.size()));
 }
 
 void AddressBookWindow::refreshPages() {
@@ -299,24 +258,6 @@ void AddressBookWindow::refreshPages() {
     _empty->explain(tr("“%1” has no entries").arg(_document.title()), tr("Give it its first one."),
                     _actions.add);
   }
-}
-
-void AddressBookWindow::refreshStatus(qsizetype selected) {
-  const Book& book = _document.book();
-  QStringList counts;
-  counts += _model.rowCount() == book.size()
-                ? tr("%n entries", nullptr, book.size())
-                : tr("%1 of %n entries", nullptr, book.size()).arg(_model.rowCount());
-  if (selected > 1) {
-    counts += tr("%n selected", nullptr, static_cast<int>(selected));
-  }
-  _counts->setText(counts.join(QStringLiteral(", ")));
-  _states->setVisible(book.size() > 0);
-  const int toCheck = book.count(CheckState::NotChecked) + book.count(CheckState::DueAgain);
-  _states->setText(QStringList({tr("%n right", nullptr, book.count(CheckState::Right)),
-                                tr("%n to check", nullptr, toCheck),
-                                tr("%n failed", nullptr, book.count(CheckState::Failed))})
-                       .join(QStringLiteral("   ")));
 }
 
 void AddressBookWindow::restoreLayout() {

@@ -7,21 +7,20 @@
 #include "apps/addressbook/document/EntryModel.h"
 #include "apps/addressbook/window/WindowActions.h"
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
 class QSplitter;
 class QStackedWidget;
 
 namespace postwright::addressbook {
 
 class AddressFixer;
+class BookCounts;
 class EmptyPage;
 class EntryPanel;
 class EntryTable;
 class FileController;
 class FixController;
 class MessageBar;
+class SearchFields;
 
 // The window of the program: an address book in a table, the selected entry beside it.
 //
@@ -48,8 +47,6 @@ class AddressBookWindow : public QMainWindow {
 
  private:
   QWidget* buildMiddle();
-  void buildSearch();
-  void buildStatusBar();
   void connectDocument();
   void connectActions();
   void connectFixing();
@@ -62,7 +59,6 @@ class AddressBookWindow : public QMainWindow {
   void takePreferences();
   void refresh();
   void refreshPages();
-  void refreshStatus(qsizetype selected);
   void restoreLayout();
 
   BookDocument _document;
@@ -76,10 +72,8 @@ class AddressBookWindow : public QMainWindow {
   QStackedWidget* _pages = nullptr;
   EmptyPage* _empty = nullptr;
   MessageBar* _message = nullptr;
-  QLineEdit* _search = nullptr;
-  QComboBox* _filter = nullptr;
-  QLabel* _counts = nullptr;
-  QLabel* _states = nullptr;
+  SearchFields* _search;
+  BookCounts* _counts;
 };
 
 }  // namespace postwright::addressbook

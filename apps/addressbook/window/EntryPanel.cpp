@@ -7,9 +7,9 @@
 
 #include "apps/addressbook/document/EntryModel.h"
 #include "apps/addressbook/settings/Preferences.h"
-#include "apps/addressbook/window/LabelEditor.h"
-#include "apps/addressbook/window/LabelPreview.h"
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/widgets/LabelEditor.h"
+#include "apps/addressbook/widgets/LabelPreview.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
@@ -109,9 +109,8 @@ void EntryPanel::refresh() {
 }
 
 void EntryPanel::setPreferences(const Preferences& preferences) {
-  const LabelSheet& sheet = LabelSheet::all()[preferences.sheet];
-  _preview->setSheet(sheet, preferences.style);
-  _sheetTitle->setText(sheet.title());
+  _preview->setSheet(preferences.sheet, preferences.style);
+  _sheetTitle->setText(preferences.sheet.title());
   refresh();  // the palette may have changed
 }
 

@@ -6,7 +6,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
 
 namespace postwright::addressbook {
 

@@ -13,7 +13,7 @@
 #include "apps/addressbook/formats/BookFormats.h"
 #include "apps/addressbook/formats/csv/CsvFile.h"
 #include "apps/addressbook/settings/Preferences.h"
-#include "apps/addressbook/window/Question.h"
+#include "apps/addressbook/widgets/Question.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
@@ -31,6 +31,30 @@ class BusyCursor {
 
 QString shown(const QString& path) {
   return QFileInfo(path).fileName();
+}
+
+QString openFilter() {
+  QStringList patterns;
+  for (const BookFormat* const format : bookFormats()) {
+    for (const QString& ending : format->endings) {
+      patterns.append(QStringLiteral("*.") + ending);
+    }
+  }
+  return FileController::tr("Address books (%1);;All files (*)")
+      .arg(patterns.join(QLatin1Char(' ')));
+}
+
+QList<const BookFormat*> writableFormats() {
+  QList<const BookFormat*> formats = bookFormats();
+  formats.removeIf([](const BookFormat* format) { return !format->isWritable(); });
+  return formats;
+}
+
+// A name without one of the kind's endings gets the usual one: what it has may be part of the name,
+// as in "St. Brigid list".
+QString withEnding(const QString& path, const BookFormat& format) {
+  const bool hasEnding = format.endings.contains(QFileInfo(path).suffix().toLower());
+  return hasEnding ? path : path + QLatin1Char('.') + format.endings.first();
 }
 
 }  // namespace
@@ -88,9 +112,8 @@ void FileController::open() {
   if (!mayLeave()) {
     return;
   }
-  const QString path = QFileDialog::getOpenFileName(
-      _window, tr("Open an address book"), folder(),
-      tr("Address books (*.pwbook *.csv *.tsv *.txt *.vcf *.vcard);;All files (*)"));
+  const QString path =
+      QFileDialog::getOpenFileName(_window, tr("Open an address book"), folder(), openFilter());
   if (!path.isEmpty()) {
     openPath(path);
   }
@@ -103,12 +126,14 @@ bool FileController::openPath(const QString& path) {
       const BusyCursor busy;
       file = openBookFile(path);
     }
-    if (file->kind() == BookKind::Csv && !knowsColumns(static_cast<CsvFile&>(*file), path)) {
+    if (!knowsColumns(*file, path)) {
       return false;
     }
+    const QStringList notes = file->notes();
     const BusyCursor busy;
     _document.begin(std::move(file), path);
     RecentFiles::add(path);
+    emit told(notes.join(QLatin1Char(' ')));
     return true;
   } catch (const tables::FileError& error) {
     RecentFiles::remove(path);
@@ -117,28 +142,30 @@ bool FileController::openPath(const QString& path) {
   }
 }
 
-bool FileController::knowsColumns(CsvFile& file, const QString& path) {
-  return file.hasOwnColumns() || ColumnMemory::find(file.firstLine()) || askColumns(file, path);
+bool FileController::knowsColumns(BookFile& file, const QString& path) {
+  ColumnedFile* const columns = file.columns();
+  return columns == nullptr || !columns->needsChoice() || askColumns(*columns, path);
 }
 
-bool FileController::askColumns(CsvFile& file, const QString& path) {
-  ColumnDialog dialog(file, shown(path), _window);
+bool FileController::askColumns(ColumnedFile& columns, const QString& path) {
+  ColumnDialog dialog(columns, shown(path), _window);
   if (dialog.exec() != QDialog::Accepted) {
     return false;
   }
-  ColumnMemory::remember(file.firstLine(), file.choice());
+  columns.rememberChoice();
   return true;
 }
 
 void FileController::chooseColumns() {
-  if (!_document.file() || _document.file()->kind() != BookKind::Csv || !mayLeave()) {
+  if (!_document.file() || !_document.file()->columns() || !mayLeave()) {
     return;
   }
   const QString path = _document.path();
   try {
     // Read once more, so that the choice does not reach a book that the user then keeps.
     std::unique_ptr<BookFile> file = openBookFile(path);
-    if (askColumns(static_cast<CsvFile&>(*file), path)) {
+    // Another program may have put a file of another kind there, which has no columns.
+    if (file->columns() == nullptr || askColumns(*file->columns(), path)) {
       _document.begin(std::move(file), path);
     }
   } catch (const tables::FileError& error) {
@@ -147,39 +174,46 @@ void FileController::chooseColumns() {
 }
 
 bool FileController::save() {
-  if (_document.path().isEmpty()) {
+  if (_document.path().isEmpty() || !_document.format().isWritable()) {
     return saveAs();
   }
-  return mayOverwrite() && saveTo(_document.path());
+  return mayOverwrite() && saveTo(_document.path(), _document.format());
 }
 
 bool FileController::saveAs() {
   QFileDialog dialog(_window, tr("Save the address book"), folder());
-  const QStringList filters = {tr("Address book (*.pwbook)"), tr("CSV file (*.csv)"),
-                               tr("vCard file (*.vcf)")};
-  const QStringList suffixes = {QStringLiteral("pwbook"), QStringLiteral("csv"),
-                                QStringLiteral("vcf")};
+  const QList<const BookFormat*> formats = writableFormats();
+  QStringList filters;
+  for (const BookFormat* const format : formats) {
+    filters.append(nameFilter(*format));
+  }
+  const BookFormat& usual = _document.format().isWritable() ? _document.format() : *formats.first();
+  const auto chooseType = [&](const QString& filter) {
+    dialog.setDefaultSuffix(
+        formats[std::max<qsizetype>(filters.indexOf(filter), 0)]->endings.first());
+  };
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setNameFilters(filters);
+  dialog.selectNameFilter(nameFilter(usual));
+  chooseType(nameFilter(usual));
+  connect(&dialog, &QFileDialog::filterSelected, &dialog, chooseType);
   const QString path = _document.path();
-  const auto kind = suffixes.indexOf(QFileInfo(path).suffix());
-  dialog.selectNameFilter(filters[std::max<qsizetype>(kind, 0)]);
-  dialog.setDefaultSuffix(suffixes[std::max<qsizetype>(kind, 0)]);
-  connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
-    dialog.setDefaultSuffix(suffixes.value(filters.indexOf(filter)));
-  });
-  dialog.selectFile(path.isEmpty() ? tr("Address book") : shown(path));
+  dialog.selectFile(path.isEmpty() ? tr("Address book") : QFileInfo(path).completeBaseName());
   if (dialog.exec() != QDialog::Accepted) {
     return false;
   }
+  const BookFormat& format =
+      *formats[std::max<qsizetype>(filters.indexOf(dialog.selectedNameFilter()), 0)];
   const QString chosen = dialog.selectedFiles().first();
-  return mayLeaveBehind(chosen) && saveTo(chosen);
+  const QString whole = withEnding(chosen, format);
+  return (whole == chosen || mayReplace(whole)) && mayLeaveBehind(whole, format) &&
+         saveTo(whole, format);
 }
 
-bool FileController::saveTo(const QString& path) {
+bool FileController::saveTo(const QString& path, const BookFormat& format) {
   try {
     const BusyCursor busy;
-    const QStringList notes = _document.save(path);
+    const QStringList notes = _document.save(path, format);
     RecentFiles::add(path);
     emit told(notes.join(QLatin1Char(' ')));
     return true;
@@ -189,9 +223,24 @@ bool FileController::saveTo(const QString& path) {
   }
 }
 
+// The dialog asks about the name as it was typed; this one got its ending here.
+bool FileController::mayReplace(const QString& path) {
+  if (!QFileInfo::exists(path)) {
+    return true;
+  }
+  Question question(_window, tr("“%1” is there already.").arg(shown(path)),
+                    tr("If you replace it, what it holds is lost."));
+  QAbstractButton* const replace = question.addStep(tr("&Replace It"));
+  question.addWayOut(tr("Cancel"));
+  return question.ask() == replace;
+}
+
 bool FileController::mayOverwrite() {
   if (!_document.isChangedOnDisk()) {
     return true;
+  }
+  if (!QFileInfo::exists(_document.path())) {
+    return mayWriteAnew();
   }
   Question question(
       _window,
@@ -208,8 +257,23 @@ bool FileController::mayOverwrite() {
   return answer == over;
 }
 
-bool FileController::mayLeaveBehind(const QString& path) {
-  if (!_document.leavesBehind(path)) {
+bool FileController::mayWriteAnew() {
+  Question question(
+      _window, tr("“%1” is not there any more since it was opened here.").arg(_document.title()),
+      tr("It was deleted, moved or renamed. The address book is still whole in this "
+         "window and can be written anew."));
+  QAbstractButton* const anew = question.addStep(tr("&Write It Anew"));
+  QAbstractButton* const elsewhere = question.addStep(tr("Save &As…"));
+  question.addWayOut(tr("Cancel"));
+  const QAbstractButton* const answer = question.ask();
+  if (answer == elsewhere) {
+    saveAs();
+  }
+  return answer == anew;
+}
+
+bool FileController::mayLeaveBehind(const QString& path, const BookFormat& format) {
+  if (!_document.leavesBehind(format)) {
     return true;
   }
   Question question(
@@ -224,7 +288,7 @@ bool FileController::mayLeaveBehind(const QString& path) {
 
 void FileController::exportForSpreadsheet() {
   QString path = QFileDialog::getSaveFileName(_window, tr("Export for spreadsheets"), folder(),
-                                              tr("CSV file (*.csv)"));
+                                              nameFilter(CsvFile::bookFormat()));
   if (path.isEmpty()) {
     return;
   }
@@ -233,9 +297,9 @@ void FileController::exportForSpreadsheet() {
   }
   try {
     const BusyCursor busy;
-    const bool isCsv = _document.file() && _document.file()->kind() == BookKind::Csv;
     CsvFile fresh;
-    const CsvFile& file = isCsv ? static_cast<const CsvFile&>(*_document.file()) : fresh;
+    ColumnedFile* const own = _document.file() ? _document.file()->columns() : nullptr;
+    const ColumnedFile& file = own != nullptr ? *own : fresh;
     QStringList notes{tr("Exported to “%1”.").arg(shown(path))};
     notes += file.writeForSpreadsheet(path, _document.book().entries());
     emit told(notes.join(QLatin1Char(' ')));

@@ -12,7 +12,9 @@ class QWidget;
 namespace postwright::addressbook {
 
 class BookDocument;
-class CsvFile;
+class BookFile;
+class ColumnedFile;
+struct BookFormat;
 
 // Opens and saves address books, asking the user what only the user knows: names, columns, and
 // whether changes may be lost.
@@ -36,7 +38,7 @@ class FileController : public QObject {
   bool save();
   bool saveAs();
 
-  // Asks anew which columns of the CSV file make the label. Only for a book without changes.
+  // Asks anew which columns of the file make the label. Only for a book without changes.
   void chooseColumns();
   void exportForSpreadsheet();
 
@@ -47,11 +49,13 @@ class FileController : public QObject {
  private:
   void fillRecentMenu(QMenu* menu);
   // True once it is known which columns make the label; false where the user does not say.
-  bool knowsColumns(CsvFile& file, const QString& path);
-  bool askColumns(CsvFile& file, const QString& path);
-  bool saveTo(const QString& path);
+  bool knowsColumns(BookFile& file, const QString& path);
+  bool askColumns(ColumnedFile& columns, const QString& path);
+  bool saveTo(const QString& path, const BookFormat& format);
   bool mayOverwrite();
-  bool mayLeaveBehind(const QString& path);
+  bool mayWriteAnew();
+  bool mayReplace(const QString& path);
+  bool mayLeaveBehind(const QString& path, const BookFormat& format);
   void showError(const QString& what, const tables::FileError& error);
   QString folder() const;
 

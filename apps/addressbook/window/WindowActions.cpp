@@ -7,7 +7,7 @@
 #include <QToolBar>
 #include <QUndoStack>
 
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
 
 namespace postwright::addressbook {
 

@@ -19,7 +19,7 @@ QString keyFor(const QByteArray& firstLine) {
 
 }  // namespace
 
-std::optional<ColumnChoice> ColumnMemory::find(const QByteArray& firstLine) {
+std::optional<tables::TableChoice> ColumnMemory::find(const QByteArray& firstLine) {
   // "44 1 2 4 5": the code of the delimiter and the roles.
   const QString kept = QSettings().value(keyFor(firstLine)).toString();
   QStringList numbers = kept.split(kSeparator, Qt::SkipEmptyParts);
@@ -33,14 +33,14 @@ std::optional<ColumnChoice> ColumnMemory::find(const QByteArray& firstLine) {
     roles.append(role > 0 && role < tables::kColumnRoles ? static_cast<tables::ColumnRole>(role)
                                                          : tables::ColumnRole::None);
   }
-  ColumnChoice choice{delimiter, tables::ColumnMapping(roles)};
+  tables::TableChoice choice{delimiter, tables::ColumnMapping(roles)};
   if (!tables::CsvReader::isDelimiter(delimiter) || !choice.mapping.isUsable()) {
     return std::nullopt;  // settings that someone has edited
   }
   return choice;
 }
 
-void ColumnMemory::remember(const QByteArray& firstLine, const ColumnChoice& choice) {
+void ColumnMemory::remember(const QByteArray& firstLine, const tables::TableChoice& choice) {
   QStringList numbers{QString::number(static_cast<int>(choice.delimiter))};
   for (const tables::ColumnRole role : choice.mapping.roles()) {
     numbers.append(QString::number(static_cast<int>(role)));

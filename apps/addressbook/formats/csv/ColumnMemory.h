@@ -4,22 +4,16 @@
 #include <QByteArray>
 #include <optional>
 
-#include "apps/tables/ColumnMapping.h"
+#include "apps/tables/TableChoice.h"
 
 namespace postwright::addressbook {
-
-// How the user wants CSV files of one form to be read.
-struct ColumnChoice {
-  char delimiter = ',';
-  tables::ColumnMapping mapping;
-};
 
 // Remembers the choice for each header that was met, in the settings of the application. Forms are
 // told apart by the first line of the file as it stands.
 class ColumnMemory {
  public:
-  static std::optional<ColumnChoice> find(const QByteArray& firstLine);
-  static void remember(const QByteArray& firstLine, const ColumnChoice& choice);
+  static std::optional<tables::TableChoice> find(const QByteArray& firstLine);
+  static void remember(const QByteArray& firstLine, const tables::TableChoice& choice);
 };
 
 }  // namespace postwright::addressbook

@@ -1,5 +1,7 @@
 #include "apps/addressbook/formats/csv/CsvFile.h"
 
+#include "apps/addressbook/book/BookFormat.h"
+#include "apps/addressbook/formats/csv/ColumnMemory.h"
 #include "apps/tables/CsvWriter.h"
 #include "apps/tables/FileError.h"
 #include "apps/tables/FormulaGuard.h"
@@ -34,6 +36,21 @@ struct CsvFile::Output {
   int wholeLabels = 0;  // those that would not divide into columns
 };
 
+const BookFormat& CsvFile::bookFormat() {
+  static const BookFormat format = {
+      [] { return tr("CSV file"); },
+      {QStringLiteral("csv"), QStringLiteral("tsv"), QStringLiteral("txt")},
+      {QStringLiteral("text/csv"), QStringLiteral("text/tab-separated-values")},
+      [](const FileHead&) { return true; },  // any text may be one
+      [](const QString& path) -> std::unique_ptr<BookFile> {
+        return std::make_unique<CsvFile>(tables::TextFile::read(path));
+      },
+      [](const QString& path) -> std::unique_ptr<BookFile> {
+        return std::make_unique<CsvFile>(path.endsWith(u".tsv", Qt::CaseInsensitive) ? '\t' : ',');
+      }};
+  return format;
+}
+
 CsvFile::CsvFile(char delimiter) {
   _text.utf8 = tables::csvRow(newHeader(), delimiter) + _lineBreak;
   choose({delimiter, tables::ColumnMapping::guess(newHeader())});
@@ -41,7 +58,7 @@ CsvFile::CsvFile(char delimiter) {
 
 CsvFile::CsvFile(tables::TextFile text)
     : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
-  if (const std::optional<ColumnChoice> known = ColumnMemory::find(firstLine())) {
+  if (const std::optional<tables::TableChoice> known = ColumnMemory::find(firstLine())) {
     choose(*known);
     return;
   }
@@ -59,11 +76,21 @@ QByteArray CsvFile::firstLine() const {
   return _text.utf8.first(end - _text.utf8.begin());
 }
 
-bool CsvFile::hasOwnColumns() const {
-  return _header == newHeader();
+// The columns that the program itself writes need no answer.
+bool CsvFile::needsChoice() const {
+  return _header != newHeader() && !ColumnMemory::find(firstLine());
 }
 
-void CsvFile::choose(const ColumnChoice& choice) {
+void CsvFile::rememberChoice() const {
+  ColumnMemory::remember(firstLine(), _choice);
+}
+
+tables::TableChoice CsvFile::guess(const tables::TableChoice& choice) const {
+  const QStringList header = tables::CsvReader(choice.delimiter).firstRow(_text.utf8);
+  return {choice.delimiter, tables::ColumnMapping::guess(header)};
+}
+
+void CsvFile::choose(const tables::TableChoice& choice) {
   QStringList header;
   tables::TextRange headerRange;
   tables::ColumnMapping mapping;

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 #include "apps/addressbook/book/BookFile.h"
-#include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/addressbook/book/ColumnedFile.h"
 #include "apps/tables/CsvReader.h"
 #include "apps/tables/TextFile.h"
 
@@ -14,44 +14,41 @@ namespace postwright::addressbook {
 // An address book in a CSV file with a header: a row an entry.
 //
 //   CsvFile file(TextFile::read(path));
-//   if (!ColumnMemory::find(file.firstLine())) file.choose(askUser(file));
+//   if (file.needsChoice()) file.choose(askUser(file));
 //   QList<Entry> entries = file.entries();
 //
 // Rows whose label is unchanged, and in changed rows the cells that are, are written byte for byte
 // as they were, as are delimiter, line breaks and encoding.
-class CsvFile final : public BookFile {
+class CsvFile final : public BookFile, public ColumnedFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::CsvFile)
 
  public:
+  static const BookFormat& bookFormat();
+
   // A new file with columns for name, company, two address lines, city, state and ZIP code.
   explicit CsvFile(char delimiter = ',');
 
   // Reads a file, as the user chose for its header earlier or as it looks. Throws FileError.
   explicit CsvFile(tables::TextFile text);
 
-  BookKind kind() const override { return BookKind::Csv; }
+  const BookFormat& format() const override { return bookFormat(); }
+  ColumnedFile* columns() override { return this; }
   QList<Entry> entries() const override;
   QStringList write(const QString& path, const QList<Entry>& entries) override;
 
-  // Writes a copy for spreadsheet programs, which run a cell that begins with = + - or @ as a
-  // formula: such cells get an apostrophe in front.
-  QStringList writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const;
-
-  // True for a file with the columns that the program itself writes.
-  bool hasOwnColumns() const;
-
-  const QStringList& header() const { return _header; }
-  int rowCount() const { return static_cast<int>(_rows.size()); }
-  QStringList cells(int row) const;
-  QByteArray firstLine() const;
-
-  const ColumnChoice& choice() const { return _choice; }
-  // Reads the file once more, otherwise. Throws FileError where the delimiter leaves a cell too
-  // long; the file is then as it was.
-  void choose(const ColumnChoice& choice);
+  QStringList header() const override { return _header; }
+  int rowCount() const override { return static_cast<int>(_rows.size()); }
+  QStringList cells(int row) const override;
+  bool needsChoice() const override;
+  const tables::TableChoice& choice() const override { return _choice; }
+  tables::TableChoice guess(const tables::TableChoice& choice) const override;
+  void choose(const tables::TableChoice& choice) override;
+  void rememberChoice() const override;
+  QStringList writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const override;
 
  private:
   struct Output;
+  QByteArray firstLine() const;
   Output compose(const QList<Entry>& entries) const;
   void appendRow(Output& output, const Entry& entry) const;
   QByteArray changedRow(const QByteArray& row, const QString& label, int& wholeLabels) const;
@@ -59,7 +56,7 @@ class CsvFile final : public BookFile {
   QStringList notesOn(const Output& output) const;
 
   tables::TextFile _text;
-  ColumnChoice _choice;
+  tables::TableChoice _choice;
   QStringList _header;
   tables::TextRange _headerRange;  // with the blank lines above it
   QList<tables::TextRange> _rows;

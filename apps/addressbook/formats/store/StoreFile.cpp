@@ -1,11 +1,14 @@
 #include "apps/addressbook/formats/store/StoreFile.h"
 
+#include <sys/stat.h>
+
 #include <QFileInfo>
 #include <QSet>
 
+#include "apps/addressbook/book/BookFormat.h"
 #include "apps/addressbook/book/Database.h"
-#include "apps/addressbook/formats/store/ReplacementFile.h"
 #include "apps/tables/FileError.h"
+#include "apps/tables/ReplacementFile.h"
 
 namespace postwright::addressbook {
 
@@ -38,6 +41,19 @@ Check checkOf(const QSqlQuery& row) {
           row.value(4).toString()};
 }
 
+std::unique_ptr<QFile> openSource(const QString& path) {
+  auto file = std::make_unique<QFile>(path);
+  return file->open(QIODevice::ReadOnly) ? std::move(file) : nullptr;
+}
+
+bool isSameFile(const QFile& open, const QString& path) {
+  struct stat ofOpen = {};
+  struct stat ofPath = {};
+  return ::fstat(open.handle(), &ofOpen) == 0 &&
+         ::stat(QFile::encodeName(path).constData(), &ofPath) == 0 &&
+         ofOpen.st_dev == ofPath.st_dev && ofOpen.st_ino == ofPath.st_ino;
+}
+
 // A null string would be bound as NULL, which the columns do not take.
 QString bound(const QString& text) {
   return text.isNull() ? QStringLiteral("") : text;
@@ -54,16 +70,27 @@ QVariantList cellsOf(const Entry& entry) {
 
 }  // namespace
 
-bool StoreFile::isStore(const QByteArray& firstBytes) {
-  return firstBytes.startsWith(kSignature);
+const BookFormat& StoreFile::bookFormat() {
+  static const BookFormat format = {
+      [] { return tr("Address book"); },
+      {QStringLiteral("pwbook")},
+      {QStringLiteral("application/x-postwright-book")},
+      [](const FileHead& head) { return head.bytes.startsWith(kSignature); },
+      [](const QString& path) -> std::unique_ptr<BookFile> {
+        return std::make_unique<StoreFile>(path);
+      },
+      [](const QString&) -> std::unique_ptr<BookFile> { return std::make_unique<StoreFile>(); }};
+  return format;
 }
 
 StoreFile::StoreFile(const QString& path) : _path(path) {
+  tables::ReplacementFile::removeLeftovers(path);
   // Writing rolls back what a program that was killed has left half done; where it is not allowed,
   // the file is read as it is.
   const bool isWritable = QFileInfo(path).isWritable() && QFileInfo(path).exists();
   Database database(path, isWritable ? Database::Access::ReadWrite : Database::Access::ReadOnly);
   read(database);
+  _source = openSource(path);
 }
 
 void StoreFile::read(Database& database) {
@@ -101,17 +128,14 @@ void StoreFile::readColumns(Database& database) {
 }
 
 QStringList StoreFile::write(const QString& path, const QList<Entry>& entries) {
-  ReplacementFile replacement(path);
-  if (QFileInfo::exists(_path)) {
-    Database(_path, Database::Access::ReadWrite)
-        .run(QStringLiteral("VACUUM INTO ?"), {replacement.temporaryPath()});
-  }
+  tables::ReplacementFile replacement(path);
+  copyTo(replacement.temporaryPath());
   {
     Database database(replacement.temporaryPath(), Database::Access::ReadWrite);
     // Nobody has the file yet and a failure throws it away: it is synced once, when it is whole.
     database.run(QStringLiteral("PRAGMA synchronous = OFF"));
     database.run(QStringLiteral("PRAGMA journal_mode = MEMORY"));
-    if (!QFileInfo::exists(_path)) {
+    if (!_source) {
       createSchema(database);
     }
     Database::Transaction transaction(database);
@@ -120,7 +144,26 @@ QStringList StoreFile::write(const QString& path, const QList<Entry>& entries) {
   }
   replacement.commit();
   _path = path;
+  _source = openSource(path);
   return {};
+}
+
+// What the next file is made of. Where another file has taken the place of the one that was read,
+// or its name is gone, that one is copied as it was read.
+void StoreFile::copyTo(const QString& path) const {
+  if (!_source) {
+    return;
+  }
+  if (isSameFile(*_source, _path)) {
+    Database(_path, Database::Access::ReadWrite).run(QStringLiteral("VACUUM INTO ?"), {path});
+    return;
+  }
+  _source->seek(0);
+  QFile copy(path);
+  if (!copy.open(QIODevice::WriteOnly) || copy.write(_source->readAll()) != _source->size() ||
+      !copy.flush()) {
+    throw tables::FileError(tr("The file could not be copied: %1.").arg(copy.errorString()));
+  }
 }
 
 void StoreFile::update(Database& database, const QList<Entry>& entries) const {

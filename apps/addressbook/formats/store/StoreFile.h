@@ -2,9 +2,11 @@
 #define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_STORE_STOREFILE_H_
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QHash>
 #include <QStringList>
 #include <QVariantList>
+#include <memory>
 
 #include "apps/addressbook/book/BookFile.h"
 
@@ -22,8 +24,7 @@ class StoreFile final : public BookFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::StoreFile)
 
  public:
-  // True where the first bytes of a file are those of an SQLite database.
-  static bool isStore(const QByteArray& firstBytes);
+  static const BookFormat& bookFormat();
 
   // A new file.
   StoreFile() = default;
@@ -32,7 +33,7 @@ class StoreFile final : public BookFile {
   // book, or was made by a later version of the program.
   explicit StoreFile(const QString& path);
 
-  BookKind kind() const override { return BookKind::Store; }
+  const BookFormat& format() const override { return bookFormat(); }
   QList<Entry> entries() const override { return _entries; }
   QStringList write(const QString& path, const QList<Entry>& entries) override;
 
@@ -41,10 +42,12 @@ class StoreFile final : public BookFile {
   void readColumns(Database& database);
   void update(Database& database, const QList<Entry>& entries) const;
   QString upsert() const;
+  void copyTo(const QString& path) const;
 
-  QString _path;                            // what the next file is a copy of; empty: nothing
-  QList<Entry> _entries;                    // as they were read
-  QStringList _otherColumns;                // those the program does not know
+  QString _path;                   // of the file that was read or written last; empty: none
+  std::unique_ptr<QFile> _source;  // the same, open: it is there still where its name is gone
+  QList<Entry> _entries;           // as they were read
+  QStringList _otherColumns;       // those the program does not know
   QHash<qint64, QVariantList> _otherCells;  // by id, as they were read; empty without such columns
 };
 

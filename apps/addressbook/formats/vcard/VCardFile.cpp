@@ -1,11 +1,34 @@
 #include "apps/addressbook/formats/vcard/VCardFile.h"
 
+#include <algorithm>
 #include <optional>
 
+#include "apps/addressbook/book/BookFormat.h"
 #include "apps/addressbook/formats/vcard/CardEditor.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
+
+namespace {
+
+const QByteArray kBegin = "BEGIN:VCARD";
+
+}  // namespace
+
+const BookFormat& VCardFile::bookFormat() {
+  static const BookFormat format = {
+      [] { return tr("vCard file"); },
+      {QStringLiteral("vcf"), QStringLiteral("vcard")},
+      {QStringLiteral("text/vcard"), QStringLiteral("text/x-vcard")},
+      [](const FileHead& head) {
+        return head.utf8.first(std::min(head.utf8.size(), kBegin.size())).toUpper() == kBegin;
+      },
+      [](const QString& path) -> std::unique_ptr<BookFile> {
+        return std::make_unique<VCardFile>(tables::TextFile::read(path));
+      },
+      [](const QString&) -> std::unique_ptr<BookFile> { return std::make_unique<VCardFile>(); }};
+  return format;
+}
 
 VCardFile::VCardFile(tables::TextFile text) : _text(std::move(text)) {
   _cards = CardScanner::scan(_text.utf8);

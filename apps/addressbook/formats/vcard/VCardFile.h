@@ -19,13 +19,15 @@ class VCardFile final : public BookFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::VCardFile)
 
  public:
+  static const BookFormat& bookFormat();
+
   // A new file, of version 4.0.
   VCardFile() = default;
 
   // Reads a file. Throws FileError.
   explicit VCardFile(tables::TextFile text);
 
-  BookKind kind() const override { return BookKind::VCard; }
+  const BookFormat& format() const override { return bookFormat(); }
   QList<Entry> entries() const override;
   QStringList write(const QString& path, const QList<Entry>& entries) override;
 

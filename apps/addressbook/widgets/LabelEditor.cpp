@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/LabelEditor.h"
+#include "apps/addressbook/widgets/LabelEditor.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>

@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/Question.h"
+#include "apps/addressbook/widgets/Question.h"
 
 #include <QPushButton>
 

@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
 
 #include <QFile>
 #include <QGuiApplication>

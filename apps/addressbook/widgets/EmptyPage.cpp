@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/EmptyPage.h"
+#include "apps/addressbook/widgets/EmptyPage.h"
 
 #include <QAction>
 #include <QLabel>

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_THEME_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_THEME_H_
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_WIDGETS_THEME_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_WIDGETS_THEME_H_
 
 #include "apps/addressbook/settings/Preferences.h"
 
@@ -11,4 +11,4 @@ void applyAppearance(Appearance appearance);
 
 }  // namespace postwright::addressbook
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_WINDOW_THEME_H_
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_WIDGETS_THEME_H_

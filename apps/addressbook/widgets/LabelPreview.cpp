@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/LabelPreview.h"
+#include "apps/addressbook/widgets/LabelPreview.h"
 
 #include <QPainter>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/Theme.h"
+#include "apps/addressbook/widgets/Theme.h"
 
 #include <QApplication>
 #include <QPalette>

@@ -1,4 +1,4 @@
-#include "apps/addressbook/window/MessageBar.h"
+#include "apps/addressbook/widgets/MessageBar.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include "apps/addressbook/window/ThemedIcon.h"
+#include "apps/addressbook/widgets/ThemedIcon.h"
 
 namespace postwright::addressbook {
 
