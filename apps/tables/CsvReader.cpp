@@ -1,9 +1,6 @@
 #include "apps/tables/CsvReader.h"
 
-#include <csv.h>
-
 #include <algorithm>
-#include <new>
 
 #include "apps/tables/FileError.h"
 
@@ -11,80 +8,9 @@ namespace postwright::tables {
 
 namespace {
 
-constexpr size_t kLongestCell = 1024 * 1024;
-// A piece fed to the parser at once is never longer, so an endless cell is found out in time.
-constexpr qsizetype kLongestPiece = 64 * 1024;
+constexpr qsizetype kLongestCell = 1024 * 1024;
 constexpr qsizetype kGuessedText = 64 * 1024;
 constexpr int kGuessedRows = 50;
-
-// libcsv's parser and what it has found since it was last asked.
-class Parser {
- public:
-  explicit Parser(char delimiter) {
-    if (csv_init(&_parser, 0) != 0) {
-      throw std::bad_alloc();
-    }
-    csv_set_delim(&_parser, static_cast<uchar>(delimiter));
-  }
-  Parser(const Parser&) = delete;
-  Parser& operator=(const Parser&) = delete;
-  ~Parser() { csv_free(&_parser); }
-
-  // Feeds the next bytes, which must end at most one row.
-  void feed(QByteArrayView piece) {
-    if (csv_parse(&_parser, piece.data(), piece.size(), takeCell, takeRow, this) !=
-        static_cast<size_t>(piece.size())) {
-      throw std::bad_alloc();  // what is not strict fails for want of memory alone
-    }
-  }
-
-  // Ends the last row, which may lack its line break. False where a quotation mark is still open:
-  // there the break becomes part of a cell, which csv_fini() would take for the whole cell.
-  bool finish() {
-    if (!_hasRow) {
-      feed("\n");
-    }
-    return _parser.entry_pos == 0;
-  }
-
-  bool isCellTooLong() const { return _isCellTooLong || _parser.entry_pos > kLongestCell; }
-  bool hasRow() const { return _hasRow; }
-  QStringList& cells() { return _cells; }
-  void beginRow() {
-    _cells.clear();
-    _hasRow = false;
-  }
-
- private:
-  static void takeCell(void* text, size_t size, void* self) {
-    auto* const parser = static_cast<Parser*>(self);
-    parser->_isCellTooLong |= size > kLongestCell;
-    parser->_cells.append(
-        QString::fromUtf8(static_cast<const char*>(text), static_cast<qsizetype>(size)));
-  }
-  static void takeRow(int /*terminator*/, void* self) {
-    static_cast<Parser*>(self)->_hasRow = true;
-  }
-
-  csv_parser _parser;
-  QStringList _cells;
-  bool _hasRow = false;
-  bool _isCellTooLong = false;
-};
-
-// The end of the piece that begins at `begin`: behind a line break, where a row may end.
-qsizetype endOfPiece(QByteArrayView text, qsizetype begin) {
-  const qsizetype limit = std::min(begin + kLongestPiece, text.size());
-  const char* const last = text.data() + limit;
-  const char* const found =
-      std::find_if(text.data() + begin, last, [](char c) { return c == '\n' || c == '\r'; });
-  if (found == last) {
-    return limit;
-  }
-  const qsizetype end = found - text.data() + 1;
-  const bool isPair = *found == '\r' && end < text.size() && text[end] == '\n';
-  return isPair ? end + 1 : end;
-}
 
 qsizetype lineOf(QByteArrayView text, qsizetype offset) {
   return std::count(text.data(), text.data() + offset, '\n') + 1;
@@ -96,25 +22,150 @@ qsizetype lineOf(QByteArrayView text, qsizetype offset) {
                       .arg(lineOf(text, rowBegin)));
 }
 
-[[noreturn]] void failQuote(QByteArrayView text, qsizetype rowBegin) {
-  throw FileError(CsvReader::tr("In the row that begins on line %1 a quotation mark is opened and "
-                                "not closed until the end of the file.")
-                      .arg(lineOf(text, rowBegin)));
+bool isBlank(char c, char delimiter) {
+  return (c == ' ' || c == '\t') && c != delimiter;
 }
 
-// The offset of the line in which a row begins, behind the blank lines before it.
-qsizetype skipBlankLines(QByteArrayView row, char delimiter) {
-  qsizetype line = 0;
-  for (qsizetype offset = 0; offset < row.size(); ++offset) {
-    const char c = row[offset];
-    if (c == '\n' || c == '\r') {
-      line = offset + 1;
-    } else if (c == delimiter || (c != ' ' && c != '\t')) {
-      break;
+bool isLineBreak(char c) {
+  return c == '\n' || c == '\r';
+}
+
+// Reads a text row by row.
+class RowScanner {
+ public:
+  RowScanner(QByteArrayView text, char delimiter) : _text(text), _delimiter(delimiter) {}
+
+  // Reads the next row; false where only blank lines, or nothing, is left.
+  bool next(CsvRow& row) {
+    row = {{_at, _at}, {}, {}, false};
+    skipBlankLines();
+    if (_at == _text.size()) {
+      return false;
+    }
+    while (takeCell(row)) {
+    }
+    row.range.end = _at;
+    return true;
+  }
+
+ private:
+  char at(qsizetype offset) const { return _text[offset]; }
+
+  qsizetype behindBlanks(qsizetype offset) const {
+    while (offset < _text.size() && isBlank(at(offset), _delimiter)) {
+      ++offset;
+    }
+    return offset;
+  }
+
+  bool endsCell(qsizetype offset) const {
+    return offset == _text.size() || at(offset) == _delimiter || isLineBreak(at(offset));
+  }
+
+  void skipLineBreak() {
+    const bool isPair = at(_at) == '\r' && _at + 1 < _text.size() && at(_at + 1) == '\n';
+    _at += isPair ? 2 : 1;
+  }
+
+  void skipBlankLines() {
+    for (qsizetype offset = behindBlanks(_at); offset < _text.size() && isLineBreak(at(offset));
+         offset = behindBlanks(_at)) {
+      _at = offset;
+      skipLineBreak();
+    }
+    if (behindBlanks(_at) == _text.size()) {
+      _at = _text.size();
     }
   }
-  return line;
-}
+
+  // Takes a cell and the delimiter or line break behind it; false behind the last one of the row.
+  bool takeCell(CsvRow& row) {
+    const qsizetype begin = _at;
+    const qsizetype first = behindBlanks(begin);
+    if (first < _text.size() && at(first) == '"') {
+      if (const qsizetype close = closeOf(first); close >= 0) {
+        row.cells.append(
+            textOf(first + 1, close).replace(QLatin1String("\"\""), QLatin1String("\"")));
+        _at = behindBlanks(close + 1);
+        return endCell(row, begin);
+      }
+      row.isBroken = true;
+      takePlain(row, first + 1);
+    } else {
+      takePlain(row, first);
+    }
+    return endCell(row, begin);
+  }
+
+  void takePlain(CsvRow& row, qsizetype first) {
+    _at = first;
+    while (!endsCell(_at)) {
+      ++_at;
+    }
+    qsizetype end = _at;
+    while (end > first && isBlank(at(end - 1), _delimiter)) {
+      --end;
+    }
+    if (end - first > kLongestCell) {
+      failCell(_text, row.range.begin);
+    }
+    row.cells.append(textOf(first, end));
+  }
+
+  bool endCell(CsvRow& row, qsizetype begin) {
+    row.ranges.append({begin, _at});
+    if (_at == _text.size()) {
+      return false;
+    }
+    if (at(_at) == _delimiter) {
+      ++_at;
+      return true;
+    }
+    skipLineBreak();
+    return false;
+  }
+
+  QString textOf(qsizetype begin, qsizetype end) const {
+    return QString::fromUtf8(_text.sliced(begin, end - begin));
+  }
+
+  // The quotation mark that closes the one at `open`, or -1.
+  qsizetype closeOf(qsizetype open) {
+    const qsizetype lineEnd =
+        std::find_if(_text.begin() + open, _text.end(), isLineBreak) - _text.begin();
+    for (qsizetype offset = open + 1;;) {
+      // Between an unclosed mark and what showed it to be one, no mark behind its line closes any.
+      if (offset > lineEnd && open > _unclosed && offset < _shown) {
+        offset = _shown;
+      }
+      const qsizetype mark = _text.indexOf('"', offset);
+      if (mark < 0 || mark - open > kLongestCell) {
+        return failToClose(open, mark < 0 ? _text.size() : mark);
+      }
+      if (mark + 1 < _text.size() && at(mark + 1) == '"') {
+        offset = mark + 2;
+      } else if (endsCell(behindBlanks(mark + 1))) {
+        return mark;
+      } else if (mark > lineEnd) {
+        return failToClose(open, mark);
+      } else {
+        offset = mark + 1;  // one that should have been doubled
+      }
+    }
+  }
+
+  qsizetype failToClose(qsizetype open, qsizetype shown) {
+    _unclosed = open;
+    _shown = shown;
+    return -1;
+  }
+
+  QByteArrayView _text;
+  char _delimiter;
+  qsizetype _at = 0;
+  qsizetype _unclosed = -1;  // the last unclosed mark,
+  qsizetype _shown = -1;     // and where it was found to be one
+};
 
 // How well a delimiter parts the first rows: how many have as many cells as the first, and how many
 // cells that is. Nothing where it parts nothing.
@@ -161,56 +212,20 @@ char CsvReader::guessDelimiter(QByteArrayView utf8) {
 
 void CsvReader::readRows(QByteArrayView utf8,
                          const std::function<bool(const CsvRow&)>& take) const {
-  Parser parser(_delimiter);
-  qsizetype rowBegin = 0;
-  for (qsizetype begin = 0; begin < utf8.size();) {
-    const qsizetype end = endOfPiece(utf8, begin);
-    parser.feed(utf8.sliced(begin, end - begin));
-    if (parser.isCellTooLong()) {
-      failCell(utf8, rowBegin);
-    }
-    if (parser.hasRow()) {
-      if (!take({{rowBegin, end}, parser.cells()})) {
-        return;
-      }
-      parser.beginRow();
-      rowBegin = end;
-    }
-    begin = end;
-  }
-  if (!parser.finish()) {
-    failQuote(utf8, rowBegin);
-  }
-  if (parser.hasRow()) {
-    take({{rowBegin, utf8.size()}, parser.cells()});
+  RowScanner scanner(utf8, _delimiter);
+  CsvRow row;
+  while (scanner.next(row) && take(row)) {
   }
 }
 
 QStringList CsvReader::firstRow(QByteArrayView utf8) const {
-  QStringList cells;
-  readRows(utf8, [&cells](const CsvRow& row) {
-    cells = row.cells;
-    return false;
-  });
-  return cells;
+  return first(utf8).cells;
 }
 
-QList<TextRange> CsvReader::cellRanges(QByteArrayView row) const {
-  QList<TextRange> ranges;
-  Parser parser(_delimiter);
-  qsizetype cellBegin = skipBlankLines(row, _delimiter);
-  for (qsizetype offset = cellBegin; offset < row.size() && !parser.hasRow(); ++offset) {
-    parser.feed(row.sliced(offset, 1));
-    if (parser.cells().size() > ranges.size()) {
-      ranges.append({cellBegin, offset});
-      cellBegin = offset + 1;
-    }
-  }
-  parser.finish();
-  if (parser.cells().size() > ranges.size()) {
-    ranges.append({cellBegin, row.size()});
-  }
-  return ranges;
+CsvRow CsvReader::first(QByteArrayView utf8) const {
+  CsvRow row;
+  RowScanner(utf8, _delimiter).next(row);
+  return row;
 }
 
 }  // namespace postwright::tables

@@ -16,6 +16,8 @@ namespace postwright::tables {
 struct CsvRow {
   TextRange range;
   QStringList cells;
+  QList<TextRange> ranges;  // of the cells, with quotation marks and blanks, without delimiters
+  bool isBroken = false;    // a quotation mark in it is opened and not closed
 };
 
 // Reads CSV, quoted or not, and tells where in the text each row and cell stands, so that what is
@@ -23,7 +25,11 @@ struct CsvRow {
 //
 //   CsvReader(';').readRows(utf8, [](const CsvRow& row) { take(row.cells); return true; });
 //
-// Blanks around a cell are not part of it, unless they are inside its quotation marks.
+// Blanks around a cell are not part of it, unless they are inside its quotation marks. A quotation
+// mark that nothing closes costs the row it stands in, not those behind it: there the mark is left
+// out and the row ends with its line. As unclosed counts one that is followed by the end of the
+// text, by 1 MiB, or, on a later line, by a mark that neither is doubled nor ends a cell, as that
+// which opens the next cell is. However many of them there are, reading is linear.
 class CsvReader {
   Q_DECLARE_TR_FUNCTIONS(postwright::tables::CsvReader)
 
@@ -40,15 +46,14 @@ class CsvReader {
   explicit CsvReader(char delimiter) : _delimiter(delimiter) {}
 
   // Calls `take` with each row until it returns false. Throws FileError, naming the line, for a
-  // cell of more than 1 MiB and for a quotation mark that nothing closes.
+  // cell of more than 1 MiB.
   void readRows(QByteArrayView utf8, const std::function<bool(const CsvRow&)>& take) const;
 
   // Returns the cells of the first row of `utf8`; none where there is no row.
   QStringList firstRow(QByteArrayView utf8) const;
 
-  // Returns where in `row`, the text of a single row, its cells stand, with their quotation marks
-  // and the blanks around them, without delimiters and line breaks.
-  QList<TextRange> cellRanges(QByteArrayView row) const;
+  // The first row with all that is known of it; one without cells where there is none.
+  CsvRow first(QByteArrayView utf8) const;
 
  private:
   char _delimiter;

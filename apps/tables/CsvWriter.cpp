@@ -1,7 +1,5 @@
 #include "apps/tables/CsvWriter.h"
 
-#include <csv.h>
-
 #include <algorithm>
 
 #include "apps/tables/CsvReader.h"
@@ -25,9 +23,9 @@ QByteArray csvCell(const QString& text, char delimiter, CsvQuotes quotes) {
   if (quotes == CsvQuotes::WhereNeeded && !needsQuotes(text, delimiter)) {
     return utf8;
   }
-  QByteArray quoted(static_cast<qsizetype>(csv_write(nullptr, 0, utf8.data(), utf8.size())), '\0');
-  csv_write(quoted.data(), quoted.size(), utf8.data(), utf8.size());
-  return quoted;
+  QByteArray quoted = utf8;
+  quoted.replace("\"", "\"\"");
+  return '"' + quoted + '"';
 }
 
 QByteArray csvRow(const QStringList& cells, char delimiter) {
@@ -45,8 +43,9 @@ QByteArray csvRow(const QStringList& cells, char delimiter) {
 }
 
 QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char delimiter) {
-  const QStringList old = CsvReader(delimiter).firstRow(row);
-  const QList<TextRange> ranges = CsvReader(delimiter).cellRanges(row);
+  const CsvRow read = CsvReader(delimiter).first(row);
+  const QStringList& old = read.cells;
+  const QList<TextRange>& ranges = read.ranges;
   QByteArray changed;
   qsizetype copied = 0;
   for (qsizetype column = 0; column < ranges.size(); ++column) {

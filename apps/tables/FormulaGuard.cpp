@@ -27,14 +27,12 @@ QByteArray guardFormulas(const QByteArray& csv, char delimiter) {
     if (std::none_of(row.cells.begin(), row.cells.end(), isFormula)) {
       return true;
     }
-    const QByteArrayView text = QByteArrayView(csv).sliced(row.range.begin, row.range.size());
-    const QList<TextRange> ranges = reader.cellRanges(text);
-    for (qsizetype column = 0; column < ranges.size(); ++column) {
+    for (qsizetype column = 0; column < row.ranges.size(); ++column) {
       if (isFormula(row.cells[column])) {
-        const qsizetype begin = row.range.begin + ranges[column].begin;
+        const qsizetype begin = row.ranges[column].begin;
         guarded += QByteArrayView(csv).sliced(copied, begin - copied);
         guarded += csvCell(QLatin1Char('\'') + row.cells[column], delimiter, CsvQuotes::Always);
-        copied = row.range.begin + ranges[column].end;
+        copied = row.ranges[column].end;
       }
     }
     return true;

@@ -436,7 +436,7 @@ void WindowTest::opensWhatIsDropped() {
 }
 
 void WindowTest::saysWhyAFileDoesNotOpen() {
-  put("broken.csv", "Name\n\"open\n");
+  put("broken.csv", "Name\nx" + QByteArray(2000000, 'x'));
   QString said;
   answer("Close", &said);
   QVERIFY(!_window->openPath(path("broken.csv")));

@@ -75,6 +75,13 @@
             <numerusform>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>In %n rows a quotation mark is opened and not closed, first on line %1. Each was read to the end of its line; look at them before you print.</source>
+        <translation>
+            <numerusform>In %n row, on line %1, a quotation mark is opened and not closed. It was read to the end of its line; look at it before you print.</numerusform>
+            <numerusform>In %n rows a quotation mark is opened and not closed, first on line %1. Each was read to the end of its line; look at them before you print.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::EntryPanel</name>

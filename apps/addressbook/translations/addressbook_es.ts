@@ -299,6 +299,13 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <source>CSV file</source>
         <translation>Archivo CSV</translation>
     </message>
+    <message numerus="yes">
+        <source>In %n rows a quotation mark is opened and not closed, first on line %1. Each was read to the end of its line; look at them before you print.</source>
+        <translation>
+            <numerusform>En %n fila, en la línea %1, se abren comillas que no se cierran. Se leyó hasta el final de su línea; revísela antes de imprimir.</numerusform>
+            <numerusform>En %n filas se abren comillas que no se cierran, la primera en la línea %1. Cada una se leyó hasta el final de su línea; revíselas antes de imprimir.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::Database</name>
@@ -1073,10 +1080,6 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>The row that begins on line %1 holds a cell of more than 1 MiB. Perhaps a quotation mark is missing there.</source>
         <translation>La fila que empieza en la línea %1 tiene una celda de más de 1 MiB. Puede que falte una comilla.</translation>
-    </message>
-    <message>
-        <source>In the row that begins on line %1 a quotation mark is opened and not closed until the end of the file.</source>
-        <translation>En la fila que empieza en la línea %1 se abre una comilla que no se cierra hasta el final del archivo.</translation>
     </message>
 </context>
 <context>

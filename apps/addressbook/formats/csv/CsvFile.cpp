@@ -96,7 +96,12 @@ void CsvFile::choose(const tables::TableChoice& choice) {
   tables::ColumnMapping mapping;
   QList<tables::TextRange> rows;
   QStringList labels;
+  int brokenRows = 0;
+  qsizetype firstBroken = 0;
   tables::CsvReader(choice.delimiter).readRows(_text.utf8, [&](const tables::CsvRow& row) {
+    if (row.isBroken && brokenRows++ == 0) {
+      firstBroken = row.range.begin;
+    }
     if (header.isEmpty()) {
       header = row.cells;
       headerRange = row.range;
@@ -118,6 +123,19 @@ void CsvFile::choose(const tables::TableChoice& choice) {
   _headerRange = headerRange;
   _rows = rows;
   _labels = labels;
+  _brokenRows = brokenRows;
+  _firstBrokenLine = _text.utf8.first(firstBroken).count('\n') + 1;
+}
+
+QStringList CsvFile::notes() const {
+  if (_brokenRows == 0) {
+    return {};
+  }
+  return {
+      tr("In %n rows a quotation mark is opened and not closed, first on line %1. Each was read "
+         "to the end of its line; look at them before you print.",
+         nullptr, _brokenRows)
+          .arg(_firstBrokenLine)};
 }
 
 QList<Entry> CsvFile::entries() const {

@@ -35,6 +35,7 @@ class CsvFile final : public BookFile, public ColumnedFile {
   ColumnedFile* columns() override { return this; }
   QList<Entry> entries() const override;
   QStringList write(const QString& path, const QList<Entry>& entries) override;
+  QStringList notes() const override;
 
   QStringList header() const override { return _header; }
   int rowCount() const override { return static_cast<int>(_rows.size()); }
@@ -60,7 +61,9 @@ class CsvFile final : public BookFile, public ColumnedFile {
   QStringList _header;
   tables::TextRange _headerRange;  // with the blank lines above it
   QList<tables::TextRange> _rows;
-  QStringList _labels;  // of the rows, as they were read
+  int _brokenRows = 0;             // those with a quotation mark that nothing closes,
+  qsizetype _firstBrokenLine = 0;  // and where the first one begins
+  QStringList _labels;             // of the rows, as they were read
   QByteArray _lineBreak = "\r\n";
 };
 
