@@ -1,5 +1,7 @@
 #include "apps/addressbook/formats/vcard/CardContent.h"
 
+#include <QHash>
+#include <QSet>
 #include <algorithm>
 
 #include "apps/tables/LabelText.h"
@@ -21,21 +23,34 @@ bool isHomeCountry(const QString& country) {
   return names.contains(tables::lettersOf(country));
 }
 
+// A line of a street or a box; names have no digits.
+bool holdsDigit(const QString& line) {
+  return std::any_of(line.begin(), line.end(), [](QChar c) { return c.isDigit(); });
+}
+
+}  // namespace
+
 QString boxLine(const QString& box) {
   const bool isNumber = std::all_of(box.begin(), box.end(), [](QChar c) { return c.isDigit(); });
   return isNumber && !box.isEmpty() ? QStringLiteral("PO Box ") + box : box;
 }
 
-QString placeLine(const QString& city, const QString& state, const QString& zip) {
+QString placeLine(const QList<QStringList>& components) {
+  const auto joined = [&components](AddressComponent component) {
+    return components[component].join(QStringLiteral(", "));
+  };
+  const QString city = joined(kLocality);
+  const QString state = joined(kRegion);
   const QString cityAndState =
       city.isEmpty() || state.isEmpty() ? city + state : city + QStringLiteral(", ") + state;
-  return QString(cityAndState + QLatin1Char(' ') + zip).trimmed();
+  return QString(cityAndState + QLatin1Char(' ') + joined(kPostalCode)).trimmed();
 }
-
-}  // namespace
 
 CardContent::CardContent(const QByteArray& text, const Card& card) : _version(card.version) {
   for (const CardLine& line : card.lines) {
+    if (!_first.contains(line.property)) {
+      _first.insert(line.property, static_cast<int>(_properties.size()));
+    }
     _properties.append(line.property);
     _lines.append(ContentLine::parse(line.range.of(text), card.version));
   }
@@ -47,7 +62,7 @@ const std::optional<ContentLine>& CardContent::line(int place) const {
 }
 
 int CardContent::placeOf(CardProperty property) const {
-  return static_cast<int>(_properties.indexOf(property));
+  return _first.value(property, -1);
 }
 
 QList<int> CardContent::placesOf(CardProperty property) const {
@@ -60,16 +75,38 @@ QList<int> CardContent::placesOf(CardProperty property) const {
   return places;
 }
 
+// A label goes with the address of its group, else with the next one of its types, else with the
+// only one.
 QList<AddressLines> CardContent::addresses() const {
+  const QList<int> labels = placesOf(CardProperty::Label);
+  QHash<QString, QList<int>> byGroup;
+  QHash<QStringList, QList<int>> byTypes;
+  for (auto label = labels.crbegin(); label != labels.crend(); ++label) {
+    byGroup[_lines[*label]->group()].append(*label);
+    byTypes[_lines[*label]->types()].append(*label);
+  }
+  byGroup.remove(QString());
+  QSet<int> taken;
+  const auto take = [&taken](QList<int>& offered) {
+    while (!offered.isEmpty() && taken.contains(offered.last())) {
+      offered.removeLast();
+    }
+    return offered.isEmpty() ? -1 : offered.takeLast();
+  };
   QList<AddressLines> addresses;
-  QList<int> labels = placesOf(CardProperty::Label);
-  for (const int address : placesOf(CardProperty::Address)) {
-    const int label = labelFor(address);
-    // Two addresses of one type would share a label; it belongs to the first of them.
-    addresses.append({address, labels.removeOne(label) ? label : -1});
+  const QList<int> places = placesOf(CardProperty::Address);
+  const bool isOnlyOne = labels.size() == 1 && places.size() == 1;
+  for (const int address : places) {
+    int label = take(byGroup[_lines[address]->group()]);
+    label = label >= 0 ? label : take(byTypes[_lines[address]->types()]);
+    label = label < 0 && isOnlyOne ? labels.first() : label;
+    taken.insert(label);
+    addresses.append({address, label});
   }
   for (const int label : labels) {
-    addresses.append({-1, label});
+    if (!taken.contains(label)) {
+      addresses.append({-1, label});
+    }
   }
   if (addresses.isEmpty()) {
     addresses.append(AddressLines{});
@@ -77,39 +114,58 @@ QList<AddressLines> CardContent::addresses() const {
   return addresses;
 }
 
-// A label goes with the address of its group, else with that of its types, else with the only one.
-int CardContent::labelFor(int address) const {
-  const QList<int> labels = placesOf(CardProperty::Label);
-  const ContentLine& line = *_lines[address];
-  for (const int label : labels) {
-    if (!line.group().isEmpty() && line.group() == _lines[label]->group()) {
-      return label;
-    }
-  }
-  for (const int label : labels) {
-    if (line.types() == _lines[label]->types()) {
-      return label;
-    }
-  }
-  const bool isOnlyOne = labels.size() == 1 && placesOf(CardProperty::Address).size() == 1;
-  return isOnlyOne ? labels.first() : -1;
-}
-
-QString CardContent::label(const AddressLines& lines) const {
+QString CardContent::keptLabel(const AddressLines& lines) const {
   if (lines.label >= 0) {
     return tables::tidyLabel(unescapeText(_lines[lines.label]->value()));
   }
-  if (lines.address >= 0) {
-    const QString kept = tables::tidyLabel(
-        _lines[lines.address]->parameter(QStringLiteral("LABEL")).value_or(QString()));
-    if (!kept.isEmpty()) {
-      return kept;
-    }
+  return lines.address < 0
+             ? QString()
+             : tables::tidyLabel(
+                   _lines[lines.address]->parameter(QStringLiteral("LABEL")).value_or(QString()));
+}
+
+QString CardContent::label(const AddressLines& lines) const {
+  const QString kept = keptLabel(lines);
+  if (kept.isEmpty() || isOutdated(kept, lines)) {
+    return composedLabel(lines);
   }
-  QStringList composed{name(), organization()};
+  const QString name = this->name();
+  const QString first = kept.section(kLineFeed, 0, 0);
+  return name.isEmpty() || !holdsDigit(first) || holdsDigit(name) ? kept : name + kLineFeed + kept;
+}
+
+// Where both have a street and a place, the address counts as soon as they differ.
+bool CardContent::isOutdated(const QString& kept, const AddressLines& lines) const {
+  if (lines.address < 0) {
+    return false;
+  }
+  const QList<QStringList> parts = components(lines.address);
+  const QString letters = tables::lettersOf(kept);
+  const bool isWhole = !(parts[kStreetAddress] + parts[kPostOfficeBox]).isEmpty() &&
+                       !parts[kLocality].isEmpty() && !parts[kPostalCode].isEmpty();
+  const QStringList said = parts[kPostOfficeBox] + parts[kExtendedAddress] + parts[kStreetAddress] +
+                           parts[kLocality] + parts[kPostalCode];
+  return isWhole && !std::all_of(said.begin(), said.end(), [&letters](const QString& each) {
+           return letters.contains(tables::lettersOf(each));
+         });
+}
+
+QString CardContent::kind(const AddressLines& lines) const {
+  const std::optional<ContentLine>& found = line(lines.address >= 0 ? lines.address : lines.label);
+  const QStringList types = found ? found->types() : QStringList();
+  const bool isHome = types.contains(QStringLiteral("HOME"));
+  const bool isWork = types.contains(QStringLiteral("WORK"));
+  return isHome == isWork ? QString() : isHome ? QStringLiteral("HOME") : QStringLiteral("WORK");
+}
+
+QString CardContent::composedLabel(const AddressLines& lines) const {
+  QStringList composed{name()};
+  if (name().isEmpty() || kind(lines) != u"HOME") {
+    composed += organization();
+  }
   composed.removeDuplicates();
   if (lines.address >= 0) {
-    composed += composeAddress(lines.address);
+    composed += addressLines(lines.address);
   }
   composed.removeAll(QString());
   return tables::tidyLabel(composed.join(kLineFeed));
@@ -143,15 +199,12 @@ QList<QStringList> CardContent::components(int place) const {
   return components;
 }
 
-QStringList CardContent::composeAddress(int place) const {
+QStringList CardContent::addressLines(int place) const {
   const QList<QStringList> parts = components(place);
-  const auto joined = [&parts](AddressComponent component) {
-    return parts[component].join(QStringLiteral(", "));
-  };
   QStringList lines = parts[kStreetAddress] + parts[kExtendedAddress];
-  lines += boxLine(joined(kPostOfficeBox));
-  lines += placeLine(joined(kLocality), joined(kRegion), joined(kPostalCode));
-  const QString country = joined(kCountry);
+  lines += boxLine(parts[kPostOfficeBox].join(QStringLiteral(", ")));
+  lines += placeLine(parts);
+  const QString country = parts[kCountry].join(QStringLiteral(", "));
   lines += isHomeCountry(country) ? QString() : country;
   return lines;
 }

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_VCARD_CARDCONTENT_H_
 #define POSTWRIGHT_APPS_ADDRESSBOOK_FORMATS_VCARD_CARDCONTENT_H_
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <optional>
@@ -28,6 +29,11 @@ enum AddressComponent {
   kAddressComponents
 };
 
+// "PO Box 12" for a box of which the card has the number alone.
+QString boxLine(const QString& box);
+// "Austin, TX 78701".
+QString placeLine(const QList<QStringList>& components);
+
 // What a card says about its addresses.
 //
 //   const CardContent content(text, card);
@@ -41,8 +47,19 @@ class CardContent {
   // to which the user may give some.
   QList<AddressLines> addresses() const;
 
-  // The text of the label: the one that the card holds, else name, organization and address.
+  // The text of the label: the one that the card holds, with the name where it lacks one; or name,
+  // organization and address where the card holds none, or where the address says more: programs
+  // of today change the address and leave an old label as it is.
   QString label(const AddressLines& lines) const;
+
+  // The label that name, organization and address make. The organization is not on one for home.
+  QString composedLabel(const AddressLines& lines) const;
+
+  // True where the card holds a text of the label.
+  bool hasLabel(const AddressLines& lines) const { return !keptLabel(lines).isEmpty(); }
+
+  // "HOME", "WORK" or nothing.
+  QString kind(const AddressLines& lines) const;
 
   // The line at a place of Card::lines; nil for -1 and for a line that cannot be read.
   const std::optional<ContentLine>& line(int place) const;
@@ -53,14 +70,15 @@ class CardContent {
   QString organization() const;
   // Unescaped; always kAddressComponents of them.
   QList<QStringList> components(int place) const;
+  QStringList addressLines(int place) const;
 
  private:
-  int labelFor(int address) const;
+  QString keptLabel(const AddressLines& lines) const;
+  bool isOutdated(const QString& kept, const AddressLines& lines) const;
   QList<int> placesOf(CardProperty property) const;
-  QStringList composeAddress(int place) const;
-
   CardVersion _version;
   QList<CardProperty> _properties;
+  QHash<CardProperty, int> _first;  // place of the first line of each
   QList<std::optional<ContentLine>> _lines;
 };
 

@@ -17,24 +17,56 @@ bool holdsDigit(const QString& line) {
   return std::any_of(line.begin(), line.end(), [](QChar c) { return c.isDigit(); });
 }
 
-// Divides what is left of a label, its name taken away, into the components of an address. The
-// country, which a label within it leaves out, stays as it was unless the label names another.
-QString addressValue(const tables::LabelParts& parts, QStringList above, QStringList country,
-                     CardVersion version) {
+// Takes the line of `value` out of `lines`, as it stands there now; nothing where it is not there.
+QStringList takeSame(QStringList& lines, const QString& value) {
+  const auto found = std::find_if(lines.begin(), lines.end(), [&value](const QString& line) {
+    return !value.isEmpty() && tables::sameLetters(line, value);
+  });
+  if (found == lines.end()) {
+    return {};
+  }
+  const QString line = *found;
+  lines.erase(found);
+  return {line};
+}
+
+// The country, which a label within it leaves out, stays as it was unless the label names another.
+QStringList countryOf(const tables::LabelParts& parts, QStringList& above, const QStringList& old) {
+  const QString country = old.join(QLatin1Char(' '));
   const QString below = parts.below.join(QLatin1Char(' '));
-  if (!below.isEmpty() && !tables::sameLetters(below, country.join(QLatin1Char(' ')))) {
-    country = {below};
-  } else if (!parts.place && !above.isEmpty() && !country.isEmpty() &&
-             tables::sameLetters(above.last(), country.join(QLatin1Char(' ')))) {
+  if (!below.isEmpty()) {
+    return tables::sameLetters(below, country) ? old : QStringList{below};
+  }
+  if (!parts.place && !above.isEmpty() && !country.isEmpty() &&
+      tables::sameLetters(above.last(), country)) {
     above.removeLast();
   }
-  const tables::Place place = parts.place.value_or(tables::Place{});
+  return old;
+}
+
+// Divides what is left of a label, its name taken away, into the components of an address. What the
+// label shows unchanged stays in the component that it came from; other lines are the street.
+QString addressValue(const tables::LabelParts& parts, QStringList above,
+                     const QList<QStringList>& old, CardVersion version) {
   QList<QStringList> components(kAddressComponents);
+  components[kCountry] = countryOf(parts, above, old[kCountry]);
+  if (parts.place) {
+    components[kLocality] = {parts.place->city};
+    components[kRegion] = {parts.place->state};
+    components[kPostalCode] = {parts.place->zip};
+  } else if (!takeSame(above, placeLine(old)).isEmpty()) {
+    for (const AddressComponent each : {kLocality, kRegion, kPostalCode}) {
+      components[each] = old[each];  // of another country, or without a state
+    }
+  }
+  const QString box = old[kPostOfficeBox].join(QStringLiteral(", "));
+  if (const QStringList line = takeSame(above, boxLine(box)); !line.isEmpty()) {
+    components[kPostOfficeBox] = boxLine(box) == box ? line : QStringList{box};
+  }
+  for (const QString& extended : old[kExtendedAddress]) {
+    components[kExtendedAddress] += takeSame(above, extended);
+  }
   components[kStreetAddress] = above;
-  components[kLocality] = {place.city};
-  components[kRegion] = {place.state};
-  components[kPostalCode] = {place.zip};
-  components[kCountry] = country;
   return joinComponents(components, version);
 }
 
@@ -52,8 +84,8 @@ void CardEditor::setLabel(const AddressLines& lines, const QString& label) {
   if (!hasLines && !parts.place && parts.above.isEmpty()) {
     return;  // still nothing but a name
   }
-  const QStringList country = _content.components(lines.address)[kCountry];
-  setAddress(lines, label, addressValue(parts, parts.above, country, _card.version));
+  setAddress(lines, label,
+             addressValue(parts, parts.above, _content.components(lines.address), _card.version));
 }
 
 // Takes the name off the lines of the label, old and new, and changes it in the card where the
@@ -100,20 +132,43 @@ void CardEditor::takeOrganization(QStringList& above, const QStringList& old) {
   }
 }
 
+// The text of the label is kept where the card has one, or where the address cannot say it.
 void CardEditor::setAddress(const AddressLines& lines, const QString& label, const QString& value) {
   const std::optional<ContentLine>& known = _content.line(lines.address);
   ContentLine address = known ? *known : ContentLine(QString(), kAddressName);
   address.setValue(value);
-  if (_card.version == CardVersion::V40 && lines.label < 0) {
-    address.setParameter(kLabelName, label);
-  } else {
-    setLabelLine(lines, address, label);
+  if (_content.hasLabel(lines) || !saysAll(address, label)) {
+    if (_card.version == CardVersion::V40 && lines.label < 0) {
+      address.setParameter(kLabelName, label);
+    } else {
+      setLabelLine(lines, address, label);
+    }
   }
   if (known) {
     replace(lines.address, address);
   } else if (lines.label < 0) {
     _added += format(address);
   }
+}
+
+// Tells whether the label that a reader would make of the address is this one, but for case,
+// spacing and punctuation.
+bool CardEditor::saysAll(const ContentLine& address, const QString& label) const {
+  QByteArray text = "BEGIN:VCARD" + _lineBreak;
+  for (const CardProperty property : {CardProperty::FormattedName, CardProperty::Organization}) {
+    const int place = _content.placeOf(property);
+    text += place < 0                   ? QByteArray()
+            : _replaced.contains(place) ? _replaced[place]
+                                        : _card.lines[place].range.of(_text);
+  }
+  text += format(address) + "END:VCARD" + _lineBreak;
+  Card card = CardScanner::scan(text).first();
+  card.version = _card.version;
+  const CardContent content(text, card);
+  const QStringList read = content.label(content.addresses().first()).split(kLineFeed);
+  const QStringList wanted = label.split(kLineFeed);
+  return std::equal(read.begin(), read.end(), wanted.begin(), wanted.end(),
+                    [](const QString& a, const QString& b) { return tables::sameLetters(a, b); });
 }
 
 void CardEditor::setLabelLine(const AddressLines& lines, const ContentLine& address,

@@ -21,7 +21,8 @@ class CardEditor {
   // `text`, which holds `card`, and `card` are borrowed for the life of the editor.
   CardEditor(const QByteArray& text, const Card& card, QByteArray lineBreak);
 
-  // Keeps the whole text of the label with the address, and its pieces in the address's components.
+  // Keeps the label in the components of the address, each line in the one that it came from, and
+  // its whole text beside them where the card has that or the components cannot say it.
   // A name or organization that the label shows and that was edited, not just put in another case,
   // is changed in the card, too.
   void setLabel(const AddressLines& lines, const QString& label);
@@ -40,6 +41,7 @@ class CardEditor {
   void takeName(QStringList& above, QStringList& old);
   void takeOrganization(QStringList& above, const QStringList& old);
   void setAddress(const AddressLines& lines, const QString& label, const QString& value);
+  bool saysAll(const ContentLine& address, const QString& label) const;
   void setLabelLine(const AddressLines& lines, const ContentLine& address, const QString& label);
 
   const QByteArray& _text;

@@ -28,12 +28,19 @@ qsizetype endOfPhysicalLine(const QByteArray& text, qsizetype begin) {
   return *found == '\r' && end < text.size() && text[end] == '\n' ? end + 1 : end;
 }
 
+bool isQuotedPrintable(const QByteArray& head) {
+  const QByteArrayList parameters = head.split(';');
+  return std::any_of(parameters.begin(), parameters.end(), [](const QByteArray& parameter) {
+    return ContentLine::isQuotedPrintable(QString::fromUtf8(parameter));
+  });
+}
+
 LineHead headOf(QByteArrayView line) {
   const qsizetype colon = std::find(line.begin(), line.end(), ':') - line.begin();
   const QByteArray head = line.first(colon).trimmed().toByteArray().toUpper();
   QByteArray name = head.first(std::find(head.begin(), head.end(), ';') - head.begin());
   name = name.sliced(name.lastIndexOf('.') + 1);
-  LineHead read{name, head.contains("QUOTED-PRINTABLE"), {}};
+  LineHead read{name, isQuotedPrintable(head), {}};
   if (colon < line.size() && (name == "BEGIN" || name == "END" || name == "VERSION")) {
     read.value = line.sliced(colon + 1).trimmed().toByteArray().toUpper();
   }

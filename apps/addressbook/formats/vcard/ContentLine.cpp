@@ -88,9 +88,10 @@ bool isType(const QString& parameter) {
   return isNamed(parameter, QStringLiteral("TYPE")) || known.contains(parameter.toUpper());
 }
 
-// "\n" as in the examples of RFC 6350, the rest as RFC 6868 has it.
+// "\n" as in the examples of RFC 6350, and so a backslash doubled; the rest as RFC 6868 has it.
 QString escapeParameter(const QString& text) {
   QString escaped = text;
+  escaped.replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
   escaped.replace(QLatin1Char('^'), QStringLiteral("^^"));
   escaped.replace(QLatin1Char('"'), QStringLiteral("^'"));
   escaped.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
@@ -111,6 +112,11 @@ QString unescapeParameter(QString value) {
       ++place;
     } else if (isCaret && (next == QLatin1Char('^') || next == QLatin1Char('\''))) {
       text += next == QLatin1Char('^') ? next : QLatin1Char('"');
+      ++place;
+    } else if (value[place] == QLatin1Char('\\') &&
+               (next == QLatin1Char('\\') || next == QLatin1Char(',') ||
+                next == QLatin1Char(';'))) {
+      text += next;
       ++place;
     } else {
       text += value[place];
@@ -138,8 +144,10 @@ std::optional<ContentLine> ContentLine::parse(const QByteArray& folded, CardVers
     begin = end;
   }
   const QByteArray value = folded.sliced(colon + 1);
-  line._value = line.isQuotedPrintable() ? textOf(decodeQuotedPrintable(value)).trimmed()
-                                         : textOf(unfold(value, version));
+  const bool isEncoded = std::any_of(line._parameters.begin(), line._parameters.end(),
+                                     [](const QString& each) { return isQuotedPrintable(each); });
+  line._value =
+      isEncoded ? textOf(decodeQuotedPrintable(value)).trimmed() : textOf(unfold(value, version));
   return line;
 }
 
@@ -147,7 +155,7 @@ QByteArray ContentLine::format(CardVersion version, const QByteArray& lineBreak)
   ContentLine line = *this;
   line._parameters.removeIf([](const QString& each) {
     return isNamed(each, QStringLiteral("ENCODING")) || isNamed(each, QStringLiteral("CHARSET")) ||
-           each.compare(QStringLiteral("QUOTED-PRINTABLE"), Qt::CaseInsensitive) == 0;
+           isQuotedPrintable(each);
   });
   const bool isPlain = std::all_of(_value.begin(), _value.end(), [](QChar c) {
     return c >= QLatin1Char(' ') && c.unicode() < 0x7F;
@@ -207,11 +215,11 @@ void ContentLine::removeParameter(const QString& name) {
   _parameters.removeIf([&name](const QString& each) { return isNamed(each, name); });
 }
 
-bool ContentLine::isQuotedPrintable() const {
-  return std::any_of(_parameters.begin(), _parameters.end(), [](const QString& parameter) {
-    return parameter.section(QLatin1Char('='), -1)
-               .compare(QStringLiteral("QUOTED-PRINTABLE"), Qt::CaseInsensitive) == 0;
-  });
+bool ContentLine::isQuotedPrintable(const QString& parameter) {
+  const QString name = nameOf(parameter).trimmed();
+  const QString value = parameter.section(QLatin1Char('='), -1).trimmed();
+  return (name == u"ENCODING" || !parameter.contains(QLatin1Char('='))) &&
+         value.compare(u"QUOTED-PRINTABLE", Qt::CaseInsensitive) == 0;
 }
 
 QList<QStringList> splitComponents(const QString& value, CardVersion version) {

@@ -33,6 +33,10 @@ class ContentLine {
   // it is quoted-printable.
   QByteArray format(CardVersion version, const QByteArray& lineBreak) const;
 
+  // Tells whether a parameter says that the value is quoted-printable: by its name, or without one
+  // as in version 2.1.
+  static bool isQuotedPrintable(const QString& parameter);
+
   const QString& group() const { return _group; }
   const QString& name() const { return _name; }  // upper case
 
@@ -51,7 +55,6 @@ class ContentLine {
   void setParameter(const QString& name, const QString& value);
 
  private:
-  bool isQuotedPrintable() const;
   void removeParameter(const QString& name);
 
   QString _group;
