@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/JsonRecord.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -11,9 +11,9 @@
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelFix.h"
 #include "apps/postwright/LabelText.h"
-#include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
+#include "apps/postwright/stream/Utf8.h"
 #include "apps/postwright/stream/WorkerPool.h"
 
 namespace postwright {

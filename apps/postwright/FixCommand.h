@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

@@ -1,8 +1,8 @@
 #include "apps/postwright/FixRecord.h"
 
 #include "apps/postwright/Explanation.h"
-#include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/JsonRecord.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -3,7 +3,7 @@
 #include <postwright/AddressLines.h>
 #include <postwright/UnreadReason.h>
 
-#include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -1,8 +1,8 @@
 #include "apps/postwright/LabelText.h"
 
-#include "apps/postwright/Failure.h"
-#include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LineReader.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "apps/postwright/LabelText.h"
-#include "apps/postwright/Utf8.h"
 #include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

@@ -13,9 +13,9 @@
 #include "apps/TerminalText.h"
 #include "apps/TimeOption.h"
 #include "apps/VerifyServer.h"
-#include "apps/postwright/Failure.h"
 #include "apps/postwright/FixCommand.h"
 #include "apps/postwright/ParseCommand.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/JsonRecord.h"
 
 namespace postwright {

@@ -2,7 +2,7 @@
 
 #include <simdjson.h>
 
-#include "apps/postwright/Utf8.h"
+#include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LabelLine.h"
 #include "apps/postwright/stream/LineReader.h"
 #include "apps/postwright/stream/Progress.h"

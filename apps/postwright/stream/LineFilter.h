@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LabelLine.h"
 
 namespace postwright {

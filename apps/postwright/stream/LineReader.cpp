@@ -9,7 +9,7 @@
 #include <cstring>
 #include <system_error>
 
-#include "apps/postwright/Failure.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

@@ -12,8 +12,8 @@
 #include <system_error>
 
 #include "apps/TerminalText.h"
-#include "apps/postwright/Failure.h"
 #include "apps/postwright/stream/EndingSignals.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

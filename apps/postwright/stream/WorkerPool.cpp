@@ -17,8 +17,8 @@
 #include <system_error>
 #include <utility>
 
-#include "apps/postwright/Failure.h"
 #include "apps/postwright/stream/EndingSignals.h"
+#include "apps/postwright/stream/Failure.h"
 
 namespace postwright {
 

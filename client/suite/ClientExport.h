@@ -1,7 +1,7 @@
-#ifndef POSTWRIGHT_CLIENT_CLIENTEXPORT_H_
-#define POSTWRIGHT_CLIENT_CLIENTEXPORT_H_
+#ifndef POSTWRIGHT_CLIENT_SUITE_CLIENTEXPORT_H_
+#define POSTWRIGHT_CLIENT_SUITE_CLIENTEXPORT_H_
 
 // Marks what libpostwright offers beside the core; everything else in the library is hidden.
 #define POSTWRIGHT_CLIENT_EXPORT __attribute__((visibility("default")))
 
-#endif  // POSTWRIGHT_CLIENT_CLIENTEXPORT_H_
+#endif  // POSTWRIGHT_CLIENT_SUITE_CLIENTEXPORT_H_

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_POSTWRIGHT_UTF8_H_
-#define POSTWRIGHT_APPS_POSTWRIGHT_UTF8_H_
+#ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_UTF8_H_
+#define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_UTF8_H_
 
 #include <boost/locale/encoding_utf.hpp>
 #include <string>
@@ -20,4 +20,4 @@ inline std::string Utf8FromWide(const std::wstring& text) {
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_POSTWRIGHT_UTF8_H_
+#endif  // POSTWRIGHT_APPS_POSTWRIGHT_STREAM_UTF8_H_

@@ -1,0 +1,96 @@
+#!/usr/bin/env python3
+"""Fails where a source includes what the README of its folder does not allow.
+
+A README has a table of its folders, `| folder | what lives there | may include |`. The third column
+names folders and single headers in backticks, and libraries by the names of LIBRARIES. A folder's
+own headers are free, and so are those of the standard library and the system. A folder with sources
+and no row fails too.
+"""
+
+import collections
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOMS = ["apps", "client", "common", "core", "platform", "postal", "service"]
+
+# What an include begins with, and how a README calls where it is from.
+LIBRARIES = {
+    "Q": "Qt", "ui_": "Qt", "boost/": "Boost", "CLI/": "CLI11", "csv.h": "libcsv", "curl/": "libcurl",
+    "microhttpd.h": "libmicrohttpd", "nlohmann/": "nlohmann_json", "pugixml.hpp": "pugixml",
+    "simdjson.h": "simdjson", "sqlite3.h": "SQLite", "tinyxml.h": "TinyXML", "utf8proc.h": "utf8proc",
+    "zip.h": "libzip",
+}
+
+INCLUDE = re.compile(r'#include ([<"])([^>"]+)[>"]')
+
+
+def tracked(*patterns):
+    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", *patterns],
+                            capture_output=True, text=True, check=True).stdout.split("\n")
+    return sorted(path for path in listed if path and pathlib.Path(path).exists())
+
+
+def read_rules(readmes, folders):
+    """What each folder may include: folder -> the names of its third column."""
+    rules = {}
+    for readme in readmes:
+        here = str(pathlib.Path(readme).parent)
+        table = False
+        for line in pathlib.Path(readme).read_text().split("\n"):
+            cells = [cell.strip() for cell in line.split("|")]
+            table = len(cells) == 5 and (table or cells[3] == "may include")
+            if not table:
+                continue
+
+            def name_of(text):
+                text = text.rstrip("/")
+                inner = f"{here}/{text}"
+                return inner if inner in folders or pathlib.Path(inner).is_file() else text
+
+            rows = re.findall(r"`([^`]+)`", cells[1])
+            allowed = {name_of(text) for text in re.findall(r"`([^`]+)`", cells[3])}
+            allowed |= {name for name in LIBRARIES.values() if re.search(rf"\b{name}\b", cells[3])}
+            for row in rows:
+                rules[name_of(row)] = allowed
+    return rules
+
+
+def target_of(quote, name, home):
+    """The folder or library that an include reaches, and the header; nothing for a system's."""
+    if name.startswith("postwright/"):
+        path = home.get(name.removeprefix("postwright/"))
+        return (str(pathlib.Path(path).parent), path) if path else None
+    for begin, library in LIBRARIES.items():
+        if name.startswith(begin):
+            return library, name
+    if quote == '"' and "/" in name:
+        return str(pathlib.Path(name).parent), name
+    return None
+
+
+def main():
+    sources = [path for path in tracked(*ROOMS) if path.endswith((".h", ".cpp"))]
+    folders = {str(pathlib.Path(path).parent) for path in sources}
+    home = {pathlib.Path(path).name: path for path in sources if path.endswith(".h")}
+    rules = read_rules([path for path in tracked(*ROOMS) if path.endswith("README.md")], folders)
+    faults = [f"{folder}: no README has a row for it" for folder in sorted(folders - rules.keys())]
+    for path in sources:
+        folder = str(pathlib.Path(path).parent)
+        for number, line in enumerate(pathlib.Path(path).read_text().split("\n"), 1):
+            found = INCLUDE.match(line)
+            target = found and target_of(*found.groups(), home)
+            if target and folder in rules and target[0] != folder and not rules[folder] & set(target):
+                faults.append(f"{path}:{number}: {folder} may not include {found.group(2)}")
+    uses = collections.defaultdict(set)
+    for folder, allowed in rules.items():
+        uses[folder] = allowed & rules.keys()
+    faults += [f"{one}, {other}: each may include the other" for one in sorted(uses)
+               for other in sorted(uses[one]) if one < other and one in uses[other]]
+    print("\n".join(faults), end="\n" if faults else "")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
