@@ -7,15 +7,10 @@
 #include <string_view>
 #include <utility>
 
+#include "common/SmallText.h"
+
 namespace postwright::service {
 namespace {
-
-constexpr const char* kBlanks = " \t\r";
-
-std::string_view Trim(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
 
 bool IsName(std::string_view text) {
   return text.size() <= UserList::kLongestName &&

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "common/SmallText.h"
 #include "service/http/FormFields.h"
 #include "service/protocol/VerifyReply.h"
 
@@ -31,8 +32,7 @@ bool IsDocument(std::string_view body) {
       return true;
     }
   }
-  const size_t first = body.find_first_not_of(" \t\r\n");
-  return first != std::string_view::npos && body[first] == '<';
+  return Trim(body).starts_with('<');
 }
 
 std::string_view FaultName(RequestFault fault) {

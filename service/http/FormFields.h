@@ -25,9 +25,6 @@ class FormFields {
   std::vector<std::pair<std::string, std::string>> fields_;
 };
 
-// ASCII letters alone, whatever the locale.
-bool EqualsIgnoringCase(std::string_view a, std::string_view b);
-
 }  // namespace postwright::service
 
 #endif  // POSTWRIGHT_SERVICE_HTTP_FORMFIELDS_H_

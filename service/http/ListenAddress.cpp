@@ -10,10 +10,11 @@
 #include <cstring>
 #include <memory>
 
+#include "common/Loopback.h"
+
 namespace postwright::service {
 namespace {
 
-constexpr int kBacklog = 1024;  // the kernel cuts it to net.core.somaxconn
 constexpr unsigned kHighestPort = 65535;
 
 bool IsPort(std::string_view text) {
@@ -43,7 +44,7 @@ ListenAddress ListenAddress::Parse(std::string_view text) {
 }
 
 bool ListenAddress::IsLoopback() const {
-  return host_ == "localhost" || host_ == "::1" || host_.starts_with("127.");
+  return postwright::IsLoopback(host_);
 }
 
 int ListenAddress::Open() const {
@@ -83,16 +84,32 @@ std::string ListenAddress::OfSocket(int socket) {
   return (address->sa_family == AF_INET6 ? "[" + host + "]" : host) + ":" + port;
 }
 
+std::string ListenAddress::ReadHost(const std::string& text) {
+  sockaddr_in ipv4 = {};
+  if (inet_pton(ipv4.sin_family = AF_INET, text.c_str(), &ipv4.sin_addr) == 1) {
+    return HostOf(reinterpret_cast<const sockaddr*>(&ipv4));
+  }
+  sockaddr_in6 ipv6 = {};
+  if (inet_pton(ipv6.sin6_family = AF_INET6, text.c_str(), &ipv6.sin6_addr) == 1) {
+    return HostOf(reinterpret_cast<const sockaddr*>(&ipv6));
+  }
+  return {};
+}
+
 std::string ListenAddress::HostOf(const sockaddr* address) {
   char host[INET6_ADDRSTRLEN] = "";
   const void* bytes = nullptr;
-  if (address != nullptr && address->sa_family == AF_INET) {
+  int family = address != nullptr ? address->sa_family : AF_UNSPEC;
+  if (family == AF_INET) {
     bytes = &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
-  } else if (address != nullptr && address->sa_family == AF_INET6) {
-    bytes = &reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr;
+  } else if (family == AF_INET6) {
+    const in6_addr& ipv6 = reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr;
+    const bool isMapped = IN6_IS_ADDR_V4MAPPED(&ipv6) != 0;
+    constexpr size_t kMappedPrefix = 12;
+    bytes = ipv6.s6_addr + (isMapped ? kMappedPrefix : 0);
+    family = isMapped ? AF_INET : AF_INET6;
   }
-  const bool shown =
-      bytes != nullptr && inet_ntop(address->sa_family, bytes, host, sizeof(host)) != nullptr;
+  const bool shown = bytes != nullptr && inet_ntop(family, bytes, host, sizeof(host)) != nullptr;
   return shown ? host : "?";
 }
 

@@ -21,8 +21,14 @@ class ListenError : public std::runtime_error {
 //   ListenAddress::OfSocket(socket);   // "127.0.0.1:41539"
 class ListenAddress {
  public:
+  // Connections that may wait to be accepted; the kernel cuts it to net.core.somaxconn.
+  static constexpr int kBacklog = 1024;
+
   // Throws ListenError for a text of another form.
   static ListenAddress Parse(std::string_view text);
+
+  // Returns the address alone, IPv6 without its brackets.
+  const std::string& Host() const { return host_; }
 
   // Says whether this machine alone can connect. A name other than localhost counts as not.
   bool IsLoopback() const;
@@ -34,7 +40,11 @@ class ListenAddress {
   // Returns ADDRESS:PORT of a socket's own end.
   static std::string OfSocket(int socket);
 
-  // Returns an address without its port, "127.0.0.1"; "?" for one that cannot be shown.
+  // Returns a numeric address as HostOf would; empty for any other text.
+  static std::string ReadHost(const std::string& text);
+
+  // Returns an address without its port, "127.0.0.1", also for one of IPv4 in the form of IPv6; "?"
+  // for one that cannot be shown.
   static std::string HostOf(const sockaddr* address);
 
  private:

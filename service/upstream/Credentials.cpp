@@ -9,6 +9,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "common/SmallText.h"
+
 namespace postwright::service {
 namespace {
 
@@ -37,12 +39,6 @@ struct Descriptor {
 
   const int number;
 };
-
-std::string_view Trim(std::string_view text) {
-  const size_t first = std::min(text.find_first_not_of(" \t\r"), text.size());
-  text.remove_prefix(first);
-  return text.substr(0, text.find_last_not_of(" \t\r") + 1);
-}
 
 // Says what is wrong with who may read the file, on the descriptor that is read afterwards.
 std::string ObjectionTo(const struct stat& state) {

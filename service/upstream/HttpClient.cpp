@@ -68,22 +68,4 @@ UpstreamFault FaultOfStatus(const HttpAnswer& answer) {
   return {kind, answer.retryAfter, "HTTP " + std::to_string(status)};
 }
 
-std::string EscapeQuery(std::string_view text) {
-  constexpr std::string_view kHex = "0123456789ABCDEF";
-  constexpr std::string_view kPlain = "-._~";
-  std::string escaped;
-  for (const unsigned char c : text) {
-    const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                         (c >= 'a' && c <= 'z') || kPlain.find(c) != std::string_view::npos;
-    if (isPlain) {
-      escaped += static_cast<char>(c);
-    } else {
-      escaped += '%';
-      escaped += kHex[c >> 4];
-      escaped += kHex[c & 15];
-    }
-  }
-  return escaped;
-}
-
 }  // namespace postwright::service

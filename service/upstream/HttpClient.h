@@ -72,9 +72,6 @@ class HttpClient {
 // Returns what an HTTP status other than 200 means by itself, with `answer`'s time to ask again.
 UpstreamFault FaultOfStatus(const HttpAnswer& answer);
 
-// Returns `text` as a part of a query (RFC 3986): everything but letters, digits and -._~ escaped.
-std::string EscapeQuery(std::string_view text);
-
 }  // namespace postwright::service
 
 #endif  // POSTWRIGHT_SERVICE_UPSTREAM_HTTPCLIENT_H_

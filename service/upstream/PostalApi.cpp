@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/AsciiText.h"
+#include "common/SmallText.h"
 #include "postal/places/CityName.h"
 #include "service/upstream/Json.h"
 
@@ -66,9 +67,7 @@ std::optional<postal::Rejection> FindCode(const RejectionRow (&rows)[size], std:
 // A text of a reply as an address is written; empty where there is none.
 std::string Value(const json& object, const char* key) {
   const std::string folded = FoldToAscii(JsonText(object, key)).value_or("");
-  const std::string_view text = std::string_view(folded).substr(0, kLongestValue);
-  const size_t first = std::min(text.find_first_not_of(' '), text.size());
-  return std::string(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+  return std::string(Trim(std::string_view(folded).substr(0, kLongestValue)));
 }
 
 // A letter of a reply that may be one of `allowed`.

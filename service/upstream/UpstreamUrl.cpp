@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "common/Loopback.h"
+
 namespace postwright::service {
 namespace {
 
@@ -17,17 +19,16 @@ std::string_view HostOf(std::string_view authority) {
                                            : authority.substr(0, authority.find(':'));
 }
 
-bool IsLoopback(std::string_view host) {
-  return host == "localhost" || host == "[::1]" || host.starts_with("127.");
-}
-
 // Says whether `authority` has a host and nothing that is no part of an address of a server: no
 // user, query or fragment.
 bool IsPlain(std::string_view authority) {
   static constexpr std::string_view kForbidden = "@?#\\\"<>";
-  return !HostOf(authority).empty() && std::all_of(authority.begin(), authority.end(), [](char c) {
-    return c > ' ' && c <= '~' && kForbidden.find(c) == std::string_view::npos;
-  });
+  const std::string_view behind =
+      authority.substr(HostOf(authority).size(), 1);  // a port, a path or nothing
+  return !HostOf(authority).empty() && (behind.empty() || behind == ":" || behind == "/") &&
+         std::all_of(authority.begin(), authority.end(), [](char c) {
+           return c > ' ' && c <= '~' && kForbidden.find(c) == std::string_view::npos;
+         });
 }
 
 std::string_view WithoutSlash(std::string_view text) {

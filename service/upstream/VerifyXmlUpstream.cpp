@@ -1,5 +1,6 @@
 #include "service/upstream/VerifyXmlUpstream.h"
 
+#include "common/SmallText.h"
 #include "service/upstream/VerifyXml.h"
 
 namespace postwright::service {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <thread>
 
-#include "service/upstream/HttpClient.h"
+#include "common/SmallText.h"
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
 #include "tests/service/upstream/PostalStandIn.h"

@@ -242,12 +242,14 @@ TEST(CredentialsTest, TakesPrivateFilesOfOneForm) {
 TEST(UpstreamUrlTest, SendsNoSecretInTheClear) {
   EXPECT_EQ(ReadUpstreamUrl("https://apis.usps.com/"), "https://apis.usps.com");
   EXPECT_EQ(ReadUpstreamUrl("http://[::1]:80"), "http://[::1]:80");
-  for (const char* wrong : {"http://apis.usps.com", "apis.usps.com", "https://", "https://a@b",
-                            "https://a?b", "https://a b", "ftp://a", "http://127.0.0.1@b.c", ""}) {
+  for (const char* wrong : {"http://apis.usps.com", "http://127.example.com", "http://[::1]x",
+                            "apis.usps.com", "https://", "https://a@b", "https://a?b",
+                            "https://a b", "ftp://a", "http://127.0.0.1@b.c", ""}) {
     EXPECT_THROW(ReadUpstreamUrl(wrong), std::invalid_argument) << wrong;
   }
   EXPECT_EQ(ReadPartnerUrl("verify.example.com:8443"), "https://verify.example.com:8443");
   EXPECT_EQ(ReadPartnerUrl("localhost:8470"), "http://localhost:8470");
+  EXPECT_EQ(ReadPartnerUrl("127.example.com"), "https://127.example.com");
   EXPECT_EQ(ReadPartnerUrl("http://intranet/usps"), "http://intranet/usps");
   for (const char* wrong : {"", "a/b", "a@b", "ftp://a", "https://"}) {
     EXPECT_THROW(ReadPartnerUrl(wrong), std::invalid_argument) << wrong;

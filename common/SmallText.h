@@ -1,0 +1,29 @@
+#ifndef POSTWRIGHT_COMMON_SMALLTEXT_H_
+#define POSTWRIGHT_COMMON_SMALLTEXT_H_
+
+#include <string>
+#include <string_view>
+
+namespace postwright {
+
+// Small knowledge on texts, in ASCII alone, whatever the locale. Pure, for any thread.
+
+// Returns `text` without the characters of `blanks` at either end.
+std::string_view Trim(std::string_view text, std::string_view blanks = " \t\r\n");
+
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+// Returns the value of a hexadecimal digit, -1 for any other byte.
+int HexValue(char c);
+
+// Returns `text` as a part of a query (RFC 3986, section 2.3): everything but letters, digits and
+// -._~ becomes a percent escape.
+std::string EscapeQuery(std::string_view text);
+
+// Returns a part of a query as it was before: percent escapes resolved, `+` for a blank. A `%` that
+// no two hexadecimal digits follow stands for itself.
+std::string UnescapeQuery(std::string_view escaped);
+
+}  // namespace postwright
+
+#endif  // POSTWRIGHT_COMMON_SMALLTEXT_H_
