@@ -89,8 +89,12 @@ void AddAnswerOptions(CLI::App& app, GatewayOptions& options) {
          "(default "
          "none)")
       ->type_name("KIND");
-  app.add_flag("--open-status", options.openStatus,
-               "Show /status and /metrics to every client, not to this machine alone");
+  app.add_option(
+         "--open-status", options.openStatus,
+         "Show /status and /metrics to every client that asks for HOST, not to this machine "
+         "alone; again for more")
+      ->type_name("HOST")
+      ->allow_extra_args(false);
 }
 
 }  // namespace

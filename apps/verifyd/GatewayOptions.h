@@ -24,7 +24,7 @@ struct GatewayOptions {
   std::chrono::seconds lifetime = std::chrono::hours(24 * 30);
   std::chrono::seconds deadline{20};
   bool fallsBack = false;
-  bool openStatus = false;
+  std::vector<std::string> openStatus;
 
   bool IsGateway() const { return !upstream.empty(); }
 };

@@ -25,6 +25,12 @@ std::string CheckListen(const std::string& address) {
   }
 }
 
+std::string CheckProxy(const std::string& address) {
+  return !ListenAddress::ReadHost(address).empty()
+             ? ""
+             : "'" + address + "' is not an address, as in 192.0.2.1 or 2001:db8::1";
+}
+
 std::string CheckPathPrefix(const std::string& path) {
   return path.starts_with('/') && !path.ends_with('/')
              ? ""
@@ -51,8 +57,13 @@ void AddLimits(CLI::App& app, ServiceOptions& options) {
             "Connections in all" + byDefault(limits.connections));
   AddNumber(app, "--connections-per-address", limits.connectionsPerAddress, 1U, kMostConnections,
             "NUMBER",
-            "Connections of one client address; a proxy is one" +
-                byDefault(limits.connectionsPerAddress));
+            "Connections of one client address" + byDefault(limits.connectionsPerAddress));
+  app.add_option("--trusted-proxy", options.proxies,
+                 "The address of a proxy, which is not held to that limit; again for more. "
+                 "Loopback never is")
+      ->type_name("ADDRESS")
+      ->allow_extra_args(false)
+      ->check(CLI::Validator(CheckProxy, ""));
   AddTimeOption(app, "--idle-time", limits.idle,
                 "How long a connection may be silent (default 30s)");
   AddTimeOption(app, "--request-time", options.requestTime,
@@ -106,6 +117,9 @@ void CompleteServiceOptions(ServiceOptions& options, std::chrono::seconds answer
                               std::to_string((options.limits.idle + answerTime).count()) + "s");
   }
   options.limits.request = options.requestTime;
+  for (const std::string& proxy : options.proxies) {
+    options.limits.proxies.push_back(ListenAddress::ReadHost(proxy));
+  }
 }
 
 }  // namespace postwright::service

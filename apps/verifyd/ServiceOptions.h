@@ -23,6 +23,7 @@ struct ServiceOptions {
   std::string users;  // empty: everybody
   VerifyService::Options answers;
   HttpServer::Limits limits;
+  std::vector<std::string> proxies;      // limits.proxies, as they are given
   std::chrono::seconds requestTime{60};  // limits.request, as it is given
 };
 

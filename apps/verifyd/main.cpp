@@ -33,7 +33,7 @@ constexpr std::chrono::seconds kDrainMargin(2);  // beyond what a request may wa
 constexpr const char* kName = "postwright-verifyd";
 constexpr const char* kUsage =
     "postwright-verifyd [--listen ADDRESS:PORT] [--users FILE] [--base FILE]... "
-    "[--path-prefix PATH] [--log-addresses | --quiet] [--open-status] "
+    "[--path-prefix PATH] [--log-addresses | --quiet] [--open-status HOST]... "
     "[--upstream KIND [HOST] --credentials FILE ...] [LIMITS]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
@@ -107,7 +107,8 @@ void Serve(const Options& options) {
   VerifyService service(parts.Source(), knownUsers, options.service.answers);
   const StatusPages pages(
       {service.Counts(), parts.GetGateway(), parts.GetCache(), parts.GetFallback()}, clock,
-      POSTWRIGHT_VERSION, options.gateway.openStatus);
+      POSTWRIGHT_VERSION,
+      {ListenAddress::Parse(options.service.listen).Host(), options.gateway.openStatus});
   const auto answer = [&](const HttpRequest& request, const Respond& respond) {
     if (std::optional<HttpReply> page = pages.Answer(request)) {
       respond(std::move(*page));

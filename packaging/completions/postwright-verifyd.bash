@@ -3,14 +3,14 @@
 _postwright_verifyd() {
   local words='--help --version --listen --users --base --path-prefix --log-addresses --quiet'
   words+=' --threads --connections --connections-per-address --idle-time --request-time'
-  words+=' --header-size --body-size --open-status'
+  words+=' --header-size --body-size --open-status --trusted-proxy'
   words+=' --upstream --upstream-url --credentials --budget --cache --cache-lifetime --deadline'
   words+=' --fallback'
 
   case $3 in
     --upstream) words='postal-v3 verify-xml' ;;
     --fallback) words='base none' ;;
-    --open-status | --log-addresses | --quiet | --help | --version) ;;
+    --log-addresses | --quiet | --help | --version) ;;
     --*) return ;;
   esac
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$2")

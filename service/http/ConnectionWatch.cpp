@@ -1,26 +1,13 @@
 #include "service/http/ConnectionWatch.h"
 
-#include <linux/tcp.h>  // the C library's own tcp_info ends before tcpi_bytes_received
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <algorithm>
 
 namespace postwright::service {
-namespace {
 
-// How many bytes the peer has sent so far, read or not; 0 where the system cannot tell.
-uint64_t BytesReceived(int socket) {
-  tcp_info info = {};
-  socklen_t length = sizeof(info);
-  return getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &length) == 0 ? info.tcpi_bytes_received
-                                                                        : 0;
-}
-
-}  // namespace
-
-ConnectionWatch::ConnectionWatch(std::chrono::milliseconds patience)
-    : patience_(patience), thread_(&ConnectionWatch::EndLate, this) {}
+ConnectionWatch::ConnectionWatch(const Limits& limits)
+    : limits_(limits), thread_(&ConnectionWatch::EndLate, this) {}
 
 ConnectionWatch::~ConnectionWatch() {
   {
@@ -31,37 +18,46 @@ ConnectionWatch::~ConnectionWatch() {
   thread_.join();
 }
 
-ConnectionWatch::Connection& ConnectionWatch::Opened(int socket) {
+ConnectionWatch::Connection& ConnectionWatch::Opened(int socket, const std::string& peer,
+                                                     bool isTrusted) {
   const std::lock_guard lock(mutex_);
-  Connection& connection = connections_.try_emplace(socket, socket).first->second;
-  connection.deadline_ = Clock::now() + patience_;
+  const auto [at, isNew] = connections_.try_emplace(socket, socket, peer);
+  Connection& connection = at->second;
+  if (!isNew) {
+    return connection;
+  }
+  ++count_;
+  const bool isTooManyOfPeer = ++peers_[peer] > limits_.perPeer && !isTrusted;
+  if (isTooManyOfPeer || count_ > limits_.connections) {
+    Connection* const idle = FindIdle(connection, isTooManyOfPeer ? &peer : nullptr);
+    End(idle != nullptr ? *idle : connection);
+  }
   return connection;
 }
 
-void ConnectionWatch::RequestRead(Connection& connection, std::optional<size_t> length) {
-  connection.answering_ = true;  // before what EndIdle compares
-  // Asked before the answer leaves: a client may send its next request as soon as it has one.
-  if (length) {
-    connection.bytesRead_ += *length;
-  } else {
-    connection.bytesRead_ = BytesReceived(connection.socket_);
-  }
+void ConnectionWatch::HeadRead(Connection& connection) {
+  connection.hasHead_ = true;
+  connection.isKnown_ = true;
 }
 
 void ConnectionWatch::Answered(Connection& connection) {
-  connection.deadline_ = Clock::now() + patience_;
-  connection.answering_ = false;
+  connection.waitsSince_ = Clock::now();
+  connection.hasHead_ = false;
 }
 
 void ConnectionWatch::Closed(int socket) {
   const std::lock_guard lock(mutex_);
-  connections_.erase(socket);
+  const auto at = connections_.find(socket);
+  if (at != connections_.end()) {
+    Forget(at->second);
+    connections_.erase(at);
+  }
 }
 
-void ConnectionWatch::EndIdle() {
+void ConnectionWatch::EndWaiting() {
   const std::lock_guard lock(mutex_);
-  for (const auto& [socket, connection] : connections_) {
-    if (BytesReceived(socket) == connection.bytesRead_ && !connection.answering_) {
+  for (auto& [socket, connection] : connections_) {
+    if (!connection.hasHead_) {
       shutdown(socket, SHUT_RD);
     }
   }
@@ -72,15 +68,50 @@ size_t ConnectionWatch::OpenCount() const {
   return connections_.size();
 }
 
+// A client that keeps its connection for the next request is spared for a while; one of which
+// nothing is known is not.
+ConnectionWatch::Connection* ConnectionWatch::FindIdle(const Connection& newcomer,
+                                                       const std::string* peer) {
+  const Clock::time_point settled = Clock::now() - limits_.idle;
+  Connection* oldest = nullptr;
+  for (auto& [socket, connection] : connections_) {
+    const Clock::time_point since = connection.waitsSince_;
+    const bool isIdle =
+        !connection.isEnded_ && !connection.hasHead_ && (since <= settled || !connection.isKnown_);
+    if (isIdle && &connection != &newcomer && (peer == nullptr || connection.peer_ == *peer) &&
+        (oldest == nullptr || since < oldest->waitsSince_.load())) {
+      oldest = &connection;
+    }
+  }
+  return oldest;
+}
+
+// The server meets the end and closes. Until it has, nobody waits for the room.
+void ConnectionWatch::End(Connection& connection) {
+  shutdown(connection.socket_, SHUT_RDWR);
+  Forget(connection);
+}
+
+void ConnectionWatch::Forget(Connection& connection) {
+  if (connection.isEnded_) {
+    return;
+  }
+  connection.isEnded_ = true;
+  --count_;
+  if (--peers_[connection.peer_] == 0) {
+    peers_.erase(connection.peer_);
+  }
+}
+
 void ConnectionWatch::EndLate() {
   const auto interval = std::clamp<std::chrono::milliseconds>(
-      patience_ / 8, std::chrono::milliseconds(10), std::chrono::seconds(1));
+      limits_.request / 8, std::chrono::milliseconds(10), std::chrono::seconds(1));
   std::unique_lock lock(mutex_);
   while (!stopping_.wait_for(lock, interval, [this] { return stop_; })) {
-    const Clock::time_point now = Clock::now();
-    for (const auto& [socket, connection] : connections_) {
-      if (connection.deadline_.load() < now) {
-        shutdown(socket, SHUT_RDWR);  // the server meets the end and closes
+    const Clock::time_point latest = Clock::now() - limits_.request;
+    for (auto& [socket, connection] : connections_) {
+      if (!connection.isEnded_ && connection.waitsSince_.load() < latest) {
+        End(connection);
       }
     }
   }

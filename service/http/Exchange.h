@@ -5,6 +5,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 
 #include "service/http/HttpMessage.h"
 
@@ -19,9 +20,9 @@ class Exchange {
  public:
   // Written by the connection's thread alone; of the request nothing once it was handed out.
   HttpRequest request;
-  size_t bodyBytes = 0;  // that were read, kept or not
   bool hasHeaders = false;
   bool isTooLarge = false;
+  std::string objection;  // to its head, for the client; empty where there is none
   bool isHandedOut = false;
   bool hasWaited = false;  // for its answer, suspended
   const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();

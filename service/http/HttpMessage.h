@@ -11,6 +11,7 @@ struct HttpRequest {
   std::string path;    // as it was sent, without the query
   std::string query;   // as it was sent, without the question mark
   std::string body;
+  std::string host = {};     // as it was sent, with a port where it has one
   std::string client = {};   // the peer's address without its port, "127.0.0.1"
   bool isForwarded = false;  // a proxy says that it asks for somebody else
 };

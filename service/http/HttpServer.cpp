@@ -6,14 +6,15 @@
 
 #include <algorithm>
 #include <atomic>
-#include <charconv>
 #include <cstring>
 #include <thread>
 #include <unordered_set>
 
+#include "common/Loopback.h"
 #include "service/http/ConnectionWatch.h"
 #include "service/http/Exchange.h"
-#include "service/http/ShortTurns.h"
+#include "service/http/HeadCheck.h"
+#include "service/http/LibraryConnection.h"
 
 namespace postwright::service {
 namespace {
@@ -22,6 +23,7 @@ using Clock = std::chrono::steady_clock;
 using ExchangePointer = std::shared_ptr<Exchange>;
 
 constexpr int kOk = 200;
+constexpr int kBadRequest = 400;
 constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
 constexpr int kInternalError = 500;
@@ -33,44 +35,6 @@ HttpReply TextReply(int status, std::string text) {
 // The methods that are known, by their own text; nothing that a client made up goes into a log.
 std::string KnownMethod(const std::string& method) {
   return method == "GET" || method == "HEAD" || method == "POST" ? method : "other";
-}
-
-size_t AnnouncedLength(MHD_Connection* connection) {
-  const char* text =
-      MHD_lookup_connection_value(connection, MHD_HEADER_KIND, MHD_HTTP_HEADER_CONTENT_LENGTH);
-  size_t length = 0;
-  if (text != nullptr) {
-    const std::string_view digits(text);
-    std::from_chars(digits.data(), digits.data() + digits.size(), length);
-  }
-  return length;
-}
-
-// Says whether a proxy asks for a client of its own (RFC 7239, and what was usual before it).
-bool IsForwarded(MHD_Connection* connection) {
-  const auto has = [connection](const char* header) {
-    return MHD_lookup_connection_value(connection, MHD_HEADER_KIND, header) != nullptr;
-  };
-  return has("Forwarded") || has("X-Forwarded-For");
-}
-
-// How many bytes the request took; nullopt for one in chunks, whose frames nobody counts.
-std::optional<size_t> LengthOf(MHD_Connection* connection, const Exchange& exchange) {
-  if (MHD_lookup_connection_value(connection, MHD_HEADER_KIND, MHD_HTTP_HEADER_TRANSFER_ENCODING) !=
-      nullptr) {
-    return std::nullopt;
-  }
-  return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE)->header_size +
-         exchange.bodyBytes;
-}
-
-int SocketOf(MHD_Connection* connection) {
-  return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
-}
-
-std::string HostOfClient(MHD_Connection* connection) {
-  return ListenAddress::HostOf(
-      MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS)->client_addr);
 }
 
 // What OnConnection keeps with a connection.
@@ -89,7 +53,11 @@ Peer& PeerOf(MHD_Connection* connection) {
 class HttpServer::Impl {
  public:
   Impl(const ListenAddress& address, const Limits& limits, Handler handler, RequestLog& log)
-      : limits_(limits), handler_(std::move(handler)), log_(log), watch_(limits.request) {
+      : limits_(limits),
+        handler_(std::move(handler)),
+        log_(log),
+        watch_(
+            {limits.connections, limits.connectionsPerAddress, limits.yielding, limits.request}) {
     const int socket = address.Open();
     address_ = ListenAddress::OfSocket(socket);
     Start(socket);
@@ -104,27 +72,36 @@ class HttpServer::Impl {
 
   void Drain(std::chrono::milliseconds limit) {
     constexpr std::chrono::milliseconds kStep(5);
+    constexpr std::chrono::seconds kLastPatience(1);  // for a head that is not whole
     draining_ = true;
     if (const MHD_socket socket = MHD_quiesce_daemon(daemon_); socket != MHD_INVALID_SOCKET) {
       TakeWaiting(socket);
       close(socket);
     }
-    const Clock::time_point end = Clock::now() + limit;
+    const Clock::time_point begun = Clock::now();
     do {
-      watch_.EndIdle();
+      if (Clock::now() > begun + kLastPatience) {
+        watch_.EndWaiting();
+      }
       std::this_thread::sleep_for(kStep);  // the first time for a connection just being taken, too
-    } while (watch_.OpenCount() > 0 && Clock::now() < end);
+    } while (watch_.OpenCount() > 0 && Clock::now() < begun + limit);
   }
 
  private:
   // Connections that the system has accepted and the server has not: closing the socket would reset
-  // them, whatever their clients have sent.
+  // them, whatever their clients have sent. As many as can have waited when it began: while clients
+  // go on connecting there would be no end of them.
   void TakeWaiting(int listening) {
     sockaddr_storage storage = {};
     socklen_t length = sizeof(storage);
     auto* const address = reinterpret_cast<sockaddr*>(&storage);
-    for (int socket; (socket = accept4(listening, address, &length, SOCK_CLOEXEC)) >= 0;) {
-      watch_.Opened(socket);
+    for (int taken = 0; taken <= ListenAddress::kBacklog; ++taken) {
+      const int socket = accept4(listening, address, &length, SOCK_CLOEXEC);
+      if (socket < 0) {
+        return;
+      }
+      const std::string peer = ListenAddress::HostOf(address);
+      watch_.Opened(socket, peer, IsTrusted(peer));
       if (MHD_add_connection(daemon_, socket, address, length) != MHD_YES) {
         watch_.Closed(socket);
       }
@@ -132,20 +109,29 @@ class HttpServer::Impl {
     }
   }
 
+  // Neither this machine nor a proxy is one client.
+  bool IsTrusted(const std::string& peer) const {
+    return IsLoopback(peer) ||
+           std::find(limits_.proxies.begin(), limits_.proxies.end(), peer) != limits_.proxies.end();
+  }
+
+  // The library shares its limit out among the threads, and stops taking connections at it, so that
+  // none could give way: it must never be reached.
   void Start(int socket) {
+    constexpr unsigned kEnding = 128;  // that have given way and are not closed yet
     const unsigned threads = limits_.threads > 0
                                  ? limits_.threads
                                  : std::clamp(std::thread::hardware_concurrency(), 2U, 8U);
     daemon_ = MHD_start_daemon(
         MHD_USE_EPOLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr,
         &Impl::OnRequest, this, MHD_OPTION_LISTEN_SOCKET, socket, MHD_OPTION_THREAD_POOL_SIZE,
-        threads, MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_CONNECTION_LIMIT, limits_.connections,
-        MHD_OPTION_PER_IP_CONNECTION_LIMIT, limits_.connectionsPerAddress,
-        MHD_OPTION_CONNECTION_MEMORY_LIMIT, limits_.bytesPerConnection,
-        MHD_OPTION_CONNECTION_TIMEOUT, static_cast<unsigned>(limits_.idle.count()),
-        MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri, this, MHD_OPTION_UNESCAPE_CALLBACK,
-        &Impl::LeaveEscaped, nullptr, MHD_OPTION_NOTIFY_COMPLETED, &Impl::OnCompleted, this,
-        MHD_OPTION_NOTIFY_CONNECTION, &Impl::OnConnection, this, MHD_OPTION_END);
+        threads, MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_CONNECTION_LIMIT,
+        (limits_.connections + kEnding) * threads, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
+        limits_.bytesPerConnection, MHD_OPTION_CONNECTION_TIMEOUT,
+        static_cast<unsigned>(limits_.idle.count()), MHD_OPTION_URI_LOG_CALLBACK, &Impl::OnUri,
+        this, MHD_OPTION_UNESCAPE_CALLBACK, &Impl::LeaveEscaped, nullptr,
+        MHD_OPTION_NOTIFY_COMPLETED, &Impl::OnCompleted, this, MHD_OPTION_NOTIFY_CONNECTION,
+        &Impl::OnConnection, this, MHD_OPTION_END);
     if (daemon_ == nullptr) {
       close(socket);
       throw ListenError("cannot serve on " + address_ + ": no threads or descriptors are left");
@@ -173,30 +159,41 @@ class HttpServer::Impl {
   // Called once when the headers are there, again for each piece of the body, once more behind it,
   // and again when a connection wakes: then the answer is due.
   static MHD_Result OnRequest(void* self, MHD_Connection* connection, const char*,
-                              const char* method, const char*, const char* data, size_t* size,
-                              void** state) {
+                              const char* method, const char* version, const char* data,
+                              size_t* size, void** state) {
     auto* const exchange = static_cast<ExchangePointer*>(*state);
     if (exchange == nullptr) {
       return MHD_NO;
     }
-    return static_cast<Impl*>(self)->Receive(connection, method, data, size, *exchange);
+    auto* const impl = static_cast<Impl*>(self);
+    return (*exchange)->hasHeaders ? impl->ReceiveBody(connection, data, size, *exchange)
+                                   : impl->ReceiveHead(connection, method, version, *exchange);
   }
 
-  MHD_Result Receive(MHD_Connection* connection, const char* method, const char* data, size_t* size,
-                     const ExchangePointer& exchange) {
+  // Answers at once what is refused by its head, so that nothing of its body is read.
+  MHD_Result ReceiveHead(MHD_Connection* connection, const char* method, const char* version,
+                         const ExchangePointer& exchange) {
     HttpRequest& request = exchange->request;
-    if (!exchange->hasHeaders) {
-      exchange->hasHeaders = true;
-      request.method = method;
-      request.client = PeerOf(connection).host;
-      request.isForwarded = IsForwarded(connection);
-      exchange->isTooLarge = AnnouncedLength(connection) > limits_.bodyBytes;
-      return exchange->isTooLarge ? Proceed(connection, exchange) : MHD_YES;
-    }
+    exchange->hasHeaders = true;
+    watch_.HeadRead(PeerOf(connection).watched);
+    request.method = method;
+    request.client = PeerOf(connection).host;
+    const std::string target = request.path + '?' + request.query;
+    const RequestHead head = LibraryConnection::HeadOf(connection, version, target);
+    request.isForwarded = IsForwarded(head);
+    request.host = LibraryConnection::ValueOf(connection, MHD_HTTP_HEADER_HOST);
+    exchange->objection = ObjectionTo(head);
+    exchange->isTooLarge = LibraryConnection::LengthOf(connection) > limits_.bodyBytes;
+    const bool isRefused = exchange->isTooLarge || !exchange->objection.empty();
+    return isRefused ? Proceed(connection, exchange) : MHD_YES;
+  }
+
+  MHD_Result ReceiveBody(MHD_Connection* connection, const char* data, size_t* size,
+                         const ExchangePointer& exchange) {
+    HttpRequest& request = exchange->request;
     if (*size == 0) {
       return Proceed(connection, exchange);
     }
-    exchange->bodyBytes += *size;
     exchange->isTooLarge = exchange->isTooLarge || request.body.size() + *size > limits_.bodyBytes;
     if (!exchange->isTooLarge) {
       request.body.append(data, *size);
@@ -209,7 +206,6 @@ class HttpServer::Impl {
   MHD_Result Proceed(MHD_Connection* connection, const ExchangePointer& exchange) {
     if (!exchange->isHandedOut) {
       exchange->isHandedOut = true;
-      watch_.RequestRead(PeerOf(connection).watched, LengthOf(connection, *exchange));
       HandOut(exchange);
     }
     std::optional<HttpReply> reply = exchange->TakeReply();
@@ -222,7 +218,9 @@ class HttpServer::Impl {
 
   void HandOut(const ExchangePointer& exchange) const {
     const Respond respond = Exchange::Responder(exchange);
-    if (exchange->isTooLarge) {
+    if (!exchange->objection.empty()) {
+      respond(TextReply(kBadRequest, "The request has " + exchange->objection + ".\n"));
+    } else if (exchange->isTooLarge) {
       respond(TextReply(kContentTooLarge, "The body of a request may have up to " +
                                               std::to_string(limits_.bodyBytes) + " bytes.\n"));
     } else if (KnownMethod(exchange->request.method) == "other") {
@@ -274,7 +272,7 @@ class HttpServer::Impl {
     if (reply.status == kMethodNotAllowed) {
       MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");
     }
-    if (draining_) {
+    if (draining_ || !exchange.objection.empty()) {
       MHD_add_response_header(response, MHD_HTTP_HEADER_CONNECTION, "close");
     }
     const MHD_Result queued =
@@ -306,17 +304,18 @@ class HttpServer::Impl {
     }
     *state = nullptr;
     impl->watch_.Answered(PeerOf(connection).watched);
-    impl->turns_.Answered();
   }
 
   static void OnConnection(void* self, MHD_Connection* connection, void** kept,
                            MHD_ConnectionNotificationCode code) {
-    ConnectionWatch& watch = static_cast<Impl*>(self)->watch_;
+    auto* const impl = static_cast<Impl*>(self);
     if (code == MHD_CONNECTION_NOTIFY_STARTED) {
-      *kept = new Peer{HostOfClient(connection), watch.Opened(SocketOf(connection))};
+      const std::string host = LibraryConnection::HostOf(connection);
+      *kept = new Peer{host, impl->watch_.Opened(LibraryConnection::SocketOf(connection), host,
+                                                 impl->IsTrusted(host))};
     } else {
       const std::unique_ptr<Peer> peer(static_cast<Peer*>(*kept));
-      watch.Closed(SocketOf(connection));
+      impl->watch_.Closed(LibraryConnection::SocketOf(connection));
     }
   }
 
@@ -324,7 +323,6 @@ class HttpServer::Impl {
   const Handler handler_;
   RequestLog& log_;
   ConnectionWatch watch_;
-  const ShortTurns turns_;  // before the server's threads
   std::string address_;
   MHD_Daemon* daemon_ = nullptr;
   std::atomic<bool> draining_ = false;

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "service/http/HttpMessage.h"
 #include "service/http/ListenAddress.h"
@@ -23,15 +24,22 @@ namespace postwright::service {
 // Construction opens the socket, throws ListenError where that fails, and serves at once. The
 // destructor breaks off what is under way; answers that come later go nowhere. One line a request
 // goes to the log, which is borrowed.
+//
+// A new connection beyond the limits takes the place of one that waits for a head
+// (ConnectionWatch); loopback and the proxies are not held to the limit of an address. A request
+// that two readers could understand in two ways is refused (HeadCheck).
 class HttpServer {
  public:
   struct Limits {
     unsigned threads = 0;        // 0: as many as processors, at least 2, at most 8
     unsigned connections = 768;  // in all; a process has 1,024 descriptors if not told otherwise
-    unsigned connectionsPerAddress = 512;   // of one client address; loopback is one
+    unsigned connectionsPerAddress = 512;   // of one client address that is not trusted
+    std::vector<std::string> proxies = {};  // addresses, as HttpRequest::client, that are trusted
     size_t bytesPerConnection = 16 * 1024;  // request line and headers together must fit
     size_t bodyBytes = 64 * 1024;
-    std::chrono::seconds idle{30};                 // without a byte
+    std::chrono::seconds idle{30};  // without a byte
+    std::chrono::milliseconds yielding{10 *
+                                       1000};      // without a head, until others may have its room
     std::chrono::milliseconds request{60 * 1000};  // for one request, however it trickles in
     bool quiet = false;                            // no line of a request with status 200
   };
@@ -48,8 +56,9 @@ class HttpServer {
   // Returns ADDRESS:PORT with the port that was really taken.
   const std::string& Address() const;
 
-  // Stops taking connections and waits until every request that has begun, half-sent ones among
-  // them, is answered, for `limit` at most. Then nothing is served any more.
+  // Stops taking connections and waits until every request that has begun is answered, for `limit`
+  // at most; one whose head is not whole has a second for the rest of it. Then nothing is served
+  // any more.
   void Drain(std::chrono::milliseconds limit);
 
  private:

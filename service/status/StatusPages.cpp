@@ -1,8 +1,11 @@
 #include "service/status/StatusPages.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
+#include "common/Loopback.h"
+#include "common/SmallText.h"
 #include "service/gateway/GatewayFault.h"
 
 namespace postwright::service {
@@ -10,8 +13,12 @@ namespace {
 
 constexpr int kForbidden = 403;
 
-bool IsLoopback(const std::string& client) {
-  return client.starts_with("127.") || client == "::1" || client.starts_with("::ffff:127.");
+// The host of a Host header, without its port and the brackets of IPv6.
+std::string_view WithoutPort(std::string_view host) {
+  if (host.starts_with('[')) {
+    return host.substr(1, host.find(']') - 1);
+  }
+  return host.substr(0, host.find(':'));
 }
 
 std::string Count(uint64_t number, const std::string& of) {
@@ -139,11 +146,11 @@ void AppendGatewayMetrics(std::string& page, const GatewayState& state) {
 }  // namespace
 
 StatusPages::StatusPages(const Sources& sources, const Clock& clock, std::string version,
-                         bool isOpen)
+                         Access access)
     : sources_(sources),
       clock_(clock),
       version_(std::move(version)),
-      isOpen_(isOpen),
+      access_(std::move(access)),
       started_(clock.Now()) {}
 
 std::optional<HttpReply> StatusPages::Answer(const HttpRequest& request) const {
@@ -152,12 +159,25 @@ std::optional<HttpReply> StatusPages::Answer(const HttpRequest& request) const {
     return std::nullopt;
   }
   const std::string note = isStatus ? "path=status" : "path=metrics";
-  if (!isOpen_ && (request.isForwarded || !IsLoopback(request.client))) {
-    return HttpReply{kForbidden, "text/plain; charset=UTF-8",
-                     "This page is shown on the service's own machine alone.\n", note};
+  if (!IsAllowed(request)) {
+    return HttpReply{
+        kForbidden, "text/plain; charset=UTF-8",
+        "This page is shown on the service's own machine alone, for an address of it.\n"
+        "--open-status HOST shows it to whoever asks for HOST.\n",
+        note};
   }
   return isStatus ? HttpReply{200, "text/plain; charset=UTF-8", Status(), note}
                   : HttpReply{200, "text/plain; version=0.0.4; charset=utf-8", Metrics(), note};
+}
+
+bool StatusPages::IsAllowed(const HttpRequest& request) const {
+  const std::string_view host = WithoutPort(request.host);
+  const auto isHost = [&](const std::string& name) { return EqualsIgnoringCase(name, host); };
+  if (std::any_of(access_.openTo.begin(), access_.openTo.end(), isHost)) {
+    return true;
+  }
+  return !request.isForwarded && IsLoopback(request.client) &&
+         (IsLoopback(host) || isHost(access_.host));
 }
 
 std::string StatusPages::Status() const {

@@ -2,12 +2,16 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <map>
+#include <memory>
 #include <thread>
+#include <vector>
 
+#include "service/http/ConnectionWatch.h"
 #include "tests/service/Socket.h"
 
 namespace postwright::service {
@@ -78,9 +82,149 @@ TEST_F(HttpServerTest, RefusesWhatIsTooLargeOrUnknown) {
   EXPECT_EQ(Ask("hello\r\n\r\n"), "");  // not HTTP: closed without a word
 }
 
+// Heads that two readers could understand in two ways. None is acted on, and nothing behind them
+// is.
+TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
+  Start({});
+  const std::string hidden = "GET /?hidden HTTP/1.1\r\nHost: a\r\n\r\n";
+  const std::string post = "POST / HTTP/1.1\r\nHost: a\r\n";
+  const std::string length = "Content-Length: 0\r\n";
+  const std::string chunked = "Transfer-Encoding: chunked\r\n";
+  const std::string end = "\r\n0\r\n\r\n";
+  const std::string rows[] = {
+      post + length + chunked + end,
+      post + chunked + length + end,
+      post + length + length + "\r\n",
+      post + length + "Content-Length: 5\r\n\r\n",
+      post + "Content-Length: 0, 0\r\n\r\n",
+      post + "Content-Length: +0\r\n\r\n",
+      post + "Content-Length : 0\r\n\r\n",
+      post + "Content-Length\t: 0\r\n\r\n",
+      post + chunked + chunked + end,
+      post + "Transfer-Encoding: gzip, chunked\r\n" + end,
+      post + "Transfer-Encoding: identity\r\n" + end,
+      "POST / HTTP/1.0\r\nHost: a\r\nConnection: keep-alive\r\n" + chunked + end,
+      post + "Host: b\r\n\r\n",
+      post + "A: \x01\r\n\r\n",
+      post + "A: b\rContent-Length: 5\r\n\r\n",
+      post + std::string("A\0: b\r\n\r\n", 10),
+      post + " A: b\r\n\r\n" + "B c\r\n\r\n",
+      post + "\xC3\x84: b\r\n\r\n",
+      "GET /\x7F HTTP/1.1\r\nHost: a\r\n\r\n",
+  };
+  for (const std::string& row : rows) {
+    Socket client(server_->Address());
+    client.Send(row + hidden);
+    const std::string reply = client.ReceiveAll();
+    EXPECT_TRUE(reply.starts_with("HTTP/1.1 400 ")) << row << reply;
+    EXPECT_NE(reply.find("Connection: close"), std::string::npos) << row << reply;
+    EXPECT_EQ(reply.find("GET hidden"), std::string::npos) << row << reply;
+  }
+  // The library ends a line at a zero byte.
+  EXPECT_TRUE(Ask(std::string("GET /?a\0b HTTP/1.1\r\nHost: a\r\n\r\n", 33)).ends_with("GET a 0"));
+  // What is no fault.
+  EXPECT_TRUE(Ask("\r\n" + post + "transfer-encoding: Chunked\r\n" + end).ends_with("POST  0"));
+}
+
+// A thousand that say nothing shut nobody out, and none of them closes a connection that is in use.
+TEST_F(HttpServerTest, IdleConnectionsGiveWay) {
+  HttpServer::Limits limits;
+  limits.connections = 100;
+  limits.connectionsPerAddress = 1;  // loopback is not held to it
+  Start(limits);
+  const std::string get = "GET /?a HTTP/1.1\r\nHost: a\r\n\r\n";
+  Socket kept(server_->Address());
+  std::vector<std::unique_ptr<Socket>> silent;
+  for (int i = 0; i < 1000; ++i) {
+    silent.push_back(std::make_unique<Socket>(server_->Address()));
+    if (i % 100 == 0) {
+      kept.Send(get);
+      EXPECT_TRUE(kept.ReceiveResponse().ends_with("GET a 0"));
+      EXPECT_TRUE(Ask(get).ends_with("GET a 0"));
+    }
+  }
+  EXPECT_EQ(silent.front()->ReceiveAll(), "");
+  silent.back()->Send(get);
+  EXPECT_TRUE(silent.back()->ReceiveResponse().ends_with("GET a 0"));
+}
+
+// What the server tells of its connections, on pairs of sockets.
+TEST(ConnectionWatchTest, EndsTheOldestIdleConnection) {
+  struct Pair {
+    Pair() { EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0); }
+    ~Pair() {
+      close(ends[0]);
+      close(ends[1]);
+    }
+    bool IsEnded() const {
+      char byte = 0;
+      return recv(ends[1], &byte, 1, MSG_DONTWAIT) == 0;
+    }
+    int ends[2] = {};
+  };
+  const auto ended = [](const std::vector<std::unique_ptr<Pair>>& pairs) {
+    std::string numbers;
+    for (size_t i = 0; i < pairs.size(); ++i) {
+      numbers += pairs[i]->IsEnded() ? std::to_string(i) : "";
+    }
+    return numbers;
+  };
+  // One letter a connection, in the order of opening: s silent, k kept between two requests, a
+  // being answered; capitals for the other of two peers. The last one is one too many.
+  const struct {
+    const char* connections;
+    size_t most;
+    size_t perPeer;
+    seconds idle;
+    const char* ended;
+  } rows[] = {
+      {"ksss", 3, 9, seconds(10), "1"},  {"ksss", 3, 9, seconds(0), "0"},
+      {"kakk", 3, 9, seconds(10), "3"},  {"aaaa", 3, 9, seconds(0), "3"},
+      {"SsSs", 9, 1, seconds(10), "01"}, {"SaSa", 9, 1, seconds(10), "03"},
+      {"sss", 3, 3, seconds(0), ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.connections);
+    ConnectionWatch watch({row.most, row.perPeer, row.idle, seconds(60)});
+    std::vector<std::unique_ptr<Pair>> pairs;
+    for (const char* kind = row.connections; *kind != '\0'; ++kind) {
+      const bool isOther = *kind < 'a';
+      const char state = static_cast<char>(isOther ? *kind - 'A' + 'a' : *kind);
+      pairs.push_back(std::make_unique<Pair>());
+      const int socket = pairs.back()->ends[0];
+      ConnectionWatch::Connection& connection =
+          watch.Opened(socket, isOther ? "192.0.2.1" : "192.0.2.2", false);
+      EXPECT_EQ(&watch.Opened(socket, "192.0.2.3", false), &connection);
+      if (state != 's') {
+        watch.HeadRead(connection);
+      }
+      if (state == 'k') {
+        watch.Answered(connection);
+      }
+    }
+    EXPECT_EQ(ended(pairs), row.ended);
+  }
+}
+
+TEST(ConnectionWatchTest, LeavesWhatIsBeingAnswered) {
+  int waiting[2] = {};
+  int answering[2] = {};
+  ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, waiting), 0);
+  ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, answering), 0);
+  ConnectionWatch watch({});
+  watch.Opened(waiting[0], "a", false);
+  watch.HeadRead(watch.Opened(answering[0], "a", false));
+  watch.EndWaiting();
+  EXPECT_EQ(send(waiting[1], "a", 1, MSG_NOSIGNAL), -1);
+  EXPECT_EQ(send(answering[1], "a", 1, MSG_NOSIGNAL), 1);
+  for (const int socket : {waiting[0], waiting[1], answering[0], answering[1]}) {
+    close(socket);
+  }
+}
+
 TEST_F(HttpServerTest, HoldsNoMoreConnectionsThanAllowed) {
   HttpServer::Limits limits;
-  limits.connectionsPerAddress = 2;
+  limits.connections = 2;
   Start(limits);
   const std::string get = "GET /?a HTTP/1.1\r\nHost: a\r\n\r\n";
   Socket first(server_->Address());
@@ -160,8 +304,8 @@ TEST_F(HttpServerTest, OthersGoOnWhileAnAnswerIsWaitedFor) {
   waiting["later-than-that"]({200, "text/plain", "too late", ""});
 }
 
-// The end waits for half-sent requests, first ones and later ones, and for nothing else: neither
-// for a connection between two requests nor for one on which nothing was sent.
+// The end waits for half-sent requests, first ones and later ones, and not for long for anything
+// else: neither for a connection between two requests nor for one on which no request was sent.
 TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   Start({});
   const std::string get = "GET /?done HTTP/1.1\r\nHost: a\r\n\r\n";
@@ -169,18 +313,20 @@ TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   Socket silent(server_->Address());
   Socket half(server_->Address());
   Socket halfAgain(server_->Address());
+  silent.Send("\r\n");
   for (Socket* client : {&idle, &halfAgain}) {
-    client->Send(get);
+    client->Send("\r\n" + get);
     EXPECT_TRUE(client->ReceiveResponse().ends_with("GET done 0"));
   }
   half.Send(get.substr(0, 5));
   halfAgain.Send(get.substr(0, 25));
-  std::thread drain([&] { server_->Drain(seconds(10)); });
-  EXPECT_EQ(idle.ReceiveAll(), "");
-  EXPECT_EQ(silent.ReceiveAll(), "");
-  EXPECT_FALSE(Socket(server_->Address()).IsOpen());
+  std::thread drain([&] { server_->Drain(std::chrono::hours(1)); });
+  while (Socket(server_->Address()).IsOpen()) {
+  }
   half.Send(get.substr(5));
   halfAgain.Send(get.substr(25));
+  EXPECT_EQ(idle.ReceiveAll(), "");
+  EXPECT_EQ(silent.ReceiveAll(), "");
   for (Socket* client : {&half, &halfAgain}) {
     const std::string reply = client->ReceiveAll();
     EXPECT_TRUE(reply.ends_with("GET done 0")) << reply;
@@ -230,6 +376,18 @@ TEST(RequestLogTest, CountsWhatItLeavesOut) {
   reader.join();
   EXPECT_TRUE(isTold);
   EXPECT_EQ(told, lines);
+}
+
+TEST(ListenAddressTest, KnowsLoopback) {
+  for (const char* loopback : {"127.0.0.1:0", "127.255.0.9:0", "localhost:0", "[::1]:0"}) {
+    EXPECT_TRUE(ListenAddress::Parse(loopback).IsLoopback()) << loopback;
+  }
+  for (const char* other : {"127.example.com:0", "0.0.0.0:0", "[::]:0", "128.0.0.1:0", "127:0"}) {
+    EXPECT_FALSE(ListenAddress::Parse(other).IsLoopback()) << other;
+  }
+  EXPECT_EQ(ListenAddress::ReadHost("::FFFF:192.0.2.1"), "192.0.2.1");
+  EXPECT_EQ(ListenAddress::ReadHost("2001:DB8::0:1"), "2001:db8::1");
+  EXPECT_EQ(ListenAddress::ReadHost("proxy.example.com"), "");
 }
 
 TEST(ListenAddressTest, ReadsAddressAndPort) {

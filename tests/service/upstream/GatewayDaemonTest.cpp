@@ -43,9 +43,9 @@ class GatewayDaemonTest : public testing::Test {
   }
 
   static std::string Get(const std::string& address, const std::string& path,
-                         const std::string& headers = "") {
+                         const std::string& headers = "Host: localhost\r\n") {
     Socket client(address);
-    client.Send("GET " + path + " HTTP/1.1\r\nHost: a\r\n" + headers + "\r\n");
+    client.Send("GET " + path + " HTTP/1.1\r\n" + headers + "\r\n");
     return client.ReceiveResponse();
   }
 
@@ -107,8 +107,16 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
                  "\npostwright_errors_total{kind=\"budget-spent\"} 1\n",
                  "\npostwright_addresses_total{outcome=\"found\"} 3\n",
                  "\npostwright_upstream_paused 1\n"});
-    EXPECT_TRUE(
-        Get(address, "/status", "X-Forwarded-For: 192.0.2.1\r\n").starts_with("HTTP/1.1 403"));
+    for (const char* headers :
+         {"Host: example.com\r\n", "Host: 127.example.com\r\n",
+          "Host: localhost\r\nX-Forwarded-For: 192.0.2.1\r\n",
+          "Host: localhost\r\nvia: 1.1 proxy\r\n", "Host: localhost\r\nX-Real-IP: 192.0.2.1\r\n"}) {
+      EXPECT_TRUE(Get(address, "/status", headers).starts_with("HTTP/1.1 403")) << headers;
+    }
+    for (const std::string& host : {address, std::string("[::1]:1"), std::string("LOCALHOST:80")}) {
+      EXPECT_TRUE(Get(address, "/metrics", "Host: " + host + "\r\n").starts_with("HTTP/1.1 200"))
+          << host;
+    }
     daemon.Signal(SIGTERM);
     EXPECT_EQ(daemon.Wait(), 0);
     for (std::string line = daemon.ReadLine(); !line.empty(); line = daemon.ReadLine()) {
@@ -117,7 +125,7 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
       EXPECT_EQ(line.find("MAIN"), std::string::npos) << line;
     }
   }
-  Daemon again(Arguments({"--budget", "4/h", "--fallback", "base", "--open-status"}));
+  Daemon again(Arguments({"--budget", "4/h", "--fallback", "base", "--open-status", "a.example"}));
   const std::string address = again.ReadAddress();
   EXPECT_EQ(Ask(address, {"3"}),
             kDeclaration + "<AddressValidateResponse>" + Found("3") + "</AddressValidateResponse>");
@@ -127,7 +135,7 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
                 "</Address2><City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5>"
                 "<Zip4/></Address></AddressValidateResponse>");
   EXPECT_EQ(api_.Addresses(), 4);
-  ExpectHolds(Get(address, "/status", "X-Forwarded-For: 192.0.2.1\r\n"),
+  ExpectHolds(Get(address, "/status", "Host: A.example:80\r\nX-Forwarded-For: 192.0.2.1\r\n"),
               {"HTTP/1.1 200", "1 answered from the local base"});
 }
 
