@@ -42,6 +42,9 @@ GatewayParts::GatewayParts(const GatewayOptions& options, LocalSource& local, co
     limits.lifetime = options.lifetime;
     MakeFolderOf(options.cache);
     cache_.emplace(options.cache, upstream_->Name(), clock, limits);
+    if (!cache_->Repair().empty()) {
+      log.Write(cache_->Repair());
+    }
   }
   Gateway::Limits limits;
   limits.deadline = options.deadline;

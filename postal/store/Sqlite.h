@@ -22,6 +22,11 @@ class StoreError : public std::runtime_error {
   // Says whether the same may go well later: the disk is full or failed, a lock is held.
   bool MayPass() const;
 
+  // Says whether the file is not as SQLite has written it.
+  bool IsDamage() const {
+    return (code_ & 0xFF) == SQLITE_CORRUPT || (code_ & 0xFF) == SQLITE_NOTADB;
+  }
+
  private:
   int code_;  // of SQLite
 };

@@ -1,5 +1,8 @@
 #include "service/gateway/AnswerCache.h"
 
+#include <fstream>
+#include <string_view>
+
 #include "postal/store/Sqlite.h"
 #include "service/upstream/VerifyXml.h"
 
@@ -37,28 +40,63 @@ class Running {
   postal::SqliteStatement& statement_;
 };
 
-// Brings a new file into form and turns down one of another form.
+[[noreturn]] void TurnDown(const std::string& name, const std::string& why) {
+  throw postal::StoreError(name + ": " + why, SQLITE_MISMATCH);
+}
+
+// Says whether a cache may be opened at `name`: there is none yet, or the file there is marked as
+// one. By its head alone (SQLite's file format, 1.3), since opening a database may change it.
+bool IsCacheOrNone(const std::filesystem::path& name) {
+  constexpr std::string_view kMagic("SQLite format 3\0", 16);
+  constexpr size_t kHead = 100;
+  constexpr size_t kMark = 68;
+  std::string head(kHead, '\0');
+  std::ifstream file(name, std::ios::binary);
+  file.read(head.data(), static_cast<std::streamsize>(head.size()));
+  if (file.gcount() == 0) {
+    return true;  // also what cannot be read: opening it says why
+  }
+  int64_t mark = 0;
+  for (size_t i = kMark; i < kMark + 4; ++i) {
+    mark = mark * 256 + static_cast<unsigned char>(head[i]);
+  }
+  return head.starts_with(kMagic) && mark == kApplication;
+}
+
+// Brings a new file into form, marked as ours before all else, and turns down one of another form.
 void Prepare(postal::SqliteFile& file, const std::string& name) {
+  if (file.Number("PRAGMA application_id") != kApplication) {
+    file.Run("PRAGMA application_id=" + std::to_string(kApplication));
+  }
   file.Run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; BEGIN IMMEDIATE");
   const int64_t schema = file.Number("PRAGMA user_version");
   const bool isNew = schema == 0 && file.Number("SELECT count(*) FROM sqlite_schema") == 0;
   if (isNew) {
     file.Run(kCreate);
-    file.Run("PRAGMA application_id=" + std::to_string(kApplication) +
-             "; PRAGMA user_version=" + std::to_string(AnswerCache::kSchema));
+    file.Run("PRAGMA user_version=" + std::to_string(AnswerCache::kSchema));
   }
   file.Run("COMMIT");
-  if (file.Number("PRAGMA application_id") != kApplication) {
-    throw postal::StoreError(name + ": is not a cache of answers; name another file",
-                             SQLITE_NOTADB);
-  }
   if (!isNew && schema != AnswerCache::kSchema) {
-    throw postal::StoreError(
-        name +
-            ": was written by another version of this program; remove it or name "
-            "another file",
-        SQLITE_NOTADB);
+    TurnDown(name,
+             "was written by another version of this program; remove it or name another file");
   }
+}
+
+// Moves a damaged file, with what belongs to it, out of the way. Returns its new name.
+std::filesystem::path MoveAside(const std::filesystem::path& file) {
+  std::filesystem::path aside = file;
+  aside += ".damaged";
+  for (int number = 2; std::filesystem::exists(aside); ++number) {
+    aside = file;
+    aside += ".damaged-" + std::to_string(number);
+  }
+  for (const char* suffix : {"", "-wal", "-shm"}) {
+    std::filesystem::path from = file;
+    std::filesystem::path to = aside;
+    std::error_code none;  // the two beside it need not be there
+    std::filesystem::rename(from += suffix, to += suffix, none);
+  }
+  return aside;
 }
 
 }  // namespace
@@ -159,16 +197,34 @@ class AnswerCache::Writer {
 AnswerCache::AnswerCache(std::filesystem::path file, std::string source, const Clock& clock,
                          const Limits& limits)
     : file_(std::move(file)), source_(std::move(source)), clock_(clock), limits_(limits) {
+  if (!IsCacheOrNone(file_)) {
+    TurnDown(file_.string(), "is not a cache of answers; name another file");
+  }
   try {
-    writer_.connection = std::make_unique<Writer>(*this);
-    reader_.connection = std::make_unique<Reader>(*this);
-    size_ = writer_.connection->Trim(Seconds(clock_.Today() - limits_.lifetime), limits_.answers);
+    Open();
   } catch (const postal::StoreError& error) {
-    if (!error.MayPass()) {
+    if (error.IsDamage()) {
+      Rebuild(error.what());
+    } else if (error.MayPass()) {
+      NoteFailure(error.what());
+    } else {
       throw;
     }
-    NoteFailure(error.what());
   }
+}
+
+void AnswerCache::Open() {
+  writer_.connection = std::make_unique<Writer>(*this);
+  reader_.connection = std::make_unique<Reader>(*this);
+  size_ = writer_.connection->Trim(Seconds(clock_.Today() - limits_.lifetime), limits_.answers);
+}
+
+void AnswerCache::Rebuild(const std::string& damage) {
+  writer_.connection.reset();
+  reader_.connection.reset();
+  const std::filesystem::path aside = MoveAside(file_);
+  Open();
+  repair_ = damage + "; it is now " + aside.string() + ", and a new cache is begun";
 }
 
 AnswerCache::~AnswerCache() = default;

@@ -40,9 +40,10 @@ class AnswerCache {
   using Kept = std::variant<ReplyFields, postal::Rejection>;
 
   // Opens `file` or creates it, readable by its owner alone. Answers of another `source` are not
-  // found, only counted and aged. Throws StoreError for a file that cannot be opened, is no
-  // database, or belongs to another program or a later version of this one. One that is locked or
-  // on a full disk is opened later.
+  // found, only counted and aged. A cache that is damaged is renamed, and a new one begun in its
+  // place. Throws StoreError for a file that cannot be opened, or belongs to another program, which
+  // is left as it is, or to another version of this one. One that is locked or on a full disk is
+  // opened later.
   AnswerCache(std::filesystem::path file, std::string source, const Clock& clock,
               const Limits& limits);
   ~AnswerCache();
@@ -67,6 +68,9 @@ class AnswerCache {
   std::string LastFailure() const;  // empty where there was none
   const std::filesystem::path& File() const { return file_; }
 
+  // Returns what became of a cache that was damaged; empty where it was not.
+  const std::string& Repair() const { return repair_; }
+
  private:
   class Reader;
   class Writer;
@@ -79,6 +83,8 @@ class AnswerCache {
     Clock::Time retryAt = Clock::Time::min();
   };
 
+  void Open();
+  void Rebuild(const std::string& damage);
   template <typename Connection, typename Work>
   void Try(Side<Connection>& side, Work work);
   void NoteFailure(const std::string& what);
@@ -90,6 +96,7 @@ class AnswerCache {
   const Limits limits_;
   Side<Reader> reader_;
   Side<Writer> writer_;
+  std::string repair_;
   std::atomic<int64_t> size_ = 0;
   std::atomic<uint64_t> failures_ = 0;
   mutable std::mutex failureMutex_;

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <iterator>
 #include <thread>
 
 #include "postal/store/Sqlite.h"
@@ -38,6 +39,11 @@ class AnswerCacheTest : public testing::Test {
     for (const char* suffix : {"", "-wal", "-shm"}) {
       unlink((file_ + suffix).c_str());
     }
+  }
+
+  std::string Content() const {
+    std::ifstream file(file_, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   AnswerCache& Open(const std::string& source = "a") {
@@ -101,13 +107,32 @@ TEST_F(AnswerCacheTest, TurnsDownWhatIsNoCache) {
         "PRAGMA application_id=1347895619; PRAGMA user_version=2; CREATE TABLE b(c)"}) {
     Remove();
     postal::SqliteFile(file_, seconds(1)).Run(statements);
+    const std::string before = Content();
     EXPECT_THROW(Open(), postal::StoreError) << statements;
+    EXPECT_TRUE(Content() == before || before[68] == 'P') << statements;
   }
   Remove();
   std::ofstream(file_) << std::string(10'000, 'x');
   EXPECT_THROW(Open(), postal::StoreError);
+  EXPECT_EQ(Content(), std::string(10'000, 'x'));
   file_ = "/nonexistent/answers";
   EXPECT_THROW(Open(), postal::StoreError);
+}
+
+TEST_F(AnswerCacheTest, BeginsANewOneBesideWhatIsDamaged) {
+  for (const char* suffix : {".damaged", ".damaged-2"}) {
+    Open().Keep("found", found_);
+    EXPECT_EQ(cache_->Repair(), "");
+    cache_.reset();
+    const std::string whole = Content();
+    std::ofstream(file_, std::ios::binary) << whole.substr(0, 100) + std::string(8000, 'x');
+    Open().Keep("found", found_);
+    EXPECT_NE(cache_->Repair().find(file_ + suffix + ", and a new cache"), std::string::npos)
+        << cache_->Repair();
+    EXPECT_EQ(cache_->Find("found"), AnswerCache::Kept(found_));
+    std::ifstream damaged(file_ + suffix);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(damaged), {}).size(), 8100U);
+  }
 }
 
 // A lock costs what would have been kept, and no time; once it is gone, all is well.
