@@ -3,9 +3,10 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
+
+#include "common/ShownText.h"
 
 namespace postwright::service {
 namespace {
@@ -55,11 +56,7 @@ void RequestLog::Write(std::string_view line) {
 
 void RequestLog::Append(std::string_view line) {
   waiting_ += prefix_;
-  const size_t begin = waiting_.size();
-  waiting_ += line.substr(0, kLongestLine - prefix_.size() - 1);
-  std::replace_if(
-      waiting_.begin() + static_cast<std::ptrdiff_t>(begin), waiting_.end(),
-      [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
+  waiting_ += ShownText(line.substr(0, kLongestLine - prefix_.size() - 1), "?");
   waiting_ += '\n';
 }
 

@@ -31,8 +31,9 @@ class RequestLog {
   RequestLog(const RequestLog&) = delete;
   RequestLog& operator=(const RequestLog&) = delete;
 
-  // Writes a line without its end, within some hundredths of a second. Control characters are shown
-  // as `?`; what is beyond kLongestLine is cut off.
+  // Writes a line without its end, within some hundredths of a second. What could move a
+  // terminal's cursor or turn text round is shown as `?` (ShownText); what is beyond kLongestLine
+  // is cut off.
   void Write(std::string_view line);
 
  private:
