@@ -21,6 +21,11 @@ class AnswerSource {
   // later. Never waits. `asker` tells whom the address is asked for, to serve all alike; any text.
   // Any thread.
   virtual void Find(const RequestAddress& asked, const std::string& asker, Done done) = 0;
+
+  // Ends: whatever is not answered yet is answered within this call, and what comes later at once.
+  // Whoever asks with a `done` that touches itself stops the source in its destructor, so that no
+  // answer can come when it is no more. For one thread; again, it does nothing.
+  virtual void Stop() {}
 };
 
 }  // namespace postwright::service

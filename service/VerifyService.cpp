@@ -47,11 +47,17 @@ std::string_view FaultName(RequestFault fault) {
   return "";
 }
 
+// A client's text cannot end a field or the quotes around all of them.
 void AppendField(std::string& text, std::string_view field) {
   if (!text.empty()) {
     text += '|';
   }
-  text += field;
+  for (const char c : field) {
+    if (c == '"' || c == '|' || c == '\\') {
+      text += '\\';
+    }
+    text += c;
+  }
 }
 
 std::string Describe(const RequestAddress& asked) {
@@ -101,6 +107,10 @@ VerifyService::VerifyService(AnswerSource& source, const UserList* users, Option
       users_(users),
       options_(std::move(options)),
       path_(options_.pathPrefix + std::string(kPath)) {}
+
+VerifyService::~VerifyService() {
+  source_.Stop();
+}
 
 void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
   if (request.path != path_) {

@@ -41,8 +41,13 @@ class VerifyService {
   // `users` may be null: then everybody who gives a USERID is answered.
   VerifyService(AnswerSource& source, const UserList* users, Options options);
 
+  // Stops the source.
+  ~VerifyService();
+  VerifyService(const VerifyService&) = delete;
+  VerifyService& operator=(const VerifyService&) = delete;
+
   // Answers when the source has answered every address of the document, at once or later; never
-  // waits. The service must live until then.
+  // waits.
   void Answer(const HttpRequest& request, const Respond& respond);
 
   const TrafficCounts& Counts() const { return counts_; }

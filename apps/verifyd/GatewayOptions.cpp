@@ -102,6 +102,10 @@ void AddAnswerOptions(CLI::App& app, GatewayOptions& options) {
 void AddGatewayOptions(CLI::App& app, GatewayOptions& options) {
   AddUpstreamOptions(app, options);
   AddAnswerOptions(app, options);
+  for (const char* name : {"--upstream-url", "--credentials", "--budget", "--cache",
+                           "--cache-lifetime", "--deadline", "--fallback"}) {
+    app.get_option(name)->needs("--upstream");  // without a gateway they would do nothing
+  }
 }
 
 void CompleteGatewayOptions(GatewayOptions& options) {

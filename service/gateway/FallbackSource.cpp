@@ -34,4 +34,9 @@ void FallbackSource::Find(const RequestAddress& asked, const std::string& asker,
   });
 }
 
+void FallbackSource::Stop() {
+  first_.Stop();
+  second_.Stop();
+}
+
 }  // namespace postwright::service

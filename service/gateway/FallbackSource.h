@@ -19,7 +19,14 @@ class FallbackSource final : public AnswerSource {
  public:
   FallbackSource(AnswerSource& first, AnswerSource& second) : first_(first), second_(second) {}
 
+  ~FallbackSource() override { Stop(); }
+  FallbackSource(const FallbackSource&) = delete;
+  FallbackSource& operator=(const FallbackSource&) = delete;
+
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
+
+  // Stops the first source, then the second.
+  void Stop() override;
 
   // Returns how many addresses the second one was asked for.
   uint64_t Count() const { return count_; }

@@ -1,6 +1,7 @@
 #include "service/gateway/Gateway.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "service/gateway/GatewayFault.h"
 #include "service/gateway/NormalRequest.h"
@@ -8,40 +9,18 @@
 namespace postwright::service {
 namespace {
 
-constexpr std::chrono::seconds kFirstPause(1);  // after a failure, doubled with each in a row
-constexpr std::chrono::seconds kLongestPause(60);
 constexpr std::chrono::seconds kLogPause(60);  // between two lines on failures of one kind
-
-// How long an upstream is left alone after a failure. A call that it did not understand, or an
-// answer that nobody understands, may be one address's alone.
-std::chrono::seconds PauseAfter(const UpstreamFault& fault, unsigned failuresInARow) {
-  constexpr unsigned kMostDoublings = 6;
-  switch (fault.kind) {
-    case FaultKind::Quota:
-    case FaultKind::Unauthorised:
-    case FaultKind::Forbidden:
-      return fault.retryAfter.value_or(kLongestPause);
-    case FaultKind::ServerError:
-    case FaultKind::Unreachable:
-    case FaultKind::TimedOut:
-      return fault.retryAfter.value_or(std::min(
-          kLongestPause, kFirstPause * (1U << std::min(failuresInARow - 1, kMostDoublings))));
-    default:
-      return std::chrono::seconds(0);
-  }
-}
 
 AddressAnswer ToAnswer(const AnswerCache::Kept& kept) {
   return std::visit([](const auto& value) -> AddressAnswer { return value; }, kept);
 }
 
-// What an outcome leaves to keep, where it is no fault.
-std::optional<AnswerCache::Kept> ToKeep(const AddressAnswer& answer) {
+// What an outcome leaves to keep, which is no fault.
+AnswerCache::Kept ToKeep(const UpstreamAnswer& answer) {
   if (const auto* fields = std::get_if<ReplyFields>(&answer)) {
     return *fields;
   }
-  const auto* const rejection = std::get_if<postal::Rejection>(&answer);
-  return rejection == nullptr ? std::nullopt : std::optional<AnswerCache::Kept>(*rejection);
+  return std::get<postal::Rejection>(answer);
 }
 
 }  // namespace
@@ -54,13 +33,13 @@ Gateway::Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cach
       clock_(clock),
       limits_(limits),
       log_(log),
-      budget_(std::move(budget)) {
+      pace_(std::move(budget)) {
   counts_.upstream = upstream_.Name();
-  counts_.budget = budget_.GetRate();
+  counts_.budget = pace_.GetRate();
   if (cache_ != nullptr && counts_.budget) {
     const Clock::Date today = clock_.Today();
     for (const Clock::Date call : cache_->CallsWithin(counts_.budget->stretch)) {
-      budget_.Take(clock_.Now() - std::max(today - call, Clock::Date::duration(0)));
+      pace_.Begin(clock_.Now() - std::max(today - call, Clock::Date::duration(0)));
     }
   }
   threads_.emplace_back(&Gateway::Expire, this);
@@ -70,9 +49,15 @@ Gateway::Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cach
 }
 
 Gateway::~Gateway() {
+  Stop();
+}
+
+void Gateway::Stop() {
   {
     const std::lock_guard lock(mutex_);
-    isStopping_ = true;
+    if (std::exchange(isStopping_, true)) {
+      return;
+    }
   }
   workable_.notify_all();
   expirable_.notify_all();
@@ -80,11 +65,17 @@ Gateway::~Gateway() {
   for (std::thread& thread : threads_) {
     thread.join();
   }
-  for (const auto& [key, flight] : flights_) {
-    for (const Waiter& waiter : flight->waiters) {
-      waiter.done(TurnAway(FaultKind::Stopping));
+  Deliveries left;
+  {
+    const std::lock_guard lock(mutex_);
+    for (const auto& [key, flight] : flights_) {
+      for (Waiter& waiter : flight->waiters) {
+        left.push_back({std::move(waiter.done), TurnAway(FaultKind::Stopping)});
+      }
     }
+    flights_.clear();
   }
+  Deliver(std::move(left));
 }
 
 void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done done) {
@@ -121,8 +112,7 @@ void Gateway::ReloadCredentials() {
   upstream_.ReloadCredentials();
   {
     const std::lock_guard lock(mutex_);
-    pausedUntil_ = Clock::Time::min();
-    failures_ = 0;
+    pace_.Resume();
   }
   workable_.notify_all();
 }
@@ -132,13 +122,11 @@ GatewayState Gateway::State() {
   const Clock::Time now = clock_.Now();
   GatewayState state = counts_;
   state.waiting = queue_.Size();
-  state.budgetLeft = budget_.Left(now);
-  if (const Clock::Time ready = ReadyAt(now, 0); ready > now) {
-    state.resumesAt = DateOf(ready);
+  state.budgetLeft = pace_.Left(now);
+  if (const Clock::Time ready = pace_.ReadyAt(now, 0); ready > now) {
+    state.resumesAt = clock_.DateOf(ready);
   }
-  if (pausedUntil_ > now) {
-    state.pause = pause_;
-  }
+  state.pause = pace_.PauseAt(now);
   return state;
 }
 
@@ -177,7 +165,7 @@ std::optional<ServiceFault> Gateway::MakeRoom(const std::string& asker, Clock::T
   if (isStopping_) {
     return TurnAway(FaultKind::Stopping);
   }
-  if (ReadyAt(now, queue_.Size()) > now + limits_.deadline) {
+  if (pace_.ReadyAt(now, queue_.Size()) > now + limits_.deadline) {
     return Blocked(now, queue_.Size());
   }
   if (queue_.Size() < limits_.waiting) {
@@ -194,26 +182,16 @@ std::optional<ServiceFault> Gateway::MakeRoom(const std::string& asker, Clock::T
   return std::nullopt;
 }
 
-// When the call behind `ahead` others can be made.
-Clock::Time Gateway::ReadyAt(Clock::Time now, size_t ahead) {
-  return std::max({now, pausedUntil_, budget_.WhenFree(now, ahead)});
-}
-
-// Why that call cannot be made in time.
+// Why the call behind `ahead` others cannot be made in time.
 ServiceFault Gateway::Blocked(Clock::Time now, size_t ahead) {
-  const Clock::Time ready = ReadyAt(now, ahead);
-  return TurnAway(ready == pausedUntil_ ? pause_.kind : FaultKind::BudgetSpent, ready);
+  return TurnAway(pace_.ReasonAt(now, ahead), pace_.ReadyAt(now, ahead));
 }
 
 ServiceFault Gateway::TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt) {
   ++counts_.turnedAway;
   const bool isOwn = kind >= FaultKind::BudgetSpent;
   counts_.errors[static_cast<size_t>(kind)] += isOwn ? 1 : 0;  // the upstream's count by the call
-  return ExplainFault(kind, resumesAt ? std::optional(DateOf(*resumesAt)) : std::nullopt);
-}
-
-Clock::Date Gateway::DateOf(Clock::Time time) const {
-  return clock_.Today() + std::chrono::duration_cast<Clock::Date::duration>(time - clock_.Now());
+  return ExplainFault(kind, resumesAt ? std::optional(clock_.DateOf(*resumesAt)) : std::nullopt);
 }
 
 // One of the threads that make calls.
@@ -221,14 +199,14 @@ void Gateway::Work() {
   std::unique_lock lock(mutex_);
   while (!isStopping_) {
     const Clock::Time now = clock_.Now();
-    const Clock::Time ready = queue_.Size() == 0 ? Clock::Time::max() : ReadyAt(now, 0);
+    const Clock::Time ready = queue_.Size() == 0 ? Clock::Time::max() : pace_.ReadyAt(now, 0);
     if (ready > now) {
       clock_.Wait(workable_, lock, ready);
       continue;
     }
     const FlightPointer flight = queue_.Pop();
     flight->isCalled = true;
-    budget_.Take(now);
+    pace_.Begin(now);
     ++counts_.calling;
     lock.unlock();
     Call(flight);
@@ -241,45 +219,42 @@ void Gateway::Call(const FlightPointer& flight) {
   const Clock::Time begun = clock_.Now();
   const UpstreamOutcome outcome = AskUpstream(flight->normal);
   Deliveries deliveries;
-  std::optional<AnswerCache::Kept> toKeep;
   {
     const std::lock_guard lock(mutex_);
     --counts_.calling;
     counts_.callSeconds += std::chrono::duration<double>(clock_.Now() - begun).count();
     deliveries = Settle(flight, outcome);
-    toKeep = flight->answer ? ToKeep(*flight->answer) : std::nullopt;
   }
   Deliver(std::move(deliveries));
   for (size_t i = 0; cache_ != nullptr && i < outcome.calls; ++i) {
     cache_->NoteCall();
   }
-  if (toKeep && cache_ != nullptr) {
-    cache_->Keep(flight->key, *toKeep);
+  if (std::holds_alternative<UpstreamFault>(outcome.answer)) {
+    return;
   }
-  if (toKeep) {
-    const std::lock_guard lock(mutex_);
-    flights_.erase(flight->key);
-    ++landed_;
+  if (cache_ != nullptr && outcome.isComplete) {
+    cache_->Keep(flight->key, ToKeep(outcome.answer));
   }
+  const std::lock_guard lock(mutex_);
+  flights_.erase(flight->key);
+  ++landed_;
 }
 
-UpstreamOutcome Gateway::AskUpstream(const RequestAddress& normal) {
-  try {
-    return upstream_.Ask(normal);
-  } catch (const std::exception& failure) {
-    // No memory, most likely: this address stays unanswered, and the gateway goes on.
-    return {UpstreamFault{FaultKind::BadReply, {}, failure.what()}, 1};
-  }
+UpstreamOutcome Gateway::AskUpstream(const RequestAddress& normal) try {
+  return upstream_.Ask(normal);
+} catch (const std::exception& failure) {  // no memory, most likely: the gateway goes on
+  return {UpstreamFault{FaultKind::BadReply, {}, failure.what()}, 1};
 }
 
 // Gives an outcome to all who wait for it. An address that the upstream had no room for goes back
 // into the queue, if there is time.
 Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamOutcome& outcome) {
-  Book(outcome);
   const auto* const fault = std::get_if<UpstreamFault>(&outcome.answer);
-  if (fault == nullptr) {
-    failures_ = 0;
-  } else {
+  counts_.calls += outcome.calls;
+  if (pace_.End(clock_.Now(), outcome)) {
+    expirable_.notify_one();
+  }
+  if (fault != nullptr) {
     NoteFault(*fault);
   }
   if (fault != nullptr && fault->kind == FaultKind::Quota && !isStopping_) {
@@ -290,15 +265,14 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
   }
   Deliveries deliveries;
   if (fault != nullptr) {
-    const bool isPaused = pausedUntil_ > clock_.Now();
-    flight->answer = ExplainFault(isStopping_ ? FaultKind::Stopping : fault->kind,
-                                  isPaused ? std::optional(DateOf(pausedUntil_)) : std::nullopt);
+    const bool isPaused = pace_.PauseAt(clock_.Now()).has_value();
+    flight->answer =
+        ExplainFault(isStopping_ ? FaultKind::Stopping : fault->kind,
+                     isPaused ? std::optional(clock_.DateOf(pace_.PausedUntil())) : std::nullopt);
     counts_.turnedAway += flight->waiters.size();
     flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
-  } else if (const auto* fields = std::get_if<ReplyFields>(&outcome.answer)) {
-    flight->answer = *fields;
   } else {
-    flight->answer = std::get<postal::Rejection>(outcome.answer);
+    flight->answer = ToAnswer(ToKeep(outcome.answer));
   }
   for (Waiter& waiter : flight->waiters) {
     deliveries.push_back({std::move(waiter.done), *flight->answer});
@@ -307,34 +281,19 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
   return deliveries;
 }
 
-// One call was booked when it began; it may have been none, or two.
-void Gateway::Book(const UpstreamOutcome& outcome) {
-  counts_.calls += outcome.calls;
-  if (outcome.calls == 0) {
-    budget_.GiveBack();
-  }
-  for (size_t extra = 1; extra < outcome.calls; ++extra) {
-    budget_.Take(clock_.Now());
-  }
-}
-
+// Counts a fault, and tells it to the log where it is news.
 void Gateway::NoteFault(const UpstreamFault& fault) {
   const Clock::Time now = clock_.Now();
-  ++failures_;
   ++counts_.errors[static_cast<size_t>(fault.kind)];
   const bool isNew = !counts_.lastError || counts_.lastError->kind != fault.kind;
   counts_.lastError = fault;
   counts_.lastErrorAt = clock_.Today();
-  const std::chrono::seconds pause = PauseAfter(fault, failures_);
-  if (pause.count() > 0 && now + pause > pausedUntil_) {
-    pausedUntil_ = now + pause;
-    pause_ = fault;
-    expirable_.notify_one();
-  }
   if (isNew || now - loggedAt_ > kLogPause) {
     loggedAt_ = now;
     log_.Write("upstream: " + std::string(NameOf(fault.kind)) + " (" + fault.detail + ")" +
-               (pausedUntil_ > now ? "; asked again at " + FormatDate(DateOf(pausedUntil_)) : ""));
+               (pace_.PauseAt(now)
+                    ? "; asked again at " + FormatDate(clock_.DateOf(pace_.PausedUntil()))
+                    : ""));
   }
 }
 
@@ -358,7 +317,7 @@ void Gateway::Expire() {
 // look again.
 Gateway::Deliveries Gateway::TakeLost(Clock::Time now, Clock::Time* next) {
   Deliveries lost;
-  const Clock::Time ready = ReadyAt(now, 0);
+  const Clock::Time ready = pace_.ReadyAt(now, 0);
   for (auto at = flights_.begin(); at != flights_.end();) {
     Flight& flight = *at->second;
     std::vector<Waiter> waiters;

@@ -16,6 +16,7 @@
 #include "service/gateway/AnswerCache.h"
 #include "service/gateway/Budget.h"
 #include "service/gateway/FairQueue.h"
+#include "service/gateway/Pace.h"
 #include "service/http/RequestLog.h"
 #include "service/upstream/Clock.h"
 #include "service/upstream/Upstream.h"
@@ -69,12 +70,15 @@ class Gateway final : public AnswerSource {
   Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cache, const Clock& clock,
           const Limits& limits, RequestLog& log);
 
-  // Breaks calls off; whoever still waits is told that the service ends.
+  // Stops.
   ~Gateway() override;
   Gateway(const Gateway&) = delete;
   Gateway& operator=(const Gateway&) = delete;
 
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
+
+  // Breaks calls off; whoever still waits, or comes later, is told that the service ends.
+  void Stop() override;
 
   // Makes the next call with the credentials that the file has now, and at once, whatever pause the
   // old ones had brought. Throws CredentialsError and goes on with the old ones where it cannot.
@@ -114,14 +118,11 @@ class Gateway final : public AnswerSource {
                    Done done);
   std::optional<ServiceFault> MakeRoom(const std::string& asker, Clock::Time now,
                                        Deliveries& displaced);
-  Clock::Time ReadyAt(Clock::Time now, size_t ahead);
   Deliveries Settle(const FlightPointer& flight, const UpstreamOutcome& outcome);
-  void Book(const UpstreamOutcome& outcome);
   void NoteFault(const UpstreamFault& fault);
   Deliveries TakeLost(Clock::Time now, Clock::Time* next);
   ServiceFault Blocked(Clock::Time now, size_t ahead);
   ServiceFault TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt = {});
-  Clock::Date DateOf(Clock::Time time) const;
 
   // Without it:
   void Work();
@@ -141,13 +142,10 @@ class Gateway final : public AnswerSource {
   std::condition_variable workable_;   // a flight to call, another time for it, or the end
   std::condition_variable expirable_;  // a waiter, another time, or the end
   bool isStopping_ = false;
-  Budget budget_;
+  Pace pace_;
   FairQueue<FlightPointer> queue_;
   std::unordered_map<std::string, FlightPointer> flights_;
   uint64_t landed_ = 0;  // flights that have ended
-  Clock::Time pausedUntil_ = Clock::Time::min();
-  UpstreamFault pause_;
-  unsigned failures_ = 0;  // in a row
   Clock::Time loggedAt_ = Clock::Time::min();
   GatewayState counts_;
 

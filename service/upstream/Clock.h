@@ -19,6 +19,11 @@ class Clock {
   virtual Time Now() const { return std::chrono::steady_clock::now(); }
   virtual Date Today() const { return std::chrono::system_clock::now(); }
 
+  // Returns when on the system's clock `time` is.
+  Date DateOf(Time time) const {
+    return Today() + std::chrono::duration_cast<Date::duration>(time - Now());
+  }
+
   // Waits until `condition` is notified or `until` has come; may return earlier. `lock` is held.
   virtual void Wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock,
                     Time until) const {

@@ -7,10 +7,11 @@ namespace {
 
 constexpr int kTooManyRequests = 429;
 
-FaultKind KindOf(HttpOutcome outcome, bool isSent) {
-  return !isSent                            ? FaultKind::Unreachable
-         : outcome == HttpOutcome::TimedOut ? FaultKind::TimedOut
-                                            : FaultKind::BadReply;
+// A server that closes without a word has failed whatever it was asked for.
+FaultKind KindOf(const HttpReply& reply) {
+  return reply.requests == 0 || reply.outcome == HttpOutcome::NoAnswer ? FaultKind::Unreachable
+         : reply.outcome == HttpOutcome::TimedOut                      ? FaultKind::TimedOut
+                                                                       : FaultKind::BadReply;
 }
 
 }  // namespace
@@ -33,11 +34,11 @@ std::variant<HttpAnswer, HttpClient::Failure> HttpClient::Send(const HttpCall& c
   std::unique_ptr<HttpFetch> connection = TakeConnection();
   HttpReply reply = connection->Send(request, limits);
   PutBack(std::move(connection));
+  const auto calls = static_cast<size_t>(reply.requests);  // two where a kept connection had ended
   if (reply.outcome == HttpOutcome::Answered) {
-    return HttpAnswer{reply.status, std::move(reply.body), reply.retryAfter};
+    return HttpAnswer{reply.status, std::move(reply.body), reply.retryAfter, calls};
   }
-  const bool isSent = reply.requests > 0;
-  return Failure{KindOf(reply.outcome, isSent), isSent, std::move(reply.detail)};
+  return Failure{KindOf(reply), calls, std::move(reply.detail)};
 }
 
 std::unique_ptr<HttpFetch> HttpClient::TakeConnection() {

@@ -24,6 +24,7 @@ struct HttpAnswer {
   int status = 0;
   std::string body;
   std::optional<std::chrono::seconds> retryAfter;  // the header of that name, either form of it
+  size_t calls = 1;                                // that the server may have seen
 };
 
 // Asks an HTTP or HTTPS server, within the limits of HttpFetch. Redirects are not followed, since a
@@ -44,7 +45,7 @@ class HttpClient {
   // No answer at all.
   struct Failure {
     FaultKind kind = FaultKind::Unreachable;  // or TimedOut, BadReply
-    bool isSent = false;                      // the server may have seen the call
+    size_t calls = 0;                         // that the server may have seen
     std::string detail;
   };
 

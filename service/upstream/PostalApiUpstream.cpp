@@ -58,9 +58,14 @@ UpstreamOutcome PostalApiUpstream::Call(const RequestAddress& normal, const std:
       client_.Send({addressUrl_ + PostalApi::QueryFor(normal),
                     {"Authorization: Bearer " + token, "Accept: application/json"}});
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
-    return {UpstreamFault{failure->kind, {}, failure->detail}, failure->isSent ? 1U : 0U};
+    return {UpstreamFault{failure->kind, {}, failure->detail}, failure->calls};
   }
-  return {PostalApi::Read(std::get<HttpAnswer>(answer), normal, *zips_()), 1};
+  const auto& reply = std::get<HttpAnswer>(answer);
+  UpstreamOutcome outcome{PostalApi::Read(reply, normal, *zips_()), reply.calls};
+  // The API says of every address whether mail can be delivered there.
+  const auto* const fields = std::get_if<ReplyFields>(&outcome.answer);
+  outcome.isComplete = fields == nullptr || !fields->dpvConfirmation.empty();
+  return outcome;
 }
 
 }  // namespace postwright::service

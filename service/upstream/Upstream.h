@@ -45,7 +45,8 @@ using UpstreamAnswer = std::variant<ReplyFields, postal::Rejection, UpstreamFaul
 
 struct UpstreamOutcome {
   UpstreamAnswer answer;
-  size_t calls = 1;  // that counted against the upstream's quota
+  size_t calls = 1;        // that counted against the upstream's quota
+  bool isComplete = true;  // false: another call may bring what this answer lacks
 };
 
 // Somebody who is asked for an address, one at a time, and who is limited, slow or away at times.

@@ -30,10 +30,10 @@ UpstreamOutcome VerifyXmlUpstream::Ask(const RequestAddress& normal) {
   const std::string document = VerifyXml::Compose(normal, credentials.userId, credentials.password);
   const auto answer = client_.Send({verifyUrl_ + EscapeQuery(document), {"Accept: text/xml"}});
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
-    return {UpstreamFault{failure->kind, {}, failure->detail}, failure->isSent ? 1U : 0U};
+    return {UpstreamFault{failure->kind, {}, failure->detail}, failure->calls};
   }
   const auto& reply = std::get<HttpAnswer>(answer);
-  return {reply.status == kOk ? VerifyXml::Read(reply.body) : FaultOfStatus(reply), 1};
+  return {reply.status == kOk ? VerifyXml::Read(reply.body) : FaultOfStatus(reply), reply.calls};
 }
 
 void VerifyXmlUpstream::ReloadCredentials() {

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <thread>
 
+#include "service/UserList.h"
 #include "tests/service/Daemon.h"
 #include "tests/service/Socket.h"
 #include "tests/support/TempFolder.h"
@@ -70,6 +71,22 @@ TEST(DaemonTest, AnswersItsUsersAlone) {
             "users: line 2: is not a USERID of up to 100 letters without a blank; the old "
             "list of users stays in use");
   EXPECT_FALSE(IsGood(Ask(client)));
+  folder.Write("users", std::string(UserList::kLongestName, 'a') + "\n1\n");
+  daemon.Signal(SIGHUP);
+  AwaitLine(daemon, "the list of users was read again");
+  EXPECT_TRUE(IsGood(Ask(client)));
+  folder.Write("users", std::string(UserList::kLongestName + 1, 'a') + '\n');
+  daemon.Signal(SIGHUP);
+  AwaitLine(daemon, "the old list of users stays in use");
+}
+
+// A client's text can neither end the quotes around it nor reach a terminal's controls.
+TEST(DaemonTest, LogsAddressesInTheirQuotes) {
+  Daemon daemon({"--listen", "127.0.0.1:0", "--log-addresses"});
+  Socket client(daemon.ReadAddress());
+  Ask(client, "1\"|\\%C2%9B2J%C2%85%E2%80%AE");
+  const std::string line = daemon.ReadLine();
+  EXPECT_NE(line.find(" asked=\"1\\\"\\|\\\\?2J??|"), std::string::npos) << line;
 }
 
 TEST(DaemonTest, ReadsItsBaseAgainUnderRequests) {
@@ -146,6 +163,8 @@ TEST(DaemonTest, SaysWhatWouldBeRight) {
       {{"--upstream", "postal-v3", "--credentials", keys, "--deadline", "30s"},
        2,
        "--request-time: must be longer than a silence and an answer together, which may take 60s"},
+      {{"--credentials", "/nonexistent", "--fallback", "base"}, 2, " requires --upstream"},
+      {{"--trusted-proxy", "localhost"}, 2, "'localhost' is not an address"},
       {{"--fallback", "cache"}, 2, "takes 'base' or 'none'"},
       {{"--upstream", "postal-v3", "--credentials", "/nonexistent"}, 1, "/nonexistent: cannot be"},
       {{"--upstream", "postal-v3", "--credentials", keys, "--cache", "/dev/null/a"},

@@ -5,6 +5,7 @@
 #include <functional>
 #include <future>
 
+#include "service/VerifyService.h"
 #include "service/gateway/FallbackSource.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/support/TempFolder.h"
@@ -93,6 +94,13 @@ class ScriptedUpstream final : public Upstream {
   int arrived_ = 0;
   int allowed_ = 1'000'000;
   bool isStopped_ = false;
+};
+
+// A source that can answer nothing.
+class LocalNothing final : public AnswerSource {
+  void Find(const RequestAddress&, const std::string&, Done done) override {
+    done(ServiceFault{"80040B18", "", ""});
+  }
 };
 
 std::string Show(const AddressAnswer& answer) {
@@ -203,6 +211,7 @@ TEST_F(GatewayTest, KeepsWithinItsBudgetOverARestart) {
   EXPECT_EQ(Ask("1"), "found");
   upstream_.Fail(FaultKind::BadReply, {}, 2);  // a call and its repetition
   EXPECT_EQ(Ask("2"), "bad-reply");
+  EXPECT_EQ(gateway_->State().budgetLeft, 0U);  // booked at once, not by the file alone
   Start();
   upstream_.Find();
   for (const char* number : {"3", "4"}) {
@@ -334,6 +343,55 @@ TEST_F(GatewayTest, AnswersManyAtOnce) {
   }
   EXPECT_EQ(found, 800);
   EXPECT_EQ(Calls(), 100U);
+}
+
+// What lacks the confirmation today may have it tomorrow.
+TEST_F(GatewayTest, KeepsNoIncompleteAnswer) {
+  upstream_.Say({ScriptedUpstream::Found(), 1, false});
+  EXPECT_EQ(Ask("1"), "found");
+  while (gateway_->State().calling > 0) {
+  }
+  upstream_.Find();
+  while (Calls() < 2) {  // joined while the call before is being finished
+    EXPECT_EQ(Ask("1"), "found");
+  }
+  EXPECT_EQ(cache_->Failures(), 0U);
+}
+
+// Whoever asks with itself in the answer's way is answered before it is gone.
+TEST_F(GatewayTest, NoAnswerComesToWhatIsNoMore) {
+  upstream_.Hold();
+  Start();
+  std::string body;
+  {
+    LocalNothing local;
+    FallbackSource fallback(*gateway_, local);
+    VerifyService service(fallback, nullptr, {});
+    service.Answer({"GET", "/ShippingAPI.dll",
+                    "API=Verify&XML=<AddressValidateRequest USERID='1'><Address><Address2>1 main st"
+                    "</Address2><City>Austin</City><State>TX</State></Address>"
+                    "</AddressValidateRequest>",
+                    ""},
+                   [&](const HttpReply& reply) { body = reply.body; });
+    upstream_.Await(1);
+    EXPECT_EQ(body, "");
+  }
+  EXPECT_NE(body.find("80040B18"), std::string::npos) << body;
+  EXPECT_EQ(Ask("2"), "stopping");
+}
+
+TEST(FairQueueTest, DisplacesOnlyFromALongerLane) {
+  FairQueue<int> queue;
+  queue.Push("batch", 1);
+  queue.Push("batch", 2);
+  queue.Push("window", 3);
+  EXPECT_EQ(queue.Displace("window"), std::nullopt);  // both would have two
+  queue.Push("batch", 4);
+  EXPECT_EQ(queue.Displace("batch"), std::nullopt);
+  EXPECT_EQ(queue.Displace("window"), 4);
+  EXPECT_EQ(queue.Displace("another"), 2);
+  EXPECT_EQ(queue.Displace("another"), std::nullopt);
+  EXPECT_EQ(queue.Size(), 2U);
 }
 
 TEST_F(GatewayTest, FallsBackOnTheBaseUnconfirmed) {

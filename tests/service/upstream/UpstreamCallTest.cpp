@@ -45,9 +45,10 @@ TEST(HttpClientTest, EndsWhateverTheServerDoes) {
     const LoopbackServer server(shape.answer);
     const auto answer = client.Send({"http://" + server.GetEndpoint() + "/x", {}});
     if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
-      EXPECT_EQ(failure->kind,
-                shape.end == HttpOutcome::TimedOut ? FaultKind::TimedOut : FaultKind::BadReply);
-      EXPECT_TRUE(failure->isSent);
+      EXPECT_EQ(failure->kind, shape.end == HttpOutcome::TimedOut   ? FaultKind::TimedOut
+                               : shape.end == HttpOutcome::NoAnswer ? FaultKind::Unreachable
+                                                                    : FaultKind::BadReply);
+      EXPECT_EQ(failure->calls, 1U);
       EXPECT_NE(shape.end, HttpOutcome::Answered) << failure->detail;
     } else {
       EXPECT_EQ(shape.end, HttpOutcome::Answered);
@@ -168,7 +169,7 @@ TEST_F(PostalUpstreamTest, TellsFailuresApart) {
     std::string rest;
     const char* result;
   } rows[] = {
-      {"closed at once", "", "bad-reply"},
+      {"closed at once", "", "unreachable"},
       {"half an answer", head + std::string(100, ' '), "bad-reply"},
       {"too long", head + std::string(4999, ' '), "bad-reply"},
       {"no HTTP", "SSH-2.0-OpenSSH\r\n", "bad-reply"},
@@ -176,9 +177,10 @@ TEST_F(PostalUpstreamTest, TellsFailuresApart) {
   };
   for (const auto& row : rows) {
     api_.Break(row.rest);
+    const int before = api_.Addresses();
     const UpstreamOutcome outcome = Ask();
     EXPECT_EQ(Show(outcome), row.result) << row.bytes;
-    EXPECT_EQ(outcome.calls, 1U) << row.bytes;
+    EXPECT_EQ(outcome.calls, static_cast<size_t>(api_.Addresses() - before)) << row.bytes;
   }
   api_.Hold();
   EXPECT_EQ(Show(Ask()), "timed-out");
