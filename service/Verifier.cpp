@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/AsciiText.h"
+#include "postal/cut/LineCutter.h"
 #include "postal/lines/Standardiser.h"
 #include "postal/places/CityName.h"
 #include "postal/places/LastLine.h"
@@ -84,6 +85,25 @@ void TakeMatch(postal::MatchedAddress& match, ReplyFields& fields) {
   fields.centralDeliveryPoint = "N";
 }
 
+// Says whether the street is another than was asked for, not only written otherwise.
+bool IsStreetChanged(const postal::StandardLines& asked, const postal::MatchedAddress& match) {
+  if (!match.elementChanged) {
+    return match.nameChanged;
+  }
+  postal::StreetLine street = *asked.street;
+  street.units.clear();
+  const std::string line = JoinWords(street.Compose());
+  return !(match.lines.address2 + ' ').starts_with(line + ' ');
+}
+
+// An add-on that no source contradicts stays: it was right where the user has it from. It belongs
+// to a street and a ZIP code, and to a number that may be there.
+bool KeepsAddOn(const postal::StandardLines& asked, const postal::MatchedAddress& match) {
+  constexpr std::string_view kNumberIsWrong = "AAM3";
+  return match.zip4.empty() && !match.placed.zipCorrected && match.dpvFootnotes != kNumberIsWrong &&
+         !IsStreetChanged(asked, match);
+}
+
 }  // namespace
 
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
@@ -100,11 +120,35 @@ void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) 
 }
 
 // Never a ServiceFault.
-AddressAnswer Verifier::Decide(const RequestAddress& asked,
-                               postal::Explanation* explanation) const {
+AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* explanation) const {
+  if (sent.cutShort || !Fold(sent)) {
+    return postal::Rejection::InvalidAddress;
+  }
+  std::optional<postal::AddressBase::Lease> lease;
+  if (addresses_ != nullptr) {
+    lease.emplace(addresses_->Borrow());
+  }
+  postal::BaseReader* const reader = lease ? &**lease : nullptr;
+  const auto cut = postal::LineCutter(base_, reader)
+                       .Cut({sent.address1, sent.address2, sent.city, sent.state, sent.zip5});
+  if (!cut) {
+    postal::Explain(explanation, "the lines could be those of several addresses");
+    return postal::Rejection::InvalidAddress;
+  }
+  RequestAddress asked = sent;
+  asked.address2 = cut->address2;
+  asked.city = cut->city;
+  AddressAnswer answer = DecideWhole(asked, reader, explanation);
+  if (auto* const fields = std::get_if<ReplyFields>(&answer)) {
+    fields->PutAbove(cut->above);
+  }
+  return answer;
+}
+
+AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, postal::BaseReader* reader,
+                                    postal::Explanation* explanation) const {
   std::optional<FoldedAddress> folded = Fold(asked);
-  if (!folded || asked.cutShort ||
-      !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
+  if (!folded || !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
     return postal::Rejection::InvalidAddress;
   }
   postal::AddressQuestion question;
@@ -121,7 +165,7 @@ AddressAnswer Verifier::Decide(const RequestAddress& asked,
   }
   const bool standardised = *lines != folded->lines;
   question.lines = std::move(*lines);
-  postal::AddressMatcher::Answer matched = MatchStreet(question, explanation);
+  postal::AddressMatcher::Answer matched = MatchStreet(question, reader, explanation);
   if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {
     return *rejection;
   }
@@ -130,14 +174,17 @@ AddressAnswer Verifier::Decide(const RequestAddress& asked,
   auto& fields = std::get<ReplyFields>(answer);
   fields.firmName = StandardFirm(folded->firmName);
   fields.footnotes = Footnotes(match, standardised);
+  if (KeepsAddOn(question.lines, match)) {
+    match.zip4 = asked.AddOn();
+  }
   TakeMatch(match, fields);
   return answer;
 }
 
 postal::AddressMatcher::Answer Verifier::MatchStreet(const postal::AddressQuestion& question,
+                                                     postal::BaseReader* reader,
                                                      postal::Explanation* explanation) const {
-  if (addresses_ != nullptr) {
-    const postal::AddressBase::Lease reader = addresses_->Borrow();
+  if (reader != nullptr) {
     return postal::AddressMatcher(base_, *reader, explanation).Match(question);
   }
   if (const auto* rejection = std::get_if<postal::Rejection>(&question.lastLine)) {

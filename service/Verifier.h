@@ -16,10 +16,12 @@ namespace postwright::service {
 //   const Verifier verifier(base);
 //   const ReplyAddress reply = verifier.Verify(request.addresses[0]);
 //
-// City, state and ZIP are checked against one another (LastLineChecker), the delivery line is
+// What a parser without a list of cities has cut wrongly is cut anew (LineCutter), then city, state
+// and ZIP are checked against one another (LastLineChecker), the delivery line is
 // brought into its standard form (Standardiser). Without an address base no streets are known: an
-// address that is placed is answered as not confirmed (DPVConfirmation N), its Zip4 is empty
-// whatever was asked. With one, AddressMatcher confirms and corrects it.
+// address that is placed is answered as not confirmed (DPVConfirmation N). With one, AddressMatcher
+// confirms and corrects it. A ZIP+4 add-on that was asked for is given back where no source has
+// another and neither street, number nor ZIP code is found wrong.
 //
 // Borrows the bases. Any thread may call Verify.
 class Verifier final : public AnswerSource {
@@ -37,8 +39,11 @@ class Verifier final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
-  AddressAnswer Decide(const RequestAddress& asked, postal::Explanation* explanation) const;
+  AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
+  AddressAnswer DecideWhole(const RequestAddress& asked, postal::BaseReader* reader,
+                            postal::Explanation* explanation) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
+                                             postal::BaseReader* reader,
                                              postal::Explanation* explanation) const;
 
   const postal::ZipList& base_;

@@ -6,6 +6,7 @@
 
 #include "common/SmallText.h"
 #include "service/http/FormFields.h"
+#include "service/protocol/CutQuery.h"
 #include "service/protocol/VerifyReply.h"
 
 namespace postwright::service {
@@ -117,8 +118,8 @@ void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
     return respond({404, "text/plain; charset=UTF-8",
                     "Nothing is here. Ask for " + path_ + "?API=Verify&XML=...\n", "path=other"});
   }
-  const FormFields query(request.query);
-  const FormFields body(request.body);
+  const FormFields query(JoinCutReferences(request.query));
+  const FormFields body(JoinCutReferences(request.body));
   const auto field = [&](std::string_view name) {
     const auto inQuery = query.Find(name);
     return inQuery ? inQuery : body.Find(name);

@@ -54,6 +54,7 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
       unitZip4_(file_,
                 "SELECT zip4 FROM point WHERE street=? AND number=? AND unit=? AND zip4<>''"),
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
+      cityNames_(file_, "SELECT DISTINCT name FROM city WHERE zip=?"),
       zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
 
 BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
@@ -136,6 +137,14 @@ std::string BaseReader::UnitZip4(int64_t street, const std::string& number,
 std::string BaseReader::CityName(const std::string& zip, const std::string& key) {
   Query query(cityName_, {zip, key});
   return query.Step() ? cityName_.Text(0) : std::string();
+}
+
+std::vector<std::string> BaseReader::CityNames(const std::string& zip) {
+  std::vector<std::string> names;
+  for (Query query(cityNames_, {zip}); query.Step();) {
+    names.push_back(cityNames_.Text(0));
+  }
+  return names;
 }
 
 std::vector<std::string> BaseReader::ZipsOfCity(const std::string& key) {

@@ -71,6 +71,9 @@ class BaseReader {
   // none does.
   std::string CityName(const std::string& zip, const std::string& key);
 
+  // Returns every name that a source gives a place of the ZIP code.
+  std::vector<std::string> CityNames(const std::string& zip);
+
   // Returns the ZIP codes in which a source has a place of that key.
   std::vector<std::string> ZipsOfCity(const std::string& key);
 
@@ -98,6 +101,7 @@ class BaseReader {
   SqliteStatement ranges_;
   SqliteStatement unitZip4_;
   SqliteStatement cityName_;
+  SqliteStatement cityNames_;
   SqliteStatement zipsOfCity_;
 };
 

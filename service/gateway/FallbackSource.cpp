@@ -6,11 +6,14 @@ namespace postwright::service {
 namespace {
 
 // Leaves of an answer what is true of an address that nobody has confirmed.
-ReplyFields Unconfirmed(ReplyFields fields) {
+ReplyFields Unconfirmed(ReplyFields fields, const std::string& askedAddOn) {
+  if (fields.zip4 != askedAddOn) {
+    fields.zip4.clear();
+  }
   for (const auto field :
-       {&ReplyFields::zip4, &ReplyFields::deliveryPoint, &ReplyFields::returnText,
-        &ReplyFields::carrierRoute, &ReplyFields::dpvCmra, &ReplyFields::dpvFootnotes,
-        &ReplyFields::business, &ReplyFields::vacant}) {
+       {&ReplyFields::deliveryPoint, &ReplyFields::returnText, &ReplyFields::carrierRoute,
+        &ReplyFields::dpvCmra, &ReplyFields::dpvFootnotes, &ReplyFields::business,
+        &ReplyFields::vacant}) {
     (fields.*field).clear();
   }
   fields.dpvConfirmation = 'N';
@@ -27,9 +30,10 @@ void FallbackSource::Find(const RequestAddress& asked, const std::string& asker,
       return done(std::move(answer));
     }
     ++count_;
-    second_.Find(asked, asker, [done](AddressAnswer local) {
+    second_.Find(asked, asker, [done, addOn = asked.AddOn()](AddressAnswer local) {
       auto* const fields = std::get_if<ReplyFields>(&local);
-      done(fields == nullptr ? std::move(local) : AddressAnswer(Unconfirmed(std::move(*fields))));
+      done(fields == nullptr ? std::move(local)
+                             : AddressAnswer(Unconfirmed(std::move(*fields), addOn)));
     });
   });
 }

@@ -87,7 +87,16 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
     }
     return done(*rejection);
   }
-  const std::string key = KeyOf(std::get<RequestAddress>(normal));
+  const RequestAddress& address = std::get<NormalRequest>(normal).address;
+  if (const std::string& above = std::get<NormalRequest>(normal).above; !above.empty()) {
+    done = [above, done = std::move(done)](AddressAnswer answer) {
+      if (auto* const fields = std::get_if<ReplyFields>(&answer)) {
+        fields->PutAbove(above);
+      }
+      done(std::move(answer));
+    };
+  }
+  const std::string key = KeyOf(address);
   std::unique_lock lock(mutex_);
   for (;;) {
     const uint64_t landed = landed_;
@@ -103,7 +112,7 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
       break;  // no flight has landed since the cache was asked, so this address's has not, either
     }
   }
-  Deliveries deliveries = Enter(key, std::get<RequestAddress>(normal), asker, std::move(done));
+  Deliveries deliveries = Enter(key, address, asker, std::move(done));
   lock.unlock();
   Deliver(std::move(deliveries));
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/AsciiText.h"
+#include "postal/cut/LineCutter.h"
 #include "postal/places/CityName.h"
 #include "postal/words/Lexicon.h"
 
@@ -42,24 +43,14 @@ std::string SingleBlanks(const std::string& folded) {
   return text;
 }
 
-std::string Digits(std::string_view text) {
-  std::string digits;
-  std::copy_if(text.begin(), text.end(), std::back_inserter(digits), IsDigit);
-  return digits;
-}
-
 // Takes Zip5 and Zip4 apart again where one field holds both, and drops what is not whole.
 void SplitZip(RequestAddress& address) {
   constexpr size_t kZip = 5;
   constexpr size_t kAddOn = 4;
-  const std::string digits = Digits(address.zip5);
-  std::string addOn = Digits(address.zip4);
-  if (digits.size() == kZip + kAddOn && addOn.empty()) {
-    addOn = digits.substr(kZip);
-  }
-  const bool whole = digits.size() == kZip || digits.size() == kZip + kAddOn;
-  address.zip5 = whole ? digits.substr(0, kZip) : "";
-  address.zip4 = whole && addOn.size() == kAddOn ? addOn : "";
+  std::string zip;
+  std::copy_if(address.zip5.begin(), address.zip5.end(), std::back_inserter(zip), IsDigit);
+  address.zip4 = address.AddOn();
+  address.zip5 = zip.size() == kZip || zip.size() == kZip + kAddOn ? zip.substr(0, kZip) : "";
 }
 
 // Finds the state and says what is missing of the last line, where something is.
@@ -89,13 +80,22 @@ std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
 
 }  // namespace
 
-std::variant<RequestAddress, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
-                                                                 const postal::ZipList& base) {
-  RequestAddress address = asked;
+std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
+                                                                const postal::ZipList& base) {
+  NormalRequest normal{asked, {}};
+  RequestAddress& address = normal.address;
   address.id.reset();
   if (asked.cutShort || !Fold(address)) {
     return postal::Rejection::InvalidAddress;
   }
+  auto cut = postal::LineCutter(base, nullptr)
+                 .Cut({asked.address1, asked.address2, asked.city, asked.state, asked.zip5});
+  if (!cut) {
+    return postal::Rejection::InvalidAddress;
+  }
+  normal.above = std::move(cut->above);
+  address.address2 = FoldToAscii(cut->address2).value_or("");
+  address.city = FoldToAscii(cut->city).value_or("");
   address.firmName = SingleBlanks(address.firmName);
   address.address1 = Plain(address.address1);
   address.address2 = Plain(address.address2);
@@ -111,7 +111,7 @@ std::variant<RequestAddress, postal::Rejection> NormaliseRequest(const RequestAd
   if (const auto rejection = CompleteLastLine(address, base)) {
     return *rejection;
   }
-  return address;
+  return normal;
 }
 
 std::string KeyOf(const RequestAddress& normal) {

@@ -100,6 +100,16 @@ std::string RootError(std::string_view number, std::string_view description) {
 
 }  // namespace
 
+void ReplyFields::PutAbove(const std::string& lines) {
+  if (lines.empty()) {
+    return;
+  }
+  address2.insert(0, lines + '\n');
+  if (!address2Abbreviation.empty()) {
+    address2Abbreviation.insert(0, lines + '\n');
+  }
+}
+
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
   constexpr size_t kUsualLength = 400;  // of one address
   const auto fault =

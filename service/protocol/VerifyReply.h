@@ -43,6 +43,10 @@ struct ReplyFields {
   std::string vacant;
 
   bool operator==(const ReplyFields&) const = default;
+
+  // Puts lines that are no part of the address, set apart by line feeds, in front of the delivery
+  // line: there is no other place where clients look for them.
+  void PutAbove(const std::string& lines);
 };
 
 // Why nothing can be said of an address now, as the root `Error` tells the client.

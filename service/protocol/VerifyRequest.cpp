@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/AsciiText.h"
 #include "service/protocol/XmlDocument.h"
 
 namespace postwright::service {
@@ -54,6 +55,23 @@ std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document) 
 }
 
 }  // namespace
+
+std::string RequestAddress::AddOn() const {
+  constexpr size_t kZip = 5;
+  constexpr size_t kAddOn = 4;
+  const auto digits = [](const std::string& text) {
+    std::string found;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(found), IsDigit);
+    return found;
+  };
+  const std::string zip = digits(zip5);
+  std::string addOn = digits(zip4);
+  if (zip.size() == kZip + kAddOn && addOn.empty()) {
+    addOn = zip.substr(kZip);
+  }
+  const bool whole = zip.size() == kZip || zip.size() == kZip + kAddOn;
+  return whole && addOn.size() == kAddOn ? addOn : std::string();
+}
 
 std::variant<VerifyRequest, RequestFault> VerifyRequest::Read(std::string_view document) {
   if (document.size() > kLongestDocument) {

@@ -9,8 +9,8 @@
 
 namespace postwright::service {
 
-// One address as it was asked for: UTF-8, as the client wrote it. Elements that the client left out
-// are empty.
+// One address as it was asked for: UTF-8, as the client wrote it, lines within a field set apart by
+// line feeds. Elements that the client left out are empty.
 struct RequestAddress {
   std::optional<std::string> id;  // the attribute ID; the answer has one only if the request had
   std::string firmName;
@@ -22,6 +22,10 @@ struct RequestAddress {
   std::string zip5;
   std::string zip4;
   bool cutShort = false;  // the document ended within this address
+
+  // Returns the ZIP+4 add-on: four digits of Zip4, or the last four of nine in Zip5; empty where
+  // there is none.
+  std::string AddOn() const;
 };
 
 // Why a document as a whole cannot be answered.

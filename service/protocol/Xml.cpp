@@ -15,8 +15,9 @@ std::string_view Escape(char c) {
       return "&gt;";
     case '"':
       return "&quot;";
-    case '\t':
     case '\n':
+      return "&#10;";  // as itself it would be a blank to who reads it
+    case '\t':
     case '\r':
       return " ";
     default:

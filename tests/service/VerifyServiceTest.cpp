@@ -86,7 +86,7 @@ const DocumentCase kDocuments[] = {
      Response("<Address ID=\"0\"><FirmName>SMITH &amp; SONS, INC.</FirmName>"
               "<Address1>STE 5</Address1><Address2>12 MAIN ST</Address2>"
               "<City>EAST STROUDSBURG</City><CityAbbreviation>E STROUDSBURG</CityAbbreviation>"
-              "<State>PA</State><Zip5>18302</Zip5><Zip4/><Footnotes>N</Footnotes>" +
+              "<State>PA</State><Zip5>18302</Zip5><Zip4>1234</Zip4><Footnotes>N</Footnotes>" +
               std::string(kNotConfirmed) + "</Address>")},
     {"short form has the short city",
      Request("<Address ID=\"0\"><Address2>12 MAIN ST</Address2><City>E STROUDSBURG</City>"
@@ -293,12 +293,21 @@ const QueryCase kQueries[] = {
       ""},
      Response("<Address ID=\"0\"><Address2>12 A AND B ST</Address2><City>AUSTIN</City>"
               "<State>TX</State><Zip5>78701</Zip5><Zip4/></Address>")},
-    {"bare ampersand of an entity",
+    {"bare ampersand of an entity that XML does not have",
      {"GET", kPath,
       "API=Verify&XML=%3CAddressValidateRequest%20USERID=%221%22%3E%3CAddress%20ID=%220%22%3E"
-      "%3CAddress2%3EJANE&%23x0A;PSC%201%20BOX%202%3C/Address2%3E%3CCity%3EAPO%3C/City%3E",
+      "%3CAddress2%3EJANE&nbsp;PSC%201%20BOX%202%3C/Address2%3E%3CCity%3EAPO%3C/City%3E",
       ""},
      Response("<Address ID=\"0\">" + kInvalid + "</Address>")},
+    {"lines above a military address",
+     {"GET", kPath,
+      "API=Verify&XML=%3CAddressValidateRequest%20USERID=%221%22%3E%3CAddress%20ID=%220%22%3E"
+      "%3CAddress2%3EJOS%C3%89%20P&%23x0A;PSC%201%20BOX%202%3C/Address2%3E%3CCity%3EAPO%3C/City%3E"
+      "%3CState%3EAE%3C/State%3E%3CZip5%3E09096%3C/Zip5%3E%3C/Address%3E"
+      "%3C/AddressValidateRequest%3E",
+      ""},
+     Response("<Address ID=\"0\"><Address2>JOS\xC3\x89 P&#10;PSC 1 BOX 2</Address2><City>APO</City>"
+              "<State>AE</State><Zip5>09096</Zip5><Zip4/></Address>")},
     {"broken escapes stand for themselves", {"GET", kPath, "API=Verify&XML=%", ""}, kSyntax},
     {"no document", {"GET", kPath, "API=Verify", ""}, kSyntax},
     {"another API",

@@ -11,11 +11,12 @@ namespace {
 
 const std::filesystem::path kSample = std::filesystem::path(POSTWRIGHT_SOURCE_DIR) / "data/sample";
 
-// "MILLRACE OH 00011", without a ZIP code or with one.
+// "MILLRACE OH 00011", without a ZIP code, with one, or with its add-on.
 void ReadPlace(std::string place, service::RequestAddress& asked) {
   if (IsDigit(place.back())) {
-    asked.zip5 = place.substr(place.size() - 5);
-    place.resize(place.size() - 6);
+    const size_t blank = place.rfind(' ');
+    asked.zip5 = place.substr(blank + 1);
+    place.resize(blank);
   }
   asked.state = place.substr(place.size() - 2);
   asked.city = place.substr(0, place.size() - 3);

@@ -28,7 +28,7 @@ std::string Show(const RequestAddress& asked) {
   if (const auto* rejection = std::get_if<postal::Rejection>(&normal)) {
     return std::string(VerifyReply::NumberOf(*rejection));
   }
-  std::string key = KeyOf(std::get<RequestAddress>(normal));
+  std::string key = KeyOf(std::get<NormalRequest>(normal).address);
   std::replace(key.begin(), key.end(), '\x1F', '|');
   return key;
 }
@@ -46,6 +46,10 @@ TEST(NormalRequestTest, BringsWritingsOfOneAddressTogether) {
       {"the line in Address1 alone", Address("12 Main St Apt 4", "", "Austin", "tx", "78701-1234"),
        key},
       {"nine digits", Address("", "12 Main St Apt 4", "Austin", "", "787011234"), key},
+      {"cut anew by the ZIP code's city", Address("", "3867 HILL AVE GLN", "BURNIE", "MD", "21060"),
+       "||3867 HILL AVE|GLEN BURNIE|MD||21060||"},
+      {"lines that are not the address's",
+       Address("", "JANE DOE\nPSC 1 BOX 2", "APO", "AE", "09096"), "||PSC 1 BOX 2|APO|AE||09096||"},
       {"half an add-on", Address("", "12 A ST", "Austin", "TX", "78701", "12"),
        "||12 A ST|AUSTIN|TX||78701||"},
       {"the state follows from the ZIP", Address("", "12 A ST", "", "", "02134"),

@@ -1,0 +1,351 @@
+#include "postal/cut/LineCutter.h"
+
+#include <algorithm>
+
+#include "postal/base/StreetMatcher.h"
+#include "postal/cut/LineCollector.h"
+#include "postal/cut/SentWords.h"
+#include "postal/lines/BoxLine.h"
+#include "postal/lines/Standardiser.h"
+#include "postal/places/CityName.h"
+#include "postal/places/LastLine.h"
+#include "postal/words/Lexicon.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr size_t kShortestStreet = 2;  // words: a number and a name
+
+std::string Folded(const std::string& field) {
+  return TidyLine(FoldToAscii(field).value_or(""));
+}
+
+bool ReadsAsDeliveryLine(const Words& words, const std::string& state) {
+  return words.size() >= kShortestStreet &&
+         Standardiser::Standardise({"", JoinWords(words), ""}, state).has_value();
+}
+
+}  // namespace
+
+struct LineCutter::Question {
+  // The delivery line and the city in one.
+  Words All() const {
+    Words all;
+    for (const Lines* const field : {&lines, &cityLines}) {
+      for (const SentLine& line : *field) {
+        Append(all, line.words);
+      }
+    }
+    return all;
+  }
+
+  Words Street() const { return UpTo(words, boundary); }
+  Words City() const { return From(words, boundary); }
+
+  // Of a street with a box on the line below only the box is left (USPS Publication 28, section
+  // 215). Returns false where what is in front is no street.
+  bool SetStreetAbove() {
+    for (size_t at = 1; at < lines.size(); ++at) {
+      const auto box = ReadPostOfficeBox(lines[at].words);
+      if (!box) {
+        continue;
+      }
+      const auto street = ReadStreet(lines[0].words, state);
+      if (at > 1 || !box->aside.empty() || !street || street->suffix.empty()) {
+        return false;
+      }
+      above = lines[0].text;
+      lines.erase(lines.begin());
+      break;
+    }
+    words = All();
+    for (const SentLine& line : lines) {
+      boundary += line.words.size();
+    }
+    return true;
+  }
+
+  std::string above;  // lines set above
+  Lines lines;        // of the delivery line; at least one
+  Lines cityLines;    // the last of them is the city
+  std::string state;
+  std::string zip5;
+  std::vector<std::string> names;  // of the ZIP code
+  Words words;                     // all
+  size_t boundary = 0;             // the first word of the city as it was sent
+};
+
+std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
+  auto lines = SplitSentLines(sent.address2);
+  auto cityLines = SplitSentLines(sent.city);
+  if (!lines || !cityLines || lines->empty()) {
+    return CutAddress{"", sent.address2, sent.city};
+  }
+  Question question;
+  question.lines = std::move(*lines);
+  question.cityLines = std::move(*cityLines);
+  question.zip5 = LastLineChecker::Zip5Of(Folded(sent.zip));
+  question.state = LastLineChecker::StateOf(Folded(sent.state));
+  if (IsMilitary(question)) {
+    return CutMilitary(question, sent.city);
+  }
+  if (!question.SetStreetAbove()) {
+    return std::nullopt;
+  }
+  const ZipList::City* const ofZip = zips_.FindZip(question.zip5);
+  if (question.state.empty() && ofZip != nullptr) {
+    question.state = ofZip->state;
+  }
+  question.names = NamesOf(question.zip5);
+  for (size_t i = 1; i < question.lines.size(); ++i) {
+    if (PlaceOfNext(question.lines[i].words) == LinePlace::Unsure) {
+      return std::nullopt;
+    }
+  }
+  return question.cityLines.size() > 1 ? CutAtBreak(question) : CutAtName(question, sent.city);
+}
+
+bool LineCutter::IsMilitary(const Question& question) {
+  return IsMilitaryState(question.state) ||
+         (!question.cityLines.empty() && IsMilitaryCity(question.cityLines.back().words));
+}
+
+// Names, ranks and units stand above a military delivery line, and come with it.
+CutAddress LineCutter::CutMilitary(const Question& question, const std::string& city) {
+  const size_t first = FirstMilitaryLine(question.lines);
+  CutAddress cut{"", "", city};
+  for (size_t i = 0; i < question.lines.size(); ++i) {
+    const SentLine& line = question.lines[i];
+    if (i < first) {
+      cut.above += (cut.above.empty() ? "" : "\n") + line.text;
+    } else {
+      cut.address2 += (cut.address2.empty() ? "" : " ") + JoinWords(line.words);
+    }
+  }
+  return cut;
+}
+
+// A line break within the city: the last line begins behind it.
+std::optional<CutAddress> LineCutter::CutAtBreak(const Question& question) {
+  Lines middle(question.cityLines.begin(), question.cityLines.end() - 1);
+  Lines behind(question.lines.begin() + 1, question.lines.end());
+  Words street = question.lines[0].words;
+  if (!LetterAtEnd(street).empty() && IsCutAtType(UpTo(street, street.size() - 2))) {
+    const std::string letter = LetterAtEnd(street);  // it stood behind the number
+    street.resize(street.size() - 2);
+    street[0] += letter;
+  }
+  const LinePlace place = PlaceBehind(street, middle[0].words, question.state);
+  LineCollector collector(std::move(street), question.above);
+  if (behind.empty()) {
+    if (!collector.Add(middle[0], place)) {
+      return std::nullopt;
+    }
+  } else {  // the first line of the city goes on where the last one of the street ended
+    if (MayBeAbbreviated(behind.back().words.back())) {
+      return std::nullopt;
+    }
+    behind.back().text += ' ' + middle[0].text;
+    Append(behind.back().words, middle[0].words);
+  }
+  behind.insert(behind.end(), middle.begin() + 1, middle.end());
+  for (const SentLine& line : behind) {
+    if (!collector.Add(line, PlaceOfNext(line.words))) {
+      return std::nullopt;
+    }
+  }
+  return CutAddress{collector.Above(), JoinWords(collector.Street()),
+                    question.cityLines.back().text};
+}
+
+std::optional<CutAddress> LineCutter::CutAtName(const Question& question,
+                                                const std::string& city) const {
+  if (!IsOwnCity(question)) {
+    if (IsStreetEaten(question)) {
+      return std::nullopt;
+    }
+    if (const auto cut = FindCut(question)) {
+      return Compose(question, *cut, CityOf(question, From(question.words, *cut)));
+    }
+    const auto lettered = CutBeforeLetter(question);
+    return lettered                  ? lettered
+           : IsCityMissing(question) ? Compose(question, question.words.size(), "")
+                                     : Compose(question, question.boundary, city);
+  }
+  if (reader_ != nullptr && !KnowsStreet(question, question.Street())) {
+    for (size_t cut = kShortestStreet; cut < question.words.size(); ++cut) {
+      if (cut != question.boundary && IsName(question, From(question.words, cut)) &&
+          KnowsStreet(question, UpTo(question.words, cut))) {
+        return Compose(question, cut, CityOf(question, From(question.words, cut)));
+      }
+    }
+    const Words& line = question.lines[0].words;
+    if (question.lines.size() == 1 && !LetterAtEnd(line).empty() &&
+        KnowsStreet(question, WithLetter(line))) {
+      return CutAddress{question.above, JoinWords(WithLetter(line)), city};
+    }
+  }
+  return Compose(question, question.boundary, city);
+}
+
+// Says whether the city's name leaves no more of the street than its number: 288 SAN; JUAN.
+bool LineCutter::IsStreetEaten(const Question& question) {
+  Words words = question.words;
+  if (!LetterAtEnd(question.Street()).empty()) {
+    const auto unit = words.begin() + static_cast<long>(question.boundary) - 2;
+    words.erase(unit, unit + 2);
+  }
+  return words.size() > 1 && IsName(question, From(words, 1));
+}
+
+// Returns where the longest name begins that leaves a street: of the ZIP code, one letter off that,
+// or, where what was sent is no city of the state, any of the state.
+std::optional<size_t> LineCutter::FindCut(const Question& question) const {
+  const auto find = [&](size_t end, auto isCity) -> std::optional<size_t> {
+    for (size_t cut = kShortestStreet; cut < end; ++cut) {
+      if (isCity(From(question.words, cut)) &&
+          ReadsAsDeliveryLine(UpTo(question.words, cut), question.state)) {
+        return cut;
+      }
+    }
+    return std::nullopt;
+  };
+  if (const auto cut = find(question.words.size(),
+                            [&](const Words& words) { return IsName(question, words); })) {
+    return cut;
+  }
+  const std::string city = JoinWords(question.City());
+  if (city.empty() || zips_.FindCity(CityKey(city), question.state) != nullptr) {
+    return std::nullopt;
+  }
+  const auto isNear = [&](const std::string& text) {
+    return !HasDigit(text) &&
+           std::any_of(question.names.begin(), question.names.end(),
+                       [&](const auto& name) { return CompareCity(text, name) == CityFit::Near; });
+  };
+  if (isNear(city)) {
+    return std::nullopt;
+  }
+  if (const auto cut =
+          find(question.boundary, [&](const Words& words) { return isNear(JoinWords(words)); })) {
+    return cut;
+  }
+  return find(question.boundary, [&](const Words& words) {
+    return zips_.FindCity(CityKey(JoinWords(words)), question.state) != nullptr;
+  });
+}
+
+// An apartment's letter behind words of the city was behind the house number.
+std::optional<CutAddress> LineCutter::CutBeforeLetter(const Question& question) const {
+  constexpr size_t kUnit = 2;
+  const std::string letter = LetterAtEnd(question.lines[0].words);
+  if (question.lines.size() > 1 || letter.empty()) {
+    return std::nullopt;
+  }
+  Question without = question;
+  without.lines[0].words.resize(question.boundary - kUnit);
+  without.words = without.All();
+  without.boundary -= kUnit;
+  const auto cut = FindCut(without);
+  if (!cut || *cut >= without.boundary) {
+    return std::nullopt;
+  }
+  Words street = UpTo(without.words, *cut);
+  street[0] += letter;
+  return CutAddress{question.above, JoinWords(street), CityOf(question, From(without.words, *cut))};
+}
+
+// The address with the first `cut` words as its delivery lines.
+std::optional<CutAddress> LineCutter::Compose(const Question& question, size_t cut,
+                                              std::string city) {
+  Lines kept;
+  size_t left = cut;
+  for (const SentLine& line : question.lines) {
+    const size_t taken = std::min(left, line.words.size());
+    if (taken > 0) {
+      kept.push_back(line);
+      kept.back().words.resize(taken);
+      kept.back().text = taken == line.words.size() ? line.text : JoinWords(kept.back().words);
+    }
+    left -= taken;
+  }
+  LineCollector collector(kept[0].words, question.above);
+  for (size_t i = 1; i < kept.size(); ++i) {
+    const LinePlace place = PlaceOfNext(kept[i].words);
+    const bool isLast = i + 1 == question.lines.size() && cut >= question.boundary;
+    if ((isLast && place == LinePlace::Above && MayBeAbbreviated(kept[i].words.back())) ||
+        !collector.Add(kept[i], place)) {
+      return std::nullopt;
+    }
+  }
+  if (left > 0) {
+    const Words behind(question.words.begin() + static_cast<long>(question.boundary),
+                       question.words.begin() + static_cast<long>(cut));
+    if (!collector.Add({JoinWords(behind), behind}, LinePlace::Continues)) {
+      return std::nullopt;
+    }
+  }
+  return CutAddress{collector.Above(), JoinWords(collector.Street()), std::move(city)};
+}
+
+std::vector<std::string> LineCutter::NamesOf(const std::string& zip) const {
+  std::vector<std::string> names;
+  if (const ZipList::City* const city = zips_.FindZip(zip)) {
+    names.push_back(city->name);
+  }
+  if (reader_ != nullptr && !zip.empty()) {
+    const std::vector<std::string> more = reader_->CityNames(zip);
+    names.insert(names.end(), more.begin(), more.end());
+  }
+  return names;
+}
+
+bool LineCutter::IsName(const Question& question, const Words& words) {
+  return std::any_of(question.names.begin(), question.names.end(),
+                     [&](const std::string& name) { return AreCity(words, name); });
+}
+
+// The name that the words stand for, or the words.
+std::string LineCutter::CityOf(const Question& question, const Words& words) {
+  const auto name = std::find_if(question.names.begin(), question.names.end(),
+                                 [&](const std::string& text) { return AreCity(words, text); });
+  return name == question.names.end() ? JoinWords(words) : *name;
+}
+
+// Says whether the city was sent whole, perhaps shortened.
+bool LineCutter::IsOwnCity(const Question& question) {
+  const std::string city = JoinWords(question.City());
+  return !city.empty() &&
+         std::any_of(question.names.begin(), question.names.end(), [&](const std::string& name) {
+           const CityFit fit = CompareCity(city, name);
+           return fit == CityFit::Same || fit == CityFit::Abbreviation;
+         });
+}
+
+// Says whether the end of the street stands for the city: where there is none, a parser that needs
+// one takes the last words.
+bool LineCutter::IsCityMissing(const Question& question) const {
+  if (question.words.size() <= kShortestStreet) {
+    return false;
+  }
+  const auto type =
+      question.words.end() - (Lexicon::Get().Direction(question.words.back()).empty() ? 1 : 2);
+  return question.boundary < question.words.size() &&
+         Lexicon::Get().IsPlainType(Lexicon::Get().Suffix(*type)) &&
+         zips_.FindCity(CityKey(JoinWords(question.City())), question.state) == nullptr &&
+         ReadsAsDeliveryLine(question.words, question.state);
+}
+
+bool LineCutter::KnowsStreet(const Question& question, const Words& line) const {
+  const auto lines = Standardiser::Standardise({"", JoinWords(line), ""}, question.state);
+  if (!lines || !lines->street) {
+    return false;
+  }
+  const StreetMatch match =
+      StreetMatcher(*reader_, nullptr)
+          .MatchAsWritten(question.zip5,
+                          {StreetNameOf(*lines->street, ""), JoinWords(lines->street->number), ""});
+  return match.kind == StreetMatch::Kind::Found;
+}
+
+}  // namespace postwright::postal
