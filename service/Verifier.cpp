@@ -121,7 +121,8 @@ void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) 
 
 // Never a ServiceFault.
 AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* explanation) const {
-  if (sent.cutShort || !Fold(sent)) {
+  const std::optional<FoldedAddress> folded = Fold(sent);
+  if (!folded || sent.cutShort) {
     return postal::Rejection::InvalidAddress;
   }
   std::optional<postal::AddressBase::Lease> lease;
@@ -138,14 +139,16 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   RequestAddress asked = sent;
   asked.address2 = cut->address2;
   asked.city = cut->city;
-  AddressAnswer answer = DecideWhole(asked, reader, explanation);
+  AddressAnswer answer = DecideWhole(asked, folded->lines, reader, explanation);
   if (auto* const fields = std::get_if<ReplyFields>(&answer)) {
     fields->PutAbove(cut->above);
   }
   return answer;
 }
 
-AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, postal::BaseReader* reader,
+// `sent` are the lines before they were cut anew.
+AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
+                                    postal::BaseReader* reader,
                                     postal::Explanation* explanation) const {
   std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
@@ -163,7 +166,7 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, postal::BaseRea
     return placed != nullptr ? postal::Rejection::NotFound
                              : std::get<postal::Rejection>(question.lastLine);
   }
-  const bool standardised = *lines != folded->lines;
+  const bool standardised = *lines != sent;
   question.lines = std::move(*lines);
   postal::AddressMatcher::Answer matched = MatchStreet(question, reader, explanation);
   if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {

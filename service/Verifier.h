@@ -40,8 +40,8 @@ class Verifier final : public AnswerSource {
 
  private:
   AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
-  AddressAnswer DecideWhole(const RequestAddress& asked, postal::BaseReader* reader,
-                            postal::Explanation* explanation) const;
+  AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
+                            postal::BaseReader* reader, postal::Explanation* explanation) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
                                              postal::BaseReader* reader,
                                              postal::Explanation* explanation) const;

@@ -341,11 +341,10 @@ bool LineCutter::KnowsStreet(const Question& question, const Words& line) const 
   if (!lines || !lines->street) {
     return false;
   }
-  const StreetMatch match =
-      StreetMatcher(*reader_, nullptr)
-          .MatchAsWritten(question.zip5,
-                          {StreetNameOf(*lines->street, ""), JoinWords(lines->street->number), ""});
-  return match.kind == StreetMatch::Kind::Found;
+  const StreetQuestion asked = {StreetNameOf(*lines->street, ""), JoinWords(lines->street->number),
+                                ""};
+  return StreetMatcher(*reader_, nullptr).MatchAsWritten(question.zip5, asked).kind ==
+         StreetMatch::Kind::Found;
 }
 
 }  // namespace postwright::postal
