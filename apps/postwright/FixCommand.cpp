@@ -23,14 +23,23 @@ namespace {
 const std::map<std::string, Capitalization> kLetters = {
     {"upper", CapitalizationUpper}, {"lower", CapitalizationLower}, {"mixed", CapitalizationMixed}};
 
+const std::map<std::string, Punctuation> kPunctuation = {{"keep", Punctuation::kKeep},
+                                                         {"postal", Punctuation::kPostal},
+                                                         {"remove", Punctuation::kRemove}};
+
+const std::map<std::string, NameForm> kNames = {{"as-typed", NameForm::kAsTyped},
+                                                {"same-case", NameForm::kSameCase}};
+
 void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setCapitalization(kLetters.at(options.letters));
-  client.setRemovePunctuation(!options.keepPunctuation);
+  client.setRemovePunctuation(false);  // LabelFix does, with more care
   client.setMixedCase(QString::fromStdString(options.mixedCase));
 }
 
 LabelFix::Asking AskingOf(const FixOptions& options) {
-  return {options.wholeLabel, options.acceptDoubtful};
+  return {options.wholeLabel, options.acceptDoubtful,
+          options.keepPunctuation ? Punctuation::kKeep : kPunctuation.at(options.punctuation),
+          kNames.at(options.names)};
 }
 
 // Ends in one line break, whether or not `text` does.
@@ -79,6 +88,15 @@ ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
 
 std::string CheckLetters(const std::string& letters) {
   return kLetters.contains(letters) ? "" : "'" + letters + "' is not upper, lower or mixed";
+}
+
+std::string CheckPunctuation(const std::string& punctuation) {
+  return kPunctuation.contains(punctuation) ? ""
+                                            : "'" + punctuation + "' is not keep, postal or remove";
+}
+
+std::string CheckNames(const std::string& names) {
+  return kNames.contains(names) ? "" : "'" + names + "' is not as-typed or same-case";
 }
 
 std::string CheckSpellings(const std::string& spellings) {

@@ -10,11 +10,13 @@ namespace postwright {
 
 // Those of the second group go with jsonl.
 struct FixOptions {
-  std::string file = "-";           // "-" is standard input
-  std::string server;               // HOST[:PORT]; "" is the build's own
-  std::chrono::seconds timeout{0};  // of one request; 0 is the build's own
-  std::string letters = "upper";    // the case of corrected text: upper, lower or mixed
-  bool keepPunctuation = false;
+  std::string file = "-";              // "-" is standard input
+  std::string server;                  // HOST[:PORT]; "" is the build's own
+  std::chrono::seconds timeout{0};     // of one request; 0 is the build's own
+  std::string letters = "upper";       // the case of corrected text: upper, lower or mixed
+  std::string punctuation = "postal";  // keep, postal or remove
+  bool keepPunctuation = false;        // "keep" by its other name
+  std::string names = "as-typed";      // of lines around the address: as-typed or same-case
   bool wholeLabel = false;      // ask about the whole text, not about the address lines alone
   std::string mixedCase;        // the user's spellings, separated by ";"
   bool explain = false;         // say why each word was changed
@@ -27,8 +29,11 @@ struct FixOptions {
   bool quiet = false;  // no progress
 };
 
-// What is wrong with the value of --case, --mixed-case or --jobs; the empty answer is consent.
+// What is wrong with the value of --case, --punctuation, --names, --mixed-case or --jobs; the empty
+// answer is consent.
 std::string CheckLetters(const std::string& letters);
+std::string CheckPunctuation(const std::string& punctuation);
+std::string CheckNames(const std::string& names);
 std::string CheckSpellings(const std::string& spellings);
 std::string CheckJobs(const std::string& jobs);
 

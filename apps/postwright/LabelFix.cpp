@@ -1,6 +1,5 @@
 #include "apps/postwright/LabelFix.h"
 
-#include <postwright/AddressLines.h>
 #include <postwright/UnreadReason.h>
 
 #include "apps/postwright/stream/Utf8.h"
@@ -28,15 +27,30 @@ void LabelFix::Ask(const std::wstring& label, const Asking& asking, PostwrightCl
       return;
     }
   }
+  // The engine knows no combining marks, and would lose an accent that is one.
+  const QString question = lines ? QString::fromStdWString(lines->GetQuestion()) : values_.address;
   std::optional<AddressFix> answer =
-      client.fixAddress(lines ? QString::fromStdWString(lines->GetQuestion()) : values_.address);
+      client.fixAddress(question.normalized(QString::NormalizationForm_C));
   if (answer) {
+    answer->ExactAddress = InForm(answer->ExactAddress, lines ? &*lines : nullptr, asking, client);
     text_ = answer->ExactAddress.toStdWString();
-    text_ = lines ? lines->PutBack(text_) : text_;
-    answer->ExactAddress = QString::fromStdWString(text_);
     review_ = CorrectionReview(label, text_, client.lastReport().Footnotes());
   }
   values_.takeAnswer(answer, client.lastResult().value_or(QString()));
+}
+
+QString LabelFix::InForm(const QString& answer, const AddressLines* lines, const Asking& asking,
+                         const PostwrightClient& client) const {
+  const QString address = AddressInForm(answer, asking.punctuation, client);
+  if (lines == nullptr) {
+    return address;
+  }
+  const QString label = QString::fromStdWString(lines->PutBack(address.toStdWString()));
+  if (asking.names == NameForm::kSameCase) {
+    return LabelInCase(label, client);
+  }
+  return lines->GetOutcome() == AddressLinesUnclear ? WithNamesAsTyped(label, values_.address)
+                                                    : label;
 }
 
 void LabelFix::LeaveAlone(const std::wstring& label) {

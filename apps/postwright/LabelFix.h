@@ -1,11 +1,14 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_LABELFIX_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_LABELFIX_H_
 
+#include <postwright/AddressLines.h>
 #include <postwright/BatchResultRecord.h>
 #include <postwright/CorrectionReview.h>
 #include <postwright/PostwrightClient.h>
 
 #include <string>
+
+#include "apps/LabelForm.h"
 
 namespace postwright {
 
@@ -17,9 +20,12 @@ class LabelFix {
   struct Asking {
     bool wholeLabel = false;      // the whole text is asked about, and corrected as a whole
     bool acceptDoubtful = false;  // what is doubtful is made all the same
+    Punctuation punctuation = Punctuation::kPostal;
+    NameForm names = NameForm::kAsTyped;  // of the lines around the address
   };
 
-  // Asks through `client`, once at the most, and blocks as its fixAddress() does.
+  // Asks through `client`, once at the most, and blocks as its fixAddress() does. `client` must
+  // keep punctuation, and says which case the text has.
   LabelFix(const std::wstring& label, const Asking& asking, PostwrightClient& client);
 
   // As in a batch: of a label that is left alone, status 0 and the text as typed; of one whose
@@ -46,6 +52,8 @@ class LabelFix {
 
  private:
   void Ask(const std::wstring& label, const Asking& asking, PostwrightClient& client);
+  QString InForm(const QString& answer, const AddressLines* lines, const Asking& asking,
+                 const PostwrightClient& client) const;
   void LeaveAlone(const std::wstring& label);
   void Judge(const std::wstring& label);
   void ExplainFailure(const std::wstring& label);

@@ -42,17 +42,19 @@ input or output that cannot be read or written; 141 the reader of the output wen
 Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright parse)";
 
 constexpr const char* kFixUsage =
-    "postwright fix [--case upper|lower|mixed] [--keep-punctuation] [--mixed-case WORDS]\n"
+    "postwright fix [--case upper|lower|mixed] [--mixed-case WORDS]\n"
+    "                      [--punctuation keep|postal|remove] [--names as-typed|same-case]\n"
     "                      [--explain] [--accept-doubtful] [--whole-label]\n"
     "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
     "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
-without punctuation unless asked for otherwise. Mixed case has a dictionary of its own for states,
+with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
+of numbers and ZIP+4, the slash of a fraction, the # of a unit. Mixed case has a dictionary of its own for states,
 directions, names like McDonald and the like; the words of --mixed-case are spelt as given there.
 
-The lines around the address stay as they were typed, unless with --whole-label or where no line is
-clearly the address. Rural routes, boxes with letters and addresses of other countries are not asked
+The lines around the address stay as they were typed, unless with --whole-label or --names. Where no
+line is clearly the address, the whole text is asked about, and names keep their form all the same. Rural routes, boxes with letters and addresses of other countries are not asked
 about and stay as they are, which standard error says.
 
 A correction that the rules of postal addresses and the service's footnotes do not account for is
@@ -146,10 +148,23 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
                    "The case of the corrected text: upper (unless given), lower or mixed")
       ->type_name("CASE")
       ->check(CLI::Validator(CheckLetters, ""));
+  CLI::Option* const punctuation =
+      parser
+          ->add_option("--punctuation", options.punctuation,
+                       "The signs of the corrected address: keep all, postal (unless given), or "
+                       "remove all but the hyphen of ZIP+4")
+          ->type_name("SIGNS")
+          ->check(CLI::Validator(CheckPunctuation, ""));
   parser
       ->add_flag("--keep-punctuation", options.keepPunctuation,
-                 "Keep the punctuation of the corrected text, which is removed otherwise")
-      ->disable_flag_override();
+                 "Another name for --punctuation keep")
+      ->disable_flag_override()
+      ->excludes(punctuation);
+  parser
+      ->add_option("--names", options.names,
+                   "The lines around the address: as-typed (unless given), or same-case as it")
+      ->type_name("FORM")
+      ->check(CLI::Validator(CheckNames, ""));
   parser
       ->add_option("--mixed-case", options.mixedCase,
                    "Words as they are to be spelt in mixed case: \"DeWitt;MacArthur\"")

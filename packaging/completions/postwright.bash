@@ -8,6 +8,14 @@ _postwright() {
       mapfile -t COMPREPLY < <(compgen -W 'upper lower mixed' -- "$current")
       return
       ;;
+    --punctuation)
+      mapfile -t COMPREPLY < <(compgen -W 'keep postal remove' -- "$current")
+      return
+      ;;
+    --names)
+      mapfile -t COMPREPLY < <(compgen -W 'as-typed same-case' -- "$current")
+      return
+      ;;
     --output | --resume | --jobs | --mixed-case | --server | --timeout)
       return
       ;;
@@ -18,7 +26,7 @@ _postwright() {
       words+=' --jsonl --output'
       ;;
     fix)
-      words+=' --jsonl --output --case --keep-punctuation --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
+      words+=' --jsonl --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
       ;;
     *)
       words+=' parse fix'
