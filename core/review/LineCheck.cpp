@@ -25,6 +25,9 @@ std::optional<CorrectionRule> LineCheck::Check(const AlignedPiece* before,
   if (SplitsDirection(piece)) {
     return CorrectionRule::DirectionalUnexplained;
   }
+  if (TakesUnitForSuffix(piece)) {
+    return CorrectionRule::SuffixUnexplained;
+  }
   return std::nullopt;
 }
 
@@ -85,6 +88,17 @@ bool LineCheck::SplitsDirection(const AlignedPiece& piece) const {
   return inFront || behind;
 }
 
+// MILL CT KEY # 3 is a unit of MILL CT, and no MILL COURT KY.
+bool LineCheck::TakesUnitForSuffix(const AlignedPiece& piece) const {
+  const std::size_t at = piece.typedBegin;
+  const std::size_t next = piece.typedEnd;
+  const WordForms& forms = WordForms::Get();
+  return corrected_.roles[piece.correctedBegin] == Role::Suffix && at > 0 &&
+         typed_.words[at - 1].line == typed_.words[at].line && next < typed_.words.size() &&
+         typed_.words[next].afterNumberSign && !forms.NumberedUnit(typed_.words[at].text).empty() &&
+         !forms.Suffix(typed_.words[at - 1].text).empty();
+}
+
 // Whether the typed word and the next one are one direction in two words.
 bool LineCheck::IsOneDirection(std::size_t first) const {
   if (first + 1 >= typed_.words.size() ||
@@ -107,6 +121,10 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
            (left != right && !(left == Role::City && IsStreetWord(before.correctedEnd - 1)));
   }
   const LabelWord& word = corrected_.words[piece.correctedBegin];
+  if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City &&
+      !WordForms::Get().PlainUnit(word.text).empty()) {
+    return false;  // UPPER SANDUSKY is a city, and no unit UPPR with a city SANDUSKY
+  }
   if (right == Role::Unit) {
     return left != Role::Unit || !WordForms::Get().NumberedUnit(word.text).empty() ||
            !WordForms::Get().PlainUnit(word.text).empty() || word.afterNumberSign;
