@@ -243,6 +243,12 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"names of a label that is asked about whole",
            fix + " <<< $'Ann O. Smith\\n12 Main St, Austin TX 78701\\n14 Main St, Austin TX 78701'",
            0, "Ann O. Smith\n12 MAIN ST\n", ""},
+          {"no signs but the hyphen of a ZIP+4",
+           fix + " --punctuation remove <<< $'Doe & Co.\\n12 O\\'Neil Street, Apt. 4\\nAustin, TX "
+                 "78701-1234'",
+           0, "Doe & Co.\n12 ONEIL ST APT 4\nAUSTIN TX 78701-1234\n", ""},
+          {"no such form", "$postwright fix --names upper", 2, "",
+           "'upper' is not as-typed or same-case"},
           {"an accent of two characters",
            fix + " --whole-label <<< $'Jose\\u0301\\n12 n main st\\nAustin TX 78701'", 0,
            "JOS\u00c9\n12 N MAIN ST\nAUSTIN TX 78701\n", ""},
