@@ -36,6 +36,12 @@ std::string ExplainInWords(const CorrectionReview& review) {
   return lines;
 }
 
+std::string ExplainInWords(const Confirmation& confirmation) {
+  return confirmation.Kind() == ConfirmationNone
+             ? ""
+             : "confirmation: " + std::string(confirmation.Text()) + "\n";
+}
+
 std::string ExplainInJson(const CorrectionReview& review) {
   std::string array;
   for (const CorrectionChange& change : review.Changes()) {

@@ -1,18 +1,22 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_EXPLANATION_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_EXPLANATION_H_
 
+#include <postwright/Confirmation.h>
 #include <postwright/CorrectionReview.h>
 
 #include <string>
 
 namespace postwright {
 
-// How the command shows why a text was corrected.
+// How the command shows why a text was corrected, and how far the address was confirmed.
 
 // A line for each change, for a person to read; empty where nothing has changed.
 std::string ExplainInWords(const CorrectionReview& review);
 
-// The same as a JSON array of an object for each change: rule, text, doubt, typed and corrected
+// A line on how far the address was confirmed; empty where nobody said anything of that.
+std::string ExplainInWords(const Confirmation& confirmation);
+
+// The changes as a JSON array of an object for each change: rule, text, doubt, typed and corrected
 // with the lines and the offsets in code points at which they stand, and the reason of a doubt.
 std::string ExplainInJson(const CorrectionReview& review);
 

@@ -53,7 +53,7 @@ void Print(const std::wstring& text) {
 ExitStatus FixText(const FixOptions& options, PostwrightClient& client) {
   const LabelFix fix(ReadLabelText(options.file), AskingOf(options), client);
   if (options.explain) {
-    std::cerr << ExplainInWords(fix.Review());
+    std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed());
   }
   if (!fix.Explanation().empty()) {
     std::cerr << fix.Explanation() << '\n';

@@ -32,6 +32,7 @@ std::string FixRecord(PostwrightClient& client, const LabelLine& label,
   const LabelFix fix(label.address, options.asking, client);
   const BatchResultRecord::Values& values = fix.Values();
   JsonRecord record = Begin(label, values.fixed.toStdWString(), values.result.toStdWString());
+  record.Add("confirmation", WideFromUtf8(fix.Confirmed().Code()));
   if (!fix.Proposed().empty()) {
     record.Add("proposed", fix.Proposed());
   }
@@ -44,6 +45,7 @@ std::string FixRecord(PostwrightClient& client, const LabelLine& label,
 
 std::string FailedRecord(const LabelLine& label, const std::string& result) {
   JsonRecord record = Begin(label, L"", WideFromUtf8(result));
+  record.Add("confirmation", L"");
   record.Add("reason", L"");
   return End(record, AddressStatusError);
 }

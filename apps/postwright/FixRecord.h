@@ -17,9 +17,10 @@ struct RecordOptions {
 
 // The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
 // status, which mean what they mean in the client's BatchResultRecord, behind the id where there
-// is one, and the reason, a code, or "" where there is nothing to tell. A correction that is
-// doubtful has status 2, an empty fixed and the member proposed, the corrected text. With `explain`
-// each record has the member changes.
+// is one, the confirmation, Confirmation::Code(), "" where no address came back, and the reason, a
+// code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
+// fixed and the member proposed, the corrected text. With `explain` each record has the member
+// changes.
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
 // anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.

@@ -13,6 +13,8 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
     ExplainFailure(label);
   } else if (review_.Doubtful() && !asking.acceptDoubtful) {
     Judge(label);
+  } else if (confirmation_.ContradictsNumber() && !asking.acceptDoubtful) {
+    JudgeNumber(label);
   }
 }
 
@@ -32,6 +34,7 @@ void LabelFix::Ask(const std::wstring& label, const Asking& asking, PostwrightCl
   std::optional<AddressFix> answer =
       client.fixAddress(question.normalized(QString::NormalizationForm_C));
   if (answer) {
+    confirmation_ = Confirmation(client.lastReport());
     answer->ExactAddress = InForm(answer->ExactAddress, lines ? &*lines : nullptr, asking, client);
     text_ = answer->ExactAddress.toStdWString();
     review_ = CorrectionReview(label, text_, client.lastReport().Footnotes());
@@ -70,6 +73,21 @@ void LabelFix::Judge(const std::wstring& label) {
     values_.fixed.clear();
   }
   text_ = label;
+}
+
+// Also where nothing was changed: a number that was mistyped is what the service sends back as it
+// is.
+void LabelFix::JudgeNumber(const std::wstring& label) {
+  if (values_.status == AddressStatusMultiple) {
+    return;
+  }
+  proposed_ = text_;
+  text_ = label;
+  reason_ = confirmation_.Code();
+  explanation_ = "postwright: the text was left as it is, since the address is doubtful: " +
+                 std::string(confirmation_.Text()) + ". Look at the number.";
+  values_.status = AddressStatusMultiple;
+  values_.fixed.clear();
 }
 
 void LabelFix::ExplainFailure(const std::wstring& label) {

@@ -3,6 +3,7 @@
 
 #include <postwright/AddressLines.h>
 #include <postwright/BatchResultRecord.h>
+#include <postwright/Confirmation.h>
 #include <postwright/CorrectionReview.h>
 #include <postwright/PostwrightClient.h>
 
@@ -43,6 +44,10 @@ class LabelFix {
   // What the correction changes; nothing where there was none.
   const CorrectionReview& Review() const { return review_; }
 
+  // How far the service confirmed the corrected text; nothing of a label that is left alone or
+  // whose fix failed. Where it contradicts the number, the correction is doubtful.
+  const Confirmation& Confirmed() const { return confirmation_; }
+
   // A code: why the label was left alone, why nothing was read in it, or what is doubtful; "" for
   // none of these.
   const std::string& Reason() const { return reason_; }
@@ -56,12 +61,14 @@ class LabelFix {
                  const PostwrightClient& client) const;
   void LeaveAlone(const std::wstring& label);
   void Judge(const std::wstring& label);
+  void JudgeNumber(const std::wstring& label);
   void ExplainFailure(const std::wstring& label);
 
   BatchResultRecord::Values values_;
   std::wstring text_;
   std::wstring proposed_;
   CorrectionReview review_;
+  Confirmation confirmation_;
   std::string reason_;
   std::string explanation_;
 };

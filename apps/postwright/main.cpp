@@ -58,16 +58,18 @@ line is clearly the address, the whole text is asked about, and names keep their
 about and stay as they are, which standard error says.
 
 A correction that the rules of postal addresses and the service's footnotes do not account for is
-doubtful: a number that moved, a word lost, another street without a reason. Then the text is
-printed as it was typed, the reason stands on standard error, and the status is 3. --explain names
-the rule of each change; --accept-doubtful takes what is doubtful.
+doubtful: a number that moved, a word lost, another street without a reason. So is a number that
+is none of those the service knows on its street. Then the text is printed as it was typed, the
+reason stands on standard error, and the status is 3. --explain names the rule of each change, and
+how far the address was confirmed; --accept-doubtful takes what is doubtful.
 
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id". Each line of the output is an object with the keys address (the
-text as given), fixed (the text to use), result (why a fix failed), reason (a code: why a label was
-left alone, why nothing was read in it, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for
-a person to decide, 3 failed), behind the id where one was given. Records come in the order of the
-lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
+text as given), fixed (the text to use), result (why a fix failed), confirmation (confirmed,
+unit-missing, unit-not-known, number-not-known, form-only where nobody has checked the street, or
+empty), reason (a code: why a label was left alone, why nothing was read in it, or what is doubtful)
+and status (0 unchanged, 1 fixed, 2 for a person to decide, 3 failed), behind the id where one was
+given. Records come in the order of the lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
 is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With

@@ -256,7 +256,7 @@ TEST(CommandLineTest, FixesWithTheService) {
            "Jane Doe\nRR 3 Box 14\nSpringfield IL 62701\n", "it cannot be checked"},
           {"left alone, in a record", fix + R"( --jsonl <<< '"RR 3 Box 14\nSpringfield IL 62701"')",
            0,
-           R"("fixed":"RR 3 Box 14\nSpringfield IL 62701","result":"","reason":"left-alone-rural-route","status":0})",
+           R"("fixed":"RR 3 Box 14\nSpringfield IL 62701","result":"","confirmation":"","reason":"left-alone-rural-route","status":0})",
            ""},
           {"a reason", fix + " <<< $'12 Main St\\nBoston MA 2108'", 1, "", "begins with 0"},
           {"lower case", fix + " --case lower <<< '12 N MAIN ST, AUSTIN TX 78701'", 0,
@@ -269,7 +269,8 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"the same of lines",
            fix + " --jsonl --case mixed --keep-punctuation <<< '\"12 n main street, austin tx "
                  "78701\"'",
-           0, R"("fixed":"12 N Main St\nAustin, TX 78701","result":"","reason":"","status":1})",
+           0,
+           R"("fixed":"12 N Main St\nAustin, TX 78701","result":"","confirmation":"form-only","reason":"","status":1})",
            ""},
           {"explained", fix + " --explain <<< '12 n main street, austin tx 78701'", 0,
            "12 N MAIN ST\nAUSTIN TX 78701\n", "suffix in standard form: street -> ST\n"},
@@ -281,14 +282,16 @@ TEST(CommandLineTest, FixesWithTheService) {
            "2870 N EAST COURT HOUSE WAY\nMADISON WI 53703\n", ""},
           {"a doubt of lines",
            fix + " --jsonl <<< '\"2870 North East Court House Way, Madison WI 53703\"'", 0,
-           R"("fixed":"","result":"","proposed":"2870 N EAST COURT HOUSE WAY\nMADISON WI 53703","reason":"directional-unexplained","status":2})",
+           R"("fixed":"","result":"","confirmation":"form-only","proposed":"2870 N EAST COURT HOUSE WAY\nMADISON WI 53703","reason":"directional-unexplained","status":2})",
            ""},
           {"taken of lines",
            fix + " --jsonl --accept-doubtful <<< '\"2870 North East Court House Way, Madison WI "
                  "53703\"'",
            0,
-           R"("fixed":"2870 N EAST COURT HOUSE WAY\nMADISON WI 53703","result":"","reason":"","status":1})",
+           R"("fixed":"2870 N EAST COURT HOUSE WAY\nMADISON WI 53703","result":"","confirmation":"form-only","reason":"","status":1})",
            ""},
+          {"form alone", fix + " --explain <<< '12 n main street, austin tx 78701'", 0,
+           "12 N MAIN ST", "confirmation: form only, nobody has checked the street\n"},
           {"explained lines", fix + " --jsonl --explain <<< '\"12 main street, austin tx 78701\"'",
            0,
            R"("changes":[{"rule":"suffix","text":"suffix in standard form","doubt":false,"typed":"street","typed_line":0,"typed_begin":8,"typed_end":14,"corrected":"ST","corrected_line":0,"corrected_begin":8,"corrected_end":10,"reason":""}],"status":1})",
@@ -306,13 +309,47 @@ TEST(CommandLineTest, FixesWithTheService) {
 "ring\ttwice"
 3')",
            1,
-           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","reason":"","status":1}
-{"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","reason":"","status":0}
-{"address":"ring\ttwice","fixed":"","result":"Invalid Address","reason":"zip-missing","status":3}
-{"address":"","fixed":"","result":"The line is not a JSON string","reason":"","status":3}
+           R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","confirmation":"form-only","reason":"","status":1}
+{"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","confirmation":"form-only","reason":"","status":0}
+{"address":"ring\ttwice","fixed":"","result":"Invalid Address","confirmation":"","reason":"zip-missing","status":3}
+{"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3}
 )",
            "line 4 is not a JSON string"},
           {"failures are answers", fix + " --jsonl <<< '\"ring twice\"'", 0, R"("status":3})", ""},
+      },
+      ScratchFolder());
+}
+
+// The service knows the street and its numbers: what it gives back as it was sent may be a slip.
+TEST(CommandLineTest, TellsWhatWasConfirmed) {
+  const LoopbackServer server([](const std::string& request) {
+    const std::string dpv = request.find("99") == std::string::npos
+                                ? "Y</DPVConfirmation><DPVFootnotes>AABB"
+                                : "N</DPVConfirmation><DPVFootnotes>AAM3";
+    const std::string number = request.find("99") == std::string::npos ? "12" : "99";
+    return LoopbackServer::Page("<R><Address><Address2>" + number +
+                                " OAK ST</Address2><City>AUSTIN</City><State>TX</State>"
+                                "<Zip5>78701</Zip5><DPVConfirmation>" +
+                                dpv + "</DPVFootnotes></Address></R>");
+  });
+  const std::string fix = "$postwright fix --server " + server.GetEndpoint();
+  CheckCommands(
+      {
+          {"confirmed", fix + " --jsonl <<< '\"12 Oak St, Austin TX 78701\"'", 0,
+           R"("confirmation":"confirmed","reason":"","status":0})", ""},
+          {"in words", fix + " --explain <<< '12 Oak St, Austin TX 78701'", 0, "12 OAK ST",
+           "confirmation: confirmed\n"},
+          {"number not there, the same text", fix + " --jsonl <<< '\"99 Oak St, Austin TX 78701\"'",
+           0,
+           R"("fixed":"","result":"","confirmation":"number-not-known","proposed":"99 OAK ST\nAUSTIN TX 78701","reason":"number-not-known","status":2})",
+           ""},
+          {"corrected", fix + " --jsonl <<< '\"99 Oak Street, Austin TX 78701\"'", 0,
+           R"("reason":"number-not-known","status":2})", ""},
+          {"taken all the same",
+           fix + " --jsonl --accept-doubtful <<< '\"99 Oak Street, Austin TX 78701\"'", 0,
+           R"("confirmation":"number-not-known","reason":"","status":1})", ""},
+          {"number not there", fix + " <<< '99 Oak St, Austin TX 78701'", 3,
+           "99 Oak St, Austin TX 78701\n", "the street is known, the number is not"},
       },
       ScratchFolder());
 }

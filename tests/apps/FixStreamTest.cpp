@@ -44,7 +44,8 @@ std::string LabelLine(int number) {
 std::string Record(int number) {
   return R"({"id":)" + std::to_string(number) + R"(,"address":")" + Label(number) +
          R"(","fixed":")" + std::to_string(number) +
-         R"( MAIN ST\nAUSTIN TX 78701","result":"","reason":"","status":1})" + "\n";
+         R"( MAIN ST\nAUSTIN TX 78701","result":"","confirmation":"form-only","reason":"","status":1})" +
+         "\n";
 }
 
 // The lines from 1 to `count`, as `line` makes them.
@@ -68,7 +69,7 @@ TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
   const std::string input = Lines(40, LabelLine) + "3\n" + LabelLine(41);
   const std::string records =
       Lines(40, Record) +
-      R"({"address":"","fixed":"","result":"The line is not a JSON string","reason":"","status":3})" +
+      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3})" +
       "\n" + Record(41);
   for (const char* jobs : {"1", "2", "7", "64"}) {
     SCOPED_TRACE(jobs);
@@ -121,7 +122,7 @@ TEST_F(FixStreamTest, ReplacesADeadWorker) {
                   0,
                   R"({"id":999,"address":"999 main street, austin tx 78701","fixed":"",)"
                   R"("result":"The worker process that was fixing this address was ended by )"
-                  "signal 9 (Killed)\",\"reason\":\"\",\"status\":3}\n" +
+                  "signal 9 (Killed)\",\"confirmation\":\"\",\"reason\":\"\",\"status\":3}\n" +
                       Record(2),
                   ""}},
                 folder_);

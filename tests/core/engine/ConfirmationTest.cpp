@@ -1,0 +1,48 @@
+#include <postwright/Confirmation.h>
+#include <postwright/VerifyReport.h>
+
+#include <gtest/gtest.h>
+
+namespace postwright {
+
+namespace {
+
+struct Row {
+  std::string address;  // the members of the reply's address
+  const char* code;
+  bool contradictsNumber;
+};
+
+std::string Dpv(const std::string& confirmation, const std::string& footnotes) {
+  return "<Address2>12 MAIN ST</Address2><DPVConfirmation>" + confirmation +
+         "</DPVConfirmation><DPVFootnotes>" + footnotes + "</DPVFootnotes>";
+}
+
+}  // namespace
+
+TEST(ConfirmationTest, CallsNothingConfirmedThatIsNot) {
+  const Row rows[] = {
+      {Dpv("Y", "AABB"), "confirmed", false},
+      {Dpv("D", "AAN1"), "unit-missing", false},
+      {Dpv("S", "AACC"), "unit-not-known", false},
+      {Dpv("N", "AAM3"), "number-not-known", true},
+      {Dpv("N", "AAM1"), "number-not-known", true},
+      {Dpv("N", "AAP3"), "number-not-known", true},
+      {Dpv("N", "AA"), "number-not-known", false},
+      {Dpv("N", "A1M3"), "form-only", false},
+      {Dpv("N", "1AAM3"), "form-only", false},  // no pair is AA
+      {Dpv("N", ""), "form-only", false},
+      {"<Address2>12 MAIN ST</Address2>", "form-only", false},
+      {"<Error><Number>1</Number></Error>", "", false},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.address);
+    const Confirmation confirmation(VerifyReport("<R><Address>" + row.address + "</Address></R>"));
+    EXPECT_STREQ(confirmation.Code(), row.code);
+    EXPECT_EQ(confirmation.ContradictsNumber(), row.contradictsNumber);
+    EXPECT_EQ(*confirmation.Text() == '\0', *row.code == '\0');
+  }
+  EXPECT_STREQ(Confirmation(VerifyReport()).Code(), "");
+}
+
+}  // namespace postwright
