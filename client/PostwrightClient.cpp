@@ -86,6 +86,7 @@ template <typename Result, typename Read>
 std::optional<Result> PostwrightClient::runFix(const QString& address, bool quick, Read read) {
   _lastReport = VerifyReport();
   if (!checkNetwork()) {
+    _lastReport = VerifyReport("", {.outcome = FetchOutcomeNoNetwork});
     setLastResult(stringForResult(FixResultNoInternet));
     return std::nullopt;
   }
@@ -93,12 +94,12 @@ std::optional<Result> PostwrightClient::runFix(const QString& address, bool quic
   try {
     const std::unique_ptr<FixedAddress> fixed =
         FixInTurn(coreString(StringHelpers::trim(address), services), quick, services);
-    _lastReport = VerifyReport(services.Reply());
+    _lastReport = VerifyReport(services.Reply(), services.Fetch());
     Result result = read(*fixed, services);
     setLastResult(std::nullopt);
     return result;
   } catch (const PostwrightException& failure) {
-    _lastReport = VerifyReport(services.Reply());
+    _lastReport = VerifyReport(services.Reply(), services.Fetch());
     setLastResult(stringForResult(failure.GetResult()));
     return std::nullopt;
   }

@@ -21,6 +21,9 @@ class POSTWRIGHT_CORE_EXPORT AbandonableServices : public MacPlatformServices {
   // As in the base, and fails within about a second once `abandoned` holds true.
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
 
+ protected:
+  const std::atomic<bool>* Abandoned() const { return abandoned_; }
+
  private:
   const std::atomic<bool>* abandoned_;
 };

@@ -2,6 +2,7 @@
 #define POSTWRIGHT_PLATFORM_REPORTINGSERVICES_H_
 
 #include <postwright/AbandonableServices.h>
+#include <postwright/FetchReport.h>
 
 #include <string>
 
@@ -15,14 +16,18 @@ class POSTWRIGHT_CORE_EXPORT ReportingServices : public AbandonableServices {
   explicit ReportingServices(const std::atomic<bool>* abandoned = nullptr)
       : AbandonableServices(abandoned) {}
 
-  // As in the base; keeps the body.
+  // As in the base; keeps the body, and how the fetch ended.
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
 
   // The body of the last fetch, at most 16 MiB; empty before the first, and after one that failed.
   const std::string& Reply() const { return reply_; }
 
+  // How it ended; FetchOutcomeUnknown before the first.
+  const FetchReport& Fetch() const { return fetch_; }
+
  private:
   std::string reply_;
+  FetchReport fetch_;
 };
 
 }  // namespace postwright

@@ -20,6 +20,28 @@ HttpFetch& ThreadConnection() {
   return *connection;
 }
 
+FetchOutcome OutcomeOf(HttpOutcome outcome) {
+  switch (outcome) {
+    case HttpOutcome::Answered:
+      return FetchOutcomeAnswered;
+    case HttpOutcome::BadUrl:
+    case HttpOutcome::NotResolved:
+      return FetchOutcomeNotResolved;
+    case HttpOutcome::Refused:
+      return FetchOutcomeRefused;
+    case HttpOutcome::TimedOut:
+      return FetchOutcomeTimedOut;
+    case HttpOutcome::NoAnswer:
+      return FetchOutcomeBrokeOff;
+    case HttpOutcome::TooLong:
+    case HttpOutcome::BadAnswer:
+      return FetchOutcomeBadAnswer;
+    case HttpOutcome::Cancelled:
+      return FetchOutcomeAbandoned;
+  }
+  return FetchOutcomeUnknown;
+}
+
 }  // namespace
 
 HttpLimits FetchLimits() {
@@ -29,9 +51,15 @@ HttpLimits FetchLimits() {
   return limits;
 }
 
-std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits) noexcept {
+std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
+                                   FetchReport* report) noexcept {
   try {
     const HttpReply reply = ThreadConnection().Send({.url = url, .headers = {"Accept:"}}, limits);
+    if (report != nullptr) {
+      *report = {
+          OutcomeOf(reply.outcome), reply.status,
+          static_cast<std::int32_t>(reply.retryAfter.value_or(std::chrono::seconds(0)).count())};
+    }
     if (reply.outcome == HttpOutcome::Answered) {
       return {reply.body.begin(), reply.body.end()};
     }

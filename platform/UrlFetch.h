@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/HttpFetch.h"
+#include "platform/FetchReport.h"
 
 namespace postwright {
 
@@ -14,8 +15,10 @@ HttpLimits FetchLimits();
 
 // Returns the body of one GET of `url`, which is absolute, http or https, and in ASCII or UTF-8;
 // empty on failure of any kind. The connection is kept for the calling thread's next fetch and
-// closed with the thread. Any number of threads at once; throws nothing.
-std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits) noexcept;
+// closed with the thread. `report`, where it is not null, is told how it ended. Any number of
+// threads at once; throws nothing.
+std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
+                                   FetchReport* report = nullptr) noexcept;
 
 }  // namespace postwright
 

@@ -8,6 +8,9 @@ namespace postwright {
 
 namespace {
 
+// Beside the numbers of AddressStatus: nobody judged the label.
+constexpr int kNotAnswered = 4;
+
 JsonRecord Begin(const LabelLine& label, const std::wstring& fixed, const std::wstring& result) {
   JsonRecord record(label.id);
   record.Add("address", label.address);
@@ -17,7 +20,7 @@ JsonRecord Begin(const LabelLine& label, const std::wstring& fixed, const std::w
 }
 
 // The status is the last: see StatusOfRecord().
-std::string End(JsonRecord& record, AddressStatus status) {
+std::string End(JsonRecord& record, int status) {
   record.Add("status", status);
   return record.Line();
 }
@@ -40,7 +43,7 @@ std::string FixRecord(PostwrightClient& client, const LabelLine& label,
   if (options.explain) {
     record.AddJson("changes", ExplainInJson(fix.Review()));
   }
-  return End(record, values.status);
+  return End(record, fix.IsUnanswered() ? kNotAnswered : values.status);
 }
 
 std::string FailedRecord(const LabelLine& label, const std::string& result) {

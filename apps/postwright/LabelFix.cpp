@@ -1,6 +1,8 @@
 #include "apps/postwright/LabelFix.h"
 
+#include <postwright/Deployment.h>
 #include <postwright/UnreadReason.h>
+#include <postwright/VerifyFailure.h>
 
 #include "apps/postwright/stream/Utf8.h"
 
@@ -10,7 +12,7 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   values_.address = QString::fromStdWString(label);
   Ask(label, asking, client);
   if (values_.status == AddressStatusError) {
-    ExplainFailure(label);
+    ExplainFailure(label, client.lastReport());
   } else if (review_.Doubtful() && !asking.acceptDoubtful) {
     Judge(label);
   } else if (confirmation_.ContradictsNumber() && !asking.acceptDoubtful) {
@@ -90,16 +92,20 @@ void LabelFix::JudgeNumber(const std::wstring& label) {
   values_.fixed.clear();
 }
 
-void LabelFix::ExplainFailure(const std::wstring& label) {
-  explanation_ = values_.result.toStdString();
-  if (values_.isUnanswered()) {
+// What the text lacks says more than a service that was asked about nothing.
+void LabelFix::ExplainFailure(const std::wstring& label, const VerifyReport& report) {
+  const VerifyFailure failure(report, GetDeployment().verifyHost);
+  isUnanswered_ = failure.IsUnanswered();
+  if (isUnanswered_) {
+    reason_ = failure.Code();
+    explanation_ = failure.Text();
     return;
   }
-  const UnreadReason reason(label);
-  reason_ = reason.GetCode();
-  if (!reason_.empty()) {
-    explanation_ += "\n" + std::string(reason.GetText());
-  }
+  const UnreadReason unread(label);
+  const bool isRead = unread.GetCause() == UnreadCauseNone;
+  reason_ = isRead ? failure.Code() : unread.GetCode();
+  const std::string text = isRead ? failure.Text() : unread.GetText();
+  explanation_ = values_.result.toStdString() + (text.empty() ? "" : "\n" + text);
 }
 
 }  // namespace postwright

@@ -48,11 +48,14 @@ class LabelFix {
   // whose fix failed. Where it contradicts the number, the correction is doubtful.
   const Confirmation& Confirmed() const { return confirmation_; }
 
-  // A code: why the label was left alone, why nothing was read in it, or what is doubtful; "" for
-  // none of these.
+  // True where nobody judged the label: the service or the network failed.
+  bool IsUnanswered() const { return isUnanswered_; }
+
+  // A code: why the label was left alone, why nothing was read in it, why it was turned down or not
+  // answered, or what is doubtful; "" for none of these.
   const std::string& Reason() const { return reason_; }
 
-  // The same in English, behind the message of the failure where there is one.
+  // The same in English; behind the message of the failure where the label was turned down.
   const std::string& Explanation() const { return explanation_; }
 
  private:
@@ -62,13 +65,14 @@ class LabelFix {
   void LeaveAlone(const std::wstring& label);
   void Judge(const std::wstring& label);
   void JudgeNumber(const std::wstring& label);
-  void ExplainFailure(const std::wstring& label);
+  void ExplainFailure(const std::wstring& label, const VerifyReport& report);
 
   BatchResultRecord::Values values_;
   std::wstring text_;
   std::wstring proposed_;
   CorrectionReview review_;
   Confirmation confirmation_;
+  bool isUnanswered_ = false;
   std::string reason_;
   std::string explanation_;
 };

@@ -67,10 +67,11 @@ With --jsonl each line of the input is a JSON string, the text of one label, or 
 string as "address" and any "id". Each line of the output is an object with the keys address (the
 text as given), fixed (the text to use), result (why a fix failed), confirmation (confirmed,
 unit-missing, unit-not-known, number-not-known, form-only where nobody has checked the street, or
-empty), reason (a code: why a label was left alone, why nothing was read in it, or what is doubtful)
-and status (0 unchanged, 1 fixed, 2 for a person to decide, 3 failed), behind the id where one was
-given. Records come in the order of the lines, each as soon as it and all before it are known. A line that is no label or longer than 16 MiB
-is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
+empty), reason (a code: why a label was left alone, why nothing was read in it, why it was turned
+down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a person to
+decide, 3 turned down, 4 not answered), behind the id where one was given. Records come in the order
+of the lines, each as soon as it and all before it are known. A line that is no label or longer than
+16 MiB is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
 --explain each record has changes, a list of objects with rule, text, doubt, typed and corrected,

@@ -24,7 +24,7 @@ std::string ChildText(const TiXmlElement& parent, const char* name) {
 
 }  // namespace
 
-VerifyReport::VerifyReport(std::string_view reply) {
+VerifyReport::VerifyReport(std::string_view reply, const FetchReport& fetch) : fetch_(fetch) {
   if (reply.empty() || FindReplyFault(reply) != nullptr) {
     return;
   }
@@ -39,6 +39,7 @@ VerifyReport::VerifyReport(std::string_view reply) {
   const TiXmlElement* const error = address != nullptr ? address->FirstChildElement("Error")
                                     : std::strcmp(root->Value(), "Error") == 0 ? root
                                                                                : nullptr;
+  isAboutAddress_ = address != nullptr;
   isAnswer_ = address != nullptr || error != nullptr;
   if (error != nullptr) {
     errorNumber_ = ChildText(*error, "Number");

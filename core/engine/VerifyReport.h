@@ -2,6 +2,7 @@
 #define POSTWRIGHT_CORE_ENGINE_VERIFYREPORT_H_
 
 #include <postwright/Export.h>
+#include <postwright/FetchReport.h>
 
 #include <string>
 #include <string_view>
@@ -13,7 +14,7 @@ namespace postwright {
 //
 //   ReportingServices services;
 //   const auto fixed = Postwright::Fix(text, true, &services);
-//   const VerifyReport report(services.Reply());
+//   const VerifyReport report(services.Reply(), services.Fetch());
 //   const CorrectionReview review(text, fixed->GetExactAddress(), report.Footnotes());
 //
 // A value; read from any thread. Texts are UTF-8 as the service wrote them, and empty where the
@@ -24,12 +25,18 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   VerifyReport() = default;
 
   // Reads the bytes of a reply within the bounds of Postwright::Fix; of a reply that it would
-  // refuse nothing is read. Throws nothing but std::bad_alloc.
-  explicit VerifyReport(std::string_view reply);
+  // refuse nothing is read. `fetch` says how the fetch ended. Throws nothing but std::bad_alloc.
+  explicit VerifyReport(std::string_view reply, const FetchReport& fetch = {});
+
+  // How the bytes came, or why none did; FetchOutcomeUnknown where nobody said.
+  const FetchReport& Fetch() const { return fetch_; }
 
   // True where the reply answers the question: with an address or with an error, be it the
   // address's or, as for a wrong account, the whole document's.
   bool IsAnswer() const { return isAnswer_; }
+
+  // True where that is the address's: it was judged. An error of the whole document judges nothing.
+  bool IsAboutAddress() const { return isAboutAddress_; }
 
   // Y confirmed, D confirmed but for a missing unit, S but for an unknown unit, N not confirmed.
   const std::string& DpvConfirmation() const { return dpvConfirmation_; }
@@ -46,7 +53,9 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   const std::string& ErrorDescription() const { return errorDescription_; }  // trimmed
 
  private:
+  FetchReport fetch_;
   bool isAnswer_ = false;
+  bool isAboutAddress_ = false;
   std::string dpvConfirmation_;
   std::string dpvFootnotes_;
   std::string footnotes_;

@@ -36,7 +36,7 @@ class JsonRecord {
   std::string line_;
 };
 
-// The number, 0 to 3, that `line` (with or without its line feed) ends with as the member
+// The number, 0 to 4, that `line` (with or without its line feed) ends with as the member
 // "status"; -1 where it does not. Text inside a JSON string cannot look like one: its quotation
 // marks are escaped.
 int StatusOfRecord(std::string_view line);

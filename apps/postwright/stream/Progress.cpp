@@ -69,7 +69,7 @@ void Progress::Begin(std::optional<std::size_t> total) {
 
 void Progress::Count(std::string_view record, bool isEarlier) {
   const int status = StatusOfRecord(record);
-  ++(status == 0 ? unchanged_ : status == 1 ? fixed_ : turnedDown_);
+  ++(status == 0 ? unchanged_ : status == 1 ? fixed_ : status == 4 ? unanswered_ : turnedDown_);
   earlier_ += isEarlier ? 1 : 0;
 }
 
@@ -116,7 +116,9 @@ void Progress::Draw() {
 std::string Progress::Line() const {
   return std::to_string(Done()) + (total_ ? " of " + std::to_string(*total_) : " done") + ": " +
          std::to_string(fixed_) + " fixed, " + std::to_string(unchanged_) + " unchanged, " +
-         std::to_string(turnedDown_) + " turned down" + TimeLeft();
+         std::to_string(turnedDown_) + " turned down" +
+         (unanswered_ == 0 ? "" : ", " + std::to_string(unanswered_) + " not answered") +
+         TimeLeft();
 }
 
 std::string Progress::TimeLeft() const {

@@ -55,7 +55,7 @@ class Progress {
  private:
   using Clock = std::chrono::steady_clock;
 
-  std::size_t Done() const { return fixed_ + unchanged_ + turnedDown_; }
+  std::size_t Done() const { return fixed_ + unchanged_ + turnedDown_ + unanswered_; }
   void Draw();
   std::string Line() const;
   std::string TimeLeft() const;
@@ -66,6 +66,7 @@ class Progress {
   std::size_t fixed_ = 0;
   std::size_t unchanged_ = 0;
   std::size_t turnedDown_ = 0;
+  std::size_t unanswered_ = 0;
   std::size_t earlier_ = 0;
   Clock::time_point begun_;
   Clock::time_point drawn_;
