@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "apps/tables/Country.h"
+
 namespace postwright::tables {
 
 namespace {
@@ -62,13 +64,44 @@ QString ColumnMapping::composePlace(const QStringList& cells) const {
   return cityAndState.isEmpty() || zip.isEmpty() ? cityAndState + zip : cityAndState + kBlank + zip;
 }
 
+// The country is the last line, and not one within the United States.
+QString ColumnMapping::composeCountry(const QStringList& cells) const {
+  const QString country = valuesOf(cells, ColumnRole::Country).join(kBlank);
+  return isHomeCountry(country) ? QString() : countryName(country);
+}
+
+bool ColumnMapping::hasAddress(const QStringList& cells) const {
+  return withoutAddress(cells) != cells;
+}
+
+QStringList ColumnMapping::withoutAddress(QStringList cells) const {
+  for (qsizetype column = 0; column < std::min(_roles.size(), cells.size()); ++column) {
+    const ColumnRole role = _roles[column];
+    if (role == ColumnRole::Street || role == ColumnRole::City || role == ColumnRole::State ||
+        role == ColumnRole::Zip || role == ColumnRole::Below) {
+      cells[column].clear();
+    }
+  }
+  return cells;
+}
+
+QList<int> ColumnMapping::nameColumns() const {
+  return columnsOf(ColumnRole::Title) + columnsOf(ColumnRole::Given) + columnsOf(ColumnRole::Name) +
+         columnsOf(ColumnRole::Suffix);
+}
+
 QString ColumnMapping::compose(const QStringList& cells) const {
-  const QStringList name = valuesOf(cells, ColumnRole::Given) + valuesOf(cells, ColumnRole::Name);
+  QStringList name;
+  for (const ColumnRole role :
+       {ColumnRole::Title, ColumnRole::Given, ColumnRole::Name, ColumnRole::Suffix}) {
+    name += valuesOf(cells, role);
+  }
   QStringList lines{name.join(kBlank)};
   lines += valuesOf(cells, ColumnRole::Company);
   lines += valuesOf(cells, ColumnRole::Street);
   lines += composePlace(cells);
   lines += valuesOf(cells, ColumnRole::Below);
+  lines += composeCountry(cells);
   lines.removeAll(QString());
   return lines.join(kLineFeed);
 }
@@ -76,9 +109,16 @@ QString ColumnMapping::compose(const QStringList& cells) const {
 ColumnMapping::Division ColumnMapping::divide(const QString& label,
                                               const QStringList& cells) const {
   Division division{blanked(cells), false};
+  if (!isUsable()) {
+    return {cells, false};
+  }
   LabelParts parts{label.split(kLineFeed), std::nullopt, {}};
   if (has(ColumnRole::City)) {
     parts = partLabel(label);
+  }
+  putCountry(division.cells, cells, parts);
+  if (!parts.place) {
+    keepForeign(division.cells, cells, parts);
   }
   putLinesAbove(division.cells, cells, parts.above);
   if (parts.place) {
@@ -90,6 +130,44 @@ ColumnMapping::Division ColumnMapping::divide(const QString& label,
     division.cells[columnForWhole()] = label;
   }
   return division;
+}
+
+// The line of a country stays as its column had it, code or name. A label within the United States
+// names none, so what the column says of them stays, too.
+void ColumnMapping::putCountry(QStringList& cells, const QStringList& old,
+                               LabelParts& parts) const {
+  if (!has(ColumnRole::Country)) {
+    return;
+  }
+  const QList<int> columns = columnsOf(ColumnRole::Country);
+  const QString was = composeCountry(old);
+  QStringList& lines = parts.place ? parts.below : parts.above;
+  const bool isSame = !was.isEmpty() && !lines.isEmpty() && sameLetters(lines.last(), was);
+  if (isSame || was.isEmpty()) {
+    for (const int column : columns) {
+      cells[column] = old.value(column);
+    }
+  }
+  if (isSame) {
+    lines.removeLast();
+  } else if (parts.place && !lines.isEmpty() && !has(ColumnRole::Below)) {
+    cells[columns.first()] = lines.takeLast();
+  }
+}
+
+// A place of another country is not read, but where it is as it was its columns are, too.
+void ColumnMapping::keepForeign(QStringList& cells, const QStringList& old,
+                                LabelParts& parts) const {
+  const QString was = composePlace(old);
+  if (was.isEmpty() || parts.above.isEmpty() || !sameLetters(parts.above.last(), was)) {
+    return;
+  }
+  parts.above.removeLast();
+  for (const ColumnRole role : {ColumnRole::City, ColumnRole::State, ColumnRole::Zip}) {
+    for (const int column : columnsOf(role)) {
+      cells[column] = old.value(column);
+    }
+  }
 }
 
 QStringList ColumnMapping::blanked(QStringList cells) const {
@@ -141,7 +219,10 @@ void ColumnMapping::putPlace(QStringList& cells, const Place& place) const {
 
 void ColumnMapping::putLinesAbove(QStringList& cells, const QStringList& old,
                                   QStringList lines) const {
-  const QStringList oldName = valuesOf(old, ColumnRole::Given) + valuesOf(old, ColumnRole::Name);
+  QStringList oldName;
+  for (const int column : nameColumns()) {
+    oldName.append(old.value(column));
+  }
   const bool hasName = has(ColumnRole::Given) || has(ColumnRole::Name);
   if (hasName && !lines.isEmpty() &&
       (sameLetters(lines.first(), oldName.join(kBlank)) ||
@@ -171,17 +252,39 @@ void ColumnMapping::putCompany(QStringList& cells, const QStringList& old,
   }
 }
 
-// Words go to the columns as they did before; where their number changed, the last one is the name.
+// Words go to the columns as they did before; where their number changed, title and suffix stay
+// where they are the same, and the last one of the others is the name.
 void ColumnMapping::putName(QStringList& cells, const QStringList& old, const QString& name) const {
+  const auto wordsOf = [&old](int column) {
+    return old.value(column).split(kBlank, Qt::SkipEmptyParts);
+  };
+  QStringList words = name.split(kBlank, Qt::SkipEmptyParts);
+  for (const int column : columnsOf(ColumnRole::Title)) {
+    const QStringList was = wordsOf(column);
+    if (!was.isEmpty() &&
+        sameLetters(QStringList(words.mid(0, was.size())).join(kBlank), was.join(kBlank))) {
+      cells[column] = QStringList(words.mid(0, was.size())).join(kBlank);
+      words.remove(0, was.size());
+    }
+  }
+  const QList<int> suffixes = columnsOf(ColumnRole::Suffix);
+  for (auto column = suffixes.crbegin(); column != suffixes.crend(); ++column) {
+    const QStringList was = wordsOf(*column);
+    const qsizetype first = words.size() - was.size();
+    if (!was.isEmpty() && first >= 0 &&
+        sameLetters(QStringList(words.mid(first)).join(kBlank), was.join(kBlank))) {
+      cells[*column] = QStringList(words.mid(first)).join(kBlank);
+      words.resize(first);
+    }
+  }
   const QList<int> given = columnsOf(ColumnRole::Given);
   const QList<int> columns = given + columnsOf(ColumnRole::Name);
-  QStringList words = name.split(kBlank, Qt::SkipEmptyParts);
   QList<qsizetype> counts;
   for (const int column : columns) {
-    counts.append(old.value(column).split(kBlank, Qt::SkipEmptyParts).size());
+    counts.append(wordsOf(column).size());
   }
   if (std::accumulate(counts.begin(), counts.end(), qsizetype{0}) != words.size()) {
-    const bool hasBoth = !given.isEmpty() && given.size() < columns.size();
+    const bool hasBoth = !given.isEmpty() && given.size() < columns.size() && !words.isEmpty();
     counts.fill(0);
     counts.first() = words.size() - (hasBoth ? 1 : 0);
     counts[hasBoth ? given.size() : 0] += hasBoth ? 1 : 0;

@@ -18,15 +18,19 @@ enum class ColumnRole {
   Street = 4,   // lines of their own: street, unit, box; or the whole label in one cell
   City = 5,
   State = 6,
-  Zip = 7,    // a second one holds the four digits behind the hyphen
-  Below = 8,  // a line below the place, such as the country
+  Zip = 7,       // a second one holds the four digits behind the hyphen
+  Below = 8,     // a line below the place
+  Title = 9,     // "Dr.": the first of the name's line, wherever the column stands
+  Suffix = 10,   // "Jr.": the last of it
+  Country = 11,  // the last line; the United States are not named
 };
-inline constexpr int kColumnRoles = 9;
+inline constexpr int kColumnRoles = 12;
 
 // Which columns of a CSV file make the label, and how.
 //
-//   const ColumnMapping mapping = ColumnMapping::guess({"Name", "Address", "City", "State",
-//   "Zip"}); mapping.compose({"Jane Doe", "12 Main St", "Austin", "TX", "78701"});
+//   const ColumnMapping mapping({ColumnRole::Name, ColumnRole::Street, ColumnRole::City,
+//                                ColumnRole::State, ColumnRole::Zip});
+//   mapping.compose({"Jane Doe", "12 Main St", "Austin", "TX", "78701"});
 //   // "Jane Doe\n12 Main St\nAustin, TX 78701"
 //
 // Columns of the same role follow one another as in the file.
@@ -41,19 +45,23 @@ class ColumnMapping {
   ColumnMapping() = default;
   explicit ColumnMapping(QList<ColumnRole> roles) : _roles(std::move(roles)) {}
 
-  // Guesses by the usual English and Spanish names of columns.
-  static ColumnMapping guess(const QStringList& header);
-
   const QList<ColumnRole>& roles() const { return _roles; }
 
   // False where no column is on the label.
   bool isUsable() const;
 
+  // True where a row has more for the label than a name.
+  bool hasAddress(const QStringList& cells) const;
+
+  // Returns the cells of a row without its address; names stay.
+  QStringList withoutAddress(QStringList cells) const;
+
   // Returns the label of a row. Rows may be shorter than the header, and longer.
   QString compose(const QStringList& cells) const;
 
   // Divides an edited or corrected label into the cells of a row that held `cells`, such that
-  // compose() gives the label again, but for case, spacing and punctuation within a line.
+  // compose() gives the label again, but for case, spacing and punctuation within a line. A mapping
+  // that is not usable leaves the cells as they are.
   Division divide(const QString& label, const QStringList& cells) const;
 
  private:
@@ -62,6 +70,10 @@ class ColumnMapping {
   QStringList valuesOf(const QStringList& cells, ColumnRole role) const;
   QString composePlace(const QStringList& cells) const;
 
+  QList<int> nameColumns() const;
+  QString composeCountry(const QStringList& cells) const;
+  void keepForeign(QStringList& cells, const QStringList& old, LabelParts& parts) const;
+  void putCountry(QStringList& cells, const QStringList& old, LabelParts& parts) const;
   QStringList blanked(QStringList cells) const;
   void putLines(QStringList& cells, ColumnRole role, const QStringList& lines) const;
   void putPlace(QStringList& cells, const Place& place) const;

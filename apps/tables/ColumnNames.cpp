@@ -1,9 +1,9 @@
-// The names that columns have in the files of other programs.
+#include "apps/tables/ColumnNames.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <algorithm>
 
-#include "apps/tables/ColumnMapping.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::tables {
@@ -16,47 +16,82 @@ struct NamedRole {
 };
 
 constexpr NamedRole kNamedRoles[] = {
+    {ColumnRole::Title, "SALUTATION PREFIX NAMEPREFIX HONORIFIC TITLE TRATAMIENTO"},
     {ColumnRole::Given,
-     "FIRSTNAME FIRST GIVENNAME GIVEN FORENAME MIDDLENAME MIDDLE MIDDLEINITIAL MI SALUTATION "
-     "PREFIX "
-     "NAMEPREFIX NOMBRE NOMBRES TRATAMIENTO"},
+     "FIRSTNAME FIRSTNAMES FIRST GIVENNAME GIVEN FORENAME MIDDLENAME MIDDLE MIDDLEINITIAL MI "
+     "NOMBRE NOMBRES"},
     {ColumnRole::Name,
-     "NAME FULLNAME DISPLAYNAME LASTNAME LAST SURNAME FAMILYNAME FAMILY CONTACT CONTACTNAME "
-     "RECIPIENT ADDRESSEE NOMBRECOMPLETO APELLIDO APELLIDOS DESTINATARIO"},
+     "NAME FULLNAME DISPLAYNAME MAILINGNAME LABELNAME ENVELOPENAME HOUSEHOLDNAME LASTNAME LAST "
+     "SURNAME FAMILYNAME FAMILY CONTACT CONTACTNAME RECIPIENT ADDRESSEE NOMBRECOMPLETO APELLIDO "
+     "APELLIDOS DESTINATARIO"},
+    {ColumnRole::Suffix, "SUFFIX NAMESUFFIX SUFIJO"},
     {ColumnRole::Company,
      "COMPANY COMPANYNAME ORGANIZATION ORGANISATION ORGANIZATIONNAME ORG FIRM FIRMNAME BUSINESS "
-     "BUSINESSNAME EMPRESA ORGANIZACION COMPANIA"},
+     "BUSINESSNAME ACCOUNTNAME ASSOCIATEDCOMPANY EMPRESA ORGANIZACION COMPANIA"},
     {ColumnRole::Street,
      "ADDRESS ADDRESS1 ADDRESS2 ADDRESS3 ADDRESSLINE ADDRESSLINE1 ADDRESSLINE2 ADDRESSLINE3 ADDR "
      "ADDR1 ADDR2 ADDR3 LINE1 LINE2 LINE3 STREET STREET1 STREET2 STREET3 STREETADDRESS "
-     "STREETADDRESS1 STREETADDRESS2 DELIVERYADDRESS LABEL ADDRESSLABEL APT APARTMENT UNIT SUITE "
-     "STE "
-     "POBOX EXTENDEDADDRESS DIRECCION DIRECCION1 DIRECCION2 CALLE ETIQUETA"},
+     "STREETADDRESS1 STREETADDRESS2 STREETADDRESSLINE1 STREETADDRESSLINE2 DELIVERYADDRESS LABEL "
+     "ADDRESSLABEL APT APARTMENT UNIT SUITE STE POBOX ADDRESSPOBOX EXTENDEDADDRESS DIRECCION "
+     "DIRECCION1 DIRECCION2 CALLE ETIQUETA"},
     {ColumnRole::City,
      "CITY TOWN CITYTOWN LOCALITY POSTTOWN POSTOFFICE CITYSTATEZIP CITYSTATEANDZIP CITYSTZIP "
-     "CIUDAD "
-     "LOCALIDAD MUNICIPIO"},
-    {ColumnRole::State, "STATE ST STATECODE PROVINCE STATEPROVINCE REGION ESTADO"},
+     "CIUDAD LOCALIDAD MUNICIPIO"},
+    {ColumnRole::State, "STATE ST STATECODE PROVINCE STATEPROVINCE STATEREGION REGION ESTADO"},
     {ColumnRole::Zip,
-     "ZIP ZIPCODE ZIP5 ZIP4 ZIPPLUS4 PLUS4 POSTALCODE POSTCODE POSTAL CODIGOPOSTAL CP"},
+     "ZIP ZIPCODE ZIP5 ZIP4 ZIPPLUS4 PLUS4 ZIPPOSTALCODE POSTALCODE POSTCODE POSTAL CODIGOPOSTAL "
+     "CP"},
+    {ColumnRole::Country, "COUNTRY COUNTRYREGION COUNTRYCODE NATION PAIS"},
 };
 
-// What stands before the names where a file has several addresses a row; the first one found is
-// taken.
-constexpr const char* kPrefixes[] = {"",     "MAILING",  "SHIPPING", "HOME",
-                                     "WORK", "BUSINESS", "BILLING",  "ADDRESS1"};
+constexpr const char* kFullNames =
+    " NAME FULLNAME DISPLAYNAME MAILINGNAME LABELNAME ENVELOPENAME HOUSEHOLDNAME NOMBRECOMPLETO ";
 
-QHash<QString, ColumnRole> rolesByName() {
-  QHash<QString, ColumnRole> roles;
-  for (const NamedRole& named : kNamedRoles) {
-    for (const QString& name : QString::fromLatin1(named.names).split(QLatin1Char(' '))) {
-      roles.insert(name, named.role);
+// What stands before or behind the names where a file has several addresses a row, and what such an
+// address is called. ADDRESS1 and so on are those of web mail, whose own column tells the kind.
+struct Group {
+  const char* name;
+  const char* kind;
+};
+constexpr Group kGroups[] = {
+    {"HOME", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Home")},
+    {"WORK", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Work")},
+    {"BUSINESS", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Business")},
+    {"MAILING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Mailing")},
+    {"SHIPPING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Shipping")},
+    {"BILLING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Billing")},
+    {"OTHER", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Other")},
+    {"PRIMARY", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Primary")},
+    {"SECONDARY", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Secondary")},
+    {"PERMANENT", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Permanent")},
+    {"PHYSICAL", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Physical")},
+    {"ALTERNATE", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Alternate")},
+    {"SEASONAL", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Seasonal")},
+    {"DELIVERY", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Delivery")},
+    {"POSTAL", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Postal")},
+    {"CASA", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Home")},
+    {"TRABAJO", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Work")},
+    {"ADDRESS1", ""},
+    {"ADDRESS2", ""},
+    {"ADDRESS3", ""},
+    {"ADDRESS4", ""},
+};
+
+const QHash<QString, ColumnRole>& rolesByName() {
+  static const QHash<QString, ColumnRole> roles = [] {
+    QHash<QString, ColumnRole> read;
+    for (const NamedRole& named : kNamedRoles) {
+      for (const QString& name : QString::fromLatin1(named.names).split(QLatin1Char(' '))) {
+        read.insert(name, named.role);
+      }
     }
-  }
+    return read;
+  }();
   return roles;
 }
 
-// "Código postal" gives CODIGOPOSTAL.
+}  // namespace
+
 QString plainName(const QString& title) {
   QString name = title.normalized(QString::NormalizationForm_D);
   name.removeIf([](QChar c) { return c.isMark(); });
@@ -64,56 +99,53 @@ QString plainName(const QString& title) {
 }
 
 bool isFullName(const QString& name) {
-  return name == u"NAME" || name == u"FULLNAME" || name == u"DISPLAYNAME" ||
-         name == u"NOMBRECOMPLETO";
+  return QString::fromLatin1(kFullNames).contains(QLatin1Char(' ') + name + QLatin1Char(' '));
 }
 
 bool isPersonal(ColumnRole role) {
-  return role == ColumnRole::Given || role == ColumnRole::Name || role == ColumnRole::Company;
+  return role == ColumnRole::Title || role == ColumnRole::Given || role == ColumnRole::Name ||
+         role == ColumnRole::Suffix || role == ColumnRole::Company;
 }
 
-QList<ColumnRole> rolesWithPrefix(const QStringList& names, const QString& prefix) {
-  static const QHash<QString, ColumnRole> known = rolesByName();
-  QList<ColumnRole> roles;
-  for (const QString& name : names) {
-    const ColumnRole plain = known.value(name, ColumnRole::None);
-    const ColumnRole prefixed = name.startsWith(prefix)
-                                    ? known.value(name.sliced(prefix.size()), ColumnRole::None)
-                                    : ColumnRole::None;
-    roles.append(isPersonal(plain) ? plain : prefixed);
+NamedColumn readColumnName(const QString& title) {
+  const QString name = plainName(title);
+  const auto& known = rolesByName();
+  if (const auto found = known.constFind(name); found != known.cend()) {
+    return {*found, {}, name, false};
   }
-  return roles;
-}
-
-// A column with the full name makes those with its pieces superfluous.
-void preferFullName(const QStringList& names, QList<ColumnRole>& roles) {
-  const bool hasFull = std::any_of(names.begin(), names.end(), isFullName);
-  for (qsizetype column = 0; hasFull && column < roles.size(); ++column) {
-    const bool isPiece = roles[column] == ColumnRole::Given ||
-                         (roles[column] == ColumnRole::Name && !isFullName(names[column]));
-    roles[column] = isPiece ? ColumnRole::None : roles[column];
-  }
-}
-
-}  // namespace
-
-ColumnMapping ColumnMapping::guess(const QStringList& header) {
-  QStringList names;
-  for (const QString& title : header) {
-    names.append(plainName(title));
-  }
-  QList<ColumnRole> roles;
-  for (const char* const prefix : kPrefixes) {
-    roles = rolesWithPrefix(names, QString::fromLatin1(prefix));
-    if (roles.contains(ColumnRole::Street)) {
-      break;
+  for (const Group& each : kGroups) {
+    const QString group = QString::fromLatin1(each.name);
+    const bool isBefore = name.startsWith(group);
+    if (!isBefore && !name.endsWith(group)) {
+      continue;
+    }
+    const QString rest = isBefore ? name.sliced(group.size()) : name.chopped(group.size());
+    if (*each.kind == '\0' && (rest == u"LABEL" || rest == u"TYPE")) {
+      return {ColumnRole::None, group, rest, true};
+    }
+    const ColumnRole role = known.value(rest, ColumnRole::None);
+    if (role != ColumnRole::None && !isPersonal(role)) {
+      return {role, group, rest, false};
     }
   }
-  if (header.size() == 1) {
-    roles = {ColumnRole::Street};
-  }
-  preferFullName(names, roles);
-  return ColumnMapping(roles);
+  return {};
+}
+
+QString kindOfGroup(const QString& group) {
+  const auto* const found =
+      std::find_if(std::begin(kGroups), std::end(kGroups),
+                   [&](const Group& g) { return group == QLatin1String(g.name); });
+  return found == std::end(kGroups) ? QString() : QString::fromLatin1(found->kind);
+}
+
+QString kindText(const QString& kind) {
+  return QCoreApplication::translate("postwright::tables::ColumnNames", kind.toUtf8().constData());
+}
+
+int knownNames(const QStringList& cells) {
+  return static_cast<int>(std::count_if(cells.begin(), cells.end(), [](const QString& cell) {
+    return readColumnName(cell).role != ColumnRole::None;
+  }));
 }
 
 }  // namespace postwright::tables

@@ -34,6 +34,8 @@ class BookTest : public QObject {
   void showsLabelsInColumns();
   void tellsWhatIsDue_data();
   void tellsWhatIsDue();
+  void neverAsksAboutOtherCountries_data();
+  void neverAsksAboutOtherCountries();
   void insertsWhatWasRemoved();
   void remembersChecksBetweenRuns();
 };
@@ -110,6 +112,24 @@ void BookTest::tellsWhatIsDue() {
 }
 
 // Removing rows and inserting what came of it gives the book as it was, with word of each row.
+void BookTest::neverAsksAboutOtherCountries_data() {
+  QTest::addColumn<QString>("label");
+  QTest::addColumn<bool>("isForeign");
+  QTest::newRow("by name") << "Li\nWeg 1\n10115 Berlin\nGERMANY" << true;
+  QTest::newRow("neighbour") << "Li\n1 Rue A\nMontreal QC H2X 1Y4\nCanada" << true;
+  QTest::newRow("with accents") << "Li\nCalle 1\n06000 CDMX\nMéxico" << true;
+  QTest::newRow("at home") << "Li\n1 A St\nReno, NV 89501\nUSA" << false;
+  QTest::newRow("territory") << "Li\n1 Calle A\nSan Juan, PR 00901\nPuerto Rico" << false;
+  QTest::newRow("state too") << "Li\n1 A St\nAtlanta\nGeorgia" << false;
+  QTest::newRow("name alone") << "Jordan" << false;
+}
+
+void BookTest::neverAsksAboutOtherCountries() {
+  QFETCH(QString, label);
+  const Entry entry{1, label, {}};
+  QTEST(checkState(entry, QDate(2026, 1, 1)) == CheckState::Foreign, "isForeign");
+}
+
 void BookTest::insertsWhatWasRemoved() {
   Book book;
   book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}}, QDate(2026, 5, 1));

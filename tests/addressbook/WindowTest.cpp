@@ -25,6 +25,7 @@
 #include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"
 #include "apps/addressbook/window/EntryTable.h"
+#include "apps/tables/ColumnGuess.h"
 #include "tests/addressbook/TestFolder.h"
 
 namespace postwright::addressbook {
@@ -120,7 +121,7 @@ void WindowTest::init() {
   put("book.csv", kBook);
   const QStringList header = {"Name", "Street", "City", "State", "Zip", "Phone"};
   ColumnMemory::remember(kBook.first(kBook.indexOf('\n')),
-                         {',', tables::ColumnMapping::guess(header)});
+                         {',', true, 0, tables::guessColumns(header, {})});
   _window = std::make_unique<AddressBookWindow>(_fixer);
   _window->show();
   _table = find<EntryTable>("entryTable");
@@ -392,8 +393,10 @@ void WindowTest::savesAsTheTypeChosen() {
     dialog->selectNameFilter(filters.first());
     auto* const name = find<QLineEdit>("fileNameEdit", dialog);
     name->setCompleter(nullptr);
+    name->setFocus();
+    QTRY_VERIFY(name->hasFocus());  // else the name loses to the file that is selected in the list
     name->selectAll();
-    QTest::keyClicks(name, typed);  // as a user: what is only set loses to what is selected
+    QTest::keyClicks(name, typed);
     if (type != "CSV file") {
       answer("Save the Labels");
     }

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 
+#include "apps/tables/Country.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
@@ -19,6 +20,9 @@ QByteArray textFingerprint(const QString& label) {
 
 CheckState checkState(const Entry& entry, QDate today) {
   const Check& check = entry.check;
+  if (tables::isForeignLabel(entry.label)) {
+    return CheckState::Foreign;
+  }
   if (!check.day.isValid() || check.text != textFingerprint(entry.label)) {
     return CheckState::NotChecked;
   }

@@ -19,6 +19,7 @@ struct Entry {
   qint64 id = 0;  // its identity, as long as the book is open; 0 is nobody's
   QString label;  // what is printed: lines parted by a line feed, no break at the end
   Check check;
+  QString kind = {};  // "Home", where the file tells one address of somebody from another
 };
 
 // Where an entry stands with the service.
@@ -27,6 +28,7 @@ enum class CheckState {
   Right,       // found right or corrected
   DueAgain,    // the same, but half a year ago or longer
   Failed,      // turned down
+  Foreign,     // in another country: never asked about
 };
 
 // Returns what stays the same of a label when only case, spacing or punctuation changes: a digest

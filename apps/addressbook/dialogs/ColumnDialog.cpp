@@ -1,5 +1,6 @@
 #include "apps/addressbook/dialogs/ColumnDialog.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -7,12 +8,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "apps/addressbook/widgets/LabelPreview.h"
+#include "apps/tables/ColumnNames.h"
 #include "apps/tables/CsvReader.h"
 #include "apps/tables/FileError.h"
 
@@ -30,7 +33,7 @@ constexpr int kPreviewWidth = 260;
 }  // namespace
 
 ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* parent)
-    : QDialog(parent), _file(file), _table(new QTableWidget(this)) {
+    : QDialog(parent), _file(file), _choice(file.choice()), _table(new QTableWidget(this)) {
   setWindowTitle(tr("Columns of “%1”").arg(name));
   auto* const lead = new QLabel(tr("Choose what each column is to the label. The choice is "
                                    "remembered for files with the same "
@@ -49,12 +52,31 @@ ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* par
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(lead);
   layout->addWidget(buildDelimiter());
+  layout->addWidget(buildAddresses());
   layout->addLayout(middle, 1);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &ColumnDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  take(_choice);
   fillTable();
   resize(kSize);
+}
+
+// Where a row holds several addresses, the columns of one of them are shown at a time.
+QWidget* ColumnDialog::buildAddresses() {
+  _whichRow = new QWidget(this);
+  _which = new QComboBox(_whichRow);
+  _which->setObjectName(QStringLiteral("address"));
+  auto* const caption =
+      new QLabel(tr("Each row holds several addresses. Columns of &address:"), _whichRow);
+  caption->setBuddy(_which);
+  auto* const layout = new QHBoxLayout(_whichRow);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(caption);
+  layout->addWidget(_which);
+  layout->addStretch(1);
+  connect(_which, &QComboBox::currentIndexChanged, this, &ColumnDialog::addressChanged);
+  return _whichRow;
 }
 
 QWidget* ColumnDialog::buildDelimiter() {
@@ -67,7 +89,7 @@ QWidget* ColumnDialog::buildDelimiter() {
   _otherDelimiter->setMaxLength(1);
   _otherDelimiter->setFixedWidth(_otherDelimiter->fontMetrics().averageCharWidth() * 6);
   _otherDelimiter->setAccessibleName(tr("Another delimiter"));
-  const char delimiter = _file.choice().delimiter;
+  const char delimiter = _choice.delimiter;
   const qsizetype offered = kOfferedDelimiters.indexOf(delimiter);
   const bool isOffered = offered >= 0;
   _delimiter->setCurrentIndex(static_cast<int>(isOffered ? offered : kOfferedDelimiters.size()));
@@ -81,7 +103,12 @@ QWidget* ColumnDialog::buildDelimiter() {
   layout->addWidget(caption);
   layout->addWidget(_delimiter);
   layout->addWidget(_otherDelimiter);
+  _header = new QCheckBox(tr("The first row &names the columns"), row);
+  _header->setObjectName(QStringLiteral("header"));
+  _header->setChecked(_choice.hasHeader);
+  layout->addWidget(_header);
   layout->addWidget(_problem, 1);
+  connect(_header, &QCheckBox::toggled, this, &ColumnDialog::headerChanged);
   connect(_delimiter, &QComboBox::activated, this, &ColumnDialog::delimiterChanged);
   connect(_otherDelimiter, &QLineEdit::textEdited, this, &ColumnDialog::delimiterChanged);
   return row;
@@ -122,7 +149,10 @@ void ColumnDialog::fillTable() {
                              tr("City"),
                              tr("State"),
                              tr("ZIP code"),
-                             tr("Line below")};
+                             tr("Line below"),
+                             tr("Title before the name"),
+                             tr("Suffix behind the name"),
+                             tr("Country")};
   const QStringList header = _file.header();
   _table->clear();
   _table->setColumnCount(kTableColumns);
@@ -140,7 +170,8 @@ void ColumnDialog::fillTable() {
     _table->setItem(column, kExample, new QTableWidgetItem(example));
     auto* const box = new QComboBox(_table);
     box->addItems(roles);
-    box->setCurrentIndex(static_cast<int>(_file.choice().mapping.roles().value(column)));
+    box->setCurrentIndex(
+        static_cast<int>(_choice.addresses[_address].mapping.roles().value(column)));
     box->setAccessibleName(tr("What “%1” is to the label").arg(header[column]));
     connect(box, &QComboBox::currentIndexChanged, this, &ColumnDialog::refresh);
     _table->setCellWidget(column, kRole, box);
@@ -163,7 +194,9 @@ void ColumnDialog::delimiterChanged() {
     return;  // the user is about to type one
   }
   try {
-    _file.choose(_file.guess({delimiter, {}}));
+    tables::TableChoice choice = _choice;
+    choice.delimiter = delimiter;
+    take(_file.guess(choice));
   } catch (const tables::FileError& error) {
     _problem->setText(error.message());  // the file is as it was
   }
@@ -191,8 +224,36 @@ void ColumnDialog::showRow(int row) {
   _accept->setEnabled(mapping.isUsable());
 }
 
+// Reads the file by a choice; throws where it cannot be, and all stays as it was.
+void ColumnDialog::take(const tables::TableChoice& choice) {
+  _file.choose(choice);
+  _choice = choice;
+  _address = 0;
+  const QSignalBlocker quiet(_which);
+  _which->clear();
+  for (const tables::AddressColumns& address : _choice.addresses) {
+    const QString kind = tables::kindText(address.kind);
+    _which->addItem(kind.isEmpty() ? tr("Address %1").arg(_which->count() + 1) : kind);
+  }
+  _whichRow->setVisible(_which->count() > 1);
+}
+
+void ColumnDialog::addressChanged(int address) {
+  _choice.addresses[_address].mapping = mapping();
+  _address = address;
+  fillTable();
+}
+
+void ColumnDialog::headerChanged(bool hasHeader) {
+  tables::TableChoice choice = _choice;
+  choice.hasHeader = hasHeader;
+  take(_file.guess(choice));
+  fillTable();
+}
+
 void ColumnDialog::accept() {
-  _file.choose({_file.choice().delimiter, mapping()});
+  _choice.addresses[_address].mapping = mapping();
+  _file.choose(_choice);
   QDialog::accept();
 }
 

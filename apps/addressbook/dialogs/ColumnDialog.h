@@ -5,6 +5,7 @@
 
 #include "apps/addressbook/book/ColumnedFile.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -28,7 +29,11 @@ class ColumnDialog : public QDialog {
 
  private:
   QWidget* buildDelimiter();
+  QWidget* buildAddresses();
   QWidget* buildPreview();
+  void take(const tables::TableChoice& choice);
+  void addressChanged(int address);
+  void headerChanged(bool hasHeader);
   void fillTable();
   void delimiterChanged();
   tables::ColumnMapping mapping() const;
@@ -36,6 +41,11 @@ class ColumnDialog : public QDialog {
   void refresh() { showRow(_row); }
 
   ColumnedFile& _file;
+  tables::TableChoice _choice;
+  int _address = 0;  // the one whose columns are shown
+  QWidget* _whichRow = nullptr;
+  QComboBox* _which = nullptr;
+  QCheckBox* _header = nullptr;
   int _row = 0;
   QComboBox* _delimiter = nullptr;
   QLineEdit* _otherDelimiter = nullptr;

@@ -24,6 +24,7 @@ int urgency(CheckState state) {
     case CheckState::DueAgain:
       return 2;
     case CheckState::Right:
+    case CheckState::Foreign:
       break;
   }
   return 3;
@@ -49,6 +50,12 @@ void EntryModel::search(const QString& text, Filter filter) {
   _words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
   _filter = filter;
   showAnew();
+}
+
+bool EntryModel::hasKinds() const {
+  const QList<Entry>& entries = _book.entries();
+  return std::any_of(entries.begin(), entries.end(),
+                     [](const Entry& entry) { return !entry.kind.isEmpty(); });
 }
 
 void EntryModel::sort(int column, Qt::SortOrder order) {
@@ -179,6 +186,9 @@ QString EntryModel::text(int bookRow, int column) const {
   if (column == Checked) {
     return stateText(entry, _book.stateAt(bookRow));
   }
+  if (column == Kind) {
+    return entry.kind;
+  }
   const tables::LabelSummary summary = tables::summarizeLabel(entry.label);
   switch (column) {
     case Name:
@@ -201,6 +211,8 @@ QString EntryModel::stateText(const Entry& entry, CheckState state) {
       return tr("Due again, right %1").arg(day);
     case CheckState::Failed:
       return entry.check.failure;
+    case CheckState::Foreign:
+      return tr("Another country");
     case CheckState::NotChecked:
       break;
   }
@@ -220,6 +232,8 @@ QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int ro
       return tr("City and state");
     case Zip:
       return tr("ZIP code");
+    case Kind:
+      return tr("Kind");
     default:
       return tr("Checked");
   }

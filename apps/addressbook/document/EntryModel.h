@@ -18,7 +18,7 @@ class EntryModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  enum Column { Name, Street, Place, Zip, Checked, kColumns };
+  enum Column { Name, Street, Place, Zip, Kind, Checked, kColumns };
 
   // Which entries are shown, beside what is searched for.
   enum class Filter { All, ToCheck, Failed };
@@ -32,6 +32,8 @@ class EntryModel : public QAbstractTableModel {
 
   // Shows the entries whose labels hold every word of `text`, in any case.
   void search(const QString& text, Filter filter);
+  // True where the file tells the addresses of somebody apart.
+  bool hasKinds() const;
   bool isSearching() const { return !_words.isEmpty() || _filter != Filter::All; }
 
   // Rows of the book, and places in the table.

@@ -18,7 +18,8 @@ bool wasRight(CheckState state) {
 QList<int> rowsToFix(const Book& book, const QList<int>& rows, bool includesRight) {
   QList<int> due;
   std::copy_if(rows.begin(), rows.end(), std::back_inserter(due), [&](int row) {
-    return hasAddress(book.at(row)) && (includesRight || book.stateAt(row) != CheckState::Right);
+    return hasAddress(book.at(row)) && book.stateAt(row) != CheckState::Foreign &&
+           (includesRight || book.stateAt(row) != CheckState::Right);
   });
   return due;
 }

@@ -281,6 +281,30 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <source>Row %1 of %2</source>
         <translation>Fila %1 de %2</translation>
     </message>
+    <message>
+        <source>Each row holds several addresses. Columns of &amp;address:</source>
+        <translation>Cada fila contiene varias direcciones. Columnas de la &amp;dirección:</translation>
+    </message>
+    <message>
+        <source>The first row &amp;names the columns</source>
+        <translation>La primera fila &amp;nombra las columnas</translation>
+    </message>
+    <message>
+        <source>Title before the name</source>
+        <translation>Tratamiento ante el nombre</translation>
+    </message>
+    <message>
+        <source>Suffix behind the name</source>
+        <translation>Sufijo tras el nombre</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>País</translation>
+    </message>
+    <message>
+        <source>Address %1</source>
+        <translation>Dirección %1</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::CsvFile</name>
@@ -351,6 +375,14 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     <message>
         <source>Checked</source>
         <translation>Comprobada</translation>
+    </message>
+    <message>
+        <source>Another country</source>
+        <translation>Otro país</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
     </message>
 </context>
 <context>
@@ -923,6 +955,14 @@ Ciudad, estado y código ZIP</translation>
         <source>vCard file</source>
         <translation>Archivo vCard</translation>
     </message>
+    <message>
+        <source>Home</source>
+        <translation>Casa</translation>
+    </message>
+    <message>
+        <source>Work</source>
+        <translation>Trabajo</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::WindowActions</name>
@@ -1073,6 +1113,69 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Print Labels</source>
         <translation>Imprimir etiquetas</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::tables::ColumnNames</name>
+    <message>
+        <source>Home</source>
+        <translation>Casa</translation>
+    </message>
+    <message>
+        <source>Work</source>
+        <translation>Trabajo</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Empresa</translation>
+    </message>
+    <message>
+        <source>Mailing</source>
+        <translation>Envío postal</translation>
+    </message>
+    <message>
+        <source>Shipping</source>
+        <translation>Entrega</translation>
+    </message>
+    <message>
+        <source>Billing</source>
+        <translation>Facturación</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Otra</translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>Principal</translation>
+    </message>
+    <message>
+        <source>Secondary</source>
+        <translation>Secundaria</translation>
+    </message>
+    <message>
+        <source>Permanent</source>
+        <translation>Permanente</translation>
+    </message>
+    <message>
+        <source>Physical</source>
+        <translation>Física</translation>
+    </message>
+    <message>
+        <source>Alternate</source>
+        <translation>Alternativa</translation>
+    </message>
+    <message>
+        <source>Seasonal</source>
+        <translation>De temporada</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>Reparto</translation>
+    </message>
+    <message>
+        <source>Postal</source>
+        <translation>Postal</translation>
     </message>
 </context>
 <context>

@@ -84,6 +84,7 @@ QIcon stateIcon(CheckState state) {
     case CheckState::Failed:
       return QIcon(new ThemedIconEngine(QStringLiteral("failed"), Tone::Warning));
     case CheckState::NotChecked:
+    case CheckState::Foreign:
       break;
   }
   return QIcon(new ThemedIconEngine(QStringLiteral("unchecked"), Tone::Quiet));

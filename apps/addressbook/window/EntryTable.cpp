@@ -15,7 +15,7 @@ namespace {
 // Selecting more scattered rows than this takes long and helps nobody; the first one is shown.
 constexpr qsizetype kMostRanges = 500;
 
-const QString kHeaderKey = QStringLiteral("window/columns");
+const QString kHeaderKey = QStringLiteral("window/entryColumns");
 
 // Puts the icon of an entry's state before what the column says.
 class StateDelegate final : public QStyledItemDelegate {
@@ -53,14 +53,17 @@ EntryTable::EntryTable(EntryModel& model, QWidget* parent) : QTableView(parent),
   setSortingEnabled(true);
   if (!header->restoreState(QSettings().value(kHeaderKey).toByteArray())) {
     const int letter = fontMetrics().averageCharWidth();
-    const int widths[EntryModel::kColumns] = {24 * letter, 34 * letter, 22 * letter, 12 * letter,
-                                              24 * letter};
+    const int widths[EntryModel::kColumns] = {24 * letter, 34 * letter, 22 * letter,
+                                              12 * letter, 12 * letter, 24 * letter};
     for (int column = 0; column < EntryModel::kColumns; ++column) {
       header->resizeSection(column, widths[column]);
     }
   }
   header->setSortIndicator(EntryModel::kBookOrder, Qt::AscendingOrder);
   header->setStretchLastSection(true);
+  const auto showKinds = [this] { setColumnHidden(EntryModel::Kind, !_model.hasKinds()); };
+  connect(&model, &QAbstractItemModel::modelReset, this, showKinds);
+  showKinds();
   connect(this, &QTableView::doubleClicked, this, &EntryTable::editRequested);
 }
 

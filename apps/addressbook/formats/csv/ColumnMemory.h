@@ -9,11 +9,11 @@
 namespace postwright::addressbook {
 
 // Remembers the choice for each header that was met, in the settings of the application. Forms are
-// told apart by the first line of the file as it stands.
+// told apart by the header as it stands, or by the first row of a file without one.
 class ColumnMemory {
  public:
-  static std::optional<tables::TableChoice> find(const QByteArray& firstLine);
-  static void remember(const QByteArray& firstLine, const tables::TableChoice& choice);
+  static std::optional<tables::TableChoice> find(const QByteArray& header);
+  static void remember(const QByteArray& header, const tables::TableChoice& choice);
 };
 
 }  // namespace postwright::addressbook

@@ -1,14 +1,21 @@
 #include "apps/addressbook/formats/csv/CsvFile.h"
 
+#include <algorithm>
+
 #include "apps/addressbook/book/BookFormat.h"
 #include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/tables/ColumnNames.h"
 #include "apps/tables/CsvWriter.h"
 #include "apps/tables/FileError.h"
 #include "apps/tables/FormulaGuard.h"
+#include "apps/tables/LabelText.h"
+#include "apps/tables/TableGuess.h"
 
 namespace postwright::addressbook {
 
 namespace {
+
+constexpr qsizetype kLetters = 26;
 
 QStringList newHeader() {
   return QStringLiteral("Name,Company,Address 1,Address 2,City,State,ZIP").split(QLatin1Char(','));
@@ -53,78 +60,137 @@ const BookFormat& CsvFile::bookFormat() {
 
 CsvFile::CsvFile(char delimiter) {
   _text.utf8 = tables::csvRow(newHeader(), delimiter) + _lineBreak;
-  choose({delimiter, tables::ColumnMapping::guess(newHeader())});
+  choose(guess({delimiter, true, 0, {}}));
 }
 
 CsvFile::CsvFile(tables::TextFile text)
     : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
-  if (const std::optional<tables::TableChoice> known = ColumnMemory::find(firstLine())) {
-    choose(*known);
-    return;
+  tables::TableChoice choice = tables::guessTable(_text.utf8);
+  choose(choice);
+  if (const std::optional<tables::TableChoice> known = ColumnMemory::find(headerText())) {
+    choice.delimiter = known->delimiter;
+    choice.hasHeader = known->hasHeader;
+    choice.addresses = known->addresses;
+    choose(choice);
   }
-  const char delimiter = tables::CsvReader::guessDelimiter(_text.utf8);
-  const QStringList header = tables::CsvReader(delimiter).firstRow(_text.utf8);
-  choose({delimiter, tables::ColumnMapping::guess(header)});
+}
+
+QStringList CsvFile::header() const {
+  if (_choice.hasHeader) {
+    return _header;
+  }
+  QStringList letters;
+  for (qsizetype column = 0; column < _header.size(); ++column) {
+    QString name;
+    for (qsizetype rest = column + 1; rest > 0; rest = (rest - 1) / kLetters) {
+      name.prepend(QChar(u'A' + static_cast<char16_t>((rest - 1) % kLetters)));
+    }
+    letters.append(name);
+  }
+  return letters;
 }
 
 QStringList CsvFile::cells(int row) const {
   return tables::CsvReader(_choice.delimiter).firstRow(_rows[row].of(_text.utf8));
 }
 
-QByteArray CsvFile::firstLine() const {
-  const auto* const end = std::find_if(_text.utf8.begin(), _text.utf8.end(), isLineBreak);
-  return _text.utf8.first(end - _text.utf8.begin());
+QByteArray CsvFile::headerText() const {
+  const tables::TextRange& range =
+      _choice.hasHeader || _rows.isEmpty() ? _headerRange : _rows.first();
+  const QByteArray text = range.of(_text.utf8).trimmed();
+  // What stands above the header differs from file to file.
+  const QByteArrayView last =
+      tables::CsvReader(_choice.delimiter).first(text).range.size() == text.size()
+          ? QByteArrayView(text)
+          : QByteArrayView(text).sliced(text.lastIndexOf('\n') + 1);
+  return last.toByteArray();
 }
 
 // The columns that the program itself writes need no answer.
 bool CsvFile::needsChoice() const {
-  return _header != newHeader() && !ColumnMemory::find(firstLine());
+  return _header != newHeader() && !ColumnMemory::find(headerText());
 }
 
 void CsvFile::rememberChoice() const {
-  ColumnMemory::remember(firstLine(), _choice);
+  ColumnMemory::remember(headerText(), _choice);
 }
 
 tables::TableChoice CsvFile::guess(const tables::TableChoice& choice) const {
-  const QStringList header = tables::CsvReader(choice.delimiter).firstRow(_text.utf8);
-  return {choice.delimiter, tables::ColumnMapping::guess(header)};
+  return tables::guessColumnsOf(_text.utf8, choice);
 }
 
+// What is read by a choice takes the place of what was read before as a whole, or not at all.
 void CsvFile::choose(const tables::TableChoice& choice) {
-  QStringList header;
-  tables::TextRange headerRange;
-  tables::ColumnMapping mapping;
-  QList<tables::TextRange> rows;
-  QStringList labels;
-  int brokenRows = 0;
+  CsvFile read(_text, choice, _lineBreak);
+  _choice = read._choice;
+  _header = read._header;
+  _headerRange = read._headerRange;
+  _rows = read._rows;
+  _slots = read._slots;
+  _brokenRows = read._brokenRows;
+  _firstBrokenLine = read._firstBrokenLine;
+}
+
+CsvFile::CsvFile(tables::TextFile text, const tables::TableChoice& choice, QByteArray lineBreak)
+    : _text(std::move(text)), _choice(choice), _lineBreak(std::move(lineBreak)) {
+  int above = choice.skippedRows;
   qsizetype firstBroken = 0;
   tables::CsvReader(choice.delimiter).readRows(_text.utf8, [&](const tables::CsvRow& row) {
-    if (row.isBroken && brokenRows++ == 0) {
+    if (row.isBroken && _brokenRows++ == 0) {
       firstBroken = row.range.begin;
     }
-    if (header.isEmpty()) {
-      header = row.cells;
-      headerRange = row.range;
-      QList<tables::ColumnRole> roles = choice.mapping.roles();
-      roles.resize(header.size());
-      mapping = tables::ColumnMapping(roles);
-    } else {
-      rows.append(row.range);
-      labels.append(mapping.compose(row.cells));
+    if (above-- > 0) {
+      _headerRange = {0, row.range.end};
+      return true;
     }
+    if (_header.isEmpty()) {
+      _header = row.cells;
+      takeHeader();
+      if (_choice.hasHeader) {
+        _headerRange = {0, row.range.end};
+        return true;
+      }
+    }
+    _rows.append(row.range);
+    takeRow(row.cells);
     return true;
   });
-  if (header.isEmpty()) {
+  if (_header.isEmpty()) {
     throw tables::FileError(
         tr("The file is empty. A CSV file begins with a line that names its columns."));
   }
-  _choice = {choice.delimiter, mapping};
-  _header = header;
-  _headerRange = headerRange;
-  _rows = rows;
-  _labels = labels;
-  _brokenRows = brokenRows;
   _firstBrokenLine = _text.utf8.first(firstBroken).count('\n') + 1;
+}
+
+void CsvFile::takeHeader() {
+  for (tables::AddressColumns& address : _choice.addresses) {
+    QList<tables::ColumnRole> roles = address.mapping.roles();
+    roles.resize(_header.size());
+    address.mapping = tables::ColumnMapping(roles);
+  }
+}
+
+// An address that repeats an earlier one of its row is no entry of its own.
+void CsvFile::takeRow(const QStringList& cells) {
+  const int row = static_cast<int>(_rows.size()) - 1;
+  const qsizetype first = _slots.size();
+  for (int place = 0; place < _choice.addresses.size(); ++place) {
+    const tables::AddressColumns& address = _choice.addresses[place];
+    if (_choice.addresses.size() > 1 && !address.mapping.hasAddress(cells)) {
+      continue;
+    }
+    const QString label = address.mapping.compose(cells);
+    const bool isRepeated =
+        std::any_of(_slots.begin() + first, _slots.end(),
+                    [&label](const Slot& slot) { return tables::sameLetters(slot.label, label); });
+    if (!isRepeated) {
+      const QString told = cells.value(address.kindColumn).remove(QLatin1Char('*')).trimmed();
+      _slots.append({row, place, told.isEmpty() ? tables::kindText(address.kind) : told, label});
+    }
+  }
+  if (_slots.size() == first) {
+    _slots.append({row, 0, {}, _choice.addresses.first().mapping.compose(cells)});
+  }
 }
 
 QStringList CsvFile::notes() const {
@@ -140,9 +206,9 @@ QStringList CsvFile::notes() const {
 
 QList<Entry> CsvFile::entries() const {
   QList<Entry> entries;
-  entries.reserve(_labels.size());
-  for (const QString& label : _labels) {
-    entries.append({entries.size() + 1, label, {}});
+  entries.reserve(_slots.size());
+  for (const Slot& slot : _slots) {
+    entries.append({entries.size() + 1, slot.label, {}, slot.kind});
   }
   return entries;
 }
@@ -162,40 +228,71 @@ QStringList CsvFile::writeForSpreadsheet(const QString& path, const QList<Entry>
 }
 
 CsvFile::Output CsvFile::compose(const QList<Entry>& entries) const {
+  QList<const QString*> labels(_slots.size(), nullptr);  // null: removed
   Output output;
-  output.text.reserve(_text.utf8.size());
-  output.text = _headerRange.of(_text.utf8);
+  QByteArray added;
   for (const Entry& entry : entries) {
-    appendRow(output, entry);
+    if (entry.id <= _slots.size()) {
+      labels[entry.id - 1] = &entry.label;
+    } else {
+      added += newRow(entry.label, output.wholeLabels) + _lineBreak;
+    }
   }
+  output.text.reserve(_text.utf8.size() + added.size());
+  output.text = _headerRange.of(_text.utf8);
+  auto slot = _slots.cbegin();
+  for (int row = 0; row < _rows.size(); ++row) {
+    const QByteArray text = rowText(row, slot, labels, output.wholeLabels);
+    endLine(output.text, text);
+    output.text += text;
+  }
+  endLine(output.text, added);
   const qsizetype end = _rows.isEmpty() ? _headerRange.end : _rows.last().end;
-  output.text += _text.utf8.sliced(end);  // blank lines behind the last row
+  output.text += added + _text.utf8.sliced(end);  // blank lines behind the last row
   return output;
 }
 
-void CsvFile::appendRow(Output& output, const Entry& entry) const {
-  if (!isLineBreak(output.text.back())) {
-    output.text += _lineBreak;  // what was the last row had none
+// What was the last row may have had no line break.
+void CsvFile::endLine(QByteArray& text, const QByteArray& next) const {
+  if (!next.isEmpty() && !text.isEmpty() && !isLineBreak(text.back())) {
+    text += _lineBreak;
   }
-  if (entry.id > _rows.size()) {
-    output.text += newRow(entry.label, output.wholeLabels) + _lineBreak;
-    return;
-  }
-  const QByteArray row = _rows[entry.id - 1].of(_text.utf8);
-  output.text +=
-      entry.label == _labels[entry.id - 1] ? row : changedRow(row, entry.label, output.wholeLabels);
 }
 
-QByteArray CsvFile::changedRow(const QByteArray& row, const QString& label,
-                               int& wholeLabels) const {
-  const QStringList cells = tables::CsvReader(_choice.delimiter).firstRow(row);
-  const tables::ColumnMapping::Division division = _choice.mapping.divide(label, cells);
-  wholeLabels += division.isWhole ? 1 : 0;
-  return tables::csvRowWith(row, division.cells, _choice.delimiter);
+// Returns the row as it is to be written; empty where all of its entries were removed. `slot` is
+// moved behind those of the row.
+QByteArray CsvFile::rowText(int row, QList<Slot>::const_iterator& slot,
+                            const QList<const QString*>& labels, int& wholeLabels) const {
+  const QByteArray text = _rows[row].of(_text.utf8);
+  std::optional<QStringList> cells;  // read for a row that changes
+  bool isEmpty = true;
+  for (; slot != _slots.cend() && slot->row == row; ++slot) {
+    const QString* const label = labels[slot - _slots.cbegin()];
+    isEmpty = isEmpty && label == nullptr;
+    if (label != nullptr && *label == slot->label) {
+      continue;
+    }
+    if (!cells) {
+      cells = tables::CsvReader(_choice.delimiter).firstRow(text);
+    }
+    const tables::ColumnMapping& mapping = _choice.addresses[slot->address].mapping;
+    if (label == nullptr) {
+      cells = mapping.withoutAddress(*cells);
+      continue;
+    }
+    const tables::ColumnMapping::Division division = mapping.divide(*label, *cells);
+    wholeLabels += division.isWhole ? 1 : 0;
+    cells = division.cells;
+  }
+  if (isEmpty) {
+    return {};
+  }
+  return cells ? tables::csvRowWith(text, *cells, _choice.delimiter) : text;
 }
 
 QByteArray CsvFile::newRow(const QString& label, int& wholeLabels) const {
-  const tables::ColumnMapping::Division division = _choice.mapping.divide(label, {});
+  const tables::ColumnMapping::Division division =
+      _choice.addresses.first().mapping.divide(label, {});
   wholeLabels += division.isWhole ? 1 : 0;
   return tables::csvRow(division.cells, _choice.delimiter);
 }

@@ -11,7 +11,7 @@
 
 namespace postwright::addressbook {
 
-// An address book in a CSV file with a header: a row an entry.
+// An address book in a CSV file: a row an entry, or one for each of its addresses.
 //
 //   CsvFile file(TextFile::read(path));
 //   if (file.needsChoice()) file.choose(askUser(file));
@@ -37,7 +37,7 @@ class CsvFile final : public BookFile, public ColumnedFile {
   QStringList write(const QString& path, const QList<Entry>& entries) override;
   QStringList notes() const override;
 
-  QStringList header() const override { return _header; }
+  QStringList header() const override;
   int rowCount() const override { return static_cast<int>(_rows.size()); }
   QStringList cells(int row) const override;
   bool needsChoice() const override;
@@ -49,21 +49,33 @@ class CsvFile final : public BookFile, public ColumnedFile {
 
  private:
   struct Output;
-  QByteArray firstLine() const;
+  // An address of a row, and so an entry.
+  struct Slot {
+    int row = 0;
+    int address = 0;  // of TableChoice::addresses
+    QString kind;
+    QString label;  // as it was read
+  };
+
+  CsvFile(tables::TextFile text, const tables::TableChoice& choice, QByteArray lineBreak);
+  QByteArray headerText() const;
+  void takeHeader();
+  void endLine(QByteArray& text, const QByteArray& next) const;
+  void takeRow(const QStringList& cells);
   Output compose(const QList<Entry>& entries) const;
-  void appendRow(Output& output, const Entry& entry) const;
-  QByteArray changedRow(const QByteArray& row, const QString& label, int& wholeLabels) const;
+  QByteArray rowText(int row, QList<Slot>::const_iterator& slot,
+                     const QList<const QString*>& labels, int& wholeLabels) const;
   QByteArray newRow(const QString& label, int& wholeLabels) const;
   QStringList notesOn(const Output& output) const;
 
   tables::TextFile _text;
   tables::TableChoice _choice;
   QStringList _header;
-  tables::TextRange _headerRange;  // with the blank lines above it
+  tables::TextRange _headerRange;  // with all that stands above it; empty without one
   QList<tables::TextRange> _rows;
+  QList<Slot> _slots;              // in the order of their rows
   int _brokenRows = 0;             // those with a quotation mark that nothing closes,
   qsizetype _firstBrokenLine = 0;  // and where the first one begins
-  QStringList _labels;             // of the rows, as they were read
   QByteArray _lineBreak = "\r\n";
 };
 

@@ -4,6 +4,7 @@
 #include <QSet>
 #include <algorithm>
 
+#include "apps/tables/Country.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
@@ -11,17 +12,6 @@ namespace postwright::addressbook {
 namespace {
 
 const QLatin1Char kLineFeed('\n');
-
-// Names of the country of which a label within it does not speak.
-bool isHomeCountry(const QString& country) {
-  static const QStringList names = {QStringLiteral("US"),
-                                    QStringLiteral("USA"),
-                                    QStringLiteral("UNITEDSTATES"),
-                                    QStringLiteral("UNITEDSTATESOFAMERICA"),
-                                    QStringLiteral("ESTADOSUNIDOS"),
-                                    QStringLiteral("EEUU")};
-  return names.contains(tables::lettersOf(country));
-}
 
 // A line of a street or a box; names have no digits.
 bool holdsDigit(const QString& line) {
@@ -205,7 +195,7 @@ QStringList CardContent::addressLines(int place) const {
   lines += boxLine(parts[kPostOfficeBox].join(QStringLiteral(", ")));
   lines += placeLine(parts);
   const QString country = parts[kCountry].join(QStringLiteral(", "));
-  lines += isHomeCountry(country) ? QString() : country;
+  lines += tables::isHomeCountry(country) ? QString() : country;
   return lines;
 }
 

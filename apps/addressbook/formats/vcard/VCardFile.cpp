@@ -15,6 +15,10 @@ const QByteArray kBegin = "BEGIN:VCARD";
 
 }  // namespace
 
+QString VCardFile::kindText(const QString& type) {
+  return type == u"HOME" ? tr("Home") : type == u"WORK" ? tr("Work") : QString();
+}
+
 const BookFormat& VCardFile::bookFormat() {
   static const BookFormat format = {
       [] { return tr("vCard file"); },
@@ -42,7 +46,7 @@ VCardFile::VCardFile(tables::TextFile text) : _text(std::move(text)) {
   for (int card = 0; card < _cards.size(); ++card) {
     const CardContent content(_text.utf8, _cards[card]);
     for (const AddressLines& lines : content.addresses()) {
-      _addresses.append({card, lines, content.label(lines)});
+      _addresses.append({card, lines, content.label(lines), kindText(content.kind(lines))});
     }
   }
 }
@@ -51,7 +55,7 @@ QList<Entry> VCardFile::entries() const {
   QList<Entry> entries;
   entries.reserve(_addresses.size());
   for (const Address& address : _addresses) {
-    entries.append({entries.size() + 1, address.label, {}});
+    entries.append({entries.size() + 1, address.label, {}, address.kind});
   }
   return entries;
 }

@@ -36,8 +36,10 @@ class VCardFile final : public BookFile {
     int card = 0;
     AddressLines lines;
     QString label;  // as it was read
+    QString kind;
   };
 
+  static QString kindText(const QString& type);
   QByteArray cardText(int card, QList<Address>::const_iterator& address,
                       const QList<const QString*>& labels) const;
 
