@@ -113,6 +113,7 @@ bool BatchResultRecord::fix(
     return false;
   }
   _values.takeAnswer(outcome->answer, outcome->message);
+  _values.remark = outcome->remark;
   ++_changes;
   return true;
 }

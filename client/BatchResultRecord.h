@@ -28,6 +28,9 @@ enum AddressStatus : qint32 {
 struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   std::optional<AddressFix> answer;
   QString message;
+  // What a person should know of the answer: why it is doubtful, or why nobody was asked. Mostly
+  // empty.
+  QString remark = {};
 
   // True where the service or the network failed: the address was not judged.
   bool isUnanswered() const;
@@ -55,6 +58,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     // error).
     QString fixed;
     QString result;                            // the message of the last failure, else empty
+    QString remark;                            // that of the last outcome
     QList<PostwrightSelectorPointer> matches;  // the candidates, two or more, else empty
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since

@@ -196,6 +196,8 @@ void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) 
 void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype twins) {
   fillEditor(*_layout.tvMultipleAddress, _drafts.value(_record.get(), values.address));
   showTwins(*_layout.ckTwins, twins);
+  _layout.txtDoubt->setText(values.remark);
+  _layout.txtDoubt->setVisible(!values.remark.isEmpty());
   showMatches(values.matches);
 }
 

@@ -84,8 +84,10 @@ void PostwrightController::bnChooseSelectedAddressClick() {
     chosen += _window->records.choiceTwinsOf(*record);
   }
   _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen, [&](Values& values) {
+    // The text as typed, offered beside a doubtful correction, is nothing to write back.
+    const bool typed = !values.remark.isEmpty() && *address == values.address;
     values.fixed = *address;
-    values.status = AddressStatusFixed;
+    values.status = typed ? AddressStatusUnchanged : AddressStatusFixed;
     values.pending = values.own = false;
   });
 }

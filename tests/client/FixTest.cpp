@@ -2,6 +2,7 @@
 #include <postwright/Deployment.h>
 #include <postwright/MacPlatformServices.h>
 #include <postwright/PostwrightClient.h>
+#include <postwright/ReviewedFix.h>
 
 #include "client/EngineTexts.h"
 #include "tests/client/ClientTestMain.h"
@@ -33,6 +34,8 @@ class FixTest : public QObject {
   void givesTextOrMessage();
   void textThatIsNotAsciiGoesThroughWhole();
   void wantsNoReplyWithoutANetwork();
+  void reviewsWhatItCorrects_data();
+  void reviewsWhatItCorrects();
   void presentsCandidates();
   void outcomeDecidesStatus();
   void changeDuringAFixWins();
@@ -100,6 +103,43 @@ void FixTest::wantsNoReplyWithoutANetwork() {
   QCOMPARE(client.lastResult(), std::optional(u"No internet connection available"_qs));
   QVERIFY(!client.fixAddress(u"12 main st\naustin tx"_qs));
   QCOMPARE(server.GetRequests().size(), 0U);
+}
+
+void FixTest::reviewsWhatItCorrects_data() {
+  QTest::addColumn<QString>("label");
+  QTest::addColumn<AddressStatus>("status");
+  QTest::addColumn<QString>("fixed");
+  QTest::addColumn<QString>("proposed");
+  QTest::newRow("no doubt") << u"3M Co.\n12 main street ne\nPeña, tx 78701-1234"_qs
+                            << AddressStatusFixed
+                            << u"3M Co.\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs << QString();
+  QTest::newRow("another number") << u"Jo\n14 main st ne\npeña tx 78701-1234"_qs
+                                  << AddressStatusMultiple << QString()
+                                  << u"Jo\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs;
+  QTest::newRow("left alone") << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs << AddressStatusUnchanged
+                              << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs << QString();
+}
+
+void FixTest::reviewsWhatItCorrects() {
+  QFETCH(const QString, label);
+  QFETCH(const AddressStatus, status);
+  QFETCH(const QString, fixed);
+  QFETCH(const QString, proposed);
+  const LoopbackServer server(Page(kFound));
+  Deploy(server.GetEndpoint());
+  PostwrightClient client;
+  client.setRemovePunctuation(false);
+  BatchResultRecord record(label);
+  QVERIFY(record.fix([&](const QString& address) { return fixReviewed(client, address); }));
+  const BatchResultRecord::Values values = record.values();
+  QCOMPARE(values.status, status);
+  QCOMPARE(values.fixed, fixed);
+  QCOMPARE(values.remark.isEmpty(), status == AddressStatusFixed);
+  QCOMPARE(values.matches.isEmpty(), proposed.isEmpty());
+  if (!proposed.isEmpty()) {
+    QCOMPARE(values.matches.at(0)->fixedAddress(), std::optional(proposed));
+    QCOMPARE(values.matches.at(1)->fixedAddress(), std::optional(label));
+  }
 }
 
 void FixTest::presentsCandidates() {

@@ -2,6 +2,7 @@
 
 #include <postwright/AddressEntry.h>
 #include <postwright/PostwrightController.h>
+#include <postwright/ReviewedFix.h>
 
 #include <memory>
 
@@ -36,15 +37,19 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
     case AddressStatusFixed:
       return {FixOutcome::Kind::Corrected, values.fixed};
     case AddressStatusMultiple:
-      return {FixOutcome::Kind::Failed, BatchFixer::tr("Several addresses match")};
+      return {FixOutcome::Kind::Failed,
+              values.remark.isEmpty() ? BatchFixer::tr("Several addresses match") : values.remark};
     case AddressStatusError:
       return {values.isUnanswered() ? FixOutcome::Kind::NoAnswer : FixOutcome::Kind::Failed,
               values.result};
     case AddressStatusUnchanged:
       break;
   }
-  // Where the user tried another text and found that one right, nothing is known of the label.
-  return values.address == label ? FixOutcome{FixOutcome::Kind::Right, {}} : FixOutcome{};
+  // Where the user tried another text and found that one right, nothing is known of the label; nor
+  // where a remark says that nobody was asked, or that the user kept what was doubted.
+  return values.address == label && values.remark.isEmpty()
+             ? FixOutcome{FixOutcome::Kind::Right, {}}
+             : FixOutcome{};
 }
 
 }  // namespace
@@ -61,6 +66,7 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixOptions& o
   PostwrightController window(entries, options.removesPunctuation,
                               static_cast<qint32>(options.textCase), options.spellings, parent);
   window.setOptions(BatchOptions::all());
+  window.setAsk(fixReviewed);
   if (window.exec() != kApplied) {
     return {};
   }

@@ -61,6 +61,7 @@ class BatchOptionsTest : public QObject {
   void anyRecordCanBeEdited();
   void manyAtOnce();
   void theSameForAll();
+  void theDoubtfulWaitsForAPerson();
   void findsAndSorts();
   void waitsForAServiceThatIsAway();
   void givesUpAndKeepsTheRestPending();
@@ -302,6 +303,35 @@ void BatchOptionsTest::findsAndSorts() {
   QCOMPARE(person.column(0).join(u'|'), host);
   const QString tip = person.table()->model()->index(0, 1).data(Qt::ToolTipRole).toString();
   QVERIFY2(tip.contains(u"FIXED added"_qs), qPrintable(tip));
+}
+
+// A correction that is doubted is shown with its reason and written back only where it is chosen.
+void BatchOptionsTest::theDoubtfulWaitsForAPerson() {
+  Oracle oracle;
+  for (const QString& text : {u"a"_qs, u"b"_qs, u"c"_qs}) {
+    const QString corrected = text.toUpper() + u" X"_qs;
+    oracle.outcomes[text] = {
+        AddressFix{corrected,
+                   {Candidate(corrected, corrected, {}, {}), Candidate(text, text, {}, {})}},
+        {},
+        u"A number moved."_qs};
+  }
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  const auto choose = [&](int row, int candidate) {
+    person.clickRow(row);
+    QTRY_COMPARE(person.label(u"txtDoubt"_qs), u"A number moved."_qs);
+    person.find<QTableView>(u"tvMatches"_qs)->selectRow(candidate);
+    person.click(u"bnChooseSelectedAddress"_qs);
+  };
+  choose(0, 0);
+  choose(1, 1);
+  const auto statusOf = [&](int row) { return open.window.records().at(row)->values().status; };
+  QTRY_COMPARE(statusOf(1), AddressStatusUnchanged);
+  QCOMPARE(statusOf(0), AddressStatusFixed);
+  QCOMPARE(statusOf(2), AddressStatusMultiple);
+  QCOMPARE(open.window.records().at(1)->values().fixed, u"b"_qs);
 }
 
 // Three without an answer make the run wait; then all get their outcomes, each told once.
