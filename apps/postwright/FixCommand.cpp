@@ -43,10 +43,14 @@ LabelFix::Asking AskingOf(const FixOptions& options) {
 }
 
 // Ends in one line break, whether or not `text` does.
-void Print(const std::wstring& text) {
+std::string BytesOf(const std::wstring& text) {
   const std::string bytes = Utf8FromWide(text);
+  return bytes.ends_with('\n') ? bytes : bytes + "\n";
+}
+
+void Print(const std::wstring& text) {
   Output output("");
-  output.Write(bytes.ends_with('\n') ? bytes : bytes + "\n");
+  output.Write(BytesOf(text));
   output.Finish();
 }
 
@@ -62,7 +66,7 @@ ExitStatus FixText(const FixOptions& options, PostwrightClient& client) {
     return kExitNotALabel;
   }
   if (!fix.Proposed().empty()) {
-    std::cerr << "With --accept-doubtful it would read:\n" << Utf8FromWide(fix.Proposed()) << '\n';
+    std::cerr << "With --accept-doubtful it would read:\n" << BytesOf(fix.Proposed());
   }
   Print(fix.Text());
   return fix.Proposed().empty() ? kExitDone : kExitDoubtful;

@@ -162,7 +162,7 @@ TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
                                         std::string(600000, ']') + "}\n" + LabelLine(2));
   const std::string record =
       R"({"address":"","fixed":"","result":"The line has more than 1,000 arrays and objects )"
-      R"(inside one another","reason":"","status":3})"
+      R"(inside one another","confirmation":"","reason":"","status":3})"
       "\n";
   WriteFile(folder_.File("begun"), Record(1) + record);
   const std::string run = there_ + fix_ + " --jobs 3 --resume ";
