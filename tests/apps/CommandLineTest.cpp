@@ -332,10 +332,10 @@ TEST(CommandLineTest, FixesWithTheService) {
 // The service knows the street and its numbers: what it gives back as it was sent may be a slip.
 TEST(CommandLineTest, TellsWhatWasConfirmed) {
   const LoopbackServer server([](const std::string& request) {
-    const std::string dpv = request.find("99") == std::string::npos
+    const std::string dpv = request.find("99%20OAK") == std::string::npos
                                 ? "Y</DPVConfirmation><DPVFootnotes>AABB"
                                 : "N</DPVConfirmation><DPVFootnotes>AAM3";
-    const std::string number = request.find("99") == std::string::npos ? "12" : "99";
+    const std::string number = request.find("99%20OAK") == std::string::npos ? "12" : "99";
     return LoopbackServer::Page("<R><Address><Address2>" + number +
                                 " OAK ST</Address2><City>AUSTIN</City><State>TX</State>"
                                 "<Zip5>78701</Zip5><DPVConfirmation>" +
