@@ -114,6 +114,11 @@ bool BatchResultRecord::fix(
   }
   _values.takeAnswer(outcome->answer, outcome->message);
   _values.remark = outcome->remark;
+  if (outcome->answer && outcome->isOpen) {
+    _values.fixed = QString();
+    _values.matches = outcome->answer->MatchedAddresses;
+    _values.status = AddressStatusMultiple;
+  }
   ++_changes;
   return true;
 }

@@ -31,6 +31,9 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // What a person should know of the answer: why it is doubtful, or why nobody was asked. Mostly
   // empty.
   QString remark = {};
+  // True where a person has to decide on the answer's candidates even if it says the same as the
+  // text that was asked about.
+  bool isOpen = false;
 
   // True where the service or the network failed: the address was not judged.
   bool isUnanswered() const;

@@ -1,5 +1,3 @@
-#include <postwright/AddressLines.h>
-#include <postwright/CorrectionReview.h>
 #include <postwright/ReviewedFix.h>
 
 namespace postwright {
@@ -11,30 +9,64 @@ PostwrightSelectorPointer candidate(const QString& text) {
   return std::make_shared<PostwrightSelector>(text, text, QString(), QString());
 }
 
+// What became of the address lines, among the others again.
+QString wholeLabel(const AddressLines& lines, const QString& address, const QString& typed,
+                   const LabelForm& form, const PostwrightClient& client) {
+  const QString label = QString::fromStdWString(lines.PutBack(address.toStdWString()));
+  if (form.names == NamesSameCase) {
+    return labelInCase(label, client);
+  }
+  return lines.GetOutcome() == AddressLinesUnclear ? withNamesAsTyped(label, typed) : label;
+}
+
 }  // namespace
 
-AddressOutcome fixReviewed(PostwrightClient& client, const QString& address) {
-  const std::wstring typed = address.toStdWString();
-  const AddressLines lines(typed);
-  AddressOutcome outcome;
-  if (lines.GetOutcome() == AddressLinesLeftAlone) {
-    outcome.answer = AddressFix{address, {}};
-    outcome.remark = QString::fromUtf8(TextOfReason(lines.GetReason()));
+ReviewedFix::ReviewedFix(PostwrightClient& client, const QString& label, const Asking& asking) {
+  const std::wstring typed = label.toStdWString();
+  std::optional<AddressLines> lines;
+  if (!asking.wholeLabel) {
+    lines.emplace(typed);
+    _leftAlone = lines->GetReason();
+    if (lines->GetOutcome() == AddressLinesLeftAlone) {
+      return;
+    }
+  }
+  // The engine knows no combining marks, and would lose an accent that is one.
+  const QString question = lines ? QString::fromStdWString(lines->GetQuestion()) : label;
+  _answer = client.fixAddress(question.normalized(QString::NormalizationForm_C));
+  _message = client.lastResult().value_or(QString());
+  if (!_answer) {
+    return;
+  }
+  _confirmation = Confirmation(client.lastReport());
+  QString& text = _answer->ExactAddress;
+  text = addressInForm(text, asking.form.punctuation, client);
+  if (lines) {
+    text = wholeLabel(*lines, text, label, asking.form, client);
+  }
+  _review = CorrectionReview(typed, text.toStdWString(), client.lastReport().Footnotes());
+}
+
+AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
+                           const ReviewedFix::Asking& asking) {
+  const ReviewedFix fix(client, label, asking);
+  if (fix.leftAlone() != LeftAloneNot) {
+    return {AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone()))};
+  }
+  AddressOutcome outcome{fix.answer(), fix.message()};
+  const bool contradicts = fix.confirmation().ContradictsNumber();
+  if (!outcome.answer || outcome.answer->MatchedAddresses.size() >= 2 ||
+      !(fix.review().Doubtful() || contradicts)) {
     return outcome;
   }
-  outcome.answer = client.fixAddress(QString::fromStdWString(lines.GetQuestion()));
-  outcome.message = client.lastResult().value_or(QString());
-  if (!outcome.answer) {
-    return outcome;
+  const QString corrected = outcome.answer->ExactAddress;
+  outcome.answer->MatchedAddresses = {candidate(corrected)};
+  if (corrected != label) {
+    outcome.answer->MatchedAddresses.append(candidate(label));
   }
-  const std::wstring corrected = lines.PutBack(outcome.answer->ExactAddress.toStdWString());
-  outcome.answer->ExactAddress = QString::fromStdWString(corrected);
-  const CorrectionReview review(typed, corrected, client.lastReport().Footnotes());
-  if (review.Doubtful() && outcome.answer->MatchedAddresses.size() < 2) {
-    outcome.answer->MatchedAddresses = {candidate(outcome.answer->ExactAddress),
-                                        candidate(address)};
-    outcome.remark = QString::fromStdWString(review.Reason());
-  }
+  outcome.remark = fix.review().Doubtful() ? QString::fromStdWString(fix.review().Reason())
+                                           : QString::fromUtf8(fix.confirmation().Text());
+  outcome.isOpen = contradicts;
   return outcome;
 }
 

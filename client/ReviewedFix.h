@@ -1,23 +1,71 @@
 #ifndef POSTWRIGHT_CLIENT_REVIEWEDFIX_H_
 #define POSTWRIGHT_CLIENT_REVIEWEDFIX_H_
 
+#include <postwright/AddressLines.h>
 #include <postwright/BatchResultRecord.h>
 #include <postwright/ClientExport.h>
+#include <postwright/Confirmation.h>
+#include <postwright/CorrectionReview.h>
+#include <postwright/LabelForm.h>
 
 namespace postwright {
 
-// Asks about one label with care, for PostwrightController::setAsk():
+// One label, asked about with care: about the lines that are its address alone (AddressLines), the
+// others kept as they were typed, or not at all where it is left alone; and what is to be thought
+// of the answer.
 //
-//   window.setAsk(fixReviewed);
+//   const ReviewedFix fix(client, label, {});
+//   if (fix.answer() && !fix.review().Doubtful() && !fix.confirmation().ContradictsNumber()) {
+//     show(fix.answer()->ExactAddress);
+//   }
 //
-// Asks through `client` about the lines that are the address alone (AddressLines) and leaves the
-// others as they were typed. A label that cannot be asked about is answered with its own text. A
-// correction that CorrectionReview doubts is not made: it comes as two candidates, the text as
-// corrected and the text as typed, with the doubt's reason, so that a person picks one.
+// A plain value.
+class POSTWRIGHT_CLIENT_EXPORT ReviewedFix {
+ public:
+  struct Asking {
+    bool wholeLabel = false;  // the whole text is asked about, and corrected as a whole
+    LabelForm form;
+  };
+
+  // Asks through `client`, once at the most, and blocks as its fixAddress() does. `client` must
+  // keep punctuation, and says which case the text has.
+  ReviewedFix(PostwrightClient& client, const QString& label, const Asking& asking);
+
+  // Why nobody was asked; LeftAloneNot where somebody was.
+  LeftAloneReason leftAlone() const { return _leftAlone; }
+
+  // The label as corrected, with candidates where the service knew any; nil on failure and where
+  // the label is left alone.
+  const std::optional<AddressFix>& answer() const { return _answer; }
+
+  // The client's lastResult() after the fix.
+  const QString& message() const { return _message; }
+
+  // What the correction changes, and what is to be doubted of it; nothing without an answer.
+  const CorrectionReview& review() const { return _review; }
+
+  // How far the service confirmed the answer.
+  const Confirmation& confirmation() const { return _confirmation; }
+
+ private:
+  LeftAloneReason _leftAlone = LeftAloneNot;
+  std::optional<AddressFix> _answer;
+  QString _message;
+  CorrectionReview _review;
+  Confirmation _confirmation;
+};
+
+// The same for PostwrightController::setAsk(), whose controller must keep punctuation:
 //
-// Blocks as PostwrightClient::fixAddress does. The worker's thread, as every AskFunction.
-POSTWRIGHT_CLIENT_EXPORT AddressOutcome fixReviewed(PostwrightClient& client,
-                                                    const QString& address);
+//   window.setAsk([](PostwrightClient& client, const QString& label) {
+//     return fixReviewed(client, label, {});
+//   });
+//
+// A label that is left alone is answered with its own text. A correction that is doubtful is not
+// made: it comes as two candidates, the text as corrected and the text as typed, with the reason as
+// the outcome's remark, so that a person picks one. The worker's thread, as every AskFunction.
+POSTWRIGHT_CLIENT_EXPORT AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
+                                                    const ReviewedFix::Asking& asking);
 
 }  // namespace postwright
 

@@ -23,23 +23,22 @@ namespace {
 const std::map<std::string, Capitalization> kLetters = {
     {"upper", CapitalizationUpper}, {"lower", CapitalizationLower}, {"mixed", CapitalizationMixed}};
 
-const std::map<std::string, Punctuation> kPunctuation = {{"keep", Punctuation::kKeep},
-                                                         {"postal", Punctuation::kPostal},
-                                                         {"remove", Punctuation::kRemove}};
+const std::map<std::string, PunctuationForm> kPunctuation = {
+    {"keep", PunctuationKeep}, {"postal", PunctuationPostal}, {"remove", PunctuationRemove}};
 
-const std::map<std::string, NameForm> kNames = {{"as-typed", NameForm::kAsTyped},
-                                                {"same-case", NameForm::kSameCase}};
+const std::map<std::string, NameForm> kNames = {{"as-typed", NamesAsTyped},
+                                                {"same-case", NamesSameCase}};
 
 void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setCapitalization(kLetters.at(options.letters));
-  client.setRemovePunctuation(false);  // LabelFix does, with more care
+  client.setRemovePunctuation(false);  // ReviewedFix does, with more care
   client.setMixedCase(QString::fromStdString(options.mixedCase));
 }
 
 LabelFix::Asking AskingOf(const FixOptions& options) {
-  return {options.wholeLabel, options.acceptDoubtful,
-          options.keepPunctuation ? Punctuation::kKeep : kPunctuation.at(options.punctuation),
-          kNames.at(options.names)};
+  const PunctuationForm punctuation =
+      options.keepPunctuation ? PunctuationKeep : kPunctuation.at(options.punctuation);
+  return {{options.wholeLabel, {punctuation, kNames.at(options.names)}}, options.acceptDoubtful};
 }
 
 // Ends in one line break, whether or not `text` does.

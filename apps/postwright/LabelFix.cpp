@@ -10,7 +10,15 @@ namespace postwright {
 
 LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightClient& client) {
   values_.address = QString::fromStdWString(label);
-  Ask(label, asking, client);
+  const ReviewedFix fix(client, values_.address, asking.reviewed);
+  if (fix.leftAlone() != LeftAloneNot) {
+    LeaveAlone(label, fix.leftAlone());
+    return;
+  }
+  text_ = fix.answer() ? fix.answer()->ExactAddress.toStdWString() : L"";
+  review_ = fix.review();
+  confirmation_ = fix.confirmation();
+  values_.takeAnswer(fix.answer(), fix.message());
   if (values_.status == AddressStatusError) {
     ExplainFailure(label, client.lastReport());
   } else if (review_.Doubtful() && !asking.acceptDoubtful) {
@@ -20,45 +28,9 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   }
 }
 
-void LabelFix::Ask(const std::wstring& label, const Asking& asking, PostwrightClient& client) {
-  std::optional<AddressLines> lines;
-  if (!asking.wholeLabel) {
-    lines.emplace(label);
-    if (lines->GetOutcome() == AddressLinesLeftAlone) {
-      reason_ = CodeOfReason(lines->GetReason());
-      explanation_ = TextOfReason(lines->GetReason());
-      LeaveAlone(label);
-      return;
-    }
-  }
-  // The engine knows no combining marks, and would lose an accent that is one.
-  const QString question = lines ? QString::fromStdWString(lines->GetQuestion()) : values_.address;
-  std::optional<AddressFix> answer =
-      client.fixAddress(question.normalized(QString::NormalizationForm_C));
-  if (answer) {
-    confirmation_ = Confirmation(client.lastReport());
-    answer->ExactAddress = InForm(answer->ExactAddress, lines ? &*lines : nullptr, asking, client);
-    text_ = answer->ExactAddress.toStdWString();
-    review_ = CorrectionReview(label, text_, client.lastReport().Footnotes());
-  }
-  values_.takeAnswer(answer, client.lastResult().value_or(QString()));
-}
-
-QString LabelFix::InForm(const QString& answer, const AddressLines* lines, const Asking& asking,
-                         const PostwrightClient& client) const {
-  const QString address = AddressInForm(answer, asking.punctuation, client);
-  if (lines == nullptr) {
-    return address;
-  }
-  const QString label = QString::fromStdWString(lines->PutBack(address.toStdWString()));
-  if (asking.names == NameForm::kSameCase) {
-    return LabelInCase(label, client);
-  }
-  return lines->GetOutcome() == AddressLinesUnclear ? WithNamesAsTyped(label, values_.address)
-                                                    : label;
-}
-
-void LabelFix::LeaveAlone(const std::wstring& label) {
+void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
+  reason_ = CodeOfReason(reason);
+  explanation_ = TextOfReason(reason);
   values_.fixed = values_.address;
   values_.pending = false;
   text_ = label;

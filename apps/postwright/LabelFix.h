@@ -1,15 +1,13 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_LABELFIX_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_LABELFIX_H_
 
-#include <postwright/AddressLines.h>
 #include <postwright/BatchResultRecord.h>
 #include <postwright/Confirmation.h>
 #include <postwright/CorrectionReview.h>
 #include <postwright/PostwrightClient.h>
+#include <postwright/ReviewedFix.h>
 
 #include <string>
-
-#include "apps/LabelForm.h"
 
 namespace postwright {
 
@@ -19,10 +17,8 @@ namespace postwright {
 class LabelFix {
  public:
   struct Asking {
-    bool wholeLabel = false;      // the whole text is asked about, and corrected as a whole
+    ReviewedFix::Asking reviewed;
     bool acceptDoubtful = false;  // what is doubtful is made all the same
-    Punctuation punctuation = Punctuation::kPostal;
-    NameForm names = NameForm::kAsTyped;  // of the lines around the address
   };
 
   // Asks through `client`, once at the most, and blocks as its fixAddress() does. `client` must
@@ -59,10 +55,7 @@ class LabelFix {
   const std::string& Explanation() const { return explanation_; }
 
  private:
-  void Ask(const std::wstring& label, const Asking& asking, PostwrightClient& client);
-  QString InForm(const QString& answer, const AddressLines* lines, const Asking& asking,
-                 const PostwrightClient& client) const;
-  void LeaveAlone(const std::wstring& label);
+  void LeaveAlone(const std::wstring& label, LeftAloneReason reason);
   void Judge(const std::wstring& label);
   void JudgeNumber(const std::wstring& label);
   void ExplainFailure(const std::wstring& label, const VerifyReport& report);

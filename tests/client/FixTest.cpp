@@ -106,31 +106,46 @@ void FixTest::wantsNoReplyWithoutANetwork() {
 }
 
 void FixTest::reviewsWhatItCorrects_data() {
+  QTest::addColumn<QString>("reply");
   QTest::addColumn<QString>("label");
   QTest::addColumn<AddressStatus>("status");
   QTest::addColumn<QString>("fixed");
   QTest::addColumn<QString>("proposed");
-  QTest::newRow("no doubt") << u"3M Co.\n12 main street ne\nPeña, tx 78701-1234"_qs
-                            << AddressStatusFixed
-                            << u"3M Co.\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs << QString();
-  QTest::newRow("another number") << u"Jo\n14 main st ne\npeña tx 78701-1234"_qs
+  QTest::newRow("no doubt") << kFound << u"3M Co.\n12 main street ne\nPeña, tx 78701-1234"_qs
+                            << AddressStatusFixed << u"3M Co.\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
+                            << QString();
+  QTest::newRow("another number") << kFound << u"Jo\n14 main st ne\npeña tx 78701-1234"_qs
                                   << AddressStatusMultiple << QString()
-                                  << u"Jo\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs;
-  QTest::newRow("left alone") << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs << AddressStatusUnchanged
-                              << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs << QString();
+                                  << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs;
+  QTest::newRow("left alone") << kFound << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs
+                              << AddressStatusUnchanged << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs
+                              << QString();
+  QTest::newRow("signs kept, accents composed")
+      << u"<R><Address><Address2>112-10 MAIN ST # 4</Address2><City>QUEENS</City>"
+         "<State>NY</State><Zip5>11375</Zip5></Address></R>"_qs
+      << u"Jose\u0301\n112-10 Main Street #4\nQueens, NY 11375"_qs << AddressStatusFixed
+      << u"Jose\u0301\n112-10 MAIN ST # 4\nQUEENS NY 11375"_qs << QString();
+  QString noNumber = kFound;
+  noNumber.replace(u"</Zip4>"_qs,
+                   u"</Zip4><DPVConfirmation>N</DPVConfirmation>"
+                   "<DPVFootnotes>AAM3</DPVFootnotes>"_qs);
+  QTest::newRow("number not there, the same text")
+      << noNumber << u"Jo\n12 Main St NE\nPeña, TX 78701-1234"_qs << AddressStatusMultiple
+      << QString() << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs;
 }
 
 void FixTest::reviewsWhatItCorrects() {
+  QFETCH(const QString, reply);
   QFETCH(const QString, label);
   QFETCH(const AddressStatus, status);
   QFETCH(const QString, fixed);
   QFETCH(const QString, proposed);
-  const LoopbackServer server(Page(kFound));
+  const LoopbackServer server(Page(reply));
   Deploy(server.GetEndpoint());
   PostwrightClient client;
   client.setRemovePunctuation(false);
   BatchResultRecord record(label);
-  QVERIFY(record.fix([&](const QString& address) { return fixReviewed(client, address); }));
+  QVERIFY(record.fix([&](const QString& address) { return fixReviewed(client, address, {}); }));
   const BatchResultRecord::Values values = record.values();
   QCOMPARE(values.status, status);
   QCOMPARE(values.fixed, fixed);

@@ -63,10 +63,14 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixOptions& o
   for (const QString& label : labels) {
     entries.append(std::make_shared<LabelEntry>(label, entries.size()));
   }
-  PostwrightController window(entries, options.removesPunctuation,
-                              static_cast<qint32>(options.textCase), options.spellings, parent);
+  const PunctuationForm punctuation =
+      options.removesPunctuation ? PunctuationPostal : PunctuationKeep;
+  PostwrightController window(entries, false, static_cast<qint32>(options.textCase),
+                              options.spellings, parent);
   window.setOptions(BatchOptions::all());
-  window.setAsk(fixReviewed);
+  window.setAsk([punctuation](PostwrightClient& client, const QString& label) {
+    return fixReviewed(client, label, {.form = {punctuation, NamesAsTyped}});
+  });
   if (window.exec() != kApplied) {
     return {};
   }

@@ -1,4 +1,4 @@
-#include "apps/LabelForm.h"
+#include <postwright/LabelForm.h>
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -8,19 +8,19 @@ namespace postwright {
 
 namespace {
 
-QChar At(const QString& line, qsizetype at) {
+QChar characterAt(const QString& line, qsizetype at) {
   return at >= 0 && at < line.size() ? line[at] : QChar();
 }
 
 // A letter that stands alone or between signs.
-bool IsInitial(const QString& line, qsizetype at) {
-  return At(line, at).isLetter() && !At(line, at - 1).isLetterOrNumber() &&
-         !At(line, at + 1).isLetterOrNumber();
+bool isInitial(const QString& line, qsizetype at) {
+  return characterAt(line, at).isLetter() && !characterAt(line, at - 1).isLetterOrNumber() &&
+         !characterAt(line, at + 1).isLetterOrNumber();
 }
 
-bool IsKept(const QString& line, qsizetype at) {
-  const QChar before = At(line, at - 1);
-  const QChar after = At(line, at + 1);
+bool isKept(const QString& line, qsizetype at) {
+  const QChar before = characterAt(line, at - 1);
+  const QChar after = characterAt(line, at + 1);
   const bool within = before.isLetterOrNumber() && after.isLetterOrNumber();
   switch (line[at].unicode()) {
     case u'#':
@@ -38,37 +38,37 @@ bool IsKept(const QString& line, qsizetype at) {
 }
 
 // Does the sign leave no gap: O'NEIL, N.W.?
-bool JoinsWords(const QString& line, qsizetype at) {
+bool joinsWords(const QString& line, qsizetype at) {
   const QChar sign = line[at];
   return sign == u'\'' || sign == u'\u2019' ||
-         (sign == u'.' && IsInitial(line, at - 1) && IsInitial(line, at + 1));
+         (sign == u'.' && isInitial(line, at - 1) && isInitial(line, at + 1));
 }
 
-QString PostalLine(const QString& line) {
+QString postalLine(const QString& line) {
   QString kept;
   kept.reserve(line.size());
   for (qsizetype at = 0; at < line.size(); ++at) {
-    if (!line[at].isPunct() || IsKept(line, at)) {
+    if (!line[at].isPunct() || isKept(line, at)) {
       kept += line[at];
-    } else if (!JoinsWords(line, at)) {
+    } else if (!joinsWords(line, at)) {
       kept += u' ';
     }
   }
   return kept.simplified();
 }
 
-QString BareLine(const QString& line, const PostwrightClient& client) {
+QString bareLine(const QString& line, const PostwrightClient& client) {
   static const QRegularExpression kAddOn(QStringLiteral(R"((?<=\b[0-9]{5})-[0-9]{4}\s*$)"));
   const QRegularExpressionMatch addOn = kAddOn.match(line);
   return client.fixPunctuationLine(line.left(addOn.hasMatch() ? addOn.capturedStart() : -1)) +
          addOn.captured().trimmed();
 }
 
-bool IsName(const QString& line) {
+bool isName(const QString& line) {
   return std::none_of(line.begin(), line.end(), [](QChar c) { return c.isDigit(); });
 }
 
-QString LettersAndDigits(const QString& line) {
+QString lettersAndDigits(const QString& line) {
   QString kept;
   for (const QChar c : line.normalized(QString::NormalizationForm_C)) {
     if (!c.isSpace() && !c.isPunct()) {
@@ -82,7 +82,7 @@ QString LettersAndDigits(const QString& line) {
 template <typename CorrectedLine, typename TypedLine>
 void PutNamesBack(CorrectedLine corrected, CorrectedLine end, TypedLine typed, TypedLine last) {
   for (; corrected != end && typed != last; ++corrected, ++typed) {
-    if (!IsName(*typed) || LettersAndDigits(*corrected) != LettersAndDigits(*typed)) {
+    if (!isName(*typed) || lettersAndDigits(*corrected) != lettersAndDigits(*typed)) {
       return;
     }
     *corrected = *typed;
@@ -91,21 +91,21 @@ void PutNamesBack(CorrectedLine corrected, CorrectedLine end, TypedLine typed, T
 
 }  // namespace
 
-QString AddressInForm(const QString& address, Punctuation punctuation,
+QString addressInForm(const QString& address, PunctuationForm punctuation,
                       const PostwrightClient& client) {
-  if (punctuation == Punctuation::kKeep) {
+  if (punctuation == PunctuationKeep) {
     return address;
   }
   QStringList lines = address.split(u'\n');
   for (QString& line : lines) {
-    line = punctuation == Punctuation::kPostal ? PostalLine(line) : BareLine(line, client);
+    line = punctuation == PunctuationPostal ? postalLine(line) : bareLine(line, client);
   }
   // From capitals, as the service writes: "O'Neil" without its sign is to read as it would the next
   // time.
   return client.fixCase(lines.join(u'\n').toUpper());
 }
 
-QString LabelInCase(const QString& text, const PostwrightClient& client) {
+QString labelInCase(const QString& text, const PostwrightClient& client) {
   QStringList lines = text.split(u'\n');
   for (QString& line : lines) {
     const QString words = line.trimmed();
@@ -116,7 +116,7 @@ QString LabelInCase(const QString& text, const PostwrightClient& client) {
   return lines.join(u'\n');
 }
 
-QString WithNamesAsTyped(const QString& corrected, const QString& typed) {
+QString withNamesAsTyped(const QString& corrected, const QString& typed) {
   static const QRegularExpression kLineBreak(QStringLiteral("\\s*[\r\n]+\\s*"));
   QStringList lines = corrected.split(u'\n');
   const QStringList names = typed.trimmed().split(kLineBreak, Qt::SkipEmptyParts);
