@@ -1,7 +1,6 @@
 #include <postwright/Postwright.h>
 
-#include "core/engine/ReplyEncoding.h"
-#include "core/engine/ReplyGuard.h"
+#include "core/engine/ReplyDocument.h"
 
 #include <postwright/AddressParser.h>
 #include <postwright/Deployment.h>
@@ -9,6 +8,7 @@
 #include <tinyxml.h>
 
 #include <cassert>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -78,34 +78,17 @@ std::unique_ptr<TiXmlDocument> Postwright::MakeRequestToServer(const std::wstrin
   const std::unique_ptr<std::vector<std::uint8_t>> body = services_->ReadUrl(url.c_str());
   std::string reply = body == nullptr ? "" : std::string(body->begin(), body->end());
   auto document = std::make_unique<TiXmlDocument>();
-  if (!reply.empty()) {
-    ParseReply(std::move(reply), document.get());
+  if (const std::optional<std::wstring> fault = ParseReply(std::move(reply), document.get())) {
+    services_->LogError(
+        L"Postwright::MakeRequestToServer(): unable to parse returned xml document: %s",
+        fault->c_str());
+    throw PostwrightException(FixResultBadReply);
   }
   if (document->RootElement() == nullptr) {
     services_->LogError(L"Postwright::MakeRequestToServer(): RootElement == NULL");
     throw PostwrightException(FixResultBadReply);
   }
   return document;
-}
-
-void Postwright::ParseReply(std::string reply, TiXmlDocument* document) {
-  // Character references, too, are to become UTF-8 then, whatever the declaration says.
-  const TiXmlEncoding encoding = TurnIntoUtf8(reply) ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_UNKNOWN;
-  std::wstring fault;
-  if (const wchar_t* refusal = FindReplyFault(reply)) {
-    fault = refusal;
-  } else {
-    document->SetTabSize(0);  // spares counting lines and columns
-    document->Parse(reply.c_str(), nullptr, encoding);
-    if (!document->Error()) {
-      return;
-    }
-    fault = services_->UTF8ToUCS2(document->ErrorDesc());
-  }
-  services_->LogError(
-      L"Postwright::MakeRequestToServer(): unable to parse returned xml document: %s",
-      fault.c_str());
-  throw PostwrightException(FixResultBadReply);
 }
 
 std::unique_ptr<FixedAddress> Postwright::ProcessMatch(const TiXmlElement* root) {

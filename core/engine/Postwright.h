@@ -83,8 +83,6 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   TiXmlText* AddChildElement(TiXmlElement* parent, const char* name, const std::string& text);
 
  private:
-  void ParseReply(std::string reply, TiXmlDocument* document);
-
   AddressInfo info_;
   [[maybe_unused]] bool flag_;
   IPlatformServices* services_;

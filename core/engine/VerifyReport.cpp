@@ -1,6 +1,6 @@
 #include <postwright/VerifyReport.h>
 
-#include "core/engine/ReplyGuard.h"
+#include "core/engine/ReplyDocument.h"
 
 #include <tinyxml.h>
 
@@ -25,13 +25,9 @@ std::string ChildText(const TiXmlElement& parent, const char* name) {
 }  // namespace
 
 VerifyReport::VerifyReport(std::string_view reply, const FetchReport& fetch) : fetch_(fetch) {
-  if (reply.empty() || FindReplyFault(reply) != nullptr) {
-    return;
-  }
   TiXmlDocument document;
-  document.SetTabSize(0);  // spares counting lines and columns
-  document.Parse(std::string(reply).c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
-  const TiXmlElement* const root = document.Error() ? nullptr : document.RootElement();
+  const TiXmlElement* const root =
+      ParseReply(std::string(reply), &document) ? nullptr : document.RootElement();
   if (root == nullptr) {
     return;
   }

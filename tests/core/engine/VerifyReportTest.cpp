@@ -22,6 +22,18 @@ TEST(VerifyReportTest, ReadsAnAnswer) {
   EXPECT_EQ(report.ErrorNumber(), "");
 }
 
+// What a fix takes is what is reported: a city in Latin 1 must not cost the confirmation.
+TEST(VerifyReportTest, ReadsAnAnswerInAnotherEncoding) {
+  const VerifyReport report(
+      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><R><Address><City>PE\xD1O</City>"
+      "<Footnotes>AN</Footnotes><ReturnText>A\xF1o.</ReturnText>"
+      "<DPVConfirmation>Y</DPVConfirmation></Address></R>");
+  EXPECT_TRUE(report.IsAboutAddress());
+  EXPECT_EQ(report.DpvConfirmation(), "Y");
+  EXPECT_EQ(report.Footnotes(), "AN");
+  EXPECT_EQ(report.ReturnText(), "A\xC3\xB1o.");
+}
+
 TEST(VerifyReportTest, ReadsARefusal) {
   const char* const kError =
       "<Error><Number>-2147219401</Number><Source>clsAMS</Source>"
