@@ -2,41 +2,16 @@
 
 #include <unistd.h>
 
-#include <boost/locale/utf.hpp>
 #include <iostream>
 #include <sstream>
 
+#include "common/ShownText.h"
+
 namespace postwright {
 
-namespace {
-
-namespace utf = boost::locale::utf;
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-bool IsControl(utf::code_point c) {
-  return (c < 0x20 && c != '\n' && c != '\t') || (c >= 0x7F && c < 0xA0);
-}
-
-bool ChangesDirection(utf::code_point c) {
-  return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
-         (c >= 0x2066 && c <= 0x2069);
-}
-
-}  // namespace
-
 std::string ForTerminal(std::string_view text) {
-  std::string shown;
-  while (!text.empty()) {
-    const char* end = text.data();
-    const utf::code_point c = utf::utf_traits<char>::decode(end, text.data() + text.size());
-    const bool isCharacter = c != utf::illegal && c != utf::incomplete;
-    const std::size_t length = isCharacter ? end - text.data() : 1;
-    const bool isShown = isCharacter && !IsControl(c) && !ChangesDirection(c);
-    shown += isShown ? text.substr(0, length) : kReplacement;
-    text.remove_prefix(length);
-  }
-  return shown;
+  constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+  return ShownText(text, kReplacement, "\n\t");
 }
 
 // Collects what a stream is given until it is flushed, and hands it on.

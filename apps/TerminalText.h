@@ -10,9 +10,7 @@ namespace postwright {
 // What others wrote, on a terminal: a label, a reply or a file's name could otherwise move the
 // cursor, rename the window or show text in another order than it has.
 
-// Returns `text` with U+FFFD in place of every control character but line feed and tab (C0, DEL,
-// C1), of every character that changes the direction of text (Unicode Standard Annex #9, 2.1
-// to 2.5), and of every byte that is not UTF-8.
+// Returns `text` with U+FFFD in place of what ShownText takes out, but for line feeds and tabs.
 std::string ForTerminal(std::string_view text);
 
 // Has std::cout and std::cerr pass ForTerminal() where they are terminals, for as long as the
