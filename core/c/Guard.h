@@ -38,6 +38,23 @@ inline std::optional<std::wstring> ReadText(const char* text, std::size_t length
   return WideFromUtf8(whole);
 }
 
+// Runs a call that makes something of a text: `make` is given the text, wide, and says with its
+// result whether it has set `made`, which is null otherwise.
+template <typename Made, typename Make>
+std::int32_t MakeOfText(const char* text, std::size_t length, Made** made, Make make) noexcept {
+  if (made == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  *made = nullptr;
+  if (text == nullptr) {
+    return POSTWRIGHT_BAD_ARGUMENT;
+  }
+  return Guard([&]() -> std::int32_t {
+    const std::optional<std::wstring> label = ReadText(text, length);
+    return label ? make(*label) : std::int32_t{POSTWRIGHT_BAD_TEXT};
+  });
+}
+
 }  // namespace postwright
 
 #endif  // POSTWRIGHT_CORE_C_GUARD_H_

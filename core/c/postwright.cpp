@@ -170,6 +170,7 @@ std::int32_t Fix(const std::wstring& text, const postwright_services* services,
 }  // namespace postwright
 
 using postwright::Guard;
+using postwright::MakeOfText;
 
 const char* postwright_result_text(int32_t result) {
   for (const postwright::ResultRow& row : postwright::kResults) {
@@ -219,20 +220,9 @@ void postwright_address_free(postwright_address* address) {
 }
 
 int32_t postwright_parse(const char* text, size_t length, postwright_address** address) {
-  if (address == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  *address = nullptr;
-  if (text == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  return Guard([&]() -> std::int32_t {
-    const std::optional<std::wstring> label = postwright::ReadText(text, length);
-    if (!label) {
-      return POSTWRIGHT_BAD_TEXT;
-    }
+  return MakeOfText(text, length, address, [&](const std::wstring& label) -> std::int32_t {
     const auto turn = postwright::TakeTurn(nullptr);
-    const auto info = postwright::AddressParser::GetInstance()->Parse(*label);
+    const auto info = postwright::AddressParser::GetInstance()->Parse(label);
     if (info == postwright::AddressInfo()) {
       return POSTWRIGHT_ADDRESS_NOT_FOUND;
     }
@@ -242,20 +232,9 @@ int32_t postwright_parse(const char* text, size_t length, postwright_address** a
 }
 
 int32_t postwright_address_lines(const char* text, size_t length, postwright_lines** lines) {
-  if (lines == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  *lines = nullptr;
-  if (text == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  return Guard([&]() -> std::int32_t {
-    const std::optional<std::wstring> label = postwright::ReadText(text, length);
-    if (!label) {
-      return POSTWRIGHT_BAD_TEXT;
-    }
+  return MakeOfText(text, length, lines, [&](const std::wstring& label) -> std::int32_t {
     const auto turn = postwright::TakeTurn(nullptr);
-    *lines = postwright::NewLines(*label);
+    *lines = postwright::NewLines(label);
     return POSTWRIGHT_NONE;
   });
 }
@@ -317,19 +296,11 @@ void postwright_cancel(postwright_canceller* canceller) {
 
 int32_t postwright_fix(const char* text, size_t length, const postwright_services* services,
                        postwright_canceller* canceller, postwright_address** fixed) {
-  if (fixed == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  *fixed = nullptr;
-  if (text == nullptr || (services != nullptr && services->size != sizeof *services)) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  return Guard([&]() -> std::int32_t {
-    const std::optional<std::wstring> label = postwright::ReadText(text, length);
-    if (!label) {
-      return POSTWRIGHT_BAD_TEXT;
+  return MakeOfText(text, length, fixed, [&](const std::wstring& label) -> std::int32_t {
+    if (services != nullptr && services->size != sizeof *services) {
+      return POSTWRIGHT_BAD_ARGUMENT;
     }
     const auto* cancelled = canceller != nullptr ? &canceller->cancelled : nullptr;
-    return postwright::Fix(*label, services, cancelled, fixed);
+    return postwright::Fix(label, services, cancelled, fixed);
   });
 }
