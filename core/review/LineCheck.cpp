@@ -68,8 +68,7 @@ bool LineCheck::LosesUnitSign(const AlignedPiece& piece) const {
   }
   const std::wstring& before = corrected_.words[at - 1].text;
   const std::wstring_view type = WordForms::Get().Suffix(before);
-  return WordForms::Get().NumberedUnit(before).empty() &&
-         WordForms::Get().PlainUnit(before).empty() && type != L"HWY" && type != L"RTE";
+  return WordForms::Get().Unit(before).empty() && type != L"HWY" && type != L"RTE";
 }
 
 // NORTH EAST COURT HOUSE WAY lies in the northeast; N EAST COURT HOUSE WAY is in the north.
@@ -118,7 +117,7 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
   const Role right = corrected_.roles[piece.correctedBegin];
   if (IsLastLine(left) && IsLastLine(right)) {
     return IsLineOf(before.typedEnd - 1, Role::City) ||
-           (left != right && !(left == Role::City && IsStreetWord(before.correctedEnd - 1)));
+           (left != right && !(left == Role::City && BeginsAsStreetEnds(before.correctedEnd - 1)));
   }
   const LabelWord& word = corrected_.words[piece.correctedBegin];
   if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City &&
@@ -126,8 +125,7 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
     return false;  // UPPER SANDUSKY is a city, and no unit UPPR with a city SANDUSKY
   }
   if (right == Role::Unit) {
-    return left != Role::Unit || !WordForms::Get().NumberedUnit(word.text).empty() ||
-           !WordForms::Get().PlainUnit(word.text).empty() || word.afterNumberSign;
+    return left != Role::Unit || !WordForms::Get().Unit(word.text).empty() || word.afterNumberSign;
   }
   const bool isNumberAlone =
       left == Role::HouseNumber && right != Role::HouseNumber && IsAloneOnLine(before.typedEnd - 1);
@@ -155,12 +153,11 @@ bool LineCheck::MayCut(const AlignedPiece& before, const AlignedPiece& piece) co
 }
 
 // Whether the city begins with a word that may as well end its street: PARKWAY, N.
-bool LineCheck::IsStreetWord(std::size_t city) const {
+bool LineCheck::BeginsAsStreetEnds(std::size_t city) const {
   while (city > 0 && corrected_.roles[city - 1] == Role::City) {
     --city;
   }
-  const std::wstring& word = corrected_.words[city].text;
-  return !WordForms::Get().Suffix(word).empty() || !WordForms::Get().Direction(word).empty();
+  return WordForms::Get().IsStreetWord(corrected_.words[city].text);
 }
 
 bool LineCheck::IsAloneOnLine(std::size_t i) const {

@@ -26,7 +26,7 @@ class LineCheck {
                                              const AlignedPiece& piece) const;
   bool MayJoin(const AlignedPiece& before, const AlignedPiece& piece) const;
   bool MayCut(const AlignedPiece& before, const AlignedPiece& piece) const;
-  bool IsStreetWord(std::size_t city) const;
+  bool BeginsAsStreetEnds(std::size_t city) const;
   bool IsAloneOnLine(std::size_t i) const;
   bool IsLineOf(std::size_t last, Role role) const;
   bool IsCutWithin(const AlignedPiece& piece) const;

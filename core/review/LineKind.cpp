@@ -1,6 +1,7 @@
 #include "core/review/LineKind.h"
 
 #include "core/parser/Vocabulary.h"
+#include "core/review/WordForms.h"
 
 #include <boost/xpressive/xpressive_dynamic.hpp>
 
@@ -91,21 +92,6 @@ bool IsCompanyWord(const std::wstring& word) {
       L"FOUNDATION", L"GROUP",     L"HOSPITAL",   L"INC",         L"INCORPORATED", L"LIMITED",
       L"LLC",        L"LLP",       L"LP",         L"LTD",         L"PC",           L"PLLC",
       L"SCHOOL",     L"UNIVERSITY"};
-  return kWords.contains(word);
-}
-
-bool IsStreetWord(const std::wstring& word) {
-  static const Words kWords = [] {
-    Words words;
-    for (const Vocabulary::VocabularyRow& row : Vocabulary::Directions()) {
-      words.insert({row.written, row.standard});
-    }
-    for (const Vocabulary::SuffixRow& row : Vocabulary::Suffixes()) {
-      words.insert(row.standard);
-      words.insert(row.written.begin(), row.written.end());
-    }
-    return words;
-  }();
   return kWords.contains(word);
 }
 
@@ -229,7 +215,9 @@ bool EndsAsStreet(const std::wstring& upper) {
   if (words.empty()) {
     return false;
   }
-  const auto isStreetWord = [](std::wstring_view word) { return IsStreetWord(std::wstring(word)); };
+  const auto isStreetWord = [](std::wstring_view word) {
+    return WordForms::Get().IsStreetWord(word);
+  };
   if (isStreetWord(words.back())) {
     return words.size() > 2 || !HasDigit(words.front());
   }

@@ -152,9 +152,7 @@ class RoleFinder {
     for (std::size_t i = rest.begin + 1; i < rest.end; ++i) {
       const bool numbered = !forms.NumberedUnit(Text(i)).empty() && i + 1 < rest.end &&
                             (HasDigit(Text(i + 1)) || Text(i + 1).size() == 1);
-      const bool plain =
-          !forms.PlainUnit(Text(i)).empty() &&
-          (!forms.Suffix(Text(i - 1)).empty() || !forms.Direction(Text(i - 1)).empty());
+      const bool plain = !forms.PlainUnit(Text(i)).empty() && forms.IsStreetWord(Text(i - 1));
       if (numbered || plain || words_[i].afterNumberSign) {
         return i;
       }

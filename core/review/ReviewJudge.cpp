@@ -175,9 +175,7 @@ class Judge {
   }
 
   bool IsUnit(const JudgedChange& change) const {
-    const std::wstring& word = typed_.words[change.typedBegin].text;
-    return !WordForms::Get().NumberedUnit(word).empty() ||
-           !WordForms::Get().PlainUnit(word).empty();
+    return !WordForms::Get().Unit(typed_.words[change.typedBegin].text).empty();
   }
 
   // Whether the words have a typed line to themselves, or share it with words of a street.
@@ -202,12 +200,10 @@ class Judge {
 
   // The words in the form in which they are found again elsewhere.
   static std::wstring Key(const ReadLabel& label, std::size_t begin, std::size_t end) {
-    const WordForms& forms = WordForms::Get();
     std::wstring key;
     for (std::size_t i = begin; i < end; ++i) {
       const std::wstring& word = label.words[i].text;
-      const std::wstring_view unit =
-          forms.NumberedUnit(word).empty() ? forms.PlainUnit(word) : forms.NumberedUnit(word);
+      const std::wstring_view unit = WordForms::Get().Unit(word);
       key += unit.empty() ? WithoutSigns(word) : std::wstring(unit);
       key += L' ';
     }

@@ -78,10 +78,7 @@ bool RuleFinder::WasTyped(Role role) const {
 CorrectionRule RuleFinder::FindElement(const JudgedChange& change, CorrectionRule added,
                                        CorrectionRule changed, CorrectionRule dropped,
                                        CorrectionRule unexplained) const {
-  const bool isPostal = !change.HasTyped() ||
-                        !WordForms::Get().Suffix(Typed(change).text).empty() ||
-                        !WordForms::Get().Direction(Typed(change).text).empty();
-  if (!isPostal) {
+  if (change.HasTyped() && !WordForms::Get().IsStreetWord(Typed(change).text)) {
     return change.HasCorrected() ? CorrectionRule::StreetChanged : CorrectionRule::WordLost;
   }
   if (!Says(kElementNotes)) {
@@ -124,9 +121,8 @@ CorrectionRule RuleFinder::FindStreet(const JudgedChange& change) const {
 }
 
 CorrectionRule RuleFinder::FindUnit(const JudgedChange& change) const {
-  const WordForms& forms = WordForms::Get();
-  const auto isUnit = [&forms](const LabelWord& word) {
-    return !forms.NumberedUnit(word.text).empty() || !forms.PlainUnit(word.text).empty();
+  const auto isUnit = [](const LabelWord& word) {
+    return !WordForms::Get().Unit(word.text).empty();
   };
   const bool wasUnit = change.HasTyped() && isUnit(Typed(change));
   const bool becameUnit = change.HasCorrected() && isUnit(Corrected(change));

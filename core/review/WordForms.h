@@ -23,6 +23,14 @@ class WordForms {
   std::wstring_view Direction(std::wstring_view word) const { return Find(directions_, word); }
   std::wstring_view NumberedUnit(std::wstring_view word) const { return Find(numbered_, word); }
   std::wstring_view PlainUnit(std::wstring_view word) const { return Find(plain_, word); }
+  std::wstring_view Unit(std::wstring_view word) const {  // of either kind
+    return NumberedUnit(word).empty() ? PlainUnit(word) : NumberedUnit(word);
+  }
+
+  // Says whether the word can stand around a street's name: a suffix or a directional.
+  bool IsStreetWord(std::wstring_view word) const {
+    return !Suffix(word).empty() || !Direction(word).empty();
+  }
 
   // A state's code by code or name; the name's words run together ("NEWYORK").
   std::wstring_view State(std::wstring_view nameOrCode) const { return Find(states_, nameOrCode); }

@@ -23,12 +23,9 @@ bool IsOrdinalOf(std::wstring_view number, std::wstring_view ordinal) {
 bool IsMisspelling(const ComparedWord& typed, const ComparedWord& corrected) {
   constexpr std::size_t kShortest = 3;
   const WordForms& forms = WordForms::Get();
-  const auto isPostal = [&forms](std::wstring_view word) {
-    return !forms.Suffix(word).empty() || !forms.Direction(word).empty();
-  };
   return !typed.hasDigit && !corrected.hasDigit && typed.text.size() >= kShortest &&
          corrected.text.size() >= kShortest &&
-         !(isPostal(typed.text) && isPostal(corrected.text)) &&
+         !(forms.IsStreetWord(typed.text) && forms.IsStreetWord(corrected.text)) &&
          IsOneLetterApart(typed.unaccented, corrected.unaccented);
 }
 
