@@ -29,7 +29,7 @@ CorrectionReview::CorrectionReview(std::wstring_view typed, std::wstring_view co
                                    std::string_view footnotes) {
   const ReadLabel before(typed);
   const ReadLabel after(corrected);
-  for (const JudgedChange& judged : JudgeCorrection(before, after, footnotes)) {
+  for (const AlignedPiece& judged : JudgeCorrection(before, after, footnotes)) {
     CorrectionChange change;
     change.rule = judged.rule;
     change.typed = Part(typed, before.words, judged.typedBegin, judged.typedEnd);

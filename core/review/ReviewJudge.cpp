@@ -28,7 +28,7 @@ class Judge {
         rules_(typed, corrected, footnotes),
         pieces_(AlignWords(typed.words, corrected.words, corrected.roles)) {}
 
-  std::vector<JudgedChange> Decide() {
+  std::vector<AlignedPiece> Decide() {
     PlaceLostWords();
     FindCrossings();
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
@@ -47,31 +47,26 @@ class Judge {
   }
 
  private:
-  static JudgedChange Change(const AlignedPiece& piece) {
-    return {piece.typedBegin, piece.typedEnd, piece.correctedBegin, piece.correctedEnd};
-  }
-  void Add(const AlignedPiece& piece, CorrectionRule rule) {
-    JudgedChange change = Change(piece);
-    change.rule = rule;
-    changes_.push_back(change);
+  void Add(AlignedPiece piece, CorrectionRule rule) {
+    piece.rule = rule;
+    changes_.push_back(piece);
   }
 
   // Returns the last piece of the run that begins with piece `first`.
   std::size_t AddRun(std::size_t first) {
-    JudgedChange change = Change(pieces_[first]);
+    AlignedPiece run = pieces_[first];
     std::size_t last = first;
     while (IsOpen(pieces_[first]) && last + 1 < pieces_.size() && !crossings_[last + 1] &&
-           IsOpen(pieces_[last + 1]) && BelongTogether(change, Change(pieces_[last + 1]))) {
+           IsOpen(pieces_[last + 1]) && BelongTogether(run, pieces_[last + 1])) {
       ++last;
-      change.typedEnd = pieces_[last].typedEnd;
-      change.correctedEnd = pieces_[last].correctedEnd;
+      run.typedEnd = pieces_[last].typedEnd;
+      run.correctedEnd = pieces_[last].correctedEnd;
     }
-    change.rule = rules_.Find(change, pieces_[first].match);
-    changes_.push_back(change);
+    Add(run, rules_.Find(run));
     return last;
   }
 
-  bool BelongTogether(const JudgedChange& one, const JudgedChange& next) const {
+  bool BelongTogether(const AlignedPiece& one, const AlignedPiece& next) const {
     const Role role = rules_.RoleOf(one);
     if (role != rules_.RoleOf(next)) {
       return false;
@@ -88,8 +83,7 @@ class Judge {
   void PlaceLostWords() {
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
       const std::size_t word = pieces_[i].typedBegin;
-      const bool isLost =
-          word < pieces_[i].typedEnd && pieces_[i].correctedBegin == pieces_[i].correctedEnd;
+      const bool isLost = pieces_[i].HasTyped() && !pieces_[i].HasCorrected();
       if (isLost && typed_.roles[word] == Role::Name && IsBesideStreet(i)) {
         const WordForms& forms = WordForms::Get();
         const std::wstring& text = typed_.words[word].text;
@@ -101,7 +95,7 @@ class Judge {
   }
   bool IsBesideStreet(std::size_t lost) const {
     const auto isStreet = [&](const AlignedPiece& piece) {
-      return piece.typedBegin < piece.typedEnd && piece.correctedBegin < piece.correctedEnd &&
+      return piece.HasTyped() && piece.HasCorrected() &&
              typed_.words[piece.typedBegin].line == typed_.words[pieces_[lost].typedBegin].line &&
              IsDeliveryLine(corrected_.roles[piece.correctedBegin]);
     };
@@ -115,8 +109,7 @@ class Judge {
     const AlignedPiece* before = nullptr;
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
       const AlignedPiece& piece = pieces_[i];
-      if (piece.typedBegin < piece.typedEnd && piece.correctedBegin < piece.correctedEnd &&
-          piece.match != Match::Unread) {
+      if (piece.HasTyped() && piece.HasCorrected() && piece.match != Match::Unread) {
         crossings_[i] = check.Check(before, piece);
         before = &piece;
       }
@@ -146,10 +139,10 @@ class Judge {
       }
     }
     std::size_t i = 0;
-    std::erase_if(changes_, [&isGone, &i](const JudgedChange&) { return isGone[i++]; });
+    std::erase_if(changes_, [&isGone, &i](const AlignedPiece&) { return isGone[i++]; });
   }
 
-  void TakeMove(const JudgedChange& from, JudgedChange& to, std::vector<bool>& isGone,
+  void TakeMove(const AlignedPiece& from, AlignedPiece& to, std::vector<bool>& isGone,
                 std::size_t index) const {
     to.rule = MoveRule(from, to);
     if (!from.HasCorrected() && !to.HasTyped()) {
@@ -161,7 +154,7 @@ class Judge {
 
   // A unit that was typed in front of its street or on a line of its own goes behind it; in Puerto
   // Rico the house number goes in front and the urbanization on its line.
-  CorrectionRule MoveRule(const JudgedChange& from, const JudgedChange& to) const {
+  CorrectionRule MoveRule(const AlignedPiece& from, const AlignedPiece& to) const {
     const Role role = rules_.RoleOf(to);
     const bool isPlain = !from.HasCorrected() && !to.HasTyped();
     if (isPlain && role == Role::Unit && IsUnit(from) && StandsWithStreet(from)) {
@@ -174,12 +167,12 @@ class Judge {
                                                               : CorrectionRule::WordMoved;
   }
 
-  bool IsUnit(const JudgedChange& change) const {
+  bool IsUnit(const AlignedPiece& change) const {
     return !WordForms::Get().Unit(typed_.words[change.typedBegin].text).empty();
   }
 
   // Whether the words have a typed line to themselves, or share it with words of a street.
-  bool StandsWithStreet(const JudgedChange& change) const {
+  bool StandsWithStreet(const AlignedPiece& change) const {
     const std::vector<LabelWord>& words = typed_.words;
     const std::size_t end = change.typedEnd;
     const bool begins = change.typedBegin == 0 ||
@@ -212,7 +205,7 @@ class Judge {
 
   // RR 3 BOX 14 is one address; PO BOX 14 below RR 3 is another.
   void JudgeRoute() {
-    for (JudgedChange& change : changes_) {
+    for (AlignedPiece& change : changes_) {
       const bool isBox =
           change.rule == CorrectionRule::Box || change.rule == CorrectionRule::LineCut;
       if (isBox && change.HasCorrected() && FollowsRoute(change.correctedBegin)) {
@@ -235,12 +228,12 @@ class Judge {
   // An add-on belongs to one address: where that has changed, the add-on goes.
   void JudgeAddOn() {
     const bool hasMoved =
-        std::any_of(changes_.begin(), changes_.end(), [this](const JudgedChange& change) {
+        std::any_of(changes_.begin(), changes_.end(), [this](const AlignedPiece& change) {
           const Role role = rules_.RoleOf(change);
           return change.rule >= CorrectionRule::SpellingOfStreet &&
                  (IsDeliveryLine(role) || role == Role::Zip);
         });
-    for (JudgedChange& change : changes_) {
+    for (AlignedPiece& change : changes_) {
       if (change.rule == CorrectionRule::Zip4Lost && hasMoved) {
         change.rule = CorrectionRule::Zip4Dropped;
       }
@@ -252,12 +245,12 @@ class Judge {
   RuleFinder rules_;
   std::vector<AlignedPiece> pieces_;
   std::vector<std::optional<CorrectionRule>> crossings_;  // by piece
-  std::vector<JudgedChange> changes_;
+  std::vector<AlignedPiece> changes_;
 };
 
 }  // namespace
 
-std::vector<JudgedChange> JudgeCorrection(ReadLabel typed, const ReadLabel& corrected,
+std::vector<AlignedPiece> JudgeCorrection(ReadLabel typed, const ReadLabel& corrected,
                                           std::string_view footnotes) {
   return Judge(typed, corrected, footnotes).Decide();
 }

@@ -17,20 +17,20 @@ constexpr std::string_view kUnitNotes = "L";
 
 }  // namespace
 
-Role RuleFinder::RoleOf(const JudgedChange& change) const {
+Role RuleFinder::RoleOf(const AlignedPiece& change) const {
   return change.HasCorrected() ? corrected_.roles[change.correctedBegin]
                                : typed_.roles[change.typedBegin];
 }
 
-CorrectionRule RuleFinder::Find(const JudgedChange& change, Match match) const {
-  if (match == Match::Unread) {
+CorrectionRule RuleFinder::Find(const AlignedPiece& change) const {
+  if (change.match == Match::Unread) {
     return CorrectionRule::TooLong;
   }
-  if (match == Match::MayForm) {
+  if (change.match == Match::MayForm) {
     return Says(kElementNotes) ? CorrectionRule::Highway : CorrectionRule::StreetChanged;
   }
   const Role role = RoleOf(change);
-  if (match == Match::Spelling) {
+  if (change.match == Match::Spelling) {
     return role == Role::City ? CorrectionRule::SpellingOfCity : CorrectionRule::SpellingOfStreet;
   }
   switch (role) {
@@ -75,7 +75,7 @@ bool RuleFinder::WasTyped(Role role) const {
   return std::find(typed_.roles.begin(), typed_.roles.end(), role) != typed_.roles.end();
 }
 
-CorrectionRule RuleFinder::FindElement(const JudgedChange& change, CorrectionRule added,
+CorrectionRule RuleFinder::FindElement(const AlignedPiece& change, CorrectionRule added,
                                        CorrectionRule changed, CorrectionRule dropped,
                                        CorrectionRule unexplained) const {
   if (change.HasTyped() && !WordForms::Get().IsStreetWord(Typed(change).text)) {
@@ -88,7 +88,7 @@ CorrectionRule RuleFinder::FindElement(const JudgedChange& change, CorrectionRul
 }
 
 // The signs of a house number are part of it, but for the hyphen of A-17 in Puerto Rico.
-CorrectionRule RuleFinder::FindHouseNumber(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindHouseNumber(const AlignedPiece& change) const {
   if (!change.HasTyped() || !change.HasCorrected()) {
     return FindPlain(change);
   }
@@ -100,7 +100,7 @@ CorrectionRule RuleFinder::FindHouseNumber(const JudgedChange& change) const {
 }
 
 // M says that the name was misspelt, not that it is another one.
-CorrectionRule RuleFinder::FindStreet(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindStreet(const AlignedPiece& change) const {
   if (!change.HasTyped() || !change.HasCorrected()) {
     return FindPlain(change);
   }
@@ -120,7 +120,7 @@ CorrectionRule RuleFinder::FindStreet(const JudgedChange& change) const {
                                              : CorrectionRule::StreetOther;
 }
 
-CorrectionRule RuleFinder::FindUnit(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindUnit(const AlignedPiece& change) const {
   const auto isUnit = [](const LabelWord& word) {
     return !WordForms::Get().Unit(word.text).empty();
   };
@@ -140,7 +140,7 @@ CorrectionRule RuleFinder::FindUnit(const JudgedChange& change) const {
   return FindPlain(change);
 }
 
-CorrectionRule RuleFinder::FindCity(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindCity(const AlignedPiece& change) const {
   if (!change.HasCorrected()) {
     return CorrectionRule::WordLost;
   }
@@ -152,7 +152,7 @@ CorrectionRule RuleFinder::FindCity(const JudgedChange& change) const {
 }
 
 // A street's last word that is put into the place of a city that is missing: PARKWAY below PKWY.
-bool RuleFinder::RepeatsStreet(const JudgedChange& change) const {
+bool RuleFinder::RepeatsStreet(const AlignedPiece& change) const {
   if (change.correctedBegin == 0 || change.correctedEnd - change.correctedBegin != 1) {
     return false;
   }
@@ -166,7 +166,7 @@ bool RuleFinder::RepeatsStreet(const JudgedChange& change) const {
          isSame(forms.Direction(city), forms.Direction(street));
 }
 
-CorrectionRule RuleFinder::FindState(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindState(const AlignedPiece& change) const {
   if (!change.HasCorrected()) {
     return CorrectionRule::WordLost;
   }
@@ -174,7 +174,7 @@ CorrectionRule RuleFinder::FindState(const JudgedChange& change) const {
   return isMissing || Says(kPlaceNotes) ? CorrectionRule::StateOfZip : CorrectionRule::StateChanged;
 }
 
-CorrectionRule RuleFinder::FindZip(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindZip(const AlignedPiece& change) const {
   if (!change.HasCorrected()) {
     return CorrectionRule::ZipLost;
   }
@@ -182,20 +182,20 @@ CorrectionRule RuleFinder::FindZip(const JudgedChange& change) const {
                                                : CorrectionRule::ZipChanged;
 }
 
-CorrectionRule RuleFinder::FindZip4(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindZip4(const AlignedPiece& change) const {
   if (!change.HasCorrected()) {
     return CorrectionRule::Zip4Lost;
   }
   return change.HasTyped() ? CorrectionRule::Zip4Changed : CorrectionRule::Zip4Added;
 }
 
-CorrectionRule RuleFinder::FindUrbanization(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindUrbanization(const AlignedPiece& change) const {
   return change.HasCorrected() && Says(kElementNotes) ? CorrectionRule::Urbanization
                                                       : FindPlain(change);
 }
 
 // NO in front of a number that stays.
-bool RuleFinder::IsNoiseWord(const JudgedChange& change) const {
+bool RuleFinder::IsNoiseWord(const AlignedPiece& change) const {
   const std::wstring& word = Typed(change).text;
   return change.typedEnd - change.typedBegin == 1 && !change.HasCorrected() &&
          IsDeliveryLine(typed_.roles[change.typedBegin]) &&
@@ -204,7 +204,7 @@ bool RuleFinder::IsNoiseWord(const JudgedChange& change) const {
 }
 
 // The same words stand right in front of the added ones, or right behind them.
-bool RuleFinder::IsDoubled(const JudgedChange& change) const {
+bool RuleFinder::IsDoubled(const AlignedPiece& change) const {
   const std::vector<LabelWord>& words = corrected_.words;
   const std::size_t begin = change.correctedBegin;
   const std::size_t end = change.correctedEnd;
@@ -221,7 +221,7 @@ bool RuleFinder::IsDoubled(const JudgedChange& change) const {
          (end + size <= words.size() && repeats(begin, end));
 }
 
-CorrectionRule RuleFinder::FindPlain(const JudgedChange& change) const {
+CorrectionRule RuleFinder::FindPlain(const AlignedPiece& change) const {
   if (!change.HasTyped()) {
     return IsDoubled(change)                  ? CorrectionRule::WordDoubled
            : HasDigit(Corrected(change).text) ? CorrectionRule::NumberAdded

@@ -4,7 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/review/ReviewJudge.h"
+#include <postwright/CorrectionRule.h>
+
+#include "core/review/ReadLabel.h"
+#include "core/review/WordAlignment.h"
 
 namespace postwright {
 
@@ -15,38 +18,38 @@ class RuleFinder {
       : typed_(typed), corrected_(corrected), footnotes_(footnotes) {}
 
   // The rule of the words of `change`, whose match is not Same and not Form.
-  CorrectionRule Find(const JudgedChange& change, Match match) const;
+  CorrectionRule Find(const AlignedPiece& change) const;
 
   // The role that decides: that of the corrected words, else that of the typed ones.
-  Role RoleOf(const JudgedChange& change) const;
+  Role RoleOf(const AlignedPiece& change) const;
 
  private:
   bool Says(std::string_view notes) const {
     return footnotes_.find_first_of(notes) != std::string_view::npos;
   }
-  const LabelWord& Typed(const JudgedChange& change) const {
+  const LabelWord& Typed(const AlignedPiece& change) const {
     return typed_.words[change.typedBegin];
   }
-  const LabelWord& Corrected(const JudgedChange& change) const {
+  const LabelWord& Corrected(const AlignedPiece& change) const {
     return corrected_.words[change.correctedBegin];
   }
   static std::wstring Letters(const ReadLabel& label, std::size_t begin, std::size_t end);
 
-  CorrectionRule FindElement(const JudgedChange& change, CorrectionRule added,
+  CorrectionRule FindElement(const AlignedPiece& change, CorrectionRule added,
                              CorrectionRule changed, CorrectionRule dropped,
                              CorrectionRule unexplained) const;
-  CorrectionRule FindStreet(const JudgedChange& change) const;
-  CorrectionRule FindHouseNumber(const JudgedChange& change) const;
-  CorrectionRule FindUnit(const JudgedChange& change) const;
-  CorrectionRule FindCity(const JudgedChange& change) const;
-  bool RepeatsStreet(const JudgedChange& change) const;
-  CorrectionRule FindState(const JudgedChange& change) const;
-  CorrectionRule FindZip(const JudgedChange& change) const;
-  CorrectionRule FindZip4(const JudgedChange& change) const;
-  CorrectionRule FindUrbanization(const JudgedChange& change) const;
-  CorrectionRule FindPlain(const JudgedChange& change) const;
-  bool IsDoubled(const JudgedChange& change) const;
-  bool IsNoiseWord(const JudgedChange& change) const;
+  CorrectionRule FindStreet(const AlignedPiece& change) const;
+  CorrectionRule FindHouseNumber(const AlignedPiece& change) const;
+  CorrectionRule FindUnit(const AlignedPiece& change) const;
+  CorrectionRule FindCity(const AlignedPiece& change) const;
+  bool RepeatsStreet(const AlignedPiece& change) const;
+  CorrectionRule FindState(const AlignedPiece& change) const;
+  CorrectionRule FindZip(const AlignedPiece& change) const;
+  CorrectionRule FindZip4(const AlignedPiece& change) const;
+  CorrectionRule FindUrbanization(const AlignedPiece& change) const;
+  CorrectionRule FindPlain(const AlignedPiece& change) const;
+  bool IsDoubled(const AlignedPiece& change) const;
+  bool IsNoiseWord(const AlignedPiece& change) const;
   bool WasTyped(Role role) const;
 
   const ReadLabel& typed_;

@@ -20,6 +20,9 @@ struct AlignedPiece {
   std::size_t correctedEnd = 0;
   Match match = Match::Same;
   CorrectionRule rule = CorrectionRule::Word;
+
+  bool HasTyped() const { return typedBegin < typedEnd; }
+  bool HasCorrected() const { return correctedBegin < correctedEnd; }
 };
 
 // Lays the words of the two texts side by side, each once and in order, so that as little as can be
