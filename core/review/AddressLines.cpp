@@ -1,6 +1,7 @@
 #include <postwright/AddressLines.h>
 
 #include "core/review/Countries.h"
+#include "core/review/Digits.h"
 #include "core/review/RunFinder.h"
 
 #include <postwright/Utils.h>

@@ -1,5 +1,6 @@
 #include "core/review/Countries.h"
 
+#include "core/review/Digits.h"
 #include "core/review/LabelLines.h"
 
 #include <string>

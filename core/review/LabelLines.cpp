@@ -83,14 +83,6 @@ bool IsBlank(wchar_t c) {
          std::iswspace(static_cast<std::wint_t>(c)) != 0;
 }
 
-bool IsDigit(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
-
-bool HasDigit(std::wstring_view text) {
-  return text.find_first_of(L"0123456789") != text.npos;
-}
-
 std::vector<std::wstring_view> WordsOf(std::wstring_view text) {
   const auto isWord = [](wchar_t c) {
     return c == L'\'' || std::iswalnum(static_cast<std::wint_t>(c)) != 0 || c > L'\u00BF';

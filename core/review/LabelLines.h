@@ -31,8 +31,6 @@ std::vector<LabelPiece> CutAtCommas(std::wstring_view text, const LabelPiece& li
 
 // Letters and digits are those of the character locale.
 bool IsBlank(wchar_t c);
-bool IsDigit(wchar_t c);
-bool HasDigit(std::wstring_view text);
 std::vector<std::wstring_view> WordsOf(std::wstring_view text);  // letters, digits and "'"
 std::wstring LettersAndDigits(std::wstring_view text);           // in upper case, nothing else
 std::wstring_view TrimEnd(std::wstring_view text, std::wstring_view characters);

@@ -1,5 +1,7 @@
 #include "core/review/LabelWords.h"
 
+#include "core/review/Digits.h"
+
 #include <utf8proc.h>
 
 #include <algorithm>
@@ -253,14 +255,6 @@ class LabelReader {
 
 std::vector<LabelWord> ReadLabelWords(std::wstring_view text) {
   return LabelReader(text).Read();
-}
-
-bool HasDigit(std::wstring_view word) {
-  return std::any_of(word.begin(), word.end(), IsDigit);
-}
-
-bool IsNumber(std::wstring_view word) {
-  return !word.empty() && std::all_of(word.begin(), word.end(), IsDigit);
 }
 
 std::wstring WithoutSigns(std::wstring_view word) {

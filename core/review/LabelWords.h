@@ -27,13 +27,6 @@ struct LabelWord {
 // words and belongs to none. The ranges of the words are in order and do not overlap.
 std::vector<LabelWord> ReadLabelWords(std::wstring_view text);
 
-// The ASCII digits: the postal service's numbers know no others.
-inline bool IsDigit(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
-bool HasDigit(std::wstring_view word);
-bool IsNumber(std::wstring_view word);  // digits alone, at least one
-
 // Returns the word without the signs within numbers, and without the accents of its letters.
 std::wstring WithoutSigns(std::wstring_view word);
 std::wstring WithoutAccents(std::wstring_view word);

@@ -1,6 +1,7 @@
 #include "core/review/LineKind.h"
 
 #include "core/parser/Vocabulary.h"
+#include "core/review/Digits.h"
 #include "core/review/WordForms.h"
 
 #include <boost/xpressive/xpressive_dynamic.hpp>

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <optional>
 
+#include "core/review/Digits.h"
 #include "core/review/WordForms.h"
 
 namespace postwright {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/review/Digits.h"
 #include "core/review/WordForms.h"
 
 namespace postwright {

@@ -1,6 +1,7 @@
 #include "core/review/PlaceLine.h"
 
 #include "core/review/Countries.h"
+#include "core/review/Digits.h"
 #include "core/review/LineKind.h"
 #include "core/review/StateNames.h"
 

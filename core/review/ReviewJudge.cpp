@@ -5,6 +5,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "core/review/Digits.h"
 #include "core/review/LineCheck.h"
 #include "core/review/PhraseList.h"
 #include "core/review/RuleFinder.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/review/Digits.h"
 #include "core/review/WordForms.h"
 
 namespace postwright {

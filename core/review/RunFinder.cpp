@@ -1,5 +1,7 @@
 #include "core/review/RunFinder.h"
 
+#include "core/review/Digits.h"
+
 #include <postwright/AddressParser.h>
 #include <postwright/Utils.h>
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "core/review/Digits.h"
 #include "core/review/PhraseList.h"
 
 namespace postwright {

@@ -5,6 +5,7 @@
 #include <cwctype>
 
 #include "core/parser/UnitWords.h"
+#include "core/review/Digits.h"
 #include "core/review/LabelWords.h"
 
 namespace postwright {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/review/Digits.h"
 #include "core/review/LabelWords.h"
 #include "core/review/WordForms.h"
 
