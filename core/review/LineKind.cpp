@@ -2,6 +2,7 @@
 
 #include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
+#include "core/review/NumberWords.h"
 #include "core/review/WordForms.h"
 
 #include <boost/xpressive/xpressive_dynamic.hpp>
@@ -126,14 +127,10 @@ bool IsHouse(const std::wstring& upper) {
 
 // "2ND FLOOR" as the grammar reads a floor: FL 2.
 std::wstring FloorOf(const std::wstring& upper) {
-  constexpr std::array kOrdinals = {L"FIRST", L"SECOND",  L"THIRD",  L"FOURTH", L"FIFTH",
-                                    L"SIXTH", L"SEVENTH", L"EIGHTH", L"NINTH",  L"TENTH"};
   if (IsDigit(upper.front())) {
     return L"FL " + upper.substr(0, upper.find_first_not_of(L"0123456789"));
   }
-  const std::wstring word = upper.substr(0, upper.find(L' '));
-  const auto* const found = std::find(kOrdinals.begin(), kOrdinals.end(), word);
-  return L"FL " + std::to_wstring(found - kOrdinals.begin() + 1);
+  return L"FL " + std::to_wstring(PlaceIn(kOrdinals, upper.substr(0, upper.find(L' '))));
 }
 
 // Replaces [begin, begin + length) of `text` and notes it.

@@ -2,6 +2,7 @@
 
 #include "core/review/Countries.h"
 #include "core/review/LineKind.h"
+#include "core/review/NumberWords.h"
 #include "core/review/PlaceLine.h"
 #include "core/review/StateNames.h"
 
@@ -70,39 +71,25 @@ bool EndsInForeignCountry(const std::wstring& upper) {
          (word != upper.npos && IsForeignCountry(upper.substr(word + 1)));
 }
 
-// The figure that the words in front of a street stand for, and how many characters they take; 0
-// where there are none. Numbers above a hundred are not written out on labels.
+// The figure that the words in front of a street stand for, 0 where there are none, and how many
+// characters they take. Numbers above a hundred are not written out on labels.
 struct NumberInWords {
-  int number = 0;
+  std::size_t number = 0;
   std::size_t length = 0;
 };
 
-NumberInWords ReadNumber(const std::wstring& upper) {
-  constexpr std::array kUnits = {L"ONE",     L"TWO",       L"THREE",    L"FOUR",     L"FIVE",
-                                 L"SIX",     L"SEVEN",     L"EIGHT",    L"NINE",     L"TEN",
-                                 L"ELEVEN",  L"TWELVE",    L"THIRTEEN", L"FOURTEEN", L"FIFTEEN",
-                                 L"SIXTEEN", L"SEVENTEEN", L"EIGHTEEN", L"NINETEEN"};
-  constexpr std::array kTens = {L"TWENTY", L"THIRTY",  L"FORTY",  L"FIFTY",
-                                L"SIXTY",  L"SEVENTY", L"EIGHTY", L"NINETY"};
-  const auto indexIn = [](const auto& words, std::wstring_view word) {
-    const auto found = std::find(words.begin(), words.end(), word);
-    return found == words.end() ? -1 : static_cast<int>(found - words.begin());
-  };
+NumberInWords ReadNumber(std::wstring_view upper) {
   const std::size_t end = std::min(upper.find_first_of(L" -"), upper.size());
-  const int unit = indexIn(kUnits, upper.substr(0, end));
-  if (unit >= 0) {
-    return {unit + 1, end};
+  const std::wstring_view first = upper.substr(0, end);
+  const std::size_t ten = PlaceIn(kTens, first);
+  if (ten == 0) {
+    return {PlaceIn(kCardinals, first), end};
   }
-  const int ten = indexIn(kTens, upper.substr(0, end));
-  if (ten < 0) {
-    return {};
-  }
-  const int number = 10 * (ten + 2);
   const std::size_t next = std::min(end + 1, upper.size());
   const std::size_t nextEnd = std::min(upper.find(L' ', next), upper.size());
-  const int more = indexIn(kUnits, upper.substr(next, nextEnd - next));
-  return more >= 0 && more < 9 ? NumberInWords{number + more + 1, nextEnd}
-                               : NumberInWords{number, end};
+  const std::size_t one = PlaceIn(kCardinals, upper.substr(next, nextEnd - next));
+  return one >= 1 && one <= 9 ? NumberInWords{10 * ten + one, nextEnd}
+                              : NumberInWords{10 * ten, end};
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "core/parser/UnitWords.h"
 #include "core/review/Digits.h"
 #include "core/review/LabelWords.h"
+#include "core/review/NumberWords.h"
 
 namespace postwright {
 
@@ -44,18 +45,6 @@ constexpr std::pair<const wchar_t*, const wchar_t*> kCommon[] = {
     {L"JUNIOR", L"JR"},
     {L"JR", L"JR"},
     {L"AND", L"AND"}};
-
-constexpr std::array<const wchar_t*, 21> kCardinals = {
-    L"",         L"ONE",     L"TWO",     L"THREE",     L"FOUR",     L"FIVE",     L"SIX",
-    L"SEVEN",    L"EIGHT",   L"NINE",    L"TEN",       L"ELEVEN",   L"TWELVE",   L"THIRTEEN",
-    L"FOURTEEN", L"FIFTEEN", L"SIXTEEN", L"SEVENTEEN", L"EIGHTEEN", L"NINETEEN", L"TWENTY"};
-constexpr std::array<const wchar_t*, 21> kOrdinals = {
-    L"",           L"FIRST",      L"SECOND",     L"THIRD",     L"FOURTH",    L"FIFTH",
-    L"SIXTH",      L"SEVENTH",    L"EIGHTH",     L"NINTH",     L"TENTH",     L"ELEVENTH",
-    L"TWELFTH",    L"THIRTEENTH", L"FOURTEENTH", L"FIFTEENTH", L"SIXTEENTH", L"SEVENTEENTH",
-    L"EIGHTEENTH", L"NINETEENTH", L"TWENTIETH"};
-constexpr std::array<const wchar_t*, 8> kTens = {L"TWENTY", L"THIRTY",  L"FORTY",  L"FIFTY",
-                                                 L"SIXTY",  L"SEVENTY", L"EIGHTY", L"NINETY"};
 
 std::wstring Ordinal(std::size_t number) {
   const std::size_t last = number % 10;
@@ -104,11 +93,11 @@ WordForms::WordForms() {
     numbers_.emplace(kCardinals[i], std::to_wstring(i));
     numbers_.emplace(kOrdinals[i], Ordinal(i));
   }
-  for (std::size_t ten = 0; ten < kTens.size(); ++ten) {
+  for (std::size_t ten = 2; ten < kTens.size(); ++ten) {
     const std::wstring stem(kTens[ten], std::wstring_view(kTens[ten]).size() - 1);
-    numbers_.emplace(stem + L"IETH", Ordinal((ten + 2) * 10));
+    numbers_.emplace(stem + L"IETH", Ordinal(10 * ten));
     for (std::size_t one = 1; one < 10; ++one) {
-      numbers_.emplace(std::wstring(kTens[ten]) + kOrdinals[one], Ordinal((ten + 2) * 10 + one));
+      numbers_.emplace(std::wstring(kTens[ten]) + kOrdinals[one], Ordinal(10 * ten + one));
     }
   }
 }
