@@ -4,6 +4,8 @@
 #include <postwright/UnreadReason.h>
 #include <postwright/VerifyFailure.h>
 
+#include <utility>
+
 #include "apps/postwright/stream/Utf8.h"
 
 namespace postwright {
@@ -21,10 +23,8 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   values_.takeAnswer(fix.answer(), fix.message());
   if (values_.status == AddressStatusError) {
     ExplainFailure(label, client.lastReport());
-  } else if (review_.Doubtful() && !asking.acceptDoubtful) {
+  } else if (!asking.acceptDoubtful) {
     Judge(label);
-  } else if (confirmation_.ContradictsNumber() && !asking.acceptDoubtful) {
-    JudgeNumber(label);
   }
 }
 
@@ -36,30 +36,26 @@ void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
   text_ = label;
 }
 
-// What says the same but for punctuation is no correction, so there is nothing to decide.
 void LabelFix::Judge(const std::wstring& label) {
-  if (values_.status == AddressStatusFixed) {
-    proposed_ = text_;
-    reason_ = review_.ReasonCode();
-    explanation_ = "postwright: the text was left as it is, since the correction is doubtful. " +
-                   Utf8FromWide(review_.Reason());
-    values_.status = AddressStatusMultiple;
-    values_.fixed.clear();
+  if (review_.Doubtful() && values_.status == AddressStatusFixed) {
+    Propose(label, review_.ReasonCode(),
+            "since the correction is doubtful. " + Utf8FromWide(review_.Reason()));
+  } else if (confirmation_.ContradictsNumber() && values_.status != AddressStatusMultiple) {
+    // Also where nothing was changed: a number that was mistyped is what the service sends back as
+    // it is.
+    Propose(label, confirmation_.Code(),
+            "since the address is doubtful: " + std::string(confirmation_.Text()) +
+                ". Look at the number.");
+  } else if (review_.Doubtful()) {
+    text_ = label;  // what says the same but for punctuation is no correction: nothing to decide
   }
-  text_ = label;
 }
 
-// Also where nothing was changed: a number that was mistyped is what the service sends back as it
-// is.
-void LabelFix::JudgeNumber(const std::wstring& label) {
-  if (values_.status == AddressStatusMultiple) {
-    return;
-  }
-  proposed_ = text_;
-  text_ = label;
-  reason_ = confirmation_.Code();
-  explanation_ = "postwright: the text was left as it is, since the address is doubtful: " +
-                 std::string(confirmation_.Text()) + ". Look at the number.";
+void LabelFix::Propose(const std::wstring& label, const std::string& reason,
+                       const std::string& why) {
+  proposed_ = std::exchange(text_, label);
+  reason_ = reason;
+  explanation_ = "postwright: the text was left as it is, " + why;
   values_.status = AddressStatusMultiple;
   values_.fixed.clear();
 }

@@ -57,7 +57,7 @@ class LabelFix {
  private:
   void LeaveAlone(const std::wstring& label, LeftAloneReason reason);
   void Judge(const std::wstring& label);
-  void JudgeNumber(const std::wstring& label);
+  void Propose(const std::wstring& label, const std::string& reason, const std::string& why);
   void ExplainFailure(const std::wstring& label, const VerifyReport& report);
 
   BatchResultRecord::Values values_;
