@@ -80,6 +80,8 @@ HttpOutcome OutcomeOf(CURLcode end, const HttpTransfer& transfer) {
       return HttpOutcome::NotResolved;
     case CURLE_OPERATION_TIMEDOUT:
       return HttpOutcome::TimedOut;
+    case CURLE_PARTIAL_FILE:
+      return HttpOutcome::BrokeOff;
     case CURLE_OUT_OF_MEMORY:  // what it also says of a line beyond its own bound, of 100 KB
       return HttpOutcome::TooLong;
     default:

@@ -41,7 +41,8 @@ enum class HttpOutcome {
   TimedOut,     // one of the three times is over
   NoAnswer,     // the connection ended before the first byte
   TooLong,      // more came than may
-  BadAnswer,    // not HTTP, half an answer, or a coding that is not taken
+  BrokeOff,     // the connection was closed within the answer
+  BadAnswer,    // not HTTP, or a coding that is not taken
   Cancelled
 };
 

@@ -32,6 +32,7 @@ FetchOutcome OutcomeOf(HttpOutcome outcome) {
     case HttpOutcome::TimedOut:
       return FetchOutcomeTimedOut;
     case HttpOutcome::NoAnswer:
+    case HttpOutcome::BrokeOff:
       return FetchOutcomeBrokeOff;
     case HttpOutcome::TooLong:
     case HttpOutcome::BadAnswer:

@@ -37,8 +37,11 @@ TEST(UrlFetchTest, GivesWholeBodiesAlone) {
     const LoopbackServer server(shape.answer);
     HttpLimits limits = HostileLimits();
     limits.redirects = FetchLimits().redirects;
-    const std::vector<std::uint8_t> body = FetchUrl(Url(server), limits);
+    FetchReport report;
+    const std::vector<std::uint8_t> body = FetchUrl(Url(server), limits, &report);
     EXPECT_EQ(std::string(body.begin(), body.end()), shape.body);
+    EXPECT_EQ(report.outcome == FetchOutcomeBrokeOff,
+              shape.end == HttpOutcome::NoAnswer || shape.end == HttpOutcome::BrokeOff);
   }
 }
 

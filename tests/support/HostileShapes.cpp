@@ -45,9 +45,9 @@ const std::vector<HostileShape>& HostileShapes() {
 
       {"closed at once", {"", true}, NoAnswer},
       {"not HTTP", {"hello\r\n\r\n", true}},
-      {"half a head", {kOk + "Content-", true}},
-      {"half a body", {kOk + "Content-Length: 9\r\n\r\nhello", true}},
-      {"half a chunk", {kOk + kChunked + "9\r\nhello", true}},
+      {"half a head", {kOk + "Content-", true}, BrokeOff},
+      {"half a body", {kOk + "Content-Length: 9\r\n\r\nhello", true}, BrokeOff},
+      {"half a chunk", {kOk + kChunked + "9\r\nhello", true}, BrokeOff},
       {"a chunk of no size", {kOk + kChunked + "x\r\nhello\r\n", true}},
       {"a chunk size without end", {kOk + kChunked, false, "0"}},
       {"a chunk of 2^64", {kOk + kChunked + "10000000000000000\r\nhello\r\n", true}},
