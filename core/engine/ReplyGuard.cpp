@@ -1,5 +1,7 @@
 #include "core/engine/ReplyGuard.h"
 
+#include "common/Encoding.h"
+
 #include <strings.h>
 
 #include <algorithm>
@@ -17,33 +19,6 @@ constexpr const wchar_t* kBrokenReference = L"a character reference is broken";
 constexpr std::string_view kDeclaration = "<?xml";
 constexpr std::string_view kComment = "<!--";
 constexpr std::string_view kCData = "<![CDATA[";
-
-// The length of the UTF-8 sequence at `at`, or 0 where there is none (The Unicode Standard, table
-// 3-7).
-std::size_t SequenceLength(std::string_view text, std::size_t at) {
-  const auto byte = [&](std::size_t i) -> unsigned {
-    return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0;
-  };
-  const unsigned lead = byte(0);
-  if (lead < 0x80) {
-    return 1;
-  }
-  if (lead < 0xC2 || lead > 0xF4) {
-    return 0;
-  }
-  const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-  const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  if (byte(1) < low || byte(1) > high) {
-    return 0;
-  }
-  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  for (std::size_t i = 2; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) {
-      return 0;
-    }
-  }
-  return length;
-}
 
 // True when each "&#" of `text` goes on with digits and a semicolon.
 bool HasWholeReferences(std::string_view text) {
@@ -181,22 +156,11 @@ const wchar_t* TagScanner::PassStartTag() {
 
 }  // namespace
 
-bool IsReplyUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = SequenceLength(text, at);
-    if (length == 0) {
-      return false;
-    }
-    at += length;
-  }
-  return true;
-}
-
 const wchar_t* FindReplyFault(std::string_view reply) {
   if (reply.find('\0') != std::string_view::npos) {
     return L"the document holds a NUL";
   }
-  if (!IsReplyUtf8(reply)) {
+  if (!IsUtf8(reply)) {
     return L"the document is not UTF-8";
   }
   return TagScanner(reply).FindFault();

@@ -5,9 +5,6 @@
 
 namespace postwright {
 
-// Whether `text` is well-formed UTF-8 throughout (RFC 3629).
-bool IsReplyUtf8(std::string_view text);
-
 // Returns what forbids giving `reply` to TinyXML, as words for the log, or null where nothing does.
 // A document that is merely broken passes: finding that out is the parser's work, in bounded time,
 // stack and memory. The words are constants. Takes time in proportion to the reply.

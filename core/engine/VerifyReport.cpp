@@ -1,10 +1,10 @@
 #include <postwright/VerifyReport.h>
 
+#include "common/SmallText.h"
 #include "core/engine/ReplyDocument.h"
 
 #include <tinyxml.h>
 
-#include <algorithm>
 #include <cstring>
 
 namespace postwright {
@@ -13,13 +13,9 @@ namespace {
 
 // The text of the first child of that name.
 std::string ChildText(const TiXmlElement& parent, const char* name) {
-  constexpr const char* kBlanks = " \t\r\n";
   const TiXmlElement* const child = parent.FirstChildElement(name);
   const char* const text = child == nullptr ? nullptr : child->GetText();
-  std::string trimmed = text == nullptr ? "" : text;
-  trimmed.erase(trimmed.find_last_not_of(kBlanks) + 1);
-  trimmed.erase(0, std::min(trimmed.find_first_not_of(kBlanks), trimmed.size()));
-  return trimmed;
+  return std::string(Trim(text == nullptr ? "" : text));
 }
 
 }  // namespace
