@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "apps/postwright/stream/JsonRecord.h"
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
@@ -15,7 +15,7 @@ std::string OneLine(const CorrectionPart& part) {
   std::replace_if(
       text.begin(), text.end(), [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); },
       L' ');
-  return Utf8FromWide(text);
+  return Utf8FromAnyWide(text);
 }
 
 void AddPart(JsonRecord& record, const std::string& name, const CorrectionPart& part) {

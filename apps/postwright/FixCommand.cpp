@@ -13,8 +13,8 @@
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
-#include "apps/postwright/stream/Utf8.h"
 #include "apps/postwright/stream/WorkerPool.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
@@ -43,7 +43,7 @@ LabelFix::Asking AskingOf(const FixOptions& options) {
 
 // Ends in one line break, whether or not `text` does.
 std::string BytesOf(const std::wstring& text) {
-  const std::string bytes = Utf8FromWide(text);
+  const std::string bytes = Utf8FromAnyWide(text);
   return bytes.ends_with('\n') ? bytes : bytes + "\n";
 }
 

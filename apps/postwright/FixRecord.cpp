@@ -2,7 +2,7 @@
 
 #include "apps/postwright/Explanation.h"
 #include "apps/postwright/stream/JsonRecord.h"
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 

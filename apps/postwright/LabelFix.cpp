@@ -6,7 +6,7 @@
 
 #include <utility>
 
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
@@ -39,7 +39,7 @@ void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
 void LabelFix::Judge(const std::wstring& label) {
   if (review_.Doubtful() && values_.status == AddressStatusFixed) {
     Propose(label, review_.ReasonCode(),
-            "since the correction is doubtful. " + Utf8FromWide(review_.Reason()));
+            "since the correction is doubtful. " + Utf8FromAnyWide(review_.Reason()));
   } else if (confirmation_.ContradictsNumber() && values_.status != AddressStatusMultiple) {
     // Also where nothing was changed: a number that was mistyped is what the service sends back as
     // it is.

@@ -2,7 +2,7 @@
 
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LineReader.h"
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 

@@ -10,7 +10,7 @@
 #include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
@@ -50,7 +50,7 @@ std::string Describe(const AddressInfo& info) {
     std::replace(title.begin(), title.end(), '_', ' ');
     title.resize(kTitleWidth, ' ');
     description += title;
-    for (const char byte : Utf8FromWide(info.*field.value)) {
+    for (const char byte : Utf8FromAnyWide(info.*field.value)) {
       description += byte;
       if (byte == '\n') {
         description.append(kTitleWidth, ' ');

@@ -4,7 +4,7 @@
 #include <postwright/PostwrightException.h>
 #include <postwright/postwright.h>
 
-#include "core/c/Utf8.h"
+#include "common/WideText.h"
 
 #include <new>
 #include <optional>

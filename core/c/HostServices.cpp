@@ -1,6 +1,6 @@
 #include "core/c/HostServices.h"
 
-#include "core/c/Utf8.h"
+#include "common/WideText.h"
 
 #include <postwright/LogFormat.h>
 

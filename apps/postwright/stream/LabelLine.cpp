@@ -2,7 +2,7 @@
 
 #include <simdjson.h>
 
-#include "apps/postwright/stream/Utf8.h"
+#include "common/WideText.h"
 
 namespace postwright {
 

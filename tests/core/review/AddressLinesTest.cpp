@@ -1,6 +1,6 @@
 #include <postwright/AddressLines.h>
 
-#include "core/c/Utf8.h"
+#include "common/WideText.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

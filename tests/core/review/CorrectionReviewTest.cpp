@@ -3,13 +3,13 @@
 #include <postwright/CorrectionReview.h>
 #include <postwright/Utils.h>
 
+#include "common/WideText.h"
 #include "core/review/LabelWords.h"
 #include "tests/core/parser/LabelGenerator.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <boost/locale/encoding_utf.hpp>
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -72,16 +72,11 @@ void ExpectWholeAccount(const std::wstring& typed, const std::wstring& corrected
   EXPECT_EQ(Joined(Rest(typed, before)), Joined(Rest(corrected, after)));
 }
 
-std::string Utf8(const std::wstring& text) {
-  return boost::locale::conv::utf_to_utf<char>(text);
-}
-
 std::vector<std::wstring> Labels() {
   std::vector<std::wstring> labels;
   std::ifstream file(POSTWRIGHT_TEST_DATA "/labels.jsonl");
   for (std::string line; std::getline(file, line);) {
-    labels.push_back(boost::locale::conv::utf_to_utf<wchar_t>(
-        nlohmann::json::parse(line).at("label").get<std::string>()));
+    labels.push_back(WideFromUtf8(nlohmann::json::parse(line).at("label").get<std::string>()));
   }
   EXPECT_FALSE(labels.empty());
   return labels;
@@ -134,7 +129,7 @@ TEST(CorrectionReviewTest, AccountsForEveryWord) {
   for (int i = 0; i < 3000; ++i) {
     const std::wstring one = i % 3 == 0 ? generator.Address() : generator.Mixture();
     const std::wstring other = i % 3 == 1 ? generator.Noise() : generator.Address();
-    SCOPED_TRACE(Utf8(one) + " | " + Utf8(other));
+    SCOPED_TRACE(Utf8FromAnyWide(one) + " | " + Utf8FromAnyWide(other));
     ExpectWholeAccount(one, other, CorrectionReview(one, other, "ABLM"));
   }
 }

@@ -1,12 +1,13 @@
-#ifndef POSTWRIGHT_CORE_C_UTF8_H_
-#define POSTWRIGHT_CORE_C_UTF8_H_
+#ifndef POSTWRIGHT_COMMON_WIDETEXT_H_
+#define POSTWRIGHT_COMMON_WIDETEXT_H_
 
 #include <boost/locale/encoding_utf.hpp>
-
 #include <string>
 #include <string_view>
 
 namespace postwright {
+
+// Between UTF-8 and the wide strings of the core, whatever the locale. Pure, for any thread.
 
 // The wide form of `text`. Throws boost::locale::conv::conversion_error where it is not UTF-8.
 inline std::wstring WideFromUtf8(std::string_view text) {
@@ -21,6 +22,11 @@ inline std::string Utf8FromWide(std::wstring_view text) {
   return boost::locale::conv::utf_to_utf<char>(text.data(), text.data() + text.size(), stop);
 }
 
+// The same, but what is no code point (half a surrogate pair) is left out.
+inline std::string Utf8FromAnyWide(std::wstring_view text) {
+  return boost::locale::conv::utf_to_utf<char>(text.data(), text.data() + text.size());
+}
+
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_CORE_C_UTF8_H_
+#endif  // POSTWRIGHT_COMMON_WIDETEXT_H_
