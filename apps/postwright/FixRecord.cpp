@@ -8,9 +8,6 @@ namespace postwright {
 
 namespace {
 
-// Beside the numbers of AddressStatus: nobody judged the label.
-constexpr int kNotAnswered = 4;
-
 JsonRecord Begin(const LabelLine& label, const std::wstring& fixed, const std::wstring& result) {
   JsonRecord record(label.id);
   record.Add("address", label.address);

@@ -98,7 +98,7 @@ int StatusOfRecord(std::string_view line) {
   }
   const char digit = line[line.size() - 2];
   line.remove_suffix(2);
-  return line.ends_with(kStart) && digit >= '0' && digit <= '4' ? digit - '0' : -1;
+  return line.ends_with(kStart) && digit >= '0' && digit <= '0' + kNotAnswered ? digit - '0' : -1;
 }
 
 }  // namespace postwright

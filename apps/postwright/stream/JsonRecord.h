@@ -36,9 +36,12 @@ class JsonRecord {
   std::string line_;
 };
 
-// The number, 0 to 4, that `line` (with or without its line feed) ends with as the member
-// "status"; -1 where it does not. Text inside a JSON string cannot look like one: its quotation
-// marks are escaped.
+// The status of a label that nobody judged, beside the numbers of the client's AddressStatus.
+constexpr int kNotAnswered = 4;
+
+// The number, 0 to kNotAnswered, that `line` (with or without its line feed) ends with as the
+// member "status"; -1 where it does not. Text inside a JSON string cannot look like one: its
+// quotation marks are escaped.
 int StatusOfRecord(std::string_view line);
 
 }  // namespace postwright

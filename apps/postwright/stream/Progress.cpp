@@ -69,7 +69,10 @@ void Progress::Begin(std::optional<std::size_t> total) {
 
 void Progress::Count(std::string_view record, bool isEarlier) {
   const int status = StatusOfRecord(record);
-  ++(status == 0 ? unchanged_ : status == 1 ? fixed_ : status == 4 ? unanswered_ : turnedDown_);
+  ++(status == 0              ? unchanged_
+     : status == 1            ? fixed_
+     : status == kNotAnswered ? unanswered_
+                              : turnedDown_);
   earlier_ += isEarlier ? 1 : 0;
 }
 
