@@ -6,19 +6,15 @@ namespace postwright::service {
 namespace {
 
 // Leaves of an answer what is true of an address that nobody has confirmed.
-ReplyFields Unconfirmed(ReplyFields fields, const std::string& askedAddOn) {
+ReplyFields LeaveUnconfirmed(ReplyFields fields, const std::string& askedAddOn) {
   if (fields.zip4 != askedAddOn) {
     fields.zip4.clear();
   }
-  for (const auto field :
-       {&ReplyFields::deliveryPoint, &ReplyFields::returnText, &ReplyFields::carrierRoute,
-        &ReplyFields::dpvCmra, &ReplyFields::dpvFootnotes, &ReplyFields::business,
-        &ReplyFields::vacant}) {
-    (fields.*field).clear();
+  for (const ReplyField& field : kReplyFields) {
+    if (field.unconfirmed != Unconfirmed::Stays) {
+      fields.*field.member = field.unconfirmed == Unconfirmed::No ? "N" : "";
+    }
   }
-  fields.dpvConfirmation = 'N';
-  fields.dpvFalse = 'N';
-  fields.centralDeliveryPoint = 'N';
   return fields;
 }
 
@@ -33,7 +29,7 @@ void FallbackSource::Find(const RequestAddress& asked, const std::string& asker,
     second_.Find(asked, asker, [done, addOn = asked.AddOn()](AddressAnswer local) {
       auto* const fields = std::get_if<ReplyFields>(&local);
       done(fields == nullptr ? std::move(local)
-                             : AddressAnswer(Unconfirmed(std::move(*fields), addOn)));
+                             : AddressAnswer(LeaveUnconfirmed(std::move(*fields), addOn)));
     });
   });
 }

@@ -34,12 +34,6 @@ const RejectionRow& RowOf(postal::Rejection rejection) {
   return kRejections[0];
 }
 
-void IfKnown(std::string& xml, std::string_view name, std::string_view text) {
-  if (!text.empty()) {
-    AppendElement(xml, name, text);
-  }
-}
-
 void WriteRejection(std::string& xml, postal::Rejection rejection) {
   const RejectionRow& row = RowOf(rejection);
   xml += "<Error>";
@@ -49,41 +43,15 @@ void WriteRejection(std::string& xml, postal::Rejection rejection) {
   xml += "<HelpFile/><HelpContext/></Error>";
 }
 
-void WriteConfirmation(std::string& xml, const ReplyFields& fields) {
-  IfKnown(xml, "CarrierRoute", fields.carrierRoute);
-  IfKnown(xml, "Footnotes", fields.footnotes);
-  IfKnown(xml, "DPVConfirmation", fields.dpvConfirmation);
-  IfKnown(xml, "DPVCMRA", fields.dpvCmra);
-  IfKnown(xml, "DPVFalse", fields.dpvFalse);
-  IfKnown(xml, "DPVFootnotes", fields.dpvFootnotes);
-  IfKnown(xml, "Business", fields.business);
-  IfKnown(xml, "CentralDeliveryPoint", fields.centralDeliveryPoint);
-  IfKnown(xml, "Vacant", fields.vacant);
-}
-
-// The order is the interface's own: clients were written against recorded replies.
 void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
   const bool shortCity = !revision1 && !fields.cityAbbreviation.empty();
-  IfKnown(xml, "FirmName", fields.firmName);
-  IfKnown(xml, "Address1", fields.address1);
-  AppendElement(xml, "Address2", fields.address2);
-  if (revision1) {
-    IfKnown(xml, "Address2Abbreviation", fields.address2Abbreviation);
-  }
-  AppendElement(xml, "City", shortCity ? fields.cityAbbreviation : fields.city);
-  if (revision1) {
-    IfKnown(xml, "CityAbbreviation", fields.cityAbbreviation);
-  }
-  AppendElement(xml, "State", fields.state);
-  IfKnown(xml, "Urbanization", fields.urbanization);
-  AppendElement(xml, "Zip5", fields.zip5);
-  AppendElement(xml, "Zip4", fields.zip4);
-  if (revision1) {
-    IfKnown(xml, "DeliveryPoint", fields.deliveryPoint);
-  }
-  IfKnown(xml, "ReturnText", fields.returnText);
-  if (revision1) {
-    WriteConfirmation(xml, fields);
+  for (const ReplyField& field : kReplyFields) {
+    const bool isShortened = shortCity && field.member == &ReplyFields::city;
+    const std::string& text = isShortened ? fields.cityAbbreviation : fields.*field.member;
+    const bool isOfForm = revision1 || field.presence != ReplyPresence::LongForm;
+    if (field.presence == ReplyPresence::Always || (isOfForm && !text.empty())) {
+      AppendElement(xml, field.element, text);
+    }
   }
 }
 
@@ -99,16 +67,6 @@ std::string RootError(std::string_view number, std::string_view description) {
 }
 
 }  // namespace
-
-void ReplyFields::PutAbove(const std::string& lines) {
-  if (lines.empty()) {
-    return;
-  }
-  address2.insert(0, lines + '\n');
-  if (!address2Abbreviation.empty()) {
-    address2Abbreviation.insert(0, lines + '\n');
-  }
-}
 
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
   constexpr size_t kUsualLength = 400;  // of one address
@@ -167,6 +125,13 @@ std::string_view VerifyReply::NumberOf(postal::Rejection rejection) {
 
 std::string_view VerifyReply::DescriptionOf(postal::Rejection rejection) {
   return RowOf(rejection).description;
+}
+
+std::optional<postal::Rejection> VerifyReply::RejectionOf(std::string_view number) {
+  const auto* const row =
+      std::find_if(std::begin(kRejections), std::end(kRejections),
+                   [&](const RejectionRow& each) { return each.number == number; });
+  return row == std::end(kRejections) ? std::nullopt : std::optional(row->rejection);
 }
 
 }  // namespace postwright::service

@@ -8,46 +8,10 @@
 #include <vector>
 
 #include "postal/places/Rejection.h"
+#include "service/protocol/ReplyFields.h"
 #include "service/protocol/VerifyRequest.h"
 
 namespace postwright::service {
-
-// What is known of an address that could be placed. A text that is empty is left out of the reply,
-// but for Address2, City, State, Zip5 and Zip4, which a client always finds.
-struct ReplyFields {
-  // What a default match says; clients compare it.
-  static constexpr std::string_view kDefaultMatch =
-      "Default address: The address you entered was found but more information is needed (such as "
-      "an apartment, suite, or box number) to match to a specific address.";
-
-  std::string firmName;
-  std::string address1;
-  std::string address2;
-  std::string address2Abbreviation;  // where it differs
-  std::string city;
-  std::string cityAbbreviation;  // at most 13 letters, where the city has more and it is known
-  std::string state;
-  std::string urbanization;
-  std::string zip5;
-  std::string zip4;
-  std::string deliveryPoint;    // two digits
-  std::string returnText;       // kDefaultMatch, of both forms of the answer
-  std::string carrierRoute;     // "C012"
-  std::string footnotes;        // letters run together, "BN"
-  std::string dpvConfirmation;  // Y, D, S or N
-  std::string dpvCmra;          // Y or N, as the four others without a remark
-  std::string dpvFalse;
-  std::string dpvFootnotes;  // pairs run together, "AABB"
-  std::string business;
-  std::string centralDeliveryPoint;
-  std::string vacant;
-
-  bool operator==(const ReplyFields&) const = default;
-
-  // Puts lines that are no part of the address, set apart by line feeds, in front of the delivery
-  // line: there is no other place where clients look for them.
-  void PutAbove(const std::string& lines);
-};
 
 // Why nothing can be said of an address now, as the root `Error` tells the client.
 struct ServiceFault {
@@ -88,6 +52,9 @@ std::string ComposeUnknownApi(std::string_view api);
 // What stands for a rejection on the wire: "-2147219401", "Address Not Found.  ".
 std::string_view NumberOf(postal::Rejection rejection);
 std::string_view DescriptionOf(postal::Rejection rejection);
+
+// Returns the rejection that NumberOf calls so; nullopt for any other number.
+std::optional<postal::Rejection> RejectionOf(std::string_view number);
 
 }  // namespace VerifyReply
 }  // namespace postwright::service

@@ -10,41 +10,6 @@ constexpr size_t kLongestDocument = 64 * 1024;
 constexpr size_t kLongestValue = 400;  // ReturnText is the longest there is
 constexpr size_t kLongestNumber = 11;
 
-struct FieldRow {
-  const char* element;
-  std::string ReplyFields::*field;
-};
-
-constexpr FieldRow kFields[] = {
-    {"FirmName", &ReplyFields::firmName},
-    {"Address1", &ReplyFields::address1},
-    {"Address2", &ReplyFields::address2},
-    {"Address2Abbreviation", &ReplyFields::address2Abbreviation},
-    {"City", &ReplyFields::city},
-    {"CityAbbreviation", &ReplyFields::cityAbbreviation},
-    {"State", &ReplyFields::state},
-    {"Urbanization", &ReplyFields::urbanization},
-    {"Zip5", &ReplyFields::zip5},
-    {"Zip4", &ReplyFields::zip4},
-    {"DeliveryPoint", &ReplyFields::deliveryPoint},
-    {"ReturnText", &ReplyFields::returnText},
-    {"CarrierRoute", &ReplyFields::carrierRoute},
-    {"Footnotes", &ReplyFields::footnotes},
-    {"DPVConfirmation", &ReplyFields::dpvConfirmation},
-    {"DPVCMRA", &ReplyFields::dpvCmra},
-    {"DPVFalse", &ReplyFields::dpvFalse},
-    {"DPVFootnotes", &ReplyFields::dpvFootnotes},
-    {"Business", &ReplyFields::business},
-    {"CentralDeliveryPoint", &ReplyFields::centralDeliveryPoint},
-    {"Vacant", &ReplyFields::vacant},
-};
-
-constexpr postal::Rejection kRejections[] = {
-    postal::Rejection::InvalidAddress, postal::Rejection::InvalidZip,
-    postal::Rejection::InvalidState,   postal::Rejection::InvalidCity,
-    postal::Rejection::NotFound,       postal::Rejection::Multiple,
-};
-
 std::string ValueOf(pugi::xml_node element) {
   return XmlDocument::TextOf(element, kLongestValue);
 }
@@ -57,19 +22,10 @@ UpstreamAnswer RootFault(const std::string& number) {
   return UpstreamFault{kind, {}, "root error " + number.substr(0, kLongestNumber)};
 }
 
-postal::Rejection ReadRejection(const std::string& number) {
-  for (const postal::Rejection rejection : kRejections) {
-    if (VerifyReply::NumberOf(rejection) == number) {
-      return rejection;
-    }
-  }
-  return postal::Rejection::InvalidAddress;  // of a kind that only the partner knows
-}
-
 UpstreamAnswer ReadAddress(pugi::xml_node address) {
   ReplyFields fields;
-  for (const FieldRow& row : kFields) {
-    fields.*row.field = ValueOf(address.child(row.element));
+  for (const ReplyField& field : kReplyFields) {
+    fields.*field.member = ValueOf(address.child(field.element));
   }
   if (fields.address1 == "-") {
     fields.address1.clear();
@@ -112,7 +68,9 @@ UpstreamAnswer VerifyXml::Read(std::string_view document) {
   }
   const pugi::xml_node address = reply.Root().child("Address");
   if (const pugi::xml_node error = address.child("Error")) {
-    return ReadRejection(ValueOf(error.child("Number")));
+    // What only the partner knows says no more than that the address is not right.
+    return VerifyReply::RejectionOf(ValueOf(error.child("Number")))
+        .value_or(postal::Rejection::InvalidAddress);
   }
   return ReadAddress(address);
 }

@@ -24,15 +24,10 @@ using std::chrono::seconds;
 class AnswerCacheTest : public testing::Test {
  protected:
   AnswerCacheTest() {
-    found_.firmName = "A & <B>";
-    found_.address2 = "12 MAIN ST";
-    found_.city = "AUSTIN";
-    found_.cityAbbreviation = "AUS";
-    found_.state = "TX";
-    found_.zip5 = "78701";
+    for (const ReplyField& field : kReplyFields) {  // each another text, so that none is lost
+      found_.*field.member = std::string(field.element) + " & <B>";
+    }
     found_.returnText = ReplyFields::kDefaultMatch;
-    found_.dpvConfirmation = "D";
-    found_.vacant = "N";
   }
 
   void Remove() {
