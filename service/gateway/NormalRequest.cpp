@@ -11,16 +11,10 @@
 namespace postwright::service {
 namespace {
 
-constexpr std::string RequestAddress::*kFields[] = {
-    &RequestAddress::firmName, &RequestAddress::address1, &RequestAddress::address2,
-    &RequestAddress::city,     &RequestAddress::state,    &RequestAddress::urbanization,
-    &RequestAddress::zip5,     &RequestAddress::zip4,
-};
-
 // Folds every field. Returns false where one is too long or has letters that no address has.
 bool Fold(RequestAddress& address) {
-  return std::all_of(std::begin(kFields), std::end(kFields), [&](auto field) {
-    std::string& text = address.*field;
+  return std::all_of(std::begin(kRequestFields), std::end(kRequestFields), [&](const auto& field) {
+    std::string& text = address.*field.member;
     std::optional<std::string> folded = FoldToAscii(text);
     const bool fits = folded && text.size() <= VerifyRequest::kLongestField;
     text = std::move(folded).value_or("");
@@ -117,8 +111,8 @@ std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAdd
 std::string KeyOf(const RequestAddress& normal) {
   constexpr char kSeparator = '\x1F';  // in no folded text
   std::string key;
-  for (const auto field : kFields) {
-    key += normal.*field;
+  for (const RequestField& field : kRequestFields) {
+    key += normal.*field.member;
     key += kSeparator;
   }
   return key;

@@ -8,18 +8,6 @@
 namespace postwright::service {
 namespace {
 
-struct FieldRow {
-  std::string_view element;
-  std::string RequestAddress::*field;
-};
-
-constexpr FieldRow kFields[] = {
-    {"FirmName", &RequestAddress::firmName}, {"Address1", &RequestAddress::address1},
-    {"Address2", &RequestAddress::address2}, {"City", &RequestAddress::city},
-    {"State", &RequestAddress::state},       {"Urbanization", &RequestAddress::urbanization},
-    {"Zip5", &RequestAddress::zip5},         {"Zip4", &RequestAddress::zip4},
-};
-
 // Of an element that stands there twice the first one with a text counts.
 void ReadAddress(pugi::xml_node element, RequestAddress& address) {
   if (const pugi::xml_attribute id = element.attribute("ID")) {
@@ -27,10 +15,10 @@ void ReadAddress(pugi::xml_node element, RequestAddress& address) {
   }
   for (const pugi::xml_node child : element) {
     const std::string_view name = child.name();
-    const auto* const row = std::find_if(std::begin(kFields), std::end(kFields),
-                                         [&](const FieldRow& r) { return r.element == name; });
-    if (row != std::end(kFields) && (address.*row->field).empty()) {
-      address.*row->field = XmlDocument::TextOf(child, VerifyRequest::kLongestField + 1);
+    const auto* const field = std::find_if(std::begin(kRequestFields), std::end(kRequestFields),
+                                           [&](const auto& each) { return each.element == name; });
+    if (field != std::end(kRequestFields) && (address.*field->member).empty()) {
+      address.*field->member = XmlDocument::TextOf(child, VerifyRequest::kLongestField + 1);
     }
   }
 }

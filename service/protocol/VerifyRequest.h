@@ -28,6 +28,19 @@ struct RequestAddress {
   std::string AddOn() const;
 };
 
+struct RequestField {
+  std::string_view element;
+  std::string RequestAddress::*member;
+};
+
+// In the order that the interface insists on.
+inline constexpr RequestField kRequestFields[] = {
+    {"FirmName", &RequestAddress::firmName}, {"Address1", &RequestAddress::address1},
+    {"Address2", &RequestAddress::address2}, {"City", &RequestAddress::city},
+    {"State", &RequestAddress::state},       {"Urbanization", &RequestAddress::urbanization},
+    {"Zip5", &RequestAddress::zip5},         {"Zip4", &RequestAddress::zip4},
+};
+
 // Why a document as a whole cannot be answered.
 enum class RequestFault {
   Syntax,            // not XML, or XML of another kind

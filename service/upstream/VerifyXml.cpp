@@ -46,14 +46,8 @@ std::string VerifyXml::Compose(const RequestAddress& normal, std::string_view us
     xml += " PASSWORD=\"" + EscapeXml(password) + '"';
   }
   xml += "><Revision>1</Revision><Address ID=\"0\">";
-  const std::pair<std::string_view, const std::string&> elements[] = {
-      {"FirmName", normal.firmName}, {"Address1", normal.address1},
-      {"Address2", normal.address2}, {"City", normal.city},
-      {"State", normal.state},       {"Urbanization", normal.urbanization},
-      {"Zip5", normal.zip5},         {"Zip4", normal.zip4},
-  };
-  for (const auto& [name, text] : elements) {
-    AppendElement(xml, name, text);
+  for (const RequestField& field : kRequestFields) {
+    AppendElement(xml, field.element, normal.*field.member);
   }
   return xml + "</Address></AddressValidateRequest>";
 }
