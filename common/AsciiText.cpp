@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "common/SmallText.h"
+
 namespace postwright {
 namespace {
 
@@ -235,6 +237,14 @@ std::string TidyLine(std::string_view folded) {
     before = c;
   }
   return before == ' ' ? JoinWords(SplitLine(folded)) : std::string(folded);
+}
+
+std::string SingleBlanks(std::string_view folded) {
+  std::string text(Trim(folded, " "));
+  const auto end =
+      std::unique(text.begin(), text.end(), [](char a, char b) { return a == ' ' && b == ' '; });
+  text.erase(end, text.end());
+  return text;
 }
 
 bool AllDigits(std::string_view text) {

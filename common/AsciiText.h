@@ -39,6 +39,10 @@ size_t JoinedLength(Words::const_iterator begin, Words::const_iterator end);
 // Returns JoinWords(SplitLine(folded)): most texts are that already.
 std::string TidyLine(std::string_view folded);
 
+// Returns `folded` with one blank in the place of several, and none at either end: a firm's name
+// keeps its punctuation.
+std::string SingleBlanks(std::string_view folded);
+
 // ASCII alone, whatever the locale: a ZIP code has no other digits.
 constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';

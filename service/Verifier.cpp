@@ -18,7 +18,7 @@ struct FoldedAddress {
   postal::LastLine lastLine;
 };
 
-// Returns nullopt where a field is too long or has letters that no address is written in.
+// Returns nullopt where a field cannot be folded.
 std::optional<FoldedAddress> Fold(const RequestAddress& asked) {
   FoldedAddress folded;
   const std::pair<const std::string&, std::string&> fields[] = {
@@ -28,27 +28,13 @@ std::optional<FoldedAddress> Fold(const RequestAddress& asked) {
       {asked.zip5, folded.lastLine.zip},
   };
   for (const auto& [from, to] : fields) {
-    std::optional<std::string> text = FoldToAscii(from);
-    if (!text || from.size() > VerifyRequest::kLongestField) {
+    std::optional<std::string> text = FoldField(from);
+    if (!text) {
       return std::nullopt;
     }
     to = std::move(*text);
   }
   return folded;
-}
-
-// A firm's name keeps its punctuation, but for blanks that mean nothing.
-std::string StandardFirm(std::string_view folded) {
-  std::string firm;
-  for (const char c : folded) {
-    if (c != ' ' || (!firm.empty() && firm.back() != ' ')) {
-      firm += c;
-    }
-  }
-  if (firm.ends_with(' ')) {
-    firm.pop_back();
-  }
-  return firm;
 }
 
 // A ZIP corrected, B city or state corrected, H unit missing, L a part of the address changed, M
@@ -175,7 +161,7 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
   auto& match = std::get<postal::MatchedAddress>(matched);
   AddressAnswer answer(std::in_place_type<ReplyFields>);
   auto& fields = std::get<ReplyFields>(answer);
-  fields.firmName = StandardFirm(folded->firmName);
+  fields.firmName = SingleBlanks(folded->firmName);
   fields.footnotes = Footnotes(match, standardised);
   if (KeepsAddOn(question.lines, match)) {
     match.zip4 = asked.AddOn();

@@ -11,30 +11,14 @@
 namespace postwright::service {
 namespace {
 
-// Folds every field. Returns false where one is too long or has letters that no address has.
+// Folds every field. Returns false where one cannot be.
 bool Fold(RequestAddress& address) {
   return std::all_of(std::begin(kRequestFields), std::end(kRequestFields), [&](const auto& field) {
-    std::string& text = address.*field.member;
-    std::optional<std::string> folded = FoldToAscii(text);
-    const bool fits = folded && text.size() <= VerifyRequest::kLongestField;
-    text = std::move(folded).value_or("");
-    return fits;
+    std::optional<std::string> folded = FoldField(address.*field.member);
+    const bool isFolded = folded.has_value();
+    address.*field.member = std::move(folded).value_or("");
+    return isFolded;
   });
-}
-
-std::string Plain(const std::string& folded) {
-  return TidyLine(folded);
-}
-
-// A firm's name keeps its punctuation.
-std::string SingleBlanks(const std::string& folded) {
-  std::string text = folded;
-  const auto end =
-      std::unique(text.begin(), text.end(), [](char a, char b) { return a == ' ' && b == ' '; });
-  text.erase(end, text.end());
-  text.erase(0, text.find_first_not_of(' '));
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text;
 }
 
 // Takes Zip5 and Zip4 apart again where one field holds both, and drops what is not whole.
@@ -91,11 +75,11 @@ std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAdd
   address.address2 = FoldToAscii(cut->address2).value_or("");
   address.city = FoldToAscii(cut->city).value_or("");
   address.firmName = SingleBlanks(address.firmName);
-  address.address1 = Plain(address.address1);
-  address.address2 = Plain(address.address2);
+  address.address1 = TidyLine(address.address1);
+  address.address2 = TidyLine(address.address2);
   address.city = postal::StandardCity(address.city);
-  address.state = Plain(address.state);
-  address.urbanization = Plain(address.urbanization);
+  address.state = TidyLine(address.state);
+  address.urbanization = TidyLine(address.urbanization);
   if (address.address2.empty()) {
     std::swap(address.address1, address.address2);
   }

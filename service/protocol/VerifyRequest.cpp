@@ -61,6 +61,10 @@ std::string RequestAddress::AddOn() const {
   return whole && addOn.size() == kAddOn ? addOn : std::string();
 }
 
+std::optional<std::string> FoldField(std::string_view sent) {
+  return sent.size() <= VerifyRequest::kLongestField ? FoldToAscii(sent) : std::nullopt;
+}
+
 std::variant<VerifyRequest, RequestFault> VerifyRequest::Read(std::string_view document) {
   if (document.size() > kLongestDocument) {
     return RequestFault::Syntax;

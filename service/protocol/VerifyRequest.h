@@ -28,6 +28,10 @@ struct RequestAddress {
   std::string AddOn() const;
 };
 
+// Returns a field in the letters that addresses are written in (FoldToAscii); nullopt where it is
+// longer than VerifyRequest::kLongestField or has letters that no address is written in.
+std::optional<std::string> FoldField(std::string_view sent);
+
 struct RequestField {
   std::string_view element;
   std::string RequestAddress::*member;
