@@ -71,6 +71,14 @@ void TakeMatch(postal::MatchedAddress& match, ReplyFields& fields) {
   fields.centralDeliveryPoint = "N";
 }
 
+// Says whether a field has grown past what can be asked for, as & becomes AND: a client that asked
+// for the answer again would be turned down.
+bool HasGrown(const ReplyFields& fields) {
+  return std::any_of(kReplyFields.begin(), kReplyFields.end(), [&](const ReplyField& field) {
+    return (fields.*field.member).size() > VerifyRequest::kLongestField;
+  });
+}
+
 // Says whether the street is another than was asked for, not only written otherwise.
 bool IsStreetChanged(const postal::StandardLines& asked, const postal::MatchedAddress& match) {
   if (!match.elementChanged) {
@@ -167,6 +175,9 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
     match.zip4 = asked.AddOn();
   }
   TakeMatch(match, fields);
+  if (HasGrown(fields)) {
+    return postal::Rejection::InvalidAddress;
+  }
   return answer;
 }
 

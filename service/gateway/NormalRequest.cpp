@@ -21,6 +21,13 @@ bool Fold(RequestAddress& address) {
   });
 }
 
+// Says whether a field has grown past what can be asked for, as & becomes AND.
+bool HasGrown(const RequestAddress& address) {
+  return std::any_of(std::begin(kRequestFields), std::end(kRequestFields), [&](const auto& field) {
+    return (address.*field.member).size() > VerifyRequest::kLongestField;
+  });
+}
+
 // Takes Zip5 and Zip4 apart again where one field holds both, and drops what is not whole.
 void SplitZip(RequestAddress& address) {
   constexpr size_t kZip = 5;
@@ -83,7 +90,7 @@ std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAdd
   if (address.address2.empty()) {
     std::swap(address.address1, address.address2);
   }
-  if (address.address2.empty()) {
+  if (address.address2.empty() || HasGrown(address)) {
     return postal::Rejection::InvalidAddress;
   }
   if (const auto rejection = CompleteLastLine(address, base)) {

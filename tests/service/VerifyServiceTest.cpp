@@ -71,6 +71,15 @@ const std::string kMainReply = kMain + "<Zip5>78701</Zip5><Zip4/>";
 const std::string kAsked = kMain + "<Zip5>78701</Zip5>";
 const std::string kInvalid = Rejected("-2147219396", "Invalid Address.  ");
 
+// A&A&A&… of `bytes` bytes, in an address A AND A AND A AND….
+std::string Ampersands(int bytes) {
+  std::string text;
+  for (int i = 0; i < bytes; ++i) {
+    text += i % 2 == 0 ? "A" : "&amp;";
+  }
+  return text;
+}
+
 struct DocumentCase {
   std::string name;
   std::string document;
@@ -124,6 +133,11 @@ const DocumentCase kDocuments[] = {
     {"a field of 201 bytes",
      Request("<Address><Address2>12 " + std::string(198, 'A') + "</Address2></Address>"),
      Response("<Address>" + kInvalid + "</Address>")},
+    {"a city and a line of 200 bytes that would be answered with more",
+     Request("<Address><Address2>12 MAIN ST</Address2><City>" + Ampersands(200) +
+             "</City><Zip5>78701</Zip5></Address><Address><Address2>12 " + Ampersands(194) +
+             " ST</Address2><Zip5>78701</Zip5></Address>"),
+     Response("<Address>" + kInvalid + "</Address><Address>" + kInvalid + "</Address>")},
     {"unit and street swapped",
      Request("<Address ID=\"0\"><Address1>12 Main St</Address1><Address2>Suite 700</Address2>"
              "<City/><State/><Zip5>78701</Zip5><Zip4/></Address>"),

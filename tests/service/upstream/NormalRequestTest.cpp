@@ -65,6 +65,8 @@ TEST(NormalRequestTest, BringsWritingsOfOneAddressTogether) {
       {"no line", Address("", " ", "Austin", "TX", "78701"), "-2147219396"},
       {"no Latin letters", Address("", "12 \xD0\x9C ST", "Austin", "TX", "78701"), "-2147219396"},
       {"too long", Address("", std::string(201, 'a'), "Austin", "TX", ""), "-2147219396"},
+      {"too long once & is AND", Address("", "12 " + std::string(190, '&'), "Austin", "TX", ""),
+       "-2147219396"},
       {"no such state", Address("", "12 A ST", "Toronto", "Ontario", "78701"), "-2147219402"},
       {"no state and no ZIP", Address("", "12 A ST", "Austin", "", ""), "-2147219402"},
       {"no state and an unknown ZIP", Address("", "12 A ST", "Austin", "", "00000"), "-2147219399"},
