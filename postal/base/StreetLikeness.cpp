@@ -41,20 +41,6 @@ Words SpellOut(Words words) {
   return words;
 }
 
-// A known street in its elements, each joined from the short forms of its words.
-struct ShortElements {
-  explicit ShortElements(const StreetName& street)
-      : predirectional(street.predirectional),
-        name(Join(ShortStreetWords(SplitLine(street.name)))),
-        suffix(street.suffix),
-        postdirectional(street.postdirectional) {}
-
-  const std::string& predirectional;
-  std::string name;
-  const std::string& suffix;
-  const std::string& postdirectional;
-};
-
 // A numbered road: people call one of a state a highway, a route or a road, with the state or
 // without, and leave away whose it is.
 struct NumberedRoad {
@@ -93,6 +79,20 @@ struct NumberedRoad {
 
 }  // namespace
 
+// A known street in its elements, each joined from the short forms of its words.
+struct StreetLikeness::Elements {
+  explicit Elements(const StreetName& street)
+      : predirectional(street.predirectional),
+        name(Join(ShortStreetWords(SplitLine(street.name)))),
+        suffix(street.suffix),
+        postdirectional(street.postdirectional) {}
+
+  const std::string& predirectional;
+  std::string name;
+  const std::string& suffix;
+  const std::string& postdirectional;
+};
+
 StreetLikeness::StreetLikeness(const StreetName& asked)
     : asked_(asked),
       urbanization_(asked.urbanization),
@@ -101,52 +101,56 @@ StreetLikeness::StreetLikeness(const StreetName& asked)
       spelt_(SpellOut(WordsOf(asked))) {}
 
 Likeness StreetLikeness::To(const StreetName& known) const {
-  if (urbanization_ != known.urbanization && !urbanization_.empty()) {
+  const bool isOfUrbanization = urbanization_ == known.urbanization;
+  if (!isOfUrbanization && !urbanization_.empty()) {
     return Likeness::Different;
   }
-  if (LacksElementsOf(known, 0) || NumberedRoad(asked_).MayBe(NumberedRoad(known))) {
+  const Elements elements(known);
+  std::optional<int> missing = MissingOf(elements);
+  if (missing && !isOfUrbanization) {
+    ++*missing;
+  }
+  if (missing == 0 || NumberedRoad(asked_).MayBe(NumberedRoad(known))) {
     return Likeness::Same;
   }
-  if (LacksElementsOf(known, 1)) {
+  if (missing == 1) {
     return Likeness::ElementMissing;
   }
-  if (urbanization_ == known.urbanization && HasAnotherElement(known)) {
+  if (isOfUrbanization && HasAnotherThan(elements)) {
     return Likeness::ElementWrong;
   }
-  if (urbanization_ == known.urbanization && IsMisspelt(known)) {
+  if (isOfUrbanization && IsMisspelt(known)) {
     return Likeness::OneLetter;
   }
-  return LacksElementsOf(known, 4) ? Likeness::ElementsMissing : Likeness::Different;
+  return missing ? Likeness::ElementsMissing : Likeness::Different;
 }
 
-// Says whether the street is the known one without up to `most` of its elements.
-bool StreetLikeness::LacksElementsOf(const StreetName& known, int most) const {
-  const ShortElements there(known);
-  const size_t begin = joined_.find(there.name);
-  if (begin == std::string::npos) {
-    return false;  // nearly always
+// Returns how many elements of the known street are missing, at least; nullopt where that does not
+// make it the one that was asked for.
+std::optional<int> StreetLikeness::MissingOf(const Elements& known) const {
+  if (joined_.find(known.name) == std::string::npos) {
+    return std::nullopt;  // nearly always
   }
-  const std::string* const elements[] = {&there.predirectional, &there.suffix,
-                                         &there.postdirectional};
-  const int urbanization = urbanization_ == known.urbanization ? 0 : 1;
+  const std::string* const elements[] = {&known.predirectional, &known.suffix,
+                                         &known.postdirectional};
+  std::optional<int> fewest;
   for (unsigned left = 0; left < 8; ++left) {  // a bit for each element that is left out
-    int missing = urbanization;
+    int missing = 0;
     std::string parts[3];
     for (unsigned i = 0; i < 3; ++i) {
       const bool isLeft = (left >> i & 1U) != 0;
       parts[i] = isLeft ? "" : *elements[i];
       missing += isLeft && !elements[i]->empty() ? 1 : 0;
     }
-    if (missing <= most && joined_ == parts[0] + there.name + parts[1] + parts[2]) {
-      return true;
+    if (joined_ == parts[0] + known.name + parts[1] + parts[2]) {
+      fewest = std::min(missing, fewest.value_or(missing));
     }
   }
-  return false;
+  return fewest;
 }
 
 // Says whether the street is the known one with one element another, or one too many.
-bool StreetLikeness::HasAnotherElement(const StreetName& known) const {
-  const ShortElements there(known);
+bool StreetLikeness::HasAnotherThan(const Elements& known) const {
   const std::string_view joined = joined_;
   const auto between = [&](const std::string& front, const std::string& back) {
     return joined.size() > front.size() + back.size() && joined.starts_with(front) &&
@@ -155,10 +159,10 @@ bool StreetLikeness::HasAnotherElement(const StreetName& known) const {
                      joined.substr(front.size(), joined.size() - front.size() - back.size()))
                : std::string();
   };
-  const std::string street = there.name + there.suffix;
-  const std::string first = between("", street + there.postdirectional);
-  const std::string last = between(there.predirectional + street, "");
-  const std::string suffix = between(there.predirectional + there.name, there.postdirectional);
+  const std::string street = known.name + known.suffix;
+  const std::string first = between("", street + known.postdirectional);
+  const std::string last = between(known.predirectional + street, "");
+  const std::string suffix = between(known.predirectional + known.name, known.postdirectional);
   return (IsDirection(first) && words_.front() == first) ||
          (IsDirection(last) && words_.back() == last) ||
          (!Lexicon::Get().Suffix(suffix).empty() &&

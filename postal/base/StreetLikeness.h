@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
 #define POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
 
+#include <optional>
 #include <string>
 
 #include "common/AsciiText.h"
@@ -32,8 +33,10 @@ class StreetLikeness {
   Likeness To(const StreetName& known) const;
 
  private:
-  bool LacksElementsOf(const StreetName& known, int most) const;
-  bool HasAnotherElement(const StreetName& known) const;
+  struct Elements;
+
+  std::optional<int> MissingOf(const Elements& known) const;
+  bool HasAnotherThan(const Elements& known) const;
   bool IsMisspelt(const StreetName& known) const;
 
   StreetName asked_;
