@@ -5,30 +5,10 @@
 namespace postwright::postal {
 namespace {
 
-// Gives a statement back its lock and its parameters when the rows are read.
-class Query {
- public:
-  Query(SqliteStatement& statement, std::initializer_list<std::string_view> texts)
-      : statement_(statement) {
-    int parameter = 0;
-    for (const std::string_view text : texts) {
-      statement_.Bind(++parameter, text);
-    }
-  }
-  ~Query() { statement_.Reset(); }
-  Query(const Query&) = delete;
-  Query& operator=(const Query&) = delete;
-
-  bool Step() { return statement_.Step(); }
-
- private:
-  SqliteStatement& statement_;
-};
-
-std::vector<KnownStreet> ReadStreets(SqliteStatement& rows,
-                                     std::initializer_list<std::string_view> texts) {
+template <typename... Texts>
+std::vector<KnownStreet> ReadStreets(SqliteStatement& rows, const Texts&... texts) {
   std::vector<KnownStreet> streets;
-  for (Query query(rows, texts); query.Step();) {
+  for (SqliteQuery query(rows, texts...); query.Step();) {
     streets.push_back(
         {rows.Number(0), {rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5)}});
   }
@@ -82,24 +62,22 @@ std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const Stre
     return facts_->streets->Find(zip, street);
   }
   const std::string key = StreetKey(street.name);
-  Query query(street_, {zip, key, street.name, street.predirectional, street.suffix,
-                        street.postdirectional, street.urbanization});
+  SqliteQuery query(street_, zip, key, street.name, street.predirectional, street.suffix,
+                    street.postdirectional, street.urbanization);
   return query.Step() ? std::optional(street_.Number(0)) : std::nullopt;
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
-  return ReadStreets(streets_, {zip, key});
+  return ReadStreets(streets_, zip, key);
 }
 
 std::vector<KnownStreet> BaseReader::StreetsOf(const std::string& zip) {
-  return ReadStreets(allStreets_, {zip});
+  return ReadStreets(allStreets_, zip);
 }
 
 NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
   NumberFacts facts;
-  points_.Bind(1, street);
-  points_.Bind(2, number);
-  for (Query query(points_, {}); query.Step();) {
+  for (SqliteQuery query(points_, street, number); query.Step();) {
     facts.isPoint = true;
     std::string unit = points_.Text(0);
     if (unit.empty()) {
@@ -113,8 +91,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
     return facts;
   }
   const auto read = HouseNumber::Read(number);
-  ranges_.Bind(1, street);
-  for (Query query(ranges_, {}); query.Step();) {
+  for (SqliteQuery query(ranges_, street); query.Step();) {
     facts.hasRanges = true;
     const auto range = NumberRange::Read(ranges_.Text(0), ranges_.Text(1), ranges_.Text(2));
     if (read && range && range->Holds(*read)) {
@@ -127,21 +104,18 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
 
 std::string BaseReader::UnitZip4(int64_t street, const std::string& number,
                                  const std::string& unit) {
-  unitZip4_.Bind(1, street);
-  unitZip4_.Bind(2, number);
-  unitZip4_.Bind(3, unit);
-  Query query(unitZip4_, {});
+  SqliteQuery query(unitZip4_, street, number, unit);
   return query.Step() ? unitZip4_.Text(0) : std::string();
 }
 
 std::string BaseReader::CityName(const std::string& zip, const std::string& key) {
-  Query query(cityName_, {zip, key});
+  SqliteQuery query(cityName_, zip, key);
   return query.Step() ? cityName_.Text(0) : std::string();
 }
 
 std::vector<std::string> BaseReader::CityNames(const std::string& zip) {
   std::vector<std::string> names;
-  for (Query query(cityNames_, {zip}); query.Step();) {
+  for (SqliteQuery query(cityNames_, zip); query.Step();) {
     names.push_back(cityNames_.Text(0));
   }
   return names;
@@ -149,7 +123,7 @@ std::vector<std::string> BaseReader::CityNames(const std::string& zip) {
 
 std::vector<std::string> BaseReader::ZipsOfCity(const std::string& key) {
   std::vector<std::string> zips;
-  for (Query query(zipsOfCity_, {key}); query.Step();) {
+  for (SqliteQuery query(zipsOfCity_, key); query.Step();) {
     zips.push_back(zipsOfCity_.Text(0));
   }
   return zips;

@@ -107,10 +107,7 @@ void BaseBuilder::Begin(const std::string& job) {
     CopyStreets();
   }
   SqliteStatement place(stage_, "INSERT INTO place VALUES(?,?,0,0,1,0,0,0)");
-  place.Bind(1, job);
-  place.Bind(2, sourceId_);
-  place.Step();
-  place.Reset();
+  SqliteQuery(place, job, sourceId_).Step();
   stage_.Run("COMMIT; BEGIN");
 }
 
@@ -153,12 +150,7 @@ std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
     return fault;
   }
   if (const std::string number = reader_.ReadNumber(row[Field::Number]); !number.empty()) {
-    addPoint_->Bind(1, *street);
-    addPoint_->Bind(2, number);
-    addPoint_->Bind(3, reader_.ReadUnit(row[Field::Unit]));
-    addPoint_->Bind(4, knownZip4);
-    addPoint_->Step();
-    addPoint_->Reset();
+    SqliteQuery(*addPoint_, *street, number, reader_.ReadUnit(row[Field::Unit]), knownZip4).Step();
     ++counts_.points;
     return std::nullopt;
   }
@@ -170,13 +162,7 @@ std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
     return RowFault::NoNumber;
   }
   const char parity = static_cast<char>(range->parity);
-  addRange_->Bind(1, *street);
-  addRange_->Bind(2, low);
-  addRange_->Bind(3, high);
-  addRange_->Bind(4, std::string_view(&parity, 1));
-  addRange_->Bind(5, knownZip4);
-  addRange_->Step();
-  addRange_->Reset();
+  SqliteQuery(*addRange_, *street, low, high, std::string_view(&parity, 1), knownZip4).Step();
   ++counts_.ranges;
   return std::nullopt;
 }
@@ -212,24 +198,17 @@ int64_t BaseBuilder::StreetId(const RowStreet& read) {
   NoteCity(read);
   const StreetName& street = read.street;
   const std::string key = StreetKey(street.name);
-  const auto step = [&](SqliteStatement& statement) {
-    int parameter = 0;
-    for (const std::string* text :
-         {&read.zip, &key, &street.name, &street.predirectional, &street.suffix,
-          &street.postdirectional, &street.urbanization}) {
-      statement.Bind(++parameter, *text);
-    }
-    statement.Step();
+  const auto ask = [&](SqliteStatement& statement) {
+    return SqliteQuery(statement, read.zip, key, street.name, street.predirectional, street.suffix,
+                       street.postdirectional, street.urbanization);
   };
-  step(*addStreet_);
-  addStreet_->Reset();
+  ask(*addStreet_).Step();
   if (stage_.Changes() > 0) {
     return stage_.LastRow();
   }
-  step(*findStreet_);
-  const int64_t id = findStreet_->Number(0);
-  findStreet_->Reset();
-  return id;
+  SqliteQuery query = ask(*findStreet_);
+  query.Step();
+  return findStreet_->Number(0);
 }
 
 void BaseBuilder::NoteCity(const RowStreet& read) {
@@ -239,18 +218,9 @@ void BaseBuilder::NoteCity(const RowStreet& read) {
   if (!notedCities_.insert(read.zip + read.city).second) {
     return;
   }
-  addZip_->Bind(1, read.zip);
-  addZip_->Bind(2, sourceId_);
-  addZip_->Step();
-  addZip_->Reset();
+  SqliteQuery(*addZip_, read.zip, sourceId_).Step();
   if (!read.city.empty()) {
-    const std::string key = CityKey(read.city);
-    addCity_->Bind(1, read.zip);
-    addCity_->Bind(2, key);
-    addCity_->Bind(3, read.city);
-    addCity_->Bind(4, sourceId_);
-    addCity_->Step();
-    addCity_->Reset();
+    SqliteQuery(*addCity_, read.zip, CityKey(read.city), read.city, sourceId_).Step();
   }
 }
 
@@ -258,14 +228,9 @@ void BaseBuilder::Save(const ImportPlace& place) {
   place_ = place;
   SqliteStatement save(stage_,
                        "UPDATE place SET file=?,position=?,line=?,points=?,ranges=?,left_out=?");
-  const int64_t numbers[] = {place.file,     place.row.position, place.row.line,
-                             counts_.points, counts_.ranges,     counts_.leftOut};
-  int parameter = 0;
-  for (const int64_t number : numbers) {
-    save.Bind(++parameter, number);
-  }
-  save.Step();
-  save.Reset();
+  SqliteQuery(save, place.file, place.row.position, place.row.line, counts_.points, counts_.ranges,
+              counts_.leftOut)
+      .Step();
   stage_.Run("COMMIT; BEGIN");
 }
 
@@ -325,18 +290,9 @@ void BaseBuilder::Compose(SqliteFile& whole) const {
     whole.Run("INSERT INTO main.source SELECT * FROM old.source WHERE id<>" + id);
   }
   SqliteStatement source(whole, "INSERT INTO main.source VALUES(?,?,?,?,?,?,?,?,?)");
-  source.Bind(1, sourceId_);
-  const std::string today = Today();
-  int parameter = 1;
-  for (const std::string* text :
-       {&source_.name, &source_.format, &source_.licence, &source_.attribution, &today}) {
-    source.Bind(++parameter, *text);
-  }
-  source.Bind(7, source_.whole ? 1 : 0);
-  source.Bind(8, counts_.points + counts_.ranges);
-  source.Bind(9, counts_.leftOut);
-  source.Step();
-  source.Reset();
+  SqliteQuery(source, sourceId_, source_.name, source_.format, source_.licence, source_.attribution,
+              Today(), int64_t{source_.whole}, counts_.points + counts_.ranges, counts_.leftOut)
+      .Step();
   whole.Run("PRAGMA main.application_id=" + std::to_string(BaseSchema::kApplicationId) +
             "; PRAGMA main.user_version=" + std::to_string(BaseSchema::kVersion) +
             "; COMMIT; DETACH stage");

@@ -36,8 +36,7 @@ class StoreError : public std::runtime_error {
 //   SqliteFile file("answers.sqlite", std::chrono::milliseconds(200));
 //   file.Run("CREATE TABLE IF NOT EXISTS t(a TEXT)");
 //   SqliteStatement insert(file, "INSERT INTO t VALUES(?)");
-//   insert.Bind(1, "text");
-//   insert.Step();
+//   SqliteQuery(insert, "text").Step();
 //
 // Every operation throws StoreError where it fails: a full disk, a lock held by another for longer
 // than `patience`, a file that is no database.
@@ -112,6 +111,30 @@ class SqliteStatement {
 
   SqliteFile& file_;
   std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+};
+
+// One run of a statement: binds its parameters in their order, and resets it at the end, however
+// that comes.
+//
+//   for (SqliteQuery query(find, key); query.Step();) { … find.Text(0) … }
+//
+// Texts must live as long as the query.
+class SqliteQuery {
+ public:
+  template <typename... Values>
+  explicit SqliteQuery(SqliteStatement& statement, const Values&... values)
+      : statement_(statement) {
+    int parameter = 0;
+    (statement.Bind(++parameter, values), ...);
+  }
+  ~SqliteQuery() { statement_.Reset(); }
+  SqliteQuery(const SqliteQuery&) = delete;
+  SqliteQuery& operator=(const SqliteQuery&) = delete;
+
+  bool Step() { return statement_.Step(); }
+
+ private:
+  SqliteStatement& statement_;
 };
 
 }  // namespace postwright::postal

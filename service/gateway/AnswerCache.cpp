@@ -28,18 +28,6 @@ int64_t Seconds(Clock::Date date) {
   return std::chrono::duration_cast<std::chrono::seconds>(date.time_since_epoch()).count();
 }
 
-// Resets a statement when its work is done, however that ends.
-class Running {
- public:
-  explicit Running(postal::SqliteStatement& statement) : statement_(statement) {}
-  ~Running() { statement_.Reset(); }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-
- private:
-  postal::SqliteStatement& statement_;
-};
-
 [[noreturn]] void TurnDown(const std::string& name, const std::string& why) {
   throw postal::StoreError(name + ": " + why, SQLITE_MISMATCH);
 }
@@ -109,9 +97,8 @@ class AnswerCache::Reader {
 
   // Returns when the answer was kept and its document.
   std::optional<std::pair<int64_t, std::string>> Find(const std::string& key) {
-    const Running running(find_);
-    find_.Bind(1, key);
-    if (!find_.Step()) {
+    postal::SqliteQuery query(find_, key);
+    if (!query.Step()) {
       return std::nullopt;
     }
     return std::pair(find_.Number(0), find_.Text(1));
@@ -136,34 +123,31 @@ class AnswerCache::Writer {
         calls_(file_, "SELECT at FROM calls WHERE source = ? AND at > ? ORDER BY at") {}
 
   void Keep(const std::string& key, int64_t now, const std::string& answer) {
-    Start(keep_, key, now, answer);
+    postal::SqliteQuery(keep_, key, now, answer).Step();
   }
 
   // Lets go of what was kept before `oldest`, and of the oldest beyond `most`. Returns what is
   // left.
   int64_t Trim(int64_t oldest, int64_t most) {
-    Start(trim_, oldest);
+    postal::SqliteQuery(trim_, oldest).Step();
     const int64_t size = file_.Number("SELECT count(*) FROM answers");
     if (size <= most) {
       return size;
     }
-    Start(shrink_, size - most);
+    postal::SqliteQuery(shrink_, size - most).Step();
     return most;
   }
 
   bool IsTrimDue() { return kept_++ % kTrimEvery == 0; }
 
   void NoteCall(const std::string& source, int64_t now) {
-    Start(note_, source, now);
-    Start(forget_, source, now - kCallsKept.count());
+    postal::SqliteQuery(note_, source, now).Step();
+    postal::SqliteQuery(forget_, source, now - kCallsKept.count()).Step();
   }
 
   std::vector<Clock::Date> CallsSince(const std::string& source, int64_t since) {
-    const Running running(calls_);
-    calls_.Bind(1, source);
-    calls_.Bind(2, since);
     std::vector<Clock::Date> dates;
-    while (calls_.Step()) {
+    for (postal::SqliteQuery query(calls_, source, since); query.Step();) {
       dates.emplace_back(std::chrono::seconds(calls_.Number(0)));
     }
     return dates;
@@ -174,14 +158,6 @@ class AnswerCache::Writer {
     postal::SqliteFile file(name, kPatience);
     Prepare(file, name.string());
     return file;
-  }
-
-  template <typename... Values>
-  static void Start(postal::SqliteStatement& statement, const Values&... values) {
-    const Running running(statement);
-    int parameter = 0;
-    (statement.Bind(++parameter, values), ...);
-    statement.Step();
   }
 
   postal::SqliteFile file_;
