@@ -1,10 +1,14 @@
 #include "common/Encoding.h"
 
-#include <algorithm>
 #include <array>
+#include <boost/locale/utf.hpp>
+#include <iterator>
 
 namespace postwright {
 namespace {
+
+namespace utf = boost::locale::utf;
+using Utf8 = utf::utf_traits<char>;
 
 // Windows-1252, 0x80 to 0x9F.
 constexpr std::array<char32_t, 32> kHighControls = {
@@ -13,45 +17,7 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
 
 void AppendUtf8(char32_t c, std::string& text) {
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-  } else if (c < 0x800) {
-    text += static_cast<char>(0xC0 | (c >> 6));
-    text += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    if (c < 0x10000) {
-      text += static_cast<char>(0xE0 | (c >> 12));
-    } else {
-      text += static_cast<char>(0xF0 | (c >> 18));
-      text += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    }
-    text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    text += static_cast<char>(0x80 | (c & 0x3F));
-  }
-}
-
-// Length of the well-formed sequence at the front of `bytes`, 0 where there is none.
-size_t SequenceLength(std::string_view bytes) {
-  const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
-  const unsigned char lead = byte(0);
-  const size_t length = lead < 0x80   ? 1
-                        : lead < 0xC2 ? 0
-                        : lead < 0xE0 ? 2
-                        : lead < 0xF0 ? 3
-                        : lead < 0xF5 ? 4
-                                      : 0;
-  if (length == 0 || length > bytes.size()) {
-    return 0;
-  }
-  for (size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) {
-      return 0;
-    }
-  }
-  const bool overlong = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xF0 && byte(1) < 0x90);
-  const bool surrogate = lead == 0xED && byte(1) > 0x9F;
-  const bool beyond = lead == 0xF4 && byte(1) > 0x8F;
-  return overlong || surrogate || beyond ? 0 : length;
+  Utf8::encode(c, std::back_inserter(text));
 }
 
 std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
@@ -90,19 +56,15 @@ bool IsUtf8(std::string_view bytes) {
   if (IsAscii(bytes)) {
     return true;
   }
-  const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-  for (;;) {
-    const auto other = std::find_if_not(bytes.begin(), bytes.end(), isPlain);
-    if (other == bytes.end()) {
-      return true;
-    }
-    bytes.remove_prefix(static_cast<size_t>(other - bytes.begin()));
-    const size_t length = SequenceLength(bytes);
-    if (length == 0) {
+  const char* at = bytes.data();
+  const char* const end = at + bytes.size();
+  while (at != end) {
+    const utf::code_point c = Utf8::decode(at, end);
+    if (c == utf::illegal || c == utf::incomplete) {
       return false;
     }
-    bytes.remove_prefix(length);
   }
+  return true;
 }
 
 std::string DecodeDocument(std::string_view bytes) {
