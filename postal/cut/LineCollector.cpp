@@ -10,7 +10,7 @@ bool LineCollector::Add(const SentLine& line, LinePlace place) {
   if (place == LinePlace::Above) {
     above_ += (above_.empty() ? "" : "\n") + line.text;
   } else if (place == LinePlace::Unit) {
-    street_.insert(street_.end(), {"#", line.words[0]});
+    Append(street_, {"#", line.words[0]});
   } else if (place == LinePlace::Continues) {
     const std::optional<Words> joined = JoinStreet(street_, line.words);
     street_ = joined.value_or(Words());

@@ -86,7 +86,9 @@ std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
   question.cityLines = std::move(*cityLines);
   question.zip5 = LastLineChecker::Zip5Of(Folded(sent.zip));
   question.state = LastLineChecker::StateOf(Folded(sent.state));
-  if (IsMilitary(question)) {
+  const std::string lastLine =
+      question.cityLines.empty() ? "" : JoinWords(question.cityLines.back().words);
+  if (LastLineChecker::IsMilitary(lastLine, question.state)) {
     return CutMilitary(question, sent.city);
   }
   if (!question.SetStreetAbove()) {
@@ -105,24 +107,20 @@ std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
   return question.cityLines.size() > 1 ? CutAtBreak(question) : CutAtName(question, sent.city);
 }
 
-bool LineCutter::IsMilitary(const Question& question) {
-  return IsMilitaryState(question.state) ||
-         (!question.cityLines.empty() && IsMilitaryCity(question.cityLines.back().words));
-}
-
 // Names, ranks and units stand above a military delivery line, and come with it.
 CutAddress LineCutter::CutMilitary(const Question& question, const std::string& city) {
   const size_t first = FirstMilitaryLine(question.lines);
-  CutAddress cut{"", "", city};
+  LineCollector collector({}, "");
+  Words delivery;
   for (size_t i = 0; i < question.lines.size(); ++i) {
     const SentLine& line = question.lines[i];
     if (i < first) {
-      cut.above += (cut.above.empty() ? "" : "\n") + line.text;
+      collector.Add(line, LinePlace::Above);
     } else {
-      cut.address2 += (cut.address2.empty() ? "" : " ") + JoinWords(line.words);
+      Append(delivery, line.words);
     }
   }
-  return cut;
+  return {collector.Above(), JoinWords(delivery), city};
 }
 
 // A line break within the city: the last line begins behind it.
@@ -131,9 +129,7 @@ std::optional<CutAddress> LineCutter::CutAtBreak(const Question& question) {
   Lines behind(question.lines.begin() + 1, question.lines.end());
   Words street = question.lines[0].words;
   if (!LetterAtEnd(street).empty() && IsCutAtType(UpTo(street, street.size() - 2))) {
-    const std::string letter = LetterAtEnd(street);  // it stood behind the number
-    street.resize(street.size() - 2);
-    street[0] += letter;
+    street = WithLetter(std::move(street));
   }
   const LinePlace place = PlaceBehind(street, middle[0].words, question.state);
   LineCollector collector(std::move(street), question.above);
@@ -279,8 +275,7 @@ std::optional<CutAddress> LineCutter::Compose(const Question& question, size_t c
     }
   }
   if (left > 0) {
-    const Words behind(question.words.begin() + static_cast<long>(question.boundary),
-                       question.words.begin() + static_cast<long>(cut));
+    const Words behind = From(UpTo(question.words, cut), question.boundary);
     if (!collector.Add({JoinWords(behind), behind}, LinePlace::Continues)) {
       return std::nullopt;
     }
@@ -300,16 +295,19 @@ std::vector<std::string> LineCutter::NamesOf(const std::string& zip) const {
   return names;
 }
 
-bool LineCutter::IsName(const Question& question, const Words& words) {
-  return std::any_of(question.names.begin(), question.names.end(),
-                     [&](const std::string& name) { return AreCity(words, name); });
-}
-
-// The name that the words stand for, or the words.
-std::string LineCutter::CityOf(const Question& question, const Words& words) {
+// The name of the ZIP code that the words stand for.
+std::optional<std::string> LineCutter::NameOf(const Question& question, const Words& words) {
   const auto name = std::find_if(question.names.begin(), question.names.end(),
                                  [&](const std::string& text) { return AreCity(words, text); });
-  return name == question.names.end() ? JoinWords(words) : *name;
+  return name == question.names.end() ? std::nullopt : std::optional(*name);
+}
+
+bool LineCutter::IsName(const Question& question, const Words& words) {
+  return NameOf(question, words).has_value();
+}
+
+std::string LineCutter::CityOf(const Question& question, const Words& words) {
+  return NameOf(question, words).value_or(JoinWords(words));
 }
 
 // Says whether the city was sent whole, perhaps shortened.

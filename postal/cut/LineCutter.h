@@ -52,7 +52,6 @@ class LineCutter {
   using Lines = std::vector<SentLine>;
   struct Question;
 
-  static bool IsMilitary(const Question& question);
   static CutAddress CutMilitary(const Question& question, const std::string& city);
   static std::optional<CutAddress> CutAtBreak(const Question& question);
   std::optional<CutAddress> CutAtName(const Question& question, const std::string& city) const;
@@ -60,6 +59,7 @@ class LineCutter {
   std::optional<CutAddress> CutBeforeLetter(const Question& question) const;
   static std::optional<CutAddress> Compose(const Question& question, size_t cut, std::string city);
   std::vector<std::string> NamesOf(const std::string& zip) const;
+  static std::optional<std::string> NameOf(const Question& question, const Words& words);
   static bool IsName(const Question& question, const Words& words);
   static std::string CityOf(const Question& question, const Words& words);
   static bool IsStreetEaten(const Question& question);

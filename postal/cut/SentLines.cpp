@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/SmallText.h"
 #include "postal/cut/SentWords.h"
 #include "postal/lines/BoxLine.h"
 #include "postal/lines/StreetLine.h"
@@ -55,8 +56,7 @@ std::optional<std::vector<SentLine>> SplitSentLines(std::string_view field) {
   while (!field.empty()) {
     std::string_view text = field.substr(0, field.find('\n'));
     field.remove_prefix(std::min(text.size() + 1, field.size()));
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\r"), text.size()));
-    text = text.substr(0, text.find_last_not_of(" \t\r") + 1);
+    text = Trim(text, " \t\r");
     const auto folded = FoldToAscii(text);
     if (!folded) {
       return std::nullopt;
@@ -112,19 +112,11 @@ LinePlace PlaceOfNext(const Words& words) {
   return ReadUnitLine(words) || isRest ? LinePlace::Continues : LinePlace::Above;
 }
 
-bool IsMilitaryCity(const Words& words) {
-  return words.size() == 1 && (words[0] == "APO" || words[0] == "FPO" || words[0] == "DPO");
-}
-
-bool IsMilitaryState(std::string_view state) {
-  return IsOneOf(state, {"AA", "AE", "AP"});
-}
-
 size_t FirstMilitaryLine(const std::vector<SentLine>& lines) {
   for (size_t first = 0; first < lines.size(); ++first) {
     Words words;
     for (size_t i = first; i < lines.size(); ++i) {
-      words.insert(words.end(), lines[i].words.begin(), lines[i].words.end());
+      Append(words, lines[i].words);
     }
     const bool reads = ReadMilitary(words).has_value();
     words.erase(words.begin());

@@ -37,10 +37,6 @@ LinePlace PlaceBehind(const Words& street, const Words& words, std::string_view 
 // Decides on a line that came behind the delivery line, set apart from it by a line break.
 LinePlace PlaceOfNext(const Words& words);
 
-// Says whether a city is a military post office, and a code the "state" of one.
-bool IsMilitaryCity(const Words& words);
-bool IsMilitaryState(std::string_view state);
-
 // Returns which of the lines above a military last line is the first of its delivery line: what
 // stands in front is a name, a rank or a unit.
 size_t FirstMilitaryLine(const std::vector<SentLine>& lines);

@@ -90,7 +90,7 @@ std::optional<Words> JoinStreet(const Words& line, const Words& behind) {
       type = lexicon.SpelledSuffix(type);
     }
   }
-  street.insert(street.end(), behind.begin(), behind.end());
+  Append(street, behind);
   return street;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/SmallText.h"
 #include "postal/import/RowSource.h"
 
 namespace postwright::postal {
@@ -90,12 +91,8 @@ bool DbfTable::Next() {
 
 std::string_view DbfTable::Field(size_t index) const {
   constexpr std::string_view kBlanks(" \0", 2);
-  const std::string_view text =
-      std::string_view(record_).substr(fields_[index].offset, fields_[index].length);
-  const size_t first = text.find_first_not_of(kBlanks);
-  return first == std::string_view::npos
-             ? std::string_view()
-             : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+  return Trim(std::string_view(record_).substr(fields_[index].offset, fields_[index].length),
+              kBlanks);
 }
 
 void DbfTable::Refuse(const std::string& why) const {

@@ -22,7 +22,7 @@ std::string_view MilitaryState(const std::string& zip5) {
                                           : "";
 }
 
-bool IsMilitaryCity(const std::string& city) {
+bool IsMilitaryCity(std::string_view city) {
   return city == "APO" || city == "FPO" || city == "DPO";
 }
 
@@ -68,6 +68,10 @@ std::string LastLineChecker::Zip5Of(const std::string& zip) {
 
 std::string LastLineChecker::StateOf(const std::string& state) {
   return std::string(Lexicon::Get().State(TidyLine(state)));
+}
+
+bool LastLineChecker::IsMilitary(std::string_view city, std::string_view state) {
+  return IsMilitaryCity(city) || state == "AA" || state == "AE" || state == "AP";
 }
 
 std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked) const {

@@ -51,6 +51,10 @@ class LastLineChecker {
   // Returns the code of a state given by code or name, folded; the empty text where there is none.
   static std::string StateOf(const std::string& state);
 
+  // Says whether a standard city or a state's code is that of a military post office, which is no
+  // place (USPS Publication 28, section 225).
+  static bool IsMilitary(std::string_view city, std::string_view state);
+
  private:
   struct Reading;  // the three statements, read
 
