@@ -2,15 +2,13 @@
 #define POSTWRIGHT_POSTAL_STORE_FILEIMAGE_H_
 
 #include <cstddef>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <span>
 
 namespace postwright::postal {
 
-// A file's content as it was at one time, in memory that is made for random access: on large pages
-// where the system has them.
+// A file's content as it was at one time, in memory.
 //
 //   FileImage image("texas.base");
 //   SqliteFile::OpenImage(image.Bytes(), "texas.base");
@@ -22,11 +20,7 @@ class FileImage {
   std::span<unsigned char> Bytes() const { return {bytes_.get(), size_}; }
 
  private:
-  struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-  };
-
-  std::unique_ptr<unsigned char, Free> bytes_;
+  std::unique_ptr<unsigned char[]> bytes_;
   size_t size_ = 0;
 };
 
