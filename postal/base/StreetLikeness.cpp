@@ -98,7 +98,8 @@ StreetLikeness::StreetLikeness(const StreetName& asked)
       urbanization_(asked.urbanization),
       words_(ShortStreetWords(WordsOf(asked))),
       joined_(Join(words_)),
-      spelt_(SpellOut(WordsOf(asked))) {}
+      spelt_(SpellOut(WordsOf(asked))),
+      isRoad_(NumberedRoad(asked).IsRoad()) {}
 
 Likeness StreetLikeness::To(const StreetName& known) const {
   const bool isOfUrbanization = urbanization_ == known.urbanization;
@@ -110,7 +111,7 @@ Likeness StreetLikeness::To(const StreetName& known) const {
   if (missing && !isOfUrbanization) {
     ++*missing;
   }
-  if (missing == 0 || NumberedRoad(asked_).MayBe(NumberedRoad(known))) {
+  if (missing == 0 || (isRoad_ && NumberedRoad(asked_).MayBe(NumberedRoad(known)))) {
     return Likeness::Same;
   }
   if (missing == 1) {
@@ -171,10 +172,11 @@ bool StreetLikeness::HasAnotherThan(const Elements& known) const {
 
 bool StreetLikeness::IsMisspelt(const StreetName& known) const {
   constexpr size_t kShortestName = 4;  // letters; too many shorter ones are alike
-  const Words there = SpellOut(WordsOf(known));
+  Words there = WordsOf(known);
   if (there.size() != spelt_.size() || known.name.size() < kShortestName) {
-    return false;
+    return false;  // before they are spelled out, which takes long
   }
+  there = SpellOut(std::move(there));
   const auto [asked, meant] = std::mismatch(spelt_.begin(), spelt_.end(), there.begin());
   return asked != spelt_.end() && std::equal(asked + 1, spelt_.end(), meant + 1) &&
          asked->size() > 1 && meant->size() > 1 && DiffersByOneLetter(*asked, *meant);

@@ -44,6 +44,7 @@ class StreetLikeness {
   Words words_;  // in their short forms
   std::string joined_;
   Words spelt_;  // spelled out
+  bool isRoad_;  // a numbered one
 };
 
 }  // namespace postwright::postal
