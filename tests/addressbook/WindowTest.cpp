@@ -74,6 +74,7 @@ class WindowTest : public QObject {
   void columnsOfAFileThatHasNoneNow();
   void savesAsTheTypeChosen_data();
   void savesAsTheTypeChosen();
+  void exportsOverNothingUnasked();
   void printsFromTheLabelChosen();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
@@ -89,6 +90,8 @@ class WindowTest : public QObject {
   QByteArray bytes(const char* name) const { return _folder->bytes(name); }
   // Has the user press a button of the modal window that is about to come up.
   void answer(const QString& button, QString* said = nullptr);
+  // Types a name into a dialog that saves, and returns the field.
+  QLineEdit* typeName(QFileDialog* dialog, const QString& typed);
 
   QTemporaryDir _settings;
   std::unique_ptr<TestFolder> _folder;
@@ -375,6 +378,34 @@ void WindowTest::savesAsTheTypeChosen_data() {
                              << "list.pwbook" << QByteArray("SQLite format 3");
 }
 
+QLineEdit* WindowTest::typeName(QFileDialog* dialog, const QString& typed) {
+  auto* const name = find<QLineEdit>("fileNameEdit", dialog);
+  name->setCompleter(nullptr);
+  name->setFocus();
+  // Else the name loses to the file that is selected in the list.
+  (void)QTest::qWaitFor([name] { return name->hasFocus(); });
+  name->selectAll();
+  QTest::keyClicks(name, typed);
+  return name;
+}
+
+// The dialog asks about the name as it was typed; the file is another.
+void WindowTest::exportsOverNothingUnasked() {
+  put("list.csv", "precious");
+  QString said;
+  QTimer::singleShot(0, this, [&] {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    QVERIFY(dialog != nullptr);
+    const auto leave = qScopeGuard([dialog] { dialog->close(); });
+    QLineEdit* const name = typeName(dialog, "list");
+    answer("Cancel", &said);
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  trigger("exportSafely");
+  QVERIFY2(said.contains("“list.csv” is there already."), qPrintable(said));
+  QCOMPARE(bytes("list.csv"), "precious");
+}
+
 void WindowTest::savesAsTheTypeChosen() {
   QFETCH(QString, type);
   QFETCH(QString, typed);
@@ -391,12 +422,7 @@ void WindowTest::savesAsTheTypeChosen() {
     emit types->textActivated(filters.first());
     emit dialog->filterSelected(filters.first());
     dialog->selectNameFilter(filters.first());
-    auto* const name = find<QLineEdit>("fileNameEdit", dialog);
-    name->setCompleter(nullptr);
-    name->setFocus();
-    QTRY_VERIFY(name->hasFocus());  // else the name loses to the file that is selected in the list
-    name->selectAll();
-    QTest::keyClicks(name, typed);
+    QLineEdit* const name = typeName(dialog, typed);
     if (type != "CSV file") {
       answer("Save the Labels");
     }

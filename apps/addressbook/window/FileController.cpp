@@ -177,7 +177,15 @@ bool FileController::save() {
   if (_document.path().isEmpty() || !_document.format().isWritable()) {
     return saveAs();
   }
-  return mayOverwrite() && saveTo(_document.path(), _document.format());
+  switch (mayOverwrite()) {
+    case Overwriting::Yes:
+      return saveTo(_document.path(), _document.format());
+    case Overwriting::Elsewhere:
+      return saveAs();
+    case Overwriting::No:
+      break;
+  }
+  return false;
 }
 
 bool FileController::saveAs() {
@@ -235,41 +243,27 @@ bool FileController::mayReplace(const QString& path) {
   return question.ask() == replace;
 }
 
-bool FileController::mayOverwrite() {
+FileController::Overwriting FileController::mayOverwrite() {
   if (!_document.isChangedOnDisk()) {
-    return true;
+    return Overwriting::Yes;
   }
-  if (!QFileInfo::exists(_document.path())) {
-    return mayWriteAnew();
-  }
+  const bool isThere = QFileInfo::exists(_document.path());
+  const QString what = isThere ? tr("Another program has changed “%1” since it was opened here.")
+                               : tr("“%1” is not there any more since it was opened here.");
   Question question(
-      _window,
-      tr("Another program has changed “%1” since it was opened here.").arg(_document.title()),
-      tr("If you save over it, what the other program wrote is lost. You can save "
-         "under another name and compare."));
-  QAbstractButton* const elsewhere = question.addStep(tr("Save &As…"));
-  QAbstractButton* const over = question.addStep(tr("Save &Over It"));
+      _window, what.arg(_document.title()),
+      isThere ? tr("If you save over it, what the other program wrote is lost. You can save "
+                   "under another name and compare.")
+              : tr("It was deleted, moved or renamed. The address book is still whole in this "
+                   "window and can be written anew."));
+  const QAbstractButton* const anew = isThere ? nullptr : question.addStep(tr("&Write It Anew"));
+  const QAbstractButton* const elsewhere = question.addStep(tr("Save &As…"));
+  const QAbstractButton* const over = isThere ? question.addStep(tr("Save &Over It")) : anew;
   question.addWayOut(tr("Cancel"));
   const QAbstractButton* const answer = question.ask();
-  if (answer == elsewhere) {
-    saveAs();
-  }
-  return answer == over;
-}
-
-bool FileController::mayWriteAnew() {
-  Question question(
-      _window, tr("“%1” is not there any more since it was opened here.").arg(_document.title()),
-      tr("It was deleted, moved or renamed. The address book is still whole in this "
-         "window and can be written anew."));
-  QAbstractButton* const anew = question.addStep(tr("&Write It Anew"));
-  QAbstractButton* const elsewhere = question.addStep(tr("Save &As…"));
-  question.addWayOut(tr("Cancel"));
-  const QAbstractButton* const answer = question.ask();
-  if (answer == elsewhere) {
-    saveAs();
-  }
-  return answer == anew;
+  return answer == elsewhere ? Overwriting::Elsewhere
+         : answer == over    ? Overwriting::Yes
+                             : Overwriting::No;
 }
 
 bool FileController::mayLeaveBehind(const QString& path, const BookFormat& format) {
@@ -287,13 +281,12 @@ bool FileController::mayLeaveBehind(const QString& path, const BookFormat& forma
 }
 
 void FileController::exportForSpreadsheet() {
-  QString path = QFileDialog::getSaveFileName(_window, tr("Export for spreadsheets"), folder(),
-                                              nameFilter(CsvFile::bookFormat()));
-  if (path.isEmpty()) {
+  const BookFormat& format = CsvFile::bookFormat();
+  const QString chosen = QFileDialog::getSaveFileName(_window, tr("Export for spreadsheets"),
+                                                      folder(), nameFilter(format));
+  const QString path = chosen.isEmpty() ? chosen : withEnding(chosen, format);
+  if (path.isEmpty() || (path != chosen && !mayReplace(path))) {
     return;
-  }
-  if (QFileInfo(path).suffix().isEmpty()) {
-    path += QStringLiteral(".csv");
   }
   try {
     const BusyCursor busy;

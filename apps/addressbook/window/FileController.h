@@ -52,8 +52,9 @@ class FileController : public QObject {
   bool knowsColumns(BookFile& file, const QString& path);
   bool askColumns(ColumnedFile& columns, const QString& path);
   bool saveTo(const QString& path, const BookFormat& format);
-  bool mayOverwrite();
-  bool mayWriteAnew();
+  // Asks where the file is not the one that was opened.
+  enum class Overwriting { Yes, No, Elsewhere };
+  Overwriting mayOverwrite();
   bool mayReplace(const QString& path);
   bool mayLeaveBehind(const QString& path, const BookFormat& format);
   void showError(const QString& what, const tables::FileError& error);
