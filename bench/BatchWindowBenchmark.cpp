@@ -21,24 +21,16 @@
 #include <ctime>
 #include <locale>
 
+#include "tests/client/batch/Entries.h"
+
 namespace postwright {
 namespace {
 
 constexpr int kRecords = 100000;
 constexpr int kThousand = 1000;
 
-class Entry final : public AddressEntry {
- public:
-  explicit Entry(QString text) : _text(std::move(text)) {}
-  QString value() const override { return _text; }
-  void setValue(const QString& text) override { _text = text; }
-
- private:
-  QString _text;
-};
-
-QList<std::shared_ptr<AddressEntry>> makeEntries() {
-  QList<std::shared_ptr<AddressEntry>> entries;
+Entries makeEntries() {
+  Entries entries;
   for (int i = 0; i < kRecords; ++i) {
     entries.append(std::make_shared<Entry>(
         QStringLiteral("Resident %1\n%1 Main Street, Apartment %2\nAustin, Texas 78701")
@@ -103,7 +95,7 @@ double scrollPages(QTableView& table, int pages) {
 }
 
 int measure() {
-  const QList<std::shared_ptr<AddressEntry>> entries = makeEntries();
+  const Entries entries = makeEntries();
   QSemaphore answers;
   const double heapBefore = heapBytes();
   QElapsedTimer clock;

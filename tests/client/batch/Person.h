@@ -18,35 +18,9 @@
 #include <memory>
 #include <utility>
 
+#include "tests/client/batch/Entries.h"
+
 namespace postwright {
-
-class Entry final : public AddressEntry {
- public:
-  explicit Entry(QString text) : _text(std::move(text)) {}
-  QString value() const override { return _text; }
-  void setValue(const QString& text) override { _text = text; }
-
- private:
-  QString _text;
-};
-
-using Entries = QList<std::shared_ptr<AddressEntry>>;
-
-inline Entries EntriesOf(const QStringList& texts) {
-  Entries entries;
-  for (const QString& text : texts) {
-    entries.append(std::make_shared<Entry>(text));
-  }
-  return entries;
-}
-
-inline QStringList TextsOf(const Entries& entries) {
-  QStringList texts;
-  for (const std::shared_ptr<AddressEntry>& entry : entries) {
-    texts.append(entry->value());
-  }
-  return texts;
-}
 
 // The window as a person uses it: finds what is shown and presses keys and buttons.
 class Person {
