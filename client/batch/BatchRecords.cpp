@@ -41,20 +41,12 @@ BatchResultRecordList BatchRecords::unanswered() const {
   });
 }
 
-BatchResultRecordList BatchRecords::choiceTwinsOf(const BatchResultRecord& record) const {
+BatchResultRecordList BatchRecords::twinsOf(const BatchResultRecord& record,
+                                            AddressStatus status) const {
   const QString address = record.values().address;
   return those([&](const BatchResultRecord& other) {
     const Values values = other.values();
-    return &other != &record && !values.pending && values.status == AddressStatusMultiple &&
-           values.address == address;
-  });
-}
-
-BatchResultRecordList BatchRecords::errorTwinsOf(const BatchResultRecord& record) const {
-  const QString address = record.values().address;
-  return those([&](const BatchResultRecord& other) {
-    const Values values = other.values();
-    return &other != &record && !values.pending && values.status == AddressStatusError &&
+    return &other != &record && !values.pending && values.status == status &&
            values.address == address;
   });
 }

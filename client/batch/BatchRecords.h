@@ -23,10 +23,8 @@ class BatchRecords {
   BatchResultRecordList pending() const;
   BatchResultRecordList unanswered() const;
 
-  // The other records of the same text that wait for the same choice.
-  BatchResultRecordList choiceTwinsOf(const BatchResultRecord& record) const;
-  // The other records of the same text that the service turned down, too.
-  BatchResultRecordList errorTwinsOf(const BatchResultRecord& record) const;
+  // The other records of the same text that have an outcome of `status`, too.
+  BatchResultRecordList twinsOf(const BatchResultRecord& record, AddressStatus status) const;
 
   // Counts a record anew that has changed.
   void update(const BatchResultRecord& record) { _tally.update(record); }

@@ -60,10 +60,8 @@ void BatchWindow::showDetail() {
   } else {
     const BatchResultRecordPointer& record = selected.first();
     const AddressStatus status = record->values().status;
-    const qsizetype twins = status == AddressStatusMultiple ? records.choiceTwinsOf(*record).size()
-                            : status == AddressStatusError  ? records.errorTwinsOf(*record).size()
-                                                            : 0;
-    view.detail().showRecord(record, twins);
+    const bool waits = status == AddressStatusMultiple || status == AddressStatusError;
+    view.detail().showRecord(record, waits ? records.twinsOf(*record, status).size() : 0);
   }
 }
 

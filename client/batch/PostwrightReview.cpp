@@ -26,7 +26,7 @@ void PostwrightController::reFixAddress(const QString& address) {
   }
   BatchResultRecordList asked{record};
   if (_window->view.detail().isTwinsChecked() && record->values().status == AddressStatusError) {
-    asked += _window->records.errorTwinsOf(*record);
+    asked += _window->records.twinsOf(*record, AddressStatusError);
   }
   _window->view.detail().forgetDraft(*record);
   _window->steps.take(localizedString("SStepAsk", asked.size()), asked, [&](Values& values) {
@@ -81,7 +81,7 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   }
   BatchResultRecordList chosen{record};
   if (forTwins) {
-    chosen += _window->records.choiceTwinsOf(*record);
+    chosen += _window->records.twinsOf(*record, AddressStatusMultiple);
   }
   _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen, [&](Values& values) {
     // The text as typed, offered beside a doubtful correction, is nothing to write back.
