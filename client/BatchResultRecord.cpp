@@ -29,6 +29,14 @@ void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answ
   }
 }
 
+bool BatchResultRecord::Values::isFoundRight() const {
+  return !pending && status == AddressStatusUnchanged && !own && remark.isEmpty();
+}
+
+bool BatchResultRecord::Values::isDoubtful() const {
+  return status == AddressStatusMultiple && !remark.isEmpty();
+}
+
 bool BatchResultRecord::Values::isUnanswered() const {
   return status == AddressStatusError && AddressOutcome{std::nullopt, result}.isUnanswered();
 }

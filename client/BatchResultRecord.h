@@ -24,7 +24,9 @@ enum AddressStatus : qint32 {
   AddressStatusError = 3,
 };
 
-// How the service answered about one address: `answer`, or nil and the message of the failure.
+// How the service answered about one address: `answer`, or nil and the message of the failure. A
+// message that PostwrightClient::stringForResult() has for a failure of the service or the network
+// says that the address was not judged; any other says why it was turned down.
 struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   std::optional<AddressFix> answer;
   QString message;
@@ -66,7 +68,15 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
-    bool own = false;      // `fixed` is what the person wrote, and not the service's word
+    bool own = false;      // `fixed` is what the person wrote or kept, and not the service's word
+
+    // True where the service found the address right: no person decided that it stays as it is, and
+    // no remark says that nobody was asked.
+    bool isFoundRight() const;
+
+    // True where the answer is not taken for what `remark` says of it: the person picks one of
+    // `matches`, the text as corrected and as typed, or a single one where they are the same.
+    bool isDoubtful() const;
 
     // True for an error of the service or the network: the address was not judged, and asking again
     // later may help.

@@ -9,6 +9,12 @@ PostwrightSelectorPointer candidate(const QString& text) {
   return std::make_shared<PostwrightSelector>(text, text, QString(), QString());
 }
 
+// "the number is not known" as a sentence of its own.
+QString sentence(const char* words) {
+  QString text = QString::fromUtf8(words);
+  return text.isEmpty() ? text : text.front().toUpper() + text.mid(1) + u'.';
+}
+
 // What became of the address lines, among the others again.
 QString wholeLabel(const AddressLines& lines, const QString& address, const QString& typed,
                    const LabelForm& form, const PostwrightClient& client) {
@@ -65,7 +71,7 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
     outcome.answer->MatchedAddresses.append(candidate(label));
   }
   outcome.remark = fix.review().Doubtful() ? QString::fromStdWString(fix.review().Reason())
-                                           : QString::fromUtf8(fix.confirmation().Text());
+                                           : sentence(fix.confirmation().Text());
   outcome.isOpen = contradicts;
   return outcome;
 }

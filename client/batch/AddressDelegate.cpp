@@ -19,8 +19,7 @@ constexpr qsizetype kShown = 1000;
 
 QList<QTextLayout::FormatRange> formatsFor(const QModelIndex& index, const QPalette& palette) {
   const auto marks = index.data(BatchTableModel::MarksRole).value<CellMarks>();
-  const bool before = index.column() == BatchTableModel::AddressColumn;
-  return markFormats(marks.changed, before ? MarkKind::Removed : MarkKind::Added, palette) +
+  return markFormats(marks.changed, marks.kind, palette) +
          markFormats(marks.moved, MarkKind::Moved, palette);
 }
 

@@ -111,9 +111,10 @@ QVariant BatchTableModel::marksOf(const QModelIndex& index, const Values& values
   if (differences == nullptr || index.column() == StatusColumn) {
     return {};
   }
-  return QVariant::fromValue(index.column() == AddressColumn
-                                 ? CellMarks{differences->removed, differences->movedFrom}
-                                 : CellMarks{differences->added, differences->movedTo});
+  return QVariant::fromValue(
+      index.column() == AddressColumn
+          ? CellMarks{MarkKind::Removed, differences->removed, differences->movedFrom}
+          : CellMarks{MarkKind::Added, differences->added, differences->movedTo});
 }
 
 QVariant BatchTableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -8,11 +8,13 @@
 #include <memory>
 
 #include "client/batch/DifferenceCache.h"
+#include "client/batch/DifferenceFormat.h"
 
 namespace postwright {
 
-// What is marked in the text of a cell.
+// What is marked in the text of a cell: the words that go or that are new, and those that moved.
 struct CellMarks {
+  MarkKind kind = MarkKind::Removed;  // of what changed
   QList<TextMark> changed;
   QList<TextMark> moved;
 };

@@ -63,7 +63,7 @@ int statusWidth(const QTableView& table) {
   constexpr int kIconAndMargins = 48;
   int width = 0;
   for (const char* key : {"SStatusUnchanged", "SStatusFixed", "SStatusMultiple", "SStatusError",
-                          "SStatusNotChecked", "SStatusOwn"}) {
+                          "SStatusNotChecked", "SStatusOwn", "SStatusDoubtful"}) {
     width = std::max(width, table.fontMetrics().horizontalAdvance(localizedString(key)));
   }
   return width + kIconAndMargins;

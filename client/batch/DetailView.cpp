@@ -5,6 +5,8 @@
 #include <QApplication>
 
 #include "client/LocalizedString.h"
+#include "client/batch/AddressDelegate.h"
+#include "client/batch/BatchTableModel.h"
 #include "client/batch/MarkedText.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/review/BatchTexts.h"
@@ -33,7 +35,9 @@ DetailView::DetailView(Ui::Postwright& layout) : _layout(layout) {
   _layout.txtErrorText->setFont(strong);
   QTableView* matches = _layout.tvMatches;
   matches->setModel(&_matches);
+  matches->setItemDelegate(new AddressDelegate(matches));
   matches->horizontalHeader()->hide();
+  matches->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   connect(matches->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { _layout.bnChooseSelectedAddress->setEnabled(selectedMatch() >= 0); });
   for (QPlainTextEdit* field :
@@ -76,7 +80,7 @@ void DetailView::setFieldFont(const QFont& font) {
 
 void DetailView::showNothing() {
   _record = nullptr;
-  _matches.setStringList({});
+  _matches.clear();
   showPage(_layout.vwNone);
 }
 
@@ -91,44 +95,32 @@ void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype tw
   const BatchResultRecord::Values values = record->values();
   const bool ownPage =
       values.status == AddressStatusMultiple || values.status == AddressStatusError;
-  if (ownPage || (_edited != record.get() && !hasDraft(*record))) {
-    _edited = nullptr;
-  } else {
-    _edited = record.get();
-  }
-  QWidget* page = _layout.vwNone;
+  const bool edits = !ownPage && (_edited == record.get() || hasDraft(*record));
+  _edited = edits ? record.get() : nullptr;
+  _record = record;
   if (_edited != nullptr) {
-    page = _layout.vwEdit;
-    _record = record;
     showEdited(values);
-    showPage(page);
+    showPage(_layout.vwEdit);
     return;
   }
   switch (values.status) {
     case AddressStatusUnchanged:
-      page = _layout.vwUnchanged;
+      showUnchanged(values);
+      showPage(_layout.vwUnchanged);
       break;
     case AddressStatusFixed:
-      page = _layout.vwFixed;
+      showFixed(values, false);
+      showPage(_layout.vwFixed);
       break;
     case AddressStatusMultiple:
-      page = _layout.vwMultiple;
+      showMultiple(values, twins);
+      showPage(_layout.vwMultiple);
       break;
     case AddressStatusError:
-      page = _layout.vwError;
+      showError(values, twins);
+      showPage(_layout.vwError);
       break;
   }
-  _record = record;
-  if (page == _layout.vwUnchanged) {
-    showUnchanged(values);
-  } else if (page == _layout.vwFixed) {
-    showFixed(values, false);
-  } else if (page == _layout.vwMultiple) {
-    showMultiple(values, twins);
-  } else if (page == _layout.vwError) {
-    showError(values, twins);
-  }
-  showPage(page);
 }
 
 void DetailView::showEditor() {
@@ -170,9 +162,10 @@ void DetailView::showPage(QWidget* page) {
 
 void DetailView::showUnchanged(const BatchResultRecord::Values& values) {
   const bool edited = !values.pending && values.address != originalText(*_record);
-  _layout.txtUnchanged->setText(localizedString(values.pending ? "SNotYetChecked"
-                                                : edited       ? "SFoundRightEdited"
-                                                               : "SFoundRight"));
+  _layout.txtUnchanged->setText(values.pending           ? localizedString("SNotYetChecked")
+                                : !values.isFoundRight() ? whyText(values)
+                                : edited                 ? localizedString("SFoundRightEdited")
+                                                         : localizedString("SFoundRight"));
   _layout.tvUnchangedAddress->setPlainText(cutLongLines(values.address));
   _layout.bnUseAddress->setVisible(edited);
 }
@@ -196,9 +189,14 @@ void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) 
 void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype twins) {
   fillEditor(*_layout.tvMultipleAddress, _drafts.value(_record.get(), values.address));
   showTwins(*_layout.ckTwins, twins);
+  const bool isDoubtful = values.isDoubtful();
   _layout.txtDoubt->setText(values.remark);
-  _layout.txtDoubt->setVisible(!values.remark.isEmpty());
-  showMatches(values.matches);
+  _layout.txtDoubt->setVisible(isDoubtful);
+  _layout.txtMatches->setText(localizedString(!isDoubtful                  ? "SMatches"
+                                              : values.matches.size() == 1 ? "SMatchesTyped"
+                                                                           : "SMatchesDoubtful"));
+  _layout.tvMatches->setAccessibleDescription(isDoubtful ? values.remark : QString());
+  showMatches(values);
 }
 
 void DetailView::showEdited(const BatchResultRecord::Values& values) {
@@ -208,16 +206,30 @@ void DetailView::showEdited(const BatchResultRecord::Values& values) {
              _ownDrafts.value(_record.get(), known ? values.fixed : values.address));
 }
 
-void DetailView::showMatches(const QList<PostwrightSelectorPointer>& matches) {
-  QStringList templates;
-  for (const PostwrightSelectorPointer& match : matches) {
-    templates.append(match->addressTemplate());
-  }
-  _matches.setStringList(templates);
+// Says which of the two texts of a doubtful correction a candidate is, and marks what it changes.
+void DetailView::nameMatch(QStandardItem& item, const QString& typed) {
+  const QString text = item.text();
+  const QString name = localizedString(text == typed ? "SAsTyped" : "SAsCorrected");
+  const Differences differences = findDifferences(cutLongLines(typed), cutLongLines(text));
+  const CellMarks marks{MarkKind::Added, differences.added, differences.movedTo};
+  item.setData(QVariant::fromValue(marks), BatchTableModel::MarksRole);
+  item.setAccessibleText(name + QStringLiteral(": ") + spokenText(text, differences));
+  _matches.setVerticalHeaderItem(item.row(), new QStandardItem(name));
+}
+
+void DetailView::showMatches(const BatchResultRecord::Values& values) {
+  _matches.clear();
   RowHeights heights(_layout.tvMatches->font());
-  for (int row = 0; row < templates.size(); ++row) {
-    _layout.tvMatches->setRowHeight(row, heights.heightFor(templates.at(row)));
+  for (int row = 0; row < values.matches.size(); ++row) {
+    const QString text = values.matches.at(row)->addressTemplate();
+    auto* item = new QStandardItem(text);
+    _matches.appendRow(item);
+    _layout.tvMatches->setRowHeight(row, heights.heightFor(text));
+    if (values.isDoubtful()) {
+      nameMatch(*item, values.address);
+    }
   }
+  _layout.tvMatches->verticalHeader()->setVisible(values.isDoubtful());
   _layout.bnChooseSelectedAddress->setEnabled(false);
 }
 

@@ -5,7 +5,7 @@
 
 #include <QHash>
 #include <QObject>
-#include <QStringListModel>
+#include <QStandardItemModel>
 
 namespace Ui {
 class Postwright;
@@ -67,14 +67,15 @@ class DetailView final : public QObject {
   void showEdited(const BatchResultRecord::Values& values);
   void showPage(QWidget* page);
   void fillEditor(QPlainTextEdit& editor, const QString& text);
-  void showMatches(const QList<PostwrightSelectorPointer>& matches);
+  void showMatches(const BatchResultRecord::Values& values);
+  void nameMatch(QStandardItem& item, const QString& typed);
   void takeDraft(const QPlainTextEdit& editor);
   void takeOwnDraft();
   void restoreOriginal();
   bool hasDraft(const BatchResultRecord& record) const;
 
   Ui::Postwright& _layout;
-  QStringListModel _matches;
+  QStandardItemModel _matches;
   BatchResultRecordPointer _record;
   const BatchResultRecord* _edited = nullptr;  // the one on the page with both texts
   bool _editsAny = false;

@@ -85,19 +85,20 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   }
   _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen, [&](Values& values) {
     // The text as typed, offered beside a doubtful correction, is nothing to write back.
-    const bool typed = !values.remark.isEmpty() && *address == values.address;
+    values.own = values.isDoubtful() && *address == values.address;
     values.fixed = *address;
-    values.status = typed ? AddressStatusUnchanged : AddressStatusFixed;
-    values.pending = values.own = false;
+    values.status = values.own ? AddressStatusUnchanged : AddressStatusFixed;
+    values.pending = false;
   });
 }
 
 void PostwrightController::bnUseAddressClick() {
   if (const BatchResultRecordPointer record = _window->selectedRecord()) {
     _window->steps.take(localizedString("SStepUse", 1), {record}, [](Values& values) {
+      values.own = !values.isFoundRight();
       values.fixed = values.address;
       values.status = AddressStatusFixed;
-      values.pending = values.own = false;
+      values.pending = false;
     });
   }
 }
@@ -121,9 +122,10 @@ void PostwrightController::bnKeepTextClick() {
 void PostwrightController::bnTakeTypedClick() {
   const BatchResultRecordList records = _window->view.selectedRecords();
   _window->steps.take(localizedString("SStepTyped", records.size()), records, [](Values& values) {
+    values.own = !values.isFoundRight();
     values.fixed = values.address;
     values.status = AddressStatusUnchanged;
-    values.pending = values.own = false;
+    values.pending = false;
   });
 }
 

@@ -48,6 +48,11 @@
         <extracomment>Status of an address for which the service knows several.</extracomment>
         <translation>Por elegir</translation>
     </message>
+    <message id="SStatusDoubtful">
+        <source>Doubtful</source>
+        <extracomment>Status of an address whose correction waits for a person.</extracomment>
+        <translation>Dudosa</translation>
+    </message>
     <message id="SStatusError">
         <source>Error</source>
         <extracomment>Status of an address that failed.</extracomment>
@@ -168,6 +173,10 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>The service found the edited address right. Use this text to have it written to the entry.</source>
         <translation>El servicio da por correcta la dirección editada. Use este texto para guardarlo en la entrada.</translation>
     </message>
+    <message id="SKeptTyped">
+        <source>You left this text as it was typed. Its entry stays as it is.</source>
+        <translation>Usted dejó este texto como se escribió. Su entrada queda como está.</translation>
+    </message>
     <message id="SUnchangedAddressName">
         <source>Address</source>
         <extracomment>Spoken name of a field.</extracomment>
@@ -208,10 +217,30 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>The service knows these addresses. &amp;Which one is meant?</source>
         <translation>El servicio conoce estas direcciones. ¿Cuál e&amp;s?</translation>
     </message>
+    <message id="SMatchesDoubtful">
+        <source>This correction is doubtful and was not made. &amp;Which text is right?</source>
+        <extracomment>Above the text as corrected and as typed, below the reason.</extracomment>
+        <translation>Esta corrección es dudosa y no se ha hecho. ¿Qué texto e&amp;s el correcto?</translation>
+    </message>
+    <message id="SMatchesTyped">
+        <source>This address is doubtful. Use it &amp;where it is right, or correct it.</source>
+        <extracomment>Above the text as typed alone, below the reason.</extracomment>
+        <translation>Esta dirección es dudosa. Ú&amp;sela si es correcta, o corríjala.</translation>
+    </message>
     <message id="SMatchesName">
         <source>Possible addresses</source>
         <extracomment>Spoken name of the table of candidates.</extracomment>
         <translation>Direcciones posibles</translation>
+    </message>
+    <message id="SAsCorrected">
+        <source>As corrected</source>
+        <extracomment>Beside a doubtful correction, and spoken.</extracomment>
+        <translation>Corregida</translation>
+    </message>
+    <message id="SAsTyped">
+        <source>As typed</source>
+        <extracomment>Beside the text that was doubtfully corrected, and spoken.</extracomment>
+        <translation>Escrita</translation>
     </message>
     <message id="SAlsoTwins" numerus="yes">
         <source>Also for %n more addresses with this te&amp;xt</source>
@@ -302,6 +331,14 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>
             <numerusform>%n era correcta.</numerusform>
             <numerusform>%n eran correctas.</numerusform>
+        </translation>
+    </message>
+    <message id="STypedKept" numerus="yes">
+        <source>%n addresses as typed</source>
+        <extracomment>Part of SKept.</extracomment>
+        <translation>
+            <numerusform>%n dirección como se escribió</numerusform>
+            <numerusform>%n direcciones como se escribieron</numerusform>
         </translation>
     </message>
     <message id="SErrorsKept" numerus="yes">
@@ -731,6 +768,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>Right as typed</source>
         <extracomment>Line of the summary.</extracomment>
         <translation>Correctas como están</translation>
+    </message>
+    <message id="SSumTyped">
+        <source>Left as typed</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Dejadas como se escribieron</translation>
     </message>
     <message id="SSumFixed">
         <source>Corrected</source>

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -27,23 +28,29 @@ class BatchFixerTest : public QObject {
   void tellsWhatBecameOfEach();
   void tellsNothingWhenCancelled();
   void tellsWhatGotNoAnswer();
+  void callsNothingRightThatAPersonKept();
   void asksTheServerOfTheOptions();
 
  private:
-  // Has the user wait for the answers and press a button of the batch window.
-  void press(const char* button);
+  // Has the user wait for the answers and press a button of the batch window, after the one that
+  // leaves all labels as typed where `keepsAll` says so.
+  void press(const char* button, bool keepsAll = false);
 
   ServiceProcess _service;
   const std::string _server = GetDeployment().verifyHost;
 };
 
-void BatchFixerTest::press(const char* button) {
-  QTimer::singleShot(0, this, [button] {
+void BatchFixerTest::press(const char* button, bool keepsAll) {
+  QTimer::singleShot(0, this, [button, keepsAll] {
     QWidget* const window = QApplication::activeModalWidget();
     QVERIFY(window != nullptr);
     const auto leave = qScopeGuard([window] { window->close(); });
     auto* const update = window->findChild<QAbstractButton*>("bnUpdate");
     QTRY_VERIFY_WITH_TIMEOUT(update->isEnabled(), 30000);
+    if (keepsAll) {
+      window->findChild<QTableView*>("tvAddresses")->selectAll();
+      QTest::mouseClick(window->findChild<QAbstractButton*>("bnTakeTyped"), Qt::LeftButton);
+    }
     // Work that would be lost is asked about once.
     QTimer::singleShot(0, window, [] {
       if (auto* const question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
@@ -84,6 +91,17 @@ void BatchFixerTest::tellsWhatGotNoAnswer() {
   QCOMPARE(outcomes.size(), 1);
   QCOMPARE(outcomes[0].kind, FixOutcome::Kind::NoAnswer);
   QVERIFY(!outcomes[0].text.isEmpty());
+}
+
+// But what the service had found right before stays so.
+void BatchFixerTest::callsNothingRightThatAPersonKept() {
+  BatchFixer fixer(_server);
+  press("bnUpdate", true);
+  const QList<FixOutcome> outcomes = fixer.fix(kLabels, {}, nullptr);
+  QCOMPARE(outcomes.size(), 3);
+  QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
+  QCOMPARE(outcomes[1].kind, FixOutcome().kind);
+  QCOMPARE(outcomes[2].kind, FixOutcome().kind);
 }
 
 // The server of the options counts where the command line names none.

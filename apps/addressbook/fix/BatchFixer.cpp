@@ -46,8 +46,8 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
       break;
   }
   // Where the user tried another text and found that one right, nothing is known of the label; nor
-  // where a remark says that nobody was asked, or that the user kept what was doubted.
-  return values.address == label && values.remark.isEmpty()
+  // where the user kept it, or nobody was asked.
+  return values.address == label && values.isFoundRight()
              ? FixOutcome{FixOutcome::Kind::Right, {}}
              : FixOutcome{};
 }

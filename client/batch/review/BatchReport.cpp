@@ -26,7 +26,7 @@ QString standing(const Values& values) {
 }
 
 QString reasonOf(const Values& values) {
-  return values.own ? localizedString("SFixedOwn") : values.pending ? QString() : hintText(values);
+  return values.pending ? QString() : whyText(values);
 }
 
 QString csvCell(QString text) {
@@ -64,12 +64,13 @@ QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
   qsizetype own = 0;
   for (const BatchResultRecordPointer& record : records) {
     const Values values = record->values();
-    own += !values.pending && values.own ? 1 : 0;
+    own += !values.pending && values.own && values.status == AddressStatusFixed ? 1 : 0;
     if (!values.pending && values.status == AddressStatusError) {
       ++reasons[values.result];
     }
   }
-  QList<SummaryLine> lines{{localizedString("SSumRight"), counts.unchanged},
+  QList<SummaryLine> lines{{localizedString("SSumRight"), counts.unchanged - counts.kept},
+                           {localizedString("SSumTyped"), counts.kept},
                            {localizedString("SSumFixed"), counts.fixed - own},
                            {localizedString("SSumOwn"), own},
                            {localizedString("SSumMultiple"), counts.multiple},

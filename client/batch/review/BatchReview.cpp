@@ -10,9 +10,9 @@
 namespace postwright {
 namespace {
 
-// What a record is counted as. A failure that is not the address's counts as an error too, and a
-// blank correction as a correction.
-enum Kind : quint8 { Pending, Unchanged, Fixed, Blank, Multiple, Error, NotAsked, NoNetwork };
+// What a record is counted as. A failure that is not the address's counts as an error too, a blank
+// correction as a correction, and a text that was kept as unchanged.
+enum Kind : quint8 { Pending, Unchanged, Kept, Fixed, Blank, Multiple, Error, NotAsked, NoNetwork };
 
 Kind kindOf(const BatchResultRecord::Values& values) {
   if (values.pending) {
@@ -20,7 +20,7 @@ Kind kindOf(const BatchResultRecord::Values& values) {
   }
   switch (values.status) {
     case AddressStatusUnchanged:
-      return Unchanged;
+      return values.isFoundRight() ? Unchanged : Kept;
     case AddressStatusFixed:
       return values.fixed.isEmpty() ? Blank : Fixed;
     case AddressStatusMultiple:
@@ -36,7 +36,8 @@ Kind kindOf(const BatchResultRecord::Values& values) {
 
 void count(Kind kind, qsizetype by, ReviewCounts& counts) {
   counts.pending += kind == Pending ? by : 0;
-  counts.unchanged += kind == Unchanged ? by : 0;
+  counts.unchanged += kind == Unchanged || kind == Kept ? by : 0;
+  counts.kept += kind == Kept ? by : 0;
   counts.fixed += kind == Fixed || kind == Blank ? by : 0;
   counts.blank += kind == Blank ? by : 0;
   counts.multiple += kind == Multiple ? by : 0;

@@ -45,6 +45,7 @@ struct ReviewCounts {
   qsizetype notAsked = 0;   // of the errors: the service failed, not the address
   qsizetype noNetwork = 0;  // of these: there was no network
   qsizetype blank = 0;      // of the fixed: the corrected text is empty
+  qsizetype kept = 0;       // of the unchanged: left as typed without the service's word
 
   qsizetype total() const { return pending + unchanged + fixed + multiple + errors; }
   // Of the segment of `status`.

@@ -26,7 +26,7 @@ QString statusText(const BatchResultRecord::Values& values) {
     case AddressStatusFixed:
       return localizedString(values.own ? "SStatusOwn" : "SStatusFixed");
     case AddressStatusMultiple:
-      return localizedString("SStatusMultiple");
+      return localizedString(values.isDoubtful() ? "SStatusDoubtful" : "SStatusMultiple");
     case AddressStatusError:
       return localizedString(values.isUnanswered() ? "SStatusNotChecked" : "SStatusError");
   }
@@ -41,12 +41,20 @@ QString hintText(const BatchResultRecord::Values& values) {
     case AddressStatusFixed:
       return values.fixed.isEmpty() ? localizedString("SHintBlank") : QString();
     case AddressStatusMultiple:
-      return localizedString("SHintMultiple", values.matches.size());
+      return values.isDoubtful() ? values.remark
+                                 : localizedString("SHintMultiple", values.matches.size());
     case AddressStatusError:
       return values.result;
     default:
       return {};
   }
+}
+
+QString whyText(const BatchResultRecord::Values& values) {
+  if (!values.pending && values.status == AddressStatusUnchanged) {
+    return values.own ? localizedString("SKeptTyped") : values.remark;
+  }
+  return !values.pending && values.own ? localizedString("SFixedOwn") : hintText(values);
 }
 
 QStringList changeTexts(const Differences& differences) {
@@ -74,10 +82,7 @@ QString toolTipText(const BatchResultRecord::Values& values, const Differences& 
   constexpr qsizetype kMostChanges = 12;
   constexpr qsizetype kLongestChange = 120;
   QStringList lines{statusText(values)};
-  const QString hint = hintText(values);
-  if (!hint.isEmpty()) {
-    lines.append(hint);
-  }
+  lines.append(whyText(values));
   const QStringList changes = changeTexts(differences);
   for (const QString& change : changes.first(std::min(changes.size(), kMostChanges))) {
     lines.append(change.size() > kLongestChange ? change.first(kLongestChange) + u'…' : change);
@@ -116,10 +121,14 @@ QString summaryText(const ReviewCounts& counts) {
   if (counts.total() == 0) {
     return {};
   }
-  if (counts.unchanged == counts.total()) {
+  const qsizetype right = counts.unchanged - counts.kept;
+  if (right == counts.total()) {
     return localizedString("SAllRight", counts.total());
   }
   QStringList kept;
+  if (counts.kept > 0) {
+    kept.append(localizedString("STypedKept", counts.kept));
+  }
   if (counts.errors > 0) {
     kept.append(localizedString("SErrorsKept", counts.errors));
   }
@@ -131,8 +140,8 @@ QString summaryText(const ReviewCounts& counts) {
   }
   QStringList sentences{counts.fixed > 0 ? localizedString("SCorrected", counts.fixed)
                                          : localizedString("SNoneCorrected")};
-  if (counts.unchanged > 0) {
-    sentences.append(localizedString("SRight", counts.unchanged));
+  if (right > 0) {
+    sentences.append(localizedString("SRight", right));
   }
   if (!kept.isEmpty()) {
     sentences.append(StringHelpers::stringWithFormat(localizedString("SKept"),

@@ -18,6 +18,9 @@ QString statusText(const BatchResultRecord::Values& values);
 // What stands in place of a corrected text that is not there: the step that a record waits for.
 QString hintText(const BatchResultRecord::Values& values);
 
+// Why a record stands as it does, where its status and its texts do not tell; else empty.
+QString whyText(const BatchResultRecord::Values& values);
+
 // What changed, a sentence for each change, words that moved first.
 QStringList changeTexts(const Differences& differences);
 

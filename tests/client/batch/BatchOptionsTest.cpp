@@ -316,9 +316,21 @@ void BatchOptionsTest::theDoubtfulWaitsForAPerson() {
         {},
         u"A number moved."_qs};
   }
-  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
+  oracle.outcomes[u"rr 2"_qs] = {AddressFix{u"rr 2"_qs, {}}, {}, u"A rural route."_qs};
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"rr 2"_qs}), oracle.ask(),
+                  BatchOptions::all());
   Person& person = open.person;
   QTRY_VERIFY(person.hasFinished());
+  const QString doubtful = u"Doubtful"_qs;
+  QCOMPARE(person.column(2), (QStringList{doubtful, doubtful, doubtful, u"Unchanged"_qs}));
+  QCOMPARE(person.table()->model()->index(0, 1).data(Qt::AccessibleTextRole).toString(),
+           u"A number moved."_qs);
+  person.clickRow(0);
+  QAbstractItemModel& texts = *person.find<QTableView>(u"tvMatches"_qs)->model();
+  QVERIFY(person.label(u"txtMatches"_qs).startsWith(u"This correction is doubtful"_qs));
+  QCOMPARE(texts.headerData(1, Qt::Vertical).toString(), u"As typed"_qs);
+  QCOMPARE(texts.index(0, 0).data(Qt::AccessibleTextRole).toString(),
+           u"As corrected: A X. X added"_qs);
   const auto choose = [&](int row, int candidate) {
     person.clickRow(row);
     QTRY_COMPARE(person.label(u"txtDoubt"_qs), u"A number moved."_qs);
@@ -332,6 +344,12 @@ void BatchOptionsTest::theDoubtfulWaitsForAPerson() {
   QCOMPARE(statusOf(0), AddressStatusFixed);
   QCOMPARE(statusOf(2), AddressStatusMultiple);
   QCOMPARE(open.window.records().at(1)->values().fixed, u"b"_qs);
+  QVERIFY(person.label(u"txtUnchanged"_qs).startsWith(u"You left this text"_qs));
+  person.clickRow(3);
+  QCOMPARE(person.label(u"txtUnchanged"_qs), u"A rural route."_qs);
+  QCOMPARE(
+      person.label(u"txtProgress"_qs),
+      u"1 address was corrected. Left as they are: 2 addresses as typed and 1 open choice."_qs);
 }
 
 // Three without an answer make the run wait; then all get their outcomes, each told once.
