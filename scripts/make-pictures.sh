@@ -86,7 +86,7 @@ leave
 
 batch=(--server "127.0.0.1:$service_port" --candidates "$input/candidates.json" "$input/labels.txt")
 host "${batch[@]}"
-keys Down Down Down Down
+keys Home Down Down Down
 shot batch-finished
 keys F8 Return Home Down
 xdotool type --delay 30 "1200 "
@@ -100,12 +100,12 @@ shot designation-dialog
 leave
 
 host --dark "${batch[@]}"
-keys Down Down Down Down
+keys Home Down Down Down
 shot batch-dark
 leave
 
 QT_SCALE_FACTOR=2 host "${batch[@]}"
-keys Down Down Down Down
+keys Home Down Down Down
 shot batch-200-percent
 leave
 
