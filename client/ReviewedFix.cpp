@@ -60,19 +60,23 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
     return {AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone()))};
   }
   AddressOutcome outcome{fix.answer(), fix.message()};
-  const bool contradicts = fix.confirmation().ContradictsNumber();
-  if (!outcome.answer || outcome.answer->MatchedAddresses.size() >= 2 ||
-      !(fix.review().Doubtful() || contradicts)) {
+  if (!outcome.answer || outcome.answer->MatchedAddresses.size() >= 2) {
     return outcome;
   }
   const QString corrected = outcome.answer->ExactAddress;
+  // What says the same but for punctuation and lines is no correction: the number alone can be
+  // wrong.
+  const bool isDoubtful = fix.review().Doubtful() && !PostwrightClient::isAddress(label, corrected);
+  outcome.isOpen = fix.confirmation().ContradictsNumber();
+  if (!isDoubtful && !outcome.isOpen) {
+    return outcome;
+  }
   outcome.answer->MatchedAddresses = {candidate(corrected)};
   if (corrected != label) {
     outcome.answer->MatchedAddresses.append(candidate(label));
   }
-  outcome.remark = fix.review().Doubtful() ? QString::fromStdWString(fix.review().Reason())
-                                           : sentence(fix.confirmation().Text());
-  outcome.isOpen = contradicts;
+  outcome.remark = isDoubtful ? QString::fromStdWString(fix.review().Reason())
+                              : sentence(fix.confirmation().Text());
   return outcome;
 }
 

@@ -111,27 +111,33 @@ void FixTest::reviewsWhatItCorrects_data() {
   QTest::addColumn<AddressStatus>("status");
   QTest::addColumn<QString>("fixed");
   QTest::addColumn<QString>("proposed");
+  QTest::addColumn<QString>("remark");  // its beginning
   QTest::newRow("no doubt") << kFound << u"3M Co.\n12 main street ne\nPeña, tx 78701-1234"_qs
                             << AddressStatusFixed << u"3M Co.\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
-                            << QString();
+                            << QString() << QString();
   QTest::newRow("another number") << kFound << u"Jo\n14 main st ne\npeña tx 78701-1234"_qs
                                   << AddressStatusMultiple << QString()
-                                  << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs;
+                                  << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
+                                  << u"The number “14”"_qs;
   QTest::newRow("left alone") << kFound << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs
                               << AddressStatusUnchanged << u"Jo\nRR 3 Box 14\npeña tx 78701"_qs
-                              << QString();
+                              << QString() << u"A rural route"_qs;
   QTest::newRow("signs kept, accents composed")
       << u"<R><Address><Address2>112-10 MAIN ST # 4</Address2><City>QUEENS</City>"
          "<State>NY</State><Zip5>11375</Zip5></Address></R>"_qs
       << u"Jose\u0301\n112-10 Main Street #4\nQueens, NY 11375"_qs << AddressStatusFixed
-      << u"Jose\u0301\n112-10 MAIN ST # 4\nQUEENS NY 11375"_qs << QString();
+      << u"Jose\u0301\n112-10 MAIN ST # 4\nQUEENS NY 11375"_qs << QString() << QString();
   QString noNumber = kFound;
   noNumber.replace(u"</Zip4>"_qs,
                    u"</Zip4><DPVConfirmation>N</DPVConfirmation>"
                    "<DPVFootnotes>AAM3</DPVFootnotes>"_qs);
   QTest::newRow("number not there, the same text")
       << noNumber << u"Jo\n12 Main St NE\nPeña, TX 78701-1234"_qs << AddressStatusMultiple
-      << QString() << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs;
+      << QString() << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
+      << u"The street is known, the number is not."_qs;
+  QTest::newRow("the same words on other lines")
+      << kFound << u"Jo\n12 Main\nSt NE, Peña, TX 78701-1234"_qs << AddressStatusUnchanged
+      << u"Jo\n12 Main\nSt NE, Peña, TX 78701-1234"_qs << QString() << QString();
 }
 
 void FixTest::reviewsWhatItCorrects() {
@@ -140,6 +146,7 @@ void FixTest::reviewsWhatItCorrects() {
   QFETCH(const AddressStatus, status);
   QFETCH(const QString, fixed);
   QFETCH(const QString, proposed);
+  QFETCH(const QString, remark);
   const LoopbackServer server(Page(reply));
   Deploy(server.GetEndpoint());
   PostwrightClient client;
@@ -149,7 +156,8 @@ void FixTest::reviewsWhatItCorrects() {
   const BatchResultRecord::Values values = record.values();
   QCOMPARE(values.status, status);
   QCOMPARE(values.fixed, fixed);
-  QCOMPARE(values.remark.isEmpty(), status == AddressStatusFixed);
+  QVERIFY2(values.remark.startsWith(remark), qPrintable(values.remark));
+  QCOMPARE(values.remark.isEmpty(), remark.isEmpty());
   QCOMPARE(values.matches.isEmpty(), proposed.isEmpty());
   if (!proposed.isEmpty()) {
     QCOMPARE(values.matches.at(0)->fixedAddress(), std::optional(proposed));
