@@ -75,6 +75,7 @@ class WindowTest : public QObject {
   void savesAsTheTypeChosen_data();
   void savesAsTheTypeChosen();
   void exportsOverNothingUnasked();
+  void leavesWhenSavedElsewhere();
   void printsFromTheLabelChosen();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
@@ -90,6 +91,7 @@ class WindowTest : public QObject {
   QByteArray bytes(const char* name) const { return _folder->bytes(name); }
   // Has the user press a button of the modal window that is about to come up.
   void answer(const QString& button, QString* said = nullptr);
+  void press(const QString& button, QString* said = nullptr);  // of the one that is up
   // Types a name into a dialog that saves, and returns the field.
   QLineEdit* typeName(QFileDialog* dialog, const QString& typed);
 
@@ -143,21 +145,23 @@ QString WindowTest::shown(int row, int column) const {
 }
 
 void WindowTest::answer(const QString& button, QString* said) {
-  QTimer::singleShot(0, this, [button, said] {
-    QWidget* const window = QApplication::activeModalWidget();
-    QVERIFY(window != nullptr);
-    const auto leave = qScopeGuard([window] { window->close(); });  // a failure must not hang
-    if (const auto* const box = qobject_cast<QMessageBox*>(window); box != nullptr && said) {
-      *said = box->text() + "\n" + box->informativeText();
+  QTimer::singleShot(0, this, [this, button, said] { press(button, said); });
+}
+
+void WindowTest::press(const QString& button, QString* said) {
+  QWidget* const window = QApplication::activeModalWidget();
+  QVERIFY(window != nullptr);
+  const auto leave = qScopeGuard([window] { window->close(); });  // a failure must not hang
+  if (const auto* const box = qobject_cast<QMessageBox*>(window); box != nullptr && said) {
+    *said = box->text() + "\n" + box->informativeText();
+  }
+  for (QAbstractButton* const each : window->findChildren<QAbstractButton*>()) {
+    if (each->text().remove('&').startsWith(button)) {
+      QTest::mouseClick(each, Qt::LeftButton);
+      return;
     }
-    for (QAbstractButton* const each : window->findChildren<QAbstractButton*>()) {
-      if (each->text().remove('&').startsWith(button)) {
-        QTest::mouseClick(each, Qt::LeftButton);
-        return;
-      }
-    }
-    QFAIL(qPrintable("no button " + button));
-  });
+  }
+  QFAIL(qPrintable("no button " + button));
 }
 
 // Keys typed in one go are one step of the window's undoing, whose key works in the field, too.
@@ -404,6 +408,28 @@ void WindowTest::exportsOverNothingUnasked() {
   trigger("exportSafely");
   QVERIFY2(said.contains("“list.csv” is there already."), qPrintable(said));
   QCOMPARE(bytes("list.csv"), "precious");
+}
+
+// Another program has changed the file; the book is saved under another name, and the window
+// closes.
+void WindowTest::leavesWhenSavedElsewhere() {
+  put("book.csv", kBook + "Bo,1 A St,Reno,NV,89501,\n");
+  _window->document().edit(0, "changed");
+  QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(0, this, [this] {
+      QTimer::singleShot(0, this, [this] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog != nullptr);
+        const auto leave = qScopeGuard([dialog] { dialog->close(); });
+        QTest::keyClick(typeName(dialog, "other"), Qt::Key_Return);
+      });
+      press("Save As");
+    });
+    press("Save");
+  });
+  QVERIFY(_window->close());
+  QVERIFY(bytes("other.csv").contains("changed"));
+  QVERIFY(!bytes("book.csv").contains("changed"));
 }
 
 void WindowTest::savesAsTheTypeChosen() {
