@@ -46,8 +46,12 @@ start_service() {
 show_labels() {
   scripts/build.sh postwright-cli postwright-verifyd
   start_service
-  echo "A local Verify service answers on $server. The labels, before and after:"
-  echo
+  cat << END
+A local Verify service answers on $server. It knows the city of every ZIP code and how an address
+is written, but no streets (docs/address-base.md tells how to give it some). The labels, before and
+after:
+
+END
   scripts/show-labels.sh "$server" examples/labels/*.txt
   cat << 'END'
 The service has been stopped. To go on by hand:

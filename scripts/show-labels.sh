@@ -30,24 +30,47 @@ side_by_side() {
 
 longest() { wc --max-line-length <<< "$1"; }
 
+# Two texts side by side, or one below the other where they are too wide.
+both() {
+  if [ "$(longest "$1")" -le "$column" ] && [ "$(longest "$2")" -le "$column" ]; then
+    side_by_side "$1" "$2"
+  else
+    sed 's/^/  - /' <<< "$1"
+    sed 's/^/  + /' <<< "$2"
+  fi
+}
+
+fix() { "$postwright" fix --server "$server" "$@"; }
+
+said=$(mktemp)  # what a fix says on standard error
+trap 'rm -f "$said"' EXIT
+
 for file in "$@"; do
   before=$(cat "$file")
-  name=$(basename "$file" .txt)
+  status=0
+  after=$(fix "$file" 2> "$said") || status=$?
+  printf '%s: ' "$(basename "$file" .txt)"
   if ! "$postwright" parse "$file" > /dev/null 2>&1; then
-    printf '%s: no address in it\n' "$name"
+    echo "no address in it"
     sed 's/^/  /' <<< "$before"
-  elif ! after=$("$postwright" fix --server "$server" "$file" 2>&1); then
-    printf '%s: turned down: %s\n' "$name" "$after"
+  elif [ "$status" = 3 ]; then
+    echo "doubtful, so it stays as it is until you say otherwise (--accept-doubtful)"
+    both "$before" "$(fix --accept-doubtful "$file" 2> /dev/null)"
+    sed -n '1{s/.* is doubtful[.:] */  Why: /;p}' "$said"
+  elif [ "$status" != 0 ]; then
+    echo "not corrected"
     sed 's/^/  /' <<< "$before"
+    sed 's/^/  Why: /;2,$s/Why:/    /' "$said"
+  elif [ -s "$said" ]; then
+    echo "left alone"
+    sed 's/^/  /' <<< "$before"
+    sed 's/^/  Why: /' "$said"
+  elif [ "$(essence "$before")" = "$(essence "$after")" ]; then
+    echo "already in standard form, but for case and punctuation"
+    both "$before" "$after"
   else
-    if [ "$(essence "$before")" = "$(essence "$after")" ]; then outcome="already right"; else outcome=corrected; fi
-    printf '%s: %s\n' "$name" "$outcome"
-    if [ "$(longest "$before")" -le "$column" ] && [ "$(longest "$after")" -le "$column" ]; then
-      side_by_side "$before" "$after"
-    else
-      sed 's/^/  - /' <<< "$before"
-      sed 's/^/  + /' <<< "$after"
-    fi
+    echo corrected
+    both "$before" "$after"
   fi
   echo
 done
