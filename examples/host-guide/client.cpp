@@ -10,6 +10,10 @@
 // guide: include
 #include <postwright/PostwrightClient.h>
 // guide: end
+// guide: care-include
+#include <postwright/ReviewedFix.h>
+#include <postwright/VerifyFailure.h>
+// guide: end
 
 #include <QTextStream>
 #include <QThread>
@@ -30,6 +34,27 @@ void fix(const QString& text) {
   show(fixed ? *fixed : *client.lastResult());
   // guide: end
 }
+
+// guide: care
+// Shows the corrected label, or why a person should look at it.
+void fixWithCare(const QString& label) {
+  postwright::PostwrightClient client;
+  client.setRemovePunctuation(false);  // which signs stay is for LabelForm to say
+  const postwright::ReviewedFix fix(client, label, {});
+  if (fix.leftAlone() != postwright::LeftAloneNot) {
+    show(QString::fromUtf8(postwright::TextOfReason(fix.leftAlone())));
+  } else if (!fix.answer()) {
+    const std::string server = postwright::GetDeployment().verifyHost;
+    show(QString::fromStdString(postwright::VerifyFailure(client.lastReport(), server).Text()));
+  } else if (fix.review().Doubtful()) {
+    show(QString::fromStdWString(fix.review().Reason()));
+  } else if (fix.confirmation().ContradictsNumber()) {
+    show(QString::fromUtf8(fix.confirmation().Text()));
+  } else {
+    show(fix.answer()->ExactAddress);
+  }
+}
+// guide: end
 
 void fixWithOptions() {
   // guide: options
@@ -97,6 +122,10 @@ int main(int argc, char** argv) {
   const QString label = QStringLiteral("12 n main street\naustin, texas 78701");
   fix(label);
   fix(QStringLiteral("ring twice"));
+  fixWithCare(QStringLiteral("3M Company\n12 n main street\naustin, texas 78701-1234"));
+  fixWithCare(QStringLiteral("845B Main Street\nHouston TX 77002"));
+  fixWithCare(QStringLiteral("RR 3 Box 14\nSpringfield IL 62701"));
+  fixWithCare(QStringLiteral("1 Nowhere Lane\nAtlantis AK 33139"));
   fixWithOptions();
   fixList({label, QStringLiteral("12 N Main St, Austin TX 78701"), QStringLiteral("ring twice")});
   fixOnThread(label);
