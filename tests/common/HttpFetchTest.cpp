@@ -130,6 +130,43 @@ TEST(HttpFetchTest, CountsBodiesAsTheyAreUnpacked) {
   }
 }
 
+// Each head of 40 KiB and with one coding, the bound being 64 KiB: interim answers count with their
+// answer, a redirect does not count with where it leads.
+TEST(HttpFetchTest, CountsEachAnswersHeadAlone) {
+  const std::string field = "A: " + std::string(std::size_t{40} << 10U, 'x') + "\r\n";
+  const std::string rest = "Content-Encoding: deflate\r\n" + field + "\r\n" + Pack("hello");
+  const std::string go = "HTTP/1.1 302 Go\r\nLocation: /last\r\nContent-Encoding: deflate\r\n" +
+                         field + "Content-Length: 0\r\n\r\n";
+  const std::string interim = "HTTP/1.1 103 Wait\r\n" + field + "\r\n";
+  const std::string early = "HTTP/1.1 103 Wait\r\nContent-Encoding: deflate\r\n\r\n";
+  const std::string ok = "HTTP/1.1 200 OK\r\n";
+  const struct {
+    const char* name;
+    std::string first;  // in answer to the first request
+    HttpOutcome end;
+  } rows[] = {
+      {"a redirect", go, HttpOutcome::Answered},
+      {"an interim answer", early + ok + rest, HttpOutcome::Answered},
+      {"a long one", interim + ok + rest, HttpOutcome::TooLong},
+      {"two codings", ok + "Content-Encoding: deflate\r\n" + rest, HttpOutcome::BadAnswer},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const LoopbackServer server([&](const std::string& request) {
+      const bool isLast = request.find("/last ") != std::string::npos;
+      return LoopbackServer::Answer{isLast ? ok + rest : row.first, isLast || row.first != go};
+    });
+    HttpLimits limits = HostileLimits();
+    limits.redirects = 1;
+    HttpRequest request = {Url(server)};
+    request.takesPacked = true;
+    HttpFetch http;
+    const HttpReply reply = http.Send(request, limits);
+    EXPECT_EQ(reply.outcome, row.end) << reply.detail;
+    EXPECT_EQ(reply.body, row.end == HttpOutcome::Answered ? "hello" : "");
+  }
+}
+
 TEST(HttpFetchTest, EndsWhenCancelled) {
   const LoopbackServer server(LoopbackServer::Answer{""});
   std::atomic<bool> cancelled = false;
