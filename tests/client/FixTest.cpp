@@ -36,6 +36,7 @@ class FixTest : public QObject {
   void wantsNoReplyWithoutANetwork();
   void reviewsWhatItCorrects_data();
   void reviewsWhatItCorrects();
+  void offersWhatIsDoubtful();
   void presentsCandidates();
   void outcomeDecidesStatus();
   void changeDuringAFixWins();
@@ -162,6 +163,48 @@ void FixTest::reviewsWhatItCorrects() {
   if (!proposed.isEmpty()) {
     QCOMPARE(values.matches.at(0)->fixedAddress(), std::optional(proposed));
     QCOMPARE(values.matches.at(1)->fixedAddress(), std::optional(label));
+  }
+}
+
+// What fixReviewed gives a window: candidates, a remark, and whether the address stays open.
+void FixTest::offersWhatIsDoubtful() {
+  QString noNumber = kFound;
+  noNumber.replace(u"</Zip4>"_qs,
+                   u"</Zip4><DPVConfirmation>N</DPVConfirmation>"
+                   "<DPVFootnotes>AAM1</DPVFootnotes>"_qs);
+  QString otherZip = kFound;
+  otherZip.replace(u"</Zip4>"_qs, u"</Zip4><Footnotes>A</Footnotes>"_qs);
+  const struct {
+    QString reply;
+    QString label;
+    qsizetype candidates;
+    QString remark;  // how it begins
+    bool isOpen;
+  } rows[] = {
+      {kFound, u"12 main st ne\npeña tx 78701-1234"_qs, 0, {}, false},
+      {kFound, u"14 main st ne\npeña tx 78701-1234"_qs, 2, u"The number “14” became “12”."_qs,
+       false},
+      {kFound, u"12 main st ne\npeña tx 78702"_qs, 2, u"The ZIP code"_qs, false},
+      {otherZip, u"12 main st ne\npeña tx 78702"_qs, 0, {}, false},
+      {noNumber, u"12 main st ne\npeña tx 78701-1234"_qs, 2, u"the street is known"_qs, true},
+      {noNumber, u"12 MAIN ST NE\nPEÑA TX 78701-1234"_qs, 1, u"the street is known"_qs, true},
+      {noNumber, u"14 main st ne\npeña tx 78701-1234"_qs, 2, u"The number"_qs, true},
+      {kFound, u"RR 3 Box 14\npeña tx 78701"_qs, 0, u"A rural route"_qs, false},
+      {u"<R><Address><Error/></Address></R>"_qs, u"12 main st ne\npeña tx 78701"_qs, 0, {}, false},
+  };
+  for (const auto& row : rows) {
+    const LoopbackServer server(Page(row.reply));
+    Deploy(server.GetEndpoint());
+    PostwrightClient client;
+    client.setRemovePunctuation(false);
+    const AddressOutcome outcome = fixReviewed(client, row.label, {});
+    const bool isAnswer = row.reply != rows[8].reply;
+    QCOMPARE(outcome.answer.has_value(), isAnswer);
+    QCOMPARE(outcome.message, isAnswer ? QString() : u"Invalid Address"_qs);
+    QCOMPARE(outcome.answer.value_or(AddressFix()).MatchedAddresses.size(), row.candidates);
+    QVERIFY2(outcome.remark.startsWith(row.remark), qUtf8Printable(outcome.remark));
+    QCOMPARE(outcome.remark.isEmpty(), row.remark.isEmpty());
+    QCOMPARE(outcome.isOpen, row.isOpen);
   }
 }
 
