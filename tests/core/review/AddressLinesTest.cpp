@@ -81,6 +81,31 @@ TEST(AddressLinesTest, FindsTheAddressOfEachLabel) {
   EXPECT_GT(labels, 80);
 }
 
+TEST(AddressLinesTest, PutsTheAnswerInThePlaceOfTheAddress) {
+  const std::wstring answer = L"12 MAIN ST APT 4\nAUSTIN TX 78701";
+  const struct {
+    std::wstring label;
+    std::wstring put;
+  } rows[] = {
+      {L"Jo\n12 Main St\nApt 4\nAustin TX 78701\nRing",
+       L"Jo\n12 MAIN ST APT 4\nAUSTIN TX 78701\nRing"},
+      {L"12 Main St\nAttn: Jo\nAustin TX 78701\nRing",
+       L"12 MAIN ST APT 4\nAttn: Jo\nAUSTIN TX 78701\nRing"},
+      {L"12 Main St\r\nAttn: Jo\r\nDesk Two\r\nAustin TX 78701",
+       L"12 MAIN ST APT 4\r\nAttn: Jo\r\nDesk Two\r\nAUSTIN TX 78701"},
+      {L"Jo, 12 Main St, Austin, TX 78701", L"Jo\n12 MAIN ST APT 4\nAUSTIN TX 78701"},
+      {L"Jo / 12 Main St / Austin TX 78701 \u2022 Ring",
+       L"Jo\n12 MAIN ST APT 4\nAUSTIN TX 78701\nRing"},
+      {L"\n12 Main St, Austin, TX 78701, USA\n", L"\n12 MAIN ST APT 4\nAUSTIN TX 78701\nUSA\n"},
+      {L"12 Main St, Austin, TX 78701\r\n", L"12 MAIN ST APT 4\r\nAUSTIN TX 78701\r\n"},
+      {L"RR 3 Box 14\nSpringfield IL 62701", L"RR 3 Box 14\nSpringfield IL 62701"},
+      {L"ring twice", answer},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Utf8FromWide(AddressLines(row.label).PutBack(answer)), Utf8FromWide(row.put));
+  }
+}
+
 TEST(AddressLinesTest, FindsThreeLinesOverEveryCity) {
   std::ifstream file(POSTWRIGHT_ZIPS);
   int cities = 0;
