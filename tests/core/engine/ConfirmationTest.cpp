@@ -27,13 +27,17 @@ TEST(ConfirmationTest, CallsNothingConfirmedThatIsNot) {
       {Dpv("S", "AACC"), "unit-not-known", false},
       {Dpv("N", "AAM3"), "number-not-known", true},
       {Dpv("N", "AAM1"), "number-not-known", true},
+      {Dpv("N", "AAP1"), "number-not-known", true},
       {Dpv("N", "AAP3"), "number-not-known", true},
+      {Dpv("N", "AAF1"), "number-not-known", false},
+      {Dpv("Y", "AAM3"), "confirmed", false},
       {Dpv("N", "AA"), "number-not-known", false},
       {Dpv("N", "A1M3"), "form-only", false},
       {Dpv("N", "1AAM3"), "form-only", false},  // no pair is AA
       {Dpv("N", ""), "form-only", false},
       {"<Address2>12 MAIN ST</Address2>", "form-only", false},
       {"<Error><Number>1</Number></Error>", "", false},
+      {"<Error><Description>No</Description></Error>", "", false},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.address);
