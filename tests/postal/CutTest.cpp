@@ -144,7 +144,13 @@ TEST(CutTest, JoinsWhatTheQueryCuts) {
       {"API=Verify&XML=A&%23x0A;B", "API=Verify&XML=A%26%23x0A;B"},
       {"XML=A&#x0A;B&lt;C&gt;D&quot;E", "XML=A%26#x0A;B%26lt;C%26gt;D%26quot;E"},
       {"XML=A&%23x0a%3bB", "XML=A%26%23x0a%3bB"},
+      {"XML=A&#x0D%3BB", "XML=A%26#x0D%3BB"},
+      {"XML=A&%23x9;B", "XML=A%26%23x9;B"},
       {"XML=A&%23x07;B", "XML=A%20B"},
+      {"XML=A&#x1F;B&#x0;C&#x20;D", "XML=A%20B%20C%26#x20;D"},
+      {"XML=&%23x0010FFFF%3bB", "XML=%26%23x0010FFFF%3bB"},  // the longest that there is
+      {"XML=&%23x000010FFFF%3bB", "XML=&%23x000010FFFF%3bB"},
+      {"XML=&&#x0A;&", "XML=&%26#x0A;&"},
       {"XML=A&lt=B&quot", "XML=A&lt=B&quot"},
       {"XML=A&%23x;B&%23xZZ;C&amp;D", "XML=A&%23x;B&%23xZZ;C&amp;D"},
       {"&", "&"},

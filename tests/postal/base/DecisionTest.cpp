@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "postal/base/StreetLikeness.h"
+#include "postal/base/UnitMatch.h"
 #include "postal/import/CsvSource.h"
 #include "service/Verifier.h"
 #include "tests/postal/DocTable.h"
@@ -88,6 +90,75 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
     EXPECT_EQ(fields->returnText.empty(), fields->dpvConfirmation != "D");
     EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
     EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
+  }
+}
+
+TEST(UnitMatchTest, FindsTheUnitThatIsMeant) {
+  const struct {
+    std::vector<std::string> units;
+    const char* asked;
+    const char* meant;
+    bool isThere;  // called as it was asked for
+  } rows[] = {
+      {{"APT 4", "APT 5"}, "APT 5", "APT 5", true},
+      {{"APT 5", "STE 5"}, "UNIT 5", "", false},
+      {{"APT 5", "STE 5"}, "# 5", "", true},
+      {{"APT 5", "APT 6"}, "# 5", "APT 5", true},
+      {{"5", "6"}, "STE 5", "5", true},
+      {{"APT 005"}, "APT 5", "APT 005", true},
+      {{"APT 2A"}, "APT 2-A", "APT 2A", true},
+      {{"APT 2A"}, "APT 2 A", "APT 2A", true},
+      {{"APT 2-2"}, "APT 22", "", false},
+      {{"BLDG 4 APT 2"}, "BLDG 4 STE 2", "BLDG 4 APT 2", false},
+      {{"BLDG 4 APT 2"}, "APT 2", "", false},
+      {{"FL 5", "BLDG 5"}, "STE 5", "", false},
+      {{"APT 5"}, "APT", "", false},
+      {{}, "APT 5", "", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.asked);
+    EXPECT_EQ(FindUnit(row.units, row.asked), row.meant);
+    EXPECT_EQ(HasUnit(row.units, row.asked), row.isThere);
+  }
+  for (const char* kind : {"APT", "DEPT", "LOT", "OFC", "RM", "SPC", "STE", "TRLR", "UNIT"}) {
+    const std::string unit = std::string(kind) + " 5";
+    EXPECT_EQ(FindUnit({unit}, "APT 5"), unit);
+    EXPECT_EQ(FindUnit({"UNIT 5"}, unit), "UNIT 5");
+  }
+}
+
+TEST(StreetLikenessTest, TellsHowTwoStreetsDiffer) {
+  using enum Likeness;
+  const struct {
+    StreetName asked;
+    StreetName known;
+    Likeness likeness;
+  } rows[] = {
+      {{"N", "MAIN", "ST", "", ""}, {"N", "MAIN", "ST", "", ""}, Same},
+      {{"", "MACARTHUR", "RD", "", ""}, {"", "MAC ARTHUR", "RD", "", ""}, Same},
+      {{"", "MAIN", "ST", "", ""}, {"N", "MAIN", "ST", "", ""}, ElementMissing},
+      {{"", "MAIN", "", "", ""}, {"N", "MAIN", "ST", "", ""}, ElementsMissing},
+      {{"", "MAIN", "", "", ""}, {"N", "MAIN", "ST", "E", ""}, ElementsMissing},
+      {{"N", "MAIN", "ST", "", ""}, {"", "MAIN", "ST", "", ""}, ElementWrong},
+      {{"N", "MAIN", "ST", "", ""}, {"S", "MAIN", "ST", "", ""}, ElementWrong},
+      {{"", "OAK", "AVE", "", ""}, {"", "OAK", "ST", "", ""}, ElementWrong},
+      {{"", "PERK", "ST", "", ""}, {"", "PARK", "ST", "", ""}, OneLetter},
+      {{"", "ELK", "ST", "", ""}, {"", "ELM", "ST", "", ""}, Different},
+      {{"", "PERK", "", "", ""}, {"", "PARK", "ST", "", ""}, Different},
+      {{"", "HIGHWAY 9", "", "", ""}, {"", "STATE ROUTE 9", "", "", ""}, Same},
+      {{"", "STATE HIGHWAY 9", "", "", ""}, {"", "HIGHWAY 9", "", "", ""}, Same},
+      {{"", "US HIGHWAY 9", "", "", ""}, {"", "ROUTE 9", "", "", ""}, Same},
+      {{"", "STATE ROAD 9", "", "", ""}, {"", "STATE ROUTE 9", "", "", ""}, Same},
+      {{"", "US HIGHWAY 9", "", "", ""}, {"", "STATE ROUTE 9", "", "", ""}, Different},
+      {{"", "STATE ROUTE 9", "", "", ""}, {"", "US HIGHWAY 9", "", "", ""}, Different},
+      {{"", "HIGHWAY 9", "", "", ""}, {"", "HIGHWAY 8", "", "", ""}, Different},
+      {{"", "CALLE 1", "", "", "URB A"}, {"", "CALLE 1", "", "", "URB A"}, Same},
+      {{"", "CALLE 1", "", "", "URB A"}, {"", "CALLE 1", "", "", "URB B"}, Different},
+      {{"", "CALLE 1", "", "", ""}, {"", "CALLE 1", "", "", "URB B"}, ElementMissing},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(StreetLikeness(row.asked).To(row.known), row.likeness)
+        << ComposeStreet(row.asked) << " | " << ComposeStreet(row.known);
   }
 }
 
