@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "service/http/ConnectionWatch.h"
+#include "service/http/HeadCheck.h"
 #include "tests/service/Socket.h"
 
 namespace postwright::service {
@@ -376,6 +377,70 @@ TEST(RequestLogTest, CountsWhatItLeavesOut) {
   reader.join();
   EXPECT_TRUE(isTold);
   EXPECT_EQ(told, lines);
+}
+
+TEST(HeadCheckTest, KnowsWhatAProxyAdds) {
+  for (const char* name : {"X-Forwarded-For",
+                           "x-forwarded-port",
+                           "X-Forwarded",
+                           "Forwarded",
+                           "Forwarded-For",
+                           "via",
+                           "X-REAL-IP",
+                           "X-Client-IP",
+                           "Client-IP",
+                           "True-Client-IP",
+                           "X-Cluster-Client-IP",
+                           "X-Original-Forwarded-For",
+                           "X-Original-Host",
+                           "X-ProxyUser-IP",
+                           "X-Remote-Addr",
+                           "X-Remote-IP",
+                           "X-Envoy-External-Address",
+                           "CF-Connecting-IP",
+                           "Fastly-Client-IP",
+                           "CDN-Loop",
+                           "X-Azure-ClientIP"}) {
+    EXPECT_TRUE(IsForwarded({"HTTP/1.1", "/", {{"Host", "a"}, {name, ""}}})) << name;
+  }
+  for (const char* name : {"Host", "X-Forward", "Forward", "Via-X", "X", "Accept"}) {
+    EXPECT_FALSE(IsForwarded({"HTTP/1.1", "/", {{name, "Via"}}})) << name;
+  }
+}
+
+// What the server's library refuses itself does not come this far with every version of it.
+TEST(HeadCheckTest, ObjectsToWhatCouldBeReadInTwoWays) {
+  const RequestHead plain = {"HTTP/1.1", "/?a=%00", {{"Host", "a"}, {"A", "b\tc \xC3\x84"}}};
+  EXPECT_EQ(ObjectionTo(plain), "");
+  const auto with = [&](std::initializer_list<std::pair<std::string_view, std::string_view>> more) {
+    RequestHead head = plain;
+    head.fields.insert(head.fields.end(), more);
+    return ObjectionTo(head);
+  };
+  EXPECT_EQ(with({{"content-length", "007"}}), "");
+  EXPECT_EQ(with({{"transfer-encoding", "Chunked"}}), "");
+  for (const char* name : {"", "A ", "A(", "A:", "A\t", "\xC3\x84", "A\x7F"}) {
+    EXPECT_EQ(with({{name, ""}}), "a header that cannot be read") << name;
+  }
+  for (const char* value : {"\r", "\n", "\x01", "a\x1F", "\x7F"}) {
+    EXPECT_EQ(with({{"B", value}}), "a header that cannot be read") << value;
+  }
+  for (const char* length : {"", "+1", "-1", "1 ", "1,1", "0x1", "1.0"}) {
+    EXPECT_EQ(with({{"Content-Length", length}}), "a Content-Length that is not one number");
+  }
+  EXPECT_EQ(with({{"Content-Length", "1"}, {"Content-Length", "1"}}),
+            "a Content-Length that is not one number");
+  for (const char* coding : {"", "gzip", "chunked, chunked", "gzip, chunked", "chunked;a"}) {
+    EXPECT_EQ(with({{"Transfer-Encoding", coding}}), "a Transfer-Encoding other than chunked");
+  }
+  EXPECT_EQ(with({{"host", "a"}}), "two Hosts");
+  const char* const kBoth = "a Transfer-Encoding beside a Content-Length, or in HTTP/1.0";
+  EXPECT_EQ(with({{"Content-Length", "1"}, {"Transfer-Encoding", "chunked"}}), kBoth);
+  EXPECT_EQ(ObjectionTo({"HTTP/1.0", "/", {{"Transfer-Encoding", "chunked"}}}), kBoth);
+  EXPECT_EQ(ObjectionTo({"HTTP/1.0", "/", {{"Content-Length", "1"}}}), "");
+  for (const char* target : {"/ a", "/\ta", "/\x7F", "/\x01", " /"}) {
+    EXPECT_EQ(ObjectionTo({"HTTP/1.1", target, {}}), "a request line that cannot be read");
+  }
 }
 
 TEST(ListenAddressTest, KnowsLoopback) {
