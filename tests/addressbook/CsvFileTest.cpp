@@ -29,6 +29,8 @@ class CsvFileTest : public QObject {
   void dividesLabels();
   void readsFilesAsTheyCome_data();
   void readsFilesAsTheyCome();
+  void readsOddFiles_data();
+  void readsOddFiles();
   void removesOneOfTwo();
   void dividesByNothing();
   void guessesColumns_data();
@@ -228,6 +230,58 @@ void CsvFileTest::readsFilesAsTheyCome_data() {
   QTest::newRow("names that say nothing")
       << QByteArray("a,b,c\nZoe Li,1 Elm St,\"Reno, NV 89501\"\n")
       << QStringList{": Zoe Li\n1 Elm St\nReno, NV 89501"};
+}
+
+// What a guess must not be led astray by.
+void CsvFileTest::readsOddFiles_data() {
+  QTest::addColumn<QByteArray>("file");
+  QTest::addColumn<QStringList>("entries");
+  const QString zoe = ": Zoe Li\n1 Elm St\nReno, NV 89501";
+  QTest::newRow("full name, mostly empty")
+      << QByteArray(
+             "Name,First Name,Last Name,Street,City,State,Zip\n"
+             ",Zoe,Li,1 Elm St,Reno,NV,89501\n,Al,Roe,2 Elm St,Reno,NV,89501\n"
+             "The Does,Ed,Doe,3 Elm St,Reno,NV,89501\n")
+      << QStringList{zoe, ": Al Roe\n2 Elm St\nReno, NV 89501",
+                     ": Ed Doe\n3 Elm St\nReno, NV 89501"};
+  QTest::newRow("the whole address beside its pieces")
+      << QByteArray(
+             "Name,Address,Street,City,State,Zip\nZoe Li,\"One Elm, Reno\",1 Elm "
+             "St,Reno,NV,89501\n")
+      << QStringList{zoe};
+  QTest::newRow("a title that is none")
+      << QByteArray("Title,Name,Street,City,State,Zip\nBoss,Zoe Li,1 Elm St,Reno,NV,89501\n")
+      << QStringList{zoe};
+  QTest::newRow("numbers in half the rows are no ZIP codes")
+      << QByteArray(
+             "a,b,c,d\nZoe Li,1 Elm St,\"Reno, NV 89501\",12345\nAl Roe,2 Elm St,\"Elko, NV "
+             "89801\",call first\n")
+      << QStringList{zoe, ": Al Roe\n2 Elm St\nElko, NV 89801"};
+  QTest::newRow("a note behind the street is no name")
+      << QByteArray("a,b,c\n1 Elm St,\"Reno, NV 89501\",likes long walks\n")
+      << QStringList{": 1 Elm St\nReno, NV 89501"};
+  QTest::newRow("nor are words beside one")
+      << QByteArray("Name,b,c,d\nZoe Li,best friend,1 Elm St,\"Reno, NV 89501\"\n")
+      << QStringList{zoe};
+  QTest::newRow("ZIP code of nine digits")
+      << QByteArray("a,b,c,d,e\nZoe Li,1 Elm St,Reno,NV,895011234\n") << QStringList{zoe + "1234"};
+  QTest::newRow("an e-mail address is no street")
+      << QByteArray("a,b,c,d\nZoe Li,1 zoe@x.example,1 Elm St,\"Reno, NV 89501\"\n")
+      << QStringList{zoe};
+  QTest::newRow("several lines above")
+      << QByteArray(
+             "St. Brigid\nList of 2026\n\nCompany\nfor the mailing\n"
+             "Name,Street,City,State,Zip\nZoe Li,1 Elm St,Reno,NV,89501\n")
+      << QStringList{zoe};
+  QTest::newRow("the delimiter named in capitals, no names")
+      << QByteArray("SEP=;\r\nZoe Li, Esq;1 Elm St;Reno, NV 89501\r\n")
+      << QStringList{": Zoe Li, Esq\n1 Elm St\nReno, NV 89501"};
+  QTest::newRow("one row, no names")
+      << QByteArray("Zoe Li,1 Elm St,\"Reno, NV 89501\"\n") << QStringList{zoe};
+}
+
+void CsvFileTest::readsOddFiles() {
+  readsFilesAsTheyCome();
 }
 
 // The entries are those of the file; a corrected street goes where it came from, and nowhere else.
