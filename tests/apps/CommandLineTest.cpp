@@ -197,8 +197,10 @@ TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
            "/dev/null < /dev/null | grep -c $'\\u009b'; rm odd",
            0, "1\n", ""},
           {"a name on a terminal",
-           "script -qec \"$postwright parse $'no\\033[2Jwhere'\" /dev/null < /dev/null", 2,
-           "cannot read no\xEF\xBF\xBD[2Jwhere", ""},
+           "export odd=$'no\\033[2Jwhere'; script -qec \"$postwright parse \\\"\\$odd\\\"\" "
+           "/dev/null "
+           "< /dev/null",
+           2, "cannot read no\xEF\xBF\xBD[2Jwhere", ""},
           {"no plain file", "$postwright parse --jsonl --output /dev/null", 2, "", "no plain file"},
           {"no such folder", "$postwright parse --jsonl --output /nowhere/x", 2, "",
            "cannot create /nowhere/x: No such file"},
