@@ -47,9 +47,8 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
   }
   // Where the user tried another text and found that one right, nothing is known of the label; nor
   // where the user kept it, or nobody was asked.
-  return values.address == label && values.isFoundRight()
-             ? FixOutcome{FixOutcome::Kind::Right, {}}
-             : FixOutcome{};
+  return values.address == label && values.isFoundRight() ? FixOutcome{FixOutcome::Kind::Right, {}}
+                                                          : FixOutcome{};
 }
 
 }  // namespace
