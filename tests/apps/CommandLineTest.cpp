@@ -191,10 +191,11 @@ TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
            "cd $folder; $postwright parse --jsonl --output - labels; ls -- - 2>&-", 2,
            LabelRecord(), ""},
           {"controls on a terminal",
-           R"(cd $folder; printf '{"id":"\u009b\u202e",' > odd; )"
-           R"(printf '"address":"Bob \u009b2J\u202e\\n1 a st\\naustin tx 78701"}' >> odd; )"
+           "cd $folder; printf '{\"id\":\"\xC2\x9B\xE2\x80\xAE\",' > odd; "
+           "printf '\"address\":\"Bob \xC2\x9B\x32J\xE2\x80\xAE\\\\n1 a st' >> odd; "
+           R"(printf '\\naustin tx 78701"}' >> odd; )"
            "script -qec \"$postwright parse --jsonl odd; $postwright parse --jsonl odd | cat\" "
-           "/dev/null < /dev/null | grep -c $'\\u009b'; rm odd",
+           "/dev/null < /dev/null | grep -c '\xC2\x9B'; rm odd",
            0, "1\n", ""},
           {"a name on a terminal",
            "export odd=$'no\\033[2Jwhere'; script -qec \"$postwright parse \\\"\\$odd\\\"\" "
@@ -231,7 +232,7 @@ TEST(CommandLineTest, FixesWithTheService) {
            fix + " --whole-label <<< $'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'", 0,
            "JANE DOE\n12 N MAIN ST APT 4\nAUSTIN TX 78701\n", ""},
           {"signs of the postal standard",
-           fix + " <<< $'Maria & Jos\\u00e9 Garc\\u00eda-L\\u00f3pez\\n112-10 N.W. O\\'Neil Ave., "
+           fix + " <<< $'Maria & Jos\u00e9 Garc\u00eda-L\u00f3pez\\n112-10 N.W. O\\'Neil Ave., "
                  "#4\\n"
                  "Winston-Salem,NC 27101'",
            0,
@@ -252,7 +253,7 @@ TEST(CommandLineTest, FixesWithTheService) {
           {"no such form", "$postwright fix --names upper", 2, "",
            "'upper' is not as-typed or same-case"},
           {"an accent of two characters",
-           fix + " --whole-label <<< $'Jose\\u0301\\n12 n main st\\nAustin TX 78701'", 0,
+           fix + " --whole-label <<< $'Jose\u0301\\n12 n main st\\nAustin TX 78701'", 0,
            "JOS\u00c9\n12 N MAIN ST\nAUSTIN TX 78701\n", ""},
           {"left alone", fix + " <<< $'Jane Doe\\nRR 3 Box 14\\nSpringfield IL 62701'", 0,
            "Jane Doe\nRR 3 Box 14\nSpringfield IL 62701\n", "it cannot be checked"},
