@@ -102,11 +102,11 @@ class HttpFetch::Handle {
   Handle& operator=(const Handle&) = delete;
 
   bool IsOurs() const { return owner_ == getpid(); }
-  HttpReply Send(const HttpRequest& request, const HttpLimits& limits);
+  Reply Send(const Request& request, const HttpLimits& limits);
 
  private:
-  void Prepare(const HttpRequest& request, const HttpLimits& limits, HttpTransfer& transfer);
-  void ReadHead(HttpReply& reply) const;
+  void Prepare(const Request& request, const HttpLimits& limits, HttpTransfer& transfer);
+  void ReadHead(Reply& reply) const;
 
   const pid_t owner_ = getpid();
   CURL* curl_ = nullptr;
@@ -128,7 +128,7 @@ HttpFetch::Handle::~Handle() {
 }
 
 // Sets everything anew: the last call's memory is gone, its connection is there.
-void HttpFetch::Handle::Prepare(const HttpRequest& request, const HttpLimits& limits,
+void HttpFetch::Handle::Prepare(const Request& request, const HttpLimits& limits,
                                 HttpTransfer& transfer) {
   curl_easy_reset(curl_);
   curl_easy_setopt(curl_, CURLOPT_NOSIGNAL, 1L);
@@ -159,8 +159,8 @@ void HttpFetch::Handle::Prepare(const HttpRequest& request, const HttpLimits& li
   curl_easy_setopt(curl_, CURLOPT_VERBOSE, 1L);  // or Trace is never called
 }
 
-HttpReply HttpFetch::Handle::Send(const HttpRequest& request, const HttpLimits& limits) {
-  HttpReply reply;
+HttpFetch::Reply HttpFetch::Handle::Send(const Request& request, const HttpLimits& limits) {
+  Reply reply;
   HttpTransfer transfer(limits);
   // Parsed here and not by the transfer, which would take a URL without a scheme for http.
   const UrlParts url(curl_url());
@@ -195,7 +195,7 @@ HttpReply HttpFetch::Handle::Send(const HttpRequest& request, const HttpLimits& 
   return reply;
 }
 
-void HttpFetch::Handle::ReadHead(HttpReply& reply) const {
+void HttpFetch::Handle::ReadHead(Reply& reply) const {
   long status = 0;
   curl_off_t retryAfter = 0;
   curl_easy_getinfo(curl_, CURLINFO_RESPONSE_CODE, &status);
@@ -215,7 +215,7 @@ bool HttpFetch::IsOurs() const {
   return handle_->IsOurs();
 }
 
-HttpReply HttpFetch::Send(const HttpRequest& request, const HttpLimits& limits) {
+HttpFetch::Reply HttpFetch::Send(const Request& request, const HttpLimits& limits) {
   return handle_->Send(request, limits);
 }
 

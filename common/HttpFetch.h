@@ -11,13 +11,6 @@
 
 namespace postwright {
 
-struct HttpRequest {
-  std::string url;                        // absolute, http or https, in ASCII or UTF-8
-  std::vector<std::string> headers = {};  // "Accept: text/xml"; "Accept:" takes libcurl's own away
-  std::optional<std::string> body = {};   // POST where there is one, else GET
-  bool takesPacked = false;               // asks for a compressed answer, and unpacks it
-};
-
 // What ends a call. Times are from the call on; a time of zero is no limit.
 struct HttpLimits {
   std::chrono::milliseconds connect = std::chrono::seconds(30);  // a host resolved and connected to
@@ -46,27 +39,34 @@ enum class HttpOutcome {
   Cancelled
 };
 
-struct HttpReply {
-  HttpOutcome outcome = HttpOutcome::BadUrl;
-  std::string detail;                              // for a log; empty where Answered
-  int requests = 0;                                // sent: 0 means that the server saw nothing
-  int status = 0;                                  // the rest only where Answered
-  std::string body;                                // byte for byte
-  std::optional<std::chrono::seconds> retryAfter;  // the header, either form of it; a day at most
-};
-
 // Asks HTTP/1.1 servers, one call at a time, and keeps the connection between calls. Certificates
 // are checked; the proxy is that of the environment (http_proxy, https_proxy, no_proxy). The one
 // transfer coding taken is chunked.
 //
 //   HttpFetch http;
-//   const HttpReply reply = http.Send({"https://example.com/x", {"Accept: text/xml"}}, {});
+//   const HttpFetch::Reply reply = http.Send({"https://example.com/x", {"Accept: text/xml"}}, {});
 //   if (reply.outcome == HttpOutcome::Answered) Read(reply.body);
 //
 // One thread at a time. A process that forks leaves the object to its parent: the child makes its
 // own, and may destroy the other.
 class HttpFetch {
  public:
+  struct Request {
+    std::string url;                        // absolute, http or https, in ASCII or UTF-8
+    std::vector<std::string> headers = {};  // "Accept: text/xml"; "Accept:" leaves out libcurl's
+    std::optional<std::string> body = {};   // POST where there is one, else GET
+    bool takesPacked = false;               // asks for a compressed answer, and unpacks it
+  };
+
+  struct Reply {
+    HttpOutcome outcome = HttpOutcome::BadUrl;
+    std::string detail;                              // for a log; empty where Answered
+    int requests = 0;                                // sent: 0 means that the server saw nothing
+    int status = 0;                                  // the rest only where Answered
+    std::string body;                                // byte for byte
+    std::optional<std::chrono::seconds> retryAfter;  // the header, either form of it; a day at most
+  };
+
   // Throws std::bad_alloc where libcurl cannot be had.
   HttpFetch();
   ~HttpFetch();
@@ -77,7 +77,7 @@ class HttpFetch {
   bool IsOurs() const;
 
   // Blocks until the whole answer is there or a limit ends the call. Throws std::bad_alloc alone.
-  HttpReply Send(const HttpRequest& request, const HttpLimits& limits);
+  Reply Send(const Request& request, const HttpLimits& limits);
 
  private:
   class Handle;

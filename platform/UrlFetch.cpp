@@ -55,7 +55,8 @@ HttpLimits FetchLimits() {
 std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
                                    FetchReport* report) noexcept {
   try {
-    const HttpReply reply = ThreadConnection().Send({.url = url, .headers = {"Accept:"}}, limits);
+    const HttpFetch::Reply reply =
+        ThreadConnection().Send({.url = url, .headers = {"Accept:"}}, limits);
     if (report != nullptr) {
       *report = {
           OutcomeOf(reply.outcome), reply.status,

@@ -10,8 +10,8 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/ServerOption.h"
 #include "apps/TimeOption.h"
-#include "apps/VerifyServer.h"
 #include "apps/addressbook/fix/BatchFixer.h"
 #include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"

@@ -11,7 +11,7 @@
 #include <iostream>
 
 #include "apps/DefaultBase.h"
-#include "apps/base/ExitStatus.h"
+#include "apps/base/BaseExit.h"
 #include "postal/import/Importer.h"
 #include "postal/places/ZipList.h"
 

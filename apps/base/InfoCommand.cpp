@@ -3,7 +3,7 @@
 #include <iomanip>
 #include <iostream>
 
-#include "apps/base/ExitStatus.h"
+#include "apps/base/BaseExit.h"
 #include "postal/base/AddressBase.h"
 
 namespace postwright::postal {

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "apps/DefaultBase.h"
-#include "apps/base/ExitStatus.h"
+#include "apps/base/BaseExit.h"
 #include "service/Verifier.h"
 
 namespace postwright::postal {

@@ -7,7 +7,7 @@
 
 #include "apps/CharacterLocale.h"
 #include "apps/TerminalText.h"
-#include "apps/base/ExitStatus.h"
+#include "apps/base/BaseExit.h"
 #include "apps/base/ImportCommand.h"
 #include "apps/base/InfoCommand.h"
 #include "apps/base/LookupCommand.h"

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <map>
 
-#include "apps/VerifyServer.h"
+#include "apps/ServerOption.h"
 #include "apps/postwright/Explanation.h"
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelFix.h"

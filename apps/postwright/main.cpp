@@ -10,9 +10,9 @@
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
+#include "apps/ServerOption.h"
 #include "apps/TerminalText.h"
 #include "apps/TimeOption.h"
-#include "apps/VerifyServer.h"
 #include "apps/postwright/FixCommand.h"
 #include "apps/postwright/ParseCommand.h"
 #include "apps/postwright/stream/Failure.h"

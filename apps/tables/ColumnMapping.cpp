@@ -201,7 +201,7 @@ int ColumnMapping::columnForWhole() const {
 }
 
 // What has no column of its own stays with the piece before it.
-void ColumnMapping::putPlace(QStringList& cells, const Place& place) const {
+void ColumnMapping::putPlace(QStringList& cells, const PlaceParts& place) const {
   QString city = place.city;
   if (!has(ColumnRole::State)) {
     city += QStringLiteral(", ") + place.state;

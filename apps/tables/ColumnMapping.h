@@ -76,7 +76,7 @@ class ColumnMapping {
   void putCountry(QStringList& cells, const QStringList& old, LabelParts& parts) const;
   QStringList blanked(QStringList cells) const;
   void putLines(QStringList& cells, ColumnRole role, const QStringList& lines) const;
-  void putPlace(QStringList& cells, const Place& place) const;
+  void putPlace(QStringList& cells, const PlaceParts& place) const;
   void putName(QStringList& cells, const QStringList& old, const QString& name) const;
   void putLinesAbove(QStringList& cells, const QStringList& old, QStringList lines) const;
   void putCompany(QStringList& cells, const QStringList& old, QStringList& lines) const;

@@ -50,7 +50,7 @@ bool sameLetters(QStringView a, QStringView b) {
   return lettersOf(a) == lettersOf(b);
 }
 
-std::optional<Place> readPlace(const QString& line) {
+std::optional<PlaceParts> readPlace(const QString& line) {
   // The short state comes first: in "12 Main St, Austin TX 78701" it is not "Austin TX".
   static const QRegularExpression shortState(
       QStringLiteral(R"(^\s*(\S.*?)[\s,]+([A-Za-z]{2})[\s,]+(\d{5}(?:[- ]?\d{4})?)\s*$)"));
@@ -62,7 +62,7 @@ std::optional<Place> readPlace(const QString& line) {
   for (const QRegularExpression* pattern : {&shortState, &fullState}) {
     const QRegularExpressionMatch match = pattern->match(line);
     if (match.hasMatch()) {
-      return Place{match.captured(1), match.captured(2), match.captured(3)};
+      return PlaceParts{match.captured(1), match.captured(2), match.captured(3)};
     }
   }
   return std::nullopt;
@@ -71,7 +71,7 @@ std::optional<Place> readPlace(const QString& line) {
 LabelParts partLabel(const QString& label) {
   const QStringList lines = label.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
   for (qsizetype row = lines.size() - 1; row >= 0; --row) {
-    if (std::optional<Place> place = readPlace(lines[row])) {
+    if (std::optional<PlaceParts> place = readPlace(lines[row])) {
       return {lines.first(row), std::move(place), lines.mid(row + 1)};
     }
   }

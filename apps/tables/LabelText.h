@@ -11,7 +11,7 @@ namespace postwright::tables {
 // a file that keeps city, state and ZIP code apart. Nothing is corrected here.
 
 // The line "Austin, TX 78701-1234" in its pieces, each as it was written.
-struct Place {
+struct PlaceParts {
   QString city;
   QString state;
   QString zip;
@@ -20,7 +20,7 @@ struct Place {
 // A label around its place line, which is the last line that reads as one.
 struct LabelParts {
   QStringList above;
-  std::optional<Place> place;
+  std::optional<PlaceParts> place;
   QStringList below;  // empty without a place
 };
 
@@ -44,7 +44,7 @@ bool sameLetters(QStringView a, QStringView b);
 
 // Reads a line of city, state and ZIP code; the state in two letters, or in full behind a comma.
 // Nil for any other line.
-std::optional<Place> readPlace(const QString& line);
+std::optional<PlaceParts> readPlace(const QString& line);
 
 LabelParts partLabel(const QString& label);
 

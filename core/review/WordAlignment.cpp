@@ -244,7 +244,7 @@ class WordAligner {
 
   // Two words that are one word written otherwise.
   void StepOverForm(std::size_t i, std::size_t j) {
-    const std::optional<Likeness> likeness =
+    const std::optional<WordMatch> likeness =
         FindLikeness(*knownTyped_[i].word, *knownCorrected_[j].word, roles_[begin_ + j]);
     if (likeness) {
       const std::uint32_t cost = likeness->match == Match::Same   ? 0

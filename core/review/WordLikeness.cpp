@@ -67,28 +67,28 @@ ComparedWord::ComparedWord(const std::wstring& word)
       unaccented(WithoutAccents(word)),
       hasDigit(HasDigit(word)) {}
 
-std::optional<Likeness> FindLikeness(const ComparedWord& typed, const ComparedWord& corrected,
-                                     Role role) {
+std::optional<WordMatch> FindLikeness(const ComparedWord& typed, const ComparedWord& corrected,
+                                      Role role) {
   if (role == Role::Name) {
-    return typed.plain == corrected.plain ? std::optional(Likeness{Match::Same}) : std::nullopt;
+    return typed.plain == corrected.plain ? std::optional(WordMatch{Match::Same}) : std::nullopt;
   }
   if (role == Role::Zip || role == Role::Zip4) {
     return std::nullopt;
   }
   if (typed.unaccented == corrected.unaccented) {
-    return Likeness{Match::Form, CorrectionRule::Accent};
+    return WordMatch{Match::Form, CorrectionRule::Accent};
   }
   if (role == Role::State) {
     return std::nullopt;  // its names are phrases
   }
   if (const std::optional<CorrectionRule> rule = FindForm(typed, corrected, role)) {
-    return Likeness{Match::Form, role == Role::City ? CorrectionRule::City : *rule};
+    return WordMatch{Match::Form, role == Role::City ? CorrectionRule::City : *rule};
   }
   const WordForms& forms = WordForms::Get();
   const bool isMisspelt =
       IsMisspelling(typed, corrected) ||
       (role == Role::Suffix && forms.IsMisspeltSuffix(typed.text, forms.Suffix(corrected.text)));
-  return isMisspelt ? std::optional(Likeness{Match::Spelling}) : std::nullopt;
+  return isMisspelt ? std::optional(WordMatch{Match::Spelling}) : std::nullopt;
 }
 
 }  // namespace postwright

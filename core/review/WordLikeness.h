@@ -31,15 +31,15 @@ struct ComparedWord {
   bool hasDigit;
 };
 
-struct Likeness {
+struct WordMatch {
   Match match = Match::Same;  // or Form or Spelling
   CorrectionRule rule = CorrectionRule::Word;
 };
 
 // Says in what way two different words are one word; nullopt where they are not. `role` is that of
 // the corrected word: in a name nothing but signs may differ.
-std::optional<Likeness> FindLikeness(const ComparedWord& typed, const ComparedWord& corrected,
-                                     Role role);
+std::optional<WordMatch> FindLikeness(const ComparedWord& typed, const ComparedWord& corrected,
+                                      Role role);
 
 }  // namespace postwright
 

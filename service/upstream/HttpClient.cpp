@@ -8,7 +8,7 @@ namespace {
 constexpr int kTooManyRequests = 429;
 
 // A server that closes without a word has failed whatever it was asked for.
-FaultKind KindOf(const HttpReply& reply) {
+FaultKind KindOf(const HttpFetch::Reply& reply) {
   return reply.requests == 0 || reply.outcome == HttpOutcome::NoAnswer ? FaultKind::Unreachable
          : reply.outcome == HttpOutcome::TimedOut                      ? FaultKind::TimedOut
                                                                        : FaultKind::BadReply;
@@ -21,7 +21,7 @@ HttpClient::HttpClient(const Limits& limits) : limits_(limits) {}
 HttpClient::~HttpClient() = default;
 
 std::variant<HttpAnswer, HttpClient::Failure> HttpClient::Send(const HttpCall& call) {
-  HttpRequest request{.url = call.url, .headers = call.headers, .takesPacked = true};
+  HttpFetch::Request request{.url = call.url, .headers = call.headers, .takesPacked = true};
   request.headers.emplace_back("User-Agent: postwright-verifyd");
   if (!call.body.empty()) {
     request.body = call.body;
@@ -32,7 +32,7 @@ std::variant<HttpAnswer, HttpClient::Failure> HttpClient::Send(const HttpCall& c
   limits.bytes = limits_.bytes;
   limits.cancelled = &isStopped_;
   std::unique_ptr<HttpFetch> connection = TakeConnection();
-  HttpReply reply = connection->Send(request, limits);
+  HttpFetch::Reply reply = connection->Send(request, limits);
   PutBack(std::move(connection));
   const auto calls = static_cast<size_t>(reply.requests);  // two where a kept connection had ended
   if (reply.outcome == HttpOutcome::Answered) {

@@ -108,7 +108,7 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
 void BatchFixerTest::asksTheServerOfTheOptions() {
   SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "127.0.0.1"});
   BatchFixer fixer({});
-  FixOptions options{TextCase::Mixed, false, {}, QString::fromStdString(_server)};
+  FixSettings options{TextCase::Mixed, false, {}, QString::fromStdString(_server)};
   press("bnUpdate");
   const QList<FixOutcome> outcomes = fixer.fix({kLabels[1]}, options, nullptr);
   QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");

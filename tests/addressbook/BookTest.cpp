@@ -65,7 +65,7 @@ void BookTest::readsPlaces_data() {
 
 void BookTest::readsPlaces() {
   QFETCH(QString, line);
-  const std::optional<tables::Place> place = tables::readPlace(line);
+  const std::optional<tables::PlaceParts> place = tables::readPlace(line);
   QTEST(place ? place->city + "|" + place->state + "|" + place->zip : QString(), "place");
 }
 

@@ -41,7 +41,7 @@ const QByteArray kBook =
 // Answers as scripted and keeps what was asked: the batch window has tests of its own.
 class ScriptedFixer final : public AddressFixer {
  public:
-  QList<FixOutcome> fix(const QStringList& labels, const FixOptions&, QWidget*) override {
+  QList<FixOutcome> fix(const QStringList& labels, const FixSettings&, QWidget*) override {
     asked = labels;
     return outcomes;
   }

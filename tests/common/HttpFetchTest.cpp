@@ -21,7 +21,7 @@ TEST(HttpFetchTest, EndsWhateverTheServerDoes) {
     SCOPED_TRACE(shape.name);
     const LoopbackServer server(shape.answer);
     HttpFetch http;
-    const HttpReply reply = http.Send({Url(server)}, HostileLimits());
+    const HttpFetch::Reply reply = http.Send({Url(server)}, HostileLimits());
     EXPECT_EQ(reply.outcome, shape.end) << reply.detail;
     EXPECT_EQ(reply.body, shape.body);
     EXPECT_EQ(reply.detail.empty(), shape.end == HttpOutcome::Answered);
@@ -46,7 +46,7 @@ TEST(HttpFetchTest, SaysWhyNothingWasSent) {
   HttpFetch http;
   for (const auto& row : rows) {
     SCOPED_TRACE(row.url);
-    const HttpReply reply = http.Send({row.url}, HostileLimits());
+    const HttpFetch::Reply reply = http.Send({row.url}, HostileLimits());
     EXPECT_EQ(reply.outcome, row.end) << reply.detail;
     EXPECT_EQ(reply.requests, 0);
   }
@@ -56,7 +56,7 @@ TEST(HttpFetchTest, SendsWhatItIsGivenOnOneConnection) {
   const LoopbackServer server(LoopbackServer::Answer{
       "HTTP/1.1 429 Later\r\nRetry-After: 100000\r\nContent-Length: 2\r\n\r\nno"});
   HttpFetch http;
-  const HttpReply got = http.Send({Url(server), {"Accept:", "A: b"}}, {});
+  const HttpFetch::Reply got = http.Send({Url(server), {"Accept:", "A: b"}}, {});
   EXPECT_EQ(got.status, 429);
   EXPECT_EQ(got.retryAfter, std::chrono::hours(24));
   EXPECT_EQ(got.body, "no");
@@ -80,7 +80,7 @@ TEST(HttpFetchTest, CountsTheRequestThatItSendsAgain) {
   });
   HttpFetch http;
   EXPECT_EQ(http.Send({Url(server)}, {}).requests, 1);
-  const HttpReply reply = http.Send({Url(server)}, {});
+  const HttpFetch::Reply reply = http.Send({Url(server)}, {});
   EXPECT_EQ(reply.body, "hello");
   EXPECT_EQ(reply.requests, 2);
 }
@@ -96,7 +96,7 @@ TEST(HttpFetchTest, FollowsRedirectsWhereItMayAndCountsEachRequest) {
   HttpLimits limits = HostileLimits();
   EXPECT_EQ(http.Send({Url(server)}, limits).status, 302);
   limits.redirects = 1;
-  const HttpReply reply = http.Send({Url(server)}, limits);
+  const HttpFetch::Reply reply = http.Send({Url(server)}, limits);
   EXPECT_EQ(reply.body, "hello");
   EXPECT_EQ(reply.requests, 2);
 
@@ -121,10 +121,10 @@ TEST(HttpFetchTest, CountsBodiesAsTheyAreUnpacked) {
         "HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n" + Pack(std::string(size, 'x')),
         true});
     HttpFetch http;
-    HttpRequest request = {Url(server)};
+    HttpFetch::Request request = {Url(server)};
     EXPECT_LT(http.Send(request, HostileLimits()).body.size(), bound);  // as it came
     request.takesPacked = true;
-    const HttpReply reply = http.Send(request, HostileLimits());
+    const HttpFetch::Reply reply = http.Send(request, HostileLimits());
     EXPECT_EQ(reply.outcome, size == bound ? HttpOutcome::Answered : HttpOutcome::TooLong);
     EXPECT_EQ(reply.body.size(), size == bound ? bound : 0);
   }
@@ -158,10 +158,10 @@ TEST(HttpFetchTest, CountsEachAnswersHeadAlone) {
     });
     HttpLimits limits = HostileLimits();
     limits.redirects = 1;
-    HttpRequest request = {Url(server)};
+    HttpFetch::Request request = {Url(server)};
     request.takesPacked = true;
     HttpFetch http;
-    const HttpReply reply = http.Send(request, limits);
+    const HttpFetch::Reply reply = http.Send(request, limits);
     EXPECT_EQ(reply.outcome, row.end) << reply.detail;
     EXPECT_EQ(reply.body, row.end == HttpOutcome::Answered ? "hello" : "");
   }

@@ -15,7 +15,7 @@
 
 namespace postwright::addressbook {
 
-FixDialog::FixDialog(const Book& book, const QList<int>& selected, const FixOptions& options,
+FixDialog::FixDialog(const Book& book, const QList<int>& selected, const FixSettings& options,
                      QWidget* parent)
     : QDialog(parent),
       _book(book),
@@ -104,8 +104,8 @@ QList<int> FixDialog::rows() const {
                    _includesRight->isChecked());
 }
 
-FixOptions FixDialog::options() const {
-  FixOptions options = _options;
+FixSettings FixDialog::options() const {
+  FixSettings options = _options;
   options.textCase = static_cast<TextCase>(_case->currentIndex());
   options.removesPunctuation = _punctuation->isChecked();
   return options;

@@ -22,12 +22,12 @@ class FixDialog : public QDialog {
 
  public:
   // `book` lives longer than the dialog; `selected` are rows of it.
-  FixDialog(const Book& book, const QList<int>& selected, const FixOptions& options,
+  FixDialog(const Book& book, const QList<int>& selected, const FixSettings& options,
             QWidget* parent = nullptr);
 
   // The rows that are to be checked, ascending.
   QList<int> rows() const;
-  FixOptions options() const;
+  FixSettings options() const;
 
  private:
   QWidget* buildScope();
@@ -39,7 +39,7 @@ class FixDialog : public QDialog {
   const Book& _book;
   QList<int> _selected;
   QList<int> _failed;
-  FixOptions _options;
+  FixSettings _options;
   QRadioButton* _allButton = nullptr;
   QRadioButton* _selectedButton = nullptr;
   QRadioButton* _failedButton = nullptr;

@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "apps/VerifyServer.h"
+#include "apps/ServerOption.h"
 #include "apps/addressbook/dialogs/LookFields.h"
 
 namespace postwright::addressbook {

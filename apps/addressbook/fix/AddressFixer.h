@@ -12,7 +12,7 @@ namespace postwright::addressbook {
 // How corrected labels are to look. The numbers are those of the library.
 enum class TextCase { Upper = 0, Lower = 1, Mixed = 2 };
 
-struct FixOptions {
+struct FixSettings {
   TextCase textCase = TextCase::Upper;
   bool removesPunctuation = true;
   QString spellings;  // the user's own, parted by ";": "DeWitt; MacArthur"
@@ -43,7 +43,7 @@ class AddressFixer {
 
   // Returns an outcome for each of `labels`, in order, or nothing at all where the user cancelled.
   // Blocks while the user reviews; `parent` is the window in front of which that happens.
-  virtual QList<FixOutcome> fix(const QStringList& labels, const FixOptions& options,
+  virtual QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                                 QWidget* parent) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "apps/VerifyServer.h"
+#include "apps/ServerOption.h"
 
 namespace postwright::addressbook {
 
@@ -55,7 +55,7 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
 
 BatchFixer::BatchFixer(std::string server) : _server(std::move(server)), _usual(GetDeployment()) {}
 
-QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixOptions& options,
+QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& options,
                                   QWidget* parent) {
   pointTo(options.server);
   QList<std::shared_ptr<AddressEntry>> entries;

@@ -18,7 +18,7 @@ class BatchFixer final : public AddressFixer {
   // `server`, from the command line, counts before the one of the options; empty: none was given.
   explicit BatchFixer(std::string server);
 
-  QList<FixOutcome> fix(const QStringList& labels, const FixOptions& options,
+  QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                         QWidget* parent) override;
 
  private:

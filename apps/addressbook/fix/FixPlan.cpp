@@ -45,14 +45,14 @@ QStringList labelsAt(const Book& book, const QList<int>& rows) {
   return labels;
 }
 
-FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
-                   QDate today) {
-  FixResult result;
+BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
+                      QDate today) {
+  BookChanges changes;
   for (qsizetype each = 0; each < std::min(rows.size(), outcomes.size()); ++each) {
     const FixOutcome& outcome = outcomes[each];
     const bool isUnanswered = outcome.kind == FixOutcome::Kind::NoAnswer;
     if (isUnanswered && wasRight(book.stateAt(rows[each]))) {
-      ++result.leftRight;
+      ++changes.leftRight;
       continue;
     }
     if (outcome.kind == FixOutcome::Kind::Open) {
@@ -62,15 +62,15 @@ FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutc
     Entry& entry = placed.entry;
     if (outcome.kind == FixOutcome::Kind::Corrected) {
       entry.label = tables::tidyLabel(outcome.text);
-      result.corrected.append(placed);
+      changes.corrected.append(placed);
     }
     const bool isFailed = outcome.kind == FixOutcome::Kind::Failed || isUnanswered;
-    result.failed += isFailed ? 1 : 0;
-    result.right += outcome.kind == FixOutcome::Kind::Right ? 1 : 0;
+    changes.failed += isFailed ? 1 : 0;
+    changes.right += outcome.kind == FixOutcome::Kind::Right ? 1 : 0;
     entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString()};
-    result.checked.append(placed);
+    changes.checked.append(placed);
   }
-  return result;
+  return changes;
 }
 
 }  // namespace postwright::addressbook

@@ -23,15 +23,15 @@ QStringList labelsAt(const Book& book, const QList<int>& rows);
 
 // What outcomes, one for each of `rows`, do to a book. Where the service gave no answer, an entry
 // that was found right before is left as it was; any other one has failed.
-struct FixResult {
+struct BookChanges {
   QList<PlacedEntry> corrected;  // the entries with their new labels
   QList<PlacedEntry> checked;    // the entries with what is known of them from `today` on
   int right = 0;
   int failed = 0;
   int leftRight = 0;  // without an answer
 };
-FixResult resultOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
-                   QDate today);
+BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixOutcome>& outcomes,
+                      QDate today);
 
 }  // namespace postwright::addressbook
 

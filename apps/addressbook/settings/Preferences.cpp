@@ -30,7 +30,7 @@ int bounded(const QSettings& settings, const QString& key, int usual, int count)
 Preferences Preferences::load() {
   const QSettings settings;
   Preferences preferences;
-  FixOptions& fix = preferences.fix;
+  FixSettings& fix = preferences.fix;
   fix.textCase = static_cast<TextCase>(bounded(settings, kCase, 0, 3));
   fix.removesPunctuation = settings.value(kPunctuation, true).toBool();
   fix.spellings = settings.value(kSpellings).toString();

@@ -16,7 +16,7 @@ struct Preferences {
   static Preferences load();
   void save() const;
 
-  FixOptions fix;
+  FixSettings fix;
   Appearance appearance = Appearance::System;
 
   // How labels are printed; the place of the first one is asked for each time.

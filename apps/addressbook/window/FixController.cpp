@@ -39,17 +39,17 @@ void FixController::run(const QList<int>& rows) {
   if (outcomes.isEmpty()) {
     return;  // the user cancelled
   }
-  const FixResult result = resultOf(book, rows, outcomes, QDate::currentDate());
-  _document.correct(result.corrected);
-  _document.keepChecks(result.checked);
-  const int corrected = static_cast<int>(result.corrected.size());
+  const BookChanges changes = changesOf(book, rows, outcomes, QDate::currentDate());
+  _document.correct(changes.corrected);
+  _document.keepChecks(changes.checked);
+  const int corrected = static_cast<int>(changes.corrected.size());
   QStringList sentences{tr("%n addresses corrected.", nullptr, corrected),
-                        tr("%n already right.", nullptr, result.right),
-                        tr("%n failed.", nullptr, result.failed)};
-  if (result.leftRight > 0) {
-    sentences += tr("%n found right before got no answer.", nullptr, result.leftRight);
+                        tr("%n already right.", nullptr, changes.right),
+                        tr("%n failed.", nullptr, changes.failed)};
+  if (changes.leftRight > 0) {
+    sentences += tr("%n found right before got no answer.", nullptr, changes.leftRight);
   }
-  emit told(sentences.join(QLatin1Char(' ')), result.failed > 0);
+  emit told(sentences.join(QLatin1Char(' ')), changes.failed > 0);
 }
 
 }  // namespace postwright::addressbook

@@ -1,10 +1,10 @@
-#ifndef POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
-#define POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
+#ifndef POSTWRIGHT_APPS_BASE_BASEEXIT_H_
+#define POSTWRIGHT_APPS_BASE_BASEEXIT_H_
 
 namespace postwright::postal {
 
 // How the command ended. Scripts branch on these: they never change their meaning.
-enum ExitStatus : int {
+enum BaseExit : int {
   kExitDone = 0,
   kExitNotConfirmed = 1,  // the address is not confirmed, or turned down
   kExitFailed = 2,        // wrong usage, or a file that cannot be read, written or used
@@ -13,4 +13,4 @@ enum ExitStatus : int {
 
 }  // namespace postwright::postal
 
-#endif  // POSTWRIGHT_APPS_BASE_EXITSTATUS_H_
+#endif  // POSTWRIGHT_APPS_BASE_BASEEXIT_H_

@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_VERIFYSERVER_H_
-#define POSTWRIGHT_APPS_VERIFYSERVER_H_
+#ifndef POSTWRIGHT_APPS_SERVEROPTION_H_
+#define POSTWRIGHT_APPS_SERVEROPTION_H_
 
 #include <string>
 
@@ -19,4 +19,4 @@ void UseServer(const std::string& server);
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_VERIFYSERVER_H_
+#endif  // POSTWRIGHT_APPS_SERVEROPTION_H_

@@ -1,4 +1,4 @@
-#include "apps/VerifyServer.h"
+#include "apps/ServerOption.h"
 
 #include <postwright/Deployment.h>
 
