@@ -67,6 +67,11 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
+char32_t FromWindows1252(char byte) {
+  const auto code = static_cast<unsigned char>(byte);
+  return code >= 0x80 && code < 0xA0 ? kHighControls[code - 0x80] : code;
+}
+
 std::string DecodeDocument(std::string_view bytes) {
   const bool isBigEndian = bytes.starts_with("\xFE\xFF");
   return isBigEndian || bytes.starts_with("\xFF\xFE") ? DecodeUtf16(bytes.substr(2), isBigEndian)
@@ -80,8 +85,7 @@ std::string DecodeText(std::string_view bytes) {
   std::string text;
   text.reserve(2 * bytes.size());
   for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    AppendUtf8(byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80] : byte, text);
+    AppendUtf8(FromWindows1252(c), text);
   }
   return text;
 }

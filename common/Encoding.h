@@ -9,9 +9,11 @@ namespace postwright {
 // Says whether `bytes` are well-formed UTF-8 (RFC 3629: no overlong forms, no surrogates).
 bool IsUtf8(std::string_view bytes);
 
+// Returns the character of `byte` in Windows-1252; U+FFFD for the five that it leaves open.
+char32_t FromWindows1252(char byte);
+
 // Returns `bytes` as UTF-8: unchanged where they are that already, otherwise read as Windows-1252,
-// of which ISO-8859-1 is the part that clients mean. Every byte reads as something; the five that
-// Windows-1252 leaves open read as U+FFFD.
+// of which ISO-8859-1 is the part that clients mean. Every byte reads as something.
 std::string DecodeText(std::string_view bytes);
 
 // The same for a document that may also be UTF-16 with its byte order mark (RFC 2781). What is no

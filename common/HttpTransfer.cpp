@@ -1,26 +1,11 @@
 #include "common/HttpTransfer.h"
 
-#include <strings.h>
-
 #include <algorithm>
 #include <new>
 
+#include "common/SmallText.h"
+
 namespace postwright {
-
-namespace {
-
-bool IsSame(std::string_view text, std::string_view lowerCase) {
-  return text.size() == lowerCase.size() &&
-         strncasecmp(text.data(), lowerCase.data(), text.size()) == 0;
-}
-
-std::string_view Trim(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
-}  // namespace
 
 bool HttpTransfer::End(HttpOutcome outcome, const char* detail) {
   if (outcome_ == HttpOutcome::Answered) {  // the first reason is the one
@@ -53,10 +38,10 @@ bool HttpTransfer::CheckField(std::string_view line) {
   const std::size_t colon = std::min(line.find(':'), line.size());
   const std::string_view name = Trim(line.substr(0, colon));
   const std::string_view value = Trim(line.substr(std::min(colon + 1, line.size())));
-  if (IsSame(name, "transfer-encoding") && !IsSame(value, "chunked")) {
+  if (EqualsIgnoringCase(name, "transfer-encoding") && !EqualsIgnoringCase(value, "chunked")) {
     return End(HttpOutcome::BadAnswer, "a transfer coding other than chunked");
   }
-  if (IsSame(name, "content-encoding")) {
+  if (EqualsIgnoringCase(name, "content-encoding")) {
     contentCodings_ += 1 + static_cast<int>(std::count(value.begin(), value.end(), ','));
     if (contentCodings_ > 1) {
       return End(HttpOutcome::BadAnswer, "content codings inside one another");

@@ -19,6 +19,11 @@ constexpr std::array<int8_t, 256> kHexValues = [] {
   return values;
 }();
 
+// The value of a hexadecimal digit, -1 for any other byte.
+int HexValue(char c) {
+  return kHexValues[static_cast<unsigned char>(c)];
+}
+
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -42,8 +47,18 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
-int HexValue(char c) {
-  return kHexValues[static_cast<unsigned char>(c)];
+void AppendEscape(char byte, std::string& text) {
+  const auto value = static_cast<unsigned char>(byte);
+  text += {'%', kHexDigits[value >> 4U], kHexDigits[value & 15U]};
+}
+
+std::optional<char> EscapeAt(std::string_view text, std::size_t at) {
+  if (at >= text.size() || text.size() - at < 3 || text[at] != '%') {
+    return std::nullopt;
+  }
+  const int high = HexValue(text[at + 1]);
+  const int low = HexValue(text[at + 2]);
+  return high < 0 || low < 0 ? std::nullopt : std::optional(static_cast<char>(high * 16 + low));
 }
 
 std::string EscapeQuery(std::string_view text) {
@@ -52,10 +67,7 @@ std::string EscapeQuery(std::string_view text) {
     if (IsPlain(c)) {
       escaped += c;
     } else {
-      const auto byte = static_cast<unsigned char>(c);
-      escaped += '%';
-      escaped += kHexDigits[byte >> 4U];
-      escaped += kHexDigits[byte & 15U];
+      AppendEscape(c, escaped);
     }
   }
   return escaped;
@@ -65,16 +77,12 @@ std::string UnescapeQuery(std::string_view escaped) {
   std::string text(escaped.size(), '\0');
   char* end = text.data();
   for (size_t i = 0; i < escaped.size(); ++i) {
-    const char c = escaped[i];
-    if (c != '%' || i + 2 >= escaped.size()) {
-      *end++ = c == '+' ? ' ' : c;
-      continue;
+    if (const std::optional<char> byte = EscapeAt(escaped, i)) {
+      *end++ = *byte;
+      i += 2;
+    } else {
+      *end++ = escaped[i] == '+' ? ' ' : escaped[i];
     }
-    const int high = HexValue(escaped[i + 1]);
-    const int low = HexValue(escaped[i + 2]);
-    const bool isEscape = high >= 0 && low >= 0;
-    *end++ = isEscape ? static_cast<char>(high * 16 + low) : c;
-    i += isEscape ? 2 : 0;
   }
   text.resize(static_cast<size_t>(end - text.data()));
   return text;

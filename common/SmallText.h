@@ -1,6 +1,8 @@
 #ifndef POSTWRIGHT_COMMON_SMALLTEXT_H_
 #define POSTWRIGHT_COMMON_SMALLTEXT_H_
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +15,11 @@ std::string_view Trim(std::string_view text, std::string_view blanks = " \t\r\n"
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-// Returns the value of a hexadecimal digit, -1 for any other byte.
-int HexValue(char c);
+// Appends the percent escape of `byte` to `text`: "%2F".
+void AppendEscape(char byte, std::string& text);
+
+// Returns the byte whose percent escape stands at `text[at]`; nullopt where none does.
+std::optional<char> EscapeAt(std::string_view text, std::size_t at);
 
 // Returns `text` as a part of a query (RFC 3986, section 2.3): everything but letters, digits and
 // -._~ becomes a percent escape.

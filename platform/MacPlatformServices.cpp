@@ -1,5 +1,6 @@
 #include <postwright/MacPlatformServices.h>
 
+#include "common/SmallText.h"
 #include "platform/UrlFetch.h"
 
 #include <postwright/LogFormat.h>
@@ -10,6 +11,7 @@
 #include <cstring>
 #include <cwchar>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -43,14 +45,12 @@ constexpr std::array<bool, 256> kLegalInUrl = [] {
 }();
 
 std::string PercentEscape(const std::string& utf8) {
-  constexpr const char* kHexDigits = "0123456789ABCDEF";
   std::string escaped;
   for (const char c : utf8) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (kLegalInUrl[byte]) {
+    if (kLegalInUrl[static_cast<unsigned char>(c)]) {
       escaped += c;
     } else {
-      escaped += {'%', kHexDigits[byte >> 4U], kHexDigits[byte & 0xFU]};
+      AppendEscape(c, escaped);
     }
   }
   return escaped;
@@ -77,13 +77,6 @@ void ReplaceSpecialChars(std::string& escaped) {
   ReplaceAll(escaped, "&%23x09;", "%20");
 }
 
-// The value of a hexadecimal digit, or -1.
-int HexValue(char c) {
-  constexpr std::string_view kDigits = "0123456789abcdef0123456789ABCDEF";
-  const std::size_t at = kDigits.find(c);
-  return at == std::string_view::npos ? -1 : static_cast<int>(at % 16);
-}
-
 // Returns the bytes that `text` stands for; empty where a percent sign has no two digits behind it.
 std::string PercentUnescape(const std::string& text) {
   std::string bytes;
@@ -92,10 +85,11 @@ std::string PercentUnescape(const std::string& text) {
       bytes += text[at];
       continue;
     }
-    if (text.size() - at < 3 || HexValue(text[at + 1]) < 0 || HexValue(text[at + 2]) < 0) {
+    const std::optional<char> byte = EscapeAt(text, at);
+    if (!byte) {
       return {};
     }
-    bytes += static_cast<char>(HexValue(text[at + 1]) * 16 + HexValue(text[at + 2]));
+    bytes += *byte;
     at += 2;
   }
   return bytes;

@@ -1,8 +1,5 @@
 // The command `postwright`: reads the command line and runs the subcommand that it names.
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <csignal>
 #include <exception>
@@ -11,6 +8,7 @@
 
 #include "apps/CharacterLocale.h"
 #include "apps/ServerOption.h"
+#include "apps/StandardStreams.h"
 #include "apps/TerminalText.h"
 #include "apps/TimeOption.h"
 #include "apps/postwright/FixCommand.h"
@@ -90,16 +88,6 @@ was no label; 2 wrong usage, or input or output that cannot be read or written; 
 doubtful and was not taken; 141 the reader of the output went away.
 
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
-
-// A standard stream that came closed must not be taken by the next file opened. It is opened the
-// wrong way round, so that its use is still an error.
-void OccupyStandardStreams() {
-  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-    if (fcntl(descriptor, F_GETFD) == -1) {
-      open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
-    }
-  }
-}
 
 std::string CheckFileName(const std::string& name) {
   return name.empty() ? "a file's name is missing" : "";

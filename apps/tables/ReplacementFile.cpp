@@ -13,6 +13,7 @@
 #include <cstdlib>
 
 #include "apps/tables/FileError.h"
+#include "common/NewFileMode.h"
 
 namespace postwright::tables {
 
@@ -32,13 +33,6 @@ const QString kEnding = QStringLiteral(".saving");
 // Beside the file and hidden: ".book.csv."
 QString beginningOfName(const QFileInfo& file) {
   return QLatin1Char('.') + file.fileName().left(kLongestName) + QLatin1Char('.');
-}
-
-// What a file that is made anew may be by the user's wish.
-mode_t usualMode() {
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
 }
 
 QString writtenPath(const QString& path) {
@@ -107,7 +101,7 @@ void ReplacementFile::commit() {
   const QByteArray path = QFile::encodeName(_path);
   struct stat replaced = {};
   const bool isReplacing = ::stat(path.constData(), &replaced) == 0;
-  const mode_t mode = isReplacing ? replaced.st_mode & 07777 : usualMode();
+  const mode_t mode = isReplacing ? replaced.st_mode & 07777 : NewFileMode();
   if (::fchmod(_descriptor, mode) != 0 || ::fsync(_descriptor) != 0 ||
       std::rename(QFile::encodeName(_temporaryPath).constData(), path.constData()) != 0) {
     fail(errno);

@@ -8,6 +8,7 @@
 
 #include "apps/tables/FileError.h"
 #include "apps/tables/ReplacementFile.h"
+#include "common/Encoding.h"
 
 namespace postwright::tables {
 
@@ -20,13 +21,24 @@ constexpr QByteArrayView kUtf16LittleEndianMark("\xFF\xFE", 2);
 constexpr QByteArrayView kUtf16BigEndianMark("\xFE\xFF", 2);
 constexpr qsizetype kUtf16Mark = 2;
 
-// Codes 0x80 to 0x9F of Windows-1252.
-constexpr std::array<char16_t, 32> kWindowsCharacters = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr uchar kFirstWindowsCode = 0x80;
-constexpr uchar kLastWindowsCode = kFirstWindowsCode + kWindowsCharacters.size() - 1;
+constexpr uchar kLastWindowsCode = 0x9F;
+using WindowsCharacters = std::array<char16_t, kLastWindowsCode - kFirstWindowsCode + 1>;
+
+// The characters of these codes. One that Windows-1252 leaves open stands for itself, so that it is
+// written again as it was read.
+const WindowsCharacters& windowsCharacters() {
+  static const WindowsCharacters characters = [] {
+    WindowsCharacters found = {};
+    for (size_t i = 0; i < found.size(); ++i) {
+      const size_t code = kFirstWindowsCode + i;
+      const char32_t character = FromWindows1252(static_cast<char>(code));
+      found[i] = static_cast<char16_t>(character == QChar::ReplacementCharacter ? code : character);
+    }
+    return found;
+  }();
+  return characters;
+}
 
 QByteArrayView markOf(TextEncoding encoding) {
   switch (encoding) {
@@ -161,19 +173,20 @@ QByteArray windows1252ToUtf8(const QByteArray& bytes) {
   for (QChar& character : text) {
     const char16_t code = character.unicode();
     if (code >= kFirstWindowsCode && code <= kLastWindowsCode) {
-      character = QChar(kWindowsCharacters[code - kFirstWindowsCode]);
+      character = QChar(windowsCharacters()[code - kFirstWindowsCode]);
     }
   }
   return text.toUtf8();
 }
 
 std::optional<QByteArray> utf8ToWindows1252(const QByteArray& utf8) {
+  const WindowsCharacters& characters = windowsCharacters();
   QString text = QString::fromUtf8(utf8);
   for (QChar& character : text) {
     const char16_t code = character.unicode();
-    const auto* const found = std::find(kWindowsCharacters.begin(), kWindowsCharacters.end(), code);
-    if (found != kWindowsCharacters.end()) {
-      character = QChar(kFirstWindowsCode + static_cast<int>(found - kWindowsCharacters.begin()));
+    const auto* const found = std::find(characters.begin(), characters.end(), code);
+    if (found != characters.end()) {
+      character = QChar(kFirstWindowsCode + static_cast<int>(found - characters.begin()));
     } else if (code > 0xFF || (code >= kFirstWindowsCode && code <= kLastWindowsCode)) {
       return std::nullopt;
     }

@@ -1,23 +1,13 @@
 #include "apps/verifyd/Process.h"
 
-#include <fcntl.h>
 #include <pthread.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <stdexcept>
 #include <string>
 
 namespace postwright::service {
-
-void OccupyStandardStreams() {
-  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-    if (fcntl(descriptor, F_GETFD) == -1) {
-      open("/dev/null", O_RDWR);
-    }
-  }
-}
 
 void ReserveDescriptors(unsigned connections) {
   constexpr rlim_t kOwn = 256;  // the server's loops, the cache, the base, calls of an upstream
@@ -42,7 +32,6 @@ sigset_t BlockSignals() {
   sigaddset(&signals, SIGINT);
   sigaddset(&signals, SIGHUP);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error like a full disk
   signal(SIGPIPE, SIG_IGN);  // a client or a log's reader that has gone away is no reason to end
   signal(SIGXFSZ, SIG_IGN);  // nor is a file that may not grow: writing it fails, and that is told
   return signals;

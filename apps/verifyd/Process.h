@@ -9,10 +9,6 @@ namespace postwright::service {
 // What a daemon asks of the system before it begins, and while it waits for its end. All for the
 // main thread.
 
-// A standard stream that came closed must not be taken by the next file or connection: the log
-// would be written into it.
-void OccupyStandardStreams();
-
 // Sees to it that so many connections can be open beside the service's own files, by raising the
 // process's limit of descriptors as far as it may. Throws std::runtime_error where that is not far
 // enough.

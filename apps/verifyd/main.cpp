@@ -10,6 +10,7 @@
 
 #include "apps/CharacterLocale.h"
 #include "apps/DefaultBase.h"
+#include "apps/StandardStreams.h"
 #include "apps/verifyd/GatewayOptions.h"
 #include "apps/verifyd/GatewayParts.h"
 #include "apps/verifyd/Process.h"
@@ -156,7 +157,7 @@ int RunCommandLine(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    postwright::service::OccupyStandardStreams();
+    postwright::OccupyStandardStreams();
     postwright::SetCharacterLocale();
     return postwright::service::RunCommandLine(argc, argv);
   } catch (const std::exception& error) {

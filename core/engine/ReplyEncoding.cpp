@@ -51,8 +51,8 @@ bool TurnIntoUtf8(std::string& reply) {
   if (!IsWestern(DeclaredEncoding(reply))) {
     return false;
   }
-  constexpr std::string_view kOpen = "\x81\x8D\x8F\x90\x9D";  // no characters of Windows-1252
-  if (!IsUtf8(reply) && reply.find_first_of(kOpen) == std::string::npos) {
+  const auto isOpen = [](char c) { return FromWindows1252(c) == 0xFFFD; };
+  if (!IsUtf8(reply) && std::none_of(reply.begin(), reply.end(), isOpen)) {
     reply = DecodeText(reply);
   }
   return true;

@@ -1,8 +1,7 @@
 #include "core/engine/ReplyGuard.h"
 
 #include "common/Encoding.h"
-
-#include <strings.h>
+#include "common/SmallText.h"
 
 #include <algorithm>
 
@@ -51,8 +50,7 @@ class TagScanner {
     return text_.compare(at_, opening.size(), opening) == 0;
   }
   bool DeclarationStandsAt() const {
-    return text_.size() - at_ >= kDeclaration.size() &&
-           strncasecmp(text_.data() + at_, kDeclaration.data(), kDeclaration.size()) == 0;
+    return EqualsIgnoringCase(text_.substr(at_, kDeclaration.size()), kDeclaration);
   }
   // What TinyXML takes for the first letter of a name.
   bool NameStandsAt(std::size_t at) const {

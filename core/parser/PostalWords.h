@@ -7,6 +7,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "common/StringHash.h"
+
 namespace postwright {
 
 // The parser's vocabulary, arranged for looking up at a place in a text what the alternations of
@@ -59,11 +61,7 @@ class PostalWords {
   static void Follow(const Steps& steps, size_t step, std::wstring_view text, int at,
                      std::vector<int>& ends);
 
-  // Looks up without making a string of the place in the text.
-  struct Hash : std::hash<std::wstring_view> {
-    using is_transparent = void;
-  };
-  using Words = std::unordered_set<std::wstring, Hash, std::equal_to<>>;
+  using Words = std::unordered_set<std::wstring, StringHash<wchar_t>, std::equal_to<>>;
 
   Words suffixes_;
   std::vector<std::wstring> directions_;

@@ -1,12 +1,12 @@
 #ifndef POSTWRIGHT_CORE_REVIEW_WORDFORMS_H_
 #define POSTWRIGHT_CORE_REVIEW_WORDFORMS_H_
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "common/StringHash.h"
 #include "core/parser/Vocabulary.h"
 
 namespace postwright {
@@ -46,10 +46,8 @@ class WordForms {
   bool IsMisspeltSuffix(std::wstring_view word, std::wstring_view standard) const;
 
  private:
-  struct Hash : std::hash<std::wstring_view> {
-    using is_transparent = void;
-  };
-  using Table = std::unordered_map<std::wstring, std::wstring, Hash, std::equal_to<>>;
+  using Table =
+      std::unordered_map<std::wstring, std::wstring, StringHash<wchar_t>, std::equal_to<>>;
 
   WordForms();
   static void AddUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);

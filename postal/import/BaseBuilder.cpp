@@ -9,6 +9,7 @@
 #include <ctime>
 
 #include "common/AsciiText.h"
+#include "common/NewFileMode.h"
 #include "postal/base/BaseFile.h"
 #include "postal/base/BaseSchema.h"
 #include "postal/base/HouseNumber.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr std::chrono::milliseconds kPatience(
     0);  // a second import of the same base is told at once
 constexpr size_t kMostStreetsKept = 500'000;
-constexpr mode_t kEverybodyReads = 0666;
 constexpr std::string_view kNoZip4 = "0000";  // is how the National Address Database writes "none"
 
 std::string Today() {
@@ -52,9 +52,7 @@ void FlushToDisk(const std::string& file) {
 
 // The mode that a new file gets: a base is no secret, and the service may run as another user.
 void LetOthersRead(const std::string& file) {
-  const mode_t mask = umask(0);
-  umask(mask);
-  chmod(file.c_str(), kEverybodyReads & ~mask);
+  chmod(file.c_str(), NewFileMode());
 }
 
 void Rename(const std::string& from, const std::string& to) {

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "common/StringHash.h"
 #include "postal/import/AddressRow.h"
 #include "postal/import/RowReader.h"
 #include "postal/import/RowSource.h"
@@ -78,10 +79,6 @@ class BaseBuilder {
   void Finish();
 
  private:
-  struct Hash : std::hash<std::string_view> {
-    using is_transparent = void;
-  };
-
   void LockStage();
   void Begin(const std::string& job);
   void CopyStreets();
@@ -107,7 +104,9 @@ class BaseBuilder {
   std::optional<SqliteStatement> addZip_;
   std::unordered_set<std::string> notedCities_;  // with their ZIP codes
   std::string key_;
-  std::unordered_map<std::string, std::variant<int64_t, RowFault>, Hash, std::equal_to<>> streets_;
+  std::unordered_map<std::string, std::variant<int64_t, RowFault>, StringHash<char>,
+                     std::equal_to<>>
+      streets_;
 };
 
 // An import that cannot begin, or not go on; what() says what to do.

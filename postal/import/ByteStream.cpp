@@ -1,12 +1,12 @@
 #include "postal/import/ByteStream.h"
 
-#include <strings.h>
 #include <zip.h>
 
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 
+#include "common/SmallText.h"
 #include "postal/import/RowSource.h"
 
 namespace postwright::postal {
@@ -36,7 +36,7 @@ class FileStream : public ByteStream {
 
 bool EndsWith(const std::string& name, const std::string& ending) {
   return name.size() >= ending.size() &&
-         strcasecmp(name.c_str() + name.size() - ending.size(), ending.c_str()) == 0;
+         EqualsIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
 }
 
 class ZipStream : public ByteStream {

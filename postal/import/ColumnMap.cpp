@@ -1,9 +1,9 @@
 #include "postal/import/ColumnMap.h"
 
-#include <strings.h>
-
 #include <algorithm>
 #include <stdexcept>
+
+#include "common/SmallText.h"
 
 namespace postwright::postal {
 namespace {
@@ -47,14 +47,11 @@ const std::vector<FormatRow>& Formats() {
   return formats;
 }
 
-bool IsSame(const std::string& a, const std::string& b) {
-  return strcasecmp(a.c_str(), b.c_str()) == 0;
-}
-
 size_t IndexOf(std::span<const std::string> heading, const std::string& column) {
-  return static_cast<size_t>(std::find_if(heading.begin(), heading.end(),
-                                          [&](const auto& name) { return IsSame(name, column); }) -
-                             heading.begin());
+  return static_cast<size_t>(
+      std::find_if(heading.begin(), heading.end(),
+                   [&](const auto& name) { return EqualsIgnoringCase(name, column); }) -
+      heading.begin());
 }
 
 std::vector<std::string> Split(const std::string& text, char at) {

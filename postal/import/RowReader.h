@@ -1,13 +1,13 @@
 #ifndef POSTWRIGHT_POSTAL_IMPORT_ROWREADER_H_
 #define POSTWRIGHT_POSTAL_IMPORT_ROWREADER_H_
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <variant>
 
+#include "common/StringHash.h"
 #include "postal/base/StreetName.h"
 #include "postal/import/AddressRow.h"
 #include "postal/places/ZipList.h"
@@ -40,14 +40,10 @@ class RowReader {
   const std::string& ReadUnit(const std::string& text);
 
  private:
-  struct Hash : std::hash<std::string_view> {
-    using is_transparent = void;
-  };
-
   std::string PlaceZip(const AddressRow& row, std::string& state) const;
 
   const ZipList& zips_;
-  std::unordered_map<std::string, std::string, Hash, std::equal_to<>> units_;
+  std::unordered_map<std::string, std::string, StringHash<char>, std::equal_to<>> units_;
 };
 
 }  // namespace postwright::postal

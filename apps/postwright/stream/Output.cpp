@@ -14,6 +14,7 @@
 #include "apps/TerminalText.h"
 #include "apps/postwright/stream/EndingSignals.h"
 #include "apps/postwright/stream/Failure.h"
+#include "common/NewFileMode.h"
 
 namespace postwright {
 
@@ -45,9 +46,7 @@ std::string BehindLinks(std::filesystem::path path) {
 void TakeOver(int descriptor, const std::string& path) {
   struct stat there {};
   if (stat(path.c_str(), &there) == -1) {
-    const mode_t mask = umask(0);
-    umask(mask);
-    fchmod(descriptor, 0666U & ~mask);
+    fchmod(descriptor, NewFileMode());
     return;
   }
   mode_t mode = there.st_mode & 07777U;
