@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
 #define POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
 
+#include <string_view>
 #include <vector>
 
 // The postal words that Postwright knows, as they stand in USPS Publication 28, all upper case: the
@@ -23,6 +24,12 @@ const std::vector<VocabularyRow>& States();         // 59 rows; names with escap
 const std::vector<SuffixRow>& Suffixes();           // 188 rows, 362 written forms, plain words
 const std::vector<VocabularyRow>& NumberedUnits();  // 16 rows, patterns
 const std::vector<VocabularyRow>& PlainUnits();     // 9 rows, patterns
+
+// USPS Publication 28, section 225: what a military address has for a state (AA, AE, AP), for a
+// city (APO, DPO, FPO) and in front of its unit's number (PSC, CMR, UNIT).
+inline constexpr std::wstring_view kMilitaryStates[] = {L"AA", L"AE", L"AP"};
+inline constexpr std::wstring_view kMilitaryCities[] = {L"APO", L"DPO", L"FPO"};
+inline constexpr std::wstring_view kMilitaryUnits[] = {L"CMR", L"PSC", L"UNIT"};
 
 }  // namespace postwright::Vocabulary
 

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <optional>
 
+#include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
 #include "core/review/WordForms.h"
 
@@ -125,14 +126,15 @@ class RoleFinder {
   }
 
   void ReadDeliveryLine(Range line) {
-    static constexpr std::wstring_view kFirstWords[] = {L"PO",  L"POB",   L"POBOX", L"RR",
-                                                        L"HC",  L"PSC",   L"CMR",   L"UNIT",
-                                                        L"BOX", L"RURAL", L"USS",   L"GENERAL"};
+    static constexpr std::wstring_view kFirstWords[] = {
+        L"PO", L"POB", L"POBOX", L"RR", L"HC", L"BOX", L"RURAL", L"USS", L"GENERAL"};
     if (line.Size() == 0) {
       return;
     }
-    if (std::find(std::begin(kFirstWords), std::end(kFirstWords), Text(line.begin)) !=
-        std::end(kFirstWords)) {
+    const auto isFirstOf = [this, &line](const auto& words) {
+      return std::ranges::find(words, Text(line.begin)) != std::end(words);
+    };
+    if (isFirstOf(kFirstWords) || isFirstOf(Vocabulary::kMilitaryUnits)) {
       Set(line, Role::Box);
       return;
     }

@@ -1,11 +1,13 @@
 #include "core/review/RunFinder.h"
 
+#include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
 
 #include <postwright/AddressParser.h>
 #include <postwright/Utils.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace postwright {
 
@@ -92,9 +94,10 @@ bool RunFinder::SplitAhead() {
 }
 
 bool RunFinder::IsMilitary() const {
-  const std::wstring city = LettersAndDigits(place_.city);
-  return (city == L"APO" || city == L"FPO" || city == L"DPO") &&
-         (place_.stateCode == L"AA" || place_.stateCode == L"AE" || place_.stateCode == L"AP");
+  return std::ranges::find(Vocabulary::kMilitaryCities, LettersAndDigits(place_.city)) !=
+             std::end(Vocabulary::kMilitaryCities) &&
+         std::ranges::find(Vocabulary::kMilitaryStates, place_.stateCode) !=
+             std::end(Vocabulary::kMilitaryStates);
 }
 
 // The unit's line, or the unit and its box on two.

@@ -45,8 +45,8 @@ Names CollectNames() {
     addCode(row.standard);
     names.try_emplace(name, Known{row.standard, name != L"MARSHALL ISLANDS"});
   }
-  for (const wchar_t* code : {L"AA", L"AE", L"AP"}) {
-    addCode(code);
+  for (const std::wstring_view code : Vocabulary::kMilitaryStates) {
+    addCode(std::wstring(code));
   }
   for (const Vocabulary::VocabularyRow& row : kOlderForms) {
     names.try_emplace(row.written, Known{row.standard, false});

@@ -83,7 +83,7 @@ WordForms::WordForms() {
     states_.emplace(name, row.standard);
     states_.emplace(row.standard, row.standard);
   }
-  for (const wchar_t* const military : {L"AA", L"AE", L"AP"}) {
+  for (const std::wstring_view military : Vocabulary::kMilitaryStates) {
     states_.emplace(military, military);
   }
   for (const auto& [word, common] : kCommon) {

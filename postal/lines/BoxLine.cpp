@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "postal/words/Lexicon.h"
 #include "postal/words/Phrase.h"
 
 namespace postwright::postal {
@@ -32,7 +33,8 @@ constexpr std::string_view kHighwayContract[] = {"HC",
 constexpr std::string_view kGeneralDelivery[] = {"GENERAL DELIVERY", "GEN DELIVERY", "GENERAL DEL",
                                                  "GEN DEL"};
 constexpr std::string_view kBox[] = {"BOX", "BX", "BUZON", "BZN"};
-constexpr std::string_view kMilitaryUnit[] = {"PSC", "P S C", "UNIT", "CMR"};
+// In front of the number, as the words of the vocabulary are.
+constexpr std::string_view kSpelledPsc = "P S C";
 
 bool IsBoxNumber(const std::string& word) {
   return word != "#" && (HasDigit(word) || (word.size() <= 2 && AllLetters(word)));
@@ -41,8 +43,7 @@ bool IsBoxNumber(const std::string& word) {
 // Parts the letters of a glued first word from its number: RR3 and RR-3 -> RR 3, POBOX12 -> POBOX
 // 12.
 Words PartFirst(Words words) {
-  static constexpr std::string_view kGlued[] = {"RR",  "HC",  "HCR", "POBOX",
-                                                "POB", "BOX", "PSC", "CMR"};
+  static constexpr std::string_view kGlued[] = {"RR", "HC", "HCR", "POBOX", "POB", "BOX"};
   if (words.empty()) {
     return words;
   }
@@ -50,8 +51,10 @@ Words PartFirst(Words words) {
   const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
   const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
   const std::string_view letters = std::string_view(word).substr(0, digits - (hyphen ? 1 : 0));
-  if (digits < word.size() &&
-      std::find(std::begin(kGlued), std::end(kGlued), letters) != std::end(kGlued)) {
+  const bool isGlued =
+      std::find(std::begin(kGlued), std::end(kGlued), letters) != std::end(kGlued) ||
+      Lexicon::Get().IsMilitaryUnit(letters);
+  if (digits < word.size() && isGlued) {
     words[0] = std::string(letters);
     words.insert(words.begin() + 1, word.substr(digits));
   }
@@ -142,14 +145,14 @@ std::optional<BoxLine> ReadGeneralDelivery(const Words& words) {
 std::optional<BoxLine> ReadMilitary(const Words& given) {
   const Words words = PartFirst(given);
   for (size_t start = 0; start < words.size(); ++start) {
-    const size_t length = LongestPhrase(words, start, kMilitaryUnit);
+    const bool isUnit = Lexicon::Get().IsMilitaryUnit(words[start]);
+    const size_t length = isUnit ? 1 : PhraseLength(words, start, kSpelledPsc);
     size_t at = start + length + NumberSignLength(words, start + length);
     if (length == 0 || at >= words.size() || !HasDigit(words[at])) {
       continue;
     }
     BoxLine read{Words(words.begin(), words.begin() + start), {}};
-    read.line.insert(read.line.end(),
-                     {words[start] == "P" ? std::string("PSC") : words[start], words[at]});
+    read.line.insert(read.line.end(), {isUnit ? words[start] : std::string("PSC"), words[at]});
     ++at;
     if (const std::string box = TakeBox(words, at); !box.empty()) {
       read.line.insert(read.line.end(), {"BOX", box});

@@ -7,13 +7,10 @@
 #include "postal/lines/PuertoRico.h"
 #include "postal/lines/StreetLine.h"
 #include "postal/lines/UnitReader.h"
+#include "postal/words/Lexicon.h"
 
 namespace postwright::postal {
 namespace {
-
-bool IsMilitaryState(std::string_view state) {
-  return state == "AA" || state == "AE" || state == "AP";
-}
 
 // A second line: a unit in standard form, another delivery line, or text that only loses its
 // punctuation. A lone hyphen, which clients send for "none", is no word.
@@ -47,7 +44,7 @@ struct Delivery {
 };
 
 std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state) {
-  if (IsMilitaryState(state)) {
+  if (Lexicon::Get().IsMilitaryState(state)) {
     if (auto line = ReadMilitary(words)) {
       return line;
     }
@@ -66,7 +63,7 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
   if (auto street = ReadStreet(words, state)) {
     return std::optional<Delivery>(std::in_place, std::move(*street));
   }
-  if (IsMilitaryState(state) && !words.empty()) {
+  if (Lexicon::Get().IsMilitaryState(state) && !words.empty()) {
     return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
   }
   return std::nullopt;

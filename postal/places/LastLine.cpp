@@ -22,10 +22,6 @@ std::string_view MilitaryState(const std::string& zip5) {
                                           : "";
 }
 
-bool IsMilitaryCity(std::string_view city) {
-  return city == "APO" || city == "FPO" || city == "DPO";
-}
-
 }  // namespace
 
 struct LastLineChecker::Reading {
@@ -71,12 +67,12 @@ std::string LastLineChecker::StateOf(const std::string& state) {
 }
 
 bool LastLineChecker::IsMilitary(std::string_view city, std::string_view state) {
-  return IsMilitaryCity(city) || state == "AA" || state == "AE" || state == "AP";
+  return Lexicon::Get().IsMilitaryCity(city) || Lexicon::Get().IsMilitaryState(state);
 }
 
 std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked) const {
   const Reading reading(asked);
-  if (IsMilitaryCity(reading.city) || !MilitaryState(reading.zip5).empty()) {
+  if (Lexicon::Get().IsMilitaryCity(reading.city) || !MilitaryState(reading.zip5).empty()) {
     return CheckMilitary(reading);
   }
   if (const ZipList::City* ofZip = base_.FindZip(reading.zip5)) {
@@ -93,7 +89,7 @@ LastLineChecker::Result LastLineChecker::CheckMilitary(const Reading& asked) con
   if (state.empty()) {
     return asked.zipForm == ZipForm::Absent ? Rejection::Multiple : Rejection::InvalidZip;
   }
-  if (IsMilitaryCity(asked.city)) {
+  if (Lexicon::Get().IsMilitaryCity(asked.city)) {
     return asked.Place(asked.city, state, asked.zip5);
   }
   const ZipList::City* ofZip = base_.FindZip(asked.zip5);

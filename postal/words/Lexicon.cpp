@@ -86,8 +86,15 @@ Lexicon::Lexicon() {
     states_.Add(name, Narrow(row.standard));
     states_.Add(Narrow(row.standard), Narrow(row.standard));
   }
-  for (const char* military : {"AA", "AE", "AP"}) {
-    states_.Add(military, military);
+  FillWith(Vocabulary::kMilitaryStates, states_);
+  FillWith(Vocabulary::kMilitaryStates, militaryStates_);
+  FillWith(Vocabulary::kMilitaryCities, militaryCities_);
+  FillWith(Vocabulary::kMilitaryUnits, militaryUnits_);
+}
+
+void Lexicon::FillWith(std::span<const std::wstring_view> words, Table& table) {
+  for (const std::wstring_view word : words) {
+    table.Add(Narrow(word), Narrow(word));
   }
 }
 
@@ -136,6 +143,18 @@ std::string_view Lexicon::State(std::string_view nameOrCode) const {
   std::string letters(nameOrCode);
   std::erase(letters, ' ');
   return states_.Find(letters);
+}
+
+bool Lexicon::IsMilitaryState(std::string_view code) const {
+  return !militaryStates_.Find(code).empty();
+}
+
+bool Lexicon::IsMilitaryCity(std::string_view city) const {
+  return !militaryCities_.Find(city).empty();
+}
+
+bool Lexicon::IsMilitaryUnit(std::string_view word) const {
+  return !militaryUnits_.Find(word).empty();
 }
 
 }  // namespace postwright::postal

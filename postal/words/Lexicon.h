@@ -2,12 +2,13 @@
 #define POSTWRIGHT_POSTAL_WORDS_LEXICON_H_
 
 #include <bitset>
-#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "common/StringHash.h"
 #include "core/parser/Vocabulary.h"
 
 namespace postwright::postal {
@@ -41,6 +42,12 @@ class Lexicon {
   // name, blanks in the name or not.
   std::string_view State(std::string_view nameOrCode) const;
 
+  // USPS Publication 28, section 225: what stands for a state, for a city and in front of a unit's
+  // number in a military address.
+  bool IsMilitaryState(std::string_view code) const;  // AA, AE, AP
+  bool IsMilitaryCity(std::string_view city) const;   // APO, DPO, FPO
+  bool IsMilitaryUnit(std::string_view word) const;   // CMR, PSC, UNIT
+
  private:
   // Words with their standard forms. Nearly every word that is looked up is none of them, which
   // its first and last letter and its length mostly tell.
@@ -50,18 +57,15 @@ class Lexicon {
     std::string_view Find(std::string_view word) const;
 
    private:
-    // Looks words up without making strings of them.
-    struct Hash : std::hash<std::string_view> {
-      using is_transparent = void;
-    };
     static constexpr size_t kShapes = 1024;
     static size_t ShapeOf(std::string_view word);
 
     std::bitset<kShapes> shapes_;
-    std::unordered_map<std::string, std::string, Hash, std::equal_to<>> words_;
+    std::unordered_map<std::string, std::string, StringHash<char>, std::equal_to<>> words_;
   };
 
   Lexicon();
+  static void FillWith(std::span<const std::wstring_view> words, Table& table);
   static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
 
   Table directions_;
@@ -71,6 +75,9 @@ class Lexicon {
   Table numberedUnits_;
   Table plainUnits_;
   Table states_;
+  Table militaryStates_;
+  Table militaryCities_;
+  Table militaryUnits_;
 };
 
 }  // namespace postwright::postal
