@@ -124,7 +124,7 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
     lease.emplace(addresses_->Borrow());
   }
   postal::BaseReader* const reader = lease ? &**lease : nullptr;
-  const auto cut = postal::LineCutter(base_, reader)
+  const auto cut = postal::LineCutter(zips_, reader)
                        .Cut({sent.address1, sent.address2, sent.city, sent.state, sent.zip5});
   if (!cut) {
     postal::Explain(explanation, "the lines could be those of several addresses");
@@ -150,7 +150,7 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
   }
   postal::AddressQuestion question;
   question.asked = std::move(folded->lastLine);
-  question.lastLine = postal::LastLineChecker(base_).Check(question.asked);
+  question.lastLine = postal::LastLineChecker(zips_).Check(question.asked);
   const auto* const placed = std::get_if<postal::PlacedLine>(&question.lastLine);
   question.state =
       placed != nullptr ? placed->state : postal::LastLineChecker::StateOf(question.asked.state);
@@ -185,7 +185,7 @@ postal::AddressMatcher::Answer Verifier::MatchStreet(const postal::AddressQuesti
                                                      postal::BaseReader* reader,
                                                      postal::Explanation* explanation) const {
   if (reader != nullptr) {
-    return postal::AddressMatcher(base_, *reader, explanation).Match(question);
+    return postal::AddressMatcher(zips_, *reader, explanation).Match(question);
   }
   if (const auto* rejection = std::get_if<postal::Rejection>(&question.lastLine)) {
     return *rejection;

@@ -13,7 +13,7 @@ namespace postwright::service {
 
 // Decides on one address: places it, standardises it, or turns it down.
 //
-//   const Verifier verifier(base);
+//   const Verifier verifier(zips);
 //   const ReplyAddress reply = verifier.Verify(request.addresses[0]);
 //
 // What a parser without a list of cities has cut wrongly is cut anew (LineCutter), then city, state
@@ -23,12 +23,12 @@ namespace postwright::service {
 // confirms and corrects it. A ZIP+4 add-on that was asked for is given back where no source has
 // another and neither street, number nor ZIP code is found wrong.
 //
-// Borrows the bases. Any thread may call Verify.
+// Borrows both. Any thread may call Verify.
 class Verifier final : public AnswerSource {
  public:
   // `addresses` may be null.
-  explicit Verifier(const postal::ZipList& base, const postal::AddressBase* addresses = nullptr)
-      : base_(base), addresses_(addresses) {}
+  explicit Verifier(const postal::ZipList& zips, const postal::AddressBase* addresses = nullptr)
+      : zips_(zips), addresses_(addresses) {}
 
   ReplyAddress Verify(const RequestAddress& asked) const;
 
@@ -46,7 +46,7 @@ class Verifier final : public AnswerSource {
                                              postal::BaseReader* reader,
                                              postal::Explanation* explanation) const;
 
-  const postal::ZipList& base_;
+  const postal::ZipList& zips_;
   const postal::AddressBase* addresses_;
 };
 

@@ -26,7 +26,7 @@ enum class CityFit {
   Different,
 };
 
-// Says how `given` fits the name of the base. Both are standard; neither is empty.
+// Says how `given` fits the name of the ZIP list. Both are standard; neither is empty.
 CityFit CompareCity(std::string_view given, std::string_view known);
 
 // Returns how many letters apart two keys are, where that is few enough for one to be a misspelling

@@ -75,14 +75,14 @@ std::variant<PlacedLine, Rejection> LastLineChecker::Check(const LastLine& asked
   if (Lexicon::Get().IsMilitaryCity(reading.city) || !MilitaryState(reading.zip5).empty()) {
     return CheckMilitary(reading);
   }
-  if (const ZipList::City* ofZip = base_.FindZip(reading.zip5)) {
+  if (const ZipList::City* ofZip = zips_.FindZip(reading.zip5)) {
     return CheckKnownZip(reading, *ofZip);
   }
   return CheckCityAndState(reading);
 }
 
 // A military address names a post office, never a place: whatever else stands there is replaced.
-// The base does not list every military ZIP, nor tell which are DPO, so both are taken as they
+// The ZIP list does not hold every military ZIP, nor tell which are DPO, so both are taken as they
 // come.
 LastLineChecker::Result LastLineChecker::CheckMilitary(const Reading& asked) const {
   const std::string state(MilitaryState(asked.zip5));
@@ -92,7 +92,7 @@ LastLineChecker::Result LastLineChecker::CheckMilitary(const Reading& asked) con
   if (Lexicon::Get().IsMilitaryCity(asked.city)) {
     return asked.Place(asked.city, state, asked.zip5);
   }
-  const ZipList::City* ofZip = base_.FindZip(asked.zip5);
+  const ZipList::City* ofZip = zips_.FindZip(asked.zip5);
   return ofZip == nullptr ? Result(Rejection::InvalidCity)
                           : Result(asked.Place(ofZip->name, state, asked.zip5));
 }
@@ -114,13 +114,13 @@ LastLineChecker::Result LastLineChecker::KeepState(const Reading& asked,
   if (fit == CityFit::Same || fit == CityFit::Abbreviation) {
     return takeBase();
   }
-  if (const ZipList::City* own = base_.FindCity(asked.Key(), ofZip.state)) {
+  if (const ZipList::City* own = zips_.FindCity(asked.Key(), ofZip.state)) {
     return asked.Place(own->name, ofZip.state, asked.zip5);  // its neighbour may be accepted there
   }
   if (fit == CityFit::Near || fit == CityFit::Part) {
     return takeBase();
   }
-  if (base_.IsCityAnywhere(asked.Key())) {
+  if (zips_.IsCityAnywhere(asked.Key())) {
     return asked.stateGiven ? Result(takeBase()) : Result(Rejection::InvalidCity);
   }
   if (!Lexicon::Get().State(asked.city).empty()) {
@@ -134,7 +134,7 @@ LastLineChecker::Result LastLineChecker::DecideState(const Reading& asked,
                                                      const ZipList::City& ofZip) const {
   const CityFit fit = asked.city.empty() ? CityFit::Different : CompareCity(asked.city, ofZip.name);
   const bool fitsZip = fit != CityFit::Different && fit != CityFit::Part;
-  const ZipList::City* own = base_.FindCity(asked.Key(), asked.state);
+  const ZipList::City* own = zips_.FindCity(asked.Key(), asked.state);
   if (fitsZip) {
     return own == nullptr ? Result(asked.Place(ofZip.name, ofZip.state, asked.zip5))
                           : Result(Rejection::Multiple);
@@ -157,12 +157,12 @@ LastLineChecker::Result LastLineChecker::CheckCityAndState(const Reading& asked)
            : !asked.state.empty() ? Rejection::InvalidCity
                                   : Rejection::InvalidAddress;
   }
-  const ZipList::City* own = base_.FindCity(asked.Key(), asked.state);
+  const ZipList::City* own = zips_.FindCity(asked.Key(), asked.state);
   if (own == nullptr) {
-    own = base_.FindNearCity(asked.Key(), asked.state);
+    own = zips_.FindNearCity(asked.Key(), asked.state);
   }
   if (own == nullptr) {
-    return wrongZip && base_.FindZip(asked.zip5) == nullptr ? Rejection::InvalidZip
+    return wrongZip && zips_.FindZip(asked.zip5) == nullptr ? Rejection::InvalidZip
                                                             : Rejection::InvalidCity;
   }
   if (own->zips.size() > 1) {

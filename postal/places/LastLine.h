@@ -27,20 +27,20 @@ struct PlacedLine {
 
 // Checks city, state and ZIP code against one another.
 //
-//   LastLineChecker(base).Check({"AUSTIN", "OK", "78701"});   // AUSTIN TX 78701
-//   LastLineChecker(base).Check({"HUTTO", "TEXAS", ""});      // HUTTO TX 78634
-//   LastLineChecker(base).Check({"AUSTIN", "TX", ""});        // Rejection::Multiple
+//   LastLineChecker(zips).Check({"AUSTIN", "OK", "78701"});   // AUSTIN TX 78701
+//   LastLineChecker(zips).Check({"HUTTO", "TEXAS", ""});      // HUTTO TX 78634
+//   LastLineChecker(zips).Check({"AUSTIN", "TX", ""});        // Rejection::Multiple
 //
 // Of three statements the one that the two others contradict is corrected, one that the others
-// leave no doubt about is filled. A city that differs from the base's name for the ZIP is taken to
-// be one of the other names that the postal service accepts there, and kept, unless it is a near
-// spelling of the base's name, or is known in other states alone. What is left uncertain is not
+// leave no doubt about is filled. A city that differs from the ZIP list's name for the ZIP is taken
+// to be one of the other names that the postal service accepts there, and kept, unless it is a near
+// spelling of the ZIP list's name, or is known in other states alone. What is left uncertain is not
 // decided: see docs/verify-service.md for each case and its rejection.
 //
-// Borrows the base. Any thread may call Check.
+// Borrows the ZIP list. Any thread may call Check.
 class LastLineChecker {
  public:
-  explicit LastLineChecker(const ZipList& base) : base_(base) {}
+  explicit LastLineChecker(const ZipList& zips) : zips_(zips) {}
 
   std::variant<PlacedLine, Rejection> Check(const LastLine& asked) const;
 
@@ -65,7 +65,7 @@ class LastLineChecker {
   Result DecideState(const Reading& asked, const ZipList::City& ofZip) const;
   Result CheckCityAndState(const Reading& asked) const;
 
-  const ZipList& base_;
+  const ZipList& zips_;
 };
 
 }  // namespace postwright::postal

@@ -13,7 +13,8 @@
 
 namespace postwright::postal {
 
-// A base file that cannot be used; what() names the file, the line and what is wrong with it.
+// A file of ZIP codes that cannot be used; what() names the file, the line and what is wrong with
+// it.
 class ZipListError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -21,13 +22,13 @@ class ZipListError : public std::runtime_error {
 
 // Which ZIP codes there are, and the city and state of each.
 //
-//   ZipList base;
-//   base.Load("us-zips.tsv");
-//   base.FindZip("78701")->name;                        // "AUSTIN"
-//   base.FindCity(CityKey("HUTTO"), "TX")->zips.size();  // 1
+//   ZipList zips;
+//   zips.Load("us-zips.tsv");
+//   zips.FindZip("78701")->name;                        // "AUSTIN"
+//   zips.FindCity(CityKey("HUTTO"), "TX")->zips.size();  // 1
 //
 // Loading is for one thread; once loaded, any number of threads may read. The cities that it hands
-// out live as long as the base.
+// out live as long as the list.
 class ZipList {
  public:
   struct City {

@@ -40,7 +40,7 @@ void SplitZip(RequestAddress& address) {
 
 // Finds the state and says what is missing of the last line, where something is.
 std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
-                                                  const postal::ZipList& base) {
+                                                  const postal::ZipList& zips) {
   const bool isZipGiven = !address.zip5.empty();
   const bool isStateGiven = !address.state.empty();
   address.state = postal::Lexicon::Get().State(address.state);
@@ -49,7 +49,7 @@ std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
     return postal::Rejection::InvalidState;
   }
   if (!isStateGiven && !address.zip5.empty()) {
-    const postal::ZipList::City* const city = base.FindZip(address.zip5);
+    const postal::ZipList::City* const city = zips.FindZip(address.zip5);
     address.state = city != nullptr ? city->state : "";
   }
   if (address.state.empty()) {
@@ -66,14 +66,14 @@ std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
 }  // namespace
 
 std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
-                                                                const postal::ZipList& base) {
+                                                                const postal::ZipList& zips) {
   NormalRequest normal{asked, {}};
   RequestAddress& address = normal.address;
   address.id.reset();
   if (asked.cutShort || !Fold(address)) {
     return postal::Rejection::InvalidAddress;
   }
-  auto cut = postal::LineCutter(base, nullptr)
+  auto cut = postal::LineCutter(zips, nullptr)
                  .Cut({asked.address1, asked.address2, asked.city, asked.state, asked.zip5});
   if (!cut) {
     return postal::Rejection::InvalidAddress;
@@ -93,7 +93,7 @@ std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAdd
   if (address.address2.empty() || HasGrown(address)) {
     return postal::Rejection::InvalidAddress;
   }
-  if (const auto rejection = CompleteLastLine(address, base)) {
+  if (const auto rejection = CompleteLastLine(address, zips)) {
     return *rejection;
   }
   return normal;

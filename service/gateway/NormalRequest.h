@@ -31,7 +31,7 @@ struct NormalRequest {
 // delivery line, one that could be cut in several ways, a field too long or without Latin letters,
 // no such state, neither a ZIP code nor a city and state. Pure, for any thread.
 std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
-                                                                const postal::ZipList& base);
+                                                                const postal::ZipList& zips);
 
 // Returns what two normal requests have in common exactly if they are the same.
 std::string KeyOf(const RequestAddress& normal);

@@ -87,8 +87,9 @@ bool HasCode(const json& reply, std::string_view code) {
   return false;
 }
 
-// The API gives the abbreviation as the city, too. The base's name is taken where it abbreviates to
-// what the API said, and only then: it may be another of the names that a ZIP code has.
+// The API gives the abbreviation as the city, too. The ZIP list's name is taken where it
+// abbreviates to what the API said, and only then: it may be another of the names that a ZIP code
+// has.
 void RestoreCity(ReplyFields& fields, const postal::ZipList& base) {
   const postal::ZipList::City* const known = base.FindZip(fields.zip5);
   if (fields.city.empty() || fields.city == fields.cityAbbreviation) {
