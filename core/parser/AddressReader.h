@@ -4,6 +4,8 @@
 #include "core/parser/AddressCaptures.h"
 #include "core/parser/CharacterClasses.h"
 #include "core/parser/PostalWords.h"
+#include "core/parser/ScannedText.h"
+#include "core/parser/StreetReader.h"
 #include "core/parser/TailTable.h"
 
 #include <optional>
@@ -23,6 +25,8 @@ namespace postwright {
 class AddressReader {
  public:
   explicit AddressReader(PostalWords words);
+  AddressReader(const AddressReader&) = delete;
+  AddressReader& operator=(const AddressReader&) = delete;
 
   // Places are counted in int. A text longer than this holds no label; it is not read.
   static constexpr size_t kLongestText = size_t{1} << 30;
@@ -47,31 +51,17 @@ class AddressReader {
   bool ReadPlainNumber(int at, int digitsEnd);
   bool ReadGridNumber(int at);
   bool ReadStreetBehindNumber(Group group, int begin, int shortest, int longest);
-  int StreetBehindNumber(int at) const;
-  int PredirectionalEnd(int at) const;
-
-  void ReadStreet(int at);
-  bool ReadDirectionalStreet(int at);
-  void ReadNamedStreet(int at);
-  void ReadSuffix(int at, Group suffix, Group postdirectional);
-  void ReadPostdirectional(int at, Group group);
-  void ReadTail(int at);
-  int ReadSecondary(int at);
-  void ReadCityStateZip(int at);
-  void ReadZip(int at);
 
   void Capture(Group group, int begin, int end) { captures_[group] = {begin, end}; }
-  bool Is(int at, uint8_t flag) const;
   bool IsZip(int at) const;
-  int SkipNonWord(int at) const;
-  int SkipDigits(int at) const;
   int SkipGridNumber(int at) const;
 
   const PostalWords words_;
   const CharacterClasses classes_;
   TailTable table_{words_, classes_};
-  std::wstring_view text_;
+  ScannedText text_{classes_};
   AddressCaptures captures_;
+  StreetReader street_{words_, table_, text_, captures_};
 };
 
 }  // namespace postwright
