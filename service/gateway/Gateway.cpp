@@ -9,8 +9,6 @@
 namespace postwright::service {
 namespace {
 
-constexpr std::chrono::seconds kLogPause(60);  // between two lines on failures of one kind
-
 AddressAnswer ToAnswer(const AnswerCache::Kept& kept) {
   return std::visit([](const auto& value) -> AddressAnswer { return value; }, kept);
 }
@@ -32,13 +30,11 @@ Gateway::Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cach
       cache_(cache),
       clock_(clock),
       limits_(limits),
-      log_(log),
-      pace_(std::move(budget)) {
-  counts_.upstream = upstream_.Name();
-  counts_.budget = pace_.GetRate();
-  if (cache_ != nullptr && counts_.budget) {
+      pace_(std::move(budget)),
+      record_(upstream.Name(), pace_.GetRate(), clock, log) {
+  if (const auto rate = pace_.GetRate(); cache_ != nullptr && rate) {
     const Clock::Date today = clock_.Today();
-    for (const Clock::Date call : cache_->CallsWithin(counts_.budget->stretch)) {
+    for (const Clock::Date call : cache_->CallsWithin(rate->stretch)) {
       pace_.Begin(clock_.Now() - std::max(today - call, Clock::Date::duration(0)));
     }
   }
@@ -83,7 +79,7 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
   if (const auto* rejection = std::get_if<postal::Rejection>(&normal)) {
     {
       const std::lock_guard lock(mutex_);
-      ++counts_.turnedDownHere;
+      record_.TurnedDownHere();
     }
     return done(*rejection);
   }
@@ -104,7 +100,7 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
     const auto kept = cache_ != nullptr ? cache_->Find(key) : std::nullopt;
     lock.lock();
     if (kept) {
-      ++counts_.cached;
+      record_.Cached();
       lock.unlock();
       return done(ToAnswer(*kept));
     }
@@ -129,7 +125,7 @@ void Gateway::ReloadCredentials() {
 GatewayState Gateway::State() {
   const std::lock_guard lock(mutex_);
   const Clock::Time now = clock_.Now();
-  GatewayState state = counts_;
+  GatewayState state = record_.State();
   state.waiting = queue_.Size();
   state.budgetLeft = pace_.Left(now);
   if (const Clock::Time ready = pace_.ReadyAt(now, 0); ready > now) {
@@ -151,7 +147,7 @@ Gateway::Deliveries Gateway::Enter(const std::string& key, const RequestAddress&
       return deliveries;
     }
   } else {
-    ++counts_.joined;
+    record_.Joined();
     if (found->second->answer) {
       deliveries.push_back({std::move(done), *found->second->answer});
       return deliveries;
@@ -196,10 +192,9 @@ ServiceFault Gateway::Blocked(Clock::Time now, size_t ahead) {
   return TurnAway(pace_.ReasonAt(now, ahead), pace_.ReadyAt(now, ahead));
 }
 
-ServiceFault Gateway::TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt) {
-  ++counts_.turnedAway;
-  const bool isOwn = kind >= FaultKind::BudgetSpent;
-  counts_.errors[static_cast<size_t>(kind)] += isOwn ? 1 : 0;  // the upstream's count by the call
+ServiceFault Gateway::TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt,
+                               size_t addresses) {
+  record_.TurnedAway(kind, addresses);
   return ExplainFault(kind, resumesAt ? std::optional(clock_.DateOf(*resumesAt)) : std::nullopt);
 }
 
@@ -216,7 +211,7 @@ void Gateway::Work() {
     const FlightPointer flight = queue_.Pop();
     flight->isCalled = true;
     pace_.Begin(now);
-    ++counts_.calling;
+    record_.CallBegins();
     lock.unlock();
     Call(flight);
     lock.lock();
@@ -230,8 +225,7 @@ void Gateway::Call(const FlightPointer& flight) {
   Deliveries deliveries;
   {
     const std::lock_guard lock(mutex_);
-    --counts_.calling;
-    counts_.callSeconds += std::chrono::duration<double>(clock_.Now() - begun).count();
+    record_.CallEnds(begun);
     deliveries = Settle(flight, outcome);
   }
   Deliver(std::move(deliveries));
@@ -259,12 +253,12 @@ UpstreamOutcome Gateway::AskUpstream(const RequestAddress& normal) try {
 // into the queue, if there is time.
 Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamOutcome& outcome) {
   const auto* const fault = std::get_if<UpstreamFault>(&outcome.answer);
-  counts_.calls += outcome.calls;
+  record_.CallsCounted(outcome.calls);
   if (pace_.End(clock_.Now(), outcome)) {
     expirable_.notify_one();
   }
   if (fault != nullptr) {
-    NoteFault(*fault);
+    record_.Failed(*fault, pace_.PausedUntil(clock_.Now()));
   }
   if (fault != nullptr && fault->kind == FaultKind::Quota && !isStopping_) {
     flight->isCalled = false;
@@ -274,11 +268,8 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
   }
   Deliveries deliveries;
   if (fault != nullptr) {
-    const bool isPaused = pace_.PauseAt(clock_.Now()).has_value();
-    flight->answer =
-        ExplainFault(isStopping_ ? FaultKind::Stopping : fault->kind,
-                     isPaused ? std::optional(clock_.DateOf(pace_.PausedUntil())) : std::nullopt);
-    counts_.turnedAway += flight->waiters.size();
+    flight->answer = TurnAway(isStopping_ ? FaultKind::Stopping : fault->kind,
+                              pace_.PausedUntil(clock_.Now()), flight->waiters.size());
     flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
   } else {
     flight->answer = ToAnswer(ToKeep(outcome.answer));
@@ -288,22 +279,6 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
   }
   flight->waiters.clear();
   return deliveries;
-}
-
-// Counts a fault, and tells it to the log where it is news.
-void Gateway::NoteFault(const UpstreamFault& fault) {
-  const Clock::Time now = clock_.Now();
-  ++counts_.errors[static_cast<size_t>(fault.kind)];
-  const bool isNew = !counts_.lastError || counts_.lastError->kind != fault.kind;
-  counts_.lastError = fault;
-  counts_.lastErrorAt = clock_.Today();
-  if (isNew || now - loggedAt_ > kLogPause) {
-    loggedAt_ = now;
-    log_.Write("upstream: " + std::string(NameOf(fault.kind)) + " (" + fault.detail + ")" +
-               (pace_.PauseAt(now)
-                    ? "; asked again at " + FormatDate(clock_.DateOf(pace_.PausedUntil()))
-                    : ""));
-  }
 }
 
 // The thread that ends waiting in vain.

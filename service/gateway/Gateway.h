@@ -1,7 +1,6 @@
 #ifndef POSTWRIGHT_SERVICE_GATEWAY_GATEWAY_H_
 #define POSTWRIGHT_SERVICE_GATEWAY_GATEWAY_H_
 
-#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -16,6 +15,7 @@
 #include "service/gateway/AnswerCache.h"
 #include "service/gateway/Budget.h"
 #include "service/gateway/FairQueue.h"
+#include "service/gateway/GatewayRecord.h"
 #include "service/gateway/Pace.h"
 #include "service/http/RequestLog.h"
 #include "service/upstream/Clock.h"
@@ -23,29 +23,6 @@
 #include "service/upstream/Zips.h"
 
 namespace postwright::service {
-
-// What a gateway has done and is doing, at one moment.
-struct GatewayState {
-  std::string upstream;
-
-  uint64_t calls = 0;                             // that counted against the upstream's quota
-  double callSeconds = 0;                         // that they took, together
-  uint64_t cached = 0;                            // addresses answered from the cache
-  uint64_t joined = 0;                            // addresses that were being asked for already
-  uint64_t turnedDownHere = 0;                    // addresses that no upstream could answer
-  uint64_t turnedAway = 0;                        // addresses without an answer
-  std::array<uint64_t, kFaultKinds> errors = {};  // by FaultKind
-
-  size_t waiting = 0;  // addresses in the queue
-  size_t calling = 0;  // calls under way
-
-  std::optional<Budget::Rate> budget;  // nullopt: no bound
-  size_t budgetLeft = 0;
-  std::optional<Clock::Date> resumesAt;  // where no call may be made now
-  std::optional<UpstreamFault> pause;    // what the upstream said that keeps it from being asked
-  std::optional<UpstreamFault> lastError;
-  std::optional<Clock::Date> lastErrorAt;
-};
 
 // Answers addresses by asking an upstream as little as possible: answers are kept, an address that
 // is being asked for is not asked for again, and calls keep within a budget and out of the pauses
@@ -119,10 +96,10 @@ class Gateway final : public AnswerSource {
   std::optional<ServiceFault> MakeRoom(const std::string& asker, Clock::Time now,
                                        Deliveries& displaced);
   Deliveries Settle(const FlightPointer& flight, const UpstreamOutcome& outcome);
-  void NoteFault(const UpstreamFault& fault);
   Deliveries TakeLost(Clock::Time now, Clock::Time* next);
   ServiceFault Blocked(Clock::Time now, size_t ahead);
-  ServiceFault TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt = {});
+  ServiceFault TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt = {},
+                        size_t addresses = 1);
 
   // Without it:
   void Work();
@@ -136,7 +113,6 @@ class Gateway final : public AnswerSource {
   AnswerCache* const cache_;
   const Clock& clock_;
   const Limits limits_;
-  RequestLog& log_;
 
   std::mutex mutex_;
   std::condition_variable workable_;   // a flight to call, another time for it, or the end
@@ -146,8 +122,7 @@ class Gateway final : public AnswerSource {
   FairQueue<FlightPointer> queue_;
   std::unordered_map<std::string, FlightPointer> flights_;
   uint64_t landed_ = 0;  // flights that have ended
-  Clock::Time loggedAt_ = Clock::Time::min();
-  GatewayState counts_;
+  GatewayRecord record_;
 
   std::vector<std::thread> threads_;
 };

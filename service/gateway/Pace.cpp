@@ -64,4 +64,8 @@ std::optional<UpstreamFault> Pace::PauseAt(Clock::Time now) const {
   return pausedUntil_ > now ? std::optional(pause_) : std::nullopt;
 }
 
+std::optional<Clock::Time> Pace::PausedUntil(Clock::Time now) const {
+  return pausedUntil_ > now ? std::optional(pausedUntil_) : std::nullopt;
+}
+
 }  // namespace postwright::service

@@ -35,9 +35,9 @@ class Pace {
   // Ends the pause: what had brought it is no more.
   void Resume();
 
-  // Returns the fault that has brought the pause; nullopt where there is none now.
+  // Returns the fault that has brought the pause, and its end; nullopt where there is none now.
   std::optional<UpstreamFault> PauseAt(Clock::Time now) const;
-  Clock::Time PausedUntil() const { return pausedUntil_; }
+  std::optional<Clock::Time> PausedUntil(Clock::Time now) const;
 
   const std::optional<Budget::Rate>& GetRate() const { return budget_.GetRate(); }
   size_t Left(Clock::Time now) { return budget_.Left(now); }
