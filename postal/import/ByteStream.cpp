@@ -100,9 +100,16 @@ class ZipStream : public ByteStream {
 
 }  // namespace
 
+// A file within comes first, or, in an archive without one, the end of its directory.
+bool ByteStream::IsArchive(std::string_view head) {
+  return head.starts_with("PK\x03\x04") || head.starts_with("PK\x05\x06");
+}
+
 std::unique_ptr<ByteStream> ByteStream::Open(const std::filesystem::path& file,
                                              const std::string& ending) {
-  if (EndsWith(file.string(), ".zip")) {
+  char head[4];
+  const size_t length = FileStream(file).Read(head, sizeof head);
+  if (IsArchive({head, length})) {
     return std::make_unique<ZipStream>(file, ending);
   }
   return std::make_unique<FileStream>(file);

@@ -18,9 +18,8 @@ class CsvSource : public RowSource {
   // where the map names a column that the heading lacks.
   CsvSource(const std::filesystem::path& file, std::optional<ColumnMap> map);
 
-  const std::string& Format() const { return map_.Format(); }
-
   bool Next(AddressRow& row) override;
+  std::string Format() const override { return map_.Format(); }
   int64_t Line() const override { return rows_.Line(); }
   RowPlace Place() const override { return rows_.Place(); }
   void GoTo(const RowPlace& place) override { rows_.GoTo(place); }

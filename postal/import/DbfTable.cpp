@@ -31,6 +31,13 @@ uint32_t NumberAt(std::string_view bytes, size_t offset, size_t size) {
 
 }  // namespace
 
+// The first byte is the version; that of some is a digit, but no text has a zero byte so early.
+bool DbfTable::IsLikely(std::string_view head) {
+  constexpr std::string_view kVersions = "\x03\x30\x31\x32\x83\x8B\xF5";
+  return head.size() > kHeading && kVersions.find(head[0]) != std::string_view::npos &&
+         head.substr(0, kHeading).find('\0') != std::string_view::npos;
+}
+
 DbfTable::DbfTable(std::unique_ptr<ByteStream> stream, std::string name)
     : stream_(std::move(stream)), name_(std::move(name)) {
   std::string heading(kHeading, '\0');

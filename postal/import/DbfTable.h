@@ -17,6 +17,9 @@ namespace postwright::postal {
 // that of one record.
 class DbfTable {
  public:
+  // Says by the first bytes of a file whether it is such a table.
+  static bool IsLikely(std::string_view head);
+
   // Reads the heading. `name` stands for the table in what a SourceError says; throws it for a
   // heading that contradicts itself.
   DbfTable(std::unique_ptr<ByteStream> stream, std::string name);

@@ -2,8 +2,7 @@
 
 #include <numeric>
 
-#include "postal/import/CsvSource.h"
-#include "postal/import/TigerSource.h"
+#include "postal/import/SourceFormats.h"
 
 namespace postwright::postal {
 namespace {
@@ -53,11 +52,7 @@ std::string Importer::Job() const {
 }
 
 std::unique_ptr<RowSource> Importer::Open(const std::filesystem::path& file) {
-  if (file.extension() == ".zip" || file.extension() == ".dbf") {
-    source_.format = "TIGER/Line ADDRFEAT";
-    return std::make_unique<TigerSource>(file);
-  }
-  auto source = std::make_unique<CsvSource>(file, map_);
+  auto source = OpenSource(file, map_);
   source_.format = source->Format();
   return source;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <stdexcept>
+#include <string>
 
 #include "postal/import/AddressRow.h"
 
@@ -35,6 +36,9 @@ class RowSource {
   // Reads the next row; false at the end. Throws RowError for a row that is none, after which the
   // next call goes on behind it, and SourceError where the file cannot be read.
   virtual bool Next(AddressRow& row) = 0;
+
+  // What the file's format is called, as the base keeps it: "TIGER/Line ADDRFEAT".
+  virtual std::string Format() const = 0;
 
   // Where the last row began, and where the next one does.
   virtual int64_t Line() const = 0;

@@ -24,6 +24,7 @@ class TigerSource : public RowSource {
   explicit TigerSource(const std::filesystem::path& file);
 
   bool Next(AddressRow& row) override;
+  std::string Format() const override { return "TIGER/Line ADDRFEAT"; }
   int64_t Line() const override { return table_->RecordsRead(); }
   RowPlace Place() const override;
   void GoTo(const RowPlace& place) override;

@@ -3,6 +3,7 @@
 
 #include <atomic>
 
+#include "postal/import/SourceFormats.h"
 #include "postal/import/TigerSource.h"
 #include "tests/postal/base/SampleBase.h"
 #include "tests/support/TempFolder.h"
@@ -107,6 +108,31 @@ TEST(TigerTest, AddsRangesToABase) {
   EXPECT_FALSE(reader->FindNumber(street, "151").inRange);
   const int64_t oak = reader->FindStreets("00013", "OAK").at(0).id;
   EXPECT_TRUE(reader->FindNumber(oak, "7").inRange);
+}
+
+// A file is what it holds, whatever it is called.
+TEST(SourceFormatsTest, TellsAFileByWhatItHolds) {
+  constexpr const char* kTiger = "TIGER/Line ADDRFEAT";
+  const TempFolder folder;
+  const std::pair<std::string, std::string> files[] = {
+      {folder.Write("a.csv", Table(kRecords)), kTiger},
+      {Zip(folder, "addrfeat", Table(kRecords)), kTiger},
+      {Zip(folder, "A.ZIP", Table(kRecords)), kTiger},
+      {folder.Write("a.dbf", "number,street,zip\n7,OAK AVE,00011\n"), "CSV"},
+      {folder.Write("a.zip", "0,number,street,zip\n1,7,OAK AVE,00011\n"), "CSV"},  // dBASE has a 0
+      {folder.Write("picture", "\x89PNG" + std::string(9, '\0')), ""},
+      {folder.Write("damaged.csv", "PK\x03\x04 and no more"), ""},
+      {folder.File("missing.zip"), ""},
+      {folder.File(""), ""},
+  };
+  for (const auto& [file, format] : files) {
+    SCOPED_TRACE(file);
+    if (format.empty()) {
+      EXPECT_THROW(OpenSource(file, std::nullopt), SourceError);
+    } else {
+      EXPECT_EQ(OpenSource(file, std::nullopt)->Format(), format);
+    }
+  }
 }
 
 TEST(TigerTest, RefusesWhatIsNoTable) {
