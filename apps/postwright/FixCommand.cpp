@@ -5,6 +5,7 @@
 
 #include <iostream>
 #include <map>
+#include <utility>
 
 #include "apps/ServerOption.h"
 #include "apps/postwright/Explanation.h"
@@ -14,6 +15,8 @@
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
 #include "apps/postwright/stream/WorkerPool.h"
+#include "apps/postwright/table/FixTable.h"
+#include "apps/postwright/table/PlainInput.h"
 #include "common/WideText.h"
 
 namespace postwright {
@@ -53,8 +56,8 @@ void Print(const std::wstring& text) {
   output.Finish();
 }
 
-ExitStatus FixText(const FixOptions& options, PostwrightClient& client) {
-  const LabelFix fix(ReadLabelText(options.file), AskingOf(options), client);
+ExitStatus FixText(const InputBytes& input, const FixOptions& options, PostwrightClient& client) {
+  const LabelFix fix(LabelTextOf(input), AskingOf(options), client);
   if (options.explain) {
     std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed());
   }
@@ -85,6 +88,33 @@ ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
       [](const LabelLine& label, const std::string& ending) {
         return FailedRecord(label, "The worker process that was fixing this address " + ending);
       });
+}
+
+// The labels of a table are fixed as a stream of their own, whose records are put into the rows.
+ExitStatus FixRows(const AddressTable& table, const FixOptions& options, PostwrightClient& client) {
+  if (!options.quiet) {
+    std::cerr << "postwright: " << table.Description() << '\n';
+  }
+  return FixTable(table, {options.output, options.resume, options.explain},
+                  [&options, &client](const std::string& input, const std::string& records) {
+                    FixOptions stream = options;
+                    stream.file = input;
+                    stream.output.clear();
+                    stream.resume = records;
+                    return FixLines(stream, client);
+                  });
+}
+
+// Options that one label has no use for.
+void RefuseStreamOptions(const FixOptions& options) {
+  const std::pair<const char*, bool> given[] = {{"--output", !options.output.empty()},
+                                                {"--resume", !options.resume.empty()},
+                                                {"--jobs", options.jobs > 1}};
+  for (const auto& [name, isGiven] : given) {
+    if (isGiven) {
+      throw Failure(std::string(name) + " requires --jsonl or --csv");
+    }
+  }
 }
 
 }  // namespace
@@ -129,10 +159,18 @@ ExitStatus RunFix(const FixOptions& options) {
   }
   PostwrightClient client;
   ApplySettings(options, client);
-  if (!options.jsonl) {
-    return FixText(options, client);
+  if (options.jsonl && !options.resume.empty() && !options.output.empty()) {
+    throw Failure("--resume excludes --output: the records go to the end of its own file");
   }
-  return FixLines(options, client);
+  if (options.jsonl) {
+    return FixLines(options, client);
+  }
+  PlainInput input(options.file, options.csv, options.columns);
+  if (input.Table()) {
+    return FixRows(*input.Table(), options, client);
+  }
+  RefuseStreamOptions(options);
+  return FixText(input.Bytes(), options, client);
 }
 
 }  // namespace postwright

@@ -8,7 +8,7 @@
 
 namespace postwright {
 
-// Those of the second group go with jsonl.
+// Those of the second group are for many labels.
 struct FixOptions {
   std::string file = "-";              // "-" is standard input
   std::string server;                  // HOST[:PORT]; "" is the build's own
@@ -21,10 +21,12 @@ struct FixOptions {
   std::string mixedCase;        // the user's spellings, separated by ";"
   bool explain = false;         // say why each word was changed
   bool acceptDoubtful = false;  // take corrections that a person should look at
-  bool jsonl = false;           // a JSON line a label; else the whole input is one label
+  bool jsonl = false;           // a JSON line a label
+  bool csv = false;             // a table; where neither is said, a table is told from one label
+  std::string columns;          // what makes the labels of a table; "" is to be found
 
   std::string output;  // "" is standard output
-  std::string resume;  // an earlier run's output to go on with; not with `output`
+  std::string resume;  // an earlier run's records to go on with; beside `output` only of a table
   int jobs = 1;        // fixes under way at once
   bool quiet = false;  // no progress
 };
@@ -38,7 +40,8 @@ std::string CheckSpellings(const std::string& spellings);
 std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
-// returns kExitNotALabel where a line was no label or the fix of a plain text failed, and
+// returns kExitNotALabel where a line was no label, a row could not be read or the fix of a plain
+// text failed, and
 // kExitDoubtful where that of a plain text is doubtful.
 ExitStatus RunFix(const FixOptions& options);
 

@@ -3,11 +3,13 @@
 
 #include <string>
 
+#include "apps/postwright/InputBytes.h"
+
 namespace postwright {
 
-// Reads all of the file `name` ("-": standard input) as the text of one label. Throws Failure where
-// it cannot be read, is empty, is longer than a label can be, or is not UTF-8.
-std::wstring ReadLabelText(const std::string& name);
+// Returns `input`, read by now, as the text of one label. Throws Failure where it is empty, is
+// longer than a label can be, or is not UTF-8.
+std::wstring LabelTextOf(const InputBytes& input);
 
 }  // namespace postwright
 

@@ -4,12 +4,14 @@
 #include <postwright/AddressParser.h>
 
 #include <algorithm>
+#include <iostream>
 #include <string_view>
 
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
+#include "apps/postwright/table/PlainInput.h"
 #include "common/WideText.h"
 
 namespace postwright {
@@ -61,8 +63,8 @@ std::string Describe(const AddressInfo& info) {
   return description;
 }
 
-ExitStatus ParseText(const std::string& file) {
-  const std::wstring text = ReadLabelText(file);
+ExitStatus ParseText(const InputBytes& input) {
+  const std::wstring text = LabelTextOf(input);
   const AddressInfo info = AddressParser::GetInstance()->Parse(text);
   if (info == AddressInfo()) {
     throw Failure(
@@ -88,11 +90,46 @@ std::string ParseLine(const LabelLine& label) {
   return record.Line();
 }
 
+// The fields of each address in columns of their own; nothing else of the table changes.
+ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
+  QStringList titles;
+  for (const Field& field : kFields) {
+    titles.append(QString::fromUtf8(field.key.data(), static_cast<qsizetype>(field.key.size())));
+  }
+  Output output(file);
+  ExitStatus status = kExitDone;
+  const QByteArray bytes = table.Rewrite(
+      titles,
+      [](const LabelColumns& columns, QStringList& cells) {
+        const AddressInfo info =
+            AddressParser::GetInstance()->Parse(columns.LabelOf(cells).toStdWString());
+        QStringList values;
+        for (const Field& field : kFields) {
+          values.append(QString::fromStdWString(info.*field.value));
+        }
+        return values;
+      },
+      [&status](const std::string& warning) {
+        std::cerr << "postwright: " << warning << '\n';
+        status = kExitNotALabel;
+      });
+  output.Write({bytes.data(), static_cast<std::size_t>(bytes.size())});
+  output.Finish();
+  return status;
+}
+
 }  // namespace
 
 ExitStatus RunParse(const ParseOptions& options) {
   if (!options.jsonl) {
-    return ParseText(options.file);
+    PlainInput input(options.file, options.csv, options.columns);
+    if (input.Table()) {
+      return ParseTable(*input.Table(), options.output);
+    }
+    if (!options.output.empty()) {
+      throw Failure("--output requires --jsonl or --csv");
+    }
+    return ParseText(input.Bytes());
   }
   LineFilterOptions lines;
   lines.input = options.file;

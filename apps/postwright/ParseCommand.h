@@ -9,12 +9,15 @@ namespace postwright {
 
 struct ParseOptions {
   std::string file = "-";  // "-" is standard input
-  bool jsonl = false;      // a JSON line a label; else the whole input is one label
-  std::string output;      // "" is standard output; only with jsonl
+  bool jsonl = false;      // a JSON line a label
+  bool csv = false;        // a table; where neither is said, a table is told from one label
+  std::string columns;     // what makes the labels of a table; "" is to be found
+  std::string output;      // "" is standard output; not for one label
 };
 
 // `postwright parse`: splits labels into the fields of their addresses. Throws Failure and
-// ClosedPipe; returns kExitNotALabel where a line was no label or a plain text holds no address.
+// ClosedPipe; returns kExitNotALabel where a line was no label, a row could not be read or a plain
+// text holds no address.
 ExitStatus RunParse(const ParseOptions& options);
 
 }  // namespace postwright

@@ -14,6 +14,7 @@
 #include "apps/postwright/FixCommand.h"
 #include "apps/postwright/ParseCommand.h"
 #include "apps/postwright/stream/Failure.h"
+#include "apps/postwright/table/LabelColumns.h"
 
 namespace postwright {
 
@@ -23,7 +24,8 @@ constexpr const char* kVersion = "postwright " POSTWRIGHT_VERSION;
 
 constexpr const char* kUsage = "postwright parse|fix [OPTIONS] [FILE]";
 
-constexpr const char* kParseUsage = "postwright parse [--jsonl [--output FILE]] [FILE]";
+constexpr const char* kParseUsage =
+    "postwright parse [--jsonl | --csv [--columns LIST]] [--output FILE] [FILE]";
 constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
@@ -34,7 +36,9 @@ street_line, city, state, zip and suffix, behind the id where one was given. A l
 address has thirteen empty strings; so has a line that is no label or longer than 16 MiB, which is
 reported.
 
-Exit status: 0 done; 1 no address found, or with --jsonl a line was no label; 2 wrong usage, or
+A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
+
+Exit status: 0 done; 1 no address found, or a line was no label or row; 2 wrong usage, or
 input or output that cannot be read or written; 141 the reader of the output went away.
 
 Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright parse)";
@@ -44,7 +48,9 @@ constexpr const char* kFixUsage =
     "                      [--punctuation keep|postal|remove] [--names as-typed|same-case]\n"
     "                      [--explain] [--accept-doubtful] [--whole-label]\n"
     "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
-    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...";
+    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...\n"
+    "       postwright fix [--csv] [--columns LIST] [--jobs N] [--output FILE] [--resume FILE]\n"
+    "                      [--quiet] ... [TABLE]";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
@@ -80,11 +86,18 @@ or with --resume leaves its records, and --resume FILE goes on behind them: the 
 be those of the same input, a half last line is dropped, and new records are added to FILE itself,
 which need not be there yet. What failed is not tried again.
 
+A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
+their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
+not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _changes. It is told
+from one label by the names in its header; --csv says it is one, and --columns names the columns of
+the label. A ZIP code of five digits stays one. A row that cannot be read stays and is reported.
+--resume keeps the records of the rows in a file of their own, beside --output.
+
 On a terminal that can write over a line, standard error shows how far the run has come, unless with
 --quiet.
 
-Exit status: 0 done, with --jsonl even where fixes failed; 1 the fix failed, or with --jsonl a line
-was no label; 2 wrong usage, or input or output that cannot be read or written; 3 the correction is
+Exit status: 0 done, for many labels even where fixes failed; 1 the fix failed, or a line was no
+label or row; 2 wrong usage, or input or output that cannot be read or written; 3 the correction is
 doubtful and was not taken; 141 the reader of the output went away.
 
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
@@ -94,29 +107,34 @@ std::string CheckFileName(const std::string& name) {
 }
 
 // The options that both subcommands have.
-struct Streams {
-  CLI::Option* lines;
-  CLI::Option* output;
-};
-
 template <typename Options>
-Streams AddStreams(CLI::App* parser, Options& options) {
+void AddStreams(CLI::App* parser, Options& options) {
   parser->set_version_flag("--version", kVersion, "Print the version and exit");
   parser->set_help_flag("-h,--help", "Print this help and exit");
   CLI::Option* const lines =
       parser->add_flag("--jsonl", options.jsonl, "Read a label a line, write a record a line")
           ->disable_flag_override();
-  CLI::Option* const output =
-      parser
-          ->add_option("--output", options.output,
-                       "Write the records to this file, which appears whole or not at all; - is "
-                       "standard output")
-          ->type_name("FILE")
-          ->needs(lines)
-          ->check(CLI::Validator(CheckFileName, ""));
+  parser
+      ->add_flag("--csv", options.csv,
+                 "Read a table, CSV or TSV, and write it with columns added; a table whose "
+                 "header names its columns is one without this, too")
+      ->disable_flag_override()
+      ->excludes(lines);
+  parser
+      ->add_option("--columns", options.columns,
+                   "The columns of a table that make the label, by title or number: "
+                   "\"name=Donor,street=Address 1,unit=3,city=City,state=ST,zip=ZIP\"")
+      ->type_name("LIST")
+      ->excludes(lines)
+      ->check(CLI::Validator(CheckColumns, ""));
+  parser
+      ->add_option("--output", options.output,
+                   "Write the records or the table to this file, which appears whole or not at "
+                   "all; - is standard output")
+      ->type_name("FILE")
+      ->check(CLI::Validator(CheckFileName, ""));
   parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
       ->type_name("");
-  return {lines, output};
 }
 
 struct Command {
@@ -181,17 +199,14 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
                 "How long a request to it may last, as 20s; 2min unless given");
 }
 
-void AddFixStream(CLI::App* parser, FixOptions& options, const Streams& streams) {
+void AddFixStream(CLI::App* parser, FixOptions& options) {
   parser
       ->add_option("--resume", options.resume,
                    "Go on with the file of records that an interrupted run left")
       ->type_name("FILE")
-      ->needs(streams.lines)
-      ->excludes(streams.output)
       ->check(CLI::Validator(CheckFileName, ""));
   parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
       ->type_name("N")
-      ->needs(streams.lines)
       ->check(CLI::Validator(CheckJobs, ""));
   parser->add_flag("--quiet", options.quiet, "Show no progress on a terminal")
       ->disable_flag_override();
@@ -200,9 +215,9 @@ void AddFixStream(CLI::App* parser, FixOptions& options, const Streams& streams)
 Command AddFix(CLI::App& app, FixOptions& options) {
   CLI::App* const parser =
       app.add_subcommand("fix", "Correct the address in a label with a Verify service");
-  const Streams streams = AddStreams(parser, options);
+  AddStreams(parser, options);
   AddFixSettings(parser, options);
-  AddFixStream(parser, options, streams);
+  AddFixStream(parser, options);
   parser->footer(kFixFooter);
   return {parser, kFixUsage, [&options] { return RunFix(options); }};
 }

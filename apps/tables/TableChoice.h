@@ -21,6 +21,7 @@ struct TableChoice {
   bool hasHeader = true;
   int skippedRows = 0;              // above the header, such as a title
   QList<AddressColumns> addresses;  // at least one
+  bool isNamed = false;             // the header has names that are known, so nothing was guessed
 };
 
 }  // namespace postwright::tables

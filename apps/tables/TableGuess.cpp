@@ -58,6 +58,7 @@ TableChoice withColumns(TableChoice choice, QList<QStringList> rows) {
   QStringList header(rows.value(0).size(), QString());
   if (choice.hasHeader) {
     header = rows.value(0);
+    choice.isNamed = knownNames(header) >= kLeastNames;
     rows = rows.mid(1);
   }
   choice.addresses = guessColumns(header, rows);

@@ -14,8 +14,6 @@ namespace postwright::tables {
 
 namespace {
 
-constexpr qint64 kLargestFile = 512LL * 1024 * 1024;
-
 constexpr QByteArrayView kUtf8Mark("\xEF\xBB\xBF", 3);
 constexpr QByteArrayView kUtf16LittleEndianMark("\xFF\xFE", 2);
 constexpr QByteArrayView kUtf16BigEndianMark("\xFE\xFF", 2);
@@ -129,7 +127,7 @@ TextFile TextFile::read(const QString& path) {
   if (info.exists() && !info.isFile()) {
     throw FileError(tr("This is a folder or a device and no file."));
   }
-  if (info.size() > kLargestFile) {
+  if (info.size() > kLargest) {
     throw FileError(tr("The file is larger than 512 MiB. Part it into smaller ones."));
   }
   QFile file(path);
@@ -138,6 +136,10 @@ TextFile TextFile::read(const QString& path) {
   if (file.error() != QFileDevice::NoError) {
     throw FileError(tr("The file cannot be read: %1.").arg(file.errorString()));
   }
+  return of(bytes);
+}
+
+TextFile TextFile::of(const QByteArray& bytes) {
   const TextEncoding encoding = detect(bytes);
   TextFile text{toUtf8(bytes, encoding), encoding};
   refuseBinary(text.utf8);
@@ -145,17 +147,22 @@ TextFile TextFile::read(const QString& path) {
 }
 
 QStringList TextFile::write(const QString& path) const {
-  TextEncoding used = encoding;
-  const QByteArray bytes = fromUtf8(utf8, used);
+  QStringList notes;
   ReplacementFile file(path);
-  file.write(bytes);
+  file.write(bytes(notes));
   file.commit();
-  if (used == encoding) {
-    return {};
+  return notes;
+}
+
+QByteArray TextFile::bytes(QStringList& notes) const {
+  TextEncoding used = encoding;
+  QByteArray bytes = fromUtf8(utf8, used);
+  if (used != encoding) {
+    notes.append(
+        tr("The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its "
+           "characters."));
   }
-  return {
-      tr("The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its "
-         "characters.")};
+  return bytes;
 }
 
 QByteArray beginningAsUtf8(const QByteArray& bytes) {

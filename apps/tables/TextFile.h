@@ -23,16 +23,25 @@ struct TextFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::tables::TextFile)
 
  public:
+  // The largest file, in bytes: 512 MiB.
+  static constexpr qint64 kLargest = 512LL * 1024 * 1024;
+
   // The encoding is the one its byte-order mark names, else UTF-8 where the bytes are valid in it,
   // else Windows-1252. Throws FileError for a file that cannot be read, is larger than 512 MiB, or
   // is no text (a NUL byte, UTF-16 that is not valid).
   static TextFile read(const QString& path);
+
+  // The same for the bytes of a file that somebody else has read.
+  static TextFile of(const QByteArray& bytes);
 
   // Writes the file so that at any moment, should the program be killed, there is the old or the
   // new one, whole. A file in Windows-1252 that has a character now for which there is no code
   // becomes UTF-8 with a byte-order mark; that is what the user should know, and what is returned.
   // Throws FileError where the file could not be written; the old one is then as it was.
   QStringList write(const QString& path) const;
+
+  // The bytes that write() would write; what it would return is added to `notes`.
+  QByteArray bytes(QStringList& notes) const;
 
   QByteArray utf8;
   TextEncoding encoding = TextEncoding::Utf8;

@@ -16,17 +16,17 @@ _postwright() {
       mapfile -t COMPREPLY < <(compgen -W 'as-typed same-case' -- "$current")
       return
       ;;
-    --output | --resume | --jobs | --mixed-case | --server | --timeout)
+    --columns | --output | --resume | --jobs | --mixed-case | --server | --timeout)
       return
       ;;
   esac
 
   case ${COMP_WORDS[1]-} in
     parse)
-      words+=' --jsonl --output'
+      words+=' --jsonl --csv --columns --output'
       ;;
     fix)
-      words+=' --jsonl --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
+      words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
       ;;
     *)
       words+=' parse fix'

@@ -107,18 +107,6 @@ std::optional<std::size_t> LineReader::CountLinesAhead() const {
   return lines + (last == '\n' ? 0 : 1);
 }
 
-std::string LineReader::ReadAll() {
-  while (end_ - begin_ <= kLimit && Fill()) {
-  }
-  if (end_ - begin_ > kLimit) {
-    throw Failure(name_ + " is longer than a label can be (" + std::to_string(kLimit >> 20U) +
-                  " MiB); for many labels use --jsonl");
-  }
-  std::string text(buffer_.data() + begin_, end_ - begin_);
-  begin_ = scanned_ = end_;
-  return text;
-}
-
 // Reads on behind what is held. False at the end of the input.
 bool LineReader::Fill() {
   if (isEnded_) {

@@ -9,7 +9,7 @@
 
 namespace postwright {
 
-// Reads a file or standard input line by line, or whole, with a bound on what it holds.
+// Reads a file or standard input line by line, with a bound on what it holds.
 //
 //   LineReader reader("labels.jsonl");
 //   while (reader.Next()) Use(reader.Line());
@@ -18,7 +18,7 @@ namespace postwright {
 // system cannot read. One thread.
 class LineReader {
  public:
-  // The longest line, and the longest whole text, in bytes.
+  // The longest line, in bytes; a label can be no longer either.
   static constexpr std::size_t kLimit = std::size_t{16} << 20U;
 
   // Readable bytes behind every line, for readers that look ahead.
@@ -64,9 +64,6 @@ class LineReader {
   // How many lines there are from here to the end, before the first was read; nothing where the
   // input is no plain file and so cannot be read twice.
   std::optional<std::size_t> CountLinesAhead() const;
-
-  // Reads everything up to the end as one text; Failure where it has more than kLimit bytes.
-  std::string ReadAll();
 
  private:
   bool Fill();

@@ -1,0 +1,138 @@
+#include "apps/postwright/table/FixTable.h"
+
+#include <postwright/AddressInfo.h>
+#include <postwright/AddressParser.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+#include <iostream>
+
+#include "apps/postwright/stream/JsonRecord.h"
+#include "apps/postwright/stream/LineReader.h"
+#include "apps/postwright/stream/Output.h"
+#include "apps/postwright/table/ScratchFile.h"
+#include "apps/tables/LabelText.h"
+
+namespace postwright {
+
+namespace {
+
+// The numbers of the records' status, in words: a table is for people.
+enum Status { kUnchanged, kFixed, kToDecide, kTurnedDown, kUnanswered };
+constexpr const char* kStatuses[] = {"unchanged", "fixed", "to-decide", "turned-down",
+                                     "not-answered"};
+
+void WriteLabels(const AddressTable& table, const ScratchFile& file) {
+  Output output(file.Descriptor(), "a temporary file");
+  table.ReadLabels([&output](const QString& label) {
+    JsonRecord line("");
+    line.Add("address", label.toStdWString());
+    output.Write(line.Line());
+  });
+  output.Flush();
+}
+
+QString OneLine(const QString& label) {
+  return label.split(QLatin1Char('\n'), Qt::SkipEmptyParts).join(QStringLiteral(", "));
+}
+
+// The ZIP+4 of a label; empty where it has none.
+QString ZipPlusFour(const QString& label) {
+  const std::optional<tables::PlaceParts> place = tables::partLabel(label).place;
+  return place && place->zip.contains(QLatin1Char('-')) ? place->zip : QString();
+}
+
+// "APT 4"; empty where it has none.
+QString UnitOf(const QString& label) {
+  const AddressInfo info = AddressParser::GetInstance()->Parse(label.toStdWString());
+  return QString::fromStdWString(info.secondaryUnit + L' ' + info.secondaryNumber).trimmed();
+}
+
+QString ChangesOf(const QJsonObject& record) {
+  QStringList changes;
+  for (const QJsonValue& change : record[QLatin1String("changes")].toArray()) {
+    changes.append(change[QLatin1String("text")].toString() + QStringLiteral(": ") +
+                   change[QLatin1String("typed")].toString() + QStringLiteral(" -> ") +
+                   change[QLatin1String("corrected")].toString());
+  }
+  return OneLine(changes.join(QStringLiteral("; ")));
+}
+
+// Puts the records, one after another, into the rows that their labels are of.
+class RecordCells {
+ public:
+  RecordCells(const std::string& records, bool explain) : reader_(records), explain_(explain) {}
+
+  QStringList Titles() const {
+    QStringList titles{QStringLiteral("status"), QStringLiteral("confirmation"),
+                       QStringLiteral("reason"), QStringLiteral("zip4"),
+                       QStringLiteral("proposed")};
+    if (explain_) {
+      titles.append(QStringLiteral("changes"));
+    }
+    return titles;
+  }
+
+  QStringList Put(const LabelColumns& columns, QStringList& cells) {
+    if (!reader_.Next()) {
+      QStringList nothing(Titles().size(), QString());
+      nothing.first() = QStringLiteral("not-asked");
+      return nothing;
+    }
+    const QByteArray line(reader_.Line().data(), static_cast<qsizetype>(reader_.Line().size()));
+    const QJsonObject record = QJsonDocument::fromJson(line).object();
+    int status = std::clamp<int>(record[QLatin1String("status")].toInt(), kUnchanged, kUnanswered);
+    QString reason = record[QLatin1String("reason")].toString();
+    QString proposed = record[QLatin1String("proposed")].toString();
+    const QString fixed = record[QLatin1String("fixed")].toString();
+    if (status == kFixed) {
+      if (const std::optional<QStringList> changed =
+              columns.WithLabel(cells, fixed, UnitOf(fixed))) {
+        status = cells == *changed ? kUnchanged : kFixed;
+        cells = *changed;
+      } else {
+        status = kToDecide;
+        reason = QStringLiteral("columns");
+        proposed = fixed;
+      }
+    }
+    QStringList results{QLatin1String(kStatuses[status]),
+                        record[QLatin1String("confirmation")].toString(), reason,
+                        status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
+    if (explain_) {
+      results.append(ChangesOf(record));
+    }
+    return results;
+  }
+
+ private:
+  LineReader reader_;
+  bool explain_;
+};
+
+}  // namespace
+
+ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
+                    const FixStream& fix) {
+  Output output(options.output);  // first, so that nothing is asked where it cannot be written
+  const ScratchFile labels;
+  const ScratchFile scratch;
+  const std::string records = options.records.empty() ? scratch.Path() : options.records;
+  WriteLabels(table, labels);
+  ExitStatus status = fix(labels.Path(), records);
+  RecordCells cells(records, options.explain);
+  const QByteArray bytes = table.Rewrite(
+      cells.Titles(),
+      [&cells](const LabelColumns& columns, QStringList& row) { return cells.Put(columns, row); },
+      [&status](const std::string& warning) {
+        std::cerr << "postwright: " << warning << '\n';
+        status = std::max(status, kExitNotALabel);
+      });
+  output.Write({bytes.data(), static_cast<std::size_t>(bytes.size())});
+  output.Finish();
+  return status;
+}
+
+}  // namespace postwright
