@@ -2,6 +2,7 @@
 
 #include "apps/postwright/Explanation.h"
 #include "apps/postwright/stream/JsonRecord.h"
+#include "apps/postwright/table/LabelColumns.h"
 #include "common/WideText.h"
 
 namespace postwright {
@@ -22,6 +23,30 @@ std::string End(JsonRecord& record, int status) {
   return record.Line();
 }
 
+// The parts of the corrected label that were given, as JSON; as they were where it has no others.
+std::string PartsOf(const LabelParts& given, const std::wstring& fixed) {
+  static const LabelColumns columns("name=1,street=2,unit=3,city=4,state=5,zip=6", {},
+                                    static_cast<int>(kPartNames.size()));
+  QStringList cells;
+  for (const std::wstring& part : given) {
+    cells.append(QString::fromStdWString(part));
+  }
+  const QString label = QString::fromStdWString(fixed);
+  if (!label.isEmpty()) {
+    cells = columns.WithLabel(cells, label).value_or(cells);
+  }
+  JsonRecord parts("");
+  for (std::size_t part = 0; part < kPartNames.size(); ++part) {
+    const QString& cell = cells[static_cast<qsizetype>(part)];
+    if (!given[part].empty() || !cell.isEmpty()) {
+      parts.Add(kPartNames[part], cell.toStdWString());
+    }
+  }
+  std::string line = parts.Line();
+  line.pop_back();  // the line feed
+  return line;
+}
+
 }  // namespace
 
 std::string FixRecord(PostwrightClient& client, const LabelLine& label,
@@ -32,6 +57,10 @@ std::string FixRecord(PostwrightClient& client, const LabelLine& label,
   const LabelFix fix(label.address, options.asking, client);
   const BatchResultRecord::Values& values = fix.Values();
   JsonRecord record = Begin(label, values.fixed.toStdWString(), values.result.toStdWString());
+  if (label.parts) {
+    const bool isFixed = values.status == AddressStatusFixed;
+    record.AddJson("parts", PartsOf(*label.parts, isFixed ? values.fixed.toStdWString() : L""));
+  }
   record.Add("confirmation", WideFromUtf8(fix.Confirmed().Code()));
   if (!fix.Proposed().empty()) {
     record.Add("proposed", fix.Proposed());

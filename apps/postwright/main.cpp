@@ -30,11 +30,11 @@ constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
-string as "address" and any "id". Each line of the output is an object with the keys prefix, number,
-predirectional, street, street_suffix, postdirectional, secondary_unit, secondary_number,
-street_line, city, state, zip and suffix, behind the id where one was given. A label that holds no
-address has thirteen empty strings; so has a line that is no label or longer than 16 MiB, which is
-reported.
+string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip).
+Each line of the output is an object with the keys prefix, number, predirectional, street,
+street_suffix, postdirectional, secondary_unit, secondary_number, street_line, city, state, zip and
+suffix, behind the id where one was given. A label that holds no address has thirteen empty strings;
+so has a line that is no label or longer than 16 MiB, which is reported.
 
 A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
 
@@ -68,14 +68,16 @@ reason stands on standard error, and the status is 3. --explain names the rule o
 how far the address was confirmed; --accept-doubtful takes what is doubtful.
 
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
-string as "address" and any "id". Each line of the output is an object with the keys address (the
-text as given), fixed (the text to use), result (why a fix failed), confirmation (confirmed,
-unit-missing, unit-not-known, number-not-known, form-only where nobody has checked the street, or
-empty), reason (a code: why a label was left alone, why nothing was read in it, why it was turned
-down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a person to
-decide, 3 turned down, 4 not answered), behind the id where one was given. Records come in the order
-of the lines, each as soon as it and all before it are known. A line that is no label or longer than
-16 MiB is reported, and has status 3. So has a label whose worker process, of --jobs, died over it.
+string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip),
+which then come back corrected as "parts". Each line of the output is an object with the keys
+address (the text as given), fixed (the text to use), result (why a fix failed), confirmation
+(confirmed, unit-missing, unit-not-known, number-not-known, form-only where nobody has checked the
+street, or empty), reason (a code: why a label was left alone, why nothing was read in it, why it
+was turned down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a
+person to decide, 3 turned down, 4 not answered), behind the id where one was given. Records come in
+the order of the lines, each as soon as it and all before it are known. A line that is no label or
+longer than 16 MiB is reported, and has status 3. So has a label whose worker process, of --jobs,
+died over it.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
 --explain each record has changes, a list of objects with rule, text, doubt, typed and corrected,

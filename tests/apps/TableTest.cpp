@@ -118,6 +118,38 @@ TEST(TableTest, FindsTheColumns) {
       folder);
 }
 
+TEST(TableTest, TakesLabelsInParts) {
+  const VerifyDaemon daemon;
+  ASSERT_FALSE(daemon.Endpoint().empty());
+  const ScratchFolder folder;
+  const std::string fix = "$postwright fix --jsonl --server " + daemon.Endpoint() + " <<< ";
+  CheckCommands(
+      {
+          {"all of them",
+           fix + R"('{"zip":78701,"name":"Ann","id":7,"street":"12 north main street","unit":"4",)"
+                 R"("city":"austin","state":"texas"}')",
+           0,
+           R"({"id":7,"address":"Ann\n12 north main street\n# 4\naustin, texas 78701",)"
+           R"("fixed":"Ann\n12 N MAIN ST # 4\nAUSTIN TX 78701","result":"",)"
+           R"("parts":{"name":"Ann","street":"12 N MAIN ST","unit":"4","city":"AUSTIN",)"
+           R"("state":"TX","zip":"78701"},"confirmation":"form-only","reason":"","status":1})",
+           ""},
+          {"a unit with its word, no other letters",
+           fix + R"('{"street":"12 main street","unit":"rear","city":"AUSTIN, TX 78701"}')", 0,
+           R"("street":"12 MAIN ST","unit":"REAR","city":"AUSTIN","state":"TX","zip":"78701"})",
+           ""},
+          {"a ZIP code that lost its zero",
+           fix + R"('{"street":"12 main st","city":"Boston","state":"MA","zip":2108}')", 0,
+           R"("zip":"2108"},"confirmation":"","reason":"zip-short","status":3)", ""},
+          {"an address beside them", fix + R"('{"street":"1 A ST","address":"2 B ST"}')", 0,
+           R"({"address":"2 B ST","fixed":"","result":"Invalid Address","confirmation")", ""},
+          {"no street", fix + R"('{"name":"Ann","street":{"a":[1]},"city":5}')", 1,
+           R"({"address":"","fixed":"","result":"The line is an object without)",
+           "line 1 is an object"},
+      },
+      folder);
+}
+
 TEST(TableTest, GoesOnAsAStreamDoes) {
   const VerifyDaemon daemon;
   ASSERT_FALSE(daemon.Endpoint().empty());

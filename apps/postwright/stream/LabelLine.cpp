@@ -2,6 +2,9 @@
 
 #include <simdjson.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "common/WideText.h"
 
 namespace postwright {
@@ -69,27 +72,76 @@ std::string ProblemOf(simdjson::error_code error) {
   }
 }
 
+// A ZIP code may be a number, as spreadsheets make of it.
+std::wstring PartText(simdjson::ondemand::document& document, std::string_view name,
+                      simdjson::ondemand::value value) {
+  if (value.type() == json_type::string) {
+    return WideFromUtf8(value.get_string().value());
+  }
+  const bool isNumber = value.type() == json_type::number;
+  const std::string text = RawText(document, value);
+  return isNumber && (name == "zip" || name == "unit") ? WideFromUtf8(text) : std::wstring();
+}
+
+// The lines of the label; "" where the parts are no address.
+std::wstring Compose(const LabelParts& parts) {
+  const auto& [name, street, unit, city, state, zip] = parts;
+  std::wstring label;
+  const auto add = [&label](const std::wstring& piece, std::wstring_view before) {
+    label += label.empty() || piece.empty() ? L"" : before;
+    label += piece;
+  };
+  if (!street.empty()) {
+    add(name, L"");
+    add(street, L"\n");
+    add(IsBareUnit(unit) ? L"# " + unit : unit, L"\n");
+    add(city, L"\n");
+    add(state, city.empty() ? L"\n" : L", ");
+    add(zip, city.empty() && state.empty() ? L"\n" : L" ");
+  }
+  return label;
+}
+
 void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
   bool hasAddress = false;
+  LabelParts parts;
   for (auto field : document.get_object()) {
     const std::string_view key = field.unescaped_key();
     simdjson::ondemand::value value = field.value();
+    const auto part = std::find(kPartNames.begin(), kPartNames.end(), key);
     if (key == "id") {
       label.id = RawText(document, value);
     } else if (key == "address" && value.type() == json_type::string) {
       label.address = WideFromUtf8(value.get_string().value());
       hasAddress = true;
+    } else if (part != kPartNames.end()) {
+      parts[part - kPartNames.begin()] = PartText(document, *part, value);
     } else {
       hasAddress = hasAddress && key != "address";
       CheckValue(value, 1);
     }
   }
   if (!hasAddress) {
-    label.problem = R"(is an object without a string "address")";
+    label.address = Compose(parts);
+    label.parts = std::move(parts);
+  }
+  if (label.address.empty() && !hasAddress) {
+    label.problem = R"(is an object without a string "address", or "street" and the like)";
   }
 }
 
 }  // namespace
+
+bool IsBareUnit(std::wstring_view unit) {
+  constexpr std::size_t kMost = 6;
+  const auto isSign = [](wchar_t c) {
+    return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z') ||
+           c == L'-';
+  };
+  const bool isPlain =
+      !unit.empty() && unit.size() <= kMost && std::all_of(unit.begin(), unit.end(), isSign);
+  return isPlain && (unit.size() == 1 || unit.find_first_of(L"0123456789") <= 1);
+}
 
 struct LabelLineParser::Json {
   simdjson::ondemand::parser parser;
@@ -119,7 +171,7 @@ LabelLine LabelLineParser::Parse(const LineReader& reader) {
     }
   } catch (const simdjson::simdjson_error& error) {
     // The label is lost, and said to be: its line is named and an empty record answers it.
-    label = {{}, {}, ProblemOf(error.error())};
+    label = {{}, {}, {}, ProblemOf(error.error())};
   }
   return label;
 }

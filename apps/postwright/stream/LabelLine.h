@@ -1,7 +1,9 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LABELLINE_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LABELLINE_H_
 
+#include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,14 +11,24 @@
 
 namespace postwright {
 
+// The members that a label in parts has, in the order of the label.
+inline constexpr std::array<std::string_view, 6> kPartNames = {"name", "street", "unit",
+                                                               "city", "state",  "zip"};
+using LabelParts = std::array<std::wstring, kPartNames.size()>;
+
 // One line of labels.jsonl: a JSON string, the label's text; or an object whose member `address`
-// is that string and whose member `id`, any JSON value, is given back with the answer. Other
-// members are read past. Of members with the same name the last one counts.
+// is that string, or that has the label in parts, and whose member `id`, any JSON value, is given
+// back with the answer. Other members are read past. Of members with the same name the last one
+// counts, and of an address and parts the address.
 struct LabelLine {
-  std::wstring address;
+  std::wstring address;             // composed of the parts, where there are any
+  std::optional<LabelParts> parts;  // those that were not given are empty
   std::string id;       // as it was written; empty where there is none. Kept beside a problem, too.
   std::string problem;  // "is not a JSON string"; empty where the line is a label
 };
+
+// Whether `unit` is a number or letter alone, with no word in front that says of what.
+bool IsBareUnit(std::wstring_view unit);
 
 // Reads such lines, to the letter of RFC 8259: text that is not UTF-8, half a surrogate pair or
 // anything behind the value makes a line that is no label. So do numbers beyond the range of a

@@ -1,8 +1,5 @@
 #include "apps/postwright/table/FixTable.h"
 
-#include <postwright/AddressInfo.h>
-#include <postwright/AddressParser.h>
-
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -44,12 +41,6 @@ QString ZipPlusFour(const QString& label) {
   return place && place->zip.contains(QLatin1Char('-')) ? place->zip : QString();
 }
 
-// "APT 4"; empty where it has none.
-QString UnitOf(const QString& label) {
-  const AddressInfo info = AddressParser::GetInstance()->Parse(label.toStdWString());
-  return QString::fromStdWString(info.secondaryUnit + L' ' + info.secondaryNumber).trimmed();
-}
-
 QString ChangesOf(const QJsonObject& record) {
   QStringList changes;
   for (const QJsonValue& change : record[QLatin1String("changes")].toArray()) {
@@ -88,8 +79,7 @@ class RecordCells {
     QString proposed = record[QLatin1String("proposed")].toString();
     const QString fixed = record[QLatin1String("fixed")].toString();
     if (status == kFixed) {
-      if (const std::optional<QStringList> changed =
-              columns.WithLabel(cells, fixed, UnitOf(fixed))) {
+      if (const std::optional<QStringList> changed = columns.WithLabel(cells, fixed)) {
         status = cells == *changed ? kUnchanged : kFixed;
         cells = *changed;
       } else {

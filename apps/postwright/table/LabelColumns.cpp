@@ -1,10 +1,13 @@
 #include "apps/postwright/table/LabelColumns.h"
 
-#include <QRegularExpression>
+#include <postwright/AddressInfo.h>
+#include <postwright/AddressParser.h>
+
 #include <algorithm>
 #include <utility>
 
 #include "apps/postwright/stream/Failure.h"
+#include "apps/postwright/stream/LabelLine.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright {
@@ -106,6 +109,12 @@ QString DesignatorOf(const QString& title) {
   return {};
 }
 
+// "APT 4"; empty where the label has none.
+QString UnitOf(const QString& label) {
+  const AddressInfo info = AddressParser::GetInstance()->Parse(label.toStdWString());
+  return QString::fromStdWString(info.secondaryUnit + L' ' + info.secondaryNumber).trimmed();
+}
+
 bool IsOfPerson(ColumnRole role) {
   return role == ColumnRole::Title || role == ColumnRole::Given || role == ColumnRole::Name ||
          role == ColumnRole::Suffix || role == ColumnRole::Company || role == ColumnRole::Country;
@@ -174,9 +183,7 @@ QStringList LabelColumns::CellsOf(const QStringList& row) const {
 }
 
 bool LabelColumns::IsBareUnit(int place, const QString& cell) const {
-  static const QRegularExpression bare(
-      QStringLiteral("^\\s*([A-Za-z]?-?\\d{1,5}-?[A-Za-z]?|[A-Za-z])\\s*$"));
-  return !designators_[place].isEmpty() && bare.match(cell).hasMatch();
+  return !designators_[place].isEmpty() && postwright::IsBareUnit(cell.trimmed().toStdWString());
 }
 
 QString LabelColumns::LabelOf(const QStringList& row) const {
@@ -191,6 +198,9 @@ QString LabelColumns::LabelOf(const QStringList& row) const {
 
 // A unit that had a column keeps it: the corrected line has it behind the street.
 void LabelColumns::PutUnit(const QStringList& old, const QString& unit, QStringList& cells) const {
+  if (unit.isEmpty()) {
+    return;
+  }
   const QString end = QLatin1Char(' ') + unit;
   int street = -1;
   for (int place = 0; place < cells.size(); ++place) {
@@ -212,16 +222,14 @@ void LabelColumns::PutUnit(const QStringList& old, const QString& unit, QStringL
   }
 }
 
-std::optional<QStringList> LabelColumns::WithLabel(const QStringList& row, const QString& label,
-                                                   const QString& unit) const {
+std::optional<QStringList> LabelColumns::WithLabel(const QStringList& row,
+                                                   const QString& label) const {
   const QStringList old = CellsOf(row);
   tables::ColumnMapping::Division division = mapping_.divide(label, old);
   if (division.isWhole && columns_.size() > 1) {
     return std::nullopt;
   }
-  if (!unit.isEmpty()) {
-    PutUnit(old, unit, division.cells);
-  }
+  PutUnit(old, UnitOf(label), division.cells);
   QStringList fixed = row;
   for (int place = 0; place < columns_.size(); ++place) {
     const ColumnRole role = mapping_.roles()[place];

@@ -34,11 +34,10 @@ class LabelColumns {
   QString LabelOf(const QStringList& row) const;
 
   // The row with the corrected `label` in its cells; nothing where it cannot be divided among them.
-  // `unit` is the label's unit, "APT 4" or "", which goes where the row had its own. Names that
-  // differ in spacing alone stay as they were. A ZIP code of five digits stays one, as the column
-  // may have no room for more.
-  std::optional<QStringList> WithLabel(const QStringList& row, const QString& label,
-                                       const QString& unit) const;
+  // The unit goes where the row had its own. Names that differ in spacing alone stay as they were.
+  // A ZIP code of five digits stays one, as the column may have no room for more. Uses
+  // AddressParser::GetInstance(): one thread at a time.
+  std::optional<QStringList> WithLabel(const QStringList& row, const QString& label) const;
 
   // "street=Address 1, city=City", for the user to see.
   QString Describe(const QStringList& titles) const;
