@@ -167,13 +167,19 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
 // An address that could not be asked for makes an error of the document, which the client sends
 // again; what the others were answered is not lost, if the source keeps answers.
 void VerifyService::Finish(const Document& document) {
+  std::chrono::seconds retryAfter(0);
   for (const ReplyAddress& reply : document.replies) {
     ++(std::holds_alternative<ReplyFields>(reply.outcome)         ? counts_.found
        : std::holds_alternative<postal::Rejection>(reply.outcome) ? counts_.rejected
                                                                   : counts_.unanswered);
+    if (const auto* const fault = std::get_if<ServiceFault>(&reply.outcome)) {
+      retryAfter = std::max(retryAfter, fault->retryAfter);
+    }
   }
-  document.respond(XmlReply(VerifyReply::Compose(document.replies, document.request.revision1),
-                            options_.takesNotes ? Note(document) : std::string()));
+  HttpReply reply = XmlReply(VerifyReply::Compose(document.replies, document.request.revision1),
+                             options_.takesNotes ? Note(document) : std::string());
+  reply.retryAfter = retryAfter;
+  document.respond(std::move(reply));
 }
 
 std::string VerifyService::Note(const Document& document) const {

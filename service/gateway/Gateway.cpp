@@ -195,7 +195,17 @@ ServiceFault Gateway::Blocked(Clock::Time now, size_t ahead) {
 ServiceFault Gateway::TurnAway(FaultKind kind, std::optional<Clock::Time> resumesAt,
                                size_t addresses) {
   record_.TurnedAway(kind, addresses);
-  return ExplainFault(kind, resumesAt ? std::optional(clock_.DateOf(*resumesAt)) : std::nullopt);
+  if (!resumesAt) {
+    return ExplainFault(kind, std::nullopt);
+  }
+  ServiceFault fault = ExplainFault(kind, clock_.DateOf(*resumesAt));
+  const Clock::Time now = clock_.Now();
+  const auto pause = pace_.PauseAt(now);
+  // A pause that the gateway makes up for an upstream that fails promises nothing.
+  if (kind == FaultKind::BudgetSpent || kind == FaultKind::Quota || (pause && pause->retryAfter)) {
+    fault.retryAfter = std::chrono::ceil<std::chrono::seconds>(*resumesAt - now);
+  }
+  return fault;
 }
 
 // One of the threads that make calls.

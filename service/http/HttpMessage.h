@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_HTTP_HTTPMESSAGE_H_
 #define POSTWRIGHT_SERVICE_HTTP_HTTPMESSAGE_H_
 
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -21,6 +22,8 @@ struct HttpReply {
   std::string contentType;
   std::string body;
   std::string note;  // what the log's line says of it
+  // What the header Retry-After says, RFC 9110, section 10.2.3; 0 for none.
+  std::chrono::seconds retryAfter = std::chrono::seconds(0);
 };
 
 // Gives the answer to one request, from any thread and at any time, also when the server is no

@@ -269,6 +269,10 @@ class HttpServer::Impl {
       return MHD_NO;
     }
     MHD_add_response_header(response, MHD_HTTP_HEADER_CONTENT_TYPE, reply.contentType.c_str());
+    if (reply.retryAfter.count() > 0) {
+      MHD_add_response_header(response, MHD_HTTP_HEADER_RETRY_AFTER,
+                              std::to_string(reply.retryAfter.count()).c_str());
+    }
     if (reply.status == kMethodNotAllowed) {
       MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");
     }

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREPLY_H_
 #define POSTWRIGHT_SERVICE_PROTOCOL_VERIFYREPLY_H_
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,8 @@ struct ServiceFault {
   std::string number;       // "80040B1A"
   std::string description;  // what happened and, where it is known, when to ask again
   std::string kind;         // one word for the log, "budget"
+  // How long to wait before asking again, where the time is certain; 0 where it is not.
+  std::chrono::seconds retryAfter = std::chrono::seconds(0);
 
   bool operator==(const ServiceFault&) const = default;
 };

@@ -51,13 +51,18 @@ class GatewayDaemonTest : public testing::Test {
 
   // Asks for the addresses with those house numbers in one document.
   static std::string Ask(const std::string& address, const std::vector<std::string>& numbers) {
+    return Body(AskWhole(address, numbers));
+  }
+
+  // The same, with the head of the response.
+  static std::string AskWhole(const std::string& address, const std::vector<std::string>& numbers) {
     std::string document = "<AddressValidateRequest USERID=\"U\">";
     for (const std::string& number : numbers) {
       document += "<Address ID=\"" + number + "\"><Address1/><Address2>" + number +
                   " main street</Address2><City/><State/><Zip5>62701</Zip5><Zip4/></Address>";
     }
     document += "</AddressValidateRequest>";
-    return Body(Get(address, "/ShippingAPI.dll?API=Verify&XML=" + EscapeQuery(document)));
+    return Get(address, "/ShippingAPI.dll?API=Verify&XML=" + EscapeQuery(document));
   }
 
   static std::string Found(const std::string& number) {
@@ -97,15 +102,17 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
         "addresses at 20"))
         << error;
     EXPECT_TRUE(error.ends_with(" UTC.</Description><Source>USPSCOM::DoAuth</Source></Error>"));
+    ExpectHolds(AskWhole(address, {"4"}), {"\r\nRetry-After: 3"});  // the hour, less a moment
+    EXPECT_EQ(AskWhole(address, {"1"}).find("Retry-After"), std::string::npos);
     EXPECT_EQ(api_.Addresses(), 4);
     ExpectHolds(Body(Get(address, "/status")),
                 {"postal-v3 " + api_.Url(), "waits until 20", "budget is spent", "0 of 4/h left",
-                 "4 calls, 0 under way", "budget-spent 1",
+                 "4 calls, 0 under way", "budget-spent 2",
                  " answers in " + folder_.File("new/answers.sqlite"), "0 failures"});
     ExpectHolds(Body(Get(address, "/metrics")),
                 {"\npostwright_upstream_calls_total 4\n", "\npostwright_upstream_budget_left 0\n",
-                 "\npostwright_errors_total{kind=\"budget-spent\"} 1\n",
-                 "\npostwright_addresses_total{outcome=\"found\"} 3\n",
+                 "\npostwright_errors_total{kind=\"budget-spent\"} 2\n",
+                 "\npostwright_addresses_total{outcome=\"found\"} 4\n",
                  "\npostwright_upstream_paused 1\n"});
     for (const char* headers :
          {"Host: example.com\r\n", "Host: 127.example.com\r\n",

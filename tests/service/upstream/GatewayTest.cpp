@@ -110,6 +110,11 @@ std::string Show(const AddressAnswer& answer) {
   return std::holds_alternative<postal::Rejection>(answer) ? "rejected" : "found";
 }
 
+seconds RetryAfter(const AddressAnswer& answer) {
+  const auto* const fault = std::get_if<ServiceFault>(&answer);
+  return fault == nullptr ? seconds(-1) : fault->retryAfter;
+}
+
 class GatewayTest : public testing::Test {
  protected:
   GatewayTest() { upstream_.Find(); }
@@ -215,7 +220,9 @@ TEST_F(GatewayTest, KeepsWithinItsBudgetOverARestart) {
   Start();
   upstream_.Find();
   for (const char* number : {"3", "4"}) {
-    EXPECT_EQ(Ask(number), "budget-spent");
+    const AddressAnswer answer = Get(Find(number));
+    EXPECT_EQ(Show(answer), "budget-spent");
+    EXPECT_EQ(RetryAfter(answer), seconds(3600));
   }
   EXPECT_EQ(Ask("1"), "found");
   EXPECT_EQ(gateway_->State().budgetLeft, 0U);
@@ -245,7 +252,9 @@ TEST_F(GatewayTest, ComesBackWhenTheUpstreamSaysSo) {
   EXPECT_EQ(Show(Get(std::move(waits))), "found");
   EXPECT_EQ(Calls(), 2U);
   upstream_.Fail(FaultKind::Quota, seconds(30));  // longer than an address may wait
-  EXPECT_EQ(Ask("2"), "quota");
+  const AddressAnswer turnedAway = Get(Find("2"));
+  EXPECT_EQ(Show(turnedAway), "quota");
+  EXPECT_EQ(RetryAfter(turnedAway), seconds(30));
   EXPECT_TRUE(IsReady(Find("3")));
   EXPECT_EQ(Calls(), 3U);
 }
@@ -270,7 +279,9 @@ TEST_F(GatewayTest, LeavesAnUpstreamAloneThatFails) {
     Ask(std::to_string(++number));
     upstream_.Fail(row.kind);
     for (const seconds pause : row.pauses) {
-      EXPECT_EQ(Ask(std::to_string(++number)), NameOf(row.kind));
+      const AddressAnswer answer = Get(Find(std::to_string(++number)));
+      EXPECT_EQ(Show(answer), NameOf(row.kind));
+      EXPECT_EQ(RetryAfter(answer), seconds(0));  // nobody promised anything
       const auto resumesAt = gateway_->State().resumesAt;
       EXPECT_EQ(resumesAt ? *resumesAt - clock_.Today() : seconds(0), pause);
       clock_.Move(pause);
@@ -278,6 +289,8 @@ TEST_F(GatewayTest, LeavesAnUpstreamAloneThatFails) {
   }
   upstream_.Throw();
   EXPECT_EQ(Ask("1000"), "bad-reply");
+  upstream_.Fail(FaultKind::ServerError, seconds(120));
+  EXPECT_EQ(RetryAfter(Get(Find("1001"))), seconds(120));
 }
 
 TEST_F(GatewayTest, NobodyWaitsForLongerThanTheDeadline) {
