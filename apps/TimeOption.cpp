@@ -31,18 +31,19 @@ std::optional<std::chrono::seconds> ParseTime(const std::string& text) {
 
 }  // namespace
 
-void AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
-                   const std::string& help) {
-  app.add_option_function<std::string>(
-         name,
-         [name, &target](const std::string& text) {
-           const auto read = ParseTime(text);
-           if (!read) {
-             throw CLI::ValidationError(name, "'" + text + "' is not as 30d, 12h or 20s");
-           }
-           target = *read;
-         },
-         help)
+CLI::Option* AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
+                           const std::string& help) {
+  return app
+      .add_option_function<std::string>(
+          name,
+          [name, &target](const std::string& text) {
+            const auto read = ParseTime(text);
+            if (!read) {
+              throw CLI::ValidationError(name, "'" + text + "' is not as 30d, 12h or 20s");
+            }
+            target = *read;
+          },
+          help)
       ->type_name("TIME");
 }
 

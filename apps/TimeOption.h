@@ -6,14 +6,15 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace postwright {
 
 // Adds an option whose value is "30d", "12h", "90min" or "45s": a second at least, ten years at
-// most. `target` must live until `app` has parsed.
-void AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
-                   const std::string& help);
+// most. `target` must live until `app` has parsed, to which the option belongs.
+CLI::Option* AddTimeOption(CLI::App& app, const std::string& name, std::chrono::seconds& target,
+                           const std::string& help);
 
 }  // namespace postwright
 

@@ -81,6 +81,7 @@ ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
   lines.resume = options.resume;
   lines.jobs = options.jobs;
   lines.progress = !options.quiet;
+  lines.giveUpAfter = options.giveUpAfter;
   const RecordOptions record = {AskingOf(options), options.explain};
   return FilterLines(
       lines,

@@ -28,7 +28,8 @@ struct FixOptions {
   std::string output;  // "" is standard output
   std::string resume;  // an earlier run's records to go on with; beside `output` only of a table
   int jobs = 1;        // fixes under way at once
-  bool quiet = false;  // no progress
+  std::chrono::seconds giveUpAfter = std::chrono::minutes(10);  // without any answer
+  bool quiet = false;                                           // no progress
 };
 
 // What is wrong with the value of --case, --punctuation, --names, --mixed-case or --jobs; the empty

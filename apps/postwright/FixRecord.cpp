@@ -49,8 +49,8 @@ std::string PartsOf(const LabelParts& given, const std::wstring& fixed) {
 
 }  // namespace
 
-std::string FixRecord(PostwrightClient& client, const LabelLine& label,
-                      const RecordOptions& options) {
+LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
+                     const RecordOptions& options) {
   if (!label.problem.empty()) {
     return FailedRecord(label, "The line " + label.problem);
   }
@@ -69,7 +69,15 @@ std::string FixRecord(PostwrightClient& client, const LabelLine& label,
   if (options.explain) {
     record.AddJson("changes", ExplainInJson(fix.Review()));
   }
-  return End(record, fix.IsUnanswered() ? kNotAnswered : values.status);
+  LineRecord line(End(record, fix.IsUnanswered() ? kNotAnswered : values.status));
+  if (fix.IsUnanswered()) {
+    line.heard = Heard::kNoAnswer;
+    line.retryAfter = fix.RetryAfter();
+    line.why = fix.Explanation();
+  } else if (fix.IsAsked()) {
+    line.heard = Heard::kAnswer;
+  }
+  return line;
 }
 
 std::string FailedRecord(const LabelLine& label, const std::string& result) {

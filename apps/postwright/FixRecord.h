@@ -7,6 +7,7 @@
 
 #include "apps/postwright/LabelFix.h"
 #include "apps/postwright/stream/LabelLine.h"
+#include "apps/postwright/stream/LineRecord.h"
 
 namespace postwright {
 
@@ -24,8 +25,8 @@ struct RecordOptions {
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
 // anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
-std::string FixRecord(PostwrightClient& client, const LabelLine& label,
-                      const RecordOptions& options);
+LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
+                     const RecordOptions& options);
 
 // The record of a label whose fix failed as `result` says.
 std::string FailedRecord(const LabelLine& label, const std::string& result);

@@ -29,6 +29,7 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
 }
 
 void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
+  isAsked_ = false;
   reason_ = CodeOfReason(reason);
   explanation_ = TextOfReason(reason);
   values_.fixed = values_.address;
@@ -65,6 +66,7 @@ void LabelFix::ExplainFailure(const std::wstring& label, const VerifyReport& rep
   const VerifyFailure failure(report, GetDeployment().verifyHost);
   isUnanswered_ = failure.IsUnanswered();
   if (isUnanswered_) {
+    retryAfter_ = std::chrono::seconds(report.Fetch().retryAfter);
     reason_ = failure.Code();
     explanation_ = failure.Text();
     return;

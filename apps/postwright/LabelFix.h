@@ -7,6 +7,7 @@
 #include <postwright/PostwrightClient.h>
 #include <postwright/ReviewedFix.h>
 
+#include <chrono>
 #include <string>
 
 namespace postwright {
@@ -44,8 +45,13 @@ class LabelFix {
   // whose fix failed. Where it contradicts the number, the correction is doubtful.
   const Confirmation& Confirmed() const { return confirmation_; }
 
-  // True where nobody judged the label: the service or the network failed.
+  // False where the label is left alone.
+  bool IsAsked() const { return isAsked_; }
+
+  // True where nobody judged the label: the service or the network failed. Then, how long the
+  // service wants to be left alone; 0 where it does not say.
   bool IsUnanswered() const { return isUnanswered_; }
+  std::chrono::seconds RetryAfter() const { return retryAfter_; }
 
   // A code: why the label was left alone, why nothing was read in it, why it was turned down or not
   // answered, or what is doubtful; "" for none of these.
@@ -65,7 +71,9 @@ class LabelFix {
   std::wstring proposed_;
   CorrectionReview review_;
   Confirmation confirmation_;
+  bool isAsked_ = true;
   bool isUnanswered_ = false;
+  std::chrono::seconds retryAfter_{0};
   std::string reason_;
   std::string explanation_;
 };

@@ -134,7 +134,6 @@ ExitStatus RunParse(const ParseOptions& options) {
   LineFilterOptions lines;
   lines.input = options.file;
   lines.output = options.output;
-  lines.flushing = Flushing::kWhenIdle;
   return FilterLines(lines, ParseLine);
 }
 

@@ -48,9 +48,10 @@ constexpr const char* kFixUsage =
     "                      [--punctuation keep|postal|remove] [--names as-typed|same-case]\n"
     "                      [--explain] [--accept-doubtful] [--whole-label]\n"
     "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
-    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE] [--quiet] ...\n"
+    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE]\n"
+    "                      [--give-up-after TIME] [--quiet] ...\n"
     "       postwright fix [--csv] [--columns LIST] [--jobs N] [--output FILE] [--resume FILE]\n"
-    "                      [--quiet] ... [TABLE]";
+    "                      [--give-up-after TIME] [--quiet] ... [TABLE]";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
@@ -95,12 +96,19 @@ from one label by the names in its header; --csv says it is one, and --columns n
 the label. A ZIP code of five digits stays one. A row that cannot be read stays and is reported.
 --resume keeps the records of the rows in a file of their own, beside --output.
 
+A service that leaves three labels in a row without an answer is waited for: it is asked again after
+a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there is
+no answer at all for the time of --give-up-after, the run ends with status 75; what was written is
+whole, and a run with --output leaves its records in FILE.unfinished-..., which --resume goes on
+with. A wait that the service asks for (Retry-After, a gateway whose budget is spent) does not count.
+
 On a terminal that can write over a line, standard error shows how far the run has come, unless with
 --quiet.
 
 Exit status: 0 done, for many labels even where fixes failed; 1 the fix failed, or a line was no
 label or row; 2 wrong usage, or input or output that cannot be read or written; 3 the correction is
-doubtful and was not taken; 141 the reader of the output went away.
+doubtful and was not taken; 75 the service gave no answer for too long; 141 the reader of the output
+went away.
 
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
 
@@ -210,6 +218,8 @@ void AddFixStream(CLI::App* parser, FixOptions& options) {
   parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
       ->type_name("N")
       ->check(CLI::Validator(CheckJobs, ""));
+  AddTimeOption(*parser, "--give-up-after", options.giveUpAfter,
+                "How long a service that gives no answer at all is waited for; 10min unless given");
   parser->add_flag("--quiet", options.quiet, "Show no progress on a terminal")
       ->disable_flag_override();
 }

@@ -39,19 +39,26 @@ fix_shard() {
   shift
   [ -e "$name.fixed" ] && return
   "$postwright" fix --jsonl --quiet "$@" --resume "$name.part" "$labels" || status=$?
+  if [ "$status" -eq 75 ]; then
+    echo "fix-shards: $labels: the service is away; the same command goes on" >&2
+    exit 75
+  fi
   # 1: a line was no label, and a record says so in its place
   [ "$status" -le 1 ] || complain "$labels: stopped with status $status; the same command goes on"
   mv "$name.part" "$name.fixed"
 }
 
 fix_folder() {
-  local folder=${1%/} index=0 failed=0 shard
+  local folder=${1%/} index=0 failed=0 status shard
   local task=$((${SLURM_ARRAY_TASK_ID:-0} - ${SLURM_ARRAY_TASK_MIN:-0}))
   local tasks=${SLURM_ARRAY_TASK_COUNT:-1}
   shift
   for shard in "$folder"/*.labels; do
     if ((index++ % tasks == task)); then
-      (fix_shard "$shard" "$@") || failed=1  # the other shards are not held up
+      status=0
+      (fix_shard "$shard" "$@") || status=$?
+      [ "$status" -ne 75 ] || exit 75  # it would be away for the other shards, too
+      [ "$status" -eq 0 ] || failed=1  # those are not held up by this one
     fi
   done
   return "$failed"

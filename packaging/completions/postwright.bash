@@ -16,7 +16,7 @@ _postwright() {
       mapfile -t COMPREPLY < <(compgen -W 'as-typed same-case' -- "$current")
       return
       ;;
-    --columns | --output | --resume | --jobs | --mixed-case | --server | --timeout)
+    --columns | --output | --resume | --jobs | --mixed-case | --server | --timeout | --give-up-after)
       return
       ;;
   esac
@@ -26,7 +26,7 @@ _postwright() {
       words+=' --jsonl --csv --columns --output'
       ;;
     fix)
-      words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --quiet'
+      words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --jobs --give-up-after --quiet'
       ;;
     *)
       words+=' parse fix'

@@ -374,9 +374,8 @@ TEST(CommandLineTest, TellsWhatWasConfirmed) {
 TEST(CommandLineTest, WritesEachRecordAsSoonAsItIsKnown) {
   int requests = 0;
   const LoopbackServer server([&requests](const std::string&) {
-    return ++requests > 1
-               ? LoopbackServer::Answer{""}
-               : LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n<R/>"};
+    return ++requests > 1 ? LoopbackServer::Answer{""}
+                          : LoopbackServer::Page("<R><Address><Error/></Address></R>");
   });
   CheckCommands({{"one of two",
                   "coproc $postwright fix --jsonl --server " + server.GetEndpoint() +

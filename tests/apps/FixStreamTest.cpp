@@ -209,6 +209,52 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
   EXPECT_EQ(ReadFile(folder_.File("notes")), "call Ann");
 }
 
+// The service is killed when ten labels are answered, and started again when the run has said that
+// it waits.
+TEST_F(FixStreamTest, OutlivesTheService) {
+  WriteFile(folder_.File("before"), Lines(10, LabelLine));
+  WriteFile(folder_.File("labels"), Lines(60, LabelLine));
+  for (const char* jobs : {"1", "4"}) {
+    SCOPED_TRACE(jobs);
+    const VerifyDaemon daemon;
+    const std::string serve = "\"${postwright}-verifyd\" --listen " + daemon.Endpoint();
+    CheckCommands({{"killed and started again",
+                    there_ + "coproc $postwright fix --jsonl --resume out" + jobs + " --jobs " +
+                        jobs + " --server " + daemon.Endpoint() +
+                        " 2> said; input=${COPROC[1]}; run=$COPROC_PID; cat before >&$input; "
+                        "until (( $(wc -l < out" +
+                        jobs + ") == 10 )) 2>&-; do sleep 0.02; done; kill -9 " +
+                        std::to_string(daemon.Process()) +
+                        "; tail -n +11 labels >&$input; exec {input}>&-; "
+                        "until grep -q Waiting said; do sleep 0.02; done; " +
+                        serve +
+                        " 2>&- & "
+                        "wait $run; echo $?; kill $!; cat out" +
+                        jobs,
+                    0, "0\n" + Lines(60, Record), ""}},
+                  folder_);
+  }
+}
+
+TEST_F(FixStreamTest, EndsWhereTheServiceStaysAway) {
+  WriteFile(folder_.File("labels"), Lines(30, LabelLine));
+  const std::string fix =
+      there_ + "$postwright fix --jsonl --server 127.0.0.1:1 --give-up-after 1s ";
+  CheckCommands(
+      {
+          {"many at once", fix + "--jobs 3 labels | tail -n 1; echo ${PIPESTATUS[0]}", 0,
+           "\"reason\":\"refused\",\"status\":4}\n75\n", "Waiting for the service, 1 s at most."},
+          {"a file",
+           fix +
+               "--output out labels; echo $?; wc -l < out.unfinished-*; "
+               "$postwright fix --jsonl --server " +
+               server_.GetEndpoint() +
+               " --resume out.unfinished-* labels; wc -l < out.unfinished-*",
+           0, "75\n3\n30\n", "; go on with --resume out.unfinished-"},
+      },
+      folder_);
+}
+
 TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
   WriteFile(folder_.File("labels"), Lines(9, LabelLine) + "3\n");
   WriteFile(folder_.File("many"), Lines(300, LabelLine));
@@ -237,6 +283,11 @@ TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
            onTerminal("timeout 20 ", " --jobs 4 many") +
                " | grep -o 'of 300:' | wc -l | grep -c '^..\\?$'",
            0, "1\n", ""},
+          {"an outage",
+           there_ + "export TERM=xterm; export postwright; script -qec '$postwright fix --jsonl "
+                    "--server 127.0.0.1:1 "
+                    "--give-up-after 1s labels > out' /dev/null < /dev/null",
+           75, ", waiting for the service, ", ""},
           {"quiet", onTerminal("", " --quiet labels > out") + " | grep -c turned", 1, "0\n", ""},
           {"ended by a signal", onTerminal("(echo 3; sleep 1) | timeout 0.5 ", " > out"), 124,
            "1 turned down\r\n", ""},

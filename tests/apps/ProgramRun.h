@@ -40,6 +40,7 @@ class VerifyDaemon {
   VerifyDaemon();
   ~VerifyDaemon();
   const std::string& Endpoint() const { return endpoint_; }
+  pid_t Process() const { return process_; }
 
  private:
   ScratchFolder folder_;

@@ -12,6 +12,7 @@ enum ExitStatus : int {
   kExitNotALabel = 1,    // a text held no address, was not a label, or could not be fixed
   kExitFailed = 2,       // wrong usage, or input or output that cannot be read or written
   kExitDoubtful = 3,     // the correction of a text is for a person to decide
+  kExitOutage = 75,      // the service gave no answer for too long; EX_TEMPFAIL of sysexits(3)
   kExitClosedPipe = 141  // the reader of the output went away; what a shell says for SIGPIPE
 };
 

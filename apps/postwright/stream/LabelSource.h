@@ -6,18 +6,18 @@
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LabelLine.h"
 #include "apps/postwright/stream/LineReader.h"
+#include "apps/postwright/stream/LineSource.h"
 #include "apps/postwright/stream/Progress.h"
 
 namespace postwright {
 
 // The labels of an input, one after another; a line that is no label is reported with its number.
-class LabelSource {
+class LabelSource final : public LineSource {
  public:
   // As LineReader's constructor. `progress` takes the reports and outlives the object.
   LabelSource(const std::string& input, Progress& progress) : reader_(input), progress_(progress) {}
 
-  // Goes to the next label, waiting for input where none is at hand. False at the end.
-  bool Next() {
+  bool Next() override {
     if (!reader_.Next()) {
       return false;
     }
@@ -30,11 +30,14 @@ class LabelSource {
     return true;
   }
 
-  // The label, its problem said where the line is none; until the next call of Next.
-  const LabelLine& Label() const { return label_; }
+  bool IsAtHand() const override { return reader_.IsLineAtHand(); }
+  const LabelLine& Label() const override { return label_; }
+  std::string_view Line() const override { return reader_.Line(); }
+  int Descriptor() const override { return reader_.Descriptor(); }
+  void ReadSome() override { reader_.ReadSome(); }
 
-  // What the label is read from, standing at its line.
-  LineReader& Reader() { return reader_; }
+  // How many labels there are, before the first was read; nothing where that cannot be known.
+  std::optional<std::size_t> Count() const { return reader_.CountLinesAhead(); }
 
   // kExitNotALabel once a line was no label.
   ExitStatus Status() const { return status_; }

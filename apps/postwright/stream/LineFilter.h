@@ -1,27 +1,16 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LINEFILTER_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_LINEFILTER_H_
 
-#include <functional>
+#include <chrono>
+#include <optional>
 #include <string>
 
 #include "apps/postwright/stream/Failure.h"
-#include "apps/postwright/stream/LabelLine.h"
+#include "apps/postwright/stream/LineWorkers.h"
+#include "apps/postwright/stream/PatientFilter.h"
+#include "apps/postwright/stream/RunClock.h"
 
 namespace postwright {
-
-// When a finished record is handed to the reader of the output.
-enum class Flushing {
-  kEachRecord,  // at once: each takes long to make
-  kWhenIdle     // before the filter waits for input: each takes microseconds
-};
-
-// What makes a record, a line with its line feed, of an input line. One that is no label is handed
-// over all the same, its problem said.
-using LineAnswer = std::function<std::string(const LabelLine&)>;
-
-// What makes the record of a label whose worker process died: the text says how, as in "was ended
-// by signal 9 (Killed)".
-using DeadWorkerAnswer = std::function<std::string(const LabelLine&, const std::string&)>;
 
 struct LineFilterOptions {
   std::string input = "-";  // "-" is standard input
@@ -29,17 +18,23 @@ struct LineFilterOptions {
   std::string resume;       // an earlier run's output to go on with, in place of `output`
   int jobs = 1;             // processes that make records at once
   bool progress = false;    // show it where standard error is a terminal
-  Flushing flushing = Flushing::kEachRecord;
+
+  // A service that is away is waited for: for so long without any answer (Outage). Nothing: records
+  // are made without a service.
+  std::optional<std::chrono::seconds> giveUpAfter;
+  RunClock* clock = nullptr;  // to wait by; null is the system's. Not with jobs.
 };
 
 // Answers every line of the input with a record, in order. A line that is no label is reported on
-// standard error with its number. With one job one line is held at a time and `answer` is called in
-// this process; with more, in forks of it (WorkerPool), and `answerForDead` in this process.
+// standard error with its number. With one job `answer` is called in this process; with more, in
+// forks of it (WorkerPool), and `answerForDead` in this process.
 //
 // With `resume` the labels whose records are there are passed over; where those are of another
 // input, nothing is changed (EarlierRecords).
 //
-// Returns kExitNotALabel where a line was no label. Throws Failure and ClosedPipe.
+// Returns kExitNotALabel where a line was no label, and kExitOutage where the service was given up:
+// then each line that was taken has its record, and standard error says where they are. Throws
+// Failure and ClosedPipe.
 ExitStatus FilterLines(const LineFilterOptions& options, const LineAnswer& answer,
                        const DeadWorkerAnswer& answerForDead = {});
 

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,11 +9,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "apps/TerminalText.h"
 #include "apps/postwright/stream/EndingSignals.h"
 #include "apps/postwright/stream/Failure.h"
-#include "common/NewFileMode.h"
+#include "apps/postwright/stream/FilePlace.h"
 
 namespace postwright {
 
@@ -27,39 +27,6 @@ const char* volatile gUnfinished = nullptr;
 void RemoveUnfinished() {
   if (gUnfinished != nullptr) {
     unlink(gUnfinished);
-  }
-}
-
-// The file that `path` leads to, which may not be there yet.
-std::string BehindLinks(std::filesystem::path path) {
-  constexpr int kMostLinks = 40;  // as the system has it
-  std::error_code error;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
-    const std::filesystem::path target = std::filesystem::read_symlink(path, error);
-    path = target.is_absolute() ? target : path.parent_path() / target;
-  }
-  return path.string();
-}
-
-// Gives the new file what a file that is created the ordinary way has, or what the one has that it
-// takes the place of. Where the system allows no more, or knows no such thing, it stays at that.
-void TakeOver(int descriptor, const std::string& path) {
-  struct stat there {};
-  if (stat(path.c_str(), &there) == -1) {
-    fchmod(descriptor, NewFileMode());
-    return;
-  }
-  mode_t mode = there.st_mode & 07777U;
-  if (fchown(descriptor, there.st_uid, there.st_gid) == -1 &&
-      fchown(descriptor, static_cast<uid_t>(-1), there.st_gid) == -1) {
-    mode = (mode & 0707U) | ((mode & 7U) << 3U);  // our group is not the one that was let in
-  }
-  fchmod(descriptor, mode);
-  constexpr const char* kAccess = "system.posix_acl_access";
-  char access[1024];
-  const ssize_t size = getxattr(path.c_str(), kAccess, access, sizeof access);
-  if (size > 0) {
-    fsetxattr(descriptor, kAccess, access, static_cast<std::size_t>(size), 0);
   }
 }
 
@@ -140,20 +107,26 @@ void Output::Finish() {
     }
     return;
   }
-  if (fsync(descriptor_) == -1 || rename(temporary_.c_str(), path_.c_str()) == -1) {
+  if (!PutInPlace(descriptor_, temporary_, path_)) {
     Fail("write");
   }
   gUnfinished = nullptr;
   temporary_.clear();
   close(descriptor_);
+}
 
-  // The name lasts only once the folder has been written, too.
-  const std::string folder = std::filesystem::path(path_).parent_path().string();
-  const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
-  if (directory != -1) {
-    fsync(directory);
-    close(directory);
+std::string Output::Keep() {
+  if (temporary_.empty()) {
+    Finish();
+    return "";
   }
+  Flush();
+  if (fsync(descriptor_) == -1) {
+    Fail("write");
+  }
+  gUnfinished = nullptr;
+  close(descriptor_);
+  return std::exchange(temporary_, "");
 }
 
 void Output::Fail(const std::string& what) const {

@@ -44,6 +44,11 @@ class Output {
   // Hands over the rest; a file takes its name. Nothing may be written afterwards.
   void Finish();
 
+  // The same for a run that did not come to its end: hands over the rest, and leaves a file under
+  // the name that it was written under, which it returns; "" for standard output and for an open
+  // file.
+  std::string Keep();
+
  private:
   [[noreturn]] void Fail(const std::string& what) const;
   void CreateBeside();

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <utility>
 
 #include "apps/postwright/stream/EndingSignals.h"
 #include "apps/postwright/stream/JsonRecord.h"
@@ -46,6 +47,13 @@ std::size_t TerminalWidth() {
 
 }  // namespace
 
+std::string InWords(std::chrono::seconds length) {
+  const auto seconds = length.count();
+  return seconds % 3600 == 0 ? std::to_string(seconds / 3600) + " h"
+         : seconds % 60 == 0 ? std::to_string(seconds / 60) + " min"
+                             : std::to_string(seconds) + " s";
+}
+
 Progress::Progress(bool isWanted)
     : isShown_(isWanted && isatty(STDERR_FILENO) == 1 && CanEraseLines()),
       sharesTerminal_(isShown_ && isatty(STDOUT_FILENO) == 1) {
@@ -82,6 +90,17 @@ void Progress::Refresh() {
   }
 }
 
+void Progress::SayWaiting(const std::string& why, std::chrono::seconds retryAfter,
+                          std::chrono::seconds giveUpAfter) {
+  const bool isPutOff = retryAfter.count() > 0;
+  if (std::exchange(isPutOff ? hasSaidPutOff_ : hasSaidSilent_, true)) {
+    return;
+  }
+  Say(why + (isPutOff ? " Waiting until the service may be asked again, " + InWords(retryAfter) +
+                            " from now."
+                      : " Waiting for the service, " + InWords(giveUpAfter) + " at most."));
+}
+
 void Progress::MakeWay() {
   if (sharesTerminal_ && gIsDrawn != 0) {
     Put(kEraseLine);
@@ -99,10 +118,15 @@ void Progress::Say(const std::string& message) {
 }
 
 void Progress::Finish() {
+  if (total_) {
+    total_ = Done();  // the input may have grown or shrunk since it was counted
+  }
+  Stop();
+}
+
+void Progress::Stop() {
   if (isShown_) {
-    if (total_) {
-      total_ = Done();  // the input may have grown or shrunk since it was counted
-    }
+    waiting_ = std::nullopt;
     Draw();
     EndLine();
     gIsDrawn = 0;
@@ -121,7 +145,8 @@ std::string Progress::Line() const {
          std::to_string(fixed_) + " fixed, " + std::to_string(unchanged_) + " unchanged, " +
          std::to_string(turnedDown_) + " turned down" +
          (unanswered_ == 0 ? "" : ", " + std::to_string(unanswered_) + " not answered") +
-         TimeLeft();
+         (waiting_ ? ", waiting for the service, " + std::to_string(waiting_->count()) + " s"
+                   : TimeLeft());
 }
 
 std::string Progress::TimeLeft() const {

@@ -9,6 +9,9 @@
 
 namespace postwright {
 
+// A length of time in words: "45 s", "10 min", "12 h".
+std::string InWords(std::chrono::seconds length);
+
 // How far a stream of fixes has come, in one line on standard error that is written again and
 // again, some times a second, where that is a terminal that can do so (TERM is neither unset nor
 // "dumb"); and the messages that must not run into that line.
@@ -43,14 +46,24 @@ class Progress {
   // Brings the line up to date where it is old enough.
   void Refresh();
 
+  // From now on the line says that the service is waited for, and for how long it has been, in the
+  // place of the time that is left; nothing: it is not.
+  void ShowWaiting(std::optional<std::chrono::seconds> length) { waiting_ = length; }
+
+  // Says that the service is waited for: once because it is silent, and once because it has said
+  // that it wants to be asked `retryAfter` later, where that is not 0.
+  void SayWaiting(const std::string& why, std::chrono::seconds retryAfter,
+                  std::chrono::seconds giveUpAfter);
+
   // Takes the line away before records go to standard output, where that is the same terminal.
   void MakeWay();
 
   // Writes "postwright: " and `message` on a line of its own, with or without a terminal.
   void Say(const std::string& message);
 
-  // The last state stays to be read.
+  // The last state stays to be read. Everything is done; or, Stop, not everything.
   void Finish();
+  void Stop();
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -70,6 +83,9 @@ class Progress {
   std::size_t earlier_ = 0;
   Clock::time_point begun_;
   Clock::time_point drawn_;
+  std::optional<std::chrono::seconds> waiting_;
+  bool hasSaidSilent_ = false;
+  bool hasSaidPutOff_ = false;
 };
 
 }  // namespace postwright

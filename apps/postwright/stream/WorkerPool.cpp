@@ -149,7 +149,7 @@ void WorkerPool::Serve(int channel, pid_t parent) const {
   }
 }
 
-void WorkerPool::Give(std::size_t ticket, std::string_view line) {
+void WorkerPool::Give(std::size_t ticket, const LabelLine&, std::string_view line) {
   const auto worker = std::find_if(workers_.begin(), workers_.end(),
                                    [](const Worker& other) { return !other.isBusy; });
   worker->isBusy = true;
@@ -158,7 +158,7 @@ void WorkerPool::Give(std::size_t ticket, std::string_view line) {
   Send(*worker);  // one that has died says so when it is waited for
 }
 
-WorkerPool::Events WorkerPool::Wait(int descriptor, int milliseconds) {
+LineWorkers::Events WorkerPool::Wait(int descriptor, int milliseconds) {
   std::vector<pollfd> polled = {{descriptor, POLLIN, 0}};  // a negative one is passed over
   for (const Worker& worker : workers_) {
     const int wanted = worker.toSend.empty() ? POLLIN : POLLIN | POLLOUT;
@@ -186,7 +186,7 @@ bool WorkerPool::Exchange(Worker& worker, short events, std::vector<Answer>& ans
     isAlive = Receive(worker) && isSent;
   }
   if (worker.received.ends_with('\n')) {
-    answers.push_back({worker.ticket, std::exchange(worker.received, {}), ""});
+    answers.push_back({worker.ticket, UnpackRecord(std::exchange(worker.received, {})), ""});
     worker.isBusy = false;
   }
   if (isAlive) {
@@ -195,7 +195,7 @@ bool WorkerPool::Exchange(Worker& worker, short events, std::vector<Answer>& ans
   close(worker.channel);
   const int status = Reap(worker.process);
   if (worker.isBusy) {
-    answers.push_back({worker.ticket, "", Ending(status)});
+    answers.push_back({worker.ticket, {}, Ending(status)});
   }
   return false;
 }
