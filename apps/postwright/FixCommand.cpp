@@ -74,11 +74,13 @@ ExitStatus FixText(const InputBytes& input, const FixOptions& options, Postwrigh
   return fix.Proposed().empty() ? kExitDone : kExitDoubtful;
 }
 
-ExitStatus FixLines(const FixOptions& options, PostwrightClient& client) {
+ExitStatus FixLines(const FixOptions& options, bool isResumable, PostwrightClient& client) {
   LineFilterOptions lines;
   lines.input = options.file;
   lines.output = options.output;
   lines.resume = options.resume;
+  lines.isResumable = isResumable;
+  lines.retry = options.retryFailed ? Retry::kFailed : Retry::kUnanswered;
   lines.jobs = options.jobs;
   lines.progress = !options.quiet;
   lines.giveUpAfter = options.giveUpAfter;
@@ -102,7 +104,7 @@ ExitStatus FixRows(const AddressTable& table, const FixOptions& options, Postwri
                     stream.file = input;
                     stream.output.clear();
                     stream.resume = records;
-                    return FixLines(stream, client);
+                    return FixLines(stream, !options.resume.empty(), client);
                   });
 }
 
@@ -164,7 +166,7 @@ ExitStatus RunFix(const FixOptions& options) {
     throw Failure("--resume excludes --output: the records go to the end of its own file");
   }
   if (options.jsonl) {
-    return FixLines(options, client);
+    return FixLines(options, true, client);
   }
   PlainInput input(options.file, options.csv, options.columns);
   if (input.Table()) {

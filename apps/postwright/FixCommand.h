@@ -25,9 +25,10 @@ struct FixOptions {
   bool csv = false;             // a table; where neither is said, a table is told from one label
   std::string columns;          // what makes the labels of a table; "" is to be found
 
-  std::string output;  // "" is standard output
-  std::string resume;  // an earlier run's records to go on with; beside `output` only of a table
-  int jobs = 1;        // fixes under way at once
+  std::string output;        // "" is standard output
+  std::string resume;        // an earlier run's records; beside `output` only of a table
+  bool retryFailed = false;  // with `resume`: ask again about what was turned down, too
+  int jobs = 1;              // fixes under way at once
   std::chrono::seconds giveUpAfter = std::chrono::minutes(10);  // without any answer
   bool quiet = false;                                           // no progress
 };

@@ -48,10 +48,11 @@ constexpr const char* kFixUsage =
     "                      [--punctuation keep|postal|remove] [--names as-typed|same-case]\n"
     "                      [--explain] [--accept-doubtful] [--whole-label]\n"
     "                      [--server HOST[:PORT]] [--timeout TIME] [FILE]\n"
-    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE]\n"
+    "       postwright fix --jsonl [--jobs N] [--output FILE | --resume FILE [--retry-failed]]\n"
     "                      [--give-up-after TIME] [--quiet] ...\n"
-    "       postwright fix [--csv] [--columns LIST] [--jobs N] [--output FILE] [--resume FILE]\n"
-    "                      [--give-up-after TIME] [--quiet] ... [TABLE]";
+    "       postwright fix [--csv] [--columns LIST] [--jobs N] [--output FILE]\n"
+    "                      [--resume FILE [--retry-failed]] [--give-up-after TIME] [--quiet]\n"
+    "                      ... [TABLE]";
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
@@ -87,7 +88,8 @@ their lines and offsets, and reason.
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
 be those of the same input, a half last line is dropped, and new records are added to FILE itself,
-which need not be there yet. What failed is not tried again.
+which need not be there yet. What was not answered is asked about again, with --retry-failed also
+what was turned down; the new records take the places of the old ones.
 
 A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
 their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
@@ -210,11 +212,17 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
 }
 
 void AddFixStream(CLI::App* parser, FixOptions& options) {
+  CLI::Option* const resume =
+      parser
+          ->add_option("--resume", options.resume,
+                       "Go on with the file of records that an interrupted run left")
+          ->type_name("FILE")
+          ->check(CLI::Validator(CheckFileName, ""));
   parser
-      ->add_option("--resume", options.resume,
-                   "Go on with the file of records that an interrupted run left")
-      ->type_name("FILE")
-      ->check(CLI::Validator(CheckFileName, ""));
+      ->add_flag("--retry-failed", options.retryFailed,
+                 "With --resume: ask again about what was turned down, too")
+      ->needs(resume)
+      ->disable_flag_override();
   parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
       ->type_name("N")
       ->check(CLI::Validator(CheckJobs, ""));

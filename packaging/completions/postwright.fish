@@ -24,6 +24,7 @@ complete -c postwright -n "$fix" -l accept-doubtful -d 'Take doubtful correction
 complete -c postwright -n "$fix" -l server -x -a '(__fish_print_hostnames)' -d 'The Verify service to ask'
 complete -c postwright -n "$fix" -l timeout -x -d 'How long a request to it may last, as 20s'
 complete -c postwright -n "$fix" -l resume -r -F -d 'Go on with the file of an interrupted run'
+complete -c postwright -n "$fix" -l retry-failed -d 'Ask again about what was turned down, too'
 complete -c postwright -n "$fix" -l jobs -x -d 'How many fixes are under way at once'
 complete -c postwright -n "$fix" -l give-up-after -x -d 'How long a service without an answer is waited for'
 complete -c postwright -n "$fix" -l quiet -d 'Show no progress on a terminal'

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <regex>
@@ -46,6 +48,17 @@ std::string Record(int number) {
          R"(","fixed":")" + std::to_string(number) +
          R"( MAIN ST\nAUSTIN TX 78701","result":"","confirmation":"form-only","reason":"","status":1})" +
          "\n";
+}
+
+// What an earlier run said of it: status 3 or 4.
+std::string Failed(int number, int status) {
+  return R"({"id":)" + std::to_string(number) + R"(,"address":")" + Label(number) +
+         R"(","fixed":"","result":"?","confirmation":"","reason":"?","status":)" +
+         std::to_string(status) + "}\n";
+}
+
+std::string Unanswered(int number) {
+  return Failed(number, 4);
 }
 
 // The lines from 1 to `count`, as `line` makes them.
@@ -156,6 +169,72 @@ TEST_F(FixStreamTest, GoesOnWhereARunWasKilled) {
   CheckCommands({{"nothing left to do", run + "; cat out", 0, Lines(120, Record), ""}}, folder_);
 }
 
+TEST_F(FixStreamTest, PutsNewAnswersInTheirPlaces) {
+  const std::string noLabel =
+      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3})"
+      "\n";
+  WriteFile(folder_.File("labels"), Lines(3, LabelLine) + "3\n" + LabelLine(4) + LabelLine(5));
+  const std::string out = Record(1) + Failed(2, 3) + Unanswered(3) + noLabel;
+  for (const char* jobs : {"1", "3"}) {
+    SCOPED_TRACE(jobs);
+    WriteFile(folder_.File("out"), out + "{\"id\":4,");
+    chmod(folder_.File("out").c_str(), 0640);
+    symlink("out", folder_.File("link").c_str());
+    const std::size_t asked = server_.GetRequests().size();
+    const std::string run = there_ + fix_ + " --jobs " + jobs + " --resume link labels";
+    const std::string report = "line 4 is not a JSON string";
+    const std::string resumed =
+        Record(1) + Failed(2, 3) + Record(3) + noLabel + Record(4) + Record(5);
+    CheckCommands({{"unanswered", run + "; cat out; stat -c %a out; ls | wc -l", 0,
+                    resumed + "640\n3\n", report}},
+                  folder_);
+    EXPECT_EQ(server_.GetRequests().size(), asked + 3);
+    CheckCommands({{"turned down, too", run + " --retry-failed; cat out", 0,
+                    Lines(3, Record) + noLabel + Record(4) + Record(5), report}},
+                  folder_);
+    EXPECT_EQ(server_.GetRequests().size(), asked + 4);
+  }
+}
+
+TEST_F(FixStreamTest, KeepsThePartsOfALabelAskedAboutAgain) {
+  WriteFile(folder_.File("labels"),
+            R"({"id":1,"street":"3 main street","city":"austin","state":"tx","zip":"78701"})");
+  CheckCommands({{"in parts",
+                  there_ + "$postwright fix --jsonl --server 127.0.0.1:1 --resume out labels; " +
+                      fix_ + " --resume out labels; cat out",
+                  0, R"("parts":{"street":"3 MAIN ST","city":"AUSTIN","state":"TX",)", ""}},
+                folder_);
+}
+
+// A run that makes records again is killed in the middle: the file is as it was, and nothing that
+// was answered is asked about again.
+TEST_F(FixStreamTest, LosesNoAnswerThatWasGivenAgain) {
+  WriteFile(folder_.File("labels"), Lines(50, LabelLine));
+  for (const std::string jobs : {"1", "3"}) {
+    SCOPED_TRACE(jobs);
+    const std::string before = Lines(40, Unanswered);
+    WriteFile(folder_.File("out"), before);
+    const std::size_t asked = server_.GetRequests().size();
+    const std::string run = there_ + fix_ + " --jobs " + jobs + " --resume out labels";
+    CheckCommands({{"killed",
+                    run + " & until (( $(wc -l < out.again) > 10 )) 2>&-; do sleep 0.02; done; "
+                          "kill -9 $!; wait $! 2>&-; printf '{\"id\":' >> out.again; echo $?",
+                    0, "0\n", ""}},
+                  folder_);
+    EXPECT_EQ(ReadFile(folder_.File("out")), before);
+    CheckCommands({{"resumed", run + "; echo $?; ls", 0, "0\nlabels\nout\n", ""}}, folder_);
+    EXPECT_EQ(ReadFile(folder_.File("out")), Lines(50, Record));
+    EXPECT_LE(server_.GetRequests().size(),
+              asked + 50 + 3 * static_cast<std::size_t>(std::stoi(jobs)));
+  }
+  WriteFile(folder_.File("out"), Lines(2, Unanswered));
+  WriteFile(folder_.File("out.again"), Record(2));
+  CheckCommands({{"not its own", there_ + fix_ + " --resume out labels", 2, "",
+                  "out.again, beside it, is not its own"}},
+                folder_);
+  EXPECT_EQ(ReadFile(folder_.File("out.again")), Record(2));
+}
+
 // A line too deep to be read is answered as one that is no label, by whoever reads it again.
 TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
   WriteFile(folder_.File("labels"), LabelLine(1) + "{\"x\":" + std::string(600000, '[') +
@@ -244,6 +323,11 @@ TEST_F(FixStreamTest, EndsWhereTheServiceStaysAway) {
       {
           {"many at once", fix + "--jobs 3 labels | tail -n 1; echo ${PIPESTATUS[0]}", 0,
            "\"reason\":\"refused\",\"status\":4}\n75\n", "Waiting for the service, 1 s at most."},
+          {"a table",
+           there_ + "printf 'street,city,state,zip\\n' > table; for n in {1..9}; do echo \"$n main "
+                    "street,austin,tx,78701\" >> table; done; $postwright fix --server 127.0.0.1:1 "
+                    "--give-up-after 1s table > fixed; echo $?; tail -n 1 fixed; wc -l < fixed",
+           0, "75\n9 main street,austin,tx,78701,not-asked,,,,\n10\n", "records are whole\n"},
           {"a file",
            fix +
                "--output out labels; echo $?; wc -l < out.unfinished-*; "

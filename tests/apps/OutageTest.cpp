@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/stream/JsonRecord.h"
@@ -70,13 +71,25 @@ int NumberOf(const LabelLine& label) {
   return std::stoi(label.address);
 }
 
+// Takes what is said on standard error for as long as the object lives.
+class Captured {
+ public:
+  explicit Captured(std::string& said) : said_(said) { testing::internal::CaptureStderr(); }
+  ~Captured() { said_ = testing::internal::GetCapturedStderr(); }
+  Captured(const Captured&) = delete;
+  Captured& operator=(const Captured&) = delete;
+
+ private:
+  std::string& said_;
+};
+
 class OutageTest : public testing::Test {
  protected:
-  // What comes of labels with the addresses "1", "2" ..., as `answer` has it.
+  // What comes of labels with the house numbers 1, 2 ..., as `answer` has it.
   ExitStatus Run(int labels, const LineAnswer& answer, const std::string& resume = "") {
     std::string lines;
     for (int label = 1; label <= labels; ++label) {
-      lines += '"' + std::to_string(label) + "\"\n";
+      lines += '"' + std::to_string(label) + " main street, austin tx 78701\"\n";
     }
     LineFilterOptions options;
     options.input = folder_.Write("labels", lines);
@@ -84,10 +97,8 @@ class OutageTest : public testing::Test {
     options.resume = resume;
     options.giveUpAfter = giveUpAfter_;
     options.clock = &clock_;
-    testing::internal::CaptureStderr();
-    const ExitStatus status = FilterLines(options, answer);
-    said_ = testing::internal::GetCapturedStderr();
-    return status;
+    const Captured captured(said_);
+    return FilterLines(options, answer);
   }
 
   // The statuses of the records, one digit each.
@@ -206,7 +217,7 @@ class CountingUpstream final : public service::Upstream {
   std::atomic<int> calls_ = 0;
 };
 
-// The real gateway with the real fix, each killed once in the middle.
+// The real gateway with the real fix.
 class BudgetTest : public OutageTest {
  protected:
   void StartGateway() {
@@ -228,11 +239,7 @@ class BudgetTest : public OutageTest {
     SetDeployment({.verifyHost = server_->Address(), .userId = "TEST", .probeHost = "127.0.0.1"});
   }
 
-  LineRecord Fix(const LabelLine& label) {
-    LabelLine whole = label;
-    whole.address += L" main street, austin tx 78701";
-    return FixRecord(client_, whole, {{}, false});
-  }
+  LineRecord Fix(const LabelLine& label) { return FixRecord(client_, label, {{}, false}); }
 
   CountingUpstream upstream_;
   std::shared_ptr<postal::ZipList> zips_ = std::make_shared<postal::ZipList>();
@@ -244,11 +251,20 @@ class BudgetTest : public OutageTest {
   PostwrightClient client_;
 };
 
+// Both are ended in the middle and started again; no label costs a second call.
 TEST_F(BudgetTest, FinishesAListBeyondTheBudget) {
   StartGateway();
   giveUpAfter_ = seconds(30);  // less than what the gateway wants to be waited for
   const auto begun = clock_.Now();
-  EXPECT_EQ(Run(100, [this](const LabelLine& label) { return Fix(label); }), kExitDone);
+  const std::string records = folder_.File("records");
+  const auto fix = [this](const LabelLine& label) { return Fix(label); };
+  const auto end = [this](const LabelLine& label) {
+    return NumberOf(label) == 50 ? throw std::runtime_error("killed") : Fix(label);
+  };
+  EXPECT_THROW(Run(100, end, records), std::runtime_error);
+  EXPECT_EQ(Statuses(), std::string(49, '1'));
+  StartGateway();
+  EXPECT_EQ(Run(100, fix, records), kExitDone);
   EXPECT_EQ(Statuses(), std::string(100, '1'));
   EXPECT_EQ(clock_.Now() - begun, minutes(4));
   EXPECT_EQ(upstream_.Calls(), 100);

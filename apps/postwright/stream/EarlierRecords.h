@@ -2,8 +2,8 @@
 #define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_EARLIERRECORDS_H_
 
 #include <sys/types.h>
-#include <unistd.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,15 +17,23 @@ namespace postwright {
 //
 //   EarlierRecords earlier("fixed.jsonl", reader.Descriptor());
 //   while (earlier.Next()) earlier.Check(the label of the next input line);
+//   earlier.Settle();
+//   Output again(earlier.BeginAgain(), …);  … a record for each, old or new …; again.Finish();
+//   earlier.EndAgain();
 //   Output output(earlier.Continue(), "fixed.jsonl");
 //
-// The file is changed by Continue alone. While the object lives, no other run can open the file so.
+// Records that are made again go to a file beside it, "fixed.jsonl.again", which takes its place
+// once it has them all: whoever reads it finds it whole at any time. Where the run is killed before
+// that, the next one finds in the file beside it what was answered.
+//
+// Nothing is changed before Settle. While the object lives, no other run can open the file so.
 class EarlierRecords {
  public:
   // Opens the file, which is made where it is not there. `input` is the descriptor of the labels.
   // Throws Failure where the file cannot be opened, is no plain file, is being written by another
   // run, is the input, or does not begin as records do.
   EarlierRecords(const std::string& path, int input);
+  ~EarlierRecords();
   EarlierRecords(const EarlierRecords&) = delete;
   EarlierRecords& operator=(const EarlierRecords&) = delete;
 
@@ -37,34 +45,44 @@ class EarlierRecords {
   // has fewer lines.
   void Check(const LabelLine* label);
 
-  // The record, as LineReader::Line().
-  std::string_view Line() const { return reader_.Line(); }
+  // The record, as LineReader::Line(); the newest, where one was made again.
+  std::string_view Line() const { return isMadeAgain_ ? again_->Line() : reader_->Line(); }
 
-  // Cuts a last line off that was not written to its end, and returns the descriptor, the object's
-  // own, standing behind the last record. After Next() has returned false.
+  // Has what a killed run made again in its place, and a last line that was not written to its end
+  // cut off. After Next() has returned false.
+  void Settle();
+
+  // Where the records are now, links resolved.
+  const std::string& Path() const { return path_; }
+
+  // Returns the descriptor, the object's own, of a new empty file beside it.
+  int BeginAgain();
+
+  // The new file has a record for each: it takes the place of the old one. Or, where the run ends
+  // before that, it has those of the first ones only, and Settle puts them in their places.
+  void EndAgain();
+
+  // Returns the descriptor, the object's own, standing behind the last record.
   int Continue();
 
  private:
+  void Open();
   void CheckFile(int input) const;
+  void CheckRecord(LineReader& reader, const std::string& whose, const LabelLine* label);
+  std::string AgainPath() const { return path_ + ".again"; }
+  void Merge();
   [[noreturn]] void Refuse(const std::string& reason) const;
-  [[noreturn]] void Fail(const std::string& what) const;
+  [[noreturn]] void Fail(const std::string& what, const std::string& path) const;
 
+  const std::string name_;  // as it was given
   std::string path_;
-  class Descriptor {
-   public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { close(number_); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    operator int() const { return number_; }
-
-   private:
-    int number_;
-  };
-  Descriptor descriptor_;
-  LineReader reader_;
+  int descriptor_ = -1;
+  int beside_ = -1;
+  std::optional<LineReader> reader_;
+  std::optional<LineReader> again_;  // what a killed run made again, up to its last whole record
   LabelLineParser parser_;
   off_t length_ = 0;  // of the whole records so far
+  bool isMadeAgain_ = false;
 };
 
 }  // namespace postwright

@@ -36,8 +36,10 @@ class JsonRecord {
   std::string line_;
 };
 
-// The status of a label that nobody judged, beside the numbers of the client's AddressStatus.
+// The status of a label that nobody judged, beside the numbers of the client's AddressStatus; and
+// one of those.
 constexpr int kNotAnswered = 4;
+constexpr int kTurnedDown = 3;
 
 // The number, 0 to kNotAnswered, that `line` (with or without its line feed) ends with as the
 // member "status"; -1 where it does not. Text inside a JSON string cannot look like one: its

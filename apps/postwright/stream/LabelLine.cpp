@@ -102,6 +102,22 @@ std::wstring Compose(const LabelParts& parts) {
   return label;
 }
 
+// The parts that a record gives back.
+LabelParts ReadParts(simdjson::ondemand::document& document, simdjson::ondemand::value value) {
+  LabelParts parts;
+  for (auto field : value.get_object()) {
+    const std::string_view key = field.unescaped_key();
+    simdjson::ondemand::value member = field.value();
+    const auto part = std::find(kPartNames.begin(), kPartNames.end(), key);
+    if (part != kPartNames.end()) {
+      parts[part - kPartNames.begin()] = PartText(document, *part, member);
+    } else {
+      CheckValue(member, 2);
+    }
+  }
+  return parts;
+}
+
 void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
   bool hasAddress = false;
   LabelParts parts;
@@ -114,6 +130,8 @@ void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
     } else if (key == "address" && value.type() == json_type::string) {
       label.address = WideFromUtf8(value.get_string().value());
       hasAddress = true;
+    } else if (key == "parts" && value.type() == json_type::object) {
+      label.parts = ReadParts(document, value);
     } else if (part != kPartNames.end()) {
       parts[part - kPartNames.begin()] = PartText(document, *part, value);
     } else {

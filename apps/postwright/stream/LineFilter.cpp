@@ -16,13 +16,20 @@ namespace postwright {
 
 namespace {
 
-// Passes over the labels that have their records already.
-void PassOver(EarlierRecords& earlier, LabelSource& labels, Progress& progress) {
+// Passes over the labels that have their records already. Returns how many want a new one.
+std::size_t PassOver(EarlierRecords& earlier, LabelSource& labels, Retry retry,
+                     Progress& progress) {
+  std::size_t count = 0;
   while (earlier.Next()) {
     earlier.Check(labels.Next() ? &labels.Label() : nullptr);
-    progress.Count(earlier.Line(), true);
+    if (IsMadeAgain(earlier.Line(), retry)) {
+      ++count;
+    } else {
+      progress.Count(earlier.Line(), true);
+    }
     progress.Refresh();
   }
+  return count;
 }
 
 // Answers each line before the next is read; records wait until there is none at hand.
@@ -55,14 +62,53 @@ std::unique_ptr<LineWorkers> WorkersFor(int jobs, const LineAnswer& answer, RunC
   return std::make_unique<WorkerPool>(jobs, [&answer] { Serve(answer); });
 }
 
-ExitStatus EndOfOutage(const LineFilterOptions& options, Output& output, Progress& progress) {
-  const std::string kept = output.Keep();
-  const std::string file = kept.empty() ? options.resume : kept;
+// False where the service was given up; the records that were made until then are in their places
+// all the same.
+bool MakeAgain(EarlierRecords& earlier, Retry retry, PatientFilter::Run& run) {
+  RecordsAgain records(earlier.Path(), retry);
+  Output output(earlier.BeginAgain(), earlier.Path());
+  const bool isDone = PatientFilter(records, output, run).Do();
+  output.Finish();
+  isDone ? earlier.EndAgain() : earlier.Settle();
+  return isDone;
+}
+
+ExitStatus EndOfOutage(const std::string& records, std::chrono::seconds giveUpAfter,
+                       Progress& progress) {
   progress.Stop();
-  progress.Say("the service gave no answer for " + InWords(*options.giveUpAfter) +
+  progress.Say("the service gave no answer for " + InWords(giveUpAfter) +
                ": the run ends here, its records are whole" +
-               (file.empty() ? "" : "; go on with --resume " + file));
+               (records.empty() ? "" : "; go on with --resume " + records));
   return kExitOutage;
+}
+
+// Makes records that take a service.
+ExitStatus FilterPatiently(const LineFilterOptions& options, const LineAnswer& answer,
+                           const DeadWorkerAnswer& answerForDead, LabelSource& labels,
+                           Progress& progress) {
+  RunClock systemClock;
+  RunClock& clock = options.clock == nullptr ? systemClock : *options.clock;
+  Outage outage(clock, *options.giveUpAfter);
+  const auto workers = WorkersFor(options.jobs, answer, clock);
+  PatientFilter::Run run{*workers, answer, answerForDead, clock, outage, progress};
+  const std::string goOnWith = options.isResumable ? options.resume : "";
+  std::optional<EarlierRecords> earlier;
+  if (!options.resume.empty()) {
+    earlier.emplace(options.resume, labels.Descriptor());
+    const std::size_t again = PassOver(*earlier, labels, options.retry, progress);
+    earlier->Settle();
+    if (again > 0 && !MakeAgain(*earlier, options.retry, run)) {
+      return EndOfOutage(goOnWith, *options.giveUpAfter, progress);
+    }
+  }
+  Output output = earlier ? Output(earlier->Continue(), options.resume) : Output(options.output);
+  if (!PatientFilter(labels, output, run).Do()) {
+    const std::string kept = output.Keep();
+    return EndOfOutage(kept.empty() ? goOnWith : kept, *options.giveUpAfter, progress);
+  }
+  output.Finish();
+  progress.Finish();
+  return labels.Status();
 }
 
 }  // namespace
@@ -72,24 +118,11 @@ ExitStatus FilterLines(const LineFilterOptions& options, const LineAnswer& answe
   Progress progress(options.progress);
   LabelSource labels(options.input, progress);
   progress.Begin(progress.IsShown() ? labels.Count() : std::nullopt);
-  std::optional<EarlierRecords> earlier;
-  if (!options.resume.empty()) {
-    earlier.emplace(options.resume, labels.Descriptor());
-    PassOver(*earlier, labels, progress);
-  }
-  Output output = earlier ? Output(earlier->Continue(), options.resume) : Output(options.output);
   if (options.giveUpAfter) {
-    RunClock systemClock;
-    RunClock& clock = options.clock == nullptr ? systemClock : *options.clock;
-    Outage outage(clock, *options.giveUpAfter);
-    const auto workers = WorkersFor(options.jobs, answer, clock);
-    PatientFilter::Run run{*workers, answer, answerForDead, clock, outage, progress};
-    if (!PatientFilter(labels, output, run).Do()) {
-      return EndOfOutage(options, output, progress);
-    }
-  } else {
-    FilterHere(labels, answer, output, progress);
+    return FilterPatiently(options, answer, answerForDead, labels, progress);
   }
+  Output output(options.output);
+  FilterHere(labels, answer, output, progress);
   output.Finish();
   progress.Finish();
   return labels.Status();

@@ -8,6 +8,7 @@
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/LineWorkers.h"
 #include "apps/postwright/stream/PatientFilter.h"
+#include "apps/postwright/stream/RecordsAgain.h"
 #include "apps/postwright/stream/RunClock.h"
 
 namespace postwright {
@@ -16,8 +17,10 @@ struct LineFilterOptions {
   std::string input = "-";  // "-" is standard input
   std::string output;       // "" is standard output
   std::string resume;       // an earlier run's output to go on with, in place of `output`
-  int jobs = 1;             // processes that make records at once
-  bool progress = false;    // show it where standard error is a terminal
+  bool isResumable = true;  // that file outlives the run, so that the user may go on with it
+  Retry retry = Retry::kUnanswered;  // which of its records are made again
+  int jobs = 1;                      // processes that make records at once
+  bool progress = false;             // show it where standard error is a terminal
 
   // A service that is away is waited for: for so long without any answer (Outage). Nothing: records
   // are made without a service.
@@ -29,8 +32,9 @@ struct LineFilterOptions {
 // standard error with its number. With one job `answer` is called in this process; with more, in
 // forks of it (WorkerPool), and `answerForDead` in this process.
 //
-// With `resume` the labels whose records are there are passed over; where those are of another
-// input, nothing is changed (EarlierRecords).
+// With `resume`, which takes `giveUpAfter`, the labels whose records are there are passed over, but
+// for those that are made again; where the records are of another input, nothing is changed
+// (EarlierRecords).
 //
 // Returns kExitNotALabel where a line was no label, and kExitOutage where the service was given up:
 // then each line that was taken has its record, and standard error says where they are. Throws
