@@ -2,7 +2,9 @@
 
 #include <postwright/Deployment.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 
 namespace postwright {
@@ -22,7 +24,24 @@ bool IsPort(std::string_view text) {
   return ConsistsOf(text, kDigits) && text.size() <= 5 && std::stoi(std::string(text)) <= 65535;
 }
 
+// Empty where it is not set.
+std::string ServerOfEnvironment() {
+  const char* const server = std::getenv("POSTWRIGHT_SERVER");
+  return server == nullptr ? "" : server;
+}
+
 }  // namespace
+
+void AddServerOption(CLI::App& app, std::string& target) {
+  const std::string ofEnvironment = ServerOfEnvironment();
+  const std::string usual =
+      ofEnvironment.empty()
+          ? GetDeployment().verifyHost + " unless given here or as POSTWRIGHT_SERVER"
+          : ofEnvironment + ", as POSTWRIGHT_SERVER says, unless given here";
+  app.add_option("--server", target, "The Verify service to ask: " + usual)
+      ->type_name("HOST[:PORT]")
+      ->check(CLI::Validator(CheckServer, ""));
+}
 
 std::string HostOf(const std::string& server) {
   const bool isIpv6 = server.starts_with('[');
@@ -37,6 +56,18 @@ std::string HostOf(const std::string& server) {
 
 std::string CheckServer(const std::string& server) {
   return HostOf(server).empty() ? "'" + server + "' is not HOST[:PORT], as in 127.0.0.1:8470" : "";
+}
+
+std::string UseServerOfEnvironment() {
+  const std::string server = ServerOfEnvironment();
+  if (server.empty()) {
+    return "";
+  }
+  const std::string problem = CheckServer(server);
+  if (problem.empty()) {
+    UseServer(server);
+  }
+  return problem.empty() ? "" : "POSTWRIGHT_SERVER: " + problem;
 }
 
 void UseServer(const std::string& server) {

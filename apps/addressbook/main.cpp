@@ -47,9 +47,7 @@ bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
   app.set_version_flag("--version", "postwright-addressbook " POSTWRIGHT_VERSION,
                        "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
-  app.add_option("--server", options.server, "The Verify service to ask instead of the usual one")
-      ->type_name("HOST[:PORT]")
-      ->check(CLI::Validator(CheckServer, ""));
+  AddServerOption(app, options.server);
   AddTimeOption(app, "--timeout", options.timeout,
                 "How long a request to it may last, as 20s; 2min unless given");
   app.add_option("FILE", options.file, "The address book to open")->type_name("");
@@ -81,6 +79,10 @@ bool hasDisplay() {
 }
 
 int run(int argc, char** argv, const Options& options) {
+  if (const std::string problem = UseServerOfEnvironment(); !problem.empty()) {
+    std::cerr << "postwright-addressbook: " << problem << '\n';
+    return kExitUsage;
+  }
   if (options.timeout.count() > 0) {
     SetFetchTimeout(options.timeout);
   }

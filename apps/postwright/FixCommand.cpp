@@ -156,6 +156,8 @@ std::string CheckJobs(const std::string& jobs) {
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {
     UseServer(options.server);
+  } else if (const std::string problem = UseServerOfEnvironment(); !problem.empty()) {
+    throw Failure(problem);
   }
   if (options.timeout.count() > 0) {
     SetFetchTimeout(options.timeout);

@@ -112,6 +112,8 @@ label or row; 2 wrong usage, or input or output that cannot be read or written; 
 doubtful and was not taken; 75 the service gave no answer for too long; 141 the reader of the output
 went away.
 
+The variable POSTWRIGHT_SERVER of the environment names the service where --server does not.
+
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
 
 std::string CheckFileName(const std::string& name) {
@@ -203,10 +205,7 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->add_flag("--accept-doubtful", options.acceptDoubtful,
                  "Take the corrections that a person should look at, too")
       ->disable_flag_override();
-  parser
-      ->add_option("--server", options.server, "The Verify service to ask instead of the usual one")
-      ->type_name("HOST[:PORT]")
-      ->check(CLI::Validator(CheckServer, ""));
+  AddServerOption(*parser, options.server);
   AddTimeOption(*parser, "--timeout", options.timeout,
                 "How long a request to it may last, as 20s; 2min unless given");
 }

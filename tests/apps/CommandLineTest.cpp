@@ -370,6 +370,25 @@ TEST(CommandLineTest, TellsWhatWasConfirmed) {
       ScratchFolder());
 }
 
+TEST(CommandLineTest, AsksTheServerOfTheEnvironment) {
+  const LoopbackServer server(LoopbackServer::Page("<R><Address><Error/></Address></R>"));
+  const std::string here = "POSTWRIGHT_SERVER=" + server.GetEndpoint() + " ";
+  CheckCommands(
+      {
+          {"asked", here + "$postwright fix", 1, "", "Invalid Address"},
+          {"the option counts", here + "$postwright fix --server 127.0.0.1:1", 1, "",
+           "Nothing answers at 127.0.0.1:1 "},
+          {"no server", "POSTWRIGHT_SERVER='a b' $postwright fix", 2, "",
+           "postwright: POSTWRIGHT_SERVER: 'a b' is not HOST[:PORT]"},
+          {"help", "$postwright fix --help | tr -s '\n ' ' '", 0,
+           "to ask: 127.0.0.1:8470 unless given here or as POSTWRIGHT_SERVER", ""},
+          {"help where it is set", here + "$postwright fix --help | tr -s '\n ' ' '", 0,
+           "to ask: " + server.GetEndpoint() + ", as POSTWRIGHT_SERVER says", ""},
+      },
+      ScratchFolder());
+  EXPECT_EQ(server.GetRequests().size(), 1U);
+}
+
 // The second label is never answered; the first one's record does not wait for it.
 TEST(CommandLineTest, WritesEachRecordAsSoonAsItIsKnown) {
   int requests = 0;
