@@ -110,9 +110,11 @@ ExitStatus FixRows(const AddressTable& table, const FixOptions& options, Postwri
 
 // Options that one label has no use for.
 void RefuseStreamOptions(const FixOptions& options) {
-  const std::pair<const char*, bool> given[] = {{"--output", !options.output.empty()},
-                                                {"--resume", !options.resume.empty()},
-                                                {"--jobs", options.jobs > 1}};
+  const std::pair<const char*, bool> given[] = {
+      {"--output", !options.output.empty()},
+      {"--resume", !options.resume.empty()},
+      {"--jobs", options.jobs > 1},
+      {"--give-up-after", options.giveUpAfter != FixOptions().giveUpAfter}};
   for (const auto& [name, isGiven] : given) {
     if (isGiven) {
       throw Failure(std::string(name) + " requires --jsonl or --csv");

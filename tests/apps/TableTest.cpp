@@ -169,8 +169,10 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "- fixed && echo same",
            0, "same\n", ""},
           {"of no answer",
-           "cd $folder; $postwright fix --quiet --server 127.0.0.1:1 --explain table", 0,
-           "\nAnn,1 a street,Austin,TX,78701,not-answered,,refused,,,\n", ""},
+           "cd $folder; sed 2p table | $postwright fix --quiet --server 127.0.0.1:1 --explain "
+           "--give-up-after 1s",
+           75, "\nAnn,1 a street,Austin,TX,78701,not-answered,,refused,,,\n",
+           "with --resume FILE from the start"},
           {"where it cannot be written", "cd $folder; $postwright fix table --output /nowhere/x", 2,
            "", "cannot create /nowhere/x"},
           {"parts of each address",

@@ -112,6 +112,10 @@ ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
   const std::string records = options.records.empty() ? scratch.Path() : options.records;
   WriteLabels(table, labels);
   ExitStatus status = fix(labels.Path(), records);
+  if (status == kExitOutage && options.records.empty()) {
+    std::cerr << "postwright: the rows that were not reached have the status not-asked; with "
+                 "--resume FILE from the start the same command goes on with them\n";
+  }
   RecordCells cells(records, options.explain);
   const QByteArray bytes = table.Rewrite(
       cells.Titles(),
