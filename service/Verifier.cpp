@@ -133,17 +133,22 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   RequestAddress asked = sent;
   asked.address2 = cut->address2;
   asked.city = cut->city;
-  AddressAnswer answer = DecideWhole(asked, folded->lines, reader, explanation);
-  if (auto* const fields = std::get_if<ReplyFields>(&answer)) {
-    fields->PutAbove(cut->above);
+  std::optional<postal::CandidateFinder> candidates;
+  if (reader != nullptr && sent.candidates > 0) {
+    candidates.emplace(*reader, std::min(sent.candidates, postal::Candidate::kMost));
   }
+  AddressAnswer answer =
+      DecideWhole(asked, folded->lines, {reader, explanation, candidates ? &*candidates : nullptr});
+  if (candidates) {
+    answer.candidates = candidates->Take();
+  }
+  answer.PutAbove(cut->above);
   return answer;
 }
 
 // `sent` are the lines before they were cut anew.
 AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
-                                    postal::BaseReader* reader,
-                                    postal::Explanation* explanation) const {
+                                    const Help& help) const {
   std::optional<FoldedAddress> folded = Fold(asked);
   if (!folded || !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
     return postal::Rejection::InvalidAddress;
@@ -162,7 +167,7 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
   }
   const bool standardised = *lines != sent;
   question.lines = std::move(*lines);
-  postal::AddressMatcher::Answer matched = MatchStreet(question, reader, explanation);
+  postal::AddressMatcher::Answer matched = MatchStreet(question, help);
   if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {
     return *rejection;
   }
@@ -182,10 +187,10 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
 }
 
 postal::AddressMatcher::Answer Verifier::MatchStreet(const postal::AddressQuestion& question,
-                                                     postal::BaseReader* reader,
-                                                     postal::Explanation* explanation) const {
-  if (reader != nullptr) {
-    return postal::AddressMatcher(zips_, *reader, explanation).Match(question);
+                                                     const Help& help) const {
+  if (help.reader != nullptr) {
+    return postal::AddressMatcher(zips_, *help.reader, help.explanation, help.candidates)
+        .Match(question);
   }
   if (const auto* rejection = std::get_if<postal::Rejection>(&question.lastLine)) {
     return *rejection;

@@ -21,7 +21,8 @@ namespace postwright::service {
 // brought into its standard form (Standardiser). Without an address base no streets are known: an
 // address that is placed is answered as not confirmed (DPVConfirmation N). With one, AddressMatcher
 // confirms and corrects it. A ZIP+4 add-on that was asked for is given back where no source has
-// another and neither street, number nor ZIP code is found wrong.
+// another and neither street, number nor ZIP code is found wrong. Candidates are named to who asks
+// for them, as far as an address base knows any.
 //
 // Borrows both. Any thread may call Verify.
 class Verifier final : public AnswerSource {
@@ -39,12 +40,18 @@ class Verifier final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
+  // What a decision may use and tell; each may be null.
+  struct Help {
+    postal::BaseReader* reader;
+    postal::Explanation* explanation;
+    postal::CandidateFinder* candidates;
+  };
+
   AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
   AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
-                            postal::BaseReader* reader, postal::Explanation* explanation) const;
+                            const Help& help) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
-                                             postal::BaseReader* reader,
-                                             postal::Explanation* explanation) const;
+                                             const Help& help) const;
 
   const postal::ZipList& zips_;
   const postal::AddressBase* addresses_;

@@ -1,6 +1,7 @@
 #include "service/VerifyService.h"
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 #include <vector>
 
@@ -34,6 +35,23 @@ bool IsDocument(std::string_view body) {
     }
   }
   return Trim(body).starts_with('<');
+}
+
+// How many candidates a request asks for: a number from 1 on, of which more than there may be is as
+// many; anything else asks for none.
+size_t CandidatesWanted(const HttpRequest& request) {
+  for (const auto& [name, value] : request.extensions) {
+    if (EqualsIgnoringCase(name, kCandidatesHeader)) {
+      size_t wanted = 0;
+      const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), wanted);
+      const bool isNumber =
+          end == value.data() + value.size() && error != std::errc::invalid_argument;
+      return !isNumber                                 ? 0
+             : error == std::errc::result_out_of_range ? postal::Candidate::kMost
+                                                       : std::min(wanted, postal::Candidate::kMost);
+    }
+  }
+  return 0;
 }
 
 std::string_view FaultName(RequestFault fault) {
@@ -129,11 +147,11 @@ void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
     return respond(XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other"));
   }
   const bool bodyIsDocument = IsDocument(request.body);
-  AnswerVerify(bodyIsDocument ? request.body : field("XML").value_or(""), request.client, respond);
+  AnswerVerify(bodyIsDocument ? request.body : field("XML").value_or(""),
+               {request.client, CandidatesWanted(request)}, respond);
 }
 
-void VerifyService::AnswerVerify(std::string_view text, const std::string& client,
-                                 const Respond& respond) {
+void VerifyService::AnswerVerify(std::string_view text, const Asker& from, const Respond& respond) {
   auto read = VerifyRequest::Read(text);
   if (const auto* fault = std::get_if<RequestFault>(&read)) {
     ++counts_.unreadable;
@@ -146,6 +164,9 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
         XmlReply(VerifyReply::ComposeFault(RequestFault::NoUser), "api=Verify fault=unknown-user"));
   }
   ++counts_.documents;
+  for (RequestAddress& address : std::get<VerifyRequest>(read).addresses) {
+    address.candidates = from.candidates;
+  }
   const auto document =
       std::make_shared<Document>(std::move(std::get<VerifyRequest>(read)), respond);
   const std::vector<RequestAddress>& asked = document->request.addresses;
@@ -153,7 +174,7 @@ void VerifyService::AnswerVerify(std::string_view text, const std::string& clien
     return Finish(*document);
   }
   // Behind a proxy every client has the proxy's address; the user's name tells them apart there.
-  const std::string asker = document->request.userId + ' ' + client;
+  const std::string asker = document->request.userId + ' ' + from.client;
   for (size_t i = 0; i < asked.size(); ++i) {
     source_.Find(asked[i], asker, [this, document, i](AddressAnswer&& answer) {
       document->replies[i].outcome = std::move(answer);

@@ -55,7 +55,13 @@ class VerifyService {
  private:
   struct Document;  // a request and its answers so far
 
-  void AnswerVerify(std::string_view text, const std::string& client, const Respond& respond);
+  // Who sent a request, and what its head wants.
+  struct Asker {
+    std::string client;
+    size_t candidates;
+  };
+
+  void AnswerVerify(std::string_view text, const Asker& from, const Respond& respond);
   void Finish(const Document& document);
   std::string Note(const Document& document) const;
 

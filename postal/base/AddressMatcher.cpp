@@ -74,8 +74,9 @@ std::optional<Rejection> AddressMatcher::Decide(const Subject& subject, MatchedA
     return MatchInZip(subject, answer);
   }
   Explain(explanation_, answer.placed.zip5, ": the base holds no streets");
-  const Matches elsewhere =
-      IsNameOfPlace(answer.placed) ? Matches() : FindElsewhere(subject, OtherZipsOf(answer.placed));
+  const Matches elsewhere = places_.IsNameOfPlace(answer.placed)
+                                ? Matches()
+                                : FindElsewhere(subject, places_.OtherZipsOf(answer.placed));
   if (IsOnlyOne(elsewhere)) {
     TakeZip(subject, elsewhere[0], answer);
   } else {
@@ -110,9 +111,9 @@ std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject,
     return Accept(subject, match, answer);
   }
   if (match.kind == StreetMatch::Kind::Several) {
-    return Rejection::Multiple;
+    return LeaveOpen(subject, answer.placed, {{answer.placed.zip5, match}});
   }
-  const Matches elsewhere = FindElsewhere(subject, OtherZipsOf(answer.placed));
+  Matches elsewhere = FindElsewhere(subject, places_.OtherZipsOf(answer.placed));
   if (isFound && elsewhere.empty()) {
     return Accept(subject, match, answer);
   }
@@ -122,9 +123,12 @@ std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject,
   }
   if (!elsewhere.empty() && match.kind != StreetMatch::Kind::NoNumber) {
     Explain(explanation_, "other ZIP codes of ", answer.placed.city, " have it as it is written");
-    return Rejection::Multiple;
+    if (isFound) {
+      elsewhere.emplace_back(answer.placed.zip5, match);
+    }
+    return LeaveOpen(subject, answer.placed, elsewhere);
   }
-  return LeaveUnconfirmed(match, answer);
+  return LeaveUnconfirmed(subject, match, answer);
 }
 
 std::optional<Rejection> AddressMatcher::Accept(const Subject& subject, const StreetMatch& match,
@@ -154,7 +158,7 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rej
       (otherwise != Rejection::Multiple && otherwise != Rejection::InvalidZip)) {
     return otherwise;
   }
-  std::vector<std::string> zips = ZipsOf(known->name, known->state);
+  std::vector<std::string> zips = places_.ZipsOf(known->name, known->state);
   const std::string askedZip = LastLineChecker::Zip5Of(TidyLine(subject.question.asked.zip));
   const ZipList::City* const elsewhere = zips_.FindZip(askedZip);
   if (elsewhere != nullptr) {
@@ -164,7 +168,7 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rej
   if (!IsOnlyOne(found)) {
     Explain(explanation_, found.empty() ? "no ZIP code of " : "several ZIP codes of ", city,
             found.empty() ? " is known to have it" : " have it");
-    return found.empty() ? otherwise : Rejection::Multiple;
+    return found.empty() ? otherwise : LeaveOpen(subject, {known->name, known->state, {}}, found);
   }
   Explain(explanation_, found[0].first, " alone has it: it is taken");
   const bool isAsked = found[0].first == askedZip;
@@ -191,27 +195,6 @@ bool AddressMatcher::IsOnlyOne(const Matches& matches) {
   return matches.size() == 1 && matches[0].second.kind == StreetMatch::Kind::Found;
 }
 
-std::vector<std::string> AddressMatcher::OtherZipsOf(const PlacedLine& placed) {
-  std::vector<std::string> zips = ZipsOf(placed.city, placed.state);
-  std::erase(zips, placed.zip5);
-  return zips;
-}
-
-std::vector<std::string> AddressMatcher::ZipsOf(const std::string& city, const std::string& state) {
-  const std::string key = CityKey(city);
-  std::vector<std::string> zips = reader_.ZipsOfCity(key);
-  std::erase_if(zips, [&](const std::string& zip) {
-    const ZipList::City* const place = zips_.FindZip(zip);
-    return place == nullptr || place->state != state;
-  });
-  if (const ZipList::City* const known = zips_.FindCity(key, state)) {
-    zips.insert(zips.end(), known->zips.begin(), known->zips.end());
-  }
-  std::sort(zips.begin(), zips.end());
-  zips.erase(std::unique(zips.begin(), zips.end()), zips.end());
-  return zips;
-}
-
 // A name that a source gives a place of the ZIP code is no misspelling of the usual one.
 void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed) {
   if (asked.city == placed.city) {
@@ -229,33 +212,25 @@ void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed)
   }
 }
 
-// Says whether the city is a name of the ZIP code.
-bool AddressMatcher::IsNameOfPlace(const PlacedLine& placed) {
-  const ZipList::City* const usual = zips_.FindZip(placed.zip5);
-  if (usual == nullptr || usual->name == placed.city) {
-    return true;  // nearly always
-  }
-  const std::string key = CityKey(placed.city);
-  return usual->key == key || !reader_.CityName(placed.zip5, key).empty();
-}
-
 // The ZIP code has the address. A city that is no name of it and lies somewhere else is wrong,
 // unless it has the address as well.
 std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, const StreetMatch& match,
                                                    MatchedAddress& answer) {
   PlacedLine& placed = answer.placed;
-  if (IsNameOfPlace(placed)) {
+  if (places_.IsNameOfPlace(placed)) {
     return std::nullopt;
   }
-  const std::vector<std::string> zips = ZipsOf(placed.city, placed.state);
+  const std::vector<std::string> zips = places_.ZipsOf(placed.city, placed.state);
   if (zips.empty()) {
     return std::nullopt;  // a name that nobody knows may be accepted
   }
-  if (match.guessed || !FindElsewhere(subject, zips).empty()) {
+  Matches elsewhere = FindElsewhere(subject, zips);
+  if (match.guessed || !elsewhere.empty()) {
     Explain(explanation_, placed.city,
             match.guessed ? " may be right, and the street in it"
                           : " has the same address in another ZIP code");
-    return Rejection::Multiple;
+    elsewhere.emplace_back(placed.zip5, match);
+    return LeaveOpen(subject, placed, elsewhere);
   }
   placed.city = zips_.FindZip(placed.zip5)->name;
   placed.cityCorrected = true;
@@ -263,8 +238,27 @@ std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, const
   return std::nullopt;
 }
 
+// Several addresses fit: those of the ZIP codes of `place`, and those of others, which have the
+// usual city of theirs.
+Rejection AddressMatcher::LeaveOpen(const Subject& subject, const PlacedLine& place,
+                                    const Matches& matches) {
+  if (candidates_ == nullptr) {
+    return Rejection::Multiple;
+  }
+  const std::vector<std::string> own = places_.ZipsOf(place.city, place.state);
+  for (const auto& [zip, match] : matches) {
+    const ZipList::City* const usual = zips_.FindZip(zip);
+    const bool isOwn = usual == nullptr || std::binary_search(own.begin(), own.end(), zip);
+    candidates_->AddAddresses(
+        subject.question.lines,
+        {isOwn ? place.city : usual->name, isOwn ? place.state : usual->state, zip}, match);
+  }
+  return Rejection::Multiple;
+}
+
 // The street is not there, or the number is not known on it.
-std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const StreetMatch& match,
+std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const Subject& subject,
+                                                          const StreetMatch& match,
                                                           MatchedAddress& answer) {
   const bool whole = reader_.HoldsAllStreetsOf(answer.placed.zip5);
   if (match.kind == StreetMatch::Kind::NoStreet) {
@@ -277,6 +271,9 @@ std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const StreetMatch& mat
   Explain(explanation_, wrong ? "the number is outside all that is known of the street"
                               : "not all numbers of the street are known");
   answer.dpvFootnotes = wrong ? "AAM3" : "AA";
+  if (candidates_ != nullptr) {
+    candidates_->AddNumbers(subject.question.lines, answer.placed, match);
+  }
   return std::nullopt;
 }
 
@@ -332,6 +329,9 @@ void AddressMatcher::ConfirmUnit(const Subject& subject, const StreetMatch& matc
       line.replace(line.size() - subject.address.unit.size(), subject.address.unit.size(), unit);
       answer.elementChanged = true;
     }
+  }
+  if (candidates_ != nullptr && answer.confirmation != 'Y') {
+    candidates_->AddUnits(subject.question.lines, answer.placed, match);
   }
 }
 

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "postal/base/BaseReader.h"
+#include "postal/base/CandidateFinder.h"
+#include "postal/base/CityZips.h"
 #include "postal/base/Explanation.h"
 #include "postal/base/StreetMatcher.h"
 #include "postal/lines/Standardiser.h"
@@ -41,13 +43,20 @@ struct MatchedAddress {
 //   AddressMatcher(zips, reader, nullptr).Match(question);
 //
 // It confirms what a source names, corrects what can only be meant in one way, and leaves the rest
-// as it was asked for. Borrows all three; `explanation` may be null. One thread.
+// as it was asked for. Where that leaves a choice, `candidates` is told of it. Borrows all;
+// `explanation` and `candidates` may be null. One thread.
 class AddressMatcher {
  public:
   using Answer = std::variant<MatchedAddress, Rejection>;
 
-  AddressMatcher(const ZipList& zips, BaseReader& reader, Explanation* explanation)
-      : zips_(zips), reader_(reader), explanation_(explanation), streets_(reader, explanation) {}
+  AddressMatcher(const ZipList& zips, BaseReader& reader, Explanation* explanation,
+                 CandidateFinder* candidates = nullptr)
+      : zips_(zips),
+        reader_(reader),
+        explanation_(explanation),
+        candidates_(candidates),
+        places_(zips, reader),
+        streets_(reader, explanation) {}
 
   Answer Match(const AddressQuestion& question);
 
@@ -64,7 +73,8 @@ class AddressMatcher {
                                        MatchedAddress& answer);
   std::optional<Rejection> Accept(const Subject& subject, const StreetMatch& match,
                                   MatchedAddress& answer);
-  std::optional<Rejection> LeaveUnconfirmed(const StreetMatch& match, MatchedAddress& answer);
+  std::optional<Rejection> LeaveUnconfirmed(const Subject& subject, const StreetMatch& match,
+                                            MatchedAddress& answer);
   std::optional<Rejection> CheckCity(const Subject& subject, const StreetMatch& match,
                                      MatchedAddress& answer);
   void TakeZip(const Subject& subject, const Matches::value_type& found, MatchedAddress& answer);
@@ -72,15 +82,15 @@ class AddressMatcher {
   void ConfirmUnit(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
 
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
-  bool IsNameOfPlace(const PlacedLine& placed);
-  std::vector<std::string> ZipsOf(const std::string& city, const std::string& state);
-  std::vector<std::string> OtherZipsOf(const PlacedLine& placed);
   Matches FindElsewhere(const Subject& subject, const std::vector<std::string>& zips);
+  Rejection LeaveOpen(const Subject& subject, const PlacedLine& place, const Matches& matches);
   static bool IsOnlyOne(const Matches& matches);
 
   const ZipList& zips_;
   BaseReader& reader_;
   Explanation* explanation_;
+  CandidateFinder* candidates_;
+  CityZips places_;
   StreetMatcher streets_;
 };
 

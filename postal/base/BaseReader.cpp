@@ -1,7 +1,5 @@
 #include "postal/base/BaseReader.h"
 
-#include "postal/base/HouseNumber.h"
-
 namespace postwright::postal {
 namespace {
 
@@ -31,6 +29,13 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
                   "FROM street WHERE zip=?"),
       points_(file_, "SELECT unit,zip4 FROM point WHERE street=? AND number=?"),
       ranges_(file_, "SELECT low,high,parity,zip4 FROM number_range WHERE street=?"),
+      // From each number to the next: a building's units are passed over.
+      numbers_(file_,
+               "WITH RECURSIVE next(number) AS ("
+               "SELECT min(number) FROM point WHERE street=?1 UNION ALL "
+               "SELECT (SELECT min(number) FROM point WHERE street=?1 AND number>next.number) "
+               "FROM next WHERE number IS NOT NULL LIMIT ?2) "
+               "SELECT number FROM next WHERE number IS NOT NULL"),
       unitZip4_(file_,
                 "SELECT zip4 FROM point WHERE street=? AND number=? AND unit=? AND zip4<>''"),
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
@@ -100,6 +105,29 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
     }
   }
   return facts;
+}
+
+std::vector<KnownRange> BaseReader::RangesOf(int64_t street) {
+  std::vector<KnownRange> known;
+  for (SqliteQuery query(ranges_, street); known.size() < kMostNumbers && query.Step();) {
+    std::string low = ranges_.Text(0);
+    std::string high = ranges_.Text(1);
+    if (const auto range = NumberRange::Read(low, high, ranges_.Text(2))) {
+      if (HouseNumber::Read(low) != range->low) {
+        low.swap(high);
+      }
+      known.push_back({*range, std::move(low), std::move(high)});
+    }
+  }
+  return known;
+}
+
+std::vector<std::string> BaseReader::NumbersOf(int64_t street) {
+  std::vector<std::string> numbers;
+  for (SqliteQuery query(numbers_, street, int64_t{kMostNumbers}); query.Step();) {
+    numbers.push_back(numbers_.Text(0));
+  }
+  return numbers;
 }
 
 std::string BaseReader::UnitZip4(int64_t street, const std::string& number,

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "postal/base/HouseNumber.h"
 #include "postal/base/StreetIndex.h"
 #include "postal/base/StreetName.h"
 #include "postal/store/Sqlite.h"
@@ -18,6 +19,13 @@ namespace postwright::postal {
 struct KnownStreet {
   int64_t id = 0;
   StreetName street;
+};
+
+// A range of a street's numbers, and its ends as the source writes them.
+struct KnownRange {
+  NumberRange range;
+  std::string low;
+  std::string high;
 };
 
 // What the base knows of a house number on a street.
@@ -64,6 +72,12 @@ class BaseReader {
 
   NumberFacts FindNumber(int64_t street, const std::string& number);
 
+  // What is known of a street's numbers as a whole: its ranges, and the numbers of its own points
+  // in the order of their text. Of each the first kMostNumbers.
+  static constexpr int kMostNumbers = 2000;
+  std::vector<KnownRange> RangesOf(int64_t street);
+  std::vector<std::string> NumbersOf(int64_t street);
+
   // Returns the ZIP+4 add-on of a building's unit; empty where no source gives it.
   std::string UnitZip4(int64_t street, const std::string& number, const std::string& unit);
 
@@ -99,6 +113,7 @@ class BaseReader {
   SqliteStatement allStreets_;
   SqliteStatement points_;
   SqliteStatement ranges_;
+  SqliteStatement numbers_;
   SqliteStatement unitZip4_;
   SqliteStatement cityName_;
   SqliteStatement cityNames_;

@@ -16,6 +16,8 @@ struct HouseNumber {
   std::string letters;
   bool fraction = false;
 
+  bool operator==(const HouseNumber&) const = default;
+
   // Returns nullopt for a text without a digit, and for more digits than any house has.
   static std::optional<HouseNumber> Read(std::string_view text);
 };

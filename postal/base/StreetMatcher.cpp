@@ -66,6 +66,10 @@ bool HasOtherWords(const StreetName& asked, const StreetName& known) {
 
 }  // namespace
 
+std::vector<KnownStreet> StreetMatch::Streets() const {
+  return !several.empty() || street.id == 0 ? several : std::vector<KnownStreet>{street};
+}
+
 struct StreetMatcher::Candidate {
   KnownStreet street;
   Likeness likeness = Likeness::Different;
@@ -92,6 +96,7 @@ StreetMatch StreetMatcher::Match(const std::string& zip, const StreetQuestion& a
   if (isFound && !FindUnit(exact.facts.units, asked.unit).empty()) {
     Explain(explanation_, "either the street may be another, or what the unit is called");
     guess.kind = StreetMatch::Kind::Several;
+    guess.several = {std::move(exact.street), guess.street};
   }
   return guess;
 }
@@ -162,7 +167,7 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   const StreetLikeness likeness(asked.street);
   const bool whole = reader_.HoldsAllStreetsOf(zip);
   const std::string key = StreetKey(asked.street.name);
-  bool nameIsKnown = false;
+  std::vector<KnownStreet> named;
   std::vector<Candidate> candidates[3];  // the same street, one mistake, more than one
   for (KnownStreet& street : reader_.StreetsOf(zip)) {
     const Likeness like = likeness.To(street.street);
@@ -170,7 +175,9 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
     if (like < most || (like == Likeness::Different && !hasName)) {
       continue;  // nearly always
     }
-    nameIsKnown = nameIsKnown || hasName || like != Likeness::OneLetter;
+    if (hasName || like != Likeness::OneLetter) {
+      named.push_back(street);
+    }
     NumberFacts facts = reader_.FindNumber(street.id, asked.number);
     Explain(explanation_, "there is ", Quote(street.street), "; ", asked.number, " ",
             Describe(facts), " on it");
@@ -189,8 +196,9 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   Explain(explanation_, "none of the streets of ", zip, " that could be meant has ", asked.number);
   // Where the name is known, but not which of its streets is meant, it stays as it was asked for.
   StreetMatch match;
-  match.kind = nameIsKnown ? StreetMatch::Kind::NoNumber : StreetMatch::Kind::NoStreet;
+  match.kind = named.empty() ? StreetMatch::Kind::NoStreet : StreetMatch::Kind::NoNumber;
   match.street = {0, asked.street};
+  match.several = std::move(named);
   return match;
 }
 
@@ -206,6 +214,9 @@ StreetMatch StreetMatcher::Choose(std::vector<Candidate> candidates, const Stree
   if (candidates.size() > 1) {
     Explain(explanation_, "several of them fit equally well");
     match.kind = StreetMatch::Kind::Several;
+    for (Candidate& candidate : candidates) {
+      match.several.push_back(std::move(candidate.street));
+    }
   } else if (candidates.size() == 1) {
     Explain(explanation_, "only ", Quote(candidates[0].street.street), " fits");
     match = Take(std::move(candidates[0]), asked.street);

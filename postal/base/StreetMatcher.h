@@ -20,11 +20,15 @@ struct StreetMatch {
   };
 
   Kind kind = Kind::NoStreet;
-  KnownStreet street;           // of NoNumber and Found: as it is to be written
-  NumberFacts facts;            // of the number on it
-  bool guessed = false;         // the street is another than was asked for, by one mistake
-  bool nameChanged = false;     // the name was misspelt, or written otherwise
+  KnownStreet street;                // of NoNumber and Found: as it is to be written
+  std::vector<KnownStreet> several;  // of Several, and of NoNumber where more than one has the name
+  NumberFacts facts;                 // of the number on it
+  bool guessed = false;              // the street is another than was asked for, by one mistake
+  bool nameChanged = false;          // the name was misspelt, or written otherwise
   bool elementChanged = false;  // a directional, a suffix or an urbanization was missing or wrong
+
+  // Returns the streets of the base that could be meant.
+  std::vector<KnownStreet> Streets() const;
 };
 
 // An address in a ZIP code, standard.

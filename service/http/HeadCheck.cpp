@@ -7,6 +7,7 @@
 namespace postwright::service {
 namespace {
 
+constexpr std::string_view kOwn = "Postwright-";
 constexpr std::string_view kForwarded = "X-Forwarded";  // -For, -Host, -Proto, -Port, -Server, …
 constexpr std::string_view kProxyFields[] = {
     "Forwarded",
@@ -89,6 +90,16 @@ bool IsForwarded(const RequestHead& head) {
            std::any_of(std::begin(kProxyFields), std::end(kProxyFields),
                        [&](std::string_view usual) { return EqualsIgnoringCase(name, usual); });
   });
+}
+
+std::vector<std::pair<std::string, std::string>> ExtensionsOf(const RequestHead& head) {
+  std::vector<std::pair<std::string, std::string>> extensions;
+  for (const auto& [name, value] : head.fields) {
+    if (EqualsIgnoringCase(name.substr(0, kOwn.size()), kOwn)) {
+      extensions.emplace_back(name, value);
+    }
+  }
+  return extensions;
 }
 
 }  // namespace postwright::service

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_SERVICE_HTTP_HEADCHECK_H_
 #define POSTWRIGHT_SERVICE_HTTP_HEADCHECK_H_
 
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -23,6 +24,9 @@ std::string_view ObjectionTo(const RequestHead& head);
 // Says whether a proxy asks for a client of its own: by RFC 7239, RFC 9110 section 7.6.3, or one of
 // the field names that are usual without a standard.
 bool IsForwarded(const RequestHead& head);
+
+// Returns the fields whose names begin with "Postwright-", in any case.
+std::vector<std::pair<std::string, std::string>> ExtensionsOf(const RequestHead& head);
 
 }  // namespace postwright::service
 

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace postwright::service {
 
@@ -15,6 +17,8 @@ struct HttpRequest {
   std::string host = {};     // as it was sent, with a port where it has one
   std::string client = {};   // the peer's address without its port, "127.0.0.1"
   bool isForwarded = false;  // a proxy says that it asks for somebody else
+  // The fields of the head that are this program's own, "Postwright-…", as they were sent.
+  std::vector<std::pair<std::string, std::string>> extensions = {};
 };
 
 struct HttpReply {

@@ -181,6 +181,7 @@ class HttpServer::Impl {
     const std::string target = request.path + '?' + request.query;
     const RequestHead head = LibraryConnection::HeadOf(connection, version, target);
     request.isForwarded = IsForwarded(head);
+    request.extensions = ExtensionsOf(head);
     request.host = LibraryConnection::ValueOf(connection, MHD_HTTP_HEADER_HOST);
     exchange->objection = ObjectionTo(head);
     exchange->isTooLarge = LibraryConnection::LengthOf(connection) > limits_.bodyBytes;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "service/protocol/CandidateXml.h"
 #include "service/protocol/Xml.h"
 
 namespace postwright::service {
@@ -68,6 +69,15 @@ std::string RootError(std::string_view number, std::string_view description) {
 
 }  // namespace
 
+void AddressAnswer::PutAbove(const std::string& lines) {
+  if (auto* const fields = std::get_if<ReplyFields>(this)) {
+    fields->PutAbove(lines);
+  }
+  for (postal::Candidate& candidate : candidates) {
+    candidate.above = lines;
+  }
+}
+
 std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
   constexpr size_t kUsualLength = 400;  // of one address
   const auto fault =
@@ -93,6 +103,7 @@ std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, boo
     } else {
       WriteRejection(xml, std::get<postal::Rejection>(address.outcome));
     }
+    CandidateXml::Write(xml, address.outcome.candidates);
     xml += "</Address>";
   }
   xml += "</AddressValidateResponse>";

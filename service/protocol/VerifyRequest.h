@@ -22,6 +22,9 @@ struct RequestAddress {
   std::string zip5;
   std::string zip4;
   bool cutShort = false;  // the document ended within this address
+  // Of what could have been meant, how much the answer may name: not in the document, but in the
+  // head of its request.
+  size_t candidates = 0;
 
   // Returns the ZIP+4 add-on: four digits of Zip4, or the last four of nine in Zip5; empty where
   // there is none.
@@ -44,6 +47,9 @@ inline constexpr RequestField kRequestFields[] = {
     {"State", &RequestAddress::state},       {"Urbanization", &RequestAddress::urbanization},
     {"Zip5", &RequestAddress::zip5},         {"Zip4", &RequestAddress::zip4},
 };
+
+// The field of a request's head that asks for candidates: how many at the most, "50".
+inline constexpr std::string_view kCandidatesHeader = "Postwright-Candidates";
 
 // Why a document as a whole cannot be answered.
 enum class RequestFault {

@@ -236,6 +236,62 @@ TEST(VerifyServiceTest, AnswersDocumentsByteForByte) {
 }
 
 // The forms that were recorded of the postal service, each element in its place.
+// A source that always has a choice to offer: as many as are wanted.
+class ChoiceSource final : public AnswerSource {
+  void Find(const RequestAddress& asked, const std::string&, Done done) override {
+    AddressAnswer answer = postal::Rejection::Multiple;
+    const postal::Candidate street{
+        "C/O A & B", "MAIN ST", "", "AUSTIN", "TX", "78701", {"100", "198", postal::Parity::Even},
+        {},          'S'};
+    answer.candidates.assign(asked.candidates, street);
+    done(std::move(answer));
+  }
+};
+
+TEST(VerifyServiceTest, NamesCandidatesToWhoAsksForThem) {
+  ChoiceSource source;
+  VerifyService service(source, nullptr, {});
+  const auto ask = [&service](std::vector<std::pair<std::string, std::string>> extensions) {
+    HttpReply reply;
+    service.Answer({"POST",
+                    "/ShippingAPI.dll",
+                    "API=Verify",
+                    Request("<Address ID=\"0\">" + kAsked + "</Address>"),
+                    {},
+                    {},
+                    false,
+                    std::move(extensions)},
+                   [&](HttpReply answer) { reply = std::move(answer); });
+    return reply.body;
+  };
+  const std::string candidate =
+      "<Candidate><Above>C/O A &amp; B</Above><Address2>MAIN ST</Address2><City>AUSTIN</City>"
+      "<State>TX</State><Zip5>78701</Zip5><PrimaryLow>100</PrimaryLow><PrimaryHigh>198"
+      "</PrimaryHigh><PrimaryParity>E</PrimaryParity><RecordType>S</RecordType></Candidate>";
+  const auto reply = [&candidate](int count) {
+    std::string candidates;
+    for (int i = 0; i < count; ++i) {
+      candidates += candidate;
+    }
+    return kDeclaration +
+           Response("<Address ID=\"0\">" +
+                    Rejected("-2147219403",
+                             "Multiple addresses were found for the information you entered, and "
+                             "no default exists.") +
+                    (count == 0 ? "" : "<Candidates>" + candidates + "</Candidates>") +
+                    "</Address>");
+  };
+  EXPECT_EQ(ask({}), reply(0));
+  const std::pair<const char*, int> rows[] = {
+      {"1", 1},   {"50", 50}, {"51", 50}, {"99999999999999999999999", 50},
+      {"0", 0},   {"", 0},    {"-1", 0},  {"5 ", 0},
+      {"yes", 0}, {"5,5", 0}};
+  for (const auto& [wanted, count] : rows) {
+    EXPECT_EQ(ask({{"postwright-CANDIDATES", wanted}}), reply(count)) << wanted;
+    EXPECT_EQ(ask({{"Postwright-Other", wanted}}), reply(0));
+  }
+}
+
 TEST(VerifyServiceTest, ComposesEveryElementInItsPlace) {
   ReplyFields fields;
   fields.firmName = "F";

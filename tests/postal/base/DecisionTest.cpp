@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "postal/base/CandidateSpans.h"
 #include "postal/base/StreetLikeness.h"
 #include "postal/base/UnitMatch.h"
 #include "postal/import/CsvSource.h"
@@ -91,6 +92,95 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
     EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
     EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
   }
+}
+
+std::string Write(const Candidate& candidate) {
+  const auto span = [](const CandidateSpan& ends) {
+    return ends.IsEmpty() ? "" : "(" + ends.low + " - " + ends.high + ")";
+  };
+  const Parity parity = candidate.primary.parity;
+  std::string text = candidate.urbanization.empty() ? "" : candidate.urbanization + "; ";
+  text += parity == Parity::Even ? "even " : parity == Parity::Odd ? "odd " : "";
+  text += candidate.primary.IsEmpty() ? "" : span(candidate.primary) + " ";
+  text += candidate.street;
+  text += candidate.secondary.IsEmpty() ? "" : " " + span(candidate.secondary);
+  return text + ", " + candidate.city + " " + candidate.state + " " + candidate.zip5;
+}
+
+std::string Write(const std::vector<Candidate>& candidates) {
+  std::string text;
+  for (const Candidate& candidate : candidates) {
+    text += (text.empty() ? "" : "; ") + Write(candidate);
+  }
+  return text;
+}
+
+TEST_F(DecisionTest, EveryCandidateOfThePage) {
+  const auto rows = ReadDocTables("address-base.md", "could be", 4);
+  EXPECT_GT(rows.size(), 15U);
+  for (const DocRow& row : rows) {
+    SCOPED_TRACE(row.place);
+    service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
+    const service::AddressAnswer plain = Verify(asked).outcome;
+    EXPECT_EQ(Write(plain.candidates), "");
+    asked.candidates = Candidate::kMost;
+    const service::AddressAnswer answer = Verify(asked).outcome;
+    EXPECT_EQ(Write(answer.candidates), row.cells[2]);
+    EXPECT_EQ(answer, plain);  // but for the candidates
+  }
+}
+
+// Whatever is offered without a range is confirmed when it is asked for.
+TEST_F(DecisionTest, ACandidateIsKnown) {
+  int known = 0;
+  for (const DocRow& row : ReadDocTables("address-base.md", "could be", 4)) {
+    SCOPED_TRACE(row.place);
+    service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
+    asked.candidates = Candidate::kMost;
+    for (const Candidate& candidate : Verify(asked).outcome.candidates) {
+      service::RequestAddress again;
+      again.address2 = (candidate.primary.IsEmpty() ? "" : candidate.primary.low + " ") +
+                       candidate.street +
+                       (candidate.secondary.IsEmpty() ? "" : " " + candidate.secondary.high);
+      again.urbanization = candidate.urbanization;
+      again.city = candidate.city;
+      again.state = candidate.state;
+      again.zip5 = candidate.zip5;
+      const service::AddressAnswer answer = Verify(again).outcome;
+      ASSERT_TRUE(std::holds_alternative<service::ReplyFields>(answer));
+      EXPECT_NE(std::get<service::ReplyFields>(answer).dpvFootnotes, "AAM3");
+      EXPECT_NE(std::get<service::ReplyFields>(answer).dpvFootnotes, "AACC");
+      ++known;
+    }
+  }
+  EXPECT_GT(known, 20);
+}
+
+TEST(CandidateSpansTest, TakesWhatBelongsTogether) {
+  const auto units = [](std::vector<std::string> texts) {
+    std::string written;
+    for (const UnitSpan& unit : SpansOfUnits(std::move(texts))) {
+      written += unit.designator + "[" + unit.span.low + "-" + unit.span.high +
+                 static_cast<char>(unit.span.parity) + "]";
+    }
+    return written;
+  };
+  EXPECT_EQ(units({"APT 10", "APT 9", "APT 8", "APT 2"}), "APT[2-2B]APT[8-10B]");
+  EXPECT_EQ(units({"STE 101", "STE 105", "STE 103", "STE 107", "STE 200"}),
+            "STE[101-107O]STE[200-200B]");
+  EXPECT_EQ(units({"APT 1A", "APT 1B", "APT 1C", "APT 2A"}), "APT[1A-1CB]APT[2A-2AB]");
+  EXPECT_EQ(units({"APT A", "APT B", "BSMT", "4", "5"}), "[4-5B]APT[A-BB]BSMT[-B]");
+  EXPECT_EQ(units({"BLDG 4 APT 1", "BLDG 4 APT 2", "BLDG 5 APT 2"}),
+            "BLDG 4 APT[1-2B]BLDG 5 APT[2-2B]");
+  EXPECT_EQ(units({}), "");
+
+  std::vector<std::string> numbers;
+  for (int number = 2; number < 20000; number += 2) {
+    numbers.push_back(std::to_string(number));
+  }
+  const std::vector<HouseSpan> houses = SpansOfHouses({}, numbers);
+  EXPECT_EQ(houses.size(), 200U);
+  EXPECT_EQ(houses[1].span, (CandidateSpan{"100", "198", Parity::Even}));
 }
 
 TEST(UnitMatchTest, FindsTheUnitThatIsMeant) {
