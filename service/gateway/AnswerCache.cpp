@@ -211,22 +211,23 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
   if (!row) {
     return std::nullopt;
   }
-  const UpstreamAnswer answer = VerifyXml::Read(row->second);
+  std::vector<postal::Candidate> candidates;
+  const UpstreamAnswer answer = VerifyXml::Read(row->second, &candidates);
   const auto* const rejection = std::get_if<postal::Rejection>(&answer);
   if (!IsFresh(row->first, rejection != nullptr)) {
     return std::nullopt;
   }
-  if (rejection != nullptr) {
-    return *rejection;
-  }
   const auto* const fields = std::get_if<ReplyFields>(&answer);
-  return fields == nullptr ? std::nullopt : std::optional<Kept>(*fields);
+  if (rejection == nullptr && fields == nullptr) {
+    return std::nullopt;
+  }
+  Kept kept = rejection != nullptr ? Kept(*rejection) : Kept(*fields);
+  kept.candidates = std::move(candidates);
+  return kept;
 }
 
 void AnswerCache::Keep(const std::string& key, const Kept& answer) {
-  AddressAnswer outcome =
-      std::visit([](const auto& kept) -> AddressAnswer { return kept; }, answer);
-  const std::string text = VerifyReply::Compose({{std::nullopt, std::move(outcome)}}, true);
+  const std::string text = VerifyReply::Compose({{std::nullopt, answer}}, true);
   const int64_t now = Seconds(clock_.Today());
   Try(writer_, [&](Writer& writer) {
     writer.Keep(source_ + '\n' + key, now, text);

@@ -37,7 +37,7 @@ class AnswerCache {
     int64_t answers = 200'000;  // about 150 MB; a hundred more, and the oldest go
   };
 
-  using Kept = std::variant<ReplyFields, postal::Rejection>;
+  using Kept = AddressAnswer;  // never a fault
 
   // Opens `file` or creates it, readable by its owner alone. Answers of another `source` are not
   // found, only counted and aged. A cache that is damaged is renamed, and a new one begun in its

@@ -27,9 +27,10 @@ void FallbackSource::Find(const RequestAddress& asked, const std::string& asker,
     }
     ++count_;
     second_.Find(asked, asker, [done, addOn = asked.AddOn()](AddressAnswer local) {
-      auto* const fields = std::get_if<ReplyFields>(&local);
-      done(fields == nullptr ? std::move(local)
-                             : AddressAnswer(LeaveUnconfirmed(std::move(*fields), addOn)));
+      if (auto* const fields = std::get_if<ReplyFields>(&local)) {
+        *fields = LeaveUnconfirmed(std::move(*fields), addOn);
+      }
+      done(std::move(local));
     });
   });
 }

@@ -9,16 +9,14 @@
 namespace postwright::service {
 namespace {
 
-AddressAnswer ToAnswer(const AnswerCache::Kept& kept) {
-  return std::visit([](const auto& value) -> AddressAnswer { return value; }, kept);
-}
-
-// What an outcome leaves to keep, which is no fault.
-AnswerCache::Kept ToKeep(const UpstreamAnswer& answer) {
-  if (const auto* fields = std::get_if<ReplyFields>(&answer)) {
-    return *fields;
-  }
-  return std::get<postal::Rejection>(answer);
+// What an outcome that is no fault says to its askers, and to the cache.
+AddressAnswer ToAnswer(const UpstreamOutcome& outcome) {
+  const auto* const fields = std::get_if<ReplyFields>(&outcome.answer);
+  AddressAnswer answer = fields != nullptr
+                             ? AddressAnswer(*fields)
+                             : AddressAnswer(std::get<postal::Rejection>(outcome.answer));
+  answer.candidates = outcome.candidates;
+  return answer;
 }
 
 }  // namespace
@@ -83,34 +81,47 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
     }
     return done(*rejection);
   }
-  const RequestAddress& address = std::get<NormalRequest>(normal).address;
-  if (const std::string& above = std::get<NormalRequest>(normal).above; !above.empty()) {
-    done = [above, done = std::move(done)](AddressAnswer answer) {
-      if (auto* const fields = std::get_if<ReplyFields>(&answer)) {
-        fields->PutAbove(above);
-      }
-      done(std::move(answer));
-    };
-  }
+  RequestAddress address = std::get<NormalRequest>(normal).address;
+  // One question for however many candidates are wanted, which answers who wants none, too.
+  const bool offers = upstream_.OffersCandidates();
+  const size_t wanted = offers ? asked.candidates : 0;
+  address.candidates = offers ? postal::Candidate::kMost : 0;
+  const std::string fullKey = KeyOf(address);
+  address.candidates = wanted > 0 ? postal::Candidate::kMost : 0;
   const std::string key = KeyOf(address);
+  done = [above = std::get<NormalRequest>(normal).above, wanted,
+          done = std::move(done)](AddressAnswer answer) {
+    answer.candidates.resize(std::min(answer.candidates.size(), wanted));
+    answer.PutAbove(above);
+    done(std::move(answer));
+  };
   std::unique_lock lock(mutex_);
   for (;;) {
     const uint64_t landed = landed_;
     lock.unlock();
-    const auto kept = cache_ != nullptr ? cache_->Find(key) : std::nullopt;
+    auto kept = FindKept(key, fullKey);
     lock.lock();
     if (kept) {
       record_.Cached();
       lock.unlock();
-      return done(ToAnswer(*kept));
+      return done(std::move(*kept));
     }
     if (landed == landed_ || cache_ == nullptr) {
       break;  // no flight has landed since the cache was asked, so this address's has not, either
     }
   }
-  Deliveries deliveries = Enter(key, address, asker, std::move(done));
+  Deliveries deliveries =
+      Enter(flights_.contains(fullKey) ? fullKey : key, address, asker, std::move(done));
   lock.unlock();
   Deliver(std::move(deliveries));
+}
+
+std::optional<AddressAnswer> Gateway::FindKept(const std::string& key, const std::string& fullKey) {
+  if (cache_ == nullptr) {
+    return std::nullopt;
+  }
+  auto kept = cache_->Find(key);
+  return kept || key == fullKey ? std::move(kept) : cache_->Find(fullKey);
 }
 
 void Gateway::ReloadCredentials() {
@@ -246,7 +257,7 @@ void Gateway::Call(const FlightPointer& flight) {
     return;
   }
   if (cache_ != nullptr && outcome.isComplete) {
-    cache_->Keep(flight->key, ToKeep(outcome.answer));
+    cache_->Keep(flight->key, ToAnswer(outcome));
   }
   const std::lock_guard lock(mutex_);
   flights_.erase(flight->key);
@@ -282,7 +293,7 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
                               pace_.PausedUntil(clock_.Now()), flight->waiters.size());
     flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
   } else {
-    flight->answer = ToAnswer(ToKeep(outcome.answer));
+    flight->answer = ToAnswer(outcome);
   }
   for (Waiter& waiter : flight->waiters) {
     deliveries.push_back({std::move(waiter.done), *flight->answer});

@@ -102,6 +102,7 @@ class Gateway final : public AnswerSource {
                         size_t addresses = 1);
 
   // Without it:
+  std::optional<AddressAnswer> FindKept(const std::string& key, const std::string& fullKey);
   void Work();
   void Expire();
   void Call(const FlightPointer& flight);

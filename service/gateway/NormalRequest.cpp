@@ -106,6 +106,9 @@ std::string KeyOf(const RequestAddress& normal) {
     key += normal.*field.member;
     key += kSeparator;
   }
+  if (normal.candidates > 0) {
+    key += "candidates";
+  }
   return key;
 }
 

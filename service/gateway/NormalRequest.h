@@ -33,7 +33,8 @@ struct NormalRequest {
 std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
                                                                 const postal::ZipList& zips);
 
-// Returns what two normal requests have in common exactly if they are the same.
+// Returns what two normal requests have in common exactly if they are the same, and candidates are
+// wanted of both or of neither.
 std::string KeyOf(const RequestAddress& normal);
 
 }  // namespace postwright::service

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "service/protocol/VerifyReply.h"
 #include "service/protocol/VerifyRequest.h"
@@ -47,6 +48,7 @@ struct UpstreamOutcome {
   UpstreamAnswer answer;
   size_t calls = 1;        // that counted against the upstream's quota
   bool isComplete = true;  // false: another call may bring what this answer lacks
+  std::vector<postal::Candidate> candidates = {};  // where they were asked for
 };
 
 // Somebody who is asked for an address, one at a time, and who is limited, slow or away at times.
@@ -62,6 +64,9 @@ class Upstream {
   // Asks for a normal address (NormaliseRequest) and waits for the answer, for as long as its own
   // limits allow. Several threads at once.
   virtual UpstreamOutcome Ask(const RequestAddress& normal) = 0;
+
+  // Says whether it names what could have been meant, to who asks for that (RequestAddress).
+  virtual bool OffersCandidates() const { return false; }
 
   // Reads the credentials again. Throws CredentialsError where the file cannot be used; the old
   // ones stay.

@@ -1,12 +1,13 @@
 #include "service/upstream/VerifyXml.h"
 
+#include "service/protocol/CandidateXml.h"
 #include "service/protocol/Xml.h"
 #include "service/protocol/XmlDocument.h"
 
 namespace postwright::service {
 namespace {
 
-constexpr size_t kLongestDocument = 64 * 1024;
+constexpr size_t kLongestDocument = 128 * 1024;
 constexpr size_t kLongestValue = 400;  // ReturnText is the longest there is
 constexpr size_t kLongestNumber = 11;
 
@@ -52,7 +53,8 @@ std::string VerifyXml::Compose(const RequestAddress& normal, std::string_view us
   return xml + "</Address></AddressValidateRequest>";
 }
 
-UpstreamAnswer VerifyXml::Read(std::string_view document) {
+UpstreamAnswer VerifyXml::Read(std::string_view document,
+                               std::vector<postal::Candidate>* candidates) {
   const XmlDocument reply(document.substr(0, kLongestDocument));
   if (document.size() > kLongestDocument || reply.GetState() != XmlDocument::State::Whole) {
     return UpstreamFault{FaultKind::BadReply, {}, "the reply is not XML"};
@@ -61,6 +63,9 @@ UpstreamAnswer VerifyXml::Read(std::string_view document) {
     return RootFault(ValueOf(reply.Root().child("Number")));
   }
   const pugi::xml_node address = reply.Root().child("Address");
+  if (candidates != nullptr) {
+    *candidates = CandidateXml::Read(address);
+  }
   if (const pugi::xml_node error = address.child("Error")) {
     // What only the partner knows says no more than that the address is not right.
     return VerifyReply::RejectionOf(ValueOf(error.child("Number")))

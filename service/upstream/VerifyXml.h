@@ -17,8 +17,10 @@ std::string Compose(const RequestAddress& normal, std::string_view userId,
                     std::string_view password);
 
 // Returns what a reply to one address says. A reply that is no such document, holds no address, is
-// longer than an answer to five or nests deeper than one is a fault.
-UpstreamAnswer Read(std::string_view document);
+// longer than an answer to five or nests deeper than one is a fault. `candidates`, where it is not
+// null, takes those that stand in it.
+UpstreamAnswer Read(std::string_view document,
+                    std::vector<postal::Candidate>* candidates = nullptr);
 
 }  // namespace VerifyXml
 }  // namespace postwright::service

@@ -28,12 +28,25 @@ UpstreamOutcome VerifyXmlUpstream::Ask(const RequestAddress& normal) {
   constexpr int kOk = 200;
   const Credentials credentials = GetCredentials();
   const std::string document = VerifyXml::Compose(normal, credentials.userId, credentials.password);
-  const auto answer = client_.Send({verifyUrl_ + EscapeQuery(document), {"Accept: text/xml"}});
+  std::vector<std::string> headers = {"Accept: text/xml"};
+  if (normal.candidates > 0) {
+    headers.push_back(std::string(kCandidatesHeader) + ": " + std::to_string(normal.candidates));
+  }
+  const auto answer = client_.Send({verifyUrl_ + EscapeQuery(document), std::move(headers)});
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
     return {UpstreamFault{failure->kind, {}, failure->detail}, failure->calls};
   }
   const auto& reply = std::get<HttpAnswer>(answer);
-  return {reply.status == kOk ? VerifyXml::Read(reply.body) : FaultOfStatus(reply), reply.calls};
+  if (reply.status != kOk) {
+    return {FaultOfStatus(reply), reply.calls};
+  }
+  UpstreamOutcome outcome{UpstreamFault{}, reply.calls};
+  std::vector<postal::Candidate> candidates;
+  outcome.answer = VerifyXml::Read(reply.body, &candidates);
+  if (normal.candidates > 0) {  // what nobody has asked for goes to nobody
+    outcome.candidates = std::move(candidates);
+  }
+  return outcome;
 }
 
 void VerifyXmlUpstream::ReloadCredentials() {

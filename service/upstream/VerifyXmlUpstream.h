@@ -15,6 +15,7 @@ namespace postwright::service {
 //   VerifyXmlUpstream upstream("https://verify.example.com", "partner.credentials", {});
 //
 // One call an address, always for the long form of the answer, from which the short one follows.
+// Candidates are asked for as clients ask us; a partner that knows nothing of them names none.
 class VerifyXmlUpstream final : public Upstream {
  public:
   // `url` is what stands in front of /ShippingAPI.dll. Throws CredentialsError where `credentials`
@@ -23,6 +24,7 @@ class VerifyXmlUpstream final : public Upstream {
                     const HttpClient::Limits& limits);
 
   const std::string& Name() const override { return name_; }
+  bool OffersCandidates() const override { return true; }
   UpstreamOutcome Ask(const RequestAddress& normal) override;
   void ReloadCredentials() override;
   void Stop() override { client_.Stop(); }

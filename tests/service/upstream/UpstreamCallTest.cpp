@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
+#include <atomic>
+#include <future>
 #include <thread>
 
 #include "service/Verifier.h"
 #include "service/VerifyService.h"
+#include "service/gateway/Gateway.h"
 #include "service/http/HttpServer.h"
 #include "service/upstream/PostalApiUpstream.h"
 #include "service/upstream/UpstreamUrl.h"
@@ -282,6 +285,75 @@ TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   EXPECT_EQ(Show(lost.Ask(normal)), "refused");
   EXPECT_THROW(VerifyXmlUpstream("https://a", folder.Write("partner", "password = p"), {}),
                CredentialsError);
+}
+
+// A partner that has as many candidates as it is asked for.
+class ChoiceSource final : public AnswerSource {
+ public:
+  void Find(const RequestAddress& asked, const std::string&, Done done) override {
+    ++count;
+    AddressAnswer answer = postal::Rejection::Multiple;
+    for (size_t i = 0; i < asked.candidates; ++i) {
+      answer.candidates.push_back(Choice(i));
+    }
+    done(std::move(answer));
+  }
+
+  static postal::Candidate Choice(size_t i) {
+    return {"",
+            std::to_string(i) + " MAIN ST & CO",
+            "URB A",
+            "SPRINGFIELD",
+            "IL",
+            "62701",
+            {"1", "99", postal::Parity::Odd},
+            {"1A", "1F", postal::Parity::Even},
+            'H'};
+  }
+
+  std::atomic<int> count = 0;
+};
+
+TEST(VerifyXmlUpstreamTest, GivesOnCandidatesAndKeepsThem) {
+  const TempFolder folder;
+  ChoiceSource source;
+  VerifyService partner(source, nullptr, {});
+  RequestLog log(-1, "");
+  HttpServer server(ListenAddress::Parse("127.0.0.1:0"), {},
+                    std::bind_front(&VerifyService::Answer, &partner), log);
+  VerifyXmlUpstream upstream(ReadPartnerUrl("http://" + server.Address()),
+                             folder.Write("partner", "user_id = U"), {});
+  ManualClock clock;
+  AnswerCache cache(folder.File("answers"), upstream.Name(), clock, {});
+  Gateway gateway(
+      upstream, [] { return std::make_shared<postal::ZipList>(); }, Budget(std::nullopt), &cache,
+      clock, {}, log);
+  const auto ask = [&gateway](const std::string& number, size_t candidates) {
+    RequestAddress asked = Main();
+    asked.address2 = number + " MAIN ST";
+    asked.candidates = candidates;
+    std::promise<AddressAnswer> promise;
+    gateway.Find(asked, "a", [&](AddressAnswer answer) { promise.set_value(std::move(answer)); });
+    return promise.get_future().get();
+  };
+  const auto isMultiple = [](const AddressAnswer& answer) {
+    return answer == AddressAnswer(postal::Rejection::Multiple);
+  };
+  AddressAnswer answer = ask("12", 3);
+  EXPECT_TRUE(isMultiple(answer));
+  ASSERT_EQ(answer.candidates.size(), 3U);
+  EXPECT_EQ(answer.candidates[2], ChoiceSource::Choice(2));
+  EXPECT_EQ(ask("12", 50).candidates.size(), 50U);
+  EXPECT_EQ(source.count, 1);
+  // Who wants none is answered with what was kept, and the other way round asks once more.
+  answer = ask("12", 0);
+  EXPECT_TRUE(isMultiple(answer) && answer.candidates.empty());
+  EXPECT_EQ(source.count, 1);
+  answer = ask("14", 0);
+  EXPECT_TRUE(isMultiple(answer) && answer.candidates.empty());
+  EXPECT_EQ(source.count, 2);
+  EXPECT_EQ(ask("14", 1).candidates.size(), 1U);
+  EXPECT_EQ(source.count, 3);
 }
 
 }  // namespace
