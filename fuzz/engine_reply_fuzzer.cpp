@@ -1,8 +1,11 @@
 // Bytes of a reply, into the engine. Whatever they are, a fix ends in a result or in one of its two
-// failures after one request, and no document nested deeper than the documented 100 gets through.
+// failures after one request, no document nested deeper than the documented 100 gets through, and
+// no more candidates are read than there may be.
 
-#include <postwright/MacPlatformServices.h>
+#include <postwright/CandidateFix.h>
 #include <postwright/Postwright.h>
+#include <postwright/ReportingServices.h>
+#include <postwright/VerifyCandidate.h>
 
 #include <tinyxml.h>
 
@@ -14,12 +17,13 @@ namespace {
 
 using namespace postwright;
 
-class BytesServices final : public MacPlatformServices {
+class BytesServices final : public ReportingServices {
  public:
   BytesServices(const std::uint8_t* data, std::size_t size) : reply_(data, data + size) {}
 
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t*) override {
     ++requests;
+    Keep(reply_, {});
     return std::make_unique<std::vector<std::uint8_t>>(reply_);
   }
 
@@ -72,5 +76,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(services.requests == 1);
   ExpectResultOrFailure(
       [&] { Require(Depth(engine.MakeRequestToServer(L"http://localhost/").get()) <= 100); });
+  ExpectResultOrFailure([&] {
+    const auto fixed = FixWithCandidates(L"12 MAIN ST\nAUSTIN TX 78701", false, 50, &services);
+    const std::size_t matches = fixed->GetAddressMatches().size();
+    Require(matches <= VerifyCandidate::kMost);
+    Require((fixed->GetResult() == FixResultMultipleMatch) == (matches > 0));
+  });
   return 0;
 }

@@ -5,14 +5,23 @@
 namespace postwright {
 
 std::unique_ptr<std::vector<std::uint8_t>> ReportingServices::ReadUrl(const wchar_t* url) {
-  reply_.clear();
-  fetch_ = FetchReport();
+  Keep({}, {});
   HttpLimits limits = FetchLimits();
   limits.cancelled = Abandoned();
-  auto body =
-      std::make_unique<std::vector<std::uint8_t>>(FetchUrl(UCS2ToUTF8(url), limits, &fetch_));
-  reply_.assign(body->begin(), body->end());
+  std::vector<std::string> headers;
+  if (candidates_ > 0) {
+    headers.push_back("Postwright-Candidates: " + std::to_string(candidates_));
+  }
+  FetchReport fetch;
+  auto body = std::make_unique<std::vector<std::uint8_t>>(
+      FetchUrl(UCS2ToUTF8(url), limits, &fetch, std::move(headers)));
+  Keep(*body, fetch);
   return body;
+}
+
+void ReportingServices::Keep(const std::vector<std::uint8_t>& body, const FetchReport& fetch) {
+  reply_.assign(body.begin(), body.end());
+  fetch_ = fetch;
 }
 
 }  // namespace postwright

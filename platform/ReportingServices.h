@@ -19,15 +19,28 @@ class POSTWRIGHT_CORE_EXPORT ReportingServices : public AbandonableServices {
   // As in the base; keeps the body, and how the fetch ended.
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
 
+  // Has every fetch from now on ask for at most `most` candidates, 1 to 50, in the head of its
+  // request ("Postwright-Candidates: 50"): what could have been meant, where a service that knows
+  // of it has a choice to offer. 0, as at first, asks for none. A class that fetches by itself
+  // sends the field by itself.
+  void WantCandidates(int most) { candidates_ = most; }
+
   // The body of the last fetch, at most 16 MiB; empty before the first, and after one that failed.
   const std::string& Reply() const { return reply_; }
 
   // How it ended; FetchOutcomeUnknown before the first.
   const FetchReport& Fetch() const { return fetch_; }
 
+ protected:
+  int WantedCandidates() const { return candidates_; }
+
+  // For a class that fetches by itself: what Reply() and Fetch() say from now on.
+  void Keep(const std::vector<std::uint8_t>& body, const FetchReport& fetch);
+
  private:
   std::string reply_;
   FetchReport fetch_;
+  int candidates_ = 0;
 };
 
 }  // namespace postwright

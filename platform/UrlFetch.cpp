@@ -4,6 +4,7 @@
 
 #include <new>
 #include <optional>
+#include <utility>
 
 namespace postwright {
 
@@ -53,10 +54,11 @@ HttpLimits FetchLimits() {
 }
 
 std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
-                                   FetchReport* report) noexcept {
+                                   FetchReport* report, std::vector<std::string> headers) noexcept {
   try {
+    headers.emplace_back("Accept:");  // which libcurl would send by itself
     const HttpFetch::Reply reply =
-        ThreadConnection().Send({.url = url, .headers = {"Accept:"}}, limits);
+        ThreadConnection().Send({.url = url, .headers = std::move(headers)}, limits);
     if (report != nullptr) {
       *report = {
           OutcomeOf(reply.outcome), reply.status,

@@ -34,14 +34,15 @@ std::wstring HostServices::UTF8ToUCS2(const char* text) try {
 
 std::unique_ptr<std::vector<std::uint8_t>> HostServices::ReadUrl(const wchar_t* url) {
   if (callbacks_ == nullptr || callbacks_->read_url == nullptr) {
-    return network_.ReadUrl(url);
+    return ReportingServices::ReadUrl(url);
   }
   postwright_body body;
-  const bool wanted = cancelled_ == nullptr || !cancelled_->load();
+  const bool wanted = Abandoned() == nullptr || !Abandoned()->load();
   if (!wanted || callbacks_->read_url(callbacks_->context, UCS2ToUTF8(url).c_str(), &body) != 0 ||
       body.failed) {
     body.bytes.clear();  // half a body is none
   }
+  Keep(body.bytes, {});
   return std::make_unique<std::vector<std::uint8_t>>(std::move(body.bytes));
 }
 

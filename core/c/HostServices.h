@@ -1,7 +1,7 @@
 #ifndef POSTWRIGHT_CORE_C_HOSTSERVICES_H_
 #define POSTWRIGHT_CORE_C_HOSTSERVICES_H_
 
-#include <postwright/AbandonableServices.h>
+#include <postwright/ReportingServices.h>
 #include <postwright/postwright.h>
 
 #include <atomic>
@@ -19,11 +19,11 @@ namespace postwright {
 //
 //   HostServices services(callbacks, &cancelled);
 //   Postwright::Fix(text, true, &services);
-class HostServices final : public MacPlatformServices {
+class HostServices final : public ReportingServices {
  public:
   // `callbacks` may be null; both are borrowed for the object's life.
   HostServices(const postwright_services* callbacks, const std::atomic<bool>* cancelled)
-      : callbacks_(callbacks), cancelled_(cancelled), network_(cancelled) {}
+      : ReportingServices(cancelled), callbacks_(callbacks) {}
 
   std::string UCS2ToUTF8(const std::wstring& text) override;
   std::string UCS2ToUTF8(const wchar_t* text) override;
@@ -38,8 +38,6 @@ class HostServices final : public MacPlatformServices {
   void Log(std::int32_t level, const wchar_t* format, va_list arguments);
 
   const postwright_services* callbacks_;
-  const std::atomic<bool>* cancelled_;
-  AbandonableServices network_;
 };
 
 }  // namespace postwright

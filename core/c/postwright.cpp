@@ -1,6 +1,7 @@
 #include <postwright/postwright.h>
 
 #include "core/c/Guard.h"
+#include "core/c/Handles.h"
 #include "core/c/HostServices.h"
 
 #include <postwright/AddressLines.h>
@@ -17,19 +18,10 @@
 #include <optional>
 #include <utility>
 
-struct postwright_address {
-  std::array<std::string, POSTWRIGHT_ELEMENTS> elements;
-  std::string text;
-};
-
 struct postwright_lines {
   postwright::AddressLines lines;
   std::array<std::string, POSTWRIGHT_LINES_TEXTS> texts;
   std::string putBack;
-};
-
-struct postwright_canceller {
-  std::atomic<bool> cancelled = false;
 };
 
 namespace postwright {
@@ -75,24 +67,12 @@ bool IsHost(std::string_view host) {
          std::all_of(host.begin(), host.end(), [](char c) { return c > ' ' && c < '\x7F'; });
 }
 
-// The parser is the process's only one, and a fix uses it.
 std::timed_mutex& Turn() {
   static std::timed_mutex turn;
   return turn;
 }
 
-// Waits for the turn; nullopt where the caller has lost interest before it came.
-std::optional<std::unique_lock<std::timed_mutex>> TakeTurn(const std::atomic<bool>* cancelled) {
-  std::unique_lock lock(Turn(), std::defer_lock);
-  while (cancelled == nullptr || !cancelled->load()) {
-    if (lock.try_lock_for(kCancelCheck)) {
-      return lock;
-    }
-  }
-  return std::nullopt;
-}
-
-postwright_address* NewAddress(const AddressInfo& info) {
+postwright_address* NewParsedAddress(const AddressInfo& info) {
   auto address = std::make_unique<postwright_address>();
   constexpr std::pair<int, std::wstring AddressInfo::*> kElements[] = {
       {POSTWRIGHT_PREFIX, &AddressInfo::prefix},
@@ -115,25 +95,6 @@ postwright_address* NewAddress(const AddressInfo& info) {
   address->text = Utf8FromWide(
       AddressFields(info.prefix, info.streetLine, L"", info.city, info.state, info.zip, info.suffix)
           .ComposeAddressBlock());
-  return address.release();
-}
-
-postwright_address* NewAddress(const FixedAddress& fixed) {
-  const AddressFields& fields = fixed.GetExactMatchAddress();
-  auto address = std::make_unique<postwright_address>();
-  const std::pair<int, const std::wstring*> elements[] = {
-      {POSTWRIGHT_PREFIX, &fields.GetPrefix()},
-      {POSTWRIGHT_STREET_LINE, &fields.GetPrimaryStreet()},
-      {POSTWRIGHT_URBANIZATION, &fields.GetSecondaryStreet()},
-      {POSTWRIGHT_CITY, &fields.GetCity()},
-      {POSTWRIGHT_STATE, &fields.GetState()},
-      {POSTWRIGHT_ZIP, &fields.GetZip()},
-      {POSTWRIGHT_SUFFIX, &fields.GetSuffix()},
-  };
-  for (const auto& [element, field] : elements) {
-    address->elements[static_cast<std::size_t>(element)] = Utf8FromWide(*field);
-  }
-  address->text = Utf8FromWide(fixed.GetExactAddress());
   return address.release();
 }
 
@@ -166,6 +127,35 @@ std::int32_t Fix(const std::wstring& text, const postwright_services* services,
 }
 
 }  // namespace
+
+std::optional<std::unique_lock<std::timed_mutex>> TakeTurn(const std::atomic<bool>* cancelled) {
+  std::unique_lock lock(Turn(), std::defer_lock);
+  while (cancelled == nullptr || !cancelled->load()) {
+    if (lock.try_lock_for(kCancelCheck)) {
+      return lock;
+    }
+  }
+  return std::nullopt;
+}
+
+postwright_address* NewAddress(const FixedAddress& fixed) {
+  const AddressFields& fields = fixed.GetExactMatchAddress();
+  auto address = std::make_unique<postwright_address>();
+  const std::pair<int, const std::wstring*> elements[] = {
+      {POSTWRIGHT_PREFIX, &fields.GetPrefix()},
+      {POSTWRIGHT_STREET_LINE, &fields.GetPrimaryStreet()},
+      {POSTWRIGHT_URBANIZATION, &fields.GetSecondaryStreet()},
+      {POSTWRIGHT_CITY, &fields.GetCity()},
+      {POSTWRIGHT_STATE, &fields.GetState()},
+      {POSTWRIGHT_ZIP, &fields.GetZip()},
+      {POSTWRIGHT_SUFFIX, &fields.GetSuffix()},
+  };
+  for (const auto& [element, field] : elements) {
+    address->elements[static_cast<std::size_t>(element)] = Utf8FromWide(*field);
+  }
+  address->text = Utf8FromWide(fixed.GetExactAddress());
+  return address.release();
+}
 
 }  // namespace postwright
 
@@ -226,7 +216,7 @@ int32_t postwright_parse(const char* text, size_t length, postwright_address** a
     if (info == postwright::AddressInfo()) {
       return POSTWRIGHT_ADDRESS_NOT_FOUND;
     }
-    *address = postwright::NewAddress(info);
+    *address = postwright::NewParsedAddress(info);
     return POSTWRIGHT_NONE;
   });
 }

@@ -24,7 +24,8 @@
 // Every function may be called from any thread. Reading and correcting take turns: a second call
 // waits for the first. They must not run while another thread corrects or reads through the C++
 // interface. Nothing throws, and no function takes back an argument; a handle is not changed once
-// it is made, but by postwright_lines_put_back, and is freed once.
+// it is made, but by postwright_lines_put_back and postwright_candidates_compose, and is freed
+// once.
 
 #ifdef __cplusplus
 extern "C" {
@@ -215,6 +216,61 @@ POSTWRIGHT_CORE_EXPORT int32_t postwright_fix(const char* text, size_t length,
                                               const postwright_services* services,
                                               postwright_canceller* canceller,
                                               postwright_address** fixed);
+
+// What could have been meant by a text that leaves a choice, as FixWithCandidates names it.
+typedef struct postwright_candidates postwright_candidates;
+
+// What is said of the numbers in a range: those of AddressRangeType.
+enum {
+  POSTWRIGHT_RANGE_ODD = 0,
+  POSTWRIGHT_RANGE_EVEN = 1,
+  POSTWRIGHT_RANGE_NONE = 2, /* nothing */
+  POSTWRIGHT_RANGE_BOTH = 3
+};
+
+// One address, or a run of them. Ends of a range are texts, "100" or "1A", and "" where there is no
+// range; not every number between them needs to be there. The strings belong to the candidates.
+typedef struct postwright_candidate {
+  // The whole label, its ranges in parentheses: "(100 - 198) MAIN ST" and the lines around it.
+  const char* text;
+  int32_t primary_type;  // house numbers; a POSTWRIGHT_RANGE_...
+  const char* primary_low;
+  const char* primary_high;
+  int32_t secondary_type;  // units
+  const char* secondary_low;
+  const char* secondary_high;
+} postwright_candidate;
+
+// As postwright_fix, and asks the service for at most `most` candidates, from 1 to 50, in the head
+// of its request ("Postwright-Candidates: 50"); a host's `read_url` sends that field by itself.
+// Where the service names any the result is POSTWRIGHT_MULTIPLE_MATCH, `*candidates` is set to a
+// handle that the caller frees, and `*fixed` where the service gave a standard form, too. With
+// every other result `*candidates` is null. POSTWRIGHT_BAD_ARGUMENT also where `most` is below 1.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_fix_candidates(const char* text, size_t length,
+                                                         const postwright_services* services,
+                                                         postwright_canceller* canceller,
+                                                         int32_t most, postwright_address** fixed,
+                                                         postwright_candidates** candidates);
+
+// Returns how many there are; 0 for null.
+POSTWRIGHT_CORE_EXPORT size_t postwright_candidates_count(const postwright_candidates* candidates);
+
+// Returns a candidate, in the order in which a person would look; null where `index` is not below
+// the count. Lives as long as the candidates.
+POSTWRIGHT_CORE_EXPORT const postwright_candidate* postwright_candidates_at(
+    const postwright_candidates* candidates, size_t index);
+
+// Returns the label with the values chosen in the places of the candidate's ranges, to be asked
+// about before it is taken for right. Any text is taken; null and "" leave a number out. The string
+// belongs to the candidates and lives until the next call of this function with them, which one
+// thread at a time may make. Null where there is no memory, where `index` is not below the count,
+// and where a value is not UTF-8.
+POSTWRIGHT_CORE_EXPORT const char* postwright_candidates_compose(postwright_candidates* candidates,
+                                                                 size_t index, const char* primary,
+                                                                 const char* secondary);
+
+// Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_candidates_free(postwright_candidates* candidates);
 
 // The account of a correction: what CorrectionReview says.
 typedef struct postwright_review postwright_review;

@@ -6,6 +6,8 @@
 #include <tinyxml.h>
 
 #include <cstring>
+#include <optional>
+#include <utility>
 
 namespace postwright {
 
@@ -16,6 +18,62 @@ std::string ChildText(const TiXmlElement& parent, const char* name) {
   const TiXmlElement* const child = parent.FirstChildElement(name);
   const char* const text = child == nullptr ? nullptr : child->GetText();
   return std::string(Trim(text == nullptr ? "" : text));
+}
+
+struct CandidateText {
+  const char* element;
+  std::string VerifyCandidate::*member;
+  bool isNeeded;
+};
+
+constexpr CandidateText kCandidateTexts[] = {
+    {"Above", &VerifyCandidate::above, false},
+    {"Address2", &VerifyCandidate::street, true},
+    {"Urbanization", &VerifyCandidate::urbanization, false},
+    {"City", &VerifyCandidate::city, true},
+    {"State", &VerifyCandidate::state, true},
+    {"Zip5", &VerifyCandidate::zip5, true},
+    {"PrimaryLow", &VerifyCandidate::primaryLow, false},
+    {"PrimaryHigh", &VerifyCandidate::primaryHigh, false},
+    {"SecondaryLow", &VerifyCandidate::secondaryLow, false},
+    {"SecondaryHigh", &VerifyCandidate::secondaryHigh, false},
+    {"RecordType", &VerifyCandidate::recordType, false},
+};
+
+AddressRangeType RangeTypeOf(const std::string& parity) {
+  return parity == "O"   ? AddressRangeTypeOdd
+         : parity == "E" ? AddressRangeTypeEven
+         : parity == "B" ? AddressRangeTypeBoth
+                         : AddressRangeTypeNone;
+}
+
+// Nullopt for one that would make no address.
+std::optional<VerifyCandidate> ReadCandidate(const TiXmlElement& element) {
+  constexpr std::size_t kLongestText = 200;
+  VerifyCandidate candidate;
+  for (const CandidateText& row : kCandidateTexts) {
+    std::string text = ChildText(element, row.element);
+    if (text.size() > kLongestText || (row.isNeeded && text.empty())) {
+      return std::nullopt;
+    }
+    candidate.*row.member = std::move(text);
+  }
+  candidate.primaryType = RangeTypeOf(ChildText(element, "PrimaryParity"));
+  candidate.secondaryType = RangeTypeOf(ChildText(element, "SecondaryParity"));
+  return candidate;
+}
+
+std::vector<VerifyCandidate> ReadCandidates(const TiXmlElement& address) {
+  std::vector<VerifyCandidate> candidates;
+  const TiXmlElement* const all = address.FirstChildElement("Candidates");
+  const TiXmlElement* element = all == nullptr ? nullptr : all->FirstChildElement("Candidate");
+  for (; element != nullptr && candidates.size() < VerifyCandidate::kMost;
+       element = element->NextSiblingElement("Candidate")) {
+    if (auto candidate = ReadCandidate(*element)) {
+      candidates.push_back(std::move(*candidate));
+    }
+  }
+  return candidates;
 }
 
 }  // namespace
@@ -33,6 +91,9 @@ VerifyReport::VerifyReport(std::string_view reply, const FetchReport& fetch) : f
                                                                                : nullptr;
   isAboutAddress_ = address != nullptr;
   isAnswer_ = address != nullptr || error != nullptr;
+  if (address != nullptr) {
+    candidates_ = ReadCandidates(*address);
+  }
   if (error != nullptr) {
     errorNumber_ = ChildText(*error, "Number");
     errorSource_ = ChildText(*error, "Source");

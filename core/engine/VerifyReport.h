@@ -3,9 +3,11 @@
 
 #include <postwright/Export.h>
 #include <postwright/FetchReport.h>
+#include <postwright/VerifyCandidate.h>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace postwright {
 
@@ -52,6 +54,11 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   const std::string& ErrorSource() const { return errorSource_; }
   const std::string& ErrorDescription() const { return errorDescription_; }  // trimmed
 
+  // What could have been meant, in the service's order, where it was asked for that and has a
+  // choice to offer; be it beside an address or an error. At most VerifyCandidate::kMost; none that
+  // is not whole, or has a field of more than 200 bytes.
+  const std::vector<VerifyCandidate>& Candidates() const { return candidates_; }
+
  private:
   FetchReport fetch_;
   bool isAnswer_ = false;
@@ -66,6 +73,7 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   std::string errorNumber_;
   std::string errorSource_;
   std::string errorDescription_;
+  std::vector<VerifyCandidate> candidates_;
 };
 
 }  // namespace postwright

@@ -10,10 +10,13 @@
 
 namespace postwright {
 
-// What a service says of the numbers in a range (all, odd, even). The value is carried for the host
-// and never interpreted here; any 32-bit value may occur.
+// What a service says of the numbers in a range. The value is carried for the host and never
+// interpreted here; any 32-bit value may occur.
 enum AddressRangeType : std::int32_t {
-  AddressRangeTypeNone = 2,
+  AddressRangeTypeOdd = 0,
+  AddressRangeTypeEven = 1,
+  AddressRangeTypeNone = 2,  // nothing is said
+  AddressRangeTypeBoth = 3,
 };
 
 // One candidate address: an address that may stand for a whole run of house or box numbers (the

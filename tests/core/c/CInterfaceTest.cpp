@@ -231,6 +231,51 @@ TEST(CInterfaceTest, IsCancelledFromAnotherThread) {
   EXPECT_TRUE(host.urls.empty());
 }
 
+TEST(CInterfaceTest, NamesCandidates) {
+  Host host;
+  host.reply =
+      "<R><Address><Error><Description>Multiple.</Description></Error><Candidates><Candidate>"
+      "<Address2>MAIN ST</Address2><City>PE\xC3\x91O</City><State>TX</State><Zip5>78701</Zip5>"
+      "<PrimaryLow>100</PrimaryLow><PrimaryHigh>198</PrimaryHigh><PrimaryParity>E"
+      "</PrimaryParity></Candidate></Candidates></Address></R>";
+  const postwright_services services = host.Services();
+  const auto fix = [&](int32_t most, postwright_address** fixed, postwright_candidates** found) {
+    return postwright_fix_candidates(kLabel.data(), kLabel.size(), &services, nullptr, most, fixed,
+                                     found);
+  };
+  postwright_address* fixed = nullptr;
+  postwright_candidates* found = nullptr;
+  ASSERT_EQ(fix(50, &fixed, &found), POSTWRIGHT_MULTIPLE_MATCH);
+  EXPECT_EQ(fixed, nullptr);
+  ASSERT_EQ(postwright_candidates_count(found), 1U);
+  const postwright_candidate* candidate = postwright_candidates_at(found, 0);
+  EXPECT_STREQ(candidate->text,
+               "ZO\xC3\x8B DOE\n(100 - 198) MAIN ST\nPE\xC3\x91O, TX 78701\nFRAGILE");
+  EXPECT_EQ(candidate->primary_type, POSTWRIGHT_RANGE_EVEN);
+  EXPECT_STREQ(candidate->primary_low, "100");
+  EXPECT_STREQ(candidate->primary_high, "198");
+  EXPECT_EQ(candidate->secondary_type, POSTWRIGHT_RANGE_NONE);
+  EXPECT_STREQ(candidate->secondary_low, "");
+  EXPECT_STREQ(postwright_candidates_compose(found, 0, "120", nullptr),
+               "ZO\xC3\x8B DOE\n120 MAIN ST\nPE\xC3\x91O, TX 78701\nFRAGILE");
+  EXPECT_EQ(postwright_candidates_compose(found, 0, "\xFF", ""), nullptr);
+  EXPECT_EQ(postwright_candidates_compose(found, 1, "120", ""), nullptr);
+  EXPECT_EQ(postwright_candidates_at(found, 1), nullptr);
+  postwright_candidates_free(found);
+
+  host.reply = kReply;
+  ASSERT_EQ(fix(1, &fixed, &found), POSTWRIGHT_DEFAULT_MATCH);
+  EXPECT_EQ(found, nullptr);
+  postwright_address_free(fixed);
+  host.failure = 1;
+  EXPECT_EQ(fix(1, &fixed, &found), POSTWRIGHT_BAD_REPLY);
+  EXPECT_EQ(fix(0, &fixed, &found), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(fix(1, &fixed, nullptr), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(fix(1, nullptr, &found), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_candidates_count(nullptr), 0U);
+  postwright_candidates_free(nullptr);
+}
+
 TEST(CInterfaceTest, ExplainsACorrection) {
   const std::string corrected = "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nAUSTIN, TX 78702";
   postwright_review* made = nullptr;

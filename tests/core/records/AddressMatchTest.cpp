@@ -1,4 +1,5 @@
 #include <postwright/AddressMatch.h>
+#include <postwright/RangeFit.h>
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,43 @@ TEST(AddressMatchTest, PutsRangesAndValuesWhereTheirNumbersBelong) {
               L"JANE\n" + (row.chosen + city) + L"\nUSA");
     EXPECT_EQ(match.ComposeAddressForRechecking2(L"", L"")->GetPrimaryStreet(), row.street);
     EXPECT_EQ(match.GetPrimaryType(), -7);  // any value is carried
+  }
+}
+
+TEST(RangeFitTest, TellsWhatLiesInARange) {
+  const struct {
+    const wchar_t *value, *low, *high;
+    AddressRangeType type;
+    RangeFit fit;
+  } kRows[] = {
+      {L"100", L"100", L"198", AddressRangeTypeEven, RangeFitInside},
+      {L" 198 ", L"100", L"198", AddressRangeTypeEven, RangeFitInside},
+      {L"98", L"100", L"198", AddressRangeTypeEven, RangeFitOutside},
+      {L"200", L"100", L"198", AddressRangeTypeEven, RangeFitOutside},
+      {L"1000", L"100", L"198", AddressRangeTypeEven, RangeFitOutside},
+      {L"121", L"100", L"198", AddressRangeTypeEven, RangeFitParity},
+      {L"121", L"100", L"198", AddressRangeTypeBoth, RangeFitInside},
+      {L"120", L"101", L"199", AddressRangeTypeOdd, RangeFitParity},
+      {L"102b", L"100", L"198", AddressRangeTypeEven, RangeFitInside},
+      {L"158AA", L"100", L"198", AddressRangeTypeEven, RangeFitOutside},
+      {L"13 1/2", L"1", L"99", AddressRangeTypeOdd, RangeFitInside},
+      {L"99 1/2", L"1", L"99", AddressRangeTypeOdd, RangeFitOutside},
+      {L"112-10", L"112-02", L"112-98", AddressRangeTypeEven, RangeFitInside},
+      {L"113-10", L"112-02", L"112-98", AddressRangeTypeEven, RangeFitOutside},
+      {L"10", L"112-02", L"112-98", AddressRangeTypeEven, RangeFitOutside},
+      {L"1d", L"1A", L"1F", AddressRangeTypeNone, RangeFitInside},
+      {L"1G", L"1A", L"1F", AddressRangeTypeNone, RangeFitOutside},
+      {L"1", L"1A", L"1F", AddressRangeTypeNone, RangeFitOutside},
+      {L"2B", L"1A", L"3A", AddressRangeTypeNone, RangeFitOutside},
+      {L"c", L"A", L"F", AddressRangeTypeNone, RangeFitInside},
+      {L"5", L"A", L"F", AddressRangeTypeNone, RangeFitOutside},
+      {L"", L"1", L"6", AddressRangeTypeNone, RangeFitOutside},
+      {L"99999999999999999999", L"1", L"6", AddressRangeTypeNone, RangeFitOutside},
+      {L"3", L"1", L"99999999999999999999", AddressRangeTypeNone, RangeFitOutside},
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(FitOfRange(row.value, row.low, row.high, row.type), row.fit)
+        << testing::PrintToString(row.value);
   }
 }
 
