@@ -12,21 +12,29 @@ void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answ
                                            const QString& message) {
   pending = false;
   own = false;
+  standard = answer ? answer->ExactAddress : QString();
   if (!answer) {
     result = message;
     fixed = QString();
     status = AddressStatusError;
+  } else if (!answer->Candidates.isEmpty()) {
+    takeChoice(*answer);
   } else if (PostwrightClient::isAddress(address, answer->ExactAddress)) {
     fixed = address;
     status = AddressStatusUnchanged;
   } else if (answer->MatchedAddresses.size() >= 2) {
-    fixed = QString();
-    matches = answer->MatchedAddresses;
-    status = AddressStatusMultiple;
+    takeChoice(*answer);
   } else {
     fixed = answer->ExactAddress;
     status = AddressStatusFixed;
   }
+}
+
+void BatchResultRecord::Values::takeChoice(const AddressFix& answer) {
+  fixed = QString();
+  matches = answer.MatchedAddresses;
+  candidates = answer.Candidates;
+  status = AddressStatusMultiple;
 }
 
 bool BatchResultRecord::Values::isFoundRight() const {
@@ -34,7 +42,7 @@ bool BatchResultRecord::Values::isFoundRight() const {
 }
 
 bool BatchResultRecord::Values::isDoubtful() const {
-  return status == AddressStatusMultiple && !remark.isEmpty();
+  return status == AddressStatusMultiple && !remark.isEmpty() && candidates.isEmpty();
 }
 
 bool BatchResultRecord::Values::isUnanswered() const {
@@ -105,7 +113,9 @@ BatchResultRecord::Values BatchResultRecord::exchange(Values values) {
 bool BatchResultRecord::fix(PostwrightClient& client) {
   return fix([&client](const QString& address) -> std::optional<AddressOutcome> {
     std::optional<AddressFix> answer = client.fixAddress(address);
-    return AddressOutcome{std::move(answer), client.lastResult().value_or(QString())};
+    return AddressOutcome{.answer = std::move(answer),
+                          .message = client.lastResult().value_or(QString()),
+                          .confirmation = Confirmation(client.lastReport())};
   });
 }
 
@@ -122,10 +132,9 @@ bool BatchResultRecord::fix(
   }
   _values.takeAnswer(outcome->answer, outcome->message);
   _values.remark = outcome->remark;
+  _values.confirmation = outcome->confirmation;
   if (outcome->answer && outcome->isOpen) {
-    _values.fixed = QString();
-    _values.matches = outcome->answer->MatchedAddresses;
-    _values.status = AddressStatusMultiple;
+    _values.takeChoice(*outcome->answer);
   }
   ++_changes;
   return true;

@@ -3,6 +3,7 @@
 
 #include <postwright/AddressEntry.h>
 #include <postwright/ClientExport.h>
+#include <postwright/Confirmation.h>
 #include <postwright/PostwrightClient.h>
 #include <postwright/PostwrightSelector.h>
 
@@ -36,6 +37,7 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // True where a person has to decide on the answer's candidates even if it says the same as the
   // text that was asked about.
   bool isOpen = false;
+  Confirmation confirmation = {};  // how far the service confirmed the answer
 
   // True where the service or the network failed: the address was not judged.
   bool isUnanswered() const;
@@ -65,6 +67,13 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     QString result;                            // the message of the last failure, else empty
     QString remark;                            // that of the last outcome
     QList<PostwrightSelectorPointer> matches;  // the candidates, two or more, else empty
+    // What `matches` show, where the service named them to who asked for that (setCandidates());
+    // there may be a single one. Else empty.
+    QList<AddressMatch> candidates;
+    // The service's word in the form that corrected text has, also where it says no more than
+    // `address`; empty where it gave none.
+    QString standard;
+    Confirmation confirmation;  // how far the service confirmed the answer of the last outcome
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
@@ -83,10 +92,14 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     bool isUnanswered() const;
 
     // Takes the outcome of a fix of `address`: `answer`, or nil and `message`, the client's
-    // lastResult(). An answer that tells nothing new (PostwrightClient::isAddress) keeps the user's
-    // text, fewer than two candidates never make an address "multiple", and `result` and `matches`
-    // keep what they held where the outcome brings none.
+    // lastResult(). An answer with Candidates leaves a choice, whatever else it says. One that
+    // tells nothing new (PostwrightClient::isAddress) keeps the user's text, fewer than two
+    // candidates never make an address "multiple", and `result` and `matches` keep what they held
+    // where the outcome brings none.
     void takeAnswer(const std::optional<AddressFix>& answer, const QString& message);
+
+    // Leaves the choice among the candidates of `answer` to a person.
+    void takeChoice(const AddressFix& answer);
   };
 
   // `entry`, not null, is asked for its value, once.

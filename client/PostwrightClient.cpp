@@ -1,5 +1,6 @@
 #include <postwright/PostwrightClient.h>
 
+#include <postwright/CandidateFix.h>
 #include <postwright/Deployment.h>
 #include <postwright/FixedAddress.h>
 #include <postwright/NetworkReachability.h>
@@ -51,9 +52,10 @@ bool IsWhiteSpace(QChar character) {
 }
 
 std::unique_ptr<FixedAddress> FixInTurn(const std::wstring& text, bool quick,
-                                        IPlatformServices& services) {
+                                        ReportingServices& services, qint32 candidates) {
   const FixGate::Pass pass;
-  return Postwright::Fix(text, quick, &services);
+  return candidates > 0 ? FixWithCandidates(text, quick, candidates, &services)
+                        : Postwright::Fix(text, quick, &services);
 }
 
 }  // namespace
@@ -93,7 +95,8 @@ std::optional<Result> PostwrightClient::runFix(const QString& address, bool quic
   ReportingServices services(_abandoned.get());
   try {
     const std::unique_ptr<FixedAddress> fixed =
-        FixInTurn(coreString(StringHelpers::trim(address), services), quick, services);
+        FixInTurn(coreString(StringHelpers::trim(address), services), quick, services,
+                  quick ? 0 : _candidates);
     _lastReport = VerifyReport(services.Reply(), services.Fetch());
     Result result = read(*fixed, services);
     setLastResult(std::nullopt);
@@ -115,8 +118,12 @@ std::optional<QString> PostwrightClient::fixAddressQuick(const QString& address)
 std::optional<AddressFix> PostwrightClient::fixAddress(const QString& address) {
   return runFix<AddressFix>(
       address, false, [this](const FixedAddress& fixed, IPlatformServices& services) {
-        return AddressFix{capitalizeAddress(hostString(fixed.GetExactAddress(), services)),
-                          selectorsForCandidates(fixed, services)};
+        AddressFix fix{capitalizeAddress(hostString(fixed.GetExactAddress(), services)),
+                       selectorsForCandidates(fixed, services)};
+        if (_candidates > 0) {
+          fix.Candidates = {fixed.GetAddressMatches().begin(), fixed.GetAddressMatches().end()};
+        }
+        return fix;
       });
 }
 

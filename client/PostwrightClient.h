@@ -2,6 +2,7 @@
 #define POSTWRIGHT_CLIENT_POSTWRIGHTCLIENT_H_
 
 #include <postwright/AddressEntry.h>
+#include <postwright/AddressMatch.h>
 #include <postwright/ClientExport.h>
 #include <postwright/PostwrightSelector.h>
 #include <postwright/VerifyReport.h>
@@ -39,6 +40,10 @@ struct AddressFix {
   QString
       ExactAddress;  // the corrected text, post-processed; empty where only candidates are known
   QList<PostwrightSelectorPointer> MatchedAddresses;  // the candidates in the service's order
+  // What each of MatchedAddresses shows, where setCandidates() had the service asked for them; else
+  // empty. A selector knows no range of house numbers and leaves "%@" in its place: a host that
+  // asks for candidates goes by these.
+  QList<AddressMatch> Candidates = {};
 };
 
 // The host's way to a corrected address: one call, and the text as the user likes it.
@@ -80,6 +85,12 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // so a spelling of the user's takes the place of one of the product's only where that is itself
   // in capitalized form. Nil sets none.
   void setMixedCase(const std::optional<QString>& mixedCase);
+
+  // Has fixAddress() ask the service for at most `most` candidates, 1 to VerifyCandidate::kMost:
+  // what could have been meant by an address that leaves a choice. 0, as at first, asks for none.
+  // An answer that names any has them in MatchedAddresses and Candidates, beside ExactAddress or in
+  // its place; it is no failure then that the address itself was turned down.
+  void setCandidates(qint32 most) { _candidates = most; }
 
   // Lets another thread end a fix: once `abandoned` holds true, a fix that waits for the service
   // fails within about a second as one without a reply, and so does every later one. Null, as at
@@ -164,6 +175,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
 
   qint32 _capitalization = CapitalizationUpper;
   bool _removePunctuation = true;
+  qint32 _candidates = 0;
   std::optional<QHash<QString, QString>> _mixedCaseDict;
   QHash<QString, QString> _defaultMixedCaseDict;
   std::optional<QString> _lastResult;

@@ -1,5 +1,7 @@
 #include <postwright/ReviewedFix.h>
 
+#include "client/LabelCandidates.h"
+
 namespace postwright {
 
 namespace {
@@ -45,7 +47,13 @@ ReviewedFix::ReviewedFix(PostwrightClient& client, const QString& label, const A
     return;
   }
   _confirmation = Confirmation(client.lastReport());
+  if (lines) {
+    putCandidatesBack(*lines, *_answer);
+  }
   QString& text = _answer->ExactAddress;
+  if (text.isEmpty() && !_answer->Candidates.isEmpty()) {
+    return;  // turned down, with a choice
+  }
   text = addressInForm(text, asking.form.punctuation, client);
   if (lines) {
     text = wholeLabel(*lines, text, label, asking.form, client);
@@ -59,7 +67,12 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
   if (fix.leftAlone() != LeftAloneNot) {
     return {AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone()))};
   }
-  AddressOutcome outcome{fix.answer(), fix.message()};
+  AddressOutcome outcome{
+      .answer = fix.answer(), .message = fix.message(), .confirmation = fix.confirmation()};
+  if (outcome.answer && !outcome.answer->Candidates.isEmpty()) {
+    outcome.remark = sentence(fix.confirmation().Text());
+    return outcome;
+  }
   if (!outcome.answer || outcome.answer->MatchedAddresses.size() >= 2) {
     return outcome;
   }

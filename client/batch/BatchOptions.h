@@ -40,6 +40,11 @@ struct BatchOptions {
   std::chrono::milliseconds longestPause{60000};
   std::chrono::milliseconds giveUpAfter{600000};
 
+  // The service is asked for candidates, and each that it names can be chosen: a dialog asks for
+  // the number in its range, and the address that this makes is asked about before it is taken as
+  // confirmed. A host's own AskFunction goes by the client that it is given.
+  bool offersCandidates = false;
+
   // The window uses the application's font, QApplication::font(), in the list and in its fields, in
   // whatever size it has; rows are two lines high at least.
   bool usesHostFont = false;
@@ -51,7 +56,7 @@ struct BatchOptions {
   static BatchOptions all() {
     BatchOptions options;
     options.keepsWork = options.editsAnyRecord = options.selectsSeveral = true;
-    options.findsProblems = options.waitsForService = true;
+    options.findsProblems = options.waitsForService = options.offersCandidates = true;
     options.usesHostFont = options.summarizes = true;
     return options;
   }

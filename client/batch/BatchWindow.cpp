@@ -31,6 +31,9 @@ void BatchWindow::setOptions(const BatchOptions& chosen) {
   if (chosen.keepsWork) {
     settings.insert(KeepsPendingKey, true);
   }
+  if (chosen.offersCandidates) {
+    settings.insert(CandidatesKey, static_cast<int>(VerifyCandidate::kMost));
+  }
   if (chosen.waitsForService) {
     settings.insert(PatienceKey, QVariant::fromValue(Patience{
                                      chosen.firstPause, chosen.longestPause, chosen.giveUpAfter}));
@@ -66,6 +69,9 @@ void BatchWindow::showDetail() {
 }
 
 void BatchWindow::recordDone(const BatchResultRecordPointer& record) {
+  if (record->entry() == nullptr) {
+    return;  // a candidate that is being asked about, which is none of the list
+  }
   _sinceAnswer.restart();
   _changed.append(record);
   if (!_changesTimer.isActive()) {

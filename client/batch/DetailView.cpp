@@ -190,12 +190,13 @@ void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype
   fillEditor(*_layout.tvMultipleAddress, _drafts.value(_record.get(), values.address));
   showTwins(*_layout.ckTwins, twins);
   const bool isDoubtful = values.isDoubtful();
-  _layout.txtDoubt->setText(values.remark);
-  _layout.txtDoubt->setVisible(isDoubtful);
+  const QString why = isDoubtful ? values.remark : unconfirmedText(values.confirmation);
+  _layout.txtDoubt->setText(why);
+  _layout.txtDoubt->setVisible(isDoubtful || (!why.isEmpty() && !values.candidates.isEmpty()));
   _layout.txtMatches->setText(localizedString(!isDoubtful                  ? "SMatches"
                                               : values.matches.size() == 1 ? "SMatchesTyped"
                                                                            : "SMatchesDoubtful"));
-  _layout.tvMatches->setAccessibleDescription(isDoubtful ? values.remark : QString());
+  _layout.tvMatches->setAccessibleDescription(why);
   showMatches(values);
 }
 

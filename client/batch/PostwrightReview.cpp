@@ -10,6 +10,7 @@
 #include "client/LocalizedString.h"
 #include "client/batch/BatchQuestions.h"
 #include "client/batch/BatchWindow.h"
+#include "client/batch/CandidateChoice.h"
 #include "client/batch/review/BatchReport.h"
 #include "client/batch/review/SameChange.h"
 #include "client/suite/ModalRun.h"
@@ -68,6 +69,10 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   const QList<PostwrightSelectorPointer> matches = record->values().matches;
   if (match >= matches.size()) {
     return;  // the record has changed and the list of candidates not yet
+  }
+  if (const QList<AddressMatch> candidates = record->values().candidates; !candidates.isEmpty()) {
+    chooseCandidate(*this, *_window, record, candidates.at(match));
+    return;
   }
   const PostwrightSelectorPointer& candidate = matches.at(match);
   const bool forTwins = _window->view.detail().isTwinsChecked();

@@ -799,6 +799,105 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <extracomment>Line of the summary.</extracomment>
         <translation>Sin comprobar</translation>
     </message>
+    <message id="SCandidateIntroduction">
+        <source>The service knows this address for several numbers. Which one is meant?</source>
+        <extracomment>Above the address in the dialog that asks for a number.</extracomment>
+        <translation>El servicio conoce esta dirección para varios números. ¿Cuál es?</translation>
+    </message>
+    <message id="SCandidateWhole">
+        <source>The service is asked about this address.</source>
+        <extracomment>Above the address in the dialog, where no number is left to ask for.</extracomment>
+        <translation>Se pregunta al servicio por esta dirección.</translation>
+    </message>
+    <message id="SCandidateNumber">
+        <source>House &amp;number, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest number.</extracomment>
+        <translation>&amp;Número de la casa, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateNumberEven">
+        <source>House &amp;number, even, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest number.</extracomment>
+        <translation>&amp;Número par de la casa, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateNumberOdd">
+        <source>House &amp;number, odd, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest number.</extracomment>
+        <translation>&amp;Número impar de la casa, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateBox">
+        <source>Box &amp;number, %@ to %@:</source>
+        <extracomment>Caption of a field: lowest and highest number of a post-office box.</extracomment>
+        <translation>&amp;Número del apartado, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateUnit">
+        <source>&amp;Unit, %@ to %@:</source>
+        <extracomment>Caption of a field: first and last unit.</extracomment>
+        <translation>&amp;Unidad, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateUnitEven">
+        <source>&amp;Unit, even, %@ to %@:</source>
+        <extracomment>Caption of a field: first and last unit.</extracomment>
+        <translation>&amp;Unidad par, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateUnitOdd">
+        <source>&amp;Unit, odd, %@ to %@:</source>
+        <extracomment>Caption of a field: first and last unit.</extracomment>
+        <translation>&amp;Unidad impar, de %@ a %@:</translation>
+    </message>
+    <message id="SCandidateCheck">
+        <source>Chec&amp;k</source>
+        <extracomment>Button: asks the service about the address with the number.</extracomment>
+        <translation>Co&amp;mprobar</translation>
+    </message>
+    <message id="SCandidateKeep">
+        <source>K&amp;eep It All the Same</source>
+        <extracomment>Button: takes the address though it is not confirmed.</extracomment>
+        <translation>Con&amp;servar de todos modos</translation>
+    </message>
+    <message id="SCandidateAsking">
+        <source>Asking the service…</source>
+        <translation>Preguntando al servicio…</translation>
+    </message>
+    <message id="SCandidateOutside">
+        <source>%@ is not between %@ and %@. Keep it if you know that it is right.</source>
+        <extracomment>The number, and the range that it is not in.</extracomment>
+        <translation>%@ no está entre %@ y %@. Consérvelo si sabe que es correcto.</translation>
+    </message>
+    <message id="SCandidateNotEven">
+        <source>%@ is not an even number, as those from %@ to %@ are. Keep it if you know that it is right.</source>
+        <extracomment>The number, and the range of even numbers.</extracomment>
+        <translation>%@ no es un número par, como los de %@ a %@. Consérvelo si sabe que es correcto.</translation>
+    </message>
+    <message id="SCandidateNotOdd">
+        <source>%@ is not an odd number, as those from %@ to %@ are. Keep it if you know that it is right.</source>
+        <extracomment>The number, and the range of odd numbers.</extracomment>
+        <translation>%@ no es un número impar, como los de %@ a %@. Consérvelo si sabe que es correcto.</translation>
+    </message>
+    <message id="SCandidateDoubt">
+        <source>The service does not confirm this address. %@</source>
+        <extracomment>Followed by the reason.</extracomment>
+        <translation>El servicio no confirma esta dirección. %@</translation>
+    </message>
+    <message id="SCandidateNumberNotKnown">
+        <source>The street is known, the number is not.</source>
+        <extracomment>A reason.</extracomment>
+        <translation>Se conoce la calle, pero no el número.</translation>
+    </message>
+    <message id="SCandidateUnitMissing">
+        <source>The building is known, and its unit is missing.</source>
+        <extracomment>A reason.</extracomment>
+        <translation>Se conoce el edificio, y falta la unidad.</translation>
+    </message>
+    <message id="SCandidateUnitNotKnown">
+        <source>The building is known, the unit is not.</source>
+        <extracomment>A reason.</extracomment>
+        <translation>Se conoce el edificio, pero no la unidad.</translation>
+    </message>
+    <message id="SCandidateFormOnly">
+        <source>Nobody has checked the street.</source>
+        <extracomment>A reason.</extracomment>
+        <translation>Nadie ha comprobado la calle.</translation>
+    </message>
     <message id="SDesignatorTitle">
         <source>Choose One Address</source>
         <extracomment>Title of the designation dialog.</extracomment>

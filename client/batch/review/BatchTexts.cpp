@@ -57,6 +57,21 @@ QString whyText(const BatchResultRecord::Values& values) {
   return !values.pending && values.own ? localizedString("SFixedOwn") : hintText(values);
 }
 
+QString unconfirmedText(const Confirmation& confirmation) {
+  switch (confirmation.Kind()) {
+    case ConfirmationUnitMissing:
+      return localizedString("SCandidateUnitMissing");
+    case ConfirmationUnitNotKnown:
+      return localizedString("SCandidateUnitNotKnown");
+    case ConfirmationNumberNotKnown:
+      return localizedString("SCandidateNumberNotKnown");
+    case ConfirmationFormOnly:
+      return localizedString("SCandidateFormOnly");
+    default:
+      return {};
+  }
+}
+
 QStringList changeTexts(const Differences& differences) {
   QStringList texts;
   for (const Move& move : differences.moves) {

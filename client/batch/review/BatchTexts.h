@@ -21,6 +21,10 @@ QString hintText(const BatchResultRecord::Values& values);
 // Why a record stands as it does, where its status and its texts do not tell; else empty.
 QString whyText(const BatchResultRecord::Values& values);
 
+// What an address lacks to be confirmed, in a sentence; empty for one that is, and where nobody was
+// asked.
+QString unconfirmedText(const Confirmation& confirmation);
+
 // What changed, a sentence for each change, words that moved first.
 QStringList changeTexts(const Differences& differences);
 

@@ -46,6 +46,7 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
     client.setCapitalization(parameters.value(CapitalizationKey).toInt());
     const QVariant mixedCase = parameters.value(MixedCaseKey);
     client.setMixedCase(mixedCase.isValid() ? std::optional(mixedCase.toString()) : std::nullopt);
+    client.setCandidates(parameters.value(CandidatesKey).toInt());
     client.setAbandoned(_abandoned);
     const auto records = parameters.value(PostwrightResultsKey).value<BatchResultRecordList>();
     const auto ask = parameters.value(AskKey).value<AskFunction>();
@@ -55,7 +56,9 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
                 return ask(client, address);
               }
               std::optional<AddressFix> answer = client.fixAddress(address);
-              return AddressOutcome{std::move(answer), client.lastResult().value_or(QString())};
+              return AddressOutcome{.answer = std::move(answer),
+                                    .message = client.lastResult().value_or(QString()),
+                                    .confirmation = Confirmation(client.lastReport())};
             },
             TwinOutcomes(records), parameters.value(KeepsPendingKey).toBool(),
             patience.isValid() ? std::optional(patience.value<Patience>()) : std::nullopt};

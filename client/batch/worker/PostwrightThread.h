@@ -22,8 +22,9 @@ inline const QString RemovePunctuationKey = QStringLiteral("removePunctuation");
 inline const QString CapitalizationKey = QStringLiteral("capitalization");
 inline const QString MixedCaseKey = QStringLiteral("mixedCase");
 inline const QString AskKey = QStringLiteral("ask");  // an AskFunction in place of the service
-inline const QString PatienceKey = QStringLiteral("patience");   // a Patience
-inline const QString KeepsPendingKey = QStringLiteral("keeps");  // true: see abandon()
+inline const QString CandidatesKey = QStringLiteral("candidates");  // how many to ask for
+inline const QString PatienceKey = QStringLiteral("patience");      // a Patience
+inline const QString KeepsPendingKey = QStringLiteral("keeps");     // true: see abandon()
 
 // The worker of a batch: asks about the pending records of a list, one after another and through a
 // client of its own, and reports each.
