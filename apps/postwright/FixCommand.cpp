@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "apps/ServerOption.h"
+#include "apps/postwright/CandidateList.h"
+#include "apps/postwright/CandidatePrompt.h"
 #include "apps/postwright/Explanation.h"
 #include "apps/postwright/FixRecord.h"
 #include "apps/postwright/LabelFix.h"
@@ -38,6 +40,10 @@ void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setMixedCase(QString::fromStdString(options.mixedCase));
 }
 
+void AskForCandidates(bool wanted, PostwrightClient& client) {
+  client.setCandidates(wanted ? static_cast<qint32>(VerifyCandidate::kMost) : 0);
+}
+
 LabelFix::Asking AskingOf(const FixOptions& options) {
   const PunctuationForm punctuation =
       options.keepPunctuation ? PunctuationKeep : kPunctuation.at(options.punctuation);
@@ -57,7 +63,17 @@ void Print(const std::wstring& text) {
 }
 
 ExitStatus FixText(const InputBytes& input, const FixOptions& options, PostwrightClient& client) {
+  CandidatePrompt prompt;
+  AskForCandidates(options.candidates || prompt.IsPossible(), client);
   const LabelFix fix(LabelTextOf(input), AskingOf(options), client);
+  if (prompt.IsPossible() && !fix.Candidates().isEmpty()) {
+    if (const auto chosen = prompt.Offer(fix, AskingOf(options), client)) {
+      Print(*chosen);
+      return kExitDone;
+    }
+  } else if (options.candidates && !fix.Candidates().isEmpty()) {
+    std::cerr << "It could be:\n" << CandidatesInWords(fix.Candidates());
+  }
   if (options.explain) {
     std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed());
   }
@@ -84,7 +100,8 @@ ExitStatus FixLines(const FixOptions& options, bool isResumable, PostwrightClien
   lines.jobs = options.jobs;
   lines.progress = !options.quiet;
   lines.giveUpAfter = options.giveUpAfter;
-  const RecordOptions record = {AskingOf(options), options.explain};
+  AskForCandidates(options.candidates, client);
+  const RecordOptions record = {AskingOf(options), options.explain, options.candidates};
   return FilterLines(
       lines,
       [&client, &record](const LabelLine& label) { return FixRecord(client, label, record); },
@@ -95,6 +112,9 @@ ExitStatus FixLines(const FixOptions& options, bool isResumable, PostwrightClien
 
 // The labels of a table are fixed as a stream of their own, whose records are put into the rows.
 ExitStatus FixRows(const AddressTable& table, const FixOptions& options, PostwrightClient& client) {
+  if (options.candidates) {
+    throw Failure("--candidates is for a label or --jsonl: a table has no column for it");
+  }
   if (!options.quiet) {
     std::cerr << "postwright: " << table.Description() << '\n';
   }

@@ -20,6 +20,7 @@ struct FixOptions {
   bool wholeLabel = false;      // ask about the whole text, not about the address lines alone
   std::string mixedCase;        // the user's spellings, separated by ";"
   bool explain = false;         // say why each word was changed
+  bool candidates = false;      // say what could have been meant
   bool acceptDoubtful = false;  // take corrections that a person should look at
   bool jsonl = false;           // a JSON line a label
   bool csv = false;             // a table; where neither is said, a table is told from one label

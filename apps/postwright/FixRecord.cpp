@@ -1,5 +1,6 @@
 #include "apps/postwright/FixRecord.h"
 
+#include "apps/postwright/CandidateList.h"
 #include "apps/postwright/Explanation.h"
 #include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/table/LabelColumns.h"
@@ -68,6 +69,9 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   record.Add("reason", WideFromUtf8(fix.Reason()));
   if (options.explain) {
     record.AddJson("changes", ExplainInJson(fix.Review()));
+  }
+  if (options.candidates) {
+    record.AddJson("candidates", CandidatesInJson(fix.Candidates()));
   }
   LineRecord line(End(record, fix.IsUnanswered() ? kNotAnswered : values.status));
   if (fix.IsUnanswered()) {

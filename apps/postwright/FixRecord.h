@@ -14,6 +14,7 @@ namespace postwright {
 struct RecordOptions {
   LabelFix::Asking asking;
   bool explain = false;
+  bool candidates = false;
 };
 
 // The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
@@ -21,7 +22,7 @@ struct RecordOptions {
 // is one, the confirmation, Confirmation::Code(), "" where no address came back, and the reason, a
 // code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
 // fixed and the member proposed, the corrected text. With `explain` each record has the member
-// changes.
+// changes, with `candidates` the member of that name, what could have been meant (CandidateList).
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
 // anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.

@@ -1,6 +1,7 @@
 #include "apps/postwright/LabelFix.h"
 
 #include <postwright/Deployment.h>
+#include <postwright/FixResult.h>
 #include <postwright/UnreadReason.h>
 #include <postwright/VerifyFailure.h>
 
@@ -20,12 +21,27 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   text_ = fix.answer() ? fix.answer()->ExactAddress.toStdWString() : L"";
   review_ = fix.review();
   confirmation_ = fix.confirmation();
-  values_.takeAnswer(fix.answer(), fix.message());
+  TakeAnswer(fix);
   if (values_.status == AddressStatusError) {
     ExplainFailure(label, client.lastReport());
   } else if (!asking.acceptDoubtful) {
     Judge(label);
   }
+}
+
+// Candidates stand beside the answer and change nothing of it: an address that was turned down was.
+void LabelFix::TakeAnswer(const ReviewedFix& fix) {
+  std::optional<AddressFix> answer = fix.answer();
+  QString message = fix.message();
+  if (answer && !answer->Candidates.isEmpty()) {
+    candidates_ = std::exchange(answer->Candidates, {});
+    answer->MatchedAddresses.clear();
+    if (answer->ExactAddress.isEmpty()) {
+      answer.reset();
+      message = PostwrightClient::stringForResult(FixResultInvalidAddress);
+    }
+  }
+  values_.takeAnswer(answer, message);
 }
 
 void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {

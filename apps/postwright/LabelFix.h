@@ -45,6 +45,10 @@ class LabelFix {
   // whose fix failed. Where it contradicts the number, the correction is doubtful.
   const Confirmation& Confirmed() const { return confirmation_; }
 
+  // What could have been meant, where `client` asks for candidates and the service named any. The
+  // rest is as if it had not.
+  const QList<AddressMatch>& Candidates() const { return candidates_; }
+
   // False where the label is left alone.
   bool IsAsked() const { return isAsked_; }
 
@@ -61,6 +65,7 @@ class LabelFix {
   const std::string& Explanation() const { return explanation_; }
 
  private:
+  void TakeAnswer(const ReviewedFix& fix);
   void LeaveAlone(const std::wstring& label, LeftAloneReason reason);
   void Judge(const std::wstring& label);
   void Propose(const std::wstring& label, const std::string& reason, const std::string& why);
@@ -76,6 +81,7 @@ class LabelFix {
   std::chrono::seconds retryAfter_{0};
   std::string reason_;
   std::string explanation_;
+  QList<AddressMatch> candidates_;
 };
 
 }  // namespace postwright

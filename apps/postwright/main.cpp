@@ -29,6 +29,12 @@ constexpr const char* kParseUsage =
 constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
+Where the service finds several addresses equally good, knows the street and not the number, or the
+building and not the unit, --candidates lists what could have been meant, at most 50: streets with
+ranges of house numbers, buildings with ranges of units. On a terminal they are offered by number
+without being asked for, and so is a number in the range; the address that was chosen is asked about
+before it is printed.
+
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip).
 Each line of the output is an object with the keys prefix, number, predirectional, street,
@@ -83,7 +89,9 @@ died over it.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
 --explain each record has changes, a list of objects with rule, text, doubt, typed and corrected,
-their lines and offsets, and reason.
+their lines and offsets, and reason. With --candidates each has candidates, a list of objects with
+address (ranges in parentheses) and, for a range, number_low, number_high and number_parity or
+unit_low, unit_high and unit_parity.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
@@ -200,6 +208,10 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
   parser
       ->add_flag("--explain", options.explain,
                  "Say why each word was changed: on standard error, or in the records")
+      ->disable_flag_override();
+  parser
+      ->add_flag("--candidates", options.candidates,
+                 "Say what could have been meant: on standard error, or in the records")
       ->disable_flag_override();
   parser
       ->add_flag("--accept-doubtful", options.acceptDoubtful,

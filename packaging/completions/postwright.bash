@@ -26,7 +26,7 @@ _postwright() {
       words+=' --jsonl --csv --columns --output'
       ;;
     fix)
-      words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --accept-doubtful --server --timeout --resume --retry-failed --jobs --give-up-after --quiet'
+      words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --candidates --accept-doubtful --server --timeout --resume --retry-failed --jobs --give-up-after --quiet'
       ;;
     *)
       words+=' parse fix'

@@ -20,6 +20,7 @@ complete -c postwright -n "$fix" -l names -x -a 'as-typed same-case' -d 'The lin
 complete -c postwright -n "$fix" -l whole-label -d 'Ask about the whole text'
 complete -c postwright -n "$fix" -l mixed-case -x -d 'Words as they are to be spelt in mixed case'
 complete -c postwright -n "$fix" -l explain -d 'Say why each word was changed'
+complete -c postwright -n "$fix" -l candidates -d 'Say what could have been meant'
 complete -c postwright -n "$fix" -l accept-doubtful -d 'Take doubtful corrections, too'
 complete -c postwright -n "$fix" -l server -x -a '(__fish_print_hostnames)' -d 'The Verify service to ask'
 complete -c postwright -n "$fix" -l timeout -x -d 'How long a request to it may last, as 20s'
