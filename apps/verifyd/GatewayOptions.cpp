@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "apps/TimeOption.h"
-#include "service/upstream/UpstreamUrl.h"
 
 namespace postwright::service {
 namespace {
@@ -30,27 +29,39 @@ std::string DefaultCache() {
   return caches.empty() ? std::string() : (caches / "postwright" / kName).string();
 }
 
+// How a kind is asked for: 'verify-xml HOST[:PORT]'.
+std::string Usage(const UpstreamKind& kind) {
+  return "'" + std::string(kind.name) + (kind.takesHost ? " HOST[:PORT]'" : "'");
+}
+
 void ReadUpstream(GatewayOptions& options) {
-  const std::string& kind = options.upstream[0];
   const bool hasHost = options.upstream.size() > 1;
-  if (kind == "postal-v3" && !hasHost) {
-    options.url = ReadUpstreamUrl(options.url);
-  } else if (kind == "verify-xml" && hasHost) {
-    options.url = ReadPartnerUrl(options.upstream[1]);
-  } else {
-    throw CLI::ValidationError("--upstream", "takes 'postal-v3' or 'verify-xml HOST[:PORT]'");
+  options.kind = FindUpstreamKind(options.upstream[0]);
+  if (options.kind == nullptr || options.kind->takesHost != hasHost) {
+    std::string kinds;
+    for (const UpstreamKind& kind : UpstreamKinds()) {
+      kinds += (kinds.empty() ? "" : " or ") + Usage(kind);
+    }
+    throw CLI::ValidationError("--upstream", "takes " + kinds);
   }
+  options.url = options.kind->readUrl(hasHost ? options.upstream[1]
+                                              : options.url.value_or(options.kind->url));
 }
 
 void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
-  app.add_option(
-         "--upstream", options.upstream,
-         "Ask 'postal-v3', the postal service's Addresses API, or 'verify-xml HOST[:PORT]', "
-         "a service that still speaks the old form, instead of the base")
+  std::string kinds;
+  std::string places;
+  for (const UpstreamKind& kind : UpstreamKinds()) {
+    kinds += (kinds.empty() ? "" : "or ") + Usage(kind) + ", " + kind.description + ", ";
+    if (!kind.takesHost) {
+      places +=
+          (places.empty() ? "" : "; ") + std::string(kind.name) + " is (default " + kind.url + ")";
+    }
+  }
+  app.add_option("--upstream", options.upstream, "Ask " + kinds + "instead of the base")
       ->expected(1, 2)
       ->type_name("KIND [HOST]");
-  app.add_option("--upstream-url", options.url, "Where postal-v3 is (default " + options.url + ")")
-      ->type_name("URL");
+  app.add_option("--upstream-url", options.url, "Where " + places)->type_name("URL");
   app.add_option(
          "--credentials", options.credentials,
          "What the upstream knows the service by; its owner alone may read the file. SIGHUP "

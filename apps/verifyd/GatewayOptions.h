@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "service/gateway/Budget.h"
+#include "service/upstream/UpstreamKinds.h"
 
 namespace CLI {
 class App;
@@ -16,8 +17,9 @@ namespace postwright::service {
 
 // What the command line says of the gateway.
 struct GatewayOptions {
-  std::vector<std::string> upstream;  // its kind, and its host where the kind needs one; or empty
-  std::string url = "https://apis.usps.com";
+  std::vector<std::string> upstream;   // its kind, and its host where the kind needs one; or empty
+  const UpstreamKind* kind = nullptr;  // once completed, as `upstream` says
+  std::optional<std::string> url;      // as it is given; once completed the upstream's
   std::string credentials;
   std::optional<Budget::Rate> budget = Budget::Rate{};
   std::string cache;  // as it is given; once completed a file, empty for none

@@ -2,21 +2,8 @@
 
 #include <filesystem>
 
-#include "service/upstream/PostalApiUpstream.h"
-#include "service/upstream/VerifyXmlUpstream.h"
-
 namespace postwright::service {
 namespace {
-
-std::unique_ptr<Upstream> MakeUpstream(const GatewayOptions& options, const Zips& zips,
-                                       const Clock& clock) {
-  if (options.upstream[0] == "postal-v3") {
-    return std::make_unique<PostalApiUpstream>(options.url, options.credentials, zips, clock,
-                                               HttpClient::Limits());
-  }
-  return std::make_unique<VerifyXmlUpstream>(options.url, options.credentials,
-                                             HttpClient::Limits());
-}
 
 // Makes the folder of a file that is to be created there, for its owner alone.
 void MakeFolderOf(const std::filesystem::path& file) {
@@ -36,7 +23,7 @@ GatewayParts::GatewayParts(const GatewayOptions& options, LocalSource& local, co
     return;
   }
   const Zips zips = [&local] { return local.Zips(); };
-  upstream_ = MakeUpstream(options, zips, clock);
+  upstream_ = options.kind->make({*options.url, options.credentials, zips, clock});
   if (!options.cache.empty()) {
     AnswerCache::Limits limits;
     limits.lifetime = options.lifetime;

@@ -23,7 +23,7 @@ bool IsUnauthorised(const UpstreamOutcome& outcome) {
 
 PostalApiUpstream::PostalApiUpstream(const std::string& url, std::string credentials, Zips zips,
                                      const Clock& clock, const HttpClient::Limits& limits)
-    : name_("postal-v3 " + url),
+    : name_(std::string(kKind) + " " + url),
       addressUrl_(url + "/addresses/v3/address?"),
       credentialsFile_(std::move(credentials)),
       zips_(std::move(zips)),

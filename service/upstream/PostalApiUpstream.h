@@ -2,6 +2,7 @@
 #define POSTWRIGHT_SERVICE_UPSTREAM_POSTALAPIUPSTREAM_H_
 
 #include <string>
+#include <string_view>
 
 #include "service/upstream/HttpClient.h"
 #include "service/upstream/TokenKeeper.h"
@@ -20,6 +21,8 @@ namespace postwright::service {
 // more. Borrows the clock.
 class PostalApiUpstream final : public Upstream {
  public:
+  static constexpr std::string_view kKind = "postal-v3";
+
   // `url` is the API's host with its scheme and without a slash at the end. Throws CredentialsError
   // where `credentials` cannot be used or lacks client_id or client_secret.
   PostalApiUpstream(const std::string& url, std::string credentials, Zips zips, const Clock& clock,

@@ -18,7 +18,7 @@ Credentials LoadCredentials(const std::string& file) {
 
 VerifyXmlUpstream::VerifyXmlUpstream(const std::string& url, std::string credentials,
                                      const HttpClient::Limits& limits)
-    : name_("verify-xml " + url),
+    : name_(std::string(kKind) + " " + url),
       verifyUrl_(url + "/ShippingAPI.dll?API=Verify&XML="),
       credentialsFile_(std::move(credentials)),
       client_(limits),

@@ -3,6 +3,7 @@
 
 #include <mutex>
 #include <string>
+#include <string_view>
 
 #include "service/upstream/Credentials.h"
 #include "service/upstream/HttpClient.h"
@@ -18,6 +19,8 @@ namespace postwright::service {
 // Candidates are asked for as clients ask us; a partner that knows nothing of them names none.
 class VerifyXmlUpstream final : public Upstream {
  public:
+  static constexpr std::string_view kKind = "verify-xml";
+
   // `url` is what stands in front of /ShippingAPI.dll. Throws CredentialsError where `credentials`
   // cannot be used or lacks user_id.
   VerifyXmlUpstream(const std::string& url, std::string credentials,
