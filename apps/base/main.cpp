@@ -1,8 +1,10 @@
 // The command `postwright-base`: reads the command line and runs the subcommand that it names.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <exception>
+#include <functional>
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
@@ -67,7 +69,12 @@ std::string CheckName(const std::string& name) {
   return name.empty() ? "a name is missing" : "";
 }
 
-void AddImport(CLI::App& app, ImportOptions& options) {
+struct Command {
+  CLI::App* parser;
+  std::function<int()> run;
+};
+
+Command AddImport(CLI::App& app, ImportOptions& options) {
   CLI::App* const command = app.add_subcommand("import", "Make a base, or add files to one");
   command->add_option("BASE", options.base, "The base")
       ->required()
@@ -100,9 +107,16 @@ void AddImport(CLI::App& app, ImportOptions& options) {
       ->disable_flag_override();
   command->add_flag("--quiet", options.quiet, "Do not show how far it is")->disable_flag_override();
   command->footer(kImportFooter);
+  return {command, [&options] { return RunImport(options); }};
 }
 
-void AddLookup(CLI::App& app, LookupOptions& options) {
+Command AddInfo(CLI::App& app, std::string& base) {
+  CLI::App* const command = app.add_subcommand("info", "Tell what a base holds, and its sources");
+  command->add_option("BASE", base, "The base")->required();
+  return {command, [&base] { return RunInfo(base); }};
+}
+
+Command AddLookup(CLI::App& app, LookupOptions& options) {
   CLI::App* const command =
       app.add_subcommand("lookup", "Tell what becomes of an address, and why");
   command->add_option("BASE", options.base, "The base")->required();
@@ -117,6 +131,7 @@ void AddLookup(CLI::App& app, LookupOptions& options) {
                    "Further ZIP codes, as postwright-verifyd takes them with --base")
       ->type_name("FILE");
   command->footer(kLookupFooter);
+  return {command, [&options] { return RunLookup(options); }};
 }
 
 int RunCommandLine(int argc, char** argv) {
@@ -128,12 +143,9 @@ int RunCommandLine(int argc, char** argv) {
   app.footer(kFooter);
   app.require_subcommand(1);
   ImportOptions import;
-  AddImport(app, import);
   std::string base;
-  CLI::App* const info = app.add_subcommand("info", "Tell what a base holds, and its sources");
-  info->add_option("BASE", base, "The base")->required();
   LookupOptions lookup;
-  AddLookup(app, lookup);
+  const Command commands[] = {AddImport(app, import), AddInfo(app, base), AddLookup(app, lookup)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& question) {
@@ -142,10 +154,9 @@ int RunCommandLine(int argc, char** argv) {
     std::cerr << kName << ": " << error.what() << "\n'" << kName << " --help' says more.\n";
     return kExitFailed;
   }
-  if (info->parsed()) {
-    return RunInfo(base);
-  }
-  return app.got_subcommand("lookup") ? RunLookup(lookup) : RunImport(import);
+  const auto* const asked = std::ranges::find_if(
+      commands, [](const Command& command) { return command.parser->parsed(); });
+  return asked->run();
 }
 
 }  // namespace
