@@ -1,16 +1,18 @@
 #!/usr/bin/env python3
 """Fails where a source includes what the README of its folder does not allow.
 
+    scripts/check-includes.py [ROOT]
+
 A README has a table of its folders, `| folder | what lives there | may include |`. The third column
 names folders and single headers in backticks, and libraries by the names of LIBRARIES. A folder's
-own headers are free, and so are those of the standard library and the system. A folder with sources
-and no row fails too.
+own headers are free, and so are those of the standard library and the system. The tables are true:
+a folder with sources has a row, a row has a folder, and what a folder may include it does.
 """
 
 import collections
+import os
 import pathlib
 import re
-import subprocess
 import sys
 
 ROOMS = ["apps", "client", "common", "core", "platform", "postal", "service"]
@@ -26,10 +28,9 @@ LIBRARIES = {
 INCLUDE = re.compile(r'#include ([<"])([^>"]+)[>"]')
 
 
-def tracked(*patterns):
-    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", *patterns],
-                            capture_output=True, text=True, check=True).stdout.split("\n")
-    return sorted(path for path in listed if path and pathlib.Path(path).exists())
+def find(*endings):
+    return sorted(str(path) for room in ROOMS for path in pathlib.Path(room).rglob("*")
+                  if path.name.endswith(endings))
 
 
 def read_rules(readmes, folders):
@@ -70,24 +71,37 @@ def target_of(quote, name, home):
     return None
 
 
-def main():
-    sources = [path for path in tracked(*ROOMS) if path.endswith((".h", ".cpp"))]
+def find_faults():
+    sources = find(".h", ".cpp")
     folders = {str(pathlib.Path(path).parent) for path in sources}
     home = {pathlib.Path(path).name: path for path in sources if path.endswith(".h")}
-    rules = read_rules([path for path in tracked(*ROOMS) if path.endswith("README.md")], folders)
-    faults = [f"{folder}: no README has a row for it" for folder in sorted(folders - rules.keys())]
+    rules = read_rules(find("README.md"), folders)
+    uses = collections.defaultdict(set)
     for path in sources:
         folder = str(pathlib.Path(path).parent)
         for number, line in enumerate(pathlib.Path(path).read_text().split("\n"), 1):
             found = INCLUDE.match(line)
             target = found and target_of(*found.groups(), home)
-            if target and folder in rules and target[0] != folder and not rules[folder] & set(target):
-                faults.append(f"{path}:{number}: {folder} may not include {found.group(2)}")
-    uses = collections.defaultdict(set)
-    for folder, allowed in rules.items():
-        uses[folder] = allowed & rules.keys()
-    faults += [f"{one}, {other}: each may include the other" for one in sorted(uses)
-               for other in sorted(uses[one]) if one < other and one in uses[other]]
+            if not target:
+                continue
+            uses[folder] |= set(target)
+            if folder in rules and target[0] != folder and not rules[folder] & set(target):
+                yield f"{path}:{number}: {folder} may not include {found.group(2)}"
+    for folder in sorted(folders - rules.keys()):
+        yield f"{folder}: no README has a row for it"
+    for folder in sorted(rules.keys() - folders):
+        yield f"{folder}: has a row in a README, and no sources"
+    for folder in sorted(rules.keys() & folders):
+        for name in sorted(rules[folder] - uses[folder]):
+            yield f"{folder}: may include {name}, and does not"
+        for other in sorted(rules[folder] & rules.keys()):
+            if folder < other and folder in rules[other]:
+                yield f"{folder}, {other}: each may include the other"
+
+
+def main():
+    os.chdir(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parent.parent)
+    faults = list(find_faults())
     print("\n".join(faults), end="\n" if faults else "")
     return 1 if faults else 0
 
