@@ -1,8 +1,9 @@
 #include <postwright/NetworkReachability.h>
 
+#include "common/FileDescriptor.h"
+
 #include <netdb.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <memory>
@@ -36,13 +37,8 @@ AddressList Resolve(const std::string& name) {
 
 // Connecting a datagram socket sends nothing: the kernel looks the route up and keeps it.
 bool HasRoute(const addrinfo& address) {
-  const int handle = socket(address.ai_family, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  if (handle < 0) {
-    return false;
-  }
-  const bool routed = connect(handle, address.ai_addr, address.ai_addrlen) == 0;
-  close(handle);
-  return routed;
+  const FileDescriptor handle(socket(address.ai_family, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+  return handle >= 0 && connect(handle, address.ai_addr, address.ai_addrlen) == 0;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <ctime>
 
 #include "common/AsciiText.h"
+#include "common/FileDescriptor.h"
 #include "common/NewFileMode.h"
 #include "postal/base/BaseFile.h"
 #include "postal/base/BaseSchema.h"
@@ -39,14 +40,9 @@ void Attach(SqliteFile& file, const std::string& other, const std::string& name)
 
 // Makes sure that what was written is on the disk before the file takes another's place.
 void FlushToDisk(const std::string& file) {
-  const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool flushed = descriptor >= 0 && fsync(descriptor) == 0;
-  const int error = errno;
-  if (descriptor >= 0) {
-    close(descriptor);
-  }
-  if (!flushed) {
-    throw ImportError(file + ": cannot be written to the disk: " + std::strerror(error));
+  const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  if (opened < 0 || fsync(opened) != 0) {
+    throw ImportError(file + ": cannot be written to the disk: " + std::strerror(errno));
   }
 }
 

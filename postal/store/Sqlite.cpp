@@ -2,24 +2,27 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
+
+#include "common/FileDescriptor.h"
+#include "common/SmallText.h"
 
 namespace postwright::postal {
 namespace {
 
 // SQLite would create the file with the process's own mask; its helper files take its mode.
 void CreatePrivate(const std::filesystem::path& file) {
-  const int created = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (created >= 0) {
-    close(created);
-  }
+  const FileDescriptor created(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
 }
 
 // The signs that mean something else in a URI's path.
 std::string EscapeForUri(const std::string& path) {
   std::string escaped;
   for (const char c : path) {
-    escaped += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+    if (c == '%' || c == '?' || c == '#') {
+      AppendEscape(c, escaped);
+    } else {
+      escaped += c;
+    }
   }
   return escaped;
 }

@@ -41,7 +41,7 @@ void ConnectionWatch::HeadRead(Connection& connection) {
 }
 
 void ConnectionWatch::Answered(Connection& connection) {
-  connection.waitsSince_ = Clock::now();
+  connection.waitsSince_ = Steady::now();
   connection.hasHead_ = false;
 }
 
@@ -72,10 +72,10 @@ size_t ConnectionWatch::OpenCount() const {
 // nothing is known is not.
 ConnectionWatch::Connection* ConnectionWatch::FindIdle(const Connection& newcomer,
                                                        const std::string* peer) {
-  const Clock::time_point settled = Clock::now() - limits_.idle;
+  const Steady::time_point settled = Steady::now() - limits_.idle;
   Connection* oldest = nullptr;
   for (auto& [socket, connection] : connections_) {
-    const Clock::time_point since = connection.waitsSince_;
+    const Steady::time_point since = connection.waitsSince_;
     const bool isIdle =
         !connection.isEnded_ && !connection.hasHead_ && (since <= settled || !connection.isKnown_);
     if (isIdle && &connection != &newcomer && (peer == nullptr || connection.peer_ == *peer) &&
@@ -108,7 +108,7 @@ void ConnectionWatch::EndLate() {
       limits_.request / 8, std::chrono::milliseconds(10), std::chrono::seconds(1));
   std::unique_lock lock(mutex_);
   while (!stopping_.wait_for(lock, interval, [this] { return stop_; })) {
-    const Clock::time_point latest = Clock::now() - limits_.request;
+    const Steady::time_point latest = Steady::now() - limits_.request;
     for (auto& [socket, connection] : connections_) {
       if (!connection.isEnded_ && connection.waitsSince_.load() < latest) {
         End(connection);

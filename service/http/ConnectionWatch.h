@@ -51,7 +51,7 @@ class ConnectionWatch {
   size_t OpenCount() const;
 
  private:
-  using Clock = std::chrono::steady_clock;
+  using Steady = std::chrono::steady_clock;
 
   // Under mutex_:
   Connection* FindIdle(const Connection& newcomer, const std::string* peer);
@@ -81,7 +81,7 @@ class ConnectionWatch::Connection {
   const int socket_;
   const std::string peer_;
   bool isEnded_ = false;  // under the watch's mutex
-  std::atomic<Clock::time_point> waitsSince_ = Clock::now();
+  std::atomic<Steady::time_point> waitsSince_ = Steady::now();
   std::atomic<bool> hasHead_ = false;  // of the request under way
   std::atomic<bool> isKnown_ = false;  // has had a whole head before
 };

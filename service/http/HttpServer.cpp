@@ -19,7 +19,7 @@
 namespace postwright::service {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 using ExchangePointer = std::shared_ptr<Exchange>;
 
 constexpr int kOk = 200;
@@ -78,13 +78,13 @@ class HttpServer::Impl {
       TakeWaiting(socket);
       close(socket);
     }
-    const Clock::time_point begun = Clock::now();
+    const Steady::time_point begun = Steady::now();
     do {
-      if (Clock::now() > begun + kLastPatience) {
+      if (Steady::now() > begun + kLastPatience) {
         watch_.EndWaiting();
       }
       std::this_thread::sleep_for(kStep);  // the first time for a connection just being taken, too
-    } while (watch_.OpenCount() > 0 && Clock::now() < begun + limit);
+    } while (watch_.OpenCount() > 0 && Steady::now() < begun + limit);
   }
 
  private:
@@ -292,7 +292,7 @@ class HttpServer::Impl {
       return;
     }
     const auto taken =
-        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.begun);
+        std::chrono::duration_cast<std::chrono::microseconds>(Steady::now() - exchange.begun);
     log_.Write(exchange.request.client + ' ' + KnownMethod(exchange.request.method) + ' ' +
                std::to_string(reply.status) + ' ' + std::to_string(reply.body.size()) + " bytes " +
                std::to_string(taken.count()) + " us" +

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "common/FileDescriptor.h"
 #include "common/SmallText.h"
 
 namespace postwright::service {
@@ -24,20 +25,6 @@ constexpr NameRow kNames[] = {
     {"client_secret", &Credentials::clientSecret},
     {"user_id", &Credentials::userId},
     {"password", &Credentials::password},
-};
-
-// Closes a descriptor when it goes out of scope.
-struct Descriptor {
-  explicit Descriptor(int opened) : number(opened) {}
-  ~Descriptor() {
-    if (number >= 0) {
-      close(number);
-    }
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  const int number;
 };
 
 // Says what is wrong with who may read the file, on the descriptor that is read afterwards.
@@ -58,16 +45,16 @@ std::string ObjectionTo(const struct stat& state) {
 }
 
 std::string ReadPrivate(const std::filesystem::path& file) {
-  const Descriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat state = {};
-  if (opened.number < 0 || fstat(opened.number, &state) != 0) {
+  if (opened < 0 || fstat(opened, &state) != 0) {
     throw CredentialsError(file.string() + ": cannot be read: " + std::strerror(errno));
   }
   if (const std::string objection = ObjectionTo(state); !objection.empty()) {
     throw CredentialsError(file.string() + ": " + objection);
   }
   std::string text(Credentials::kLongestFile, '\0');
-  const ssize_t length = read(opened.number, text.data(), text.size());
+  const ssize_t length = read(opened, text.data(), text.size());
   if (length < 0) {
     throw CredentialsError(file.string() + ": cannot be read: " + std::strerror(errno));
   }
