@@ -14,9 +14,9 @@ namespace postwright::service {
 
 // What the service knows by itself, read from files, and read again while it runs.
 //
-//   LocalSource base({"us-zips.tsv"});
-//   VerifyService service(base, nullptr, {});
-//   base.Reload();
+//   LocalSource source({"us-zips.tsv"});
+//   VerifyService service(source, nullptr, {});
+//   source.Reload();
 //
 // Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
 class LocalSource final : public AnswerSource {

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "apps/DefaultBase.h"
+#include "apps/DefaultZips.h"
 #include "apps/base/BaseExit.h"
 #include "postal/import/Importer.h"
 #include "postal/places/ZipList.h"
@@ -123,7 +123,7 @@ void Summarise(const Importer& importer, const ImportOptions& options, ImportPro
 
 int RunImport(const ImportOptions& options) {
   ZipList zips;
-  zips.Load(DefaultBase());
+  zips.Load(DefaultZips());
   if (options.restart) {
     for (const char* ending : {".import", ".import-journal", ".import-new"}) {
       std::filesystem::remove(options.base + ending);

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "apps/DefaultBase.h"
+#include "apps/DefaultZips.h"
 #include "apps/base/BaseExit.h"
 #include "service/Verifier.h"
 
@@ -40,7 +40,7 @@ int WriteAnswer(const service::ReplyFields& fields) {
 
 int RunLookup(const LookupOptions& options) {
   ZipList zips;
-  zips.Load(DefaultBase());
+  zips.Load(DefaultZips());
   if (!options.zips.empty()) {
     zips.Load(options.zips);
   }

@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "apps/CharacterLocale.h"
-#include "apps/DefaultBase.h"
+#include "apps/DefaultZips.h"
 #include "apps/StandardStreams.h"
 #include "apps/verifyd/GatewayOptions.h"
 #include "apps/verifyd/GatewayParts.h"
@@ -75,7 +75,7 @@ void AddOptions(CLI::App& app, Options& options) {
 }
 
 // Reads again what a SIGHUP is for. What cannot be used changes nothing.
-void Reload(LocalSource& base, UserList* users, Gateway* gateway, RequestLog& log) {
+void Reload(LocalSource& local, UserList* users, Gateway* gateway, RequestLog& log) {
   const auto attempt = [&log](const char* what, const std::function<void()>& read) {
     try {
       read();
@@ -84,7 +84,7 @@ void Reload(LocalSource& base, UserList* users, Gateway* gateway, RequestLog& lo
       log.Write(std::string(error.what()) + "; the old " + what + " stays in use");
     }
   };
-  attempt("base", [&base] { base.Reload(); });
+  attempt("base", [&local] { local.Reload(); });
   if (users != nullptr) {
     attempt("list of users", [users] { users->Reload(); });
   }
@@ -96,7 +96,7 @@ void Reload(LocalSource& base, UserList* users, Gateway* gateway, RequestLog& lo
 void Serve(const Options& options) {
   const sigset_t signals = BlockSignals();
   ReserveDescriptors(options.service.limits.connections);
-  LocalSource base(options.service.bases);
+  LocalSource local(options.service.bases);
   std::optional<UserList> users;
   if (!options.service.users.empty()) {
     users.emplace(options.service.users);
@@ -104,7 +104,7 @@ void Serve(const Options& options) {
   UserList* const knownUsers = users ? &*users : nullptr;
   RequestLog log(STDERR_FILENO, std::string(kName) + ": ");
   const Clock clock;
-  GatewayParts parts(options.gateway, base, clock, log);
+  GatewayParts parts(options.gateway, local, clock, log);
   VerifyService service(parts.Source(), knownUsers, options.service.answers);
   const StatusPages pages(
       {service.Counts(), parts.GetGateway(), parts.GetCache(), parts.GetFallback()}, clock,
@@ -120,7 +120,7 @@ void Serve(const Options& options) {
   HttpServer server(ListenAddress::Parse(options.service.listen), options.service.limits, answer,
                     log);
   log.Write("listening on " + server.Address());
-  WaitForEnd(signals, [&] { Reload(base, knownUsers, parts.GetGateway(), log); });
+  WaitForEnd(signals, [&] { Reload(local, knownUsers, parts.GetGateway(), log); });
   std::thread([signals] {
     WaitForEnd(signals, [] {});
     _exit(kFailure);
@@ -145,7 +145,7 @@ int RunCommandLine(int argc, char** argv) {
   // An address base says which streets a ZIP code has, not which ZIP codes there are.
   if (std::all_of(options.service.bases.begin(), options.service.bases.end(),
                   postal::BaseFile::IsSqlite)) {
-    options.service.bases.emplace_back(DefaultBase());
+    options.service.bases.emplace_back(DefaultZips());
   }
   Serve(options);
   return 0;

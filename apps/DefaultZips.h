@@ -1,13 +1,13 @@
-#ifndef POSTWRIGHT_APPS_DEFAULTBASE_H_
-#define POSTWRIGHT_APPS_DEFAULTBASE_H_
+#ifndef POSTWRIGHT_APPS_DEFAULTZIPS_H_
+#define POSTWRIGHT_APPS_DEFAULTZIPS_H_
 
 #include <string>
 
 namespace postwright {
 
 // Returns the ZIP codes that come along, seen from where the program lies.
-std::string DefaultBase();
+std::string DefaultZips();
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_DEFAULTBASE_H_
+#endif  // POSTWRIGHT_APPS_DEFAULTZIPS_H_
