@@ -31,25 +31,9 @@ constexpr std::pair<const char*, const char*> kSpelled[] = {
 
 }  // namespace
 
-void Lexicon::Table::Add(std::string_view word, std::string_view standard) {
-  words_.emplace(word, standard);
-  shapes_.set(ShapeOf(word));
-}
-
-std::string_view Lexicon::Table::Find(std::string_view word) const {
-  if (!shapes_.test(ShapeOf(word))) {
-    return {};
-  }
-  const auto found = words_.find(word);
-  return found == words_.end() ? std::string_view() : std::string_view(found->second);
-}
-
-size_t Lexicon::Table::ShapeOf(std::string_view word) {
-  if (word.empty()) {
-    return 0;
-  }
-  const auto letter = [](char c) { return static_cast<unsigned char>(c) % 32U; };
-  return (letter(word.front()) * 32 + letter(word.back()) + word.size() * 83) % kShapes;
+std::string_view Lexicon::Find(const Table& table, std::string_view word) {
+  const auto found = table.find(word);
+  return found == table.end() ? std::string_view() : std::string_view(found->second);
 }
 
 const Lexicon& Lexicon::Get() {
@@ -59,32 +43,32 @@ const Lexicon& Lexicon::Get() {
 
 Lexicon::Lexicon() {
   for (const VocabularyRow& row : Vocabulary::Directions()) {
-    directions_.Add(Narrow(row.written), Narrow(row.standard));
-    directions_.Add(Narrow(row.standard), Narrow(row.standard));
-    spelledDirections_.Add(Narrow(row.standard), Narrow(row.written));
+    directions_.emplace(Narrow(row.written), Narrow(row.standard));
+    directions_.emplace(Narrow(row.standard), Narrow(row.standard));
+    spelledDirections_.emplace(Narrow(row.standard), Narrow(row.written));
   }
   for (const auto& [standard, spelled] : kSpelled) {
-    spelledSuffixes_.Add(standard, spelled);
+    spelledSuffixes_.emplace(standard, spelled);
   }
   for (const SuffixRow& row : Vocabulary::Suffixes()) {
     const std::string standard = Narrow(row.standard);
-    suffixes_.Add(standard, standard);
+    suffixes_.emplace(standard, standard);
     std::string longest;
     for (const wchar_t* written : row.written) {
       const std::string word = Narrow(written);
-      suffixes_.Add(word, standard);
+      suffixes_.emplace(word, standard);
       longest = word.size() > longest.size() ? word : longest;
     }
-    spelledSuffixes_.Add(standard, longest);
+    spelledSuffixes_.emplace(standard, longest);
   }
   FillUnits(Vocabulary::NumberedUnits(), numberedUnits_);
-  numberedUnits_.Add("PMB", "PMB");  // private mailbox, section 284
+  numberedUnits_.emplace("PMB", "PMB");  // private mailbox, section 284
   FillUnits(Vocabulary::PlainUnits(), plainUnits_);
   for (const VocabularyRow& row : Vocabulary::States()) {
     std::string name = Narrow(row.written);
     std::erase_if(name, [](char c) { return !IsUpper(c); });
-    states_.Add(name, Narrow(row.standard));
-    states_.Add(Narrow(row.standard), Narrow(row.standard));
+    states_.emplace(name, Narrow(row.standard));
+    states_.emplace(Narrow(row.standard), Narrow(row.standard));
   }
   FillWith(Vocabulary::kMilitaryStates, states_);
   FillWith(Vocabulary::kMilitaryStates, militaryStates_);
@@ -94,7 +78,7 @@ Lexicon::Lexicon() {
 
 void Lexicon::FillWith(std::span<const std::wstring_view> words, Table& table) {
   for (const std::wstring_view word : words) {
-    table.Add(Narrow(word), Narrow(word));
+    table.emplace(Narrow(word), Narrow(word));
   }
 }
 
@@ -102,26 +86,26 @@ void Lexicon::FillUnits(const std::vector<VocabularyRow>& rows, Table& table) {
   for (const VocabularyRow& row : rows) {
     const std::string standard = Narrow(StandardUnit(row.standard));
     for (const std::wstring& word : UnitWords(row.written)) {
-      table.Add(Narrow(word), standard);
+      table.emplace(Narrow(word), standard);
     }
-    table.Add(standard, standard);
+    table.emplace(standard, standard);
   }
 }
 
 std::string_view Lexicon::Direction(std::string_view word) const {
-  return directions_.Find(word);
+  return Find(directions_, word);
 }
 
 std::string_view Lexicon::SpelledDirection(std::string_view standard) const {
-  return spelledDirections_.Find(standard);
+  return Find(spelledDirections_, standard);
 }
 
 std::string_view Lexicon::Suffix(std::string_view word) const {
-  return suffixes_.Find(word);
+  return Find(suffixes_, word);
 }
 
 std::string_view Lexicon::SpelledSuffix(std::string_view standard) const {
-  return spelledSuffixes_.Find(standard);
+  return Find(spelledSuffixes_, standard);
 }
 
 bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
@@ -132,29 +116,29 @@ bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
 }
 
 std::string_view Lexicon::NumberedUnit(std::string_view word) const {
-  return numberedUnits_.Find(word);
+  return Find(numberedUnits_, word);
 }
 
 std::string_view Lexicon::PlainUnit(std::string_view word) const {
-  return plainUnits_.Find(word);
+  return Find(plainUnits_, word);
 }
 
 std::string_view Lexicon::State(std::string_view nameOrCode) const {
   std::string letters(nameOrCode);
   std::erase(letters, ' ');
-  return states_.Find(letters);
+  return Find(states_, letters);
 }
 
 bool Lexicon::IsMilitaryState(std::string_view code) const {
-  return !militaryStates_.Find(code).empty();
+  return !Find(militaryStates_, code).empty();
 }
 
 bool Lexicon::IsMilitaryCity(std::string_view city) const {
-  return !militaryCities_.Find(city).empty();
+  return !Find(militaryCities_, city).empty();
 }
 
 bool Lexicon::IsMilitaryUnit(std::string_view word) const {
-  return !militaryUnits_.Find(word).empty();
+  return !Find(militaryUnits_, word).empty();
 }
 
 }  // namespace postwright::postal

@@ -1,7 +1,6 @@
 #ifndef POSTWRIGHT_POSTAL_WORDS_LEXICON_H_
 #define POSTWRIGHT_POSTAL_WORDS_LEXICON_H_
 
-#include <bitset>
 #include <span>
 #include <string>
 #include <string_view>
@@ -49,22 +48,11 @@ class Lexicon {
   bool IsMilitaryUnit(std::string_view word) const;   // CMR, PSC, UNIT
 
  private:
-  // Words with their standard forms. Nearly every word that is looked up is none of them, which
-  // its first and last letter and its length mostly tell.
-  class Table {
-   public:
-    void Add(std::string_view word, std::string_view standard);  // the first one of a word stays
-    std::string_view Find(std::string_view word) const;
-
-   private:
-    static constexpr size_t kShapes = 1024;
-    static size_t ShapeOf(std::string_view word);
-
-    std::bitset<kShapes> shapes_;
-    std::unordered_map<std::string, std::string, StringHash<char>, std::equal_to<>> words_;
-  };
+  // Words with their standard forms; the first one of a word stays.
+  using Table = std::unordered_map<std::string, std::string, StringHash<char>, std::equal_to<>>;
 
   Lexicon();
+  static std::string_view Find(const Table& table, std::string_view word);
   static void FillWith(std::span<const std::wstring_view> words, Table& table);
   static void FillUnits(const std::vector<Vocabulary::VocabularyRow>& rows, Table& table);
 
