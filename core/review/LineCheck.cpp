@@ -120,6 +120,10 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
            (left != right && !(left == Role::City && BeginsAsStreetEnds(before.correctedEnd - 1)));
   }
   const LabelWord& word = corrected_.words[piece.correctedBegin];
+  if (IsDeliveryLine(left) && typed_.roles[piece.typedBegin] != Role::City &&
+      !WordForms::Get().PlainUnit(word.text).empty() && IsAloneOnLine(piece.typedBegin)) {
+    return true;  // REAR below a street without a suffix
+  }
   if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City &&
       !WordForms::Get().PlainUnit(word.text).empty()) {
     return false;  // UPPER SANDUSKY is a city, and no unit UPPR with a city SANDUSKY

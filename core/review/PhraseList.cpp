@@ -171,11 +171,10 @@ class PhraseFinder {
       return;
     }
     Add(1, L"TO THE " + std::wstring(first), CorrectionRule::Directional);
-    if (Left() > 1) {
-      const std::wstring both = std::wstring(first) + std::wstring(forms.Direction(Text(1)));
-      if (both.size() == 2 && !forms.Direction(both).empty()) {
-        Add(2, L"TO THE " + both, CorrectionRule::Directional);
-      }
+    const std::wstring_view second = Left() > 1 ? forms.Direction(Text(1)) : std::wstring_view();
+    const std::wstring both = std::wstring(first) + std::wstring(second);
+    if (first.size() == 1 && second.size() == 1 && !forms.Direction(both).empty()) {
+      Add(2, L"TO THE " + both, CorrectionRule::Directional);
     }
   }
 
@@ -195,8 +194,8 @@ class PhraseFinder {
     std::wstring_view kind;
     for (std::size_t i = 0; i < Left(); ++i) {
       const std::wstring_view word = Text(i);
-      if (words_[at_ + i].afterNumberSign) {
-        return;  // a unit
+      if (words_[at_ + i].afterNumberSign || (i > 0 && words_[at_ + i].afterComma)) {
+        return;  // a unit, or a city: Mill Road, O Brien
       }
       const std::size_t digit = word.find_first_of(L"0123456789");
       if (digit != std::wstring_view::npos) {

@@ -153,12 +153,15 @@ class Judge {
     }
   }
 
-  // A unit that was typed in front of its street or on a line of its own goes behind it; in Puerto
-  // Rico the house number goes in front and the urbanization on its line.
+  // A unit that was typed in front of its street or on a line of its own goes behind it, or its
+  // street in front of it; in Puerto Rico the house number goes in front and the urbanization on
+  // its line.
   CorrectionRule MoveRule(const AlignedPiece& from, const AlignedPiece& to) const {
     const Role role = rules_.RoleOf(to);
     const bool isPlain = !from.HasCorrected() && !to.HasTyped();
-    if (isPlain && role == Role::Unit && IsUnit(from) && StandsWithStreet(from)) {
+    const bool isUnit =
+        role == Role::Unit ? IsUnit(from) : IsDeliveryLine(role) && IsPlainUnit(from);
+    if (isPlain && ((isUnit && StandsWithStreet(from)) || GoesBeforeUnit(from, to))) {
       return CorrectionRule::UnitPlace;
     }
     if (isPlain && IsPuertoRico() && (role == Role::Urbanization || role == Role::HouseNumber)) {
@@ -169,7 +172,33 @@ class Judge {
   }
 
   bool IsUnit(const AlignedPiece& change) const {
-    return !WordForms::Get().Unit(typed_.words[change.typedBegin].text).empty();
+    const LabelWord& word = typed_.words[change.typedBegin];
+    return word.afterNumberSign || !WordForms::Get().Unit(word.text).empty();
+  }
+  bool IsPlainUnit(const AlignedPiece& change) const {
+    return change.typedEnd - change.typedBegin == 1 &&
+           !WordForms::Get().PlainUnit(typed_.words[change.typedBegin].text).empty();
+  }
+
+  // Whether a street's word was typed below the line of its unit, and stands in front of it now.
+  bool GoesBeforeUnit(const AlignedPiece& from, const AlignedPiece& to) const {
+    const std::vector<Role>& roles = corrected_.roles;
+    const auto isUnit = [](Role role) { return role == Role::Unit; };
+    const auto unit = std::find_if(roles.begin(), roles.end(), isUnit);
+    const auto unitEnd = std::find_if_not(unit, roles.end(), isUnit);
+    std::size_t line = from.typedBegin;
+    while (line > 0 && typed_.words[line - 1].line == typed_.words[from.typedBegin].line) {
+      --line;
+    }
+    std::size_t above = line;
+    while (above > 0 && typed_.words[above - 1].line == typed_.words[line - 1].line) {
+      --above;
+    }
+    const auto at = [&roles](auto place) {
+      return static_cast<std::size_t>(place - roles.begin());
+    };
+    return above < line && at(unit) >= to.correctedEnd && IsDeliveryLine(rules_.RoleOf(to)) &&
+           Key(typed_, above, line) == Key(corrected_, at(unit), at(unitEnd));
   }
 
   // Whether the words have a typed line to themselves, or share it with words of a street.
