@@ -66,7 +66,8 @@ class Element:
     def _city_spellings(self):
         long = words(self.standard)
         short = tuple(CITY_WORDS.get(word, word) for word in long)
-        return [(short[0], *long[1:]), short, ("".join(long),)]
+        apart = words(self.standard.replace("'", " "))  # COEUR D ALENE
+        return [(short[0], *long[1:]), short, ("".join(long),), apart]
 
 
 @dataclass
