@@ -66,8 +66,9 @@ of numbers and ZIP+4, the slash of a fraction, the # of a unit. Mixed case has a
 directions, names like McDonald and the like; the words of --mixed-case are spelt as given there.
 
 The lines around the address stay as they were typed, unless with --whole-label or --names. Where no
-line is clearly the address, the whole text is asked about, and names keep their form all the same. Rural routes, boxes with letters and addresses of other countries are not asked
-about and stay as they are, which standard error says.
+line is clearly the address, the whole text is asked about, and names keep their form all the same.
+Rural routes, boxes with letters, General Delivery, numbers with a block in front (Puerto Rico) and
+addresses of other countries are not asked about and stay as they are, which standard error says.
 
 A correction that the rules of postal addresses and the service's footnotes do not account for is
 doubtful: a number that moved, a word lost, another street without a reason. So is a number that

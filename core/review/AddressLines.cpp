@@ -2,6 +2,7 @@
 
 #include "core/review/Countries.h"
 #include "core/review/Digits.h"
+#include "core/review/LineRespelling.h"
 #include "core/review/RunFinder.h"
 
 #include <postwright/Utils.h>
@@ -102,6 +103,10 @@ const char* CodeOfReason(LeftAloneReason reason) {
       return "left-alone-foreign-country";
     case LeftAloneBox:
       return "left-alone-box";
+    case LeftAloneGeneralDelivery:
+      return "left-alone-general-delivery";
+    case LeftAloneBlock:
+      return "left-alone-block";
     default:
       return "";
   }
@@ -117,6 +122,11 @@ const char* TextOfReason(LeftAloneReason reason) {
     case LeftAloneBox:
       return "A post-office box with a letter in its number: it cannot be checked, and stays as it "
              "was typed.";
+    case LeftAloneGeneralDelivery:
+      return "General Delivery: it has no number to be checked, and stays as it was typed.";
+    case LeftAloneBlock:
+      return "A house number of Puerto Rico that begins with its block: it cannot be checked, and "
+             "stays as it was typed.";
     default:
       return "";
   }
@@ -173,6 +183,9 @@ std::wstring AddressLines::PutBack(const std::wstring& corrected) const {
     return corrected;
   }
   std::vector<std::wstring> lines = Utils::SeparateStringToLines(corrected);
+  if (!lines.empty()) {
+    JoinLetter(lines.front(), respellings_);
+  }
   if (!between_.empty() && !lines.empty()) {
     lines.insert(lines.end() - 1, between_);
   }

@@ -18,11 +18,16 @@ enum AddressRespelling : std::int32_t {
   AddressRespellingComma = 2,    // a comma between state and ZIP code: left out
   AddressRespellingZip = 3,      // "787011234", "78701 - 1234", TX78701: with its hyphen or blank
   AddressRespellingZipLine = 4,  // a ZIP code on a line of its own: behind the state
-  AddressRespellingUnitLine = 5,     // a unit above its street: behind it
-  AddressRespellingUnit = 6,         // "2nd Floor", "Apt. #4": designator and number
-  AddressRespellingBox = 7,          // "P.O.Box #12", "Post Office Box 12": PO BOX 12
-  AddressRespellingHouseNumber = 8,  // "#12", "No. 12", a fraction that is one character
-  AddressRespellingMilitary = 9,     // a military unit and its box on two lines: on one
+  AddressRespellingUnitLine = 5,      // a unit above its street: behind it
+  AddressRespellingUnit = 6,          // "2nd Floor", "Apt. #4": designator and number
+  AddressRespellingBox = 7,           // "P.O.Box #12", "Post Office Box 12": PO BOX 12
+  AddressRespellingHouseNumber = 8,   // "#12", "No. 12", "One Main St"; a fraction that is one
+                                      // character or stands behind a hyphen: 12 1/2; "352A", of
+                                      // which the grammar makes an apartment: 352-A, or 352 A where
+                                      // there is a unit
+  AddressRespellingMilitary = 9,      // a military unit and its box on two lines: on one
+  AddressRespellingDirectional = 10,  // "North West" in two words: NW
+  AddressRespellingNumberBehind = 11,  // "Calle Sol #288" in Puerto Rico: 288 CALLE SOL
 };
 
 // One such place: as it was typed, and as it stands in the question.
@@ -44,14 +49,18 @@ enum AddressLinesOutcome : std::int32_t {
 // Why a label is left alone.
 enum LeftAloneReason : std::int32_t {
   LeftAloneNot = 0,
-  LeftAloneRuralRoute = 1,      // "RR 3 Box 14", HC, Star Route (USPS Publication 28, section 24):
-                                // the grammar has no such form and would drop the route
-  LeftAloneForeignCountry = 2,  // the last line names another country
-  LeftAloneBox = 3,             // "PO Box A12": the grammar knows boxes with digits alone
+  LeftAloneRuralRoute = 1,       // "RR 3 Box 14", HC, Star Route (USPS Publication 28, section 24):
+                                 // the grammar has no such form and would drop the route
+  LeftAloneForeignCountry = 2,   // the last line names another country
+  LeftAloneBox = 3,              // "PO Box A12": the grammar knows boxes with digits alone
+  LeftAloneGeneralDelivery = 4,  // no number at all (section 26)
+  LeftAloneBlock =
+      5,  // "C10 Calle 6" in Puerto Rico: the grammar would drop the block (section 29)
 };
 
 // The stable name of a reason, for records that programs read: "left-alone-rural-route",
-// "left-alone-foreign-country", "left-alone-box"; "" for LeftAloneNot.
+// "left-alone-foreign-country", "left-alone-box", "left-alone-general-delivery",
+// "left-alone-block"; "" for LeftAloneNot.
 POSTWRIGHT_CORE_EXPORT const char* CodeOfReason(LeftAloneReason reason);
 
 // The same in English, for a person: what it is and what to do.
@@ -110,7 +119,8 @@ class POSTWRIGHT_CORE_EXPORT AddressLines {
 
   // Returns the label with `corrected`, the answer to the question, in the place of the address;
   // the lines between street and city stand above the last line of `corrected`. Line breaks within
-  // it become those of the label. In a label that is written in one line the address gets lines of
+  // it become those of the label, and the letter of a house number that was asked about apart from
+  // it (352 A) its own again. In a label that is written in one line the address gets lines of
   // its own, for which blanks, commas and semicolons at the cuts are given up. For
   // AddressLinesUnclear that is `corrected` itself, for AddressLinesLeftAlone the label.
   std::wstring PutBack(const std::wstring& corrected) const;

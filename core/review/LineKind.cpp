@@ -47,26 +47,30 @@ std::wstring PlainDesignators() {
 // The patterns are for lines in upper case with single blanks.
 struct Patterns {
   const std::wstring number = LR"([A-Z0-9-]*\d[A-Z0-9-]*)";
-  const std::wstring floor =
-      LR"((?:(?:\d+(?:ST|ND|RD|TH)|FIRST|SECOND|THIRD|FOURTH|FIFTH|SIXTH|SEVENTH|EIGHTH|NINTH|TENTH))"
-      LR"( (?:FLOOR|FLR|FL)\.?))";
+  const std::wstring floor = FloorPattern();
   const std::wstring unit = L"(?:" + floor + L"|" + Designators() +
                             LR"((?:\. ?| ?#|[ :-])(?:NO\.? ?|# ?)?(?:)" + number +
                             LR"(|[A-Z]{1,2})|)" + Designators() + LR"(\d[A-Z0-9-]*|# ?)" + number +
                             LR"(|# ?[A-Z]|)" + PlainDesignators() + L")";
+  // Two letters behind KEY are a word: Key West.
+  const std::wstring key = LR"(KEY(?:\. ?| ?#|[ :-])(?:# ?)?(?:)" + number + LR"(|[A-Z]))";
+  const std::wstring box =
+      LR"((?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|DRAWER|)"
+      LR"(LOCK ?BOX)[ .:]*(?:NO\.? ?|NUMBER |# ?)?)";
+  const std::wstring spanish =
+      LR"((?:CALLE|CALLEJON|CARR(?:ETERA)?\.?|AVE(?:NIDA)?\.?|PASEO|CAMINO) )";
   const std::wstring house =
       LR"((?:(?:NO\.? ?|# ?)(?=\d))?(?:\d+(?:[- ]\d+/\d+|/\d+|-\d+|[-]?[\xBC-\xBE])?(?:-?[A-Z])?|)"
       LR"([NSEW] ?\d+ ?[NSEW] ?\d+))";
 
-  const wsregex isUnit = wsregex::compile(L"^" + unit + L"(?:,? " + unit + L"){0,2}$");
+  const wsregex isUnit =
+      wsregex::compile(L"^(?:" + unit + L"(?:,? " + unit + L"){0,2}|" + key + L")$");
   const wsregex isHouse = wsregex::compile(L"^" + house + LR"([,.]? (?=.*[A-Z].*$))");
   const wsregex isTelephone = wsregex::compile(LR"(^\(?\d{3}\)?[ .-]\d{3}[ .-]\d{4}\b)");
-  const wsregex isBox = wsregex::compile(
-      LR"(^(?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|DRAWER|)"
-      LR"(LOCK ?BOX)[ .:]*(?:NO\.? ?|NUMBER |# ?)?(\d+)$)");
-  const wsregex isLetteredBox = wsregex::compile(
-      LR"(^(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER) #?(?:[A-Z]|[A-Z0-9-]*\d[A-Z0-9-]*)$)");
-  const wsregex isReadableBox = wsregex::compile(LR"(^(?:P[. ]?O[. ]? )?BOX \d+$)");
+  const wsregex isBox = wsregex::compile(L"^" + box + LR"((\d+)$)");
+  const wsregex isLetteredBox = wsregex::compile(L"^(?:" + box + number +
+                                                 LR"(|(?:P[. ]{0,2}O[. ]{0,2}|)"
+                                                 LR"(POST OFFICE )(?:BOX|DRAWER) #?[A-Z])$)");
   const wsregex isRoute = wsregex::compile(
       LR"(^(?:(?:R\.? ?R|R\.? ?F\.? ?D|RURAL (?:ROUTE|RTE|RT|DELIVERY)|H\.? ?C(?:\.? ?R)?|)"
       LR"(HIGHWAY CONTRACT(?: (?:ROUTE|RTE|RT))?|STAR (?:ROUTE|RTE|RT))[ .,-]*)"
@@ -75,8 +79,10 @@ struct Patterns {
   const wsregex isMilitary = wsregex::compile(
       LR"(^(?:(?:P\.?S\.?C\.?|C\.?M\.?R\.?|UNIT)[ .#-]*\d+\b|(?:USS|USNS|USCGC) [A-Z]))");
   const wsregex isAside = wsregex::compile(LR"(^(?:(?:ATTN|ATTENTION|ATT|C ?/ ?O|CARE OF)\b|%))");
-  const wsregex isFloor = wsregex::compile(floor);
-  const wsregex isNumberSign = wsregex::compile(LR"(^(?:NO\.? ?|# ?)(?=\d))");
+  const wsregex isGeneralDelivery = wsregex::compile(LR"(^GEN(?:ERAL|\.)? ?DEL(?:IVERY|\.)?$)");
+  const wsregex isBlockHouse = wsregex::compile(L"^[A-Z]{1,2}-?\\d+[A-Z]? " + spanish + L"|^" +
+                                                spanish + LR"(.*# ?[A-Z]{1,2}-?\d+[A-Z]?$)");
+  const wsregex isHouseBehind = wsregex::compile(L"^" + spanish + LR"(.*(?:\bNO\.? ?|# ?)\d+$)");
 };
 
 const Patterns& Pattern() {
@@ -125,61 +131,24 @@ bool IsHouse(const std::wstring& upper) {
          words.size() > 1 && !IsCompanyWord(std::wstring(words.back()));
 }
 
-// "2ND FLOOR" as the grammar reads a floor: FL 2.
-std::wstring FloorOf(const std::wstring& upper) {
-  if (IsDigit(upper.front())) {
-    return L"FL " + upper.substr(0, upper.find_first_not_of(L"0123456789"));
+// Number words are street names, too: THREE RIVERS DR, ONE MILE RD. They are a house number where a
+// street that is a number or has a directional follows, and ONE in front of most names.
+bool IsHouseInWords(const std::wstring& upper) {
+  const std::vector<std::wstring_view> words = WordsOf(upper);
+  if (words.size() < 3 || PlaceIn(kCardinals, words[0]) == 0 || !EndsAsStreet(upper)) {
+    return false;
   }
-  return L"FL " + std::to_wstring(PlaceIn(kOrdinals, upper.substr(0, upper.find(L' '))));
-}
-
-// Replaces [begin, begin + length) of `text` and notes it.
-void Replace(std::wstring& text, std::size_t begin, std::size_t length, const std::wstring& asked,
-             AddressRespelling rule, std::vector<RespelledWords>& respellings) {
-  respellings.push_back({rule, text.substr(begin, length), asked});
-  text.replace(begin, length, asked);
-}
-
-std::wstring RespellBox(const LabelPiece& piece, std::vector<RespelledWords>& respellings) {
-  wsmatch match;
-  std::wstring typed(TrimEnd(piece.typed, L" ,.;"));
-  const std::wstring upper = piece.upper.substr(0, typed.size());
-  if (!regex_match(upper, Pattern().isReadableBox) && regex_search(upper, match, Pattern().isBox)) {
-    Replace(typed, 0, typed.size(), L"PO BOX " + match[1].str(), AddressRespellingBox, respellings);
-  }
-  return typed;
-}
-
-// A fraction that is one character becomes three.
-void RespellFraction(std::wstring& line, std::vector<RespelledWords>& respellings) {
-  constexpr std::array kFractions = {L"1/4", L"1/2", L"3/4"};
-  const std::size_t at = line.find_first_of(L"\u00BC\u00BD\u00BE");
-  if (at != line.npos && at > 0 && at < line.find(L' ')) {
-    const std::wstring whole(TrimEnd(line.substr(0, at), L"-"));
-    const std::wstring asked = whole + L" " + kFractions.at(line[at] - L'\u00BC');
-    Replace(line, 0, at + 1, asked, AddressRespellingHouseNumber, respellings);
-  }
-}
-
-std::wstring RespellStreet(const LabelPiece& piece, LineKind kind,
-                           std::vector<RespelledWords>& respellings) {
-  wsmatch match;
-  std::wstring line(TrimEnd(piece.typed, L" ,;"));
-  std::wstring upper = piece.upper.substr(0, line.size());
-  if (regex_search(upper, match, Pattern().isFloor)) {
-    Replace(line, static_cast<std::size_t>(match.position()),
-            static_cast<std::size_t>(match.length()), FloorOf(match.str()), AddressRespellingUnit,
-            respellings);
-  }
-  if (kind == LineKind::kHouse && regex_search(upper, match, Pattern().isNumberSign)) {
-    Replace(line, 0, static_cast<std::size_t>(match.length()), L"", AddressRespellingHouseNumber,
-            respellings);
-  }
-  RespellFraction(line, respellings);
-  return line;
+  return IsDigit(words[1].front()) || PlaceIn(kOrdinals, words[1]) > 0 ||
+         !WordForms::Get().Direction(words[1]).empty() ||
+         (words[0] == L"ONE" && words[1] != L"MILE");
 }
 
 }  // namespace
+
+std::wstring FloorPattern() {
+  return LR"((?:(?:\d+(?:ST|ND|RD|TH)|FIRST|SECOND|THIRD|FOURTH|FIFTH|SIXTH|SEVENTH|EIGHTH|NINTH|)"
+         LR"(TENTH) (?:FLOOR|FLR|FL)\b\.?))";
+}
 
 LineKind KindOf(const LabelPiece& piece) {
   if (piece.upper.empty() || piece.upper.size() > kLongestLine) {
@@ -199,13 +168,25 @@ LineKind KindOf(const LabelPiece& piece) {
   if (regex_search(upper, patterns.isRoute)) {
     return LineKind::kRoute;
   }
+  if (regex_search(upper, patterns.isGeneralDelivery)) {
+    return LineKind::kGeneralDelivery;
+  }
   if (regex_search(upper, patterns.isUnit)) {
     return LineKind::kUnit;
   }
   if (IsHouse(upper)) {
     return LineKind::kHouse;
   }
-  return regex_search(upper, patterns.isMilitary) ? LineKind::kMilitary : LineKind::kOther;
+  if (regex_search(upper, patterns.isBlockHouse)) {
+    return LineKind::kBlockHouse;
+  }
+  if (regex_search(upper, patterns.isHouseBehind)) {
+    return LineKind::kHouseBehind;
+  }
+  if (regex_search(upper, patterns.isMilitary)) {
+    return LineKind::kMilitary;
+  }
+  return IsHouseInWords(upper) ? LineKind::kHouseInWords : LineKind::kOther;
 }
 
 bool EndsAsStreet(const std::wstring& upper) {
@@ -235,7 +216,10 @@ std::size_t FindDelivery(const LabelPiece& piece) {
     LabelPiece rest;
     rest.upper = piece.upper.substr(at);
     const LineKind kind = KindOf(rest);
-    if (kind != LineKind::kOther && kind != LineKind::kAside) {
+    const bool isPart = kind == LineKind::kOther || kind == LineKind::kAside ||
+                        kind == LineKind::kHouseInWords || kind == LineKind::kHouseBehind ||
+                        kind == LineKind::kBlockHouse;
+    if (!isPart) {
       const bool unclear =
           kind == LineKind::kUnit || (kind == LineKind::kHouse && HasSecondNumber(rest.upper));
       return unclear ? piece.upper.npos : at;
@@ -245,17 +229,6 @@ std::size_t FindDelivery(const LabelPiece& piece) {
     }
   }
   return piece.upper.npos;
-}
-
-std::wstring Respell(const LabelPiece& piece, LineKind kind,
-                     std::vector<RespelledWords>& respellings) {
-  if (kind == LineKind::kBox) {
-    return RespellBox(piece, respellings);
-  }
-  if (kind == LineKind::kHouse || kind == LineKind::kUnit) {
-    return RespellStreet(piece, kind, respellings);
-  }
-  return std::wstring(TrimEnd(piece.typed, L" ,;"));
 }
 
 }  // namespace postwright

@@ -3,8 +3,6 @@
 
 #include "core/review/LabelLines.h"
 
-#include <postwright/AddressLines.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -13,14 +11,18 @@ namespace postwright {
 
 // What a line of a label can be, told from itself alone.
 enum class LineKind : std::uint8_t {
-  kOther,        // a name, a company, a note
-  kHouse,        // a house number and something behind it
-  kBox,          // a post-office box with a number
-  kLetteredBox,  // a post-office box with a letter in its number
-  kRoute,        // a rural route, highway contract route or star route
-  kMilitary,     // PSC, CMR or UNIT with a number; a ship
-  kUnit,         // a unit within a building and nothing else
-  kAside,        // "Attn: Jane Doe", "c/o Smith"
+  kOther,            // a name, a company, a note
+  kHouse,            // a house number and something behind it
+  kHouseInWords,     // the same with the number in words: "One Main St", "Two 20th St"
+  kHouseBehind,      // a Spanish street with its number behind: "Calle Sol #288"
+  kBlockHouse,       // a Spanish street whose number begins with its block: "C10 Calle 6"
+  kBox,              // a post-office box with a number
+  kLetteredBox,      // a post-office box with a letter in its number
+  kGeneralDelivery,  // "General Delivery"
+  kRoute,            // a rural route, highway contract route or star route
+  kMilitary,         // PSC, CMR or UNIT with a number; a ship
+  kUnit,             // a unit within a building and nothing else
+  kAside,            // "Attn: Jane Doe", "c/o Smith"
 };
 
 LineKind KindOf(const LabelPiece& piece);
@@ -36,10 +38,8 @@ bool EndsAsCompany(const std::wstring& upper);
 // npos where none does.
 std::size_t FindDelivery(const LabelPiece& piece);
 
-// The line as it is asked about: what the grammar cannot read is respelled, and each respelling is
-// added to `respellings`. For a line of the kinds kHouse, kBox and kUnit.
-std::wstring Respell(const LabelPiece& piece, LineKind kind,
-                     std::vector<RespelledWords>& respellings);
+// What a floor looks like in words or with an ordinal, in upper case: "2ND FLOOR", "SECOND FL".
+std::wstring FloorPattern();
 
 }  // namespace postwright
 

@@ -2,6 +2,7 @@
 
 #include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
+#include "core/review/LineRespelling.h"
 
 #include <postwright/AddressParser.h>
 #include <postwright/Utils.h>
@@ -40,9 +41,32 @@ LabelPiece WithText(LabelPiece piece, const std::wstring& typed) {
   return piece;
 }
 
-std::wstring WithoutCommas(std::wstring text) {
-  std::erase(text, L',');
-  return text;
+// One in front of a number sign stays: without it, the E of "Oak St, #E" is a directional.
+std::wstring WithoutCommas(const std::wstring& text) {
+  std::wstring kept;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const std::size_t next = text.find_first_not_of(L' ', at + 1);
+    if (text[at] != L',' || (next != text.npos && text[next] == L'#')) {
+      kept += text[at];
+    }
+  }
+  return kept;
+}
+
+bool IsDelivery(LineKind kind) {
+  switch (kind) {
+    case LineKind::kHouse:
+    case LineKind::kHouseInWords:
+    case LineKind::kHouseBehind:
+    case LineKind::kBlockHouse:
+    case LineKind::kBox:
+    case LineKind::kLetteredBox:
+    case LineKind::kGeneralDelivery:
+    case LineKind::kRoute:
+      return true;
+    default:
+      return false;
+  }
 }
 
 // "12" of "12-B Main St" and of "12 1/2"; "" of a grid number.
@@ -152,19 +176,26 @@ std::optional<AddressRun> RunFinder::FindAllInOne() {
     return run;
   }
   const std::wstring delivery = Respell(piece, kind, run.respellings);
+  run.question = delivery + L" " + place_.Text();
+  if (!Reads(run.question, delivery)) {
+    const std::wstring apart = WithLetterApart(delivery, run.respellings);
+    run.question = apart + L" " + place_.Text();
+    if (apart == delivery || !Reads(run.question, apart)) {
+      return std::nullopt;
+    }
+  }
   run.respellings.insert(run.respellings.end(), place_.respellings.begin(),
                          place_.respellings.end());
-  run.question = delivery + L" " + place_.Text();
-  return Reads(run.question, delivery) ? std::optional(run) : std::nullopt;
+  return run;
 }
 
 std::optional<AddressRun> RunFinder::FindStreetOrBox() {
   if (!FindDeliveryLine() || (!line_.startsLine && !mayCut_)) {
     return std::nullopt;
   }
-  if (IsRouteAt(delivery_) || kind_ == LineKind::kLetteredBox) {
+  if (const LeftAloneReason reason = ReasonToLeave(); reason != LeftAloneNot) {
     AddressRun run = RunFrom(delivery_);
-    run.leftAlone = IsRouteAt(delivery_) ? LeftAloneRuralRoute : LeftAloneBox;
+    run.leftAlone = reason;
     return run;
   }
   if (IsDoubtful()) {
@@ -193,9 +224,8 @@ bool RunFinder::FindDeliveryLine() {
 // the search must end here.
 bool RunFinder::TakeLine(std::size_t at) {
   const LabelPiece& piece = pieces_[at];
-  const LineKind kind = KindOf(piece);
-  if (kind == LineKind::kHouse || kind == LineKind::kBox || kind == LineKind::kLetteredBox ||
-      kind == LineKind::kRoute) {
+  const LineKind kind = KindAt(at);
+  if (IsDelivery(kind) && (kind != LineKind::kHouseInWords || !HasStreetAbove(at))) {
     kind_ = kind;
     line_ = piece;
     return true;
@@ -220,11 +250,38 @@ bool RunFinder::TakeLine(std::size_t at) {
   return true;
 }
 
+// The forms of Puerto Rico are names elsewhere.
+LineKind RunFinder::KindAt(std::size_t at) const {
+  const LineKind kind = KindOf(pieces_[at]);
+  const bool isSpanish = kind == LineKind::kBlockHouse || kind == LineKind::kHouseBehind;
+  return isSpanish && place_.stateCode != L"PR" ? LineKind::kOther : kind;
+}
+
+// A building's name may begin with a number in words, One Liberty Place: below a street it is none.
+bool RunFinder::HasStreetAbove(std::size_t at) const {
+  for (std::size_t i = at; i > 0; --i) {
+    const LineKind kind = KindAt(i - 1);
+    const bool isStreet = kind == LineKind::kHouse && EndsAsStreet(pieces_[i - 1].upper);
+    if (isStreet || (kind != LineKind::kHouse && IsDelivery(kind))) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // A box behind its route, on the same line or the next.
 bool RunFinder::IsRouteAt(std::size_t at) const {
-  return kind_ == LineKind::kRoute ||
-         (kind_ == LineKind::kBox && at > 0 && line_.upper.starts_with(L"BOX") &&
-          KindOf(pieces_[at - 1]) == LineKind::kRoute);
+  const bool isBox = kind_ == LineKind::kBox || kind_ == LineKind::kLetteredBox;
+  return kind_ == LineKind::kRoute || (isBox && at > 0 && line_.upper.starts_with(L"BOX") &&
+                                       KindOf(pieces_[at - 1]) == LineKind::kRoute);
+}
+
+LeftAloneReason RunFinder::ReasonToLeave() const {
+  return IsRouteAt(delivery_)                  ? LeftAloneRuralRoute
+         : kind_ == LineKind::kLetteredBox     ? LeftAloneBox
+         : kind_ == LineKind::kGeneralDelivery ? LeftAloneGeneralDelivery
+         : kind_ == LineKind::kBlockHouse      ? LeftAloneBlock
+                                               : LeftAloneNot;
 }
 
 // A number and a word that is no street's ("24 Hour Fitness") below something that is one.
@@ -268,7 +325,7 @@ std::optional<AddressRun> RunFinder::Ask() {
 }
 
 bool RunFinder::TakeUnitAbove(AddressRun& run) {
-  if (kind_ != LineKind::kHouse || delivery_ == 0 || line_.begin != pieces_[delivery_].begin ||
+  if (kind_ == LineKind::kBox || delivery_ == 0 || line_.begin != pieces_[delivery_].begin ||
       KindOf(pieces_[delivery_ - 1]) != LineKind::kUnit) {
     return false;
   }
@@ -303,7 +360,17 @@ std::optional<std::wstring> RunFinder::Compose(std::vector<RespelledWords>& resp
   for (const LabelPiece& unit : units_) {
     line += L", " + Respell(unit, LineKind::kUnit, respellings);
   }
+  std::optional<std::wstring> question = ComposeLine(line, delivery);
+  if (!question && !LetterOfNumber(line).empty()) {
+    const std::wstring apart = WithLetterApart(line, respellings);
+    question = ComposeLine(apart, apart);
+  }
   respellings.insert(respellings.end(), place_.respellings.begin(), place_.respellings.end());
+  return question;
+}
+
+std::optional<std::wstring> RunFinder::ComposeLine(const std::wstring& line,
+                                                   const std::wstring& delivery) {
   for (const std::wstring& tried : {line, WithoutCommas(line)}) {
     const std::wstring question = tried + L",\n" + place_.Text();
     if (Reads(question, delivery)) {
@@ -323,9 +390,21 @@ bool RunFinder::Reads(const std::wstring& question, const std::wstring& delivery
   return !info_.zip.empty() && LettersAndDigits(info_.prefix).empty() &&
          LettersAndDigits(info_.suffix).empty() &&
          LettersAndDigits(info_.zip) == LettersAndDigits(place_.zip) &&
-         (place_.city.empty() || LettersAndDigits(info_.city) == LettersAndDigits(place_.city)) &&
+         (place_.city.empty() || ReadsCity()) &&
          info_.streetLine.find(L'\n') == std::wstring::npos &&
-         (delivery.empty() || FirstDigits(info_.streetLine) == FirstDigits(delivery));
+         (delivery.empty() || FirstDigits(info_.streetLine) == FirstDigits(delivery)) &&
+         (LetterOfNumber(delivery).empty() ||
+          (info_.secondaryUnit == L"APT" &&
+           info_.secondaryNumber == L"-" + LetterOfNumber(delivery)));
+}
+
+// The city as typed. The grammar takes UPPER of UPPER DARBY for a unit and FL of FLAT LICK for a
+// floor, where the street has no unit of its own; who knows the cities can put that right.
+bool RunFinder::ReadsCity() const {
+  const std::wstring typed = LettersAndDigits(place_.city);
+  const std::wstring read = LettersAndDigits(info_.city);
+  return read == typed || (units_.empty() && !read.empty() && !info_.secondaryUnit.empty() &&
+                           typed.ends_with(read) && typed.front() == info_.secondaryUnit.front());
 }
 
 AddressRun RunFinder::RunFrom(std::size_t at) const {

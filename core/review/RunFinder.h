@@ -44,11 +44,16 @@ class RunFinder {
   bool FindDeliveryLine();
   bool TakeLine(std::size_t at);
   bool IsRouteAt(std::size_t at) const;
+  LineKind KindAt(std::size_t at) const;
+  bool HasStreetAbove(std::size_t at) const;
+  LeftAloneReason ReasonToLeave() const;
   bool IsDoubtful() const;
   std::optional<AddressRun> Ask();
   bool TakeUnitAbove(AddressRun& run);
   std::optional<std::wstring> Compose(std::vector<RespelledWords>& respellings);
   bool Reads(const std::wstring& question, const std::wstring& delivery);
+  bool ReadsCity() const;
+  std::optional<std::wstring> ComposeLine(const std::wstring& line, const std::wstring& delivery);
   AddressRun RunFrom(std::size_t at) const;
 
   std::wstring_view text_;

@@ -154,8 +154,8 @@ void UnreadReason::LookAtStreet(const std::wstring& text, const std::vector<Labe
   bool hasStreet = false;
   for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
     const LineKind kind = KindOf(*line);
-    hasStreet = hasStreet ||
-                (kind != LineKind::kOther && kind != LineKind::kAside && kind != LineKind::kUnit);
+    hasStreet = hasStreet || (kind != LineKind::kOther && kind != LineKind::kAside &&
+                              kind != LineKind::kUnit && kind != LineKind::kHouseInWords);
     const NumberInWords words = ReadNumber(line->upper);
     if (words.number > 0 && words.length < line->upper.size() && !hasStreet &&
         (EndsAsStreet(line->upper) || lines.size() == 1 ||

@@ -123,7 +123,7 @@ int main(int argc, char** argv) {
   fix(label);
   fix(QStringLiteral("ring twice"));
   fixWithCare(QStringLiteral("3M Company\n12 n main street\naustin, texas 78701-1234"));
-  fixWithCare(QStringLiteral("845B Main Street\nHouston TX 77002"));
+  fixWithCare(QStringLiteral("845E Main Street Apt 4\nHouston TX 77002"));
   fixWithCare(QStringLiteral("RR 3 Box 14\nSpringfield IL 62701"));
   fixWithCare(QStringLiteral("1 Nowhere Lane\nAtlantis AK 33139"));
   fixWithOptions();

@@ -31,7 +31,7 @@ TEST(TableTest, CorrectsTheCellsOfAnAddress) {
       "\"says \"\"hi\"\"\"\\r\\n"
       "2,Ann,RR 3 Box 14,,Springfield,IL,62701,\\r\\n\\r\\n"
       "3,Bob,12 Oak St,,Boston,MA,2108\\r\\n4,,,,,,,\\r\\n"
-      "5,Di,2870 North East Court House Way,,Madison,WI,53703,\\r\\n"
+      "5,Di,2870 South West Temple,,Madison,WI,53703,\\r\\n"
       "6,E,1 A St,,Austin,TX,78701,more,than it has\\r\\n"
       "7,\"Cy,1 A St,,Austin,TX,78701,\\r\\n8,Flo,1 a st,,AUSTIN,TX,78701-1234,";
   CheckCommands(
@@ -44,8 +44,8 @@ TEST(TableTest, CorrectsTheCellsOfAnAddress) {
                "2,Ann,RR 3 Box 14,,Springfield,IL,62701,,unchanged,,left-alone-rural-route,,\r\n"
                "\r\n3,Bob,12 Oak St,,Boston,MA,2108,,turned-down,,zip-short,,\r\n"
                "4,,,,,,,,,,,,\r\n"
-               "5,Di,2870 North East Court House Way,,Madison,WI,53703,,to-decide,form-only,"
-               "directional-unexplained,,\"Di, 2870 N EAST COURT HOUSE WAY, MADISON WI 53703\"\r\n"
+               "5,Di,2870 South West Temple,,Madison,WI,53703,,to-decide,form-only,"
+               "directional-unexplained,,\"Di, 2870 S WEST TEMPLE, MADISON WI 53703\"\r\n"
                "6,E,1 A St,,Austin,TX,78701,more,than it has\r\n"
                "7,\"Cy,1 A St,,Austin,TX,78701,\r\n"
                "8,Flo,1 a st,,AUSTIN,TX,78701-1234,,unchanged,form-only,,78701-1234,",

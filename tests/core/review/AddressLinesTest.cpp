@@ -22,7 +22,9 @@ const std::map<AddressRespelling, std::string> kRules = {
     {AddressRespellingUnit, "unit"},
     {AddressRespellingBox, "box"},
     {AddressRespellingHouseNumber, "house-number"},
-    {AddressRespellingMilitary, "military"}};
+    {AddressRespellingMilitary, "military"},
+    {AddressRespellingDirectional, "directional"},
+    {AddressRespellingNumberBehind, "number-behind"}};
 
 // What a row of the table says, without its name and label: what is empty is left out.
 nlohmann::json ToJson(const AddressLines& lines) {
@@ -103,6 +105,22 @@ TEST(AddressLinesTest, PutsTheAnswerInThePlaceOfTheAddress) {
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Utf8FromWide(AddressLines(row.label).PutBack(answer)), Utf8FromWide(row.put));
+  }
+}
+
+TEST(AddressLinesTest, PutsTheLetterBackToItsNumber) {
+  const AddressLines lines(L"Jo\n352a Lincoln Way Apt 4\nAustin TX 78701");
+  const struct {
+    std::wstring answer;
+    std::wstring put;
+  } rows[] = {
+      {L"352 A LINCOLN WAY APT 4\nAUSTIN TX 78701", L"Jo\n352A LINCOLN WAY APT 4\nAUSTIN TX 78701"},
+      {L"352 a Lincoln Way\nAustin TX 78701", L"Jo\n352a Lincoln Way\nAustin TX 78701"},
+      {L"352 AVENUE A\nAUSTIN TX 78701", L"Jo\n352 AVENUE A\nAUSTIN TX 78701"},
+      {L"352 LINCOLN WAY APT A\nAUSTIN TX 78701", L"Jo\n352 LINCOLN WAY APT A\nAUSTIN TX 78701"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Utf8FromWide(lines.PutBack(row.answer)), Utf8FromWide(row.put));
   }
 }
 
