@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
 #define POSTWRIGHT_CORE_PARSER_VOCABULARY_H_
 
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -24,6 +25,11 @@ const std::vector<VocabularyRow>& States();         // 59 rows; names with escap
 const std::vector<SuffixRow>& Suffixes();           // 188 rows, 362 written forms, plain words
 const std::vector<VocabularyRow>& NumberedUnits();  // 16 rows, patterns
 const std::vector<VocabularyRow>& PlainUnits();     // 9 rows, patterns
+
+// USPS Publication 28, appendix C1: street types and forms of types that the grammar does not know.
+inline constexpr std::array<std::wstring_view, 15> kOtherTypes = {
+    L"CAUSWA", L"COMMONS", L"CROSSROADS", L"FALL", L"LAND",   L"MALL", L"MEWS", L"PASS",
+    L"RAMP",   L"ROW",     L"RUE",        L"RUN",  L"SHOALS", L"WALL", L"WAYS"};
 
 // USPS Publication 28, section 225: what a military address has for a state (AA, AE, AP), for a
 // city (APO, DPO, FPO) and in front of its unit's number (PSC, CMR, UNIT).

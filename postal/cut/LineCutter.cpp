@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "postal/base/StreetMatcher.h"
+#include "postal/cut/CutQuestion.h"
+#include "postal/cut/KnownStreet.h"
 #include "postal/cut/LineCollector.h"
 #include "postal/cut/SentWords.h"
 #include "postal/lines/BoxLine.h"
@@ -26,54 +27,6 @@ bool ReadsAsDeliveryLine(const Words& words, const std::string& state) {
 }
 
 }  // namespace
-
-struct LineCutter::Question {
-  // The delivery line and the city in one.
-  Words All() const {
-    Words all;
-    for (const Lines* const field : {&lines, &cityLines}) {
-      for (const SentLine& line : *field) {
-        Append(all, line.words);
-      }
-    }
-    return all;
-  }
-
-  Words Street() const { return UpTo(words, boundary); }
-  Words City() const { return From(words, boundary); }
-
-  // Of a street with a box on the line below only the box is left (USPS Publication 28, section
-  // 215). Returns false where what is in front is no street.
-  bool SetStreetAbove() {
-    for (size_t at = 1; at < lines.size(); ++at) {
-      const auto box = ReadPostOfficeBox(lines[at].words);
-      if (!box) {
-        continue;
-      }
-      const auto street = ReadStreet(lines[0].words, state);
-      if (at > 1 || !box->aside.empty() || !street || street->suffix.empty()) {
-        return false;
-      }
-      above = lines[0].text;
-      lines.erase(lines.begin());
-      break;
-    }
-    words = All();
-    for (const SentLine& line : lines) {
-      boundary += line.words.size();
-    }
-    return true;
-  }
-
-  std::string above;  // lines set above
-  Lines lines;        // of the delivery line; at least one
-  Lines cityLines;    // the last of them is the city
-  std::string state;
-  std::string zip5;
-  std::vector<std::string> names;  // of the ZIP code
-  Words words;                     // all
-  size_t boundary = 0;             // the first word of the city as it was sent
-};
 
 std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
   auto lines = SplitSentLines(sent.address2);
@@ -99,6 +52,10 @@ std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
     question.state = ofZip->state;
   }
   question.names = NamesOf(question.zip5);
+  question.TakeLetter(reader_);
+  if (!question.state.empty() && lastLine == question.state) {
+    return CutWithoutCity(question);
+  }
   for (size_t i = 1; i < question.lines.size(); ++i) {
     if (PlaceOfNext(question.lines[i].words) == LinePlace::Unsure) {
       return std::nullopt;
@@ -121,6 +78,20 @@ CutAddress LineCutter::CutMilitary(const Question& question, const std::string& 
     }
   }
   return {collector.Above(), JoinWords(delivery), city};
+}
+
+// A client that knows of no city, and whose parser needs one, sends the state's code in its place.
+std::optional<CutAddress> LineCutter::CutWithoutCity(const Question& question) const {
+  if (question.cityLines.size() > 1) {
+    return std::nullopt;
+  }
+  Question street = question;
+  street.cityLines.clear();
+  street.words = street.All();
+  const bool isKnown = reader_ != nullptr && KnowsStreet(street, street.words);
+  const auto cut = isKnown ? std::nullopt : FindCut(street);
+  return cut ? Compose(street, *cut, CityOf(street, From(street.words, *cut)))
+             : Compose(street, street.words.size(), "");
 }
 
 // A line break within the city: the last line begins behind it.
@@ -335,14 +306,7 @@ bool LineCutter::IsCityMissing(const Question& question) const {
 }
 
 bool LineCutter::KnowsStreet(const Question& question, const Words& line) const {
-  const auto lines = Standardiser::Standardise({"", JoinWords(line), ""}, question.state);
-  if (!lines || !lines->street) {
-    return false;
-  }
-  const StreetQuestion asked = {StreetNameOf(*lines->street, ""), JoinWords(lines->street->number),
-                                ""};
-  return StreetMatcher(*reader_, nullptr).MatchAsWritten(question.zip5, asked).kind ==
-         StreetMatch::Kind::Found;
+  return postal::KnowsStreet(*reader_, question.zip5, question.state, line);
 }
 
 }  // namespace postwright::postal

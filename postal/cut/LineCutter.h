@@ -28,6 +28,8 @@ struct CutAddress {
   std::string city;
 };
 
+struct CutQuestion;
+
 // Takes delivery line and city together as one run of words, and cuts it where the names of the ZIP
 // code say so:
 //
@@ -50,9 +52,10 @@ class LineCutter {
 
  private:
   using Lines = std::vector<SentLine>;
-  struct Question;
+  using Question = CutQuestion;
 
   static CutAddress CutMilitary(const Question& question, const std::string& city);
+  std::optional<CutAddress> CutWithoutCity(const Question& question) const;
   static std::optional<CutAddress> CutAtBreak(const Question& question);
   std::optional<CutAddress> CutAtName(const Question& question, const std::string& city) const;
   std::optional<size_t> FindCut(const Question& question) const;

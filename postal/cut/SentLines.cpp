@@ -28,17 +28,12 @@ bool MakeOneDirection(std::string_view first, std::string_view second) {
   return IsOneOf(first, {"N", "S"}) && IsOneOf(second, {"E", "W"});
 }
 
-// Types of appendix C1 that the parser's table does not have.
-bool IsOtherType(std::string_view word) {
-  return IsOneOf(word, {"FALL", "LAND", "MALL", "PASS", "RAMP", "ROW", "RUE", "RUN", "SHOALS"});
-}
-
 bool EndsInType(Words words) {
   const Lexicon& lexicon = Lexicon::Get();
   if (words.size() > 1 && !lexicon.Direction(words.back()).empty()) {
     words.pop_back();
   }
-  return !lexicon.Suffix(words.back()).empty() || IsOtherType(words.back());
+  return !lexicon.Suffix(words.back()).empty() || lexicon.IsOtherType(words.back());
 }
 
 // `street` was cut behind a directional and a suffix, or is named by them: 12 E CT.
@@ -61,7 +56,7 @@ std::optional<std::vector<SentLine>> SplitSentLines(std::string_view field) {
     if (!folded) {
       return std::nullopt;
     }
-    Words words = SplitLine(RestoreNumber(*folded));
+    Words words = RestoreName(SplitLine(RestoreNumber(*folded)));
     if (!words.empty()) {
       lines.push_back({std::string(text), std::move(words)});
     }
@@ -100,7 +95,8 @@ LinePlace PlaceBehind(const Words& street, const Words& words, std::string_view 
   if (!read->postdirectional.empty() || Lexicon::Get().IsPlainType(read->suffix)) {
     return LinePlace::Above;
   }
-  return words.size() == 1 && IsOtherType(words[0]) ? LinePlace::Continues : LinePlace::Unsure;
+  return words.size() == 1 && Lexicon::Get().IsOtherType(words[0]) ? LinePlace::Continues
+                                                                   : LinePlace::Unsure;
 }
 
 // A line of one suffix is the end of a street that was wrapped.

@@ -116,6 +116,28 @@ std::string RestoreNumber(std::string_view folded) {
   return std::string(number) + (IsDigit(letter) ? "-" : "") + letter + ' ' + JoinWords(rest);
 }
 
+Words RestoreName(Words line) {
+  // Flowers, in Spanish and in names: the parser's pattern of a floor takes FLOR for one.
+  static constexpr std::string_view kFlowers[] = {"AL", "ENCE", "ENCIA", "ES", "IDA"};
+  constexpr size_t kCutAt = 3;  // number, directional, suffix
+  if (line.size() < kCutAt) {
+    return line;
+  }
+  const std::string unit = line[line.size() - 2];
+  const std::string number = line.back();
+  const Words before = UpTo(line, line.size() - 2);
+  if (unit == "FL" && line.size() > kCutAt &&
+      std::find(std::begin(kFlowers), std::end(kFlowers), number) != std::end(kFlowers)) {
+    line.pop_back();
+    line.back() = "FLOR" + number;
+    return line;
+  }
+  const bool isSuffix = (unit == "FL" || unit == "KEY") && AllLetters(number) &&
+                        !Lexicon::Get().Suffix(unit + number).empty();
+  return isSuffix && IsCutAtType(before) ? JoinStreet(before, {unit + number}).value_or(line)
+                                         : line;
+}
+
 std::string LetterAtEnd(const Words& line) {
   const bool isOne = line.size() > 3 && line[line.size() - 2] == "APT" && AllDigits(line[0]) &&
                      line.back().size() == 1 && IsUpper(line.back()[0]);

@@ -43,6 +43,12 @@ bool MayBeAbbreviated(const std::string& word);
 // `folded` is one line, before its hyphens are dropped; any other line is returned as it is.
 std::string RestoreNumber(std::string_view folded);
 
+// Puts together again what the parser read as a unit although no unit has such a number:
+//
+//   529 N BCH FL D              529 N BEACH FLD
+//   680 CALLE LAS FL ES         680 CALLE LAS FLORES
+Words RestoreName(Words line);
+
 // Returns the letter of an APT at the line's end, which the parser writes there also for one behind
 // the house number; empty for any other line.
 std::string LetterAtEnd(const Words& line);

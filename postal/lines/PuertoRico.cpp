@@ -92,6 +92,23 @@ std::string SpanishType(const std::string& word) {
   return {};
 }
 
+std::optional<BoxLine> ReadKilometre(const Words& given) {
+  constexpr std::string_view kGlued = "KM";
+  constexpr size_t kFewest = 4;
+  Words words = given;
+  if (words.size() + 1 >= kFewest && words[2].starts_with(kGlued) && words[2].size() > 2) {
+    words[2].erase(0, kGlued.size());
+    words.insert(words.begin() + 2, std::string(kGlued));
+  }
+  const bool isRoad = words.size() >= kFewest && SpanishType(words[0]) == "CARR" &&
+                      IsDigit(words[1][0]) && words[2] == kGlued && IsDigit(words[3][0]);
+  if (!isRoad) {
+    return std::nullopt;
+  }
+  words[0] = "CARR";
+  return BoxLine{words, {}};
+}
+
 Words StandardUrbanization(Words words) {
   if (!words.empty() && words[0] == "URBANIZACION") {
     words[0] = "URB";

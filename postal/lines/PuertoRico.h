@@ -1,9 +1,11 @@
 #ifndef POSTWRIGHT_POSTAL_LINES_PUERTORICO_H_
 #define POSTWRIGHT_POSTAL_LINES_PUERTORICO_H_
 
+#include <optional>
 #include <string>
 
 #include "common/AsciiText.h"
+#include "postal/lines/BoxLine.h"
 
 namespace postwright::postal {
 
@@ -18,6 +20,10 @@ Words ArrangePuertoRico(Words words);
 // Returns the standard form of a Spanish street type (AVENIDA -> AVE); empty for other words. CALLE
 // stays CALLE: it is no ST.
 std::string SpanishType(const std::string& word);
+
+// A road and the kilometre on it, where there is no house number: "Carretera 129 Km 20.1". Returns
+// nullopt for another line.
+std::optional<BoxLine> ReadKilometre(const Words& words);
 
 // Returns an urbanization's name in its standard form, URB LAS GLADIOLAS; what says another kind of
 // settlement than a URB (VILLA, COND, …) is kept.

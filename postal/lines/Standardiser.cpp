@@ -40,8 +40,29 @@ struct Delivery {
 
   Words line;
   Words aside;  // what does not belong on the line
+  Words above;  // and what belongs above it
   std::optional<StreetLine> street;
 };
+
+// "EMPIRE STATE BUILDING 350 5TH AVE": the building's name belongs on the line above.
+std::optional<Delivery> ReadBehindBuilding(const Words& words, std::string_view state) {
+  static constexpr std::string_view kBuildings[] = {"BLDG", "BUILDING", "CENTER", "CENTRE",
+                                                    "HALL", "PLAZA",    "TOWER",  "TOWERS"};
+  const auto number = std::find_if(words.begin(), words.end(),
+                                   [](const std::string& word) { return HasDigit(word); });
+  if (number - words.begin() < 2 || number == words.end() || !IsDigit((*number)[0]) ||
+      std::find(std::begin(kBuildings), std::end(kBuildings), *(number - 1)) ==
+          std::end(kBuildings)) {
+    return std::nullopt;
+  }
+  auto street = ReadStreet(Words(number, words.end()), state);
+  if (!street || street->suffix.empty()) {
+    return std::nullopt;
+  }
+  std::optional<Delivery> read(std::in_place, std::move(*street));
+  read->above = Words(words.begin(), number);
+  return read;
+}
 
 std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state) {
   if (Lexicon::Get().IsMilitaryState(state)) {
@@ -60,8 +81,14 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
     box->line.insert(box->line.end(), rest.begin(), rest.end());
     return BoxLine{box->line, {}};
   }
+  if (auto road = state == "PR" ? ReadKilometre(words) : std::nullopt) {
+    return road;
+  }
   if (auto street = ReadStreet(words, state)) {
     return std::optional<Delivery>(std::in_place, std::move(*street));
+  }
+  if (auto street = ReadBehindBuilding(words, state)) {
+    return street;
   }
   if (Lexicon::Get().IsMilitaryState(state) && !words.empty()) {
     return BoxLine{words, {}};  // a ship's name, "USS CARL VINSON"
@@ -111,7 +138,12 @@ std::optional<Reading> ReadLines(const LinesInWords& asked, std::string_view sta
   if (!line) {
     return std::nullopt;
   }
-  if (above.empty()) {
+  if (!line->above.empty()) {
+    if (!above.empty()) {
+      return std::nullopt;
+    }
+    above = std::move(line->above);
+  } else if (above.empty()) {
     above = std::move(line->aside);
   } else {
     line->line.insert(line->line.end(), line->aside.begin(), line->aside.end());

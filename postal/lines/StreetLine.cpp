@@ -180,6 +180,12 @@ class NameReader {
       line_.name = {rest_[0]};
       return false;
     }
+    if (rest_.size() == 2 && Lexicon::Get().IsOtherType(rest_[1]) &&
+        Direction(rest_[0]).size() == 1) {
+      rest_[0] = Lexicon::Get().SpelledDirection(Direction(rest_[0]));
+      line_.name = std::move(rest_);  // W PASS: a parser that does not know PASS abbreviates WEST
+      return false;
+    }
     if (rest_.size() == 2 && (!Direction(rest_[1]).empty() || !Suffix(rest_[1]).empty())) {
       line_.name =
           std::move(rest_);  // NORTH LAKE, SOUTH WEST: which of them is the name is not certain

@@ -41,6 +41,10 @@ bool EndsStreet(const std::string& word) {
   return lexicon.IsPlainType(lexicon.Suffix(word)) || !lexicon.Direction(word).empty();
 }
 
+bool EndsRoad(const std::string& word) {
+  return EndsStreet(word) || AllDigits(word);
+}
+
 // "PRIVATE MAILBOX 234" is written "PMB 234" (section 284).
 void ShortenMailbox(Words& words, size_t from) {
   static constexpr std::string_view kPhrases[] = {"PRIVATE MAILBOX", "PRIVATE MAIL BOX"};
@@ -137,11 +141,16 @@ class LastUnit {
     return {};
   }
 
-  // The standard form of the designator `n` words from the end. KEY is a street type as well.
+  // The standard form of the designator `n` words from the end. KEY is a street type as well, and
+  // one with a letter is a unit behind a street or a numbered road alone.
   std::string_view Designator(size_t n) const {
     const std::string& word = FromEnd(n);
-    if (word == "#" || (word == "KEY" && !HasDigit(FromEnd(1)))) {
-      return word == "#" ? "#" : "";
+    if (word == "#") {
+      return "#";
+    }
+    const bool isKey = word == "KEY" && !HasDigit(FromEnd(1));
+    if (isKey && !(n == 2 && FromEnd(1).size() == 1 && Size() > n && EndsRoad(FromEnd(n + 1)))) {
+      return "";
     }
     return Lexicon::Get().NumberedUnit(word);
   }

@@ -70,6 +70,7 @@ Lexicon::Lexicon() {
     states_.emplace(name, Narrow(row.standard));
     states_.emplace(Narrow(row.standard), Narrow(row.standard));
   }
+  FillWith(Vocabulary::kOtherTypes, otherTypes_);
   FillWith(Vocabulary::kMilitaryStates, states_);
   FillWith(Vocabulary::kMilitaryStates, militaryStates_);
   FillWith(Vocabulary::kMilitaryCities, militaryCities_);
@@ -113,6 +114,10 @@ bool Lexicon::IsPlainType(std::string_view standardSuffix) const {
                                                 "FWY", "HWY", "LN",   "PKWY", "PL", "RD", "SQ",
                                                 "ST",  "TER", "TPKE", "TRL",  "WAY"};
   return std::find(std::begin(kTypes), std::end(kTypes), standardSuffix) != std::end(kTypes);
+}
+
+bool Lexicon::IsOtherType(std::string_view word) const {
+  return otherTypes_.contains(word);
 }
 
 std::string_view Lexicon::NumberedUnit(std::string_view word) const {

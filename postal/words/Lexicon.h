@@ -33,6 +33,10 @@ class Lexicon {
   // LK or PARK may as well be its name.
   bool IsPlainType(std::string_view standardSuffix) const;
 
+  // Says whether a word is one of the street types that the parser's table does not have: PASS,
+  // ROW.
+  bool IsOtherType(std::string_view word) const;
+
   // USPS Publication 28, appendix C2. The parser answers SPACE for a space; the standard is SPC.
   std::string_view NumberedUnit(std::string_view word) const;  // one that a number must follow
   std::string_view PlainUnit(std::string_view word) const;     // one that may stand alone
@@ -60,6 +64,7 @@ class Lexicon {
   Table spelledDirections_;
   Table suffixes_;
   Table spelledSuffixes_;
+  Table otherTypes_;
   Table numberedUnits_;
   Table plainUnits_;
   Table states_;
