@@ -67,7 +67,7 @@ directions, names like McDonald and the like; the words of --mixed-case are spel
 
 The lines around the address stay as they were typed, unless with --whole-label or --names. Where no
 line is clearly the address, the whole text is asked about, and names keep their form all the same.
-Rural routes, boxes with letters, General Delivery, numbers with a block in front (Puerto Rico) and
+Rural routes, boxes with letters, General Delivery, blocks and kilometres of Puerto Rico and
 addresses of other countries are not asked about and stay as they are, which standard error says.
 
 A correction that the rules of postal addresses and the service's footnotes do not account for is

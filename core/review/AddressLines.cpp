@@ -105,8 +105,8 @@ const char* CodeOfReason(LeftAloneReason reason) {
       return "left-alone-box";
     case LeftAloneGeneralDelivery:
       return "left-alone-general-delivery";
-    case LeftAloneBlock:
-      return "left-alone-block";
+    case LeftAlonePuertoRico:
+      return "left-alone-puerto-rico";
     default:
       return "";
   }
@@ -124,9 +124,10 @@ const char* TextOfReason(LeftAloneReason reason) {
              "was typed.";
     case LeftAloneGeneralDelivery:
       return "General Delivery: it has no number to be checked, and stays as it was typed.";
-    case LeftAloneBlock:
-      return "A house number of Puerto Rico that begins with its block: it cannot be checked, and "
-             "stays as it was typed.";
+    case LeftAlonePuertoRico:
+      return "An address of Puerto Rico by block or kilometre: it cannot be checked, and stays as "
+             "it was "
+             "typed.";
     default:
       return "";
   }

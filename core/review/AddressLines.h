@@ -28,6 +28,7 @@ enum AddressRespelling : std::int32_t {
   AddressRespellingMilitary = 9,      // a military unit and its box on two lines: on one
   AddressRespellingDirectional = 10,  // "North West" in two words: NW
   AddressRespellingNumberBehind = 11,  // "Calle Sol #288" in Puerto Rico: 288 CALLE SOL
+  AddressRespellingCity = 12,          // no city: the state's code in its place
 };
 
 // One such place: as it was typed, and as it stands in the question.
@@ -54,13 +55,13 @@ enum LeftAloneReason : std::int32_t {
   LeftAloneForeignCountry = 2,   // the last line names another country
   LeftAloneBox = 3,              // "PO Box A12": the grammar knows boxes with digits alone
   LeftAloneGeneralDelivery = 4,  // no number at all (section 26)
-  LeftAloneBlock =
-      5,  // "C10 Calle 6" in Puerto Rico: the grammar would drop the block (section 29)
+  LeftAlonePuertoRico = 5,  // "C10 Calle 6", "Carr 129 Km 20.1": a block or a kilometre, which the
+                            // grammar would drop (section 29)
 };
 
 // The stable name of a reason, for records that programs read: "left-alone-rural-route",
 // "left-alone-foreign-country", "left-alone-box", "left-alone-general-delivery",
-// "left-alone-block"; "" for LeftAloneNot.
+// "left-alone-puerto-rico"; "" for LeftAloneNot.
 POSTWRIGHT_CORE_EXPORT const char* CodeOfReason(LeftAloneReason reason);
 
 // The same in English, for a person: what it is and what to do.
@@ -89,7 +90,7 @@ POSTWRIGHT_CORE_EXPORT const char* TextOfReason(LeftAloneReason reason);
 //
 // A plain value, read from any thread. The constructor uses AddressParser::GetInstance(), and so
 // runs on one thread at a time. It takes time in proportion to the length of the text, calls the
-// parser at most 16 times, each time with less than 1,500 characters, reaches no network, and
+// parser at most 48 times, each time with less than 1,500 characters, reaches no network, and
 // throws nothing but std::bad_alloc.
 class POSTWRIGHT_CORE_EXPORT AddressLines {
  public:

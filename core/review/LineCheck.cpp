@@ -22,7 +22,7 @@ std::optional<CorrectionRule> LineCheck::Check(const AlignedPiece* before,
   if (LosesUnitSign(piece)) {
     return CorrectionRule::UnitSignLost;
   }
-  if (SplitsDirection(piece)) {
+  if (SplitsDirection(piece) || ShortensName(piece)) {
     return CorrectionRule::DirectionalUnexplained;
   }
   if (TakesUnitForSuffix(piece)) {
@@ -85,6 +85,17 @@ bool LineCheck::SplitsDirection(const AlignedPiece& piece) const {
   const bool behind = corrected_.roles[at] == Role::Postdirectional && piece.typedBegin > 0 &&
                       IsOneDirection(piece.typedBegin - 1);
   return inFront || behind;
+}
+
+// WEST LN is a street of that name; W LN may be another, as E ST is.
+bool LineCheck::ShortensName(const AlignedPiece& piece) const {
+  const std::size_t at = piece.correctedBegin;
+  const std::vector<Role>& roles = corrected_.roles;
+  return piece.match == Match::Form && piece.rule == CorrectionRule::Directional &&
+         piece.typedEnd - piece.typedBegin == 1 && roles[at] == Role::Street &&
+         corrected_.words[at].text.size() < typed_.words[piece.typedBegin].text.size() &&
+         (at == 0 || roles[at - 1] != Role::Street) && at + 1 < roles.size() &&
+         roles[at + 1] == Role::Suffix;
 }
 
 // MILL CT KEY # 3 is a unit of MILL CT, and no MILL COURT KY.

@@ -32,6 +32,7 @@ class LineCheck {
   bool IsCutWithin(const AlignedPiece& piece) const;
   bool LosesUnitSign(const AlignedPiece& piece) const;
   bool SplitsDirection(const AlignedPiece& piece) const;
+  bool ShortensName(const AlignedPiece& piece) const;
   bool TakesUnitForSuffix(const AlignedPiece& piece) const;
   bool IsOneDirection(std::size_t first) const;
 

@@ -80,8 +80,9 @@ struct Patterns {
       LR"(^(?:(?:P\.?S\.?C\.?|C\.?M\.?R\.?|UNIT)[ .#-]*\d+\b|(?:USS|USNS|USCGC) [A-Z]))");
   const wsregex isAside = wsregex::compile(LR"(^(?:(?:ATTN|ATTENTION|ATT|C ?/ ?O|CARE OF)\b|%))");
   const wsregex isGeneralDelivery = wsregex::compile(LR"(^GEN(?:ERAL|\.)? ?DEL(?:IVERY|\.)?$)");
-  const wsregex isBlockHouse = wsregex::compile(L"^[A-Z]{1,2}-?\\d+[A-Z]? " + spanish + L"|^" +
-                                                spanish + LR"(.*# ?[A-Z]{1,2}-?\d+[A-Z]?$)");
+  const wsregex isBlockHouse =
+      wsregex::compile(L"^[A-Z]{1,2}-?\\d+[A-Z]? " + spanish + L"|^" + spanish +
+                       LR"(.*# ?[A-Z]{1,2}-?\d+[A-Z]?$|^CARR(?:ETERA)?\.? \d+,? KM\b)");
   const wsregex isHouseBehind = wsregex::compile(L"^" + spanish + LR"(.*(?:\bNO\.? ?|# ?)\d+$)");
 };
 
@@ -135,7 +136,11 @@ bool IsHouse(const std::wstring& upper) {
 // street that is a number or has a directional follows, and ONE in front of most names.
 bool IsHouseInWords(const std::wstring& upper) {
   const std::vector<std::wstring_view> words = WordsOf(upper);
-  if (words.size() < 3 || PlaceIn(kCardinals, words[0]) == 0 || !EndsAsStreet(upper)) {
+  const bool hasOtherType =
+      std::any_of(words.begin() + std::min<std::ptrdiff_t>(2, std::ssize(words)), words.end(),
+                  [](std::wstring_view word) { return WordForms::Get().IsOtherType(word); });
+  if (words.size() < 3 || PlaceIn(kCardinals, words[0]) == 0 ||
+      (!hasOtherType && !EndsAsStreet(upper))) {
     return false;
   }
   return IsDigit(words[1].front()) || PlaceIn(kOrdinals, words[1]) > 0 ||

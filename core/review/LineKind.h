@@ -15,7 +15,7 @@ enum class LineKind : std::uint8_t {
   kHouse,            // a house number and something behind it
   kHouseInWords,     // the same with the number in words: "One Main St", "Two 20th St"
   kHouseBehind,      // a Spanish street with its number behind: "Calle Sol #288"
-  kBlockHouse,       // a Spanish street whose number begins with its block: "C10 Calle 6"
+  kBlockHouse,       // a Spanish street by block or kilometre: "C10 Calle 6", "Carr 129 Km 20.1"
   kBox,              // a post-office box with a number
   kLetteredBox,      // a post-office box with a letter in its number
   kGeneralDelivery,  // "General Delivery"

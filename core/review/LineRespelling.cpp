@@ -31,7 +31,7 @@ struct Patterns {
   const wsregex isNumberSign = wsregex::compile(LR"(^(?:NO\.? ?|# ?)(?=\d))");
   const wsregex isFraction = wsregex::compile(LR"(^(\d+)-(\d/\d)(?= ))");
   const wsregex isLettered = wsregex::compile(LR"(^(\d+)([A-Z])(?=[ .,]))");
-  const wsregex isDirectionalUnit = wsregex::compile(LR"([^, ](,? ?)# ?[NSEW]$)");
+  const wsregex isDirectionalUnit = wsregex::compile(LR"([^, ](,? ?)(?:# ?|KEY[. ] ?)[NSEW]$)");
   const wsregex isNumberBehind = wsregex::compile(LR"(^(.*[^ ,.]),? ?(?:NO\.? ?|# ?)(\d+)$)");
 };
 
@@ -214,7 +214,7 @@ class LineRespeller {
     });
     const bool isRoad = behind != words.end() && IsDigit(behind->front());
     return isRoad || std::any_of(behind, end, [&forms](std::wstring_view word) {
-             return !forms.Suffix(word).empty();
+             return !forms.Suffix(word).empty() || forms.IsOtherType(word);
            });
   }
 
@@ -232,11 +232,13 @@ class LineRespeller {
     return at > 1 && isLast && (!forms.Suffix(before).empty() || HasDigit(before));
   }
 
-  // "Oak St #E": without a comma the letter is read as a directional of the street.
+  // "Oak St #E", "Oak St Key E": without a comma the letter is read as a directional of the street.
   void PartDirectionalUnit() {
     wsmatch match;
     const std::wstring upper = Upper();
-    if (regex_search(upper, match, Pattern().isDirectionalUnit)) {
+    if (regex_search(upper, match, Pattern().isDirectionalUnit) &&
+        (upper.find(L'#') != upper.npos ||
+         EndsAsStreet(upper.substr(0, static_cast<std::size_t>(match.position(1)))))) {
       line_.replace(static_cast<std::size_t>(match.position(1)),
                     static_cast<std::size_t>(match.length(1)), L", ");
     }

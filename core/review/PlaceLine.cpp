@@ -77,6 +77,10 @@ std::wstring Place::Text() const {
   return (city.empty() ? L"" : city + L", ") + state + L" " + zip;
 }
 
+std::wstring Place::TextWithCity() const {
+  return city.empty() ? stateCode + L", " + Text() : Text();
+}
+
 std::wstring TakeZip(std::wstring_view& text) {
   const std::wstring_view trimmed = TrimEnd(text, kPunctuation);
   std::wstring_view digits = DigitsAtEnd(trimmed);

@@ -24,6 +24,10 @@ struct Place {
 
   // "Austin, TX 78701", or without a city "TX 78701".
   std::wstring Text() const;
+
+  // The same, but without a city "TX, TX 78701": the grammar needs one, and would take the street's
+  // last words for it.
+  std::wstring TextWithCity() const;
 };
 
 // Takes a ZIP code, with or without add-on, from the end of `text`, and the punctuation around it.

@@ -2,9 +2,8 @@
 
 #include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
-#include "core/review/LineRespelling.h"
+#include "core/review/QuestionMaker.h"
 
-#include <postwright/AddressParser.h>
 #include <postwright/Utils.h>
 
 #include <algorithm>
@@ -41,18 +40,6 @@ LabelPiece WithText(LabelPiece piece, const std::wstring& typed) {
   return piece;
 }
 
-// One in front of a number sign stays: without it, the E of "Oak St, #E" is a directional.
-std::wstring WithoutCommas(const std::wstring& text) {
-  std::wstring kept;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const std::size_t next = text.find_first_not_of(L' ', at + 1);
-    if (text[at] != L',' || (next != text.npos && text[next] == L'#')) {
-      kept += text[at];
-    }
-  }
-  return kept;
-}
-
 bool IsDelivery(LineKind kind) {
   switch (kind) {
     case LineKind::kHouse:
@@ -67,12 +54,6 @@ bool IsDelivery(LineKind kind) {
     default:
       return false;
   }
-}
-
-// "12" of "12-B Main St" and of "12 1/2"; "" of a grid number.
-std::wstring FirstDigits(std::wstring_view text) {
-  text = text.substr(0, std::min(text.find_first_not_of(L"0123456789"), text.size()));
-  return std::wstring(text);
 }
 
 }  // namespace
@@ -150,7 +131,7 @@ std::optional<AddressRun> RunFinder::FindMilitary() {
   AddressRun run = RunFrom(at);
   run.question = line + L"\n" + place_.Text();
   run.respellings = place_.respellings;
-  if ((!pieces_[at].startsLine && !mayCut_) || !Reads(run.question, L"")) {
+  if ((!pieces_[at].startsLine && !mayCut_) || !QuestionMaker(place_).Reads(run.question, L"")) {
     return std::nullopt;
   }
   return run;
@@ -175,18 +156,9 @@ std::optional<AddressRun> RunFinder::FindAllInOne() {
     run.leftAlone = LeftAloneRuralRoute;
     return run;
   }
-  const std::wstring delivery = Respell(piece, kind, run.respellings);
-  run.question = delivery + L" " + place_.Text();
-  if (!Reads(run.question, delivery)) {
-    const std::wstring apart = WithLetterApart(delivery, run.respellings);
-    run.question = apart + L" " + place_.Text();
-    if (apart == delivery || !Reads(run.question, apart)) {
-      return std::nullopt;
-    }
-  }
-  run.respellings.insert(run.respellings.end(), place_.respellings.begin(),
-                         place_.respellings.end());
-  return run;
+  const auto question = QuestionMaker(place_).ComposeAllInOne(piece, kind, run.respellings);
+  run.question = question.value_or(L"");
+  return question ? std::optional(run) : std::nullopt;
 }
 
 std::optional<AddressRun> RunFinder::FindStreetOrBox() {
@@ -280,7 +252,7 @@ LeftAloneReason RunFinder::ReasonToLeave() const {
   return IsRouteAt(delivery_)                  ? LeftAloneRuralRoute
          : kind_ == LineKind::kLetteredBox     ? LeftAloneBox
          : kind_ == LineKind::kGeneralDelivery ? LeftAloneGeneralDelivery
-         : kind_ == LineKind::kBlockHouse      ? LeftAloneBlock
+         : kind_ == LineKind::kBlockHouse      ? LeftAlonePuertoRico
                                                : LeftAloneNot;
 }
 
@@ -310,7 +282,8 @@ std::optional<AddressRun> RunFinder::Ask() {
   }
   AddressRun run = RunFrom(delivery_);
   run.begin = line_.begin;
-  const std::optional<std::wstring> question = Compose(run.respellings);
+  QuestionMaker maker(place_);
+  const std::optional<std::wstring> question = maker.Compose(line_, kind_, units_, run.respellings);
   if (!question) {
     return std::nullopt;
   }
@@ -318,7 +291,7 @@ std::optional<AddressRun> RunFinder::Ask() {
   for (const LabelPiece& piece : between_) {
     run.between.emplace_back(text_.substr(piece.begin, piece.end - piece.begin));
   }
-  if (units_.empty() && info_.secondaryUnit.empty()) {
+  if (units_.empty() && !maker.ReadsUnit()) {
     TakeUnitAbove(run);
   }
   return run;
@@ -336,8 +309,9 @@ bool RunFinder::TakeUnitAbove(AddressRun& run) {
   }
   units_.push_back(unit);
   std::vector<RespelledWords> respellings;
-  const std::optional<std::wstring> question = Compose(respellings);
-  if (!question || info_.secondaryUnit.empty()) {
+  QuestionMaker maker(place_);
+  const std::optional<std::wstring> question = maker.Compose(line_, kind_, units_, respellings);
+  if (!question || !maker.ReadsUnit()) {
     return false;
   }
   const std::wstring street(TrimEnd(line_.typed, kEnds));
@@ -348,63 +322,6 @@ bool RunFinder::TakeUnitAbove(AddressRun& run) {
   run.question = *question;
   run.respellings = std::move(respellings);
   return true;
-}
-
-// Puts the question together. A comma behind the street tells the grammar where the city begins
-// ("12 Hill Ave / Glen Burnie", where Glen can be a suffix); one in front of the unit tells where
-// the street ends. Of several units the grammar reads the last alone: the others stay with the
-// street, and so does whatever else a comma sets apart there.
-std::optional<std::wstring> RunFinder::Compose(std::vector<RespelledWords>& respellings) {
-  std::wstring line = Respell(line_, kind_, respellings);
-  const std::wstring delivery = line;
-  for (const LabelPiece& unit : units_) {
-    line += L", " + Respell(unit, LineKind::kUnit, respellings);
-  }
-  std::optional<std::wstring> question = ComposeLine(line, delivery);
-  if (!question && !LetterOfNumber(line).empty()) {
-    const std::wstring apart = WithLetterApart(line, respellings);
-    question = ComposeLine(apart, apart);
-  }
-  respellings.insert(respellings.end(), place_.respellings.begin(), place_.respellings.end());
-  return question;
-}
-
-std::optional<std::wstring> RunFinder::ComposeLine(const std::wstring& line,
-                                                   const std::wstring& delivery) {
-  for (const std::wstring& tried : {line, WithoutCommas(line)}) {
-    const std::wstring question = tried + L",\n" + place_.Text();
-    if (Reads(question, delivery)) {
-      return question;
-    }
-  }
-  return std::nullopt;
-}
-
-// One whole address and nothing more, the number and the city as they stand in the label.
-bool RunFinder::Reads(const std::wstring& question, const std::wstring& delivery) {
-  constexpr std::size_t kLongestQuestion = 1500;
-  if (question.size() >= kLongestQuestion) {
-    return false;
-  }
-  info_ = AddressParser::GetInstance()->Parse(question);
-  return !info_.zip.empty() && LettersAndDigits(info_.prefix).empty() &&
-         LettersAndDigits(info_.suffix).empty() &&
-         LettersAndDigits(info_.zip) == LettersAndDigits(place_.zip) &&
-         (place_.city.empty() || ReadsCity()) &&
-         info_.streetLine.find(L'\n') == std::wstring::npos &&
-         (delivery.empty() || FirstDigits(info_.streetLine) == FirstDigits(delivery)) &&
-         (LetterOfNumber(delivery).empty() ||
-          (info_.secondaryUnit == L"APT" &&
-           info_.secondaryNumber == L"-" + LetterOfNumber(delivery)));
-}
-
-// The city as typed. The grammar takes UPPER of UPPER DARBY for a unit and FL of FLAT LICK for a
-// floor, where the street has no unit of its own; who knows the cities can put that right.
-bool RunFinder::ReadsCity() const {
-  const std::wstring typed = LettersAndDigits(place_.city);
-  const std::wstring read = LettersAndDigits(info_.city);
-  return read == typed || (units_.empty() && !read.empty() && !info_.secondaryUnit.empty() &&
-                           typed.ends_with(read) && typed.front() == info_.secondaryUnit.front());
 }
 
 AddressRun RunFinder::RunFrom(std::size_t at) const {

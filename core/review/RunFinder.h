@@ -5,7 +5,6 @@
 #include "core/review/LineKind.h"
 #include "core/review/PlaceLine.h"
 
-#include <postwright/AddressInfo.h>
 #include <postwright/AddressLines.h>
 
 #include <cstddef>
@@ -32,7 +31,7 @@ class RunFinder {
   RunFinder(std::wstring_view text, std::vector<LabelPiece> pieces, bool mayCut)
       : text_(text), pieces_(std::move(pieces)), mayCut_(mayCut) {}
 
-  // Calls the parser four times at the most.
+  // Calls the parser twelve times at the most.
   std::optional<AddressRun> Find();
 
  private:
@@ -50,10 +49,6 @@ class RunFinder {
   bool IsDoubtful() const;
   std::optional<AddressRun> Ask();
   bool TakeUnitAbove(AddressRun& run);
-  std::optional<std::wstring> Compose(std::vector<RespelledWords>& respellings);
-  bool Reads(const std::wstring& question, const std::wstring& delivery);
-  bool ReadsCity() const;
-  std::optional<std::wstring> ComposeLine(const std::wstring& line, const std::wstring& delivery);
   AddressRun RunFrom(std::size_t at) const;
 
   std::wstring_view text_;
@@ -66,7 +61,6 @@ class RunFinder {
   LabelPiece line_;                   // and its text
   std::vector<LabelPiece> units_;
   std::vector<LabelPiece> between_;
-  AddressInfo info_;  // how the parser read the last question
 };
 
 }  // namespace postwright

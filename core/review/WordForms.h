@@ -32,6 +32,12 @@ class WordForms {
     return !Suffix(word).empty() || !Direction(word).empty();
   }
 
+  // Says whether the word is a street type that the grammar does not know: MEWS, ROW.
+  bool IsOtherType(std::wstring_view word) const {
+    return std::find(Vocabulary::kOtherTypes.begin(), Vocabulary::kOtherTypes.end(), word) !=
+           Vocabulary::kOtherTypes.end();
+  }
+
   // A state's code by code or name; the name's words run together ("NEWYORK").
   std::wstring_view State(std::wstring_view nameOrCode) const { return Find(states_, nameOrCode); }
 

@@ -24,7 +24,8 @@ const std::map<AddressRespelling, std::string> kRules = {
     {AddressRespellingHouseNumber, "house-number"},
     {AddressRespellingMilitary, "military"},
     {AddressRespellingDirectional, "directional"},
-    {AddressRespellingNumberBehind, "number-behind"}};
+    {AddressRespellingNumberBehind, "number-behind"},
+    {AddressRespellingCity, "city"}};
 
 // What a row of the table says, without its name and label: what is empty is left out.
 nlohmann::json ToJson(const AddressLines& lines) {
