@@ -37,6 +37,8 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // True where a person has to decide on the answer's candidates even if it says the same as the
   // text that was asked about.
   bool isOpen = false;
+  // False where the answer is not the service's and says nothing of whether that is there.
+  bool isAsked = true;
   Confirmation confirmation = {};  // how far the service confirmed the answer
 
   // True where the service or the network failed: the address was not judged.

@@ -65,7 +65,8 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
                            const ReviewedFix::Asking& asking) {
   const ReviewedFix fix(client, label, asking);
   if (fix.leftAlone() != LeftAloneNot) {
-    return {AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone()))};
+    return {
+        AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone())), false, false};
   }
   AddressOutcome outcome{
       .answer = fix.answer(), .message = fix.message(), .confirmation = fix.confirmation()};

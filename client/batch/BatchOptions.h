@@ -33,8 +33,10 @@ struct BatchOptions {
 
   // A service that leaves three records in a row without an answer is waited for, with growing
   // pauses: it is asked again after firstPause, then after twice as long each time, at most
-  // longestPause. Without any answer for giveUpAfter the run ends, and records without an answer
-  // stay pending. A single one that gets none while others do is an error as without the option.
+  // longestPause. One that says when it wants to be asked again (Retry-After) is waited for as long
+  // as it says. Without any answer for giveUpAfter, that time not counted, the run ends, and
+  // records without an answer stay pending. A single one that gets none while others do is an error
+  // as without the option.
   bool waitsForService = false;
   std::chrono::milliseconds firstPause{2000};
   std::chrono::milliseconds longestPause{60000};

@@ -9,6 +9,13 @@
 namespace postwright {
 namespace {
 
+AddressOutcome askPlainly(PostwrightClient& client, const QString& address) {
+  std::optional<AddressFix> answer = client.fixAddress(address);
+  return {.answer = std::move(answer),
+          .message = client.lastResult().value_or(QString()),
+          .confirmation = Confirmation(client.lastReport())};
+}
+
 bool isDue(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
   return values.pending && !values.ignored;
@@ -22,6 +29,8 @@ struct PostwrightThread::Run {
   TwinOutcomes twins;
   bool keepsPending;
   std::optional<Patience> patience;
+  std::chrono::seconds retryAfter{0};  // what the service wanted where it last gave no answer
+  qsizetype next = 0;                  // of the records
 };
 
 PostwrightThread::~PostwrightThread() {
@@ -52,13 +61,11 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
     const auto ask = parameters.value(AskKey).value<AskFunction>();
     const QVariant patience = parameters.value(PatienceKey);
     Run run{[&](const QString& address) {
-              if (ask) {
-                return ask(client, address);
-              }
-              std::optional<AddressFix> answer = client.fixAddress(address);
-              return AddressOutcome{.answer = std::move(answer),
-                                    .message = client.lastResult().value_or(QString()),
-                                    .confirmation = Confirmation(client.lastReport())};
+              AddressOutcome outcome = ask ? ask(client, address) : askPlainly(client, address);
+              const bool isPutOff = outcome.isUnanswered();
+              run.retryAfter =
+                  std::chrono::seconds(isPutOff ? client.lastReport().Fetch().retryAfter : 0);
+              return outcome;
             },
             TwinOutcomes(records), parameters.value(KeepsPendingKey).toBool(),
             patience.isValid() ? std::optional(patience.value<Patience>()) : std::nullopt};
@@ -79,7 +86,7 @@ void PostwrightThread::fixRecords(const BatchResultRecordList& records, Run& run
       return;
     }
     if (isDue(*record)) {
-      isAnswered(*record, true, run);
+      ask(*record, true, run);
       if (*_abandoned && run.keepsPending && isDue(*record)) {
         return;
       }
@@ -89,23 +96,25 @@ void PostwrightThread::fixRecords(const BatchResultRecordList& records, Run& run
 }
 
 // A record behind others that are held waits with them, whatever became of it: messages come in the
-// list's order.
+// list's order. One that nobody was asked about says nothing of the service.
 void PostwrightThread::fixPatiently(const BatchResultRecordList& records, Run& run) {
   constexpr int kInARow = 3;
   BatchResultRecordList held;
   int unanswered = 0;
-  for (const BatchResultRecordPointer& record : records) {
+  while (run.next < records.size()) {
     if (_cancel) {
       return;
     }
-    const bool due = isDue(*record);
-    const bool answered = !due || isAnswered(*record, false, run);
+    const BatchResultRecordPointer& record = records.at(run.next++);
+    const Reply reply = isDue(*record) ? ask(*record, false, run) : Reply::kNobodyAsked;
     held.append(record);
-    unanswered = !answered ? unanswered + 1 : due ? 0 : unanswered;
-    if (unanswered >= kInARow && !waitForService(held, run)) {
+    unanswered = reply == Reply::kNone ? unanswered + 1 : reply == Reply::kAnswer ? 0 : unanswered;
+    const bool isAway =
+        reply == Reply::kNone && (unanswered >= kInARow || run.retryAfter.count() > 0);
+    if (isAway && !waitForService(records, held, run)) {
       return;
     }
-    if (answered ? unanswered == 0 : unanswered >= kInARow) {
+    if (isAway || unanswered == 0) {
       settle(held, run);
       unanswered = 0;
     }
@@ -114,7 +123,8 @@ void PostwrightThread::fixPatiently(const BatchResultRecordList& records, Run& r
 }
 
 // Has every record of `held` its outcome, with one more question for those that had no answer: the
-// service has been heard of, so what it leaves without one now is a matter of that address.
+// service has been heard of, so what it leaves without one now is a matter of that address, unless
+// it puts it off once more.
 void PostwrightThread::settle(BatchResultRecordList& held, Run& run) {
   const BatchResultRecordList records = std::exchange(held, {});
   for (const BatchResultRecordPointer& record : records) {
@@ -122,44 +132,66 @@ void PostwrightThread::settle(BatchResultRecordList& held, Run& run) {
       if (_cancel) {
         return;
       }
-      isAnswered(*record, true, run);
+      while (ask(*record, true, run) == Reply::kNone && run.patience && isDue(*record)) {
+        if (*_abandoned || !pause(run.retryAfter)) {
+          return;
+        }
+      }
     }
     sendMessage(PostwrightUpdateMessage);
   }
 }
 
-// The records take turns at being asked about, so that one to which the service never answers does
-// not stand for the service. False when the run is to end.
-bool PostwrightThread::waitForService(const BatchResultRecordList& held, Run& run) {
+// The records take turns at being asked about, and then a new one, so that those to which the
+// service never answers do not stand for the service. False when the run is to end.
+bool PostwrightThread::waitForService(const BatchResultRecordList& records,
+                                      BatchResultRecordList& held, Run& run) {
   using Clock = std::chrono::steady_clock;
-  const Clock::time_point start = Clock::now();
+  Clock::time_point start = Clock::now();
   std::chrono::milliseconds length = run.patience->firstPause;
   for (qsizetype turn = 0;; ++turn) {
-    if (Clock::now() - start >= run.patience->giveUpAfter || !pause(length)) {
+    if (run.retryAfter.count() > 0) {
+      if (!pause(run.retryAfter)) {
+        return false;
+      }
+      start = Clock::now();
+      length = run.patience->firstPause;
+    } else if (Clock::now() - start >= run.patience->giveUpAfter || !pause(length)) {
       return false;
+    } else {
+      length = std::min(2 * length, run.patience->longestPause);
     }
-    BatchResultRecord& record = *held.at(turn % held.size());
-    if (isDue(record) && isAnswered(record, false, run)) {
+    const bool isNew = turn >= held.size() && run.next < records.size();
+    if (isNew) {
+      held.append(records.at(run.next++));
+    }
+    turn = isNew ? -1 : turn % held.size();
+    if (hasAnswer(isNew ? *held.last() : *held.at(turn), run)) {
       return true;
     }
-    length = std::min(2 * length, run.patience->longestPause);
   }
+}
+
+bool PostwrightThread::hasAnswer(BatchResultRecord& record, Run& run) {
+  return isDue(record) && ask(record, false, run) == Reply::kAnswer;
 }
 
 // Asks about a record that is due. One without an answer stays pending unless it is asked about
 // `finally`.
-bool PostwrightThread::isAnswered(BatchResultRecord& record, bool finally, Run& run) {
-  bool answered = true;
+PostwrightThread::Reply PostwrightThread::ask(BatchResultRecord& record, bool finally, Run& run) {
+  Reply reply = Reply::kNobodyAsked;
   record.fix([&](const QString& address) -> std::optional<AddressOutcome> {
     AddressOutcome outcome = run.twins.outcomeFor(address, run.ask);
-    answered = !outcome.isUnanswered();
+    const bool answered = !outcome.isUnanswered();
+    reply = !answered ? Reply::kNone : outcome.isAsked ? Reply::kAnswer : Reply::kNobodyAsked;
     if (!answered && run.patience) {
       run.twins.forget(address);
     }
-    const bool kept = !answered && (!finally || (*_abandoned && run.keepsPending));
+    const bool isPutOff = run.patience && run.retryAfter.count() > 0;
+    const bool kept = !answered && (!finally || isPutOff || (*_abandoned && run.keepsPending));
     return kept ? std::nullopt : std::optional(std::move(outcome));
   });
-  return answered;
+  return reply;
 }
 
 // False when the run was cancelled meanwhile.

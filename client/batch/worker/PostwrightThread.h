@@ -40,10 +40,11 @@ inline const QString KeepsPendingKey = QStringLiteral("keeps");     // true: see
 // text that stands in the list several times is asked about once. Records may be changed by other
 // threads at any time; the list itself is the worker's own.
 //
-// With a Patience, records that the service leaves without an answer are held: three in a row make
-// the run pause until one of them gets an answer, and then all of them are asked about once more.
-// Where none gets one for as long as the patience lasts, the run ends, they stay pending, and they
-// and all behind them have no message.
+// With a Patience, records that the service leaves without an answer are held: three in a row, or
+// one that the service puts off until later, make the run pause until one of them or a new one gets
+// an answer, and then all of them are asked about once more. Where none gets one for as long as the
+// patience lasts, the time that the service asked for itself not counted, the run ends, they stay
+// pending, and they and all behind them have no message.
 class PostwrightThread final : public WorkerThread {
  public:
   // An object serves one run: cancel() may come before the new thread has begun, and must not be
@@ -61,12 +62,14 @@ class PostwrightThread final : public WorkerThread {
 
  private:
   struct Run;
+  enum class Reply { kNone, kAnswer, kNobodyAsked };
   void threadTask(const QVariantMap& parameters) override;
   void fixRecords(const BatchResultRecordList& records, Run& run);
   void fixPatiently(const BatchResultRecordList& records, Run& run);
   void settle(BatchResultRecordList& held, Run& run);
-  bool waitForService(const BatchResultRecordList& held, Run& run);
-  bool isAnswered(BatchResultRecord& record, bool finally, Run& run);
+  bool waitForService(const BatchResultRecordList& records, BatchResultRecordList& held, Run& run);
+  bool hasAnswer(BatchResultRecord& record, Run& run);
+  Reply ask(BatchResultRecord& record, bool finally, Run& run);
   bool pause(std::chrono::milliseconds length);
 
   std::mutex _lock;

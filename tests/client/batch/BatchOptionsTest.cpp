@@ -1,5 +1,6 @@
 // What a host turns on in the batch window beyond its plain form.
 
+#include <postwright/Deployment.h>
 #include <postwright/PostwrightController.h>
 
 #include <QApplication>
@@ -16,6 +17,7 @@
 #include "tests/client/ClientTestMain.h"
 #include "tests/client/Controls.h"
 #include "tests/client/batch/Person.h"
+#include "tests/support/LoopbackServer.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)
 
@@ -64,6 +66,8 @@ class BatchOptionsTest : public QObject {
   void theDoubtfulWaitsForAPerson();
   void findsAndSorts();
   void waitsForAServiceThatIsAway();
+  void isNotMistakenAboutAnOutage();
+  void waitsAsLongAsTheServiceSays();
   void givesUpAndKeepsTheRestPending();
   void longLinesDoNotHoldTheWindowUp();
   void usesTheHostsFont();
@@ -368,6 +372,53 @@ void BatchOptionsTest::waitsForAServiceThatIsAway() {
                                           u"Unchanged"_qs, u"Not Checked"_qs, u"Unchanged"_qs}));
   QCOMPARE(person.find<QProgressBar>(u"piProgress"_qs)->value(), 6);
   QCOMPARE(asked, 9 + 1 + 2 + 1 + 2 + 1);  // the poisoned one once more, and no oftener
+}
+
+// Neither a row of addresses that never get an answer nor one that nobody was asked about tells
+// whether the service is there.
+void BatchOptionsTest::isNotMistakenAboutAnOutage() {
+  std::atomic<int> asked = 0;
+  OpenWindow open(
+      EntriesOf({u"1 poison"_qs, u"2 poison"_qs, u"3 poison"_qs, u"a"_qs, u"b"_qs, u"1 alone"_qs,
+                 u"c"_qs, u"2 alone"_qs, u"d"_qs}),
+      [&](PostwrightClient&, const QString& address) {
+        if (address.endsWith(u"alone")) {
+          return AddressOutcome{AddressFix{address, {}}, {}, u"Not asked."_qs, false, false};
+        }
+        const bool away = address.endsWith(u"poison") || (address != u"a" && ++asked <= 9);
+        return away ? kDown : AddressOutcome{AddressFix{address + u"!"_qs, {}}, {}};
+      },
+      Impatient());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  QCOMPARE(person.column(2).filter(u"Not Checked"_qs).size(), 3);
+  for (const BatchResultRecordPointer& record : open.window.records()) {
+    const bool isPoison = record->values().address.endsWith(u"poison");
+    QCOMPARE(record->values().status, isPoison ? AddressStatusError : AddressStatusUnchanged);
+  }
+}
+
+// A service that says when it wants to be asked again is waited for, whatever the patience.
+void BatchOptionsTest::waitsAsLongAsTheServiceSays() {
+  std::atomic<int> requests = 0;
+  const LoopbackServer server([&requests](const std::string&) {
+    return ++requests == 2
+               ? LoopbackServer::Answer{"HTTP/1.1 503 Busy\r\nRetry-After: 1\r\n"
+                                        "Content-Length: 0\r\n\r\n"}
+               : LoopbackServer::Page(
+                     "<R><Address><Address2>1 A ST</Address2><City>AUSTIN</City><State>TX</State>"
+                     "<Zip5>78701</Zip5></Address></R>");
+  });
+  SetDeployment({.verifyHost = server.GetEndpoint(), .userId = "TEST", .probeHost = "127.0.0.1"});
+  BatchOptions options = Impatient();
+  options.giveUpAfter = std::chrono::milliseconds(0);
+  OpenWindow open(EntriesOf({u"1 a st, austin tx 78701"_qs, u"2 a st, austin tx 78701"_qs}), {},
+                  options);
+  QTRY_VERIFY(open.person.hasFinished());
+  QCOMPARE(requests, 3);
+  for (const BatchResultRecordPointer& record : open.window.records()) {
+    QVERIFY(!record->values().pending && record->values().status != AddressStatusError);
+  }
 }
 
 void BatchOptionsTest::givesUpAndKeepsTheRestPending() {
