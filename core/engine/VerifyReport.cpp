@@ -1,5 +1,6 @@
 #include <postwright/VerifyReport.h>
 
+#include "common/Encoding.h"
 #include "common/SmallText.h"
 #include "core/engine/ReplyDocument.h"
 
@@ -13,11 +14,12 @@ namespace postwright {
 
 namespace {
 
-// The text of the first child of that name.
+// The text of the first child of that name. In a document that names no encoding TinyXML makes one
+// byte of a character reference, and anywhere three of half a surrogate pair.
 std::string ChildText(const TiXmlElement& parent, const char* name) {
   const TiXmlElement* const child = parent.FirstChildElement(name);
   const char* const text = child == nullptr ? nullptr : child->GetText();
-  return std::string(Trim(text == nullptr ? "" : text));
+  return DecodeText(Trim(text == nullptr ? "" : text));
 }
 
 struct CandidateText {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Encoding.h"
+
 namespace postwright {
 
 TEST(VerifyReportTest, ReadsAnAnswer) {
@@ -32,6 +34,18 @@ TEST(VerifyReportTest, ReadsAnAnswerInAnotherEncoding) {
   EXPECT_EQ(report.DpvConfirmation(), "Y");
   EXPECT_EQ(report.Footnotes(), "AN");
   EXPECT_EQ(report.ReturnText(), "A\xC3\xB1o.");
+}
+
+TEST(VerifyReportTest, GivesUtf8WhateverAReferenceNames) {
+  const auto described = [](const std::string& text) {
+    return VerifyReport("<R><Address><Error><Description>" + text + "</Description></Error>" +
+                        "</Address></R>")
+        .ErrorDescription();
+  };
+  EXPECT_EQ(described("Pe&#xF1;a"),
+            "Pe\xC3\xB1"
+            "a");
+  EXPECT_TRUE(IsUtf8(described("a&#xD8FF;\xC3\xB1")));
 }
 
 TEST(VerifyReportTest, ReadsARefusal) {
