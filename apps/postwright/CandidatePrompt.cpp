@@ -28,7 +28,7 @@ qsizetype NumberOf(const std::wstring& line, qsizetype most) {
 // it.
 std::string DoubtOf(const LabelFix& fix) {
   if (fix.Values().status == AddressStatusError) {
-    return fix.Explanation() + '\n';
+    return ExplainReasonInWords(fix);
   }
   return fix.Confirmed().Kind() == ConfirmationFull ? "" : ExplainInWords(fix.Confirmed());
 }

@@ -42,6 +42,18 @@ std::string ExplainInWords(const Confirmation& confirmation) {
              : "confirmation: " + std::string(confirmation.Text()) + "\n";
 }
 
+std::string ExplainReasonInWords(const LabelFix& fix) {
+  const std::string& text = fix.ReasonText();
+  if (!fix.Proposed().empty()) {
+    return "postwright: the text was left as it is, for a person to decide. " + text + "\n";
+  }
+  std::string lines = text.empty() ? "" : text + "\n";
+  if (fix.Values().status == AddressStatusError && !fix.IsUnanswered()) {
+    lines = fix.Values().result.toStdString() + "\n" + lines;
+  }
+  return lines;
+}
+
 std::string ExplainInJson(const CorrectionReview& review) {
   std::string array;
   for (const CorrectionChange& change : review.Changes()) {

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "apps/postwright/LabelFix.h"
+
 namespace postwright {
 
 // How the command shows why a text was corrected, and how far the address was confirmed.
@@ -15,6 +17,10 @@ std::string ExplainInWords(const CorrectionReview& review);
 
 // A line on how far the address was confirmed; empty where nobody said anything of that.
 std::string ExplainInWords(const Confirmation& confirmation);
+
+// Why `fix` gives the text back as it was typed, or none at all; empty where there is nothing to
+// tell.
+std::string ExplainReasonInWords(const LabelFix& fix);
 
 // The changes as a JSON array of an object for each change: rule, text, doubt, typed and corrected
 // with the lines and the offsets in code points at which they stand, and the reason of a doubt.

@@ -77,9 +77,7 @@ ExitStatus FixText(const InputBytes& input, const FixOptions& options, Postwrigh
   if (options.explain) {
     std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed());
   }
-  if (!fix.Explanation().empty()) {
-    std::cerr << fix.Explanation() << '\n';
-  }
+  std::cerr << ExplainReasonInWords(fix);
   if (fix.Values().status == AddressStatusError) {
     return kExitNotALabel;
   }
@@ -105,8 +103,8 @@ ExitStatus FixLines(const FixOptions& options, bool isResumable, PostwrightClien
   return FilterLines(
       lines,
       [&client, &record](const LabelLine& label) { return FixRecord(client, label, record); },
-      [](const LabelLine& label, const std::string& ending) {
-        return FailedRecord(label, "The worker process that was fixing this address " + ending);
+      [&record](const LabelLine& label, const std::string& ending) {
+        return DeadWorkerRecord(label, ending, record);
       });
 }
 

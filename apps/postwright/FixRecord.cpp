@@ -24,6 +24,30 @@ std::string End(JsonRecord& record, int status) {
   return record.Line();
 }
 
+// What --explain adds.
+void AddWords(JsonRecord& record, const std::string& confirmation, const std::string& reason,
+              const std::string& changes) {
+  record.Add("confirmation_text", WideFromUtf8(confirmation));
+  record.Add("reason_text", WideFromUtf8(reason));
+  record.AddJson("changes", changes);
+}
+
+// The record of a label that nobody was heard about.
+std::string FailedRecord(const LabelLine& label, const std::string& result,
+                         const std::string& reason, const std::string& reasonText, int status,
+                         const RecordOptions& options) {
+  JsonRecord record = Begin(label, L"", WideFromUtf8(result));
+  record.Add("confirmation", L"");
+  record.Add("reason", WideFromUtf8(reason));
+  if (options.explain) {
+    AddWords(record, "", reasonText, "[]");
+  }
+  if (options.candidates) {
+    record.AddJson("candidates", "[]");
+  }
+  return End(record, status);
+}
+
 // The parts of the corrected label that were given, as JSON; as they were where it has no others.
 std::string PartsOf(const LabelParts& given, const std::wstring& fixed) {
   static const LabelColumns columns("name=1,street=2,unit=3,city=4,state=5,zip=6", {},
@@ -53,7 +77,9 @@ std::string PartsOf(const LabelParts& given, const std::wstring& fixed) {
 LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
                      const RecordOptions& options) {
   if (!label.problem.empty()) {
-    return FailedRecord(label, "The line " + label.problem);
+    return FailedRecord(label, "The line " + label.problem, "no-label",
+                        "The line holds no label that can be read. Nobody was asked about it.",
+                        kTurnedDown, options);
   }
   const LabelFix fix(label.address, options.asking, client);
   const BatchResultRecord::Values& values = fix.Values();
@@ -68,7 +94,7 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   }
   record.Add("reason", WideFromUtf8(fix.Reason()));
   if (options.explain) {
-    record.AddJson("changes", ExplainInJson(fix.Review()));
+    AddWords(record, fix.Confirmed().Text(), fix.ReasonText(), ExplainInJson(fix.Review()));
   }
   if (options.candidates) {
     record.AddJson("candidates", CandidatesInJson(fix.Candidates()));
@@ -77,18 +103,19 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   if (fix.IsUnanswered()) {
     line.heard = Heard::kNoAnswer;
     line.retryAfter = fix.RetryAfter();
-    line.why = fix.Explanation();
+    line.why = fix.ReasonText();
   } else if (fix.IsAsked()) {
     line.heard = Heard::kAnswer;
   }
   return line;
 }
 
-std::string FailedRecord(const LabelLine& label, const std::string& result) {
-  JsonRecord record = Begin(label, L"", WideFromUtf8(result));
-  record.Add("confirmation", L"");
-  record.Add("reason", L"");
-  return End(record, AddressStatusError);
+std::string DeadWorkerRecord(const LabelLine& label, const std::string& ending,
+                             const RecordOptions& options) {
+  return FailedRecord(
+      label, "The worker process that was fixing this address " + ending, "worker-ended",
+      "The process that asked about it ended before there was an answer. Ask again.", kNotAnswered,
+      options);
 }
 
 }  // namespace postwright

@@ -21,16 +21,19 @@ struct RecordOptions {
 // status, which mean what they mean in the client's BatchResultRecord, behind the id where there
 // is one, the confirmation, Confirmation::Code(), "" where no address came back, and the reason, a
 // code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
-// fixed and the member proposed, the corrected text. With `explain` each record has the member
-// changes, with `candidates` the member of that name, what could have been meant (CandidateList).
+// fixed and the member proposed, the corrected text. With `explain` each record has the members
+// confirmation_text and reason_text, the two in words, and changes; with `candidates` the member of
+// that name, what could have been meant (CandidateList).
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
 // anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
 LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
                      const RecordOptions& options);
 
-// The record of a label whose fix failed as `result` says.
-std::string FailedRecord(const LabelLine& label, const std::string& result);
+// The record of a label whose worker process died, in the way that `ending` says, as in "was ended
+// by signal 9 (Killed)": not answered, since nobody judged the label.
+std::string DeadWorkerRecord(const LabelLine& label, const std::string& ending,
+                             const RecordOptions& options);
 
 }  // namespace postwright
 

@@ -47,7 +47,7 @@ void LabelFix::TakeAnswer(const ReviewedFix& fix) {
 void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
   isAsked_ = false;
   reason_ = CodeOfReason(reason);
-  explanation_ = TextOfReason(reason);
+  reasonText_ = TextOfReason(reason);
   values_.fixed = values_.address;
   values_.pending = false;
   text_ = label;
@@ -55,24 +55,22 @@ void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
 
 void LabelFix::Judge(const std::wstring& label) {
   if (review_.Doubtful() && values_.status == AddressStatusFixed) {
-    Propose(label, review_.ReasonCode(),
-            "since the correction is doubtful. " + Utf8FromAnyWide(review_.Reason()));
+    Propose(label, review_.ReasonCode(), Utf8FromAnyWide(review_.Reason()));
   } else if (confirmation_.ContradictsNumber() && values_.status != AddressStatusMultiple) {
     // Also where nothing was changed: a number that was mistyped is what the service sends back as
     // it is.
     Propose(label, confirmation_.Code(),
-            "since the address is doubtful: " + std::string(confirmation_.Text()) +
-                ". Look at the number.");
+            "Look at the number: " + std::string(confirmation_.Text()) + ".");
   } else if (review_.Doubtful()) {
     text_ = label;  // what says the same but for punctuation is no correction: nothing to decide
   }
 }
 
 void LabelFix::Propose(const std::wstring& label, const std::string& reason,
-                       const std::string& why) {
+                       const std::string& text) {
   proposed_ = std::exchange(text_, label);
   reason_ = reason;
-  explanation_ = "postwright: the text was left as it is, " + why;
+  reasonText_ = text;
   values_.status = AddressStatusMultiple;
   values_.fixed.clear();
 }
@@ -84,14 +82,13 @@ void LabelFix::ExplainFailure(const std::wstring& label, const VerifyReport& rep
   if (isUnanswered_) {
     retryAfter_ = std::chrono::seconds(report.Fetch().retryAfter);
     reason_ = failure.Code();
-    explanation_ = failure.Text();
+    reasonText_ = failure.Text();
     return;
   }
   const UnreadReason unread(label);
   const bool isRead = unread.GetCause() == UnreadCauseNone;
   reason_ = isRead ? failure.Code() : unread.GetCode();
-  const std::string text = isRead ? failure.Text() : unread.GetText();
-  explanation_ = values_.result.toStdString() + (text.empty() ? "" : "\n" + text);
+  reasonText_ = isRead ? failure.Text() : unread.GetText();
 }
 
 }  // namespace postwright

@@ -61,14 +61,14 @@ class LabelFix {
   // answered, or what is doubtful; "" for none of these.
   const std::string& Reason() const { return reason_; }
 
-  // The same in English; behind the message of the failure where the label was turned down.
-  const std::string& Explanation() const { return explanation_; }
+  // The same in English, a sentence or two for a person; "" where Reason() is.
+  const std::string& ReasonText() const { return reasonText_; }
 
  private:
   void TakeAnswer(const ReviewedFix& fix);
   void LeaveAlone(const std::wstring& label, LeftAloneReason reason);
   void Judge(const std::wstring& label);
-  void Propose(const std::wstring& label, const std::string& reason, const std::string& why);
+  void Propose(const std::wstring& label, const std::string& reason, const std::string& text);
   void ExplainFailure(const std::wstring& label, const VerifyReport& report);
 
   BatchResultRecord::Values values_;
@@ -80,7 +80,7 @@ class LabelFix {
   bool isUnanswered_ = false;
   std::chrono::seconds retryAfter_{0};
   std::string reason_;
-  std::string explanation_;
+  std::string reasonText_;
   QList<AddressMatch> candidates_;
 };
 

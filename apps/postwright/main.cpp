@@ -85,14 +85,14 @@ street, or empty), reason (a code: why a label was left alone, why nothing was r
 was turned down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a
 person to decide, 3 turned down, 4 not answered), behind the id where one was given. Records come in
 the order of the lines, each as soon as it and all before it are known. A line that is no label or
-longer than 16 MiB is reported, and has status 3. So has a label whose worker process, of --jobs,
-died over it.
+longer than 16 MiB is reported, and has status 3. A label whose worker process, of --jobs, died over
+it has status 4.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
---explain each record has changes, a list of objects with rule, text, doubt, typed and corrected,
-their lines and offsets, and reason. With --candidates each has candidates, a list of objects with
-address (ranges in parentheses) and, for a range, number_low, number_high and number_parity or
-unit_low, unit_high and unit_parity.
+--explain each record has confirmation_text and reason_text, the two in words, and changes, a list
+of objects with rule, text, doubt, typed and corrected, their lines and offsets, and reason. With
+--candidates each has candidates, a list of objects with address (ranges in parentheses) and, for a
+range, number_low, number_high and number_parity or unit_low, unit_high and unit_parity.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
@@ -102,10 +102,10 @@ what was turned down; the new records take the places of the old ones.
 
 A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
 their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
-not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _changes. It is told
-from one label by the names in its header; --csv says it is one, and --columns names the columns of
-the label. A ZIP code of five digits stays one. A row that cannot be read stays and is reported.
---resume keeps the records of the rows in a file of their own, beside --output.
+not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _reason_text and
+_changes. It is told from one label by the names in its header; --csv says it is one, and --columns
+names the columns of the label. A ZIP code of five digits stays one. A row that cannot be read stays
+and is reported. --resume keeps the records of the rows in a file of their own, beside --output.
 
 A service that leaves three labels in a row without an answer is waited for: it is asked again after
 a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there is
@@ -208,7 +208,7 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->disable_flag_override();
   parser
       ->add_flag("--explain", options.explain,
-                 "Say why each word was changed: on standard error, or in the records")
+                 "Say why, and how far it was confirmed: on standard error, or in the records")
       ->disable_flag_override();
   parser
       ->add_flag("--candidates", options.candidates,

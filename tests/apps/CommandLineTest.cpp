@@ -297,10 +297,18 @@ TEST(CommandLineTest, FixesWithTheService) {
            "12 N MAIN ST", "confirmation: form only, nobody has checked the street\n"},
           {"explained lines", fix + " --jsonl --explain <<< '\"12 main street, austin tx 78701\"'",
            0,
-           R"("changes":[{"rule":"suffix","text":"suffix in standard form","doubt":false,"typed":"street","typed_line":0,"typed_begin":8,"typed_end":14,"corrected":"ST","corrected_line":0,"corrected_begin":8,"corrected_end":10,"reason":""}],"status":1})",
+           R"("confirmation":"form-only","reason":"","confirmation_text":"form only, nobody has checked the street","reason_text":"","changes":[{"rule":"suffix","text":"suffix in standard form","doubt":false,"typed":"street","typed_line":0,"typed_begin":8,"typed_end":14,"corrected":"ST","corrected_line":0,"corrected_begin":8,"corrected_end":10,"reason":""}],"status":1})",
            ""},
           {"no network", "$postwright fix --server 255.255.255.255", 1, "",
            "No internet connection available: there is no way to 255.255.255.255"},
+          {"a doubt in words",
+           fix + " --jsonl --explain <<< '\"2870 South West Temple, Madison WI 53703\"'", 0,
+           R"("reason_text":"The directional “South” became “S”, and the service did not say why.","changes":[{)",
+           ""},
+          {"left alone, in words",
+           fix + R"( --jsonl --explain <<< '"RR 3 Box 14\nSpringfield IL 62701"')", 0,
+           R"("confirmation_text":"","reason_text":"A rural route, highway contract route or star route: it cannot be checked, and stays as it was typed.",)",
+           ""},
           {"turned down", fix + " <<< 'ring twice'", 1, "", "Invalid Address\n"},
           {"slow service",
            "$postwright fix --timeout 1s --server " + slow.GetEndpoint() + " <<< 'ring twice'", 1,
@@ -324,9 +332,13 @@ TEST(CommandLineTest, FixesWithTheService) {
            R"({"address":"12 main street\naustin tx 78701","fixed":"12 MAIN ST\nAUSTIN TX 78701","result":"","confirmation":"form-only","reason":"","status":1}
 {"id":[1],"address":"12 Main St., Austin TX 78701","fixed":"12 Main St., Austin TX 78701","result":"","confirmation":"form-only","reason":"","status":0}
 {"address":"ring\ttwice","fixed":"","result":"Invalid Address","confirmation":"","reason":"zip-missing","status":3}
-{"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3}
+{"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"no-label","status":3}
 )",
            "line 4 is not a JSON string"},
+          {"turned down, in words",
+           fix + " --jsonl --explain <<< '\"12 Main St, Austin TX 10001\"'", 0,
+           R"("reason":"zip-invalid","confirmation_text":"","reason_text":"The service says: Invalid Zip Code. Look at the ZIP code: it is none, or belongs to another place.","changes":[],"status":3})",
+           ""},
           {"failures are answers", fix + " --jsonl <<< '\"ring twice\"'", 0, R"("status":3})", ""},
       },
       ScratchFolder());
@@ -358,6 +370,10 @@ TEST(CommandLineTest, TellsWhatWasConfirmed) {
           {"number not there, the same words on other lines",
            fix + R"( --jsonl <<< '"99 Oak\nSt, Austin TX 78701"')", 0,
            R"("fixed":"","result":"","confirmation":"number-not-known","proposed":"99 OAK ST\nAUSTIN TX 78701","reason":"number-not-known","status":2})",
+           ""},
+          {"in words, in a record", fix + " --jsonl --explain <<< '\"99 Oak St, Austin TX 78701\"'",
+           0,
+           R"("confirmation_text":"the street is known, the number is not","reason_text":"Look at the number: the street is known, the number is not.",)",
            ""},
           {"corrected", fix + " --jsonl <<< '\"99 Oak Street, Austin TX 78701\"'", 0,
            R"("reason":"number-not-known","status":2})", ""},

@@ -82,7 +82,7 @@ TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
   const std::string input = Lines(40, LabelLine) + "3\n" + LabelLine(41);
   const std::string records =
       Lines(40, Record) +
-      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3})" +
+      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"no-label","status":3})" +
       "\n" + Record(41);
   for (const char* jobs : {"1", "2", "7", "64"}) {
     SCOPED_TRACE(jobs);
@@ -127,16 +127,18 @@ TEST_F(FixStreamTest, ReplacesADeadWorker) {
   WriteFile(folder_.File("more"), LabelLine(2));
   CheckCommands({{"killed",
                   there_ + "coproc " + fix_ +
-                      " --jobs 2; input=${COPROC[1]}; cat labels >&$input; "
+                      " --jobs 2 --explain; input=${COPROC[1]}; cat labels >&$input; "
                       "read -r -t 30 -u ${COPROC[0]} one; pkill -9 -P $COPROC_PID; "
                       "read -r -t 30 -u ${COPROC[0]} two; cat more >&$input; "
                       "read -r -t 30 -u ${COPROC[0]} three; exec {input}>&-; "
-                      "echo \"$two\"; echo \"$three\"",
+                      "echo \"$two\"; echo \"${three//,/ }\" | cut -c 1-8",
                   0,
                   R"({"id":999,"address":"999 main street, austin tx 78701","fixed":"",)"
                   R"("result":"The worker process that was fixing this address was ended by )"
-                  "signal 9 (Killed)\",\"confirmation\":\"\",\"reason\":\"\",\"status\":3}\n" +
-                      Record(2),
+                  "signal 9 (Killed)\",\"confirmation\":\"\",\"reason\":\"worker-ended\","
+                  R"("confirmation_text":"","reason_text":"The process that asked about it ended )"
+                  R"(before there was an answer. Ask again.","changes":[],"status":4})"
+                  "\n{\"id\":2 \n",
                   ""}},
                 folder_);
 }
@@ -171,7 +173,7 @@ TEST_F(FixStreamTest, GoesOnWhereARunWasKilled) {
 
 TEST_F(FixStreamTest, PutsNewAnswersInTheirPlaces) {
   const std::string noLabel =
-      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"","status":3})"
+      R"({"address":"","fixed":"","result":"The line is not a JSON string","confirmation":"","reason":"no-label","status":3})"
       "\n";
   WriteFile(folder_.File("labels"), Lines(3, LabelLine) + "3\n" + LabelLine(4) + LabelLine(5));
   const std::string out = Record(1) + Failed(2, 3) + Unanswered(3) + noLabel;
@@ -241,7 +243,7 @@ TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
                                         std::string(600000, ']') + "}\n" + LabelLine(2));
   const std::string record =
       R"({"address":"","fixed":"","result":"The line has more than 1,000 arrays and objects )"
-      R"(inside one another","confirmation":"","reason":"","status":3})"
+      R"(inside one another","confirmation":"","reason":"no-label","status":3})"
       "\n";
   WriteFile(folder_.File("begun"), Record(1) + record);
   const std::string run = there_ + fix_ + " --jobs 3 --resume ";

@@ -61,7 +61,7 @@ class RecordCells {
                        QStringLiteral("reason"), QStringLiteral("zip4"),
                        QStringLiteral("proposed")};
     if (explain_) {
-      titles.append(QStringLiteral("changes"));
+      titles += {QStringLiteral("reason_text"), QStringLiteral("changes")};
     }
     return titles;
   }
@@ -76,6 +76,7 @@ class RecordCells {
     const QJsonObject record = QJsonDocument::fromJson(line).object();
     int status = std::clamp<int>(record[QLatin1String("status")].toInt(), kUnchanged, kUnanswered);
     QString reason = record[QLatin1String("reason")].toString();
+    QString reasonText = record[QLatin1String("reason_text")].toString();
     QString proposed = record[QLatin1String("proposed")].toString();
     const QString fixed = record[QLatin1String("fixed")].toString();
     if (status == kFixed) {
@@ -85,6 +86,8 @@ class RecordCells {
       } else {
         status = kToDecide;
         reason = QStringLiteral("columns");
+        reasonText =
+            QStringLiteral("The corrected label does not divide into the columns of the table.");
         proposed = fixed;
       }
     }
@@ -92,7 +95,7 @@ class RecordCells {
                         record[QLatin1String("confirmation")].toString(), reason,
                         status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
     if (explain_) {
-      results.append(ChangesOf(record));
+      results += {OneLine(reasonText), ChangesOf(record)};
     }
     return results;
   }
