@@ -58,6 +58,17 @@ std::unique_ptr<FixedAddress> FixInTurn(const std::wstring& text, bool quick,
                         : Postwright::Fix(text, quick, &services);
 }
 
+// Why the network cannot carry a fix; FetchOutcomeUnknown where it can. A host that only stands for
+// the network says nothing of the service's name.
+FetchOutcome whyUnreachable() {
+  const Deployment& deployment = GetDeployment();
+  const std::string& probe = deployment.probeHost;
+  const FetchOutcome why = WhyUnreachable(probe);
+  const bool isService =
+      deployment.verifyHost == probe || deployment.verifyHost.starts_with(probe + ':');
+  return why == FetchOutcomeNotResolved && !isService ? FetchOutcomeNoNetwork : why;
+}
+
 }  // namespace
 
 PostwrightClient::PostwrightClient(QObject* parent) : QObject(parent) {
@@ -79,7 +90,7 @@ void PostwrightClient::setMixedCase(const std::optional<QString>& mixedCase) {
 }
 
 bool PostwrightClient::checkNetwork() const {
-  return IsHostReachable(GetDeployment().probeHost);
+  return whyUnreachable() == FetchOutcomeUnknown;
 }
 
 // One fix with all that both forms share. `read` makes the result of what the engine found; a
@@ -87,8 +98,8 @@ bool PostwrightClient::checkNetwork() const {
 template <typename Result, typename Read>
 std::optional<Result> PostwrightClient::runFix(const QString& address, bool quick, Read read) {
   _lastReport = VerifyReport();
-  if (!checkNetwork()) {
-    _lastReport = VerifyReport("", {.outcome = FetchOutcomeNoNetwork});
+  if (const FetchOutcome why = whyUnreachable(); why != FetchOutcomeUnknown) {
+    _lastReport = VerifyReport("", {.outcome = why});
     setLastResult(stringForResult(FixResultNoInternet));
     return std::nullopt;
   }

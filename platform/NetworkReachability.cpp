@@ -26,13 +26,15 @@ std::string WithoutPort(const std::string& host) {
   return hasPort ? host.substr(0, host.find(':')) : host;
 }
 
-AddressList Resolve(const std::string& name) {
+// Puts the addresses into `found`. Returns 0 or one of the resolver's EAI_ numbers.
+int Resolve(const std::string& name, AddressList& found) {
   addrinfo hints = {};
   hints.ai_family = AF_UNSPEC;
   hints.ai_socktype = SOCK_DGRAM;
   addrinfo* list = nullptr;
-  const bool resolved = getaddrinfo(name.c_str(), "80", &hints, &list) == 0;
-  return AddressList(resolved ? list : nullptr);
+  const int fault = getaddrinfo(name.c_str(), "80", &hints, &list);
+  found.reset(fault == 0 ? list : nullptr);
+  return fault;
 }
 
 // Connecting a datagram socket sends nothing: the kernel looks the route up and keeps it.
@@ -43,14 +45,22 @@ bool HasRoute(const addrinfo& address) {
 
 }  // namespace
 
-bool IsHostReachable(const std::string& host) {
-  const AddressList list = Resolve(WithoutPort(host));
+FetchOutcome WhyUnreachable(const std::string& host) {
+  AddressList list;
+  const int fault = Resolve(WithoutPort(host), list);
+  if (fault == EAI_NONAME || fault == EAI_NODATA) {
+    return FetchOutcomeNotResolved;
+  }
   for (const addrinfo* address = list.get(); address != nullptr; address = address->ai_next) {
     if (HasRoute(*address)) {
-      return true;
+      return FetchOutcomeUnknown;
     }
   }
-  return false;
+  return FetchOutcomeNoNetwork;
+}
+
+bool IsHostReachable(const std::string& host) {
+  return WhyUnreachable(host) == FetchOutcomeUnknown;
 }
 
 }  // namespace postwright

@@ -18,8 +18,8 @@ struct FetchRow {
 
 constexpr FetchRow kFetchRows[] = {
     {FetchOutcomeNoNetwork, "no-network",
-     "No internet connection available: there is no way to @, or no such host. Look at the network "
-     "and at the server's name."},
+     "No internet connection available: there is no way to @, or nobody to look up its name. Look "
+     "at the network."},
     {FetchOutcomeNotResolved, "not-resolved", "There is no host @. Look at the server's name."},
     {FetchOutcomeRefused, "refused",
      "Nothing answers at @ (connection refused). Start the service there, or name another server."},

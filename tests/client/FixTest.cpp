@@ -103,6 +103,8 @@ void FixTest::wantsNoReplyWithoutANetwork() {
   QVERIFY(!client.fixAddressQuick(u"12 main st\naustin tx"_qs));
   QCOMPARE(client.lastResult(), std::optional(u"No internet connection available"_qs));
   QVERIFY(!client.fixAddress(u"12 main st\naustin tx"_qs));
+  // The name that is not there is not the service's.
+  QCOMPARE(client.lastReport().Fetch().outcome, FetchOutcomeNoNetwork);
   QCOMPARE(server.GetRequests().size(), 0U);
 }
 
