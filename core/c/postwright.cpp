@@ -2,20 +2,17 @@
 
 #include "core/c/Guard.h"
 #include "core/c/Handles.h"
-#include "core/c/HostServices.h"
 
 #include <postwright/AddressLines.h>
 #include <postwright/AddressParser.h>
 #include <postwright/Deployment.h>
 #include <postwright/FetchTimeout.h>
-#include <postwright/Postwright.h>
+#include <postwright/FixResult.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <mutex>
-#include <new>
-#include <optional>
+#include <memory>
 #include <utility>
 
 struct postwright_lines {
@@ -31,9 +28,6 @@ namespace {
 static_assert(POSTWRIGHT_BAD_REPLY == int{FixResultBadReply} &&
               POSTWRIGHT_INVALID_ADDRESS == int{FixResultInvalidAddress} &&
               POSTWRIGHT_DEFAULT_MATCH == int{FixResultDefaultMatch});
-
-constexpr std::size_t kLargestBody = std::size_t{16} << 20U;
-constexpr std::chrono::milliseconds kCancelCheck(100);
 
 struct ResultRow {
   std::int32_t result;
@@ -65,11 +59,6 @@ constexpr ResultRow kResults[] = {
 bool IsHost(std::string_view host) {
   return !host.empty() &&
          std::all_of(host.begin(), host.end(), [](char c) { return c > ' ' && c < '\x7F'; });
-}
-
-std::timed_mutex& Turn() {
-  static std::timed_mutex turn;
-  return turn;
 }
 
 postwright_address* NewParsedAddress(const AddressInfo& info) {
@@ -108,37 +97,9 @@ postwright_lines* NewLines(const std::wstring& text) {
       ""};
 }
 
-std::int32_t Fix(const std::wstring& text, const postwright_services* services,
-                 const std::atomic<bool>* cancelled, postwright_address** fixed) {
-  HostServices host(services, cancelled);
-  const auto turn = TakeTurn(cancelled);
-  if (!turn) {
-    return POSTWRIGHT_CANCELLED;
-  }
-  try {
-    *fixed = NewAddress(*Postwright::Fix(text, true, &host));
-    return POSTWRIGHT_DEFAULT_MATCH;
-  } catch (const PostwrightException&) {
-    if (cancelled != nullptr && cancelled->load()) {
-      return POSTWRIGHT_CANCELLED;  // a fetch that was given up looks like one without a reply
-    }
-    throw;
-  }
-}
-
 }  // namespace
 
-std::optional<std::unique_lock<std::timed_mutex>> TakeTurn(const std::atomic<bool>* cancelled) {
-  std::unique_lock lock(Turn(), std::defer_lock);
-  while (cancelled == nullptr || !cancelled->load()) {
-    if (lock.try_lock_for(kCancelCheck)) {
-      return lock;
-    }
-  }
-  return std::nullopt;
-}
-
-postwright_address* NewAddress(const FixedAddress& fixed) {
+std::unique_ptr<postwright_address> NewAddress(const FixedAddress& fixed) {
   const AddressFields& fields = fixed.GetExactMatchAddress();
   auto address = std::make_unique<postwright_address>();
   const std::pair<int, const std::wstring*> elements[] = {
@@ -154,7 +115,7 @@ postwright_address* NewAddress(const FixedAddress& fixed) {
     address->elements[static_cast<std::size_t>(element)] = Utf8FromWide(*field);
   }
   address->text = Utf8FromWide(fixed.GetExactAddress());
-  return address.release();
+  return address;
 }
 
 }  // namespace postwright
@@ -252,45 +213,4 @@ const char* postwright_lines_put_back(postwright_lines* lines, const char* corre
 
 void postwright_lines_free(postwright_lines* lines) {
   delete lines;
-}
-
-int32_t postwright_body_append(postwright_body* body, const void* data, size_t size) {
-  if (body == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  return Guard([&]() -> std::int32_t {
-    const bool isBad = data == nullptr && size > 0;
-    body->failed = body->failed || isBad || size > postwright::kLargestBody - body->bytes.size();
-    if (body->failed) {
-      return isBad ? POSTWRIGHT_BAD_ARGUMENT : POSTWRIGHT_NO_MEMORY;
-    }
-    const auto* const bytes = static_cast<const std::uint8_t*>(data);
-    body->bytes.insert(body->bytes.end(), bytes, bytes + size);
-    return 0;
-  });
-}
-
-postwright_canceller* postwright_canceller_new(void) {
-  return new (std::nothrow) postwright_canceller;
-}
-
-void postwright_canceller_free(postwright_canceller* canceller) {
-  delete canceller;
-}
-
-void postwright_cancel(postwright_canceller* canceller) {
-  if (canceller != nullptr) {
-    canceller->cancelled = true;
-  }
-}
-
-int32_t postwright_fix(const char* text, size_t length, const postwright_services* services,
-                       postwright_canceller* canceller, postwright_address** fixed) {
-  return MakeOfText(text, length, fixed, [&](const std::wstring& label) -> std::int32_t {
-    if (services != nullptr && services->size != sizeof *services) {
-      return POSTWRIGHT_BAD_ARGUMENT;
-    }
-    const auto* cancelled = canceller != nullptr ? &canceller->cancelled : nullptr;
-    return postwright::Fix(label, services, cancelled, fixed);
-  });
 }

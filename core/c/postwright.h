@@ -179,8 +179,8 @@ enum { POSTWRIGHT_LOG_ERROR = 0, POSTWRIGHT_LOG_WARNING = 1, POSTWRIGHT_LOG_INFO
 
 // What a host does for the library instead of the library's own network and silence. A member may
 // be null. Called on the thread of the fix, during it, with `context`; must not throw or jump out,
-// and must not call postwright_fix, postwright_parse or postwright_address_lines, which would wait
-// for themselves.
+// and must not call postwright_fix or one of its kin, postwright_parse, postwright_address_lines or
+// postwright_unread_reason, which would wait for themselves.
 typedef struct postwright_services {
   size_t size;  // sizeof(postwright_services)
   void* context;
@@ -271,6 +271,134 @@ POSTWRIGHT_CORE_EXPORT const char* postwright_candidates_compose(postwright_cand
 
 // Null is allowed.
 POSTWRIGHT_CORE_EXPORT void postwright_candidates_free(postwright_candidates* candidates);
+
+// The report of an answer: what VerifyReport, Confirmation and VerifyFailure say of it.
+typedef struct postwright_report postwright_report;
+
+// How the fetch ended: the numbers of FetchOutcome. Numbers never change, new ones may come.
+enum {
+  POSTWRIGHT_FETCH_UNKNOWN = 0,      /* nothing was fetched, or by the host's own `read_url` */
+  POSTWRIGHT_FETCH_ANSWERED = 1,     /* over HTTP, whatever its status */
+  POSTWRIGHT_FETCH_NO_NETWORK = 2,   /* there is no way to the host */
+  POSTWRIGHT_FETCH_NOT_RESOLVED = 3, /* the host's name has no address */
+  POSTWRIGHT_FETCH_REFUSED = 4,      /* no connection, or none that may be trusted */
+  POSTWRIGHT_FETCH_TIMED_OUT = 5,
+  POSTWRIGHT_FETCH_BROKE_OFF = 6,  /* the connection ended before the answer did */
+  POSTWRIGHT_FETCH_BAD_ANSWER = 7, /* not HTTP, or too much of it */
+  POSTWRIGHT_FETCH_ABANDONED = 8
+};
+
+// How far an address was confirmed as one that exists: the numbers of ConfirmationKind. Numbers
+// never change, new ones may come.
+enum {
+  POSTWRIGHT_CONFIRMATION_NONE = 0, /* nobody was asked, or no address came back */
+  POSTWRIGHT_CONFIRMATION_FULL = 1,
+  POSTWRIGHT_CONFIRMATION_UNIT_MISSING = 2,     /* the building is known, and has units */
+  POSTWRIGHT_CONFIRMATION_UNIT_NOT_KNOWN = 3,   /* the building is known, the unit is not */
+  POSTWRIGHT_CONFIRMATION_NUMBER_NOT_KNOWN = 4, /* the street is known, the number is not */
+  POSTWRIGHT_CONFIRMATION_FORM_ONLY = 5         /* well written; nobody has checked the street */
+};
+
+// The numbers of a report.
+enum {
+  POSTWRIGHT_REPORT_FETCH = 0,       /* a POSTWRIGHT_FETCH_... */
+  POSTWRIGHT_REPORT_HTTP_STATUS = 1, /* where answered; else 0 */
+  POSTWRIGHT_REPORT_RETRY_AFTER = 2, /* seconds that the service wants to be left alone; or 0 */
+  POSTWRIGHT_REPORT_CONFIRMATION = 3,
+  /* 1 where the service knows the street's numbers, and the one asked about is not among them */
+  POSTWRIGHT_REPORT_CONTRADICTS_NUMBER = 4,
+  /* 1 where nobody judged the address, and asking again later may help; 0 also where nothing is
+     known of the fetch */
+  POSTWRIGHT_REPORT_UNANSWERED = 5,
+  POSTWRIGHT_REPORT_NUMBERS = 6 /* how many there are */
+};
+
+// The texts of a report; each is "" where there is nothing to tell.
+enum {
+  POSTWRIGHT_REPORT_CONFIRMATION_CODE = 0, /* "confirmed", "unit-missing", "form-only" */
+  POSTWRIGHT_REPORT_CONFIRMATION_TEXT = 1, /* the same in English */
+  POSTWRIGHT_REPORT_REASON = 2,            /* why there is no address: "refused", "not-found" */
+  POSTWRIGHT_REPORT_REASON_TEXT = 3,       /* in English: what happened and what to do */
+  POSTWRIGHT_REPORT_ERROR_NUMBER = 4,      /* the service's own: "-2147219401" */
+  POSTWRIGHT_REPORT_ERROR_SOURCE = 5,
+  POSTWRIGHT_REPORT_ERROR_DESCRIPTION = 6,
+  POSTWRIGHT_REPORT_DPV_CONFIRMATION = 7, /* "Y", "D", "S" or "N" */
+  POSTWRIGHT_REPORT_DPV_FOOTNOTES = 8,    /* pairs run together: "AABB" */
+  POSTWRIGHT_REPORT_FOOTNOTES = 9,        /* letters run together: "AN", as for a review */
+  POSTWRIGHT_REPORT_RETURN_TEXT = 10,     /* a sentence on a default match */
+  POSTWRIGHT_REPORT_ZIP4 = 11,
+  POSTWRIGHT_REPORT_CARRIER_ROUTE = 12,
+  POSTWRIGHT_REPORT_DELIVERY_POINT = 13,
+  POSTWRIGHT_REPORT_TEXTS = 14 /* how many there are */
+};
+
+// As postwright_fix, or, where `most` is from 1 to 50, as postwright_fix_candidates, and sets
+// `*report` to what else is known of the answer: a handle that the caller frees, whether there is
+// an address or none; null where the call was cancelled or itself at fault. `most` 0 asks for no
+// candidates; `candidates` may then be null. `report` may be null.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_fix_report(const char* text, size_t length,
+                                                     const postwright_services* services,
+                                                     postwright_canceller* canceller, int32_t most,
+                                                     postwright_address** fixed,
+                                                     postwright_candidates** candidates,
+                                                     postwright_report** report);
+
+// Reads the bytes of a reply that the host fetched, as they came. Of bytes that are no answer there
+// is a report, too, of which every text is "". Sets `*report` to a handle that the caller frees,
+// and to null unless the result is POSTWRIGHT_NONE: POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_NO_MEMORY.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_report_new(const char* reply, size_t length,
+                                                     postwright_report** report);
+
+// Returns a number; 0 for null and for one that does not exist.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_report_number(const postwright_report* report,
+                                                        int32_t which);
+
+// Returns a text; "" for null and for one that does not exist.
+POSTWRIGHT_CORE_EXPORT const char* postwright_report_text(const postwright_report* report,
+                                                          int32_t which);
+
+// Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_report_free(postwright_report* report);
+
+// Why the parser reads no address in a text: what UnreadReason says.
+typedef struct postwright_unread postwright_unread;
+
+// The numbers of UnreadCause. Numbers never change, new ones may come.
+enum {
+  POSTWRIGHT_UNREAD_NONE = 0, /* the parser reads an address */
+  POSTWRIGHT_UNREAD_EMPTY = 1,
+  POSTWRIGHT_UNREAD_FOREIGN_COUNTRY = 2, /* the last line names another country */
+  POSTWRIGHT_UNREAD_SHORT_ZIP = 3,       /* four digits, in a state whose codes begin with 0 */
+  POSTWRIGHT_UNREAD_NO_ZIP = 4,
+  POSTWRIGHT_UNREAD_NO_STATE = 5,
+  POSTWRIGHT_UNREAD_NUMBER_IN_WORDS = 6, /* "Twelve Main St" */
+  POSTWRIGHT_UNREAD_NO_HOUSE_NUMBER = 7,
+  POSTWRIGHT_UNREAD_UNCLEAR = 8 /* all of it is there, and still it is no address */
+};
+
+// The texts.
+enum {
+  POSTWRIGHT_UNREAD_CODE = 0,        /* "zip-missing"; "" where an address is read */
+  POSTWRIGHT_UNREAD_EXPLANATION = 1, /* in English: what is missing and what to do */
+  POSTWRIGHT_UNREAD_PROPOSAL = 2,    /* the text mended, to be offered; mostly "" */
+  POSTWRIGHT_UNREAD_TEXTS = 3        /* how many there are */
+};
+
+// Looks at `text`; asks nobody, and takes time in proportion to the length. Sets `*unread` to a
+// handle that the caller frees, and to null unless the result is POSTWRIGHT_NONE:
+// POSTWRIGHT_BAD_ARGUMENT, POSTWRIGHT_BAD_TEXT, POSTWRIGHT_NO_MEMORY, POSTWRIGHT_INTERNAL.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_unread_reason(const char* text, size_t length,
+                                                        postwright_unread** unread);
+
+// Returns a cause; POSTWRIGHT_UNREAD_NONE for null.
+POSTWRIGHT_CORE_EXPORT int32_t postwright_unread_cause(const postwright_unread* unread);
+
+// Returns one of the texts; "" for null and for one that does not exist.
+POSTWRIGHT_CORE_EXPORT const char* postwright_unread_text(const postwright_unread* unread,
+                                                          int32_t which);
+
+// Null is allowed.
+POSTWRIGHT_CORE_EXPORT void postwright_unread_free(postwright_unread* unread);
 
 // The account of a correction: what CorrectionReview says.
 typedef struct postwright_review postwright_review;

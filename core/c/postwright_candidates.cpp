@@ -1,26 +1,11 @@
-#include <postwright/CandidateFix.h>
-#include <postwright/PostwrightException.h>
-
 #include "core/c/Guard.h"
 #include "core/c/Handles.h"
-#include "core/c/HostServices.h"
 
 #include <array>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
-
-struct postwright_candidates {
-  std::vector<postwright::AddressMatch> matches;
-  std::vector<std::array<std::string, 5>> strings;
-  std::vector<postwright_candidate> candidates;
-  std::string composed;
-};
 
 namespace postwright {
-
-namespace {
 
 static_assert(POSTWRIGHT_RANGE_ODD == int{AddressRangeTypeOdd} &&
               POSTWRIGHT_RANGE_EVEN == int{AddressRangeTypeEven} &&
@@ -44,49 +29,7 @@ std::unique_ptr<postwright_candidates> NewCandidates(const FixedAddress& fixed) 
   return made;
 }
 
-std::int32_t FixChoosing(const std::wstring& text, std::int32_t most, HostServices& services,
-                         postwright_address** fixed, postwright_candidates** candidates) {
-  const std::unique_ptr<FixedAddress> found = FixWithCandidates(text, false, most, &services);
-  auto offered = found->IsAddressMatchesValid() ? NewCandidates(*found) : nullptr;
-  if (found->IsExactMatchAddressValid()) {
-    *fixed = NewAddress(*found);
-  }
-  *candidates = offered.release();
-  return found->GetResult();
-}
-
-}  // namespace
-
 }  // namespace postwright
-
-int32_t postwright_fix_candidates(const char* text, size_t length,
-                                  const postwright_services* services,
-                                  postwright_canceller* canceller, int32_t most,
-                                  postwright_address** fixed, postwright_candidates** candidates) {
-  if (candidates == nullptr) {
-    return POSTWRIGHT_BAD_ARGUMENT;
-  }
-  *candidates = nullptr;
-  return postwright::MakeOfText(text, length, fixed, [&](const std::wstring& label) -> int32_t {
-    if ((services != nullptr && services->size != sizeof *services) || most < 1) {
-      return POSTWRIGHT_BAD_ARGUMENT;
-    }
-    const auto* cancelled = canceller != nullptr ? &canceller->cancelled : nullptr;
-    postwright::HostServices host(services, cancelled);
-    const auto turn = postwright::TakeTurn(cancelled);
-    if (!turn) {
-      return POSTWRIGHT_CANCELLED;
-    }
-    try {
-      return postwright::FixChoosing(label, most, host, fixed, candidates);
-    } catch (const postwright::PostwrightException&) {
-      if (cancelled != nullptr && cancelled->load()) {
-        return POSTWRIGHT_CANCELLED;  // a fetch that was given up looks like one without a reply
-      }
-      throw;
-    }
-  });
-}
 
 size_t postwright_candidates_count(const postwright_candidates* candidates) {
   return candidates == nullptr ? 0 : candidates->candidates.size();

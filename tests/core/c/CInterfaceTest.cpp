@@ -276,6 +276,131 @@ TEST(CInterfaceTest, NamesCandidates) {
   postwright_candidates_free(nullptr);
 }
 
+// What is known of an answer, through the host's network and of bytes that it hands over.
+TEST(CInterfaceTest, ReportsOnAnAnswer) {
+  const struct {
+    const char* name;
+    std::string reply;
+    int32_t result;
+    int32_t confirmation;
+    int32_t contradictsNumber;
+    const char* texts[POSTWRIGHT_REPORT_TEXTS];
+  } kRows[] = {
+      {"everything",
+       "<R><Address><Address2>12 MAIN ST</Address2><City>A</City><State>TX</State><Zip5>78701"
+       "</Zip5><Zip4>1234</Zip4><DeliveryPoint>12</DeliveryPoint><ReturnText>More.</ReturnText>"
+       "<CarrierRoute>C022</CarrierRoute><Footnotes>AN</Footnotes><DPVConfirmation>D"
+       "</DPVConfirmation><DPVFootnotes>AAN1</DPVFootnotes></Address></R>",
+       POSTWRIGHT_DEFAULT_MATCH,
+       POSTWRIGHT_CONFIRMATION_UNIT_MISSING,
+       0,
+       {"unit-missing", "confirmed but for its unit, which is missing", "", "", "", "", "", "D",
+        "AAN1", "AN", "More.", "1234", "C022", "12"}},
+      {"a number that is not there",
+       "<R><Address><Address2>12 MAIN ST</Address2><City>A</City><State>TX</State><Zip5>78701"
+       "</Zip5><DPVConfirmation>N</DPVConfirmation><DPVFootnotes>AAM3</DPVFootnotes></Address></R>",
+       POSTWRIGHT_DEFAULT_MATCH,
+       POSTWRIGHT_CONFIRMATION_NUMBER_NOT_KNOWN,
+       1,
+       {"number-not-known", "the street is known, the number is not", "", "", "", "", "", "N",
+        "AAM3", "", "", "", "", ""}},
+      {"turned down",
+       "<R><Address><Error><Number>-2147219401</Number>"
+       "<Source>clsAMS</Source><Description>No &#xF1;.</Description></Error></Address></R>",
+       POSTWRIGHT_INVALID_ADDRESS,
+       POSTWRIGHT_CONFIRMATION_NONE,
+       0,
+       {"", "", "not-found",
+        "The service says: No \xC3\xB1. Look at the street and its number, and at the ZIP code.",
+        "-2147219401", "clsAMS", "No \xC3\xB1.", "", "", "", "", "", "", ""}},
+      {"no answer",
+       "<html>\xFF",
+       POSTWRIGHT_BAD_REPLY,
+       POSTWRIGHT_CONFIRMATION_NONE,
+       0,
+       {"", "", "", "", "", "", "", "", "", "", "", "", "", ""}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    Host host;
+    host.reply = row.reply;
+    const postwright_services services = host.Services();
+    postwright_address* fixed = nullptr;
+    postwright_report* reports[2] = {};
+    EXPECT_EQ(postwright_fix_report(kLabel.data(), kLabel.size(), &services, nullptr, 0, &fixed,
+                                    nullptr, &reports[0]),
+              row.result);
+    EXPECT_EQ(fixed != nullptr, row.result == POSTWRIGHT_DEFAULT_MATCH);
+    postwright_address_free(fixed);
+    ASSERT_EQ(postwright_report_new(row.reply.data(), row.reply.size(), &reports[1]),
+              POSTWRIGHT_NONE);
+    for (postwright_report* report : reports) {
+      for (int32_t text = 0; text < POSTWRIGHT_REPORT_TEXTS; ++text) {
+        EXPECT_STREQ(postwright_report_text(report, text), row.texts[text]) << text;
+      }
+      EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_FETCH),
+                POSTWRIGHT_FETCH_UNKNOWN);
+      EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_CONFIRMATION), row.confirmation);
+      EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_CONTRADICTS_NUMBER),
+                row.contradictsNumber);
+      postwright_report_free(report);
+    }
+  }
+  EXPECT_EQ(postwright_report_new("", 0, nullptr), POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_report_number(nullptr, POSTWRIGHT_REPORT_CONFIRMATION), 0);
+  EXPECT_STREQ(postwright_report_text(nullptr, POSTWRIGHT_REPORT_REASON), "");
+  postwright_report_free(nullptr);
+}
+
+// Through the library's own network, with candidates asked for.
+TEST(CInterfaceTest, TellsNotAnsweredFromTurnedDown) {
+  const LoopbackServer busy(LoopbackServer::Answer{
+      "HTTP/1.1 503 Busy\r\nRetry-After: 7\r\nContent-Length: 0\r\n\r\n", true});
+  ASSERT_EQ(postwright_set_service(busy.GetEndpoint().c_str(), "C"), POSTWRIGHT_NONE);
+  postwright_address* fixed = nullptr;
+  postwright_candidates* found = nullptr;
+  postwright_report* report = nullptr;
+  ASSERT_EQ(postwright_fix_report(kLabel.data(), kLabel.size(), nullptr, nullptr, 50, &fixed,
+                                  &found, &report),
+            POSTWRIGHT_BAD_REPLY);
+  const int32_t expected[POSTWRIGHT_REPORT_NUMBERS] = {POSTWRIGHT_FETCH_ANSWERED, 503, 7, 0, 0, 1};
+  for (int32_t number = 0; number < POSTWRIGHT_REPORT_NUMBERS; ++number) {
+    EXPECT_EQ(postwright_report_number(report, number), expected[number]) << number;
+  }
+  EXPECT_STREQ(postwright_report_text(report, POSTWRIGHT_REPORT_REASON), "http-status");
+  EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_NUMBERS), 0);
+  EXPECT_STREQ(postwright_report_text(report, POSTWRIGHT_REPORT_TEXTS), "");
+  postwright_report_free(report);
+
+  EXPECT_EQ(postwright_fix_report("x", 1, nullptr, nullptr, 50, &fixed, nullptr, &report),
+            POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(postwright_fix_report("x", 1, nullptr, nullptr, -1, &fixed, &found, &report),
+            POSTWRIGHT_BAD_ARGUMENT);
+  EXPECT_EQ(report, nullptr);
+}
+
+TEST(CInterfaceTest, SaysWhatATextLacks) {
+  postwright_unread* unread = nullptr;
+  ASSERT_EQ(postwright_unread_reason("Zo\xC3\xAB\n12 Main St\nBoston MA 2108",
+                                     POSTWRIGHT_TERMINATED, &unread),
+            POSTWRIGHT_NONE);
+  EXPECT_EQ(postwright_unread_cause(unread), POSTWRIGHT_UNREAD_SHORT_ZIP);
+  EXPECT_STREQ(postwright_unread_text(unread, POSTWRIGHT_UNREAD_CODE), "zip-short");
+  EXPECT_STRNE(postwright_unread_text(unread, POSTWRIGHT_UNREAD_EXPLANATION), "");
+  EXPECT_STREQ(postwright_unread_text(unread, POSTWRIGHT_UNREAD_PROPOSAL),
+               "Zo\xC3\xAB\n12 Main St\nBoston MA 02108");
+  EXPECT_STREQ(postwright_unread_text(unread, POSTWRIGHT_UNREAD_TEXTS), "");
+  postwright_unread_free(unread);
+
+  ASSERT_EQ(postwright_unread_reason(kLabel.data(), kLabel.size(), &unread), POSTWRIGHT_NONE);
+  EXPECT_EQ(postwright_unread_cause(unread), POSTWRIGHT_UNREAD_NONE);
+  EXPECT_STREQ(postwright_unread_text(unread, POSTWRIGHT_UNREAD_CODE), "");
+  postwright_unread_free(unread);
+  EXPECT_EQ(postwright_unread_reason("\xFF", 1, &unread), POSTWRIGHT_BAD_TEXT);
+  EXPECT_EQ(unread, nullptr);
+  EXPECT_EQ(postwright_unread_cause(nullptr), POSTWRIGHT_UNREAD_NONE);
+}
+
 TEST(CInterfaceTest, ExplainsACorrection) {
   const std::string corrected = "ZO\xC3\x8B DOE\n12 MAIN ST APT 4\nAUSTIN, TX 78702";
   postwright_review* made = nullptr;
