@@ -55,10 +55,12 @@ class POSTWRIGHT_CLIENT_EXPORT ReviewedFix {
   Confirmation _confirmation;
 };
 
-// The same for PostwrightController::setAsk(), whose controller must keep punctuation:
+// The same as an AskFunction: what BatchOptions::reviewsCorrections has the batch window ask with,
+// and what a host's own function may ask with where it knows no answer itself. `client` must keep
+// punctuation, and so must the window of such a host:
 //
-//   window.setAsk([](PostwrightClient& client, const QString& label) {
-//     return fixReviewed(client, label, {});
+//   window.setAsk([&own](PostwrightClient& client, const QString& label) {
+//     return own.contains(label) ? own[label] : fixReviewed(client, label, {});
 //   });
 //
 // A label that is left alone is answered with its own text. A correction that is doubtful is not

@@ -1,6 +1,8 @@
 #ifndef POSTWRIGHT_CLIENT_BATCH_BATCHOPTIONS_H_
 #define POSTWRIGHT_CLIENT_BATCH_BATCHOPTIONS_H_
 
+#include <postwright/LabelForm.h>
+
 #include <chrono>
 
 namespace postwright {
@@ -13,6 +15,13 @@ namespace postwright {
 //   options.waitsForService = false;  // an outage ends each record as it comes
 //   window.setOptions(options);
 struct BatchOptions {
+  // The lines that are the address are asked about alone, the others stay as they were typed, and a
+  // correction that nothing accounts for is not made: it waits for the person beside the text as
+  // typed, with the reason (fixReviewed()). `form` says what becomes of punctuation and names, in
+  // place of the window's own `removePunctuation`. A host's own AskFunction goes before both.
+  bool reviewsCorrections = false;
+  LabelForm form = {};
+
   // The run can be stopped after the record under way and gone on with; what is there can be
   // applied meanwhile. Closing the window with work in it (corrections, choices, edits, ignored
   // records) asks once whether to apply, discard or stay; without work it closes.
@@ -57,7 +66,8 @@ struct BatchOptions {
   // Everything that there is.
   static BatchOptions all() {
     BatchOptions options;
-    options.keepsWork = options.editsAnyRecord = options.selectsSeveral = true;
+    options.reviewsCorrections = options.keepsWork = options.editsAnyRecord =
+        options.selectsSeveral = true;
     options.findsProblems = options.waitsForService = options.offersCandidates = true;
     options.usesHostFont = options.summarizes = true;
     return options;

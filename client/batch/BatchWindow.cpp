@@ -31,6 +31,9 @@ void BatchWindow::setOptions(const BatchOptions& chosen) {
   if (chosen.keepsWork) {
     settings.insert(KeepsPendingKey, true);
   }
+  if (chosen.reviewsCorrections) {
+    settings.insert(ReviewKey, QVariant::fromValue(chosen.form));
+  }
   if (chosen.offersCandidates) {
     settings.insert(CandidatesKey, static_cast<int>(VerifyCandidate::kMost));
   }

@@ -2,7 +2,6 @@
 
 #include <postwright/AddressEntry.h>
 #include <postwright/PostwrightController.h>
-#include <postwright/ReviewedFix.h>
 
 #include <memory>
 
@@ -66,10 +65,9 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& 
       options.removesPunctuation ? PunctuationPostal : PunctuationKeep;
   PostwrightController window(entries, false, static_cast<qint32>(options.textCase),
                               options.spellings, parent);
-  window.setOptions(BatchOptions::all());
-  window.setAsk([punctuation](PostwrightClient& client, const QString& label) {
-    return fixReviewed(client, label, {.form = {punctuation, NamesAsTyped}});
-  });
+  BatchOptions all = BatchOptions::all();
+  all.form = {punctuation, NamesAsTyped};
+  window.setOptions(all);
   if (window.exec() != kApplied) {
     return {};
   }

@@ -1,5 +1,7 @@
 #include "client/batch/worker/PostwrightThread.h"
 
+#include <postwright/ReviewedFix.h>
+
 #include <algorithm>
 #include <new>
 #include <utility>
@@ -19,6 +21,20 @@ AddressOutcome askPlainly(PostwrightClient& client, const QString& address) {
 bool isDue(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
   return values.pending && !values.ignored;
+}
+
+AskFunction askFunctionOf(const QVariantMap& parameters, PostwrightClient& client) {
+  if (AskFunction ask = parameters.value(AskKey).value<AskFunction>()) {
+    return ask;
+  }
+  const QVariant form = parameters.value(ReviewKey);
+  if (!form.isValid()) {
+    return askPlainly;
+  }
+  client.setRemovePunctuation(false);
+  return [form = form.value<LabelForm>()](PostwrightClient& asking, const QString& label) {
+    return fixReviewed(asking, label, {.form = form});
+  };
 }
 
 }  // namespace
@@ -58,10 +74,10 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
     client.setCandidates(parameters.value(CandidatesKey).toInt());
     client.setAbandoned(_abandoned);
     const auto records = parameters.value(PostwrightResultsKey).value<BatchResultRecordList>();
-    const auto ask = parameters.value(AskKey).value<AskFunction>();
+    const AskFunction ask = askFunctionOf(parameters, client);
     const QVariant patience = parameters.value(PatienceKey);
     Run run{[&](const QString& address) {
-              AddressOutcome outcome = ask ? ask(client, address) : askPlainly(client, address);
+              AddressOutcome outcome = ask(client, address);
               const bool isPutOff = outcome.isUnanswered();
               run.retryAfter =
                   std::chrono::seconds(isPutOff ? client.lastReport().Fetch().retryAfter : 0);
