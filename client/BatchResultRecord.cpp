@@ -1,4 +1,5 @@
 #include <postwright/BatchResultRecord.h>
+#include <postwright/CorrectionReview.h>
 #include <postwright/FixResult.h>
 
 #include <algorithm>
@@ -37,6 +38,13 @@ void BatchResultRecord::Values::takeChoice(const AddressFix& answer) {
   status = AddressStatusMultiple;
 }
 
+void BatchResultRecord::Values::takeForm() {
+  if (isFoundRight() && !standard.isEmpty() &&
+      !CorrectionReview(address.toStdWString(), standard.toStdWString(), {}).Doubtful()) {
+    fixed = standard;
+  }
+}
+
 bool BatchResultRecord::Values::isFoundRight() const {
   return !pending && status == AddressStatusUnchanged && !own && remark.isEmpty();
 }
@@ -59,12 +67,12 @@ bool AddressOutcome::isUnanswered() const {
 }
 
 BatchResultRecord::BatchResultRecord(std::shared_ptr<AddressEntry> entry)
-    : _entry(std::move(entry)) {
-  _values.address = _entry->value();
+    : _entry(std::move(entry)), _typed(_entry->value()) {
+  _values.address = _typed;
   _values.fixed = localizedString("SProcessing");
 }
 
-BatchResultRecord::BatchResultRecord(const QString& address) {
+BatchResultRecord::BatchResultRecord(const QString& address) : _typed(address) {
   _values.address = address;
   _values.fixed = localizedString("SProcessing");
 }
@@ -72,6 +80,11 @@ BatchResultRecord::BatchResultRecord(const QString& address) {
 BatchResultRecord::Values BatchResultRecord::values() const {
   const std::lock_guard guard(_lock);
   return _values;
+}
+
+bool BatchResultRecord::isFormed() const {
+  const std::lock_guard guard(_lock);
+  return _values.isFoundRight() && _values.address == _typed && _values.fixed != _typed;
 }
 
 void BatchResultRecord::setAddress(const QString& address) {
@@ -135,6 +148,9 @@ bool BatchResultRecord::fix(
   _values.confirmation = outcome->confirmation;
   if (outcome->answer && outcome->isOpen) {
     _values.takeChoice(*outcome->answer);
+  }
+  if (outcome->givesForm) {
+    _values.takeForm();
   }
   ++_changes;
   return true;

@@ -40,6 +40,8 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // False where the answer is not the service's and says nothing of whether that is there.
   bool isAsked = true;
   Confirmation confirmation = {};  // how far the service confirmed the answer
+  // True where an answer that says the same as the text is to be written back in its form, too.
+  bool givesForm = false;
 
   // True where the service or the network failed: the address was not judged.
   bool isUnanswered() const;
@@ -102,6 +104,10 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
 
     // Leaves the choice among the candidates of `answer` to a person.
     void takeChoice(const AddressFix& answer);
+
+    // Has `fixed` be `standard` where the address was found right, unless the form would lose
+    // something of the text.
+    void takeForm();
   };
 
   // `entry`, not null, is asked for its value, once.
@@ -112,8 +118,14 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   // The host's object; null where there is none.
   const std::shared_ptr<AddressEntry>& entry() const { return _entry; }
 
+  // The text that the record was made with.
+  const QString& typed() const { return _typed; }
+
   // A copy of the values as they are now.
   Values values() const;
+
+  // True for a record that stays unchanged and is given in another form than it was typed in.
+  bool isFormed() const;
 
   // Puts another text up for fixing: pending, while status and texts of the last outcome stay as
   // they are until the next.
@@ -143,6 +155,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
 
  private:
   const std::shared_ptr<AddressEntry> _entry;
+  const QString _typed;
   mutable std::mutex _lock;
   Values _values;
   quint32 _changes = 0;  // counts changes of _values, so that a fix can tell whether it came late

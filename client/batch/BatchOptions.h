@@ -22,6 +22,11 @@ struct BatchOptions {
   bool reviewsCorrections = false;
   LabelForm form = {};
 
+  // A record that stays unchanged is given in the form of corrected text, too, unless that would
+  // lose something of it: results() then has it beside the corrected ones, and it counts as
+  // unchanged. What a person left as typed stays so, and what nobody was asked about.
+  bool sameFormForAll = false;
+
   // The run can be stopped after the record under way and gone on with; what is there can be
   // applied meanwhile. Closing the window with work in it (corrections, choices, edits, ignored
   // records) asks once whether to apply, discard or stay; without work it closes.
@@ -66,8 +71,8 @@ struct BatchOptions {
   // Everything that there is.
   static BatchOptions all() {
     BatchOptions options;
-    options.reviewsCorrections = options.keepsWork = options.editsAnyRecord =
-        options.selectsSeveral = true;
+    options.reviewsCorrections = options.sameFormForAll = options.keepsWork =
+        options.editsAnyRecord = options.selectsSeveral = true;
     options.findsProblems = options.waitsForService = options.offersCandidates = true;
     options.usesHostFont = options.summarizes = true;
     return options;

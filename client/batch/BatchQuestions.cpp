@@ -17,7 +17,7 @@ Leaving askHowToLeave(QWidget& window, const ReviewCounts& counts) {
   box.setText(localizedString("SLeaveQuestion"));
   box.setInformativeText(summaryText(counts));
   QPushButton* apply =
-      counts.fixed > 0 ? box.addButton(applyText(counts), QMessageBox::AcceptRole) : nullptr;
+      counts.toApply() > 0 ? box.addButton(applyText(counts), QMessageBox::AcceptRole) : nullptr;
   QPushButton* discard =
       box.addButton(localizedString("SLeaveDiscard"), QMessageBox::DestructiveRole);
   QPushButton* stay = box.addButton(localizedString("SLeaveStay"), QMessageBox::RejectRole);

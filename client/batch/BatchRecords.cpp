@@ -26,8 +26,9 @@ BatchResultRecordList BatchRecords::those(Condition condition) const {
 }
 
 BatchResultRecordList BatchRecords::fixed() const {
-  return those(
-      [](const BatchResultRecord& record) { return record.values().status == AddressStatusFixed; });
+  return those([](const BatchResultRecord& record) {
+    return record.values().status == AddressStatusFixed || record.isFormed();
+  });
 }
 
 BatchResultRecordList BatchRecords::pending() const {

@@ -34,6 +34,9 @@ void BatchWindow::setOptions(const BatchOptions& chosen) {
   if (chosen.reviewsCorrections) {
     settings.insert(ReviewKey, QVariant::fromValue(chosen.form));
   }
+  if (chosen.sameFormForAll) {
+    settings.insert(FormKey, true);
+  }
   if (chosen.offersCandidates) {
     settings.insert(CandidatesKey, static_cast<int>(VerifyCandidate::kMost));
   }
@@ -256,7 +259,7 @@ QList<Change> BatchWindow::changesBy(const BatchResultRecord& record) const {
 }
 
 bool BatchWindow::hasWork() const {
-  return records.counts().fixed > 0 || view.detail().hasDrafts() || steps.hasSteps();
+  return records.counts().toApply() > 0 || view.detail().hasDrafts() || steps.hasSteps();
 }
 
 }  // namespace postwright

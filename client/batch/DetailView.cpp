@@ -165,8 +165,10 @@ void DetailView::showUnchanged(const BatchResultRecord::Values& values) {
   _layout.txtUnchanged->setText(values.pending           ? localizedString("SNotYetChecked")
                                 : !values.isFoundRight() ? whyText(values)
                                 : edited                 ? localizedString("SFoundRightEdited")
+                                : _record->isFormed()    ? localizedString("SFoundRightFormed")
                                                          : localizedString("SFoundRight"));
-  _layout.tvUnchangedAddress->setPlainText(cutLongLines(values.address));
+  const bool isFormed = !values.pending && values.isFoundRight();
+  _layout.tvUnchangedAddress->setPlainText(cutLongLines(isFormed ? values.fixed : values.address));
   _layout.bnUseAddress->setVisible(edited);
 }
 

@@ -49,7 +49,8 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // Has the window do more than it does by itself. Before the window is first shown.
   void setOptions(const BatchOptions& options);
 
-  // The records in the window whose status is AddressStatusFixed, in the order of the entries.
+  // The records in the window whose status is AddressStatusFixed, and with `sameFormForAll` those
+  // unchanged ones that are given in another form, in the order of the entries.
   BatchResultRecordList results() const;
 
   // All records in the window, in the order of the entries: for a host that keeps what became of

@@ -101,7 +101,7 @@ void PostwrightController::bnUseAddressClick() {
   if (const BatchResultRecordPointer record = _window->selectedRecord()) {
     _window->steps.take(localizedString("SStepUse", 1), {record}, [](Values& values) {
       values.own = !values.isFoundRight();
-      values.fixed = values.address;
+      values.fixed = values.own ? values.address : values.fixed;
       values.status = AddressStatusFixed;
       values.pending = false;
     });

@@ -111,6 +111,22 @@
             <numerusform>&amp;Apply %n Corrections</numerusform>
         </translation>
     </message>
+    <message id="SApplyForm" numerus="yes">
+        <source>&amp;Apply the Form to %n Addresses</source>
+        <extracomment>Button of the batch window where nothing was corrected and %n addresses are only written otherwise.</extracomment>
+        <translation>
+            <numerusform>&amp;Apply the Form to %n Address</numerusform>
+            <numerusform>&amp;Apply the Form to %n Addresses</numerusform>
+        </translation>
+    </message>
+    <message id="SApplyBoth" numerus="yes">
+        <source>&amp;Apply to %n Addresses</source>
+        <extracomment>Button of the batch window: %n addresses were corrected or are only written otherwise.</extracomment>
+        <translation>
+            <numerusform>&amp;Apply to %n Address</numerusform>
+            <numerusform>&amp;Apply to %n Addresses</numerusform>
+        </translation>
+    </message>
     <message id="SApplyNothing">
         <source>Do&amp;ne</source>
         <extracomment>The same button where there is nothing to write.</extracomment>
@@ -168,6 +184,11 @@ F8 goes to the next one that needs you.</translation>
     <message id="SFoundRight">
         <source>The service found this address right. Its entry stays as it is.</source>
         <translation>The service found this address right. Its entry stays as it is.</translation>
+    </message>
+    <message id="SFoundRightFormed">
+        <source>The service found this address right. It is written in the chosen form:</source>
+        <extracomment>Detail of an unchanged address that is given in the case and punctuation of the corrected ones.</extracomment>
+        <translation>The service found this address right. It is written in the chosen form:</translation>
     </message>
     <message id="SFoundRightEdited">
         <source>The service found the edited address right. Use this text to have it written to the entry.</source>
@@ -331,6 +352,14 @@ F8 goes to the next one that needs you.</translation>
         <translation>
             <numerusform>%n was right.</numerusform>
             <numerusform>%n were right.</numerusform>
+        </translation>
+    </message>
+    <message id="SFormed" numerus="yes">
+        <source>%n of these are written in the chosen form.</source>
+        <extracomment>Sentence of the summary: unchanged addresses whose case or punctuation becomes that of the corrected ones.</extracomment>
+        <translation>
+            <numerusform>%n of these is written in the chosen form.</numerusform>
+            <numerusform>%n of these are written in the chosen form.</numerusform>
         </translation>
     </message>
     <message id="STypedKept" numerus="yes">

@@ -111,6 +111,22 @@
             <numerusform>&amp;Aplicar %n correcciones</numerusform>
         </translation>
     </message>
+    <message id="SApplyForm" numerus="yes">
+        <source>&amp;Apply the Form to %n Addresses</source>
+        <extracomment>Button of the batch window where nothing was corrected and %n addresses are only written otherwise.</extracomment>
+        <translation>
+            <numerusform>&amp;Aplicar la forma a %n dirección</numerusform>
+            <numerusform>&amp;Aplicar la forma a %n direcciones</numerusform>
+        </translation>
+    </message>
+    <message id="SApplyBoth" numerus="yes">
+        <source>&amp;Apply to %n Addresses</source>
+        <extracomment>Button of the batch window: %n addresses were corrected or are only written otherwise.</extracomment>
+        <translation>
+            <numerusform>&amp;Aplicar a %n dirección</numerusform>
+            <numerusform>&amp;Aplicar a %n direcciones</numerusform>
+        </translation>
+    </message>
     <message id="SApplyNothing">
         <source>Do&amp;ne</source>
         <extracomment>The same button where there is nothing to write.</extracomment>
@@ -168,6 +184,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
     <message id="SFoundRight">
         <source>The service found this address right. Its entry stays as it is.</source>
         <translation>El servicio da por correcta esta dirección. Su entrada queda como está.</translation>
+    </message>
+    <message id="SFoundRightFormed">
+        <source>The service found this address right. It is written in the chosen form:</source>
+        <extracomment>Detail of an unchanged address that is given in the case and punctuation of the corrected ones.</extracomment>
+        <translation>El servicio da por correcta esta dirección. Se escribe en la forma elegida:</translation>
     </message>
     <message id="SFoundRightEdited">
         <source>The service found the edited address right. Use this text to have it written to the entry.</source>
@@ -331,6 +352,14 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>
             <numerusform>%n era correcta.</numerusform>
             <numerusform>%n eran correctas.</numerusform>
+        </translation>
+    </message>
+    <message id="SFormed" numerus="yes">
+        <source>%n of these are written in the chosen form.</source>
+        <extracomment>Sentence of the summary: unchanged addresses whose case or punctuation becomes that of the corrected ones.</extracomment>
+        <translation>
+            <numerusform>%n de ellas se escribe en la forma elegida.</numerusform>
+            <numerusform>%n de ellas se escriben en la forma elegida.</numerusform>
         </translation>
     </message>
     <message id="STypedKept" numerus="yes">

@@ -72,6 +72,7 @@ void BatchFixerTest::tellsWhatBecameOfEach() {
   const QList<FixOutcome> outcomes = fixer.fix(kLabels, {}, nullptr);
   QCOMPARE(outcomes.size(), 3);
   QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
+  QCOMPARE(outcomes[0].text, "Amir Park\n776 E ADAMS RD\nSEILING OK 73663");
   QCOMPARE(outcomes[1].kind, FixOutcome::Kind::Corrected);
   QCOMPARE(outcomes[1].text, "Lena Quinn\n7517 ADAMS BLVD\nNATURAL BRIDGE VA 24578");
   QCOMPARE(outcomes[2].kind, FixOutcome::Kind::Failed);
@@ -100,6 +101,7 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
   const QList<FixOutcome> outcomes = fixer.fix(kLabels, {}, nullptr);
   QCOMPARE(outcomes.size(), 3);
   QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
+  QVERIFY(outcomes[0].text.isEmpty());
   QCOMPARE(outcomes[1].kind, FixOutcome().kind);
   QCOMPARE(outcomes[2].kind, FixOutcome().kind);
 }

@@ -261,13 +261,16 @@ void WindowTest::aBatchIsOneStep() {
   _fixer.outcomes = {{Kind::Corrected, "JANE DOE\n12 MAIN ST\nAUSTIN TX 78701"},
                      {Kind::Failed, "Invalid Address"},
                      {Kind::Right, {}}};
+  _fixer.outcomes[2].text = QString(_window->document().book().at(2).label).toUpper();
   answer("Fix 3 Addresses");
   trigger("fix");
   QCOMPARE(_fixer.asked.size(), 3);
+  QCOMPARE(_window->document().book().at(2).label, _fixer.outcomes[2].text);
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
   QCOMPARE(shown(1, EntryModel::Checked), "Invalid Address");
   QVERIFY(shown(2, EntryModel::Checked).startsWith("Right"));
-  QCOMPARE(find<QLabel>("messageText")->text(), "1 address corrected. 1 already right. 1 failed.");
+  QCOMPARE(find<QLabel>("messageText")->text(),
+           "1 address corrected. 1 already right. 1 of these in the chosen form now. 1 failed.");
   QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);
   QCOMPARE(_table->model()->rowCount(), 1);
   _fixer.outcomes = {{Kind::Corrected, "AL ROE\n9 ELM ST\nRENO NV 89501"}};

@@ -23,7 +23,7 @@ struct FixSettings {
 struct FixOutcome {
   enum class Kind {
     Open,       // not asked, or the user took it out of the list
-    Right,      // the service found it right
+    Right,      // the service found it right; `text`, where there is any, is its chosen form
     Corrected,  // `text` is the label now
     Failed,     // the service turned it down: `text` says why
     NoAnswer,   // the service or the network failed: `text` says how

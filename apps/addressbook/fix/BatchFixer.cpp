@@ -28,7 +28,8 @@ class LabelEntry final : public AddressEntry {
   qsizetype _place;
 };
 
-FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& label) {
+FixOutcome outcomeOf(const BatchResultRecord& record) {
+  const BatchResultRecord::Values values = record.values();
   if (values.pending) {
     return {};
   }
@@ -46,8 +47,10 @@ FixOutcome outcomeOf(const BatchResultRecord::Values& values, const QString& lab
   }
   // Where the user tried another text and found that one right, nothing is known of the label; nor
   // where the user kept it, or nobody was asked.
-  return values.address == label && values.isFoundRight() ? FixOutcome{FixOutcome::Kind::Right, {}}
-                                                          : FixOutcome{};
+  if (values.address != record.typed() || !values.isFoundRight()) {
+    return {};
+  }
+  return {FixOutcome::Kind::Right, record.isFormed() ? values.fixed : QString()};
 }
 
 }  // namespace
@@ -74,7 +77,7 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& 
   QList<FixOutcome> outcomes(labels.size());
   for (const BatchResultRecordPointer& record : window.records()) {
     const auto place = static_cast<const LabelEntry&>(*record->entry()).place();
-    outcomes[place] = outcomeOf(record->values(), labels[place]);
+    outcomes[place] = outcomeOf(*record);
   }
   return outcomes;
 }

@@ -60,13 +60,15 @@ BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixO
     }
     PlacedEntry placed{rows[each], book.at(rows[each])};
     Entry& entry = placed.entry;
-    if (outcome.kind == FixOutcome::Kind::Corrected) {
+    const bool isRight = outcome.kind == FixOutcome::Kind::Right;
+    if (outcome.kind == FixOutcome::Kind::Corrected || (isRight && !outcome.text.isEmpty())) {
       entry.label = tables::tidyLabel(outcome.text);
-      changes.corrected.append(placed);
+      changes.labels.append(placed);
+      ++(isRight ? changes.formed : changes.corrected);
     }
     const bool isFailed = outcome.kind == FixOutcome::Kind::Failed || isUnanswered;
     changes.failed += isFailed ? 1 : 0;
-    changes.right += outcome.kind == FixOutcome::Kind::Right ? 1 : 0;
+    changes.right += isRight ? 1 : 0;
     entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString()};
     changes.checked.append(placed);
   }

@@ -24,9 +24,11 @@ QStringList labelsAt(const Book& book, const QList<int>& rows);
 // What outcomes, one for each of `rows`, do to a book. Where the service gave no answer, an entry
 // that was found right before is left as it was; any other one has failed.
 struct BookChanges {
-  QList<PlacedEntry> corrected;  // the entries with their new labels
-  QList<PlacedEntry> checked;    // the entries with what is known of them from `today` on
+  QList<PlacedEntry> labels;   // the entries with their new labels
+  QList<PlacedEntry> checked;  // the entries with what is known of them from `today` on
+  int corrected = 0;
   int right = 0;
+  int formed = 0;  // of the right: written in the chosen form from now on
   int failed = 0;
   int leftRight = 0;  // without an answer
 };

@@ -110,6 +110,13 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n of these in the chosen form now.</source>
+        <translation>
+            <numerusform>%n of these in the chosen form now.</numerusform>
+            <numerusform>%n of these in the chosen form now.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n failed.</source>
         <translation>
             <numerusform>%n failed.</numerusform>

@@ -566,6 +566,13 @@ Ciudad, estado y código ZIP</translation>
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n of these in the chosen form now.</source>
+        <translation>
+            <numerusform>%n de ellas, ahora en la forma elegida.</numerusform>
+            <numerusform>%n de ellas, ahora en la forma elegida.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n failed.</source>
         <translation>
             <numerusform>%n con error.</numerusform>

@@ -40,12 +40,14 @@ void FixController::run(const QList<int>& rows) {
     return;  // the user cancelled
   }
   const BookChanges changes = changesOf(book, rows, outcomes, QDate::currentDate());
-  _document.correct(changes.corrected);
+  _document.correct(changes.labels);
   _document.keepChecks(changes.checked);
-  const int corrected = static_cast<int>(changes.corrected.size());
-  QStringList sentences{tr("%n addresses corrected.", nullptr, corrected),
+  QStringList sentences{tr("%n addresses corrected.", nullptr, changes.corrected),
                         tr("%n already right.", nullptr, changes.right),
                         tr("%n failed.", nullptr, changes.failed)};
+  if (changes.formed > 0) {
+    sentences.insert(2, tr("%n of these in the chosen form now.", nullptr, changes.formed));
+  }
   if (changes.leftRight > 0) {
     sentences += tr("%n found right before got no answer.", nullptr, changes.leftRight);
   }

@@ -12,15 +12,26 @@ namespace {
 
 // What a record is counted as. A failure that is not the address's counts as an error too, a blank
 // correction as a correction, and a text that was kept as unchanged.
-enum Kind : quint8 { Pending, Unchanged, Kept, Fixed, Blank, Multiple, Error, NotAsked, NoNetwork };
+enum Kind : quint8 {
+  Pending,
+  Unchanged,
+  Formed,
+  Kept,
+  Fixed,
+  Blank,
+  Multiple,
+  Error,
+  NotAsked,
+  NoNetwork
+};
 
-Kind kindOf(const BatchResultRecord::Values& values) {
+Kind kindOf(const BatchResultRecord& record, const BatchResultRecord::Values& values) {
   if (values.pending) {
     return Pending;
   }
   switch (values.status) {
     case AddressStatusUnchanged:
-      return values.isFoundRight() ? Unchanged : Kept;
+      return !values.isFoundRight() ? Kept : record.isFormed() ? Formed : Unchanged;
     case AddressStatusFixed:
       return values.fixed.isEmpty() ? Blank : Fixed;
     case AddressStatusMultiple:
@@ -36,7 +47,8 @@ Kind kindOf(const BatchResultRecord::Values& values) {
 
 void count(Kind kind, qsizetype by, ReviewCounts& counts) {
   counts.pending += kind == Pending ? by : 0;
-  counts.unchanged += kind == Unchanged || kind == Kept ? by : 0;
+  counts.unchanged += kind == Unchanged || kind == Formed || kind == Kept ? by : 0;
+  counts.formed += kind == Formed ? by : 0;
   counts.kept += kind == Kept ? by : 0;
   counts.fixed += kind == Fixed || kind == Blank ? by : 0;
   counts.blank += kind == Blank ? by : 0;
@@ -142,14 +154,14 @@ qsizetype ReviewCounts::ofStatus(AddressStatus status) const {
 ReviewCounts countRecords(const BatchResultRecordList& records) {
   ReviewCounts counts;
   for (const BatchResultRecordPointer& record : records) {
-    count(kindOf(record->values()), 1, counts);
+    count(kindOf(*record, record->values()), 1, counts);
   }
   return counts;
 }
 
 void ReviewTally::update(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
-  const Kind kind = kindOf(values);
+  const Kind kind = kindOf(record, values);
   remove(record);
   const QString reason = kind >= Error ? values.result : QString();
   _counted.insert(&record, {kind, reason});

@@ -46,8 +46,11 @@ struct ReviewCounts {
   qsizetype noNetwork = 0;  // of these: there was no network
   qsizetype blank = 0;      // of the fixed: the corrected text is empty
   qsizetype kept = 0;       // of the unchanged: left as typed without the service's word
+  qsizetype formed = 0;     // of the unchanged: given in another form than they were typed in
 
   qsizetype total() const { return pending + unchanged + fixed + multiple + errors; }
+  // Entries that are written back.
+  qsizetype toApply() const { return fixed + formed; }
   // Of the segment of `status`.
   qsizetype ofStatus(AddressStatus status) const;
   bool operator==(const ReviewCounts&) const = default;

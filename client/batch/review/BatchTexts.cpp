@@ -128,8 +128,10 @@ QString segmentText(AddressStatus status, qsizetype count) {
 }
 
 QString applyText(const ReviewCounts& counts) {
-  return counts.fixed == 0 ? localizedString("SApplyNothing")
-                           : localizedString("SApply", counts.fixed);
+  return counts.toApply() == 0 ? localizedString("SApplyNothing")
+         : counts.formed == 0  ? localizedString("SApply", counts.fixed)
+         : counts.fixed == 0   ? localizedString("SApplyForm", counts.formed)
+                               : localizedString("SApplyBoth", counts.toApply());
 }
 
 QString summaryText(const ReviewCounts& counts) {
@@ -137,7 +139,7 @@ QString summaryText(const ReviewCounts& counts) {
     return {};
   }
   const qsizetype right = counts.unchanged - counts.kept;
-  if (right == counts.total()) {
+  if (right == counts.total() && counts.formed == 0) {
     return localizedString("SAllRight", counts.total());
   }
   QStringList kept;
@@ -157,6 +159,9 @@ QString summaryText(const ReviewCounts& counts) {
                                          : localizedString("SNoneCorrected")};
   if (right > 0) {
     sentences.append(localizedString("SRight", right));
+  }
+  if (counts.formed > 0) {
+    sentences.append(localizedString("SFormed", counts.formed));
   }
   if (!kept.isEmpty()) {
     sentences.append(StringHelpers::stringWithFormat(localizedString("SKept"),

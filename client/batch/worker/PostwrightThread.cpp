@@ -44,6 +44,7 @@ struct PostwrightThread::Run {
   std::function<AddressOutcome(const QString&)> ask;
   TwinOutcomes twins;
   bool keepsPending;
+  bool givesForm;
   std::optional<Patience> patience;
   std::chrono::seconds retryAfter{0};  // what the service wanted where it last gave no answer
   qsizetype next = 0;                  // of the records
@@ -84,6 +85,7 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
               return outcome;
             },
             TwinOutcomes(records), parameters.value(KeepsPendingKey).toBool(),
+            parameters.value(FormKey).toBool(),
             patience.isValid() ? std::optional(patience.value<Patience>()) : std::nullopt};
     if (run.patience) {
       fixPatiently(records, run);
@@ -198,6 +200,7 @@ PostwrightThread::Reply PostwrightThread::ask(BatchResultRecord& record, bool fi
   Reply reply = Reply::kNobodyAsked;
   record.fix([&](const QString& address) -> std::optional<AddressOutcome> {
     AddressOutcome outcome = run.twins.outcomeFor(address, run.ask);
+    outcome.givesForm |= run.givesForm;
     const bool answered = !outcome.isUnanswered();
     reply = !answered ? Reply::kNone : outcome.isAsked ? Reply::kAnswer : Reply::kNobodyAsked;
     if (!answered && run.patience) {

@@ -23,6 +23,7 @@ inline const QString CapitalizationKey = QStringLiteral("capitalization");
 inline const QString MixedCaseKey = QStringLiteral("mixedCase");
 inline const QString AskKey = QStringLiteral("ask");  // an AskFunction in place of the service
 inline const QString ReviewKey = QStringLiteral("review");  // a LabelForm: asks with fixReviewed()
+inline const QString FormKey = QStringLiteral("form");  // true: unchanged records are formed, too
 inline const QString CandidatesKey = QStringLiteral("candidates");  // how many to ask for
 inline const QString PatienceKey = QStringLiteral("patience");      // a Patience
 inline const QString KeepsPendingKey = QStringLiteral("keeps");     // true: see abandon()
