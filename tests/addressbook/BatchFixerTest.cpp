@@ -110,9 +110,11 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
 void BatchFixerTest::asksTheServerOfTheOptions() {
   SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "127.0.0.1"});
   BatchFixer fixer({});
-  FixSettings options{TextCase::Mixed, false, {}, QString::fromStdString(_server)};
+  FixSettings options{
+      TextCase::Mixed, Punctuation::Keep, Names::SameCase, {}, QString::fromStdString(_server)};
   press("bnUpdate");
-  const QList<FixOutcome> outcomes = fixer.fix({kLabels[1]}, options, nullptr);
+  const QString label = QString(kLabels[1]).replace("Lena", "lena");
+  const QList<FixOutcome> outcomes = fixer.fix({label}, options, nullptr);
   QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");
   QCOMPARE(GetDeployment().verifyHost, _server);
 }

@@ -19,6 +19,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/dialogs/PrintDialog.h"
 #include "apps/addressbook/formats/csv/ColumnMemory.h"
 #include "apps/addressbook/settings/Preferences.h"
@@ -65,6 +66,7 @@ class WindowTest : public QObject {
   void sortsOnRequestOnly();
   void asksForColumnsOnce();
   void aBatchIsOneStep();
+  void showsHowALabelWillRead();
   void skipsWhatWasFoundRight();
   void keepsWhatWasRightWhenNobodyAnswers();
   void asksBeforeChangesAreLost_data();
@@ -284,6 +286,37 @@ void WindowTest::aBatchIsOneStep() {
   QVERIFY(shown(0, EntryModel::Checked).startsWith("Right"));  // it differs in case alone
   trigger("redo");
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
+}
+
+// The preview follows each choice, and the choices are there the next time; who had kept all
+// punctuation before there were three choices still does.
+void WindowTest::showsHowALabelWillRead() {
+  QSettings().setValue("fix/removePunctuation", false);
+  QString sample;
+  const auto choose = [&](int letters, int punctuation, int names) {
+    PreferencesDialog dialog(Preferences::load());
+    const std::pair<const char*, int> keys[] = {
+        {"case", letters}, {"punctuation", punctuation}, {"names", names}};
+    for (const auto& [name, presses] : keys) {
+      for (int press = 0; press < presses; ++press) {
+        QTest::keyClick(find<QComboBox>(name, &dialog), Qt::Key_Down);
+      }
+    }
+    sample = find<QLabel>("sample", &dialog)->text();
+    dialog.preferences().save();
+  };
+  choose(0, 0, 0);
+  QCOMPARE(sample, "Maria O'Neil & Sons, Inc.\n112-10 NW MAIN ST # 4\nSAINT LOUIS, MO 63101-1234");
+  choose(2, 1, 0);
+  QCOMPARE(sample, "Maria O'Neil & Sons, Inc.\n112-10 NW Main St # 4\nSaint Louis MO 63101-1234");
+  choose(0, 1, 1);
+  QCOMPARE(sample, "Maria O'Neil & Sons, Inc.\n11210 NW Main St 4\nSaint Louis MO 63101-1234");
+  QCOMPARE(Preferences::load().fix.textCase, TextCase::Mixed);
+  QCOMPARE(Preferences::load().fix.punctuation, Punctuation::Remove);
+  QCOMPARE(Preferences::load().fix.names, Names::SameCase);
+  PreferencesDialog dialog(Preferences::load());
+  QTest::keyClicks(find<QLineEdit>("spellings", &dialog), "SainT");
+  QVERIFY(find<QLabel>("sample", &dialog)->text().contains("SainT Louis"));
 }
 
 void WindowTest::skipsWhatWasFoundRight() {

@@ -1,9 +1,7 @@
 #include "apps/addressbook/dialogs/FixDialog.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -69,16 +67,14 @@ QRadioButton* FixDialog::addScope(QVBoxLayout* layout, const char* name, const Q
 
 QWidget* FixDialog::buildLook() {
   auto* const group = new QGroupBox(tr("Corrected labels"), this);
-  auto* const layout = new QFormLayout(group);
-  _case = makeCaseBox(_options.textCase, group);
-  _punctuation = makePunctuationBox(_options.removesPunctuation, group);
-  layout->addRow(tr("&Letters:"), _case);
-  layout->addRow(QString(), _punctuation);
+  auto* const layout = new QVBoxLayout(group);
+  _look = new LookFields(_options, group);
+  layout->addWidget(_look);
   return group;
 }
 
 void FixDialog::refresh() {
-  if (_start == nullptr || _punctuation == nullptr) {
+  if (_start == nullptr || _look == nullptr) {
     return;  // still being built
   }
   const qsizetype count = rows().size();
@@ -105,10 +101,7 @@ QList<int> FixDialog::rows() const {
 }
 
 FixSettings FixDialog::options() const {
-  FixSettings options = _options;
-  options.textCase = static_cast<TextCase>(_case->currentIndex());
-  options.removesPunctuation = _punctuation->isChecked();
-  return options;
+  return _look->settings();
 }
 
 }  // namespace postwright::addressbook

@@ -7,13 +7,14 @@
 #include "apps/addressbook/fix/AddressFixer.h"
 
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
 
 namespace postwright::addressbook {
+
+class LookFields;
 
 // Asks which addresses are to be checked and how the corrected ones are to look. Its button says
 // how many there are.
@@ -44,8 +45,7 @@ class FixDialog : public QDialog {
   QRadioButton* _selectedButton = nullptr;
   QRadioButton* _failedButton = nullptr;
   QCheckBox* _includesRight = nullptr;
-  QComboBox* _case = nullptr;
-  QCheckBox* _punctuation = nullptr;
+  LookFields* _look = nullptr;
   QLabel* _skipped = nullptr;
   QPushButton* _start = nullptr;
 };

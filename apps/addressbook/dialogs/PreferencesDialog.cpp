@@ -1,6 +1,5 @@
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -49,19 +48,18 @@ PreferencesDialog::PreferencesDialog(const Preferences& preferences, QWidget* pa
 QWidget* PreferencesDialog::buildLook() {
   auto* const group = new QGroupBox(tr("Corrected labels"), this);
   auto* const layout = new QFormLayout(group);
-  _case = makeCaseBox(_preferences.fix.textCase, group);
-  _punctuation = makePunctuationBox(_preferences.fix.removesPunctuation, group);
+  _look = new LookFields(_preferences.fix, group);
   _spellings = new QLineEdit(_preferences.fix.spellings, group);
   _spellings->setObjectName(QStringLiteral("spellings"));
   _spellings->setPlaceholderText(QStringLiteral("DeWitt; MacArthur"));
   _spellings->setMinimumWidth(kFieldWidth);
-  layout->addRow(tr("&Letters:"), _case);
-  layout->addRow(QString(), _punctuation);
+  layout->addRow(_look);
   layout->addRow(tr("Special &spellings:"), _spellings);
   layout->addRow(QString(),
                  makeHint(tr("Words that mixed case is to write just so, with semicolons "
                              "between them."),
                           group));
+  connect(_spellings, &QLineEdit::textChanged, _look, &LookFields::setSpellings);
   return group;
 }
 
@@ -100,8 +98,7 @@ void PreferencesDialog::checkServer() {
 
 Preferences PreferencesDialog::preferences() const {
   Preferences preferences = _preferences;
-  preferences.fix.textCase = static_cast<TextCase>(_case->currentIndex());
-  preferences.fix.removesPunctuation = _punctuation->isChecked();
+  preferences.fix = _look->settings();
   preferences.fix.spellings = _spellings->text().trimmed();
   preferences.fix.server = _server->text().trimmed();
   preferences.appearance = static_cast<Appearance>(_appearance->currentIndex());

@@ -5,13 +5,14 @@
 
 #include "apps/addressbook/settings/Preferences.h"
 
-class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 
 namespace postwright::addressbook {
+
+class LookFields;
 
 // The settings that are not asked for where they are used.
 class PreferencesDialog : public QDialog {
@@ -30,8 +31,7 @@ class PreferencesDialog : public QDialog {
   void checkServer();
 
   Preferences _preferences;
-  QComboBox* _case = nullptr;
-  QCheckBox* _punctuation = nullptr;
+  LookFields* _look = nullptr;
   QLineEdit* _spellings = nullptr;
   QLineEdit* _server = nullptr;
   QLabel* _serverProblem = nullptr;

@@ -11,10 +11,13 @@ namespace postwright::addressbook {
 
 // How corrected labels are to look. The numbers are those of the library.
 enum class TextCase { Upper = 0, Lower = 1, Mixed = 2 };
+enum class Punctuation { Keep = 0, Postal = 1, Remove = 2 };  // of the address
+enum class Names { AsTyped = 0, SameCase = 1 };               // of the lines around it
 
 struct FixSettings {
   TextCase textCase = TextCase::Upper;
-  bool removesPunctuation = true;
+  Punctuation punctuation = Punctuation::Postal;
+  Names names = Names::AsTyped;
   QString spellings;  // the user's own, parted by ";": "DeWitt; MacArthur"
   QString server;     // HOST[:PORT]; empty: the one that the library was built for
 };

@@ -64,12 +64,11 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& 
   for (const QString& label : labels) {
     entries.append(std::make_shared<LabelEntry>(label, entries.size()));
   }
-  const PunctuationForm punctuation =
-      options.removesPunctuation ? PunctuationPostal : PunctuationKeep;
   PostwrightController window(entries, false, static_cast<qint32>(options.textCase),
                               options.spellings, parent);
   BatchOptions all = BatchOptions::all();
-  all.form = {punctuation, NamesAsTyped};
+  all.form = {static_cast<PunctuationForm>(options.punctuation),
+              static_cast<NameForm>(options.names)};
   window.setOptions(all);
   if (window.exec() != kApplied) {
     return {};

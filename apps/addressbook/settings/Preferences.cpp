@@ -9,7 +9,9 @@ namespace postwright::addressbook {
 namespace {
 
 const QString kCase = QStringLiteral("fix/case");
-const QString kPunctuation = QStringLiteral("fix/removePunctuation");
+const QString kPunctuation = QStringLiteral("fix/punctuation");
+const QString kRemovePunctuation = QStringLiteral("fix/removePunctuation");  // of old: yes or no
+const QString kNames = QStringLiteral("fix/names");
 const QString kSpellings = QStringLiteral("fix/spellings");
 const QString kServer = QStringLiteral("fix/server");
 const QString kAppearance = QStringLiteral("window/appearance");
@@ -32,7 +34,11 @@ Preferences Preferences::load() {
   Preferences preferences;
   FixSettings& fix = preferences.fix;
   fix.textCase = static_cast<TextCase>(bounded(settings, kCase, 0, 3));
-  fix.removesPunctuation = settings.value(kPunctuation, true).toBool();
+  const Punctuation usual =
+      settings.value(kRemovePunctuation, true).toBool() ? Punctuation::Postal : Punctuation::Keep;
+  fix.punctuation =
+      static_cast<Punctuation>(bounded(settings, kPunctuation, static_cast<int>(usual), 3));
+  fix.names = static_cast<Names>(bounded(settings, kNames, 0, 2));
   fix.spellings = settings.value(kSpellings).toString();
   fix.server = settings.value(kServer).toString();
   preferences.appearance = static_cast<Appearance>(bounded(settings, kAppearance, 0, 3));
@@ -48,7 +54,8 @@ Preferences Preferences::load() {
 void Preferences::save() const {
   QSettings settings;
   settings.setValue(kCase, static_cast<int>(fix.textCase));
-  settings.setValue(kPunctuation, fix.removesPunctuation);
+  settings.setValue(kPunctuation, static_cast<int>(fix.punctuation));
+  settings.setValue(kNames, static_cast<int>(fix.names));
   settings.setValue(kSpellings, fix.spellings);
   settings.setValue(kServer, fix.server);
   settings.setValue(kAppearance, static_cast<int>(appearance));

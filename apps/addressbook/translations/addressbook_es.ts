@@ -622,10 +622,6 @@ Ciudad, estado y código ZIP</translation>
         <translation>Etiquetas corregidas</translation>
     </message>
     <message>
-        <source>&amp;Letters:</source>
-        <translation>&amp;Letras:</translation>
-    </message>
-    <message>
         <source>None is skipped.</source>
         <translation>No se omite ninguna.</translation>
     </message>
@@ -689,8 +685,40 @@ Ciudad, estado y código ZIP</translation>
         <translation>Mayúsculas y minúsculas</translation>
     </message>
     <message>
-        <source>Remove &amp;punctuation</source>
-        <translation>Quitar la &amp;puntuación</translation>
+        <source>&amp;Punctuation:</source>
+        <translation>&amp;Puntuación:</translation>
+    </message>
+    <message>
+        <source>Keep all of it</source>
+        <translation>Conservarla toda</translation>
+    </message>
+    <message>
+        <source>As the Postal Service prefers</source>
+        <translation>Como prefiere el servicio postal</translation>
+    </message>
+    <message>
+        <source>Remove all of it</source>
+        <translation>Quitarla toda</translation>
+    </message>
+    <message>
+        <source>&amp;Names and notes:</source>
+        <translation>&amp;Nombres y notas:</translation>
+    </message>
+    <message>
+        <source>As they were typed</source>
+        <translation>Como se escribieron</translation>
+    </message>
+    <message>
+        <source>The same letters as the address</source>
+        <translation>Las mismas letras que la dirección</translation>
+    </message>
+    <message>
+        <source>A label then reads:</source>
+        <translation>Así queda una etiqueta:</translation>
+    </message>
+    <message>
+        <source>&amp;Letters:</source>
+        <translation>&amp;Letras:</translation>
     </message>
 </context>
 <context>
@@ -717,10 +745,6 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Corrected labels</source>
         <translation>Etiquetas corregidas</translation>
-    </message>
-    <message>
-        <source>&amp;Letters:</source>
-        <translation>&amp;Letras:</translation>
     </message>
     <message>
         <source>Special &amp;spellings:</source>
