@@ -1,5 +1,4 @@
 #include <postwright/BatchResultRecord.h>
-#include <postwright/CorrectionReview.h>
 #include <postwright/FixResult.h>
 
 #include <algorithm>
@@ -36,6 +35,30 @@ void BatchResultRecord::Values::takeChoice(const AddressFix& answer) {
   matches = answer.MatchedAddresses;
   candidates = answer.Candidates;
   status = AddressStatusMultiple;
+}
+
+QString BatchResultRecord::Values::corrected() const {
+  return pending || own                 ? QString()
+         : status == AddressStatusFixed ? fixed
+         : isDoubtful()                 ? standard
+                                        : QString();
+}
+
+CorrectionReview BatchResultRecord::Values::review() const {
+  const QString text = corrected();
+  return footnotes && !text.isEmpty()
+             ? CorrectionReview(address.toStdWString(), text.toStdWString(), *footnotes)
+             : CorrectionReview();
+}
+
+void BatchResultRecord::Values::takeRules() {
+  rules.clear();
+  const CorrectionReview changes = review();
+  for (const CorrectionChange& change : changes.Changes()) {
+    if (!rules.contains(change.rule)) {
+      rules.append(change.rule);
+    }
+  }
 }
 
 void BatchResultRecord::Values::takeForm() {
@@ -128,7 +151,8 @@ bool BatchResultRecord::fix(PostwrightClient& client) {
     std::optional<AddressFix> answer = client.fixAddress(address);
     return AddressOutcome{.answer = std::move(answer),
                           .message = client.lastResult().value_or(QString()),
-                          .confirmation = Confirmation(client.lastReport())};
+                          .confirmation = Confirmation(client.lastReport()),
+                          .footnotes = client.lastReport().Footnotes()};
   });
 }
 
@@ -146,9 +170,11 @@ bool BatchResultRecord::fix(
   _values.takeAnswer(outcome->answer, outcome->message);
   _values.remark = outcome->remark;
   _values.confirmation = outcome->confirmation;
+  _values.footnotes = outcome->footnotes;
   if (outcome->answer && outcome->isOpen) {
     _values.takeChoice(*outcome->answer);
   }
+  _values.takeRules();
   if (outcome->givesForm) {
     _values.takeForm();
   }

@@ -4,6 +4,7 @@
 #include <postwright/AddressEntry.h>
 #include <postwright/ClientExport.h>
 #include <postwright/Confirmation.h>
+#include <postwright/CorrectionReview.h>
 #include <postwright/PostwrightClient.h>
 #include <postwright/PostwrightSelector.h>
 
@@ -14,6 +15,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 
 namespace postwright {
 
@@ -31,8 +33,8 @@ enum AddressStatus : qint32 {
 struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   std::optional<AddressFix> answer;
   QString message;
-  // What a person should know of the answer: why it is doubtful, or why nobody was asked. Mostly
-  // empty.
+  // What a person should know of the outcome: why an answer is doubtful, why nobody was asked, why
+  // the address was turned down and what to do. Mostly empty.
   QString remark = {};
   // True where a person has to decide on the answer's candidates even if it says the same as the
   // text that was asked about.
@@ -40,6 +42,9 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // False where the answer is not the service's and says nothing of whether that is there.
   bool isAsked = true;
   Confirmation confirmation = {};  // how far the service confirmed the answer
+  // The letters of the reply's Footnotes element; nil where nobody knows them, and the answer is
+  // then not explained.
+  std::optional<std::string> footnotes = {};
   // True where an answer that says the same as the text is to be written back in its form, too.
   bool givesForm = false;
 
@@ -78,6 +83,8 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     // `address`; empty where it gave none.
     QString standard;
     Confirmation confirmation;  // how far the service confirmed the answer of the last outcome
+    std::optional<std::string> footnotes;  // those of the last outcome
+    QList<CorrectionRule> rules;  // of what its answer changed, each once; none where unexplained
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
@@ -95,6 +102,9 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     // later may help.
     bool isUnanswered() const;
 
+    // Why the address was turned down or not judged: `remark` where there is one, else `result`.
+    const QString& failure() const { return remark.isEmpty() ? result : remark; }
+
     // Takes the outcome of a fix of `address`: `answer`, or nil and `message`, the client's
     // lastResult(). An answer with Candidates leaves a choice, whatever else it says. One that
     // tells nothing new (PostwrightClient::isAddress) keeps the user's text, fewer than two
@@ -104,6 +114,17 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
 
     // Leaves the choice among the candidates of `answer` to a person.
     void takeChoice(const AddressFix& answer);
+
+    // The service's correction of `address`, whether it was made or is in doubt; empty where there
+    // is none.
+    QString corrected() const;
+
+    // What corrected() changes, with the rule of each change; no changes where `footnotes` are not
+    // known. Works it out anew each time.
+    CorrectionReview review() const;
+
+    // Has `rules` be those of review().
+    void takeRules();
 
     // Has `fixed` be `standard` where the address was found right, unless the form would lose
     // something of the text.

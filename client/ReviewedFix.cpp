@@ -1,6 +1,8 @@
 #include <postwright/ReviewedFix.h>
 
+#include "client/FixGate.h"
 #include "client/LabelCandidates.h"
+#include "client/ReviewWords.h"
 
 namespace postwright {
 
@@ -9,12 +11,6 @@ namespace {
 // A candidate without a range: a text of which every percent sign stands for itself.
 PostwrightSelectorPointer candidate(const QString& text) {
   return std::make_shared<PostwrightSelector>(text, text, QString(), QString());
-}
-
-// "the number is not known" as a sentence of its own.
-QString sentence(const char* words) {
-  QString text = QString::fromUtf8(words);
-  return text.isEmpty() ? text : text.front().toUpper() + text.mid(1) + u'.';
 }
 
 // What became of the address lines, among the others again.
@@ -33,6 +29,7 @@ ReviewedFix::ReviewedFix(PostwrightClient& client, const QString& label, const A
   const std::wstring typed = label.toStdWString();
   std::optional<AddressLines> lines;
   if (!asking.wholeLabel) {
+    const FixGate::Pass pass;  // the parser is one for all
     lines.emplace(typed);
     _leftAlone = lines->GetReason();
     if (lines->GetOutcome() == AddressLinesLeftAlone) {
@@ -65,16 +62,24 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
                            const ReviewedFix::Asking& asking) {
   const ReviewedFix fix(client, label, asking);
   if (fix.leftAlone() != LeftAloneNot) {
-    return {
-        AddressFix{label, {}}, {}, QString::fromUtf8(TextOfReason(fix.leftAlone())), false, false};
+    return {.answer = AddressFix{label, {}},
+            .message = {},
+            .remark = sentenceOf(fix.leftAlone()),
+            .isAsked = false};
   }
-  AddressOutcome outcome{
-      .answer = fix.answer(), .message = fix.message(), .confirmation = fix.confirmation()};
-  if (outcome.answer && !outcome.answer->Candidates.isEmpty()) {
-    outcome.remark = sentence(fix.confirmation().Text());
+  AddressOutcome outcome{.answer = fix.answer(),
+                         .message = fix.message(),
+                         .confirmation = fix.confirmation(),
+                         .footnotes = client.lastReport().Footnotes()};
+  if (!outcome.answer) {
+    outcome.remark = failureOf(label, client.lastReport());
     return outcome;
   }
-  if (!outcome.answer || outcome.answer->MatchedAddresses.size() >= 2) {
+  if (!outcome.answer->Candidates.isEmpty()) {
+    outcome.remark = sentenceOf(fix.confirmation());
+    return outcome;
+  }
+  if (outcome.answer->MatchedAddresses.size() >= 2) {
     return outcome;
   }
   const QString corrected = outcome.answer->ExactAddress;
@@ -89,8 +94,7 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
   if (corrected != label) {
     outcome.answer->MatchedAddresses.append(candidate(label));
   }
-  outcome.remark = isDoubtful ? QString::fromStdWString(fix.review().Reason())
-                              : sentence(fix.confirmation().Text());
+  outcome.remark = isDoubtful ? reasonOf(fix.review()) : sentenceOf(fix.confirmation());
   return outcome;
 }
 

@@ -67,7 +67,8 @@ class POSTWRIGHT_CLIENT_EXPORT ReviewedFix {
 // made: it comes as two candidates, the text as corrected and the text as typed, with the reason as
 // the outcome's remark, so that a person picks one. Where `client` asks for candidates and the
 // service names any, they come within the label, with how far it was confirmed as the remark. The
-// worker's thread, as every AskFunction.
+// remark of a failure is its reason and what to do. Remarks are in the language of the library's
+// tables. The worker's thread, as every AskFunction.
 POSTWRIGHT_CLIENT_EXPORT AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
                                                     const ReviewedFix::Asking& asking);
 

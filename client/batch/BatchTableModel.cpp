@@ -3,6 +3,7 @@
 #include "client/LocalizedString.h"
 #include "client/batch/StatusIcons.h"
 #include "client/batch/review/BatchTexts.h"
+#include "client/batch/review/Explanations.h"
 
 namespace postwright {
 namespace {
@@ -87,12 +88,11 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
       return cellText(values, index.column());
     case Qt::AccessibleTextRole:
       return index.column() != FixedColumn ? cellText(values, index.column())
-             : isMarked(values) ? spokenText(values.fixed, differencesOf(*_records.at(index.row())))
+             : isMarked(values) ? spokenText(values.fixed, changesOf(*_records.at(index.row())))
              : values.fixed.isEmpty() ? hintText(values)
                                       : values.fixed;
     case Qt::ToolTipRole:
-      return toolTipText(
-          values, isMarked(values) ? differencesOf(*_records.at(index.row())) : Differences());
+      return toolTipText(values, changesOf(*_records.at(index.row())));
     case Qt::DecorationRole:
       return index.column() == StatusColumn && !values.pending ? QVariant(statusIcon(values.status))
                                                                : QVariant();
@@ -103,6 +103,11 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
+}
+
+QStringList BatchTableModel::changesOf(const BatchResultRecord& record) const {
+  const Values values = record.values();
+  return changeTexts(values, isMarked(values) ? differencesOf(record) : Differences());
 }
 
 QVariant BatchTableModel::marksOf(const QModelIndex& index, const Values& values) const {

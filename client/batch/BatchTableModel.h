@@ -51,6 +51,7 @@ class BatchTableModel final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  QStringList changesOf(const BatchResultRecord& record) const;
   QVariant marksOf(const QModelIndex& index, const BatchResultRecord::Values& values) const;
 
   BatchResultRecordList _records;

@@ -10,6 +10,7 @@
 #include "client/batch/MarkedText.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/review/BatchTexts.h"
+#include "client/batch/review/Explanations.h"
 #include "client/batch/review/LongLines.h"
 #include "ui_Postwright.h"
 
@@ -183,9 +184,21 @@ void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) 
   _layout.txtCut->setText(left > 0 ? localizedString("SCut", left) : QString());
   _layout.bnMarkRest->setVisible(left > 0 && !whole);
   const Differences differences = findDifferences(before, after);
+  QList<MarkTip> typedTips;
+  QList<MarkTip> fixedTips;
+  for (const ExplainedChange& change : explainedChanges(values)) {
+    typedTips.append({change.typed, change.text});
+    fixedTips.append({change.corrected, change.text});
+  }
   showMarked(*_layout.tvFixedBefore, before, differences.removed, MarkKind::Removed,
-             differences.movedFrom);
-  showMarked(*_layout.tvFixedAfter, after, differences.added, MarkKind::Added, differences.movedTo);
+             differences.movedFrom, typedTips);
+  showMarked(*_layout.tvFixedAfter, after, differences.added, MarkKind::Added, differences.movedTo,
+             fixedTips);
+  constexpr qsizetype kMostChanges = 8;
+  const QStringList changes =
+      fixedTips.isEmpty() ? QStringList() : changeTexts(values, differences);
+  _layout.txtChanges->setText(firstChanges(changes, kMostChanges).join(u'\n'));
+  _layout.txtChanges->setVisible(!changes.isEmpty());
 }
 
 void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype twins) {
@@ -193,7 +206,16 @@ void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype
   showTwins(*_layout.ckTwins, twins);
   const bool isDoubtful = values.isDoubtful();
   const QString why = isDoubtful ? values.remark : unconfirmedText(values.confirmation);
-  _layout.txtDoubt->setText(why);
+  QStringList doubts{why};
+  if (isDoubtful) {
+    for (const ExplainedChange& change : explainedChanges(values)) {
+      if (IsDoubt(change.rule) && !doubts.contains(change.text)) {
+        doubts.append(change.text);
+      }
+    }
+  }
+  constexpr qsizetype kMostDoubts = 4;
+  _layout.txtDoubt->setText(doubts.first(std::min(doubts.size(), kMostDoubts)).join(u'\n'));
   _layout.txtDoubt->setVisible(isDoubtful || (!why.isEmpty() && !values.candidates.isEmpty()));
   _layout.txtMatches->setText(localizedString(!isDoubtful                  ? "SMatches"
                                               : values.matches.size() == 1 ? "SMatchesTyped"
@@ -216,7 +238,7 @@ void DetailView::nameMatch(QStandardItem& item, const QString& typed) {
   const Differences differences = findDifferences(cutLongLines(typed), cutLongLines(text));
   const CellMarks marks{MarkKind::Added, differences.added, differences.movedTo};
   item.setData(QVariant::fromValue(marks), BatchTableModel::MarksRole);
-  item.setAccessibleText(name + QStringLiteral(": ") + spokenText(text, differences));
+  item.setAccessibleText(name + QStringLiteral(": ") + spokenText(text, changeTexts(differences)));
   _matches.setVerticalHeaderItem(item.row(), new QStandardItem(name));
 }
 
@@ -239,6 +261,8 @@ void DetailView::showMatches(const BatchResultRecord::Values& values) {
 void DetailView::showError(const BatchResultRecord::Values& values, qsizetype twins) {
   const bool service = values.isUnanswered();
   _layout.txtErrorText->setText(values.result);
+  _layout.txtErrorReason->setText(values.remark);
+  _layout.txtErrorReason->setVisible(!values.pending && !values.remark.isEmpty());
   _layout.txtErrorHint->setText(localizedString(values.pending ? "SAskingAgain"
                                                 : service      ? "SErrorHintService"
                                                                : "SErrorHint"));

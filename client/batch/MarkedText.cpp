@@ -6,8 +6,23 @@
 
 namespace postwright {
 
+namespace {
+
+// Of tips in any order; there are few.
+QString tipOf(const TextMark& mark, const QList<MarkTip>& tips) {
+  for (const MarkTip& tip : tips) {
+    if (mark.start < tip.words.start + tip.words.length &&
+        tip.words.start < mark.start + mark.length) {
+      return tip.text;
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
 void showMarked(QTextEdit& field, const QString& text, const QList<TextMark>& marks, MarkKind kind,
-                const QList<TextMark>& moved) {
+                const QList<TextMark>& moved, const QList<MarkTip>& tips) {
   struct Run {
     TextMark mark;
     QTextCharFormat format;
@@ -18,6 +33,9 @@ void showMarked(QTextEdit& field, const QString& text, const QList<TextMark>& ma
   }
   for (const TextMark& mark : moved) {
     runs.push_back({mark, markFormat(MarkKind::Moved, field.palette())});
+  }
+  for (Run& run : runs) {
+    run.format.setToolTip(tipOf(run.mark, tips));
   }
   std::stable_sort(runs.begin(), runs.end(), [](const Run& one, const Run& other) {
     return one.mark.start < other.mark.start;

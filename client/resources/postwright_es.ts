@@ -983,5 +983,356 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <extracomment>Spoken name of a button.</extracomment>
         <translation>Cancelar</translation>
     </message>
+    <message id="SCore-rule-suffix">
+        <translation>tipo de vía en forma normal</translation>
+    </message>
+    <message id="SCore-rule-directional">
+        <translation>punto cardinal en forma normal</translation>
+    </message>
+    <message id="SCore-rule-unit">
+        <translation>unidad en forma normal</translation>
+    </message>
+    <message id="SCore-rule-state">
+        <translation>estado en forma normal</translation>
+    </message>
+    <message id="SCore-rule-box">
+        <translation>apartado postal en forma normal</translation>
+    </message>
+    <message id="SCore-rule-route">
+        <translation>ruta en forma normal</translation>
+    </message>
+    <message id="SCore-rule-highway">
+        <translation>carretera en forma normal</translation>
+    </message>
+    <message id="SCore-rule-number">
+        <translation>número en forma normal</translation>
+    </message>
+    <message id="SCore-rule-city">
+        <translation>ciudad en forma normal</translation>
+    </message>
+    <message id="SCore-rule-word">
+        <translation>palabra de la calle en forma normal</translation>
+    </message>
+    <message id="SCore-rule-spacing">
+        <translation>escrito junto o separado</translation>
+    </message>
+    <message id="SCore-rule-accent">
+        <translation>acento</translation>
+    </message>
+    <message id="SCore-rule-unit-place">
+        <translation>unidad detrás de la calle</translation>
+    </message>
+    <message id="SCore-rule-urbanization-place">
+        <translation>orden de una dirección de Puerto Rico</translation>
+    </message>
+    <message id="SCore-rule-spelling">
+        <translation>ortografía de la calle</translation>
+    </message>
+    <message id="SCore-rule-city-spelling">
+        <translation>ortografía de la ciudad</translation>
+    </message>
+    <message id="SCore-rule-zip-of-street">
+        <translation>código ZIP de esta calle</translation>
+    </message>
+    <message id="SCore-rule-city-of-zip">
+        <translation>ciudad de este código ZIP</translation>
+    </message>
+    <message id="SCore-rule-state-of-zip">
+        <translation>estado de este código ZIP</translation>
+    </message>
+    <message id="SCore-rule-zip4-added">
+        <translation>ZIP+4 añadido</translation>
+    </message>
+    <message id="SCore-rule-zip4-changed">
+        <translation>ZIP+4 de esta dirección</translation>
+    </message>
+    <message id="SCore-rule-zip4-dropped">
+        <translation>se quitó el ZIP+4 de otra dirección</translation>
+    </message>
+    <message id="SCore-rule-suffix-added">
+        <translation>tipo de vía añadido</translation>
+    </message>
+    <message id="SCore-rule-suffix-changed">
+        <translation>tipo de vía de esta calle</translation>
+    </message>
+    <message id="SCore-rule-suffix-dropped">
+        <translation>se quitó el tipo de vía</translation>
+    </message>
+    <message id="SCore-rule-directional-added">
+        <translation>punto cardinal añadido</translation>
+    </message>
+    <message id="SCore-rule-directional-changed">
+        <translation>punto cardinal de esta calle</translation>
+    </message>
+    <message id="SCore-rule-directional-dropped">
+        <translation>se quitó el punto cardinal</translation>
+    </message>
+    <message id="SCore-rule-unit-designator">
+        <translation>cómo se llama la unidad</translation>
+    </message>
+    <message id="SCore-rule-urbanization">
+        <translation>urbanización de esta dirección</translation>
+    </message>
+    <message id="SCore-rule-number-changed">
+        <translation>otro número</translation>
+    </message>
+    <message id="SCore-rule-number-added">
+        <translation>número añadido</translation>
+    </message>
+    <message id="SCore-rule-number-lost">
+        <translation>número perdido</translation>
+    </message>
+    <message id="SCore-rule-number-moved">
+        <translation>número en otro lugar</translation>
+    </message>
+    <message id="SCore-rule-sign-lost">
+        <translation>signo perdido en un número</translation>
+    </message>
+    <message id="SCore-rule-word-changed">
+        <translation>otra palabra</translation>
+    </message>
+    <message id="SCore-rule-word-added">
+        <translation>palabra añadida</translation>
+    </message>
+    <message id="SCore-rule-word-lost">
+        <translation>palabra perdida</translation>
+    </message>
+    <message id="SCore-rule-word-moved">
+        <translation>palabra en otro lugar</translation>
+    </message>
+    <message id="SCore-rule-word-doubled">
+        <translation>palabra repetida</translation>
+    </message>
+    <message id="SCore-rule-word-crossed">
+        <translation>palabra en otra línea</translation>
+    </message>
+    <message id="SCore-rule-line-cut">
+        <translation>línea partida en dos</translation>
+    </message>
+    <message id="SCore-rule-route-left">
+        <translation>apartado separado de su ruta</translation>
+    </message>
+    <message id="SCore-rule-street-changed">
+        <translation>otro nombre de calle</translation>
+    </message>
+    <message id="SCore-rule-street-other">
+        <translation>una calle que no puede ser la indicada</translation>
+    </message>
+    <message id="SCore-rule-suffix-unexplained">
+        <translation>otro tipo de vía</translation>
+    </message>
+    <message id="SCore-rule-directional-unexplained">
+        <translation>otro punto cardinal</translation>
+    </message>
+    <message id="SCore-rule-unit-changed">
+        <translation>otra unidad</translation>
+    </message>
+    <message id="SCore-rule-zip-changed">
+        <translation>otro código ZIP</translation>
+    </message>
+    <message id="SCore-rule-zip-lost">
+        <translation>código ZIP perdido</translation>
+    </message>
+    <message id="SCore-rule-zip4-lost">
+        <translation>ZIP+4 perdido</translation>
+    </message>
+    <message id="SCore-rule-city-changed">
+        <translation>otra ciudad</translation>
+    </message>
+    <message id="SCore-rule-state-changed">
+        <translation>otro estado</translation>
+    </message>
+    <message id="SCore-rule-unit-sign-lost">
+        <translation>signo de número de una unidad perdido</translation>
+    </message>
+    <message id="SCore-rule-too-long">
+        <translation>hay demasiadas diferencias</translation>
+    </message>
+    <message id="SCore-doubt-number-changed">
+        <translation>El número %1 pasó a ser %2.</translation>
+    </message>
+    <message id="SCore-doubt-number-added">
+        <translation>El número %2 no se había escrito.</translation>
+    </message>
+    <message id="SCore-doubt-number-lost">
+        <translation>Se perdió el número %1.</translation>
+    </message>
+    <message id="SCore-doubt-number-moved">
+        <translation>El número %2 está en otro lugar que donde se escribió.</translation>
+    </message>
+    <message id="SCore-doubt-sign-lost">
+        <translation>%1 pasó a ser %2: se perdió un signo dentro de un número.</translation>
+    </message>
+    <message id="SCore-doubt-word-changed">
+        <translation>%1 pasó a ser %2.</translation>
+    </message>
+    <message id="SCore-doubt-word-added">
+        <translation>%2 no se había escrito.</translation>
+    </message>
+    <message id="SCore-doubt-word-lost">
+        <translation>Se perdió %1.</translation>
+    </message>
+    <message id="SCore-doubt-word-moved">
+        <translation>%2 está en otro lugar que donde se escribió.</translation>
+    </message>
+    <message id="SCore-doubt-word-doubled">
+        <translation>%2 se escribió una vez y aparece dos veces.</translation>
+    </message>
+    <message id="SCore-doubt-word-crossed">
+        <translation>%2 está en otra línea que en la que se escribió.</translation>
+    </message>
+    <message id="SCore-doubt-line-cut">
+        <translation>La línea se partió en dos delante de %2.</translation>
+    </message>
+    <message id="SCore-doubt-route-left">
+        <translation>El apartado se separó de su ruta: %1 pasó a ser %2.</translation>
+    </message>
+    <message id="SCore-doubt-street-changed">
+        <translation>La calle %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-street-other">
+        <translation>La calle %1 pasó a ser %2, que difícilmente puede ser la indicada.</translation>
+    </message>
+    <message id="SCore-doubt-suffix-unexplained">
+        <translation>El tipo de vía %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-directional-unexplained">
+        <translation>El punto cardinal %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-unit-changed">
+        <translation>La unidad %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-zip-changed">
+        <translation>El código ZIP %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-zip-lost">
+        <translation>Se perdió el código ZIP %1.</translation>
+    </message>
+    <message id="SCore-doubt-zip4-lost">
+        <translation>Se perdió el ZIP+4 %1, aunque la dirección es la misma.</translation>
+    </message>
+    <message id="SCore-doubt-city-changed">
+        <translation>La ciudad %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-state-changed">
+        <translation>El estado %1 pasó a ser %2, y el servicio no dijo por qué.</translation>
+    </message>
+    <message id="SCore-doubt-unit-sign-lost">
+        <translation>Se perdió el signo de número delante de %1, que decía que es una unidad.</translation>
+    </message>
+    <message id="SCore-doubt-too-long">
+        <translation>Hay más palabras distintas de las que se pueden comparar.</translation>
+    </message>
+    <message id="SCore-doubt-unknown">
+        <translation>El cambio no tiene explicación.</translation>
+    </message>
+    <message id="SCore-nothing">
+        <translation>nada</translation>
+    </message>
+    <message id="SCore-no-words">
+        <translation>no dio ninguna razón.</translation>
+    </message>
+    <message id="SCore-left-alone-rural-route">
+        <translation>Una ruta rural, una ruta por contrato o una «star route»: no se puede comprobar y queda como se escribió.</translation>
+    </message>
+    <message id="SCore-left-alone-foreign-country">
+        <translation>La última línea nombra un país que no es Estados Unidos: la dirección queda como se escribió.</translation>
+    </message>
+    <message id="SCore-left-alone-box">
+        <translation>Un apartado postal con una letra en su número: no se puede comprobar y queda como se escribió.</translation>
+    </message>
+    <message id="SCore-left-alone-general-delivery">
+        <translation>General Delivery: no tiene un número que comprobar y queda como se escribió.</translation>
+    </message>
+    <message id="SCore-left-alone-block">
+        <translation>Un número de casa de Puerto Rico que empieza por su bloque: no se puede comprobar y queda como se escribió.</translation>
+    </message>
+    <message id="SCore-confirmation-confirmed">
+        <translation>confirmada</translation>
+    </message>
+    <message id="SCore-confirmation-unit-missing">
+        <translation>confirmada salvo la unidad, que falta</translation>
+    </message>
+    <message id="SCore-confirmation-unit-not-known">
+        <translation>confirmada salvo la unidad, que no se conoce</translation>
+    </message>
+    <message id="SCore-confirmation-number-not-known">
+        <translation>se conoce la calle, pero no el número</translation>
+    </message>
+    <message id="SCore-confirmation-form-only">
+        <translation>solo la forma: nadie ha comprobado la calle</translation>
+    </message>
+    <message id="SCore-unread-empty">
+        <translation>No hay texto.</translation>
+    </message>
+    <message id="SCore-unread-foreign-country">
+        <translation>La última línea nombra un país que no es Estados Unidos: la dirección no se toca.</translation>
+    </message>
+    <message id="SCore-unread-zip-short">
+        <translation>El código ZIP tiene cuatro cifras; en este estado empieza por 0. Ponga el 0 delante.</translation>
+    </message>
+    <message id="SCore-unread-zip-missing">
+        <translation>Falta el código ZIP. Escriba sus cinco cifras detrás del estado.</translation>
+    </message>
+    <message id="SCore-unread-state-missing">
+        <translation>Falta el estado delante del código ZIP. Escriba ahí sus dos letras.</translation>
+    </message>
+    <message id="SCore-unread-number-in-words">
+        <translation>El número de la casa está escrito con letras. Escríbalo con cifras.</translation>
+    </message>
+    <message id="SCore-unread-number-missing">
+        <translation>Falta el número de la casa. La línea de la calle empieza por él, o es un apartado: PO BOX 12.</translation>
+    </message>
+    <message id="SCore-unread-unread">
+        <translation>No se encontró ninguna dirección. Escriba la calle, o el apartado, en una línea y la ciudad, el estado y el código ZIP en la siguiente.</translation>
+    </message>
+    <message id="SCore-failure-no-network">
+        <translation>No hay conexión a internet: no hay camino a %1, o no existe ese equipo. Revise la red y el nombre del servidor.</translation>
+    </message>
+    <message id="SCore-failure-not-resolved">
+        <translation>No existe el equipo %1. Revise el nombre del servidor.</translation>
+    </message>
+    <message id="SCore-failure-refused">
+        <translation>En %1 no responde nadie (conexión rechazada). Inicie allí el servicio o indique otro servidor.</translation>
+    </message>
+    <message id="SCore-failure-timed-out">
+        <translation>El servicio de %1 no respondió a tiempo. Inténtelo más tarde o dele más tiempo.</translation>
+    </message>
+    <message id="SCore-failure-broke-off">
+        <translation>La conexión con %1 terminó antes que la respuesta. Inténtelo más tarde.</translation>
+    </message>
+    <message id="SCore-failure-bad-answer">
+        <translation>Lo que responde en %1 no es un servicio Verify. Revise el nombre del servidor.</translation>
+    </message>
+    <message id="SCore-failure-abandoned">
+        <translation>Se renunció a la pregunta a %1.</translation>
+    </message>
+    <message id="SCore-failure-http-status">
+        <translation>El servicio de %1 responde con el estado HTTP %2. Inténtelo más tarde o revise el nombre del servidor.</translation>
+    </message>
+    <message id="SCore-failure-service-error">
+        <translation>El servicio dice: %1 La dirección no se examinó.</translation>
+    </message>
+    <message id="SCore-failure-address-invalid">
+        <translation>El servicio dice: %1 Revise la línea de la calle: número, calle y unidad.</translation>
+    </message>
+    <message id="SCore-failure-zip-invalid">
+        <translation>El servicio dice: %1 Revise el código ZIP: no existe o es de otro lugar.</translation>
+    </message>
+    <message id="SCore-failure-city-invalid">
+        <translation>El servicio dice: %1 Revise la ciudad: en el estado no hay ninguna con ese nombre.</translation>
+    </message>
+    <message id="SCore-failure-not-found">
+        <translation>El servicio dice: %1 Revise la calle y su número, y el código ZIP.</translation>
+    </message>
+    <message id="SCore-failure-state-invalid">
+        <translation>El servicio dice: %1 Revise el estado: escriba sus dos letras.</translation>
+    </message>
+    <message id="SCore-failure-several-found">
+        <translation>El servicio dice: %1 Escriba más: un punto cardinal, el tipo de vía o el código ZIP.</translation>
+    </message>
+    <message id="SCore-failure-turned-down">
+        <translation>El servicio dice: %1 Revise la dirección entera.</translation>
+    </message>
 </context>
 </TS>

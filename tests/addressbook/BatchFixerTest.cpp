@@ -76,7 +76,7 @@ void BatchFixerTest::tellsWhatBecameOfEach() {
   QCOMPARE(outcomes[1].kind, FixOutcome::Kind::Corrected);
   QCOMPARE(outcomes[1].text, "Lena Quinn\n7517 ADAMS BLVD\nNATURAL BRIDGE VA 24578");
   QCOMPARE(outcomes[2].kind, FixOutcome::Kind::Failed);
-  QCOMPARE(outcomes[2].text, "Invalid Address");
+  QVERIFY2(outcomes[2].text.startsWith("The service says: "), qPrintable(outcomes[2].text));
 }
 
 void BatchFixerTest::tellsNothingWhenCancelled() {

@@ -192,7 +192,8 @@ void FixTest::offersWhatIsDoubtful() {
       {noNumber, u"12 MAIN ST NE\nPEÑA TX 78701-1234"_qs, 1, u"The street is known"_qs, true},
       {noNumber, u"14 main st ne\npeña tx 78701-1234"_qs, 2, u"The number"_qs, true},
       {kFound, u"RR 3 Box 14\npeña tx 78701"_qs, 0, u"A rural route"_qs, false},
-      {u"<R><Address><Error/></Address></R>"_qs, u"12 main st ne\npeña tx 78701"_qs, 0, {}, false},
+      {u"<R><Address><Error/></Address></R>"_qs, u"12 main st ne\npeña tx 78701"_qs, 0,
+       u"The service says: no reason was given."_qs, false},
   };
   for (const auto& row : rows) {
     const LoopbackServer server(Page(row.reply));

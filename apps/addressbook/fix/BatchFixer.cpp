@@ -41,7 +41,7 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
               values.remark.isEmpty() ? BatchFixer::tr("Several addresses match") : values.remark};
     case AddressStatusError:
       return {values.isUnanswered() ? FixOutcome::Kind::NoAnswer : FixOutcome::Kind::Failed,
-              values.result};
+              values.failure()};
     case AddressStatusUnchanged:
       break;
   }

@@ -5,7 +5,9 @@
 #include <QStringList>
 
 #include "client/LocalizedString.h"
+#include "client/ReviewWords.h"
 #include "client/batch/review/BatchTexts.h"
+#include "client/batch/review/Explanations.h"
 
 namespace postwright {
 namespace {
@@ -25,8 +27,19 @@ QString standing(const Values& values) {
   return values.pending ? localizedString("SNotAskedShort") : statusText(values);
 }
 
+// Why it stands so: in words, or by the rules of what was corrected.
 QString reasonOf(const Values& values) {
-  return values.pending ? QString() : whyText(values);
+  if (values.pending) {
+    return {};
+  }
+  QStringList reasons{whyText(values)};
+  if (!values.corrected().isEmpty()) {
+    for (const CorrectionRule rule : values.rules) {
+      reasons.append(wordsOf(rule));
+    }
+  }
+  reasons.removeAll(QString());
+  return reasons.join(QStringLiteral("; "));
 }
 
 QString csvCell(QString text) {
@@ -66,15 +79,19 @@ QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
     const Values values = record->values();
     own += !values.pending && values.own && values.status == AddressStatusFixed ? 1 : 0;
     if (!values.pending && values.status == AddressStatusError) {
-      ++reasons[values.result];
+      ++reasons[values.failure()];
     }
   }
   QList<SummaryLine> lines{{localizedString("SSumRight"), counts.unchanged - counts.kept},
                            {localizedString("SSumTyped"), counts.kept},
-                           {localizedString("SSumFixed"), counts.fixed - own},
-                           {localizedString("SSumOwn"), own},
-                           {localizedString("SSumMultiple"), counts.multiple},
-                           {localizedString("SSumErrors"), counts.errors}};
+                           {localizedString("SSumFixed"), counts.fixed - own}};
+  const QMap<QString, qsizetype> rules = countRules(records);
+  for (auto rule = rules.begin(); rule != rules.end(); ++rule) {
+    lines.append({rule.key(), rule.value(), true});
+  }
+  lines += QList<SummaryLine>{{localizedString("SSumOwn"), own},
+                              {localizedString("SSumMultiple"), counts.multiple},
+                              {localizedString("SSumErrors"), counts.errors}};
   for (auto reason = reasons.begin(); reason != reasons.end(); ++reason) {
     lines.append({reason.key(), reason.value(), true});
   }

@@ -17,8 +17,8 @@ struct SummaryLine {
   bool part = false;  // of the line before that is none
 };
 
-// How a list stands: right, left as typed, corrected, to be chosen, refused (by reason) and not
-// asked about; those that there are none of are left out.
+// How a list stands: right, left as typed, corrected (by rule), to be chosen, refused (by reason)
+// and not asked about; those that there are none of are left out.
 QList<SummaryLine> summaryLines(const BatchResultRecordList& records);
 
 // The texts of `records`, corrected where there is a corrected text, set apart by blank lines.

@@ -93,7 +93,7 @@ std::pair<int, QString> sortKey(const BatchResultRecord::Values& values, RecordQ
     case RecordQuery::Order::Fixed:
       return {values.fixed.isEmpty() ? 1 : 0, values.fixed.toCaseFolded()};
     case RecordQuery::Order::Status:
-      return {values.pending ? 1 : -values.status, values.result};
+      return {values.pending ? 1 : -values.status, values.failure()};
     case RecordQuery::Order::Host:
       break;
   }
@@ -122,8 +122,8 @@ BatchResultRecordList findRecords(const BatchResultRecordList& records, const Re
     found.removeIf([&](const BatchResultRecordPointer& record) {
       const BatchResultRecord::Values values = record->values();
       const bool ofReason =
-          query.reason.isEmpty() ||
-          (!values.pending && values.status == AddressStatusError && values.result == query.reason);
+          query.reason.isEmpty() || (!values.pending && values.status == AddressStatusError &&
+                                     values.failure() == query.reason);
       return !ofReason || !holdsWords(values, words);
     });
   }
@@ -163,7 +163,7 @@ void ReviewTally::update(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
   const Kind kind = kindOf(record, values);
   remove(record);
-  const QString reason = kind >= Error ? values.result : QString();
+  const QString reason = kind >= Error ? values.failure() : QString();
   _counted.insert(&record, {kind, reason});
   count(kind, 1, _counts);
   if (kind >= Error) {

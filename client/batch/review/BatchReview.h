@@ -22,7 +22,7 @@ struct RecordQuery {
   enum class Order { Host, Address, Fixed, Status };
 
   StatusFilter statuses{true, true, true, true};
-  QString reason;  // of the errors, those with this message alone; empty: all records
+  QString reason;  // of the errors, those with this failure() alone; empty: all records
   QString search;  // words that stand in the typed or the corrected text, whatever their case
   Order order = Order::Host;
   bool descending = false;
@@ -67,7 +67,7 @@ class ReviewTally {
   bool contains(const BatchResultRecord& record) const { return _counted.contains(&record); }
 
   const ReviewCounts& counts() const { return _counts; }
-  // The errors, by their messages.
+  // The errors, by their reasons.
   const QMap<QString, qsizetype>& reasons() const { return _reasons; }
 
  private:

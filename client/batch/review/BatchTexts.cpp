@@ -44,7 +44,7 @@ QString hintText(const BatchResultRecord::Values& values) {
       return values.isDoubtful() ? values.remark
                                  : localizedString("SHintMultiple", values.matches.size());
     case AddressStatusError:
-      return values.result;
+      return values.failure();
     default:
       return {};
   }
@@ -72,38 +72,55 @@ QString unconfirmedText(const Confirmation& confirmation) {
   }
 }
 
-QStringList changeTexts(const Differences& differences) {
+QString changeText(const Change& change) {
+  const char* key = change.from.isEmpty() ? "SSpokenAdded"
+                    : change.to.isEmpty() ? "SSpokenRemoved"
+                                          : "SSpokenChanged";
+  const QStringList words =
+      change.from.isEmpty() ? QStringList{change.to} : QStringList{change.from, change.to};
+  return StringHelpers::stringWithFormat(localizedString(key), words);
+}
+
+QStringList moveTexts(const Differences& differences) {
   QStringList texts;
   for (const Move& move : differences.moves) {
     texts.append(StringHelpers::stringWithFormat(
         localizedString("SSpokenMoved"), {move.word, number(move.fromLine), number(move.toLine)}));
   }
+  return texts;
+}
+
+QStringList changeTexts(const Differences& differences) {
+  QStringList texts = moveTexts(differences);
   for (const Change& change : differences.changes) {
-    const char* key = change.from.isEmpty() ? "SSpokenAdded"
-                      : change.to.isEmpty() ? "SSpokenRemoved"
-                                            : "SSpokenChanged";
-    const QStringList words =
-        change.from.isEmpty() ? QStringList{change.to} : QStringList{change.from, change.to};
-    texts.append(StringHelpers::stringWithFormat(localizedString(key), words));
+    texts.append(changeText(change));
   }
   return texts;
 }
 
-QString spokenText(const QString& fixed, const Differences& differences) {
-  return (QStringList{fixed} + changeTexts(differences)).join(QStringLiteral(". "));
+QString spokenText(const QString& fixed, const QStringList& changes) {
+  return (QStringList{fixed} + changes).join(QStringLiteral(". "));
 }
 
-QString toolTipText(const BatchResultRecord::Values& values, const Differences& differences) {
-  constexpr qsizetype kMostChanges = 12;
+QStringList firstChanges(const QStringList& changes, qsizetype most) {
   constexpr qsizetype kLongestChange = 120;
-  QStringList lines{statusText(values)};
-  lines.append(whyText(values));
-  const QStringList changes = changeTexts(differences);
-  for (const QString& change : changes.first(std::min(changes.size(), kMostChanges))) {
+  QStringList lines;
+  for (const QString& change : changes.first(std::min(changes.size(), most))) {
     lines.append(change.size() > kLongestChange ? change.first(kLongestChange) + u'…' : change);
   }
-  if (changes.size() > kMostChanges) {
-    lines.append(localizedString("SMoreChanges", changes.size() - kMostChanges));
+  if (changes.size() > most) {
+    lines.append(localizedString("SMoreChanges", changes.size() - most));
+  }
+  return lines;
+}
+
+QString toolTipText(const BatchResultRecord::Values& values, const QStringList& changes) {
+  constexpr qsizetype kMostChanges = 12;
+  QStringList lines{statusText(values), whyText(values)};
+  for (const QString& change : firstChanges(changes, kMostChanges)) {
+    if (!lines.contains(change)) {  // the reason of a doubt is one of its changes
+      lines.append(change);
+    }
   }
   lines.removeAll(QString());
   // Plain text: what a label holds is never read as markup.

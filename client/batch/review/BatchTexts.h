@@ -25,14 +25,23 @@ QString whyText(const BatchResultRecord::Values& values);
 // asked.
 QString unconfirmedText(const Confirmation& confirmation);
 
+// What became of words: "X changed to Y", or added, or removed.
+QString changeText(const Change& change);
+
+// The words that moved into another line, a sentence for each.
+QStringList moveTexts(const Differences& differences);
+
 // What changed, a sentence for each change, words that moved first.
 QStringList changeTexts(const Differences& differences);
 
 // What a screen reader says of a corrected text: the text, and what became of each word.
-QString spokenText(const QString& fixed, const Differences& differences);
+QString spokenText(const QString& fixed, const QStringList& changes);
 
 // What a tool tip says of a record: how it stands, why, and what changed.
-QString toolTipText(const BatchResultRecord::Values& values, const Differences& differences);
+QString toolTipText(const BatchResultRecord::Values& values, const QStringList& changes);
+
+// The first of many changes as lines, and how many more there are.
+QStringList firstChanges(const QStringList& changes, qsizetype most);
 
 // The caption of the filter's segment.
 QString segmentText(AddressStatus status, qsizetype count);

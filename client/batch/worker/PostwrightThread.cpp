@@ -15,7 +15,8 @@ AddressOutcome askPlainly(PostwrightClient& client, const QString& address) {
   std::optional<AddressFix> answer = client.fixAddress(address);
   return {.answer = std::move(answer),
           .message = client.lastResult().value_or(QString()),
-          .confirmation = Confirmation(client.lastReport())};
+          .confirmation = Confirmation(client.lastReport()),
+          .footnotes = client.lastReport().Footnotes()};
 }
 
 bool isDue(const BatchResultRecord& record) {

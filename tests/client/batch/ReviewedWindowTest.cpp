@@ -2,9 +2,13 @@
 // its reply to what a person sees and what is written back.
 
 #include <postwright/Deployment.h>
+#include <postwright/UnreadReason.h>
 
 #include <QApplication>
+#include <QTextEdit>
 
+#include "client/ReviewWords.h"
+#include "client/batch/review/BatchReport.h"
 #include "tests/client/ClientTestMain.h"
 #include "tests/client/batch/Person.h"
 #include "tests/support/LoopbackServer.h"
@@ -64,6 +68,8 @@ class ReviewedWindowTest : public QObject {
  private slots:
   void reviewsWhereTheHostSaysSo();
   void givesTheRestInTheSameForm();
+  void saysWhyOfEachChange();
+  void everyWordIsTranslated();
 };
 
 void ReviewedWindowTest::reviewsWhereTheHostSaysSo() {
@@ -98,7 +104,8 @@ void ReviewedWindowTest::givesTheRestInTheSameForm() {
   QCOMPARE(open.window.results().size(), 2);
   QCOMPARE(open.window.results().first()->values().fixed, formed);
   QCOMPARE(open.person.find<QPushButton>(u"bnUpdate"_qs)->text(), u"&Apply to 2 Addresses"_qs);
-  QVERIFY(open.person.label(u"txtProgress"_qs).contains(u"1 of these is written in the chosen form."));
+  QVERIFY(
+      open.person.label(u"txtProgress"_qs).contains(u"1 of these is written in the chosen form."));
   open.person.clickRow(0);
   QCOMPARE(open.person.find<QPlainTextEdit>(u"tvUnchangedAddress"_qs)->toPlainText(), formed);
   open.window.bnTakeTypedClick();
@@ -111,6 +118,84 @@ void ReviewedWindowTest::givesTheRestInTheSameForm() {
   ReviewedWindow plain({right}, options);
   QTRY_VERIFY(plain.person.hasFinished());
   QVERIFY(plain.window.results().isEmpty());
+}
+
+// The rule of a change stands in the detail, at its mark, in the row's tip, in what a screen reader
+// says and in the report; and why a text was turned down beneath the message.
+void ReviewedWindowTest::saysWhyOfEachChange() {
+  const QString noZip = u"Jo\n12 main st\nAustin, TX"_qs;
+  ReviewedWindow open({kStreet, kSwapped, noZip}, BatchOptions::all());
+  const Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  const QString why = u"street changed to ST: suffix in standard form"_qs;
+  open.person.clickRow(0);
+  QCOMPARE(person.label(u"txtChanges"_qs), why);
+  for (const auto& [field, word] :
+       {std::pair(u"tvFixedBefore"_qs, u"street"_qs), std::pair(u"tvFixedAfter"_qs, u"ST\n"_qs)}) {
+    auto* text = person.find<QTextEdit>(field);
+    QTextCursor cursor = text->textCursor();
+    cursor.setPosition(static_cast<int>(text->toPlainText().indexOf(word)) + 1);
+    const QString tip = cursor.charFormat().toolTip();
+    QCOMPARE(tip.isEmpty(), field == u"tvFixedAfter");  // both letters of ST were there before
+    QVERIFY2(tip.isEmpty() || tip == why, qPrintable(tip));
+  }
+  const QAbstractItemModel& rows = *person.table()->model();
+  QVERIFY(rows.index(0, 1).data(Qt::ToolTipRole).toString().contains(why));
+  QVERIFY(rows.index(0, 1).data(Qt::AccessibleTextRole).toString().endsWith(why));
+  open.person.clickRow(1);
+  QCOMPARE(person.label(u"txtDoubt"_qs), u"The number “16” became “61”."_qs);
+  open.person.clickRow(2);
+  QCOMPARE(person.label(u"txtErrorText"_qs), u"Invalid Address"_qs);
+  QCOMPARE(person.label(u"txtErrorReason"_qs),
+           u"There is no ZIP code. Write its five digits behind the state."_qs);
+  QVERIFY(csvReport(open.window.records()).contains(u"\"suffix in standard form\""));
+  const QList<SummaryLine> lines = summaryLines(open.window.records());
+  const auto rule = std::find_if(lines.begin(), lines.end(), [](const SummaryLine& line) {
+    return line.text == u"suffix in standard form";
+  });
+  QVERIFY(rule != lines.end() && rule->count == 1 && rule->part);
+}
+
+// In Spanish nothing is said in the core's English.
+void ReviewedWindowTest::everyWordIsTranslated() {
+  if (QLocale().language() != QLocale::Spanish) {
+    QCOMPARE(wordsOf(CorrectionRule::Suffix), u"suffix in standard form"_qs);
+    return;
+  }
+  for (int number = 0; number < 200; ++number) {
+    const auto rule = static_cast<CorrectionRule>(number);
+    if (std::string_view(CorrectionRuleCode(rule)) == "unknown") {
+      continue;
+    }
+    QVERIFY2(wordsOf(rule) != QLatin1String(CorrectionRuleText(rule)), CorrectionRuleCode(rule));
+    const CorrectionChange doubt{rule, {L"a %2"}, {L"b"}, true, L"English"};
+    QVERIFY2(!IsDoubt(rule) || sentenceOf(doubt) != u"English", CorrectionRuleCode(rule));
+  }
+  const CorrectionChange doubt{CorrectionRule::NumberChanged, {L"1 %2"}, {L"2"}, true, L""};
+  QCOMPARE(sentenceOf(doubt), u"El número “1 %2” pasó a ser “2”."_qs);
+  for (int number = 1; number < 20; ++number) {
+    const auto reason = static_cast<LeftAloneReason>(number);
+    QVERIFY2(sentenceOf(reason).isEmpty() ||
+                 sentenceOf(reason) != QString::fromUtf8(TextOfReason(reason)),
+             CodeOfReason(reason));
+  }
+  const VerifyReport refused(
+      "<R><Address><Error><Number>-2147219400</Number><Description>Invalid "
+      "City</Description></Error></Address></R>");
+  QCOMPARE(failureOf(kStreet, refused),
+           u"El servicio dice: Invalid City. Revise la ciudad: en el estado no hay ninguna con ese "
+           "nombre."_qs);
+  for (const char* unread :
+       {"", "a\nParis\nFrance", "12 Main St\nBoston MA 2108", "12 Main St\nA TX",
+        "12 Main St\nAustin 78701", "Ten Main St\nAustin TX 78701", "Main St\nAustin TX 78701"}) {
+    const QString label = QString::fromUtf8(unread);
+    const UnreadReason reason(label.toStdWString());
+    QVERIFY(reason.GetCause() != UnreadCauseNone);
+    QVERIFY2(failureOf(label, refused) != QString::fromUtf8(reason.GetText()), reason.GetCode());
+    QVERIFY2(!failureOf(label, refused).contains(u"Invalid City"), reason.GetCode());
+  }
+  const VerifyReport answered("<R><Address><Address2>1 A</Address2></Address></R>");
+  QCOMPARE(sentenceOf(Confirmation(answered)), u"Solo la forma: nadie ha comprobado la calle."_qs);
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QApplication, ReviewedWindowTest)
