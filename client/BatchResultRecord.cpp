@@ -62,13 +62,17 @@ void BatchResultRecord::Values::takeRules() {
 }
 
 void BatchResultRecord::Values::takeForm() {
-  if (isFoundRight() && !standard.isEmpty() &&
+  if (isWellWritten() && !standard.isEmpty() &&
       !CorrectionReview(address.toStdWString(), standard.toStdWString(), {}).Doubtful()) {
     fixed = standard;
   }
 }
 
 bool BatchResultRecord::Values::isFoundRight() const {
+  return isWellWritten() && confirmation.Kind() == ConfirmationFull;
+}
+
+bool BatchResultRecord::Values::isWellWritten() const {
   return !pending && status == AddressStatusUnchanged && !own && remark.isEmpty();
 }
 
@@ -107,7 +111,7 @@ BatchResultRecord::Values BatchResultRecord::values() const {
 
 bool BatchResultRecord::isFormed() const {
   const std::lock_guard guard(_lock);
-  return _values.isFoundRight() && _values.address == _typed && _values.fixed != _typed;
+  return _values.isWellWritten() && _values.address == _typed && _values.fixed != _typed;
 }
 
 void BatchResultRecord::setAddress(const QString& address) {

@@ -90,8 +90,11 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     bool ignored = false;  // taken out of the batch by the user
     bool own = false;      // `fixed` is what the person wrote or kept, and not the service's word
 
-    // True where the service found the address right: no person decided that it stays as it is, and
-    // no remark says that nobody was asked.
+    // True where the answer says the same as the text: no person decided that it stays as it is,
+    // and no remark says that nobody was asked.
+    bool isWellWritten() const;
+
+    // True where the service confirmed it, besides: nothing else is to be called right.
     bool isFoundRight() const;
 
     // True where the answer is not taken for what `remark` says of it: the person picks one of
@@ -126,7 +129,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     // Has `rules` be those of review().
     void takeRules();
 
-    // Has `fixed` be `standard` where the address was found right, unless the form would lose
+    // Has `fixed` be `standard` where the address is well written, unless the form would lose
     // something of the text.
     void takeForm();
   };

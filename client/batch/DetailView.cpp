@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "client/LocalizedString.h"
+#include "client/ReviewWords.h"
 #include "client/batch/AddressDelegate.h"
 #include "client/batch/BatchTableModel.h"
 #include "client/batch/MarkedText.h"
@@ -163,20 +164,24 @@ void DetailView::showPage(QWidget* page) {
 
 void DetailView::showUnchanged(const BatchResultRecord::Values& values) {
   const bool edited = !values.pending && values.address != originalText(*_record);
-  _layout.txtUnchanged->setText(values.pending           ? localizedString("SNotYetChecked")
-                                : !values.isFoundRight() ? whyText(values)
-                                : edited                 ? localizedString("SFoundRightEdited")
-                                : _record->isFormed()    ? localizedString("SFoundRightFormed")
-                                                         : localizedString("SFoundRight"));
-  const bool isFormed = !values.pending && values.isFoundRight();
-  _layout.tvUnchangedAddress->setPlainText(cutLongLines(isFormed ? values.fixed : values.address));
+  const bool wellWritten = values.isWellWritten();
+  const QString follows = localizedString(edited                ? "SUseEdited"
+                                          : _record->isFormed() ? "SInForm"
+                                                                : "SEntryStays");
+  _layout.txtUnchanged->setText(values.pending ? localizedString("SNotYetChecked")
+                                : !wellWritten ? whyText(values)
+                                               : foundText(values) + u' ' + follows);
+  _layout.tvUnchangedAddress->setPlainText(
+      cutLongLines(wellWritten ? values.fixed : values.address));
   _layout.bnUseAddress->setVisible(edited);
 }
 
 void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) {
-  _layout.txtFixedNote->setText(
-      localizedString(values.fixed.isEmpty() ? "SFixedBlank" : "SFixedOwn"));
-  _layout.txtFixedNote->setVisible(values.fixed.isEmpty() || values.own);
+  const QString note = values.fixed.isEmpty() ? localizedString("SFixedBlank")
+                       : values.own           ? localizedString("SFixedOwn")
+                                              : sentenceOf(values.confirmation);
+  _layout.txtFixedNote->setText(note);
+  _layout.txtFixedNote->setVisible(!note.isEmpty());
   const qsizetype most = whole ? kMostOfLine : kShownOfLine;
   const QString before = cutLongLines(values.address, most);
   const QString after = cutLongLines(values.fixed, most);

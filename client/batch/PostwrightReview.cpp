@@ -100,7 +100,7 @@ void PostwrightController::bnChooseSelectedAddressClick() {
 void PostwrightController::bnUseAddressClick() {
   if (const BatchResultRecordPointer record = _window->selectedRecord()) {
     _window->steps.take(localizedString("SStepUse", 1), {record}, [](Values& values) {
-      values.own = !values.isFoundRight();
+      values.own = !values.isWellWritten();
       values.fixed = values.own ? values.address : values.fixed;
       values.status = AddressStatusFixed;
       values.pending = false;
@@ -127,7 +127,7 @@ void PostwrightController::bnKeepTextClick() {
 void PostwrightController::bnTakeTypedClick() {
   const BatchResultRecordList records = _window->view.selectedRecords();
   _window->steps.take(localizedString("SStepTyped", records.size()), records, [](Values& values) {
-    values.own = !values.isFoundRight();
+    values.own = !values.isWellWritten();
     values.fixed = values.address;
     values.status = AddressStatusUnchanged;
     values.pending = false;

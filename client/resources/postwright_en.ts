@@ -33,6 +33,11 @@
         <extracomment>Column of the table.</extracomment>
         <translation>Status</translation>
     </message>
+    <message id="SColumnConfirmation">
+        <source>Confirmation</source>
+        <extracomment>Column of the report: how far the service knows the address.</extracomment>
+        <translation>Confirmation</translation>
+    </message>
     <message id="SStatusUnchanged">
         <source>Unchanged</source>
         <extracomment>Status of an address that the service found right.</extracomment>
@@ -182,17 +187,28 @@ F8 goes to the next one that needs you.</translation>
         <translation>This address has not been checked yet.</translation>
     </message>
     <message id="SFoundRight">
-        <source>The service found this address right. Its entry stays as it is.</source>
-        <translation>The service found this address right. Its entry stays as it is.</translation>
+        <source>The service found this address right.</source>
+        <translation>The service found this address right.</translation>
     </message>
-    <message id="SFoundRightFormed">
-        <source>The service found this address right. It is written in the chosen form:</source>
-        <extracomment>Detail of an unchanged address that is given in the case and punctuation of the corrected ones.</extracomment>
-        <translation>The service found this address right. It is written in the chosen form:</translation>
+    <message id="SNothingToCorrect">
+        <source>The service found nothing to correct.</source>
+        <extracomment>Detail of an unchanged address that was not confirmed; how far it is known follows.</extracomment>
+        <translation>The service found nothing to correct.</translation>
     </message>
-    <message id="SFoundRightEdited">
-        <source>The service found the edited address right. Use this text to have it written to the entry.</source>
-        <translation>The service found the edited address right. Use this text to have it written to the entry.</translation>
+    <message id="SEntryStays">
+        <source>Its entry stays as it is.</source>
+        <extracomment>Follows what the service found.</extracomment>
+        <translation>Its entry stays as it is.</translation>
+    </message>
+    <message id="SUseEdited">
+        <source>Use this text to have it written to the entry.</source>
+        <extracomment>Follows what the service found of an edited address.</extracomment>
+        <translation>Use this text to have it written to the entry.</translation>
+    </message>
+    <message id="SInForm">
+        <source>It is written in the chosen form:</source>
+        <extracomment>Follows what the service found; the text is below.</extracomment>
+        <translation>It is written in the chosen form:</translation>
     </message>
     <message id="SKeptTyped">
         <source>You left this text as it was typed. Its entry stays as it is.</source>
@@ -352,6 +368,14 @@ F8 goes to the next one that needs you.</translation>
         <translation>
             <numerusform>%n was right.</numerusform>
             <numerusform>%n were right.</numerusform>
+        </translation>
+    </message>
+    <message id="SUnconfirmed" numerus="yes">
+        <source>%n are well written, but not confirmed.</source>
+        <extracomment>Sentence of the summary: unchanged addresses of which the service knows the form alone.</extracomment>
+        <translation>
+            <numerusform>%n is well written, but not confirmed.</numerusform>
+            <numerusform>%n are well written, but not confirmed.</numerusform>
         </translation>
     </message>
     <message id="SFormed" numerus="yes">
@@ -798,6 +822,11 @@ F8 goes to the next one that needs you.</translation>
         <extracomment>Line of the summary.</extracomment>
         <translation>Right as typed</translation>
     </message>
+    <message id="SSumUnconfirmed">
+        <source>Well written, not confirmed</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Well written, not confirmed</translation>
+    </message>
     <message id="SSumTyped">
         <source>Left as typed</source>
         <extracomment>Line of the summary.</extracomment>
@@ -827,6 +856,11 @@ F8 goes to the next one that needs you.</translation>
         <source>Not asked about</source>
         <extracomment>Line of the summary.</extracomment>
         <translation>Not asked about</translation>
+    </message>
+    <message id="SSumConfirmation">
+        <source>How far the answers are confirmed</source>
+        <extracomment>Line of the summary; a line for each degree follows.</extracomment>
+        <translation>How far the answers are confirmed</translation>
     </message>
     <message id="SCandidateIntroduction">
         <source>The service knows this address for several numbers. Which one is meant?</source>

@@ -33,6 +33,11 @@
         <extracomment>Column of the table.</extracomment>
         <translation>Estado</translation>
     </message>
+    <message id="SColumnConfirmation">
+        <source>Confirmation</source>
+        <extracomment>Column of the report: how far the service knows the address.</extracomment>
+        <translation>Confirmación</translation>
+    </message>
     <message id="SStatusUnchanged">
         <source>Unchanged</source>
         <extracomment>Status of an address that the service found right.</extracomment>
@@ -182,17 +187,28 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Esta dirección aún no se ha comprobado.</translation>
     </message>
     <message id="SFoundRight">
-        <source>The service found this address right. Its entry stays as it is.</source>
-        <translation>El servicio da por correcta esta dirección. Su entrada queda como está.</translation>
+        <source>The service found this address right.</source>
+        <translation>El servicio da por correcta esta dirección.</translation>
     </message>
-    <message id="SFoundRightFormed">
-        <source>The service found this address right. It is written in the chosen form:</source>
-        <extracomment>Detail of an unchanged address that is given in the case and punctuation of the corrected ones.</extracomment>
-        <translation>El servicio da por correcta esta dirección. Se escribe en la forma elegida:</translation>
+    <message id="SNothingToCorrect">
+        <source>The service found nothing to correct.</source>
+        <extracomment>Detail of an unchanged address that was not confirmed; how far it is known follows.</extracomment>
+        <translation>El servicio no encontró nada que corregir.</translation>
     </message>
-    <message id="SFoundRightEdited">
-        <source>The service found the edited address right. Use this text to have it written to the entry.</source>
-        <translation>El servicio da por correcta la dirección editada. Use este texto para guardarlo en la entrada.</translation>
+    <message id="SEntryStays">
+        <source>Its entry stays as it is.</source>
+        <extracomment>Follows what the service found.</extracomment>
+        <translation>Su entrada queda como está.</translation>
+    </message>
+    <message id="SUseEdited">
+        <source>Use this text to have it written to the entry.</source>
+        <extracomment>Follows what the service found of an edited address.</extracomment>
+        <translation>Use este texto para que se escriba en la entrada.</translation>
+    </message>
+    <message id="SInForm">
+        <source>It is written in the chosen form:</source>
+        <extracomment>Follows what the service found; the text is below.</extracomment>
+        <translation>Se escribe en la forma elegida:</translation>
     </message>
     <message id="SKeptTyped">
         <source>You left this text as it was typed. Its entry stays as it is.</source>
@@ -352,6 +368,14 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>
             <numerusform>%n era correcta.</numerusform>
             <numerusform>%n eran correctas.</numerusform>
+        </translation>
+    </message>
+    <message id="SUnconfirmed" numerus="yes">
+        <source>%n are well written, but not confirmed.</source>
+        <extracomment>Sentence of the summary: unchanged addresses of which the service knows the form alone.</extracomment>
+        <translation>
+            <numerusform>%n está bien escrita, pero no confirmada.</numerusform>
+            <numerusform>%n están bien escritas, pero no confirmadas.</numerusform>
         </translation>
     </message>
     <message id="SFormed" numerus="yes">
@@ -798,6 +822,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <extracomment>Line of the summary.</extracomment>
         <translation>Correctas como están</translation>
     </message>
+    <message id="SSumUnconfirmed">
+        <source>Well written, not confirmed</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Bien escritas, sin confirmar</translation>
+    </message>
     <message id="SSumTyped">
         <source>Left as typed</source>
         <extracomment>Line of the summary.</extracomment>
@@ -827,6 +856,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>Not asked about</source>
         <extracomment>Line of the summary.</extracomment>
         <translation>Sin comprobar</translation>
+    </message>
+    <message id="SSumConfirmation">
+        <source>How far the answers are confirmed</source>
+        <extracomment>Line of the summary; a line for each degree follows.</extracomment>
+        <translation>Hasta dónde se confirman las respuestas</translation>
     </message>
     <message id="SCandidateIntroduction">
         <source>The service knows this address for several numbers. Which one is meant?</source>

@@ -73,7 +73,9 @@ void BatchFixerTest::tellsWhatBecameOfEach() {
   QCOMPARE(outcomes.size(), 3);
   QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
   QCOMPARE(outcomes[0].text, "Amir Park\n776 E ADAMS RD\nSEILING OK 73663");
+  QCOMPARE(outcomes[0].known, Known::FormOnly);  // the service has no streets
   QCOMPARE(outcomes[1].kind, FixOutcome::Kind::Corrected);
+  QCOMPARE(outcomes[1].known, Known::FormOnly);
   QCOMPARE(outcomes[1].text, "Lena Quinn\n7517 ADAMS BLVD\nNATURAL BRIDGE VA 24578");
   QCOMPARE(outcomes[2].kind, FixOutcome::Kind::Failed);
   QVERIFY2(outcomes[2].text.startsWith("The service says: "), qPrintable(outcomes[2].text));
@@ -94,7 +96,7 @@ void BatchFixerTest::tellsWhatGotNoAnswer() {
   QVERIFY(!outcomes[0].text.isEmpty());
 }
 
-// But what the service had found right before stays so.
+// But where there was nothing to correct it stays so.
 void BatchFixerTest::callsNothingRightThatAPersonKept() {
   BatchFixer fixer(_server);
   press("bnUpdate", true);

@@ -262,7 +262,9 @@ void WindowTest::aBatchIsOneStep() {
   using Kind = FixOutcome::Kind;
   _fixer.outcomes = {{Kind::Corrected, "JANE DOE\n12 MAIN ST\nAUSTIN TX 78701"},
                      {Kind::Failed, "Invalid Address"},
-                     {Kind::Right, {}}};
+                     {Kind::Right, {}, Known::Whole}};
+  _fixer.outcomes[0].known = Known::FormOnly;
+  QVERIFY(_table->isColumnHidden(EntryModel::Confirmed));
   _fixer.outcomes[2].text = QString(_window->document().book().at(2).label).toUpper();
   answer("Fix 3 Addresses");
   trigger("fix");
@@ -270,7 +272,12 @@ void WindowTest::aBatchIsOneStep() {
   QCOMPARE(_window->document().book().at(2).label, _fixer.outcomes[2].text);
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
   QCOMPARE(shown(1, EntryModel::Checked), "Invalid Address");
+  QVERIFY(!_table->isColumnHidden(EntryModel::Confirmed));
+  QVERIFY(shown(0, EntryModel::Checked).startsWith("Checked"));
+  QCOMPARE(shown(0, EntryModel::Confirmed), "Form only, nobody has checked the street");
+  QCOMPARE(shown(1, EntryModel::Confirmed), "");
   QVERIFY(shown(2, EntryModel::Checked).startsWith("Right"));
+  QCOMPARE(shown(2, EntryModel::Confirmed), "Confirmed");
   QCOMPARE(find<QLabel>("messageText")->text(),
            "1 address corrected. 1 already right. 1 of these in the chosen form now. 1 failed.");
   QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);
@@ -283,7 +290,7 @@ void WindowTest::aBatchIsOneStep() {
   trigger("undo");
   QVERIFY(!_window->isWindowModified());
   QCOMPARE(shown(0, EntryModel::Street), "12 Main St");
-  QVERIFY(shown(0, EntryModel::Checked).startsWith("Right"));  // it differs in case alone
+  QVERIFY(shown(0, EntryModel::Checked).startsWith("Checked"));  // it differs in case alone
   trigger("redo");
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
 }
@@ -337,16 +344,18 @@ void WindowTest::skipsWhatWasFoundRight() {
 // An entry that was never checked can be tried again with those that failed.
 void WindowTest::keepsWhatWasRightWhenNobodyAnswers() {
   using Kind = FixOutcome::Kind;
-  _fixer.outcomes = {{Kind::Right, {}}};
+  _fixer.outcomes = {{Kind::Right, {}, Known::FormOnly}};
   _table->selectRow(0);
   trigger("fixSelected");
+  QCOMPARE(find<QLabel>("messageText")->text(),
+           "0 addresses corrected. 0 already right. 1 well written, but not confirmed. 0 failed.");
   _fixer.outcomes = QList<FixOutcome>(3, {Kind::NoAnswer, "No connection"});
   _table->selectAll();
   trigger("fixSelected");
-  QVERIFY(shown(0, EntryModel::Checked).startsWith("Right"));
+  QVERIFY(shown(0, EntryModel::Checked).startsWith("Checked"));
   QCOMPARE(shown(1, EntryModel::Checked), "No connection");
   QCOMPARE(find<QLabel>("messageText")->text(),
-           "0 addresses corrected. 0 already right. 2 failed. 1 found right before got no answer.");
+           "0 addresses corrected. 0 already right. 2 failed. 1 checked before got no answer.");
   trigger("fixFailed");
   QCOMPARE(_fixer.asked.size(), 2);
 }

@@ -7,11 +7,22 @@
 
 namespace postwright::addressbook {
 
+// How far the service knows an address.
+enum class Known {
+  NotTold,      // nobody was asked, or it was in another run of the program
+  Whole,        // confirmed
+  UnitMissing,  // confirmed but for its unit
+  UnitNotKnown,
+  NumberNotKnown,  // the street is known
+  FormOnly,        // nobody has checked the street
+};
+
 // What came of the last time the service was asked about an entry.
 struct Check {
   QDate day;        // invalid: never asked
   QByteArray text;  // fingerprint of the label that it was asked about or that it gave
-  QString failure;  // why the service turned it down; empty when the label is right
+  QString failure;  // why the service turned it down; empty when there is nothing to correct
+  Known known = Known::NotTold;  // of that label; no file keeps it
 };
 
 // One address of a book.
@@ -25,7 +36,7 @@ struct Entry {
 // Where an entry stands with the service.
 enum class CheckState {
   NotChecked,  // never asked, or edited since
-  Right,       // found right or corrected
+  Right,       // corrected, or there was nothing to correct
   DueAgain,    // the same, but half a year ago or longer
   Failed,      // turned down
   Foreign,     // in another country: never asked about

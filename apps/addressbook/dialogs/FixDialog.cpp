@@ -42,8 +42,7 @@ QWidget* FixDialog::buildScope() {
   _selectedButton =
       addScope(layout, "selected", tr("The &selected entries (%1)"), _selected.size());
   _failedButton = addScope(layout, "failed", tr("Those that &failed before (%1)"), _failed.size());
-  _includesRight =
-      new QCheckBox(tr("Ask again about those found &right in the last half year"), group);
+  _includesRight = new QCheckBox(tr("Ask again about those &checked in the last half year"), group);
   _includesRight->setObjectName(QStringLiteral("includesRight"));
   _skipped = new QLabel(group);
   _skipped->setObjectName(QStringLiteral("skipped"));
@@ -84,7 +83,7 @@ void FixDialog::refresh() {
                         : isSkipping                 ? _book.size()
                                                      : _failed.size();
   _skipped->setText(all == count ? tr("None is skipped.")
-                                 : tr("%n are skipped: found right lately, or without an address.",
+                                 : tr("%n are skipped: checked lately, or without an address.",
                                       nullptr, static_cast<int>(all - count)));
   _start->setText(count == 0 ? tr("Nothing to Fix")
                              : tr("&Fix %n Addresses…", nullptr, static_cast<int>(count)));

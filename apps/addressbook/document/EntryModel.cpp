@@ -58,6 +58,12 @@ bool EntryModel::hasKinds() const {
                      [](const Entry& entry) { return !entry.kind.isEmpty(); });
 }
 
+bool EntryModel::hasConfirmations() const {
+  const QList<Entry>& entries = _book.entries();
+  return std::any_of(entries.begin(), entries.end(),
+                     [](const Entry& entry) { return entry.check.known != Known::NotTold; });
+}
+
 void EntryModel::sort(int column, Qt::SortOrder order) {
   _sortColumn = column;
   _sortOrder = order;
@@ -166,14 +172,15 @@ QVariant EntryModel::data(const QModelIndex& index, int role) const {
     return {};
   }
   const int row = bookRow(index);
-  const bool hasTip = index.column() == Checked || !_book.at(row).label.isEmpty();
+  const bool isOfService = index.column() == Checked || index.column() == Confirmed;
+  const bool hasTip = isOfService || !_book.at(row).label.isEmpty();
   switch (role) {
     case Qt::DisplayRole:
       return text(row, index.column());
     case Qt::ToolTipRole:
-      return !hasTip                     ? QVariant()
-             : index.column() == Checked ? text(row, Checked)
-                                         : asToolTip(_book.at(row).label);
+      return !hasTip       ? QVariant()
+             : isOfService ? text(row, index.column())
+                           : asToolTip(_book.at(row).label);
     case kStateRole:
       return static_cast<int>(_book.stateAt(row));
     default:
@@ -185,6 +192,9 @@ QString EntryModel::text(int bookRow, int column) const {
   const Entry& entry = _book.at(bookRow);
   if (column == Checked) {
     return stateText(entry, _book.stateAt(bookRow));
+  }
+  if (column == Confirmed) {
+    return confirmationText(entry, _book.stateAt(bookRow));
   }
   if (column == Kind) {
     return entry.kind;
@@ -206,9 +216,9 @@ QString EntryModel::stateText(const Entry& entry, CheckState state) {
   const QString day = QLocale().toString(entry.check.day, QLocale::ShortFormat);
   switch (state) {
     case CheckState::Right:
-      return tr("Right, %1").arg(day);
+      return (entry.check.known == Known::Whole ? tr("Right, %1") : tr("Checked, %1")).arg(day);
     case CheckState::DueAgain:
-      return tr("Due again, right %1").arg(day);
+      return tr("Due again, checked %1").arg(day);
     case CheckState::Failed:
       return entry.check.failure;
     case CheckState::Foreign:
@@ -217,6 +227,25 @@ QString EntryModel::stateText(const Entry& entry, CheckState state) {
       break;
   }
   return hasAddress(entry) ? tr("Not checked") : tr("No address");
+}
+
+QString EntryModel::confirmationText(const Entry& entry, CheckState state) {
+  const bool isOfLabel = state == CheckState::Right || state == CheckState::DueAgain;
+  switch (isOfLabel ? entry.check.known : Known::NotTold) {
+    case Known::Whole:
+      return tr("Confirmed");
+    case Known::UnitMissing:
+      return tr("Confirmed but for its unit, which is missing");
+    case Known::UnitNotKnown:
+      return tr("Confirmed but for its unit, which is not known");
+    case Known::NumberNotKnown:
+      return tr("The street is known, the number is not");
+    case Known::FormOnly:
+      return tr("Form only, nobody has checked the street");
+    case Known::NotTold:
+      break;
+  }
+  return {};
 }
 
 QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -234,6 +263,8 @@ QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int ro
       return tr("ZIP code");
     case Kind:
       return tr("Kind");
+    case Confirmed:
+      return tr("Confirmation");
     default:
       return tr("Checked");
   }

@@ -18,7 +18,7 @@ class EntryModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  enum Column { Name, Street, Place, Zip, Kind, Checked, kColumns };
+  enum Column { Name, Street, Place, Zip, Kind, Checked, Confirmed, kColumns };
 
   // Which entries are shown, beside what is searched for.
   enum class Filter { All, ToCheck, Failed };
@@ -34,6 +34,8 @@ class EntryModel : public QAbstractTableModel {
   void search(const QString& text, Filter filter);
   // True where the file tells the addresses of somebody apart.
   bool hasKinds() const;
+  // True where it is known how far the service knows an entry.
+  bool hasConfirmations() const;
   bool isSearching() const { return !_words.isEmpty() || _filter != Filter::All; }
 
   // Rows of the book, and places in the table.
@@ -49,8 +51,9 @@ class EntryModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   void sort(int column, Qt::SortOrder order) override;
 
-  // What the last column says.
+  // What the columns of the service say.
   static QString stateText(const Entry& entry, CheckState state);
+  static QString confirmationText(const Entry& entry, CheckState state);
 
  private:
   bool passes(int bookRow) const;

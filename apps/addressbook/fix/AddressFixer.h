@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "apps/addressbook/book/Entry.h"
+
 class QWidget;
 
 namespace postwright::addressbook {
@@ -26,13 +28,14 @@ struct FixSettings {
 struct FixOutcome {
   enum class Kind {
     Open,       // not asked, or the user took it out of the list
-    Right,      // the service found it right; `text`, where there is any, is its chosen form
+    Right,      // there was nothing to correct; `text`, where there is any, is its chosen form
     Corrected,  // `text` is the label now
     Failed,     // the service turned it down: `text` says why
     NoAnswer,   // the service or the network failed: `text` says how
   };
   Kind kind = Kind::Open;
   QString text;
+  Known known = Known::NotTold;
 };
 
 // Asks the service about labels and lets the user review the answers: the one place where the

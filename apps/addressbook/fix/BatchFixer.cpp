@@ -28,6 +28,23 @@ class LabelEntry final : public AddressEntry {
   qsizetype _place;
 };
 
+Known knownOf(const Confirmation& confirmation) {
+  switch (confirmation.Kind()) {
+    case ConfirmationFull:
+      return Known::Whole;
+    case ConfirmationUnitMissing:
+      return Known::UnitMissing;
+    case ConfirmationUnitNotKnown:
+      return Known::UnitNotKnown;
+    case ConfirmationNumberNotKnown:
+      return Known::NumberNotKnown;
+    case ConfirmationFormOnly:
+      return Known::FormOnly;
+    default:
+      return Known::NotTold;
+  }
+}
+
 FixOutcome outcomeOf(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
   if (values.pending) {
@@ -35,7 +52,8 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
   }
   switch (values.status) {
     case AddressStatusFixed:
-      return {FixOutcome::Kind::Corrected, values.fixed};
+      return {FixOutcome::Kind::Corrected, values.fixed,
+              values.own ? Known::NotTold : knownOf(values.confirmation)};
     case AddressStatusMultiple:
       return {FixOutcome::Kind::Failed,
               values.remark.isEmpty() ? BatchFixer::tr("Several addresses match") : values.remark};
@@ -45,12 +63,13 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
     case AddressStatusUnchanged:
       break;
   }
-  // Where the user tried another text and found that one right, nothing is known of the label; nor
-  // where the user kept it, or nobody was asked.
-  if (values.address != record.typed() || !values.isFoundRight()) {
+  // Where the user tried another text and that one was well written, nothing is known of the label;
+  // nor where the user kept it, or nobody was asked.
+  if (values.address != record.typed() || !values.isWellWritten()) {
     return {};
   }
-  return {FixOutcome::Kind::Right, record.isFormed() ? values.fixed : QString()};
+  return {FixOutcome::Kind::Right, record.isFormed() ? values.fixed : QString(),
+          knownOf(values.confirmation)};
 }
 
 }  // namespace

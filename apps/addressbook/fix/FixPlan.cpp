@@ -68,8 +68,11 @@ BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixO
     }
     const bool isFailed = outcome.kind == FixOutcome::Kind::Failed || isUnanswered;
     changes.failed += isFailed ? 1 : 0;
-    changes.right += isRight ? 1 : 0;
-    entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString()};
+    if (isRight) {
+      ++(outcome.known == Known::Whole ? changes.right : changes.unconfirmed);
+    }
+    entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString(),
+                   outcome.known};
     changes.checked.append(placed);
   }
   return changes;

@@ -35,13 +35,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n right</source>
-        <translation>
-            <numerusform>%n right</numerusform>
-            <numerusform>%n right</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>%n to check</source>
         <translation>
             <numerusform>%n to check</numerusform>
@@ -53,6 +46,13 @@
         <translation>
             <numerusform>%n failed</numerusform>
             <numerusform>%n failed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n checked</source>
+        <translation>
+            <numerusform>%n checked</numerusform>
+            <numerusform>%n checked</numerusform>
         </translation>
     </message>
 </context>
@@ -124,27 +124,34 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n found right before got no answer.</source>
+        <source>%n well written, but not confirmed.</source>
         <translation>
-            <numerusform>%n found right before got no answer.</numerusform>
-            <numerusform>%n found right before got no answer.</numerusform>
+            <numerusform>%n well written, but not confirmed.</numerusform>
+            <numerusform>%n well written, but not confirmed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n checked before got no answer.</source>
+        <translation>
+            <numerusform>%n checked before got no answer.</numerusform>
+            <numerusform>%n checked before got no answer.</numerusform>
         </translation>
     </message>
 </context>
 <context>
     <name>postwright::addressbook::FixDialog</name>
     <message numerus="yes">
-        <source>%n are skipped: found right lately, or without an address.</source>
-        <translation>
-            <numerusform>%n is skipped: found right lately, or without an address.</numerusform>
-            <numerusform>%n are skipped: found right lately, or without an address.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>&amp;Fix %n Addresses…</source>
         <translation>
             <numerusform>&amp;Fix %n Address…</numerusform>
             <numerusform>&amp;Fix %n Addresses…</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n are skipped: checked lately, or without an address.</source>
+        <translation>
+            <numerusform>%n is skipped: checked lately, or without an address.</numerusform>
+            <numerusform>%n are skipped: checked lately, or without an address.</numerusform>
         </translation>
     </message>
 </context>

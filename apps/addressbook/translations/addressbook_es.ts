@@ -91,13 +91,6 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n right</source>
-        <translation>
-            <numerusform>%n correcta</numerusform>
-            <numerusform>%n correctas</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>%n to check</source>
         <translation>
             <numerusform>%n por comprobar</numerusform>
@@ -109,6 +102,13 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <translation>
             <numerusform>%n con error</numerusform>
             <numerusform>%n con error</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n checked</source>
+        <translation>
+            <numerusform>%n comprobada</numerusform>
+            <numerusform>%n comprobadas</numerusform>
         </translation>
     </message>
 </context>
@@ -345,10 +345,6 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <translation>Correcta, %1</translation>
     </message>
     <message>
-        <source>Due again, right %1</source>
-        <translation>Por repetir, correcta %1</translation>
-    </message>
-    <message>
         <source>Not checked</source>
         <translation>Sin comprobar</translation>
     </message>
@@ -383,6 +379,38 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     <message>
         <source>Kind</source>
         <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Checked, %1</source>
+        <translation>Comprobada, %1</translation>
+    </message>
+    <message>
+        <source>Due again, checked %1</source>
+        <translation>Por repetir, comprobada %1</translation>
+    </message>
+    <message>
+        <source>Confirmed</source>
+        <translation>Confirmada</translation>
+    </message>
+    <message>
+        <source>Confirmed but for its unit, which is missing</source>
+        <translation>Confirmada salvo la unidad, que falta</translation>
+    </message>
+    <message>
+        <source>Confirmed but for its unit, which is not known</source>
+        <translation>Confirmada salvo la unidad, que no se conoce</translation>
+    </message>
+    <message>
+        <source>The street is known, the number is not</source>
+        <translation>Se conoce la calle, pero no el número</translation>
+    </message>
+    <message>
+        <source>Form only, nobody has checked the street</source>
+        <translation>Solo la forma: nadie ha comprobado la calle</translation>
+    </message>
+    <message>
+        <source>Confirmation</source>
+        <translation>Confirmación</translation>
     </message>
 </context>
 <context>
@@ -580,10 +608,17 @@ Ciudad, estado y código ZIP</translation>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n found right before got no answer.</source>
+        <source>%n well written, but not confirmed.</source>
         <translation>
-            <numerusform>%n que era correcta quedó sin respuesta.</numerusform>
-            <numerusform>%n que eran correctas quedaron sin respuesta.</numerusform>
+            <numerusform>%n bien escrita, pero no confirmada.</numerusform>
+            <numerusform>%n bien escritas, pero no confirmadas.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n checked before got no answer.</source>
+        <translation>
+            <numerusform>%n comprobada antes no obtuvo respuesta.</numerusform>
+            <numerusform>%n comprobadas antes no obtuvieron respuesta.</numerusform>
         </translation>
     </message>
 </context>
@@ -614,23 +649,12 @@ Ciudad, estado y código ZIP</translation>
         <translation>Las que dieron &amp;error antes (%1)</translation>
     </message>
     <message>
-        <source>Ask again about those found &amp;right in the last half year</source>
-        <translation>&amp;Volver a comprobar las correctas en el último medio año</translation>
-    </message>
-    <message>
         <source>Corrected labels</source>
         <translation>Etiquetas corregidas</translation>
     </message>
     <message>
         <source>None is skipped.</source>
         <translation>No se omite ninguna.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n are skipped: found right lately, or without an address.</source>
-        <translation>
-            <numerusform>Se omite %n: correcta hace poco o sin dirección.</numerusform>
-            <numerusform>Se omiten %n: correctas hace poco o sin dirección.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Nothing to Fix</source>
@@ -641,6 +665,17 @@ Ciudad, estado y código ZIP</translation>
         <translation>
             <numerusform>&amp;Corregir %n dirección…</numerusform>
             <numerusform>&amp;Corregir %n direcciones…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ask again about those &amp;checked in the last half year</source>
+        <translation>Preguntar otra vez por las &amp;comprobadas en el último medio año</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n are skipped: checked lately, or without an address.</source>
+        <translation>
+            <numerusform>Se omite %n: comprobada hace poco o sin dirección.</numerusform>
+            <numerusform>Se omiten %n: comprobadas hace poco o sin dirección.</numerusform>
         </translation>
     </message>
 </context>

@@ -25,7 +25,7 @@ void BookCounts::show(const Book& book, int shown, int selected) {
   _counts->setText(counts.join(QStringLiteral(", ")));
   _states->setVisible(book.size() > 0);
   const int toCheck = book.count(CheckState::NotChecked) + book.count(CheckState::DueAgain);
-  _states->setText(QStringList({tr("%n right", nullptr, book.count(CheckState::Right)),
+  _states->setText(QStringList({tr("%n checked", nullptr, book.count(CheckState::Right)),
                                 tr("%n to check", nullptr, toCheck),
                                 tr("%n failed", nullptr, book.count(CheckState::Failed))})
                        .join(QStringLiteral("   ")));

@@ -53,22 +53,28 @@ EntryTable::EntryTable(EntryModel& model, QWidget* parent) : QTableView(parent),
   setSortingEnabled(true);
   if (!header->restoreState(QSettings().value(kHeaderKey).toByteArray())) {
     const int letter = fontMetrics().averageCharWidth();
-    const int widths[EntryModel::kColumns] = {24 * letter, 34 * letter, 22 * letter,
-                                              12 * letter, 12 * letter, 24 * letter};
+    const int widths[EntryModel::kColumns] = {24 * letter, 34 * letter, 22 * letter, 12 * letter,
+                                              12 * letter, 24 * letter, 24 * letter};
     for (int column = 0; column < EntryModel::kColumns; ++column) {
       header->resizeSection(column, widths[column]);
     }
   }
   header->setSortIndicator(EntryModel::kBookOrder, Qt::AscendingOrder);
   header->setStretchLastSection(true);
-  const auto showKinds = [this] { setColumnHidden(EntryModel::Kind, !_model.hasKinds()); };
-  connect(&model, &QAbstractItemModel::modelReset, this, showKinds);
-  showKinds();
+  connect(&model, &QAbstractItemModel::modelReset, this, &EntryTable::showColumns);
+  connect(&model, &QAbstractItemModel::dataChanged, this, &EntryTable::showColumns);
+  showColumns();
   connect(this, &QTableView::doubleClicked, this, &EntryTable::editRequested);
 }
 
 EntryTable::~EntryTable() {
   QSettings().setValue(kHeaderKey, horizontalHeader()->saveState());
+}
+
+// Those in which there is something.
+void EntryTable::showColumns() {
+  setColumnHidden(EntryModel::Kind, !_model.hasKinds());
+  setColumnHidden(EntryModel::Confirmed, !_model.hasConfirmations());
 }
 
 QList<int> EntryTable::selectedBookRows() const {

@@ -36,6 +36,8 @@ class EntryTable : public QTableView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
+  void showColumns();
+
   EntryModel& _model;
 };
 

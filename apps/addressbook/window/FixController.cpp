@@ -43,13 +43,16 @@ void FixController::run(const QList<int>& rows) {
   _document.correct(changes.labels);
   _document.keepChecks(changes.checked);
   QStringList sentences{tr("%n addresses corrected.", nullptr, changes.corrected),
-                        tr("%n already right.", nullptr, changes.right),
-                        tr("%n failed.", nullptr, changes.failed)};
-  if (changes.formed > 0) {
-    sentences.insert(2, tr("%n of these in the chosen form now.", nullptr, changes.formed));
+                        tr("%n already right.", nullptr, changes.right)};
+  if (changes.unconfirmed > 0) {
+    sentences += tr("%n well written, but not confirmed.", nullptr, changes.unconfirmed);
   }
+  if (changes.formed > 0) {
+    sentences += tr("%n of these in the chosen form now.", nullptr, changes.formed);
+  }
+  sentences += tr("%n failed.", nullptr, changes.failed);
   if (changes.leftRight > 0) {
-    sentences += tr("%n found right before got no answer.", nullptr, changes.leftRight);
+    sentences += tr("%n checked before got no answer.", nullptr, changes.leftRight);
   }
   emit told(sentences.join(QLatin1Char(' ')), changes.failed > 0);
 }

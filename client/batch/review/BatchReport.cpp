@@ -52,12 +52,14 @@ QString csvCell(QString text) {
 
 QStringList cellsOf(const BatchResultRecord& record) {
   const Values values = record.values();
-  return {originalText(record), fixedText(values), standing(values), reasonOf(values)};
+  return {originalText(record), fixedText(values), standing(values), confirmationText(values),
+          reasonOf(values)};
 }
 
 QStringList columnNames() {
   return {localizedString("SColumnAddress"), localizedString("SColumnFixed"),
-          localizedString("SColumnStatus"), localizedString("SColumnReason")};
+          localizedString("SColumnStatus"), localizedString("SColumnConfirmation"),
+          localizedString("SColumnReason")};
 }
 
 QString htmlRow(const QStringList& cells, const QString& tag) {
@@ -67,6 +69,21 @@ QString htmlRow(const QStringList& cells, const QString& tag) {
            QStringLiteral("</") + tag + u'>';
   }
   return row + QStringLiteral("</tr>\n");
+}
+
+// How far the service knows what it corrected or would not write otherwise.
+QList<SummaryLine> confirmationLines(const BatchResultRecordList& records) {
+  QMap<qint32, SummaryLine> kinds;
+  qsizetype answers = 0;
+  for (const BatchResultRecordPointer& record : records) {
+    const Values values = record->values();
+    if (!confirmationText(values).isEmpty()) {
+      SummaryLine& line = kinds[values.confirmation.Kind()];
+      line = {wordsOf(values.confirmation), line.count + 1, true};
+      ++answers;
+    }
+  }
+  return QList<SummaryLine>{{localizedString("SSumConfirmation"), answers}} + kinds.values();
 }
 
 }  // namespace
@@ -82,7 +99,8 @@ QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
       ++reasons[values.failure()];
     }
   }
-  QList<SummaryLine> lines{{localizedString("SSumRight"), counts.unchanged - counts.kept},
+  QList<SummaryLine> lines{{localizedString("SSumRight"), counts.right()},
+                           {localizedString("SSumUnconfirmed"), counts.unconfirmed},
                            {localizedString("SSumTyped"), counts.kept},
                            {localizedString("SSumFixed"), counts.fixed - own}};
   const QMap<QString, qsizetype> rules = countRules(records);
@@ -96,6 +114,7 @@ QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
     lines.append({reason.key(), reason.value(), true});
   }
   lines.append({localizedString("SSumPending"), counts.pending});
+  lines += confirmationLines(records);
   lines.removeIf([](const SummaryLine& line) { return line.count == 0; });
   return lines;
 }

@@ -17,14 +17,16 @@ struct SummaryLine {
   bool part = false;  // of the line before that is none
 };
 
-// How a list stands: right, left as typed, corrected (by rule), to be chosen, refused (by reason)
-// and not asked about; those that there are none of are left out.
+// How a list stands: right, well written, left as typed, corrected (by rule), to be chosen, refused
+// (by reason) and not asked about; and how far those with an answer are confirmed. What there is
+// none of is left out.
 QList<SummaryLine> summaryLines(const BatchResultRecordList& records);
 
 // The texts of `records`, corrected where there is a corrected text, set apart by blank lines.
 QString labelsOf(const BatchResultRecordList& records);
 
-// A table of `records` (RFC 4180, CRLF, with a head): typed text, corrected text, status, reason. A
+// A table of `records` (RFC 4180, CRLF, with a head): typed text, corrected text, status,
+// confirmation, reason. A
 // text that a spreadsheet would take for a formula has an apostrophe before it.
 QString csvReport(const BatchResultRecordList& records);
 

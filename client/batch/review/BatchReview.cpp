@@ -14,8 +14,8 @@ namespace {
 // correction as a correction, and a text that was kept as unchanged.
 enum Kind : quint8 {
   Pending,
-  Unchanged,
-  Formed,
+  Right,
+  Unconfirmed,
   Kept,
   Fixed,
   Blank,
@@ -25,13 +25,13 @@ enum Kind : quint8 {
   NoNetwork
 };
 
-Kind kindOf(const BatchResultRecord& record, const BatchResultRecord::Values& values) {
+Kind kindOf(const BatchResultRecord::Values& values) {
   if (values.pending) {
     return Pending;
   }
   switch (values.status) {
     case AddressStatusUnchanged:
-      return !values.isFoundRight() ? Kept : record.isFormed() ? Formed : Unchanged;
+      return values.isFoundRight() ? Right : values.isWellWritten() ? Unconfirmed : Kept;
     case AddressStatusFixed:
       return values.fixed.isEmpty() ? Blank : Fixed;
     case AddressStatusMultiple:
@@ -45,10 +45,11 @@ Kind kindOf(const BatchResultRecord& record, const BatchResultRecord::Values& va
   return values.isUnanswered() ? NotAsked : Error;
 }
 
-void count(Kind kind, qsizetype by, ReviewCounts& counts) {
+void count(Kind kind, bool formed, qsizetype by, ReviewCounts& counts) {
   counts.pending += kind == Pending ? by : 0;
-  counts.unchanged += kind == Unchanged || kind == Formed || kind == Kept ? by : 0;
-  counts.formed += kind == Formed ? by : 0;
+  counts.unchanged += kind >= Right && kind <= Kept ? by : 0;
+  counts.unconfirmed += kind == Unconfirmed ? by : 0;
+  counts.formed += formed ? by : 0;
   counts.kept += kind == Kept ? by : 0;
   counts.fixed += kind == Fixed || kind == Blank ? by : 0;
   counts.blank += kind == Blank ? by : 0;
@@ -154,18 +155,19 @@ qsizetype ReviewCounts::ofStatus(AddressStatus status) const {
 ReviewCounts countRecords(const BatchResultRecordList& records) {
   ReviewCounts counts;
   for (const BatchResultRecordPointer& record : records) {
-    count(kindOf(*record, record->values()), 1, counts);
+    count(kindOf(record->values()), record->isFormed(), 1, counts);
   }
   return counts;
 }
 
 void ReviewTally::update(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
-  const Kind kind = kindOf(record, values);
+  const Kind kind = kindOf(values);
+  const bool formed = record.isFormed();
   remove(record);
   const QString reason = kind >= Error ? values.failure() : QString();
-  _counted.insert(&record, {kind, reason});
-  count(kind, 1, _counts);
+  _counted.insert(&record, {kind, formed, reason});
+  count(kind, formed, 1, _counts);
   if (kind >= Error) {
     ++_reasons[reason];
   }
@@ -176,9 +178,9 @@ void ReviewTally::remove(const BatchResultRecord& record) {
   if (known == _counted.constEnd()) {
     return;
   }
-  const auto [kind, reason] = *known;
+  const auto [kind, formed, reason] = *known;
   _counted.erase(known);
-  count(static_cast<Kind>(kind), -1, _counts);
+  count(static_cast<Kind>(kind), formed, -1, _counts);
   if (kind >= Error && --_reasons[reason] == 0) {
     _reasons.remove(reason);
   }

@@ -46,9 +46,13 @@ struct ReviewCounts {
   qsizetype noNetwork = 0;  // of these: there was no network
   qsizetype blank = 0;      // of the fixed: the corrected text is empty
   qsizetype kept = 0;       // of the unchanged: left as typed without the service's word
-  qsizetype formed = 0;     // of the unchanged: given in another form than they were typed in
+  // Of the unchanged: well written as far as the service can tell, and not confirmed.
+  qsizetype unconfirmed = 0;
+  qsizetype formed = 0;  // of the unchanged: given in another form than they were typed in
 
   qsizetype total() const { return pending + unchanged + fixed + multiple + errors; }
+  // Of the unchanged: confirmed as they were typed.
+  qsizetype right() const { return unchanged - kept - unconfirmed; }
   // Entries that are written back.
   qsizetype toApply() const { return fixed + formed; }
   // Of the segment of `status`.
@@ -73,6 +77,7 @@ class ReviewTally {
  private:
   struct Counted {
     quint8 kind;
+    bool formed;
     QString reason;
   };
   QHash<const BatchResultRecord*, Counted> _counted;

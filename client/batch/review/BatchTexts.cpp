@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "client/LocalizedString.h"
+#include "client/ReviewWords.h"
 #include "client/suite/StringHelpers.h"
 
 namespace postwright {
@@ -55,6 +56,20 @@ QString whyText(const BatchResultRecord::Values& values) {
     return values.own ? localizedString("SKeptTyped") : values.remark;
   }
   return !values.pending && values.own ? localizedString("SFixedOwn") : hintText(values);
+}
+
+QString confirmationText(const BatchResultRecord::Values& values) {
+  const bool isAnswer = values.isWellWritten() ||
+                        (!values.pending && !values.own && values.status == AddressStatusFixed);
+  return isAnswer ? sentenceOf(values.confirmation) : QString();
+}
+
+QString foundText(const BatchResultRecord::Values& values) {
+  if (values.isFoundRight()) {
+    return localizedString("SFoundRight");
+  }
+  const QString known = sentenceOf(values.confirmation);
+  return localizedString("SNothingToCorrect") + (known.isEmpty() ? known : u' ' + known);
 }
 
 QString unconfirmedText(const Confirmation& confirmation) {
@@ -116,7 +131,7 @@ QStringList firstChanges(const QStringList& changes, qsizetype most) {
 
 QString toolTipText(const BatchResultRecord::Values& values, const QStringList& changes) {
   constexpr qsizetype kMostChanges = 12;
-  QStringList lines{statusText(values), whyText(values)};
+  QStringList lines{statusText(values), whyText(values), confirmationText(values)};
   for (const QString& change : firstChanges(changes, kMostChanges)) {
     if (!lines.contains(change)) {  // the reason of a doubt is one of its changes
       lines.append(change);
@@ -155,7 +170,7 @@ QString summaryText(const ReviewCounts& counts) {
   if (counts.total() == 0) {
     return {};
   }
-  const qsizetype right = counts.unchanged - counts.kept;
+  const qsizetype right = counts.right();
   if (right == counts.total() && counts.formed == 0) {
     return localizedString("SAllRight", counts.total());
   }
@@ -176,6 +191,9 @@ QString summaryText(const ReviewCounts& counts) {
                                          : localizedString("SNoneCorrected")};
   if (right > 0) {
     sentences.append(localizedString("SRight", right));
+  }
+  if (counts.unconfirmed > 0) {
+    sentences.append(localizedString("SUnconfirmed", counts.unconfirmed));
   }
   if (counts.formed > 0) {
     sentences.append(localizedString("SFormed", counts.formed));

@@ -21,6 +21,14 @@ QString hintText(const BatchResultRecord::Values& values);
 // Why a record stands as it does, where its status and its texts do not tell; else empty.
 QString whyText(const BatchResultRecord::Values& values);
 
+// How far the service knows an address that it would not write otherwise or corrected; empty for
+// any other.
+QString confirmationText(const BatchResultRecord::Values& values);
+
+// What the service said of an address that it would not write otherwise: that it is right where it
+// was confirmed, else that there was nothing to correct, and how far it is known.
+QString foundText(const BatchResultRecord::Values& values);
+
 // What an address lacks to be confirmed, in a sentence; empty for one that is, and where nobody was
 // asked.
 QString unconfirmedText(const Confirmation& confirmation);

@@ -558,9 +558,9 @@ void BatchOptionsTest::savesAReport() {
   QFile page(folder.filePath(u"r.html"_qs));
   QVERIFY(csv.open(QIODevice::ReadOnly) && page.open(QIODevice::ReadOnly));
   QCOMPARE(csv.readAll(),
-           "\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Reason\"\r\n"
-           "\"'=a\n\"\"1\"\"\",\"'=A\n\"\"1\"\" FIXED\",\"Fixed\",\"\"\r\n"
-           "\"b\",\"\",\"Error\",\"Invalid Address\"\r\n");
+           "\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Confirmation\",\"Reason\"\r\n"
+           "\"'=a\n\"\"1\"\"\",\"'=A\n\"\"1\"\" FIXED\",\"Fixed\",\"\",\"\"\r\n"
+           "\"b\",\"\",\"Error\",\"\",\"Invalid Address\"\r\n");
   QVERIFY(page.readAll().contains("<td>=a<br>&quot;1&quot;</td>"));
   QVERIFY(!BatchSummary::write(open.window.records(), folder.filePath(u"no/r.csv"_qs), error));
   QVERIFY(!error.isEmpty());

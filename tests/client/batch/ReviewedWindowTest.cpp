@@ -69,6 +69,7 @@ class ReviewedWindowTest : public QObject {
   void reviewsWhereTheHostSaysSo();
   void givesTheRestInTheSameForm();
   void saysWhyOfEachChange();
+  void callsNothingRightThatWasNotConfirmed();
   void everyWordIsTranslated();
 };
 
@@ -154,6 +155,43 @@ void ReviewedWindowTest::saysWhyOfEachChange() {
     return line.text == u"suffix in standard form";
   });
   QVERIFY(rule != lines.end() && rule->count == 1 && rule->part);
+}
+
+// Confirmed, its form alone known, a number that the street does not have: each says which it is.
+void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
+  const QString confirmed = u"12 MAIN ST\nAUSTIN TX 78701"_qs;
+  const QString formOnly = u"1-12 ELM ST\nAUSTIN TX 78701"_qs;
+  const QString noNumber = u"14 MAIN ST\nAUSTIN TX 78701"_qs;
+  ReviewedWindow open({confirmed, formOnly, noNumber, kStreet}, BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  const auto said = [&](int row, const QString& label) {
+    person.clickRow(row);
+    return person.label(label);
+  };
+  QCOMPARE(said(0, u"txtUnchanged"_qs),
+           u"The service found this address right. Its entry stays as it is."_qs);
+  QCOMPARE(said(1, u"txtUnchanged"_qs),
+           u"The service found nothing to correct. Form only, nobody has checked the street. Its "
+           "entry stays as it is."_qs);
+  QCOMPARE(said(2, u"txtDoubt"_qs), u"The street is known, the number is not."_qs);
+  QCOMPARE(said(3, u"txtFixedNote"_qs), u"Confirmed."_qs);
+  QCOMPARE(person.label(u"txtProgress"_qs),
+           u"1 address was corrected. 1 was right. 1 is well written, but not confirmed. Left as "
+           "they are: 1 open choice."_qs);
+  QStringList summary;
+  for (const SummaryLine& line : summaryLines(open.window.records())) {
+    summary.append(u"%1 %2"_qs.arg(line.text).arg(line.count));
+  }
+  for (const QString& line :
+       {u"Right as typed 1"_qs, u"Well written, not confirmed 1"_qs, u"confirmed 2"_qs,
+        u"form only, nobody has checked the street 1"_qs}) {
+    QVERIFY2(summary.contains(line), qPrintable(summary.join(u'|')));
+  }
+  const QString report = csvReport(open.window.records());
+  QVERIFY(
+      report.startsWith(u"\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Confirmation\""));
+  QCOMPARE(report.count(u"\"Confirmed.\""), 2);
 }
 
 // In Spanish nothing is said in the core's English.

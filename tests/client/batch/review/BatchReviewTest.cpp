@@ -1,5 +1,7 @@
 #include "client/batch/review/BatchReview.h"
 
+#include <postwright/VerifyReport.h>
+
 #include "client/batch/review/BatchTexts.h"
 #include "tests/client/ClientTestMain.h"
 
@@ -7,12 +9,19 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
-// A record as one letter says: Pending, Unchanged, Fixed, Blank, Multiple, Error, Down, Network.
+// A record as one letter says: Pending, Confirmed, Unchanged, Fixed, Blank, Multiple, Error, Down,
+// Network.
 BatchResultRecordPointer Record(QChar kind) {
   auto record = std::make_shared<BatchResultRecord>(u"12 main st"_qs);
   const auto candidate =
       std::make_shared<PostwrightSelector>(u"1"_qs, u"1"_qs, QString(), QString());
+  const VerifyReport confirmed(
+      "<R><Address><City>A</City><DPVConfirmation>Y</DPVConfirmation></Address></R>");
   const QHash<QChar, AddressOutcome> outcomes{
+      {u'C',
+       {.answer = AddressFix{u"12 MAIN ST"_qs, {}},
+        .message = {},
+        .confirmation = Confirmation(confirmed)}},
       {u'U', {AddressFix{u"12 MAIN ST"_qs, {}}, {}}},
       {u'F', {AddressFix{u"12 MAIN AVE"_qs, {}}, {}}},
       {u'B', {AddressFix{}, {}}},
@@ -48,14 +57,14 @@ class BatchReviewTest : public QObject {
 };
 
 void BatchReviewTest::tallyIsTheCount() {
-  const BatchResultRecordList records = Records(u"PUFBMEDNPPP"_qs);
+  const BatchResultRecordList records = Records(u"PUFBMEDNPPPC"_qs);
   ReviewTally tally;
   for (const BatchResultRecordPointer& record : records) {
     tally.update(*record);
     tally.update(*record);  // counted once
   }
   const ReviewCounts counts = countRecords(records);
-  QCOMPARE(counts, (ReviewCounts{4, 1, 2, 1, 3, 2, 1, 1}));
+  QCOMPARE(counts, (ReviewCounts{4, 2, 2, 1, 3, 2, 1, 1, 0, 1}));
   QVERIFY(tally.counts() == counts);
 
   BatchResultRecordList left = records;
@@ -74,11 +83,15 @@ void BatchReviewTest::sentencesSayWhatIsSo_data() {
   QTest::addColumn<QString>("summary");
   QTest::addColumn<QString>("banner");
   QTest::newRow("empty") << u""_qs << u"Do&ne"_qs << u""_qs << u""_qs;
-  QTest::newRow("all right") << u"UUU"_qs << u"Do&ne"_qs
+  QTest::newRow("all right") << u"CCC"_qs << u"Do&ne"_qs
                              << u"All 3 addresses are right; there is nothing to apply."_qs
                              << u""_qs;
-  QTest::newRow("mixed") << u"FFUMMEEE"_qs << u"&Apply 2 Corrections"_qs
-                         << u"2 addresses were corrected. 1 was right. "
+  QTest::newRow("none confirmed")
+      << u"UUU"_qs << u"Do&ne"_qs
+      << u"No address was corrected. 3 are well written, but not confirmed."_qs << u""_qs;
+  QTest::newRow("mixed") << u"FFCUMMEEE"_qs << u"&Apply 2 Corrections"_qs
+                         << u"2 addresses were corrected. 1 was right. 1 is well written, but not "
+                            "confirmed. "
                             "Left as they are: 3 errors and 2 open choices."_qs
                          << u""_qs;
   QTest::newRow("blank") << u"B"_qs << u"&Apply 1 Correction"_qs
