@@ -149,6 +149,7 @@ void BatchView::layDetailOut() {
 void BatchView::setOptions(const BatchOptions& options) {
   _detail->setOptions(options);
   _findsProblems = options.findsProblems;
+  _layout->bnDoubtful->hide();
   _layout->cbReason->hide();
   _layout->bnStop->hide();
   _layout->bnGoOn->hide();
@@ -169,6 +170,7 @@ RecordQuery BatchView::query() const {
   for (const AddressStatus status : kStatuses) {
     query.statuses[status] = _layout->scFilter->isSelected(status);
   }
+  query.doubtful = _layout->bnDoubtful->isChecked();
   query.reason = _layout->cbReason->currentData().toString();
   query.search = _layout->leSearch->text();
   query.order = _order;
@@ -204,6 +206,7 @@ void BatchView::selectAllSegments() {
   const QSignalBlocker silence(_layout->leSearch);
   _layout->leSearch->clear();
   _layout->cbReason->setCurrentIndex(0);
+  _layout->bnDoubtful->setChecked(false);
 }
 
 void BatchView::showRecords(const BatchResultRecordList& records) {
@@ -305,6 +308,9 @@ void BatchView::showNumbers(const ReviewCounts& counts, const std::optional<QStr
   for (const AddressStatus status : kStatuses) {
     _layout->scFilter->setText(status, segmentText(status, counts.ofStatus(status)));
   }
+  _layout->bnDoubtful->setText(doubtfulText(counts.doubtful));
+  _layout->bnDoubtful->setVisible(_findsProblems &&
+                                  (counts.doubtful > 0 || _layout->bnDoubtful->isChecked()));
   _layout->bnUpdate->setText(applyText(counts));
   _layout->txtProgress->setText(progress.value_or(summaryText(counts)));
   _layout->txtBanner->setText(banner);

@@ -65,7 +65,8 @@ void BatchWindow::showDetail() {
   if (selected.isEmpty()) {
     view.detail().showNothing();
   } else if (selected.size() > 1) {
-    view.detail().showSeveral(severalText(countRecords(selected)));
+    const ReviewCounts counts = countRecords(selected);
+    view.detail().showSeveral(severalText(counts), counts.doubtful);
   } else {
     const BatchResultRecordPointer& record = selected.first();
     const AddressStatus status = record->values().status;

@@ -86,8 +86,10 @@ void DetailView::showNothing() {
   showPage(_layout.vwNone);
 }
 
-void DetailView::showSeveral(const QString& text) {
+void DetailView::showSeveral(const QString& text, qsizetype doubtful) {
   _record = nullptr;
+  _layout.bnAcceptDoubtful->setText(localizedString("SAcceptDoubtful", doubtful));
+  _layout.bnAcceptDoubtful->setVisible(doubtful > 0);
   _layout.txtSeveral->setText(text);
   showPage(_layout.vwSeveral);
 }

@@ -33,7 +33,8 @@ class DetailView final : public QObject {
   void showNothing();
   // `twins` more records of the list have the same text and wait for the same.
   void showRecord(const BatchResultRecordPointer& record, qsizetype twins);
-  void showSeveral(const QString& text);
+  // `doubtful` of those that are selected can be accepted.
+  void showSeveral(const QString& text, qsizetype doubtful);
 
   // Lets a record be edited that has no field of its own for that: the page with both texts.
   void showEditor();

@@ -73,6 +73,7 @@ void PostwrightController::windowDidLoad() {
   connect(layout.scFilter, &SegmentedControl::clicked, this, &PostwrightController::scFilterClick);
   connect(layout.leSearch, &QLineEdit::textChanged, this, &PostwrightController::filterWithStatus);
   connect(layout.cbReason, &QComboBox::activated, this, &PostwrightController::filterWithStatus);
+  connect(layout.bnDoubtful, &QToolButton::clicked, this, &PostwrightController::filterWithStatus);
   connect(layout.tvAddresses->horizontalHeader(), &QHeaderView::sectionClicked, this,
           [this](int column) {
             _window->view.sortBy(column);
@@ -116,6 +117,7 @@ void PostwrightController::connectButtons() {
       {layout.bnKeepEdit, &PostwrightController::bnKeepTextClick},
       {layout.bnAskAgain, &PostwrightController::bnAskAgainClick},
       {layout.bnTakeTyped, &PostwrightController::bnTakeTypedClick},
+      {layout.bnAcceptDoubtful, &PostwrightController::bnAcceptDoubtfulClick},
       {layout.bnChooseSelectedAddress, &PostwrightController::bnChooseSelectedAddressClick},
       {layout.bnUseAddress, &PostwrightController::bnUseAddressClick},
       {layout.bnShowAll, &PostwrightController::bnShowAllClick},

@@ -92,6 +92,10 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   // Leaves the entries of all selected records as they are: unchanged, whatever the service said.
   void bnTakeTypedClick();
 
+  // Takes the text as corrected of all selected records that are doubtful; of one whose number
+  // alone is in doubt, the text that there is.
+  void bnAcceptDoubtfulClick();
+
   // Takes the selected records out of the window. Their entries are not written.
   void bnIgnoreClick();
 

@@ -20,6 +20,18 @@ namespace postwright {
 
 using Values = BatchResultRecord::Values;
 
+namespace {
+
+// The text as typed, offered beside a doubtful correction, is nothing to write back.
+void takeMatch(Values& values, const QString& address) {
+  values.own = values.isDoubtful() && address == values.address;
+  values.fixed = address;
+  values.status = values.own ? AddressStatusUnchanged : AddressStatusFixed;
+  values.pending = false;
+}
+
+}  // namespace
+
 void PostwrightController::reFixAddress(const QString& address) {
   const BatchResultRecordPointer record = _window->selectedRecord();
   if (record == nullptr) {
@@ -88,13 +100,18 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   if (forTwins) {
     chosen += _window->records.twinsOf(*record, AddressStatusMultiple);
   }
-  _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen, [&](Values& values) {
-    // The text as typed, offered beside a doubtful correction, is nothing to write back.
-    values.own = values.isDoubtful() && *address == values.address;
-    values.fixed = *address;
-    values.status = values.own ? AddressStatusUnchanged : AddressStatusFixed;
-    values.pending = false;
+  _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen,
+                      [&](Values& values) { takeMatch(values, *address); });
+}
+
+void PostwrightController::bnAcceptDoubtfulClick() {
+  BatchResultRecordList doubtful = _window->view.selectedRecords();
+  doubtful.removeIf([](const BatchResultRecordPointer& record) {
+    const Values values = record->values();
+    return values.pending || !values.isDoubtful();
   });
+  _window->steps.take(localizedString("SStepAccept", doubtful.size()), doubtful,
+                      [](Values& values) { takeMatch(values, values.standard); });
 }
 
 void PostwrightController::bnUseAddressClick() {

@@ -90,6 +90,11 @@
         <source>&amp;Errors</source>
         <translation>E&amp;rrores</translation>
     </message>
+    <message id="SFilterDoubtful">
+        <source>Doubtful</source>
+        <extracomment>Button beside the filter, with a number: lists the doubtful corrections alone.</extracomment>
+        <translation>Dudosas</translation>
+    </message>
     <message id="SFilterCount">
         <source>%@  %@</source>
         <extracomment>Caption of a segment: its name and its count.</extracomment>
@@ -531,6 +536,14 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <extracomment>Button that leaves the selected addresses as they are.</extracomment>
         <translation>De&amp;jar como está escrita</translation>
     </message>
+    <message id="SAcceptDoubtful" numerus="yes">
+        <source>Accept %n Dou&amp;btful</source>
+        <extracomment>Button for several selected addresses: makes the doubtful corrections among them.</extracomment>
+        <translation>
+            <numerusform>Aceptar %n &amp;dudosa</numerusform>
+            <numerusform>Aceptar %n &amp;dudosas</numerusform>
+        </translation>
+    </message>
     <message id="SFixedOwn">
         <source>This is your own text; the service was not asked about it.</source>
         <extracomment>Note above a correction that the person wrote.</extracomment>
@@ -715,6 +728,14 @@ F8 lleva a la siguiente que lo necesita.</translation>
             <numerusform>dejar como están %n</numerusform>
         </translation>
     </message>
+    <message id="SStepAccept" numerus="yes">
+        <source>Acceptance of %n</source>
+        <extracomment>Step of the person, in "Undo …".</extracomment>
+        <translation>
+            <numerusform>Aceptación de %n</numerusform>
+            <numerusform>Aceptación de %n</numerusform>
+        </translation>
+    </message>
     <message id="SStepIgnore" numerus="yes">
         <source>Ignore of %n</source>
         <extracomment>A step, after Undo.</extracomment>
@@ -841,6 +862,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <source>As you wrote them</source>
         <extracomment>Line of the summary.</extracomment>
         <translation>Como las escribió usted</translation>
+    </message>
+    <message id="SSumDoubtful">
+        <source>Doubtful, not decided on</source>
+        <extracomment>Line of the summary.</extracomment>
+        <translation>Dudosas, sin decidir</translation>
     </message>
     <message id="SSumMultiple">
         <source>To be chosen</source>

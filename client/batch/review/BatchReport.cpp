@@ -108,7 +108,8 @@ QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
     lines.append({rule.key(), rule.value(), true});
   }
   lines += QList<SummaryLine>{{localizedString("SSumOwn"), own},
-                              {localizedString("SSumMultiple"), counts.multiple},
+                              {localizedString("SSumDoubtful"), counts.doubtful},
+                              {localizedString("SSumMultiple"), counts.multiple - counts.doubtful},
                               {localizedString("SSumErrors"), counts.errors}};
   for (auto reason = reasons.begin(); reason != reasons.end(); ++reason) {
     lines.append({reason.key(), reason.value(), true});

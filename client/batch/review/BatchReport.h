@@ -17,7 +17,8 @@ struct SummaryLine {
   bool part = false;  // of the line before that is none
 };
 
-// How a list stands: right, well written, left as typed, corrected (by rule), to be chosen, refused
+// How a list stands: right, well written, left as typed, corrected (by rule), doubtful, to be
+// chosen, refused
 // (by reason) and not asked about; and how far those with an answer are confirmed. What there is
 // none of is left out.
 QList<SummaryLine> summaryLines(const BatchResultRecordList& records);

@@ -20,6 +20,7 @@ enum Kind : quint8 {
   Fixed,
   Blank,
   Multiple,
+  Doubtful,
   Error,
   NotAsked,
   NoNetwork
@@ -35,7 +36,7 @@ Kind kindOf(const BatchResultRecord::Values& values) {
     case AddressStatusFixed:
       return values.fixed.isEmpty() ? Blank : Fixed;
     case AddressStatusMultiple:
-      return Multiple;
+      return values.isDoubtful() ? Doubtful : Multiple;
     case AddressStatusError:
       break;
   }
@@ -53,7 +54,8 @@ void count(Kind kind, bool formed, qsizetype by, ReviewCounts& counts) {
   counts.kept += kind == Kept ? by : 0;
   counts.fixed += kind == Fixed || kind == Blank ? by : 0;
   counts.blank += kind == Blank ? by : 0;
-  counts.multiple += kind == Multiple ? by : 0;
+  counts.multiple += kind == Multiple || kind == Doubtful ? by : 0;
+  counts.doubtful += kind == Doubtful ? by : 0;
   counts.errors += kind >= Error ? by : 0;
   counts.notAsked += kind >= NotAsked ? by : 0;
   counts.noNetwork += kind == NoNetwork ? by : 0;
@@ -119,13 +121,14 @@ void sortRecords(BatchResultRecordList& records, const RecordQuery& query) {
 BatchResultRecordList findRecords(const BatchResultRecordList& records, const RecordQuery& query) {
   BatchResultRecordList found = filterRecords(records, query.statuses);
   const QStringList words = query.search.split(u' ', Qt::SkipEmptyParts);
-  if (!words.isEmpty() || !query.reason.isEmpty()) {
+  if (!words.isEmpty() || !query.reason.isEmpty() || query.doubtful) {
     found.removeIf([&](const BatchResultRecordPointer& record) {
       const BatchResultRecord::Values values = record->values();
       const bool ofReason =
           query.reason.isEmpty() || (!values.pending && values.status == AddressStatusError &&
                                      values.failure() == query.reason);
-      return !ofReason || !holdsWords(values, words);
+      const bool isLeftOut = query.doubtful && (values.pending || !values.isDoubtful());
+      return isLeftOut || !ofReason || !holdsWords(values, words);
     });
   }
   if (query.order != RecordQuery::Order::Host) {

@@ -22,7 +22,8 @@ struct RecordQuery {
   enum class Order { Host, Address, Fixed, Status };
 
   StatusFilter statuses{true, true, true, true};
-  QString reason;  // of the errors, those with this failure() alone; empty: all records
+  bool doubtful = false;  // those that are doubtful alone
+  QString reason;         // of the errors, those with this failure() alone; empty: all records
   QString search;  // words that stand in the typed or the corrected text, whatever their case
   Order order = Order::Host;
   bool descending = false;
@@ -46,6 +47,7 @@ struct ReviewCounts {
   qsizetype noNetwork = 0;  // of these: there was no network
   qsizetype blank = 0;      // of the fixed: the corrected text is empty
   qsizetype kept = 0;       // of the unchanged: left as typed without the service's word
+  qsizetype doubtful = 0;   // of the multiple
   // Of the unchanged: well written as far as the service can tell, and not confirmed.
   qsizetype unconfirmed = 0;
   qsizetype formed = 0;  // of the unchanged: given in another form than they were typed in

@@ -159,6 +159,11 @@ QString segmentText(AddressStatus status, qsizetype count) {
   return StringHelpers::stringWithFormat(localizedString("SFilterCount"), {caption, number(count)});
 }
 
+QString doubtfulText(qsizetype count) {
+  return StringHelpers::stringWithFormat(localizedString("SReasonCount"),
+                                         {localizedString("SFilterDoubtful"), number(count)});
+}
+
 QString applyText(const ReviewCounts& counts) {
   return counts.toApply() == 0 ? localizedString("SApplyNothing")
          : counts.formed == 0  ? localizedString("SApply", counts.fixed)

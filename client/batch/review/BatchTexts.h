@@ -54,6 +54,9 @@ QStringList firstChanges(const QStringList& changes, qsizetype most);
 // The caption of the filter's segment.
 QString segmentText(AddressStatus status, qsizetype count);
 
+// The caption of the button that lists the doubtful ones alone.
+QString doubtfulText(qsizetype count);
+
 // An entry of the list of reasons: the message of errors and how many there are.
 QString reasonText(const QString& reason, qsizetype count);
 

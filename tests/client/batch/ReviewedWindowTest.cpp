@@ -69,6 +69,7 @@ class ReviewedWindowTest : public QObject {
   void reviewsWhereTheHostSaysSo();
   void givesTheRestInTheSameForm();
   void saysWhyOfEachChange();
+  void decidesOnTheDoubtfulTogether();
   void callsNothingRightThatWasNotConfirmed();
   void everyWordIsTranslated();
 };
@@ -192,6 +193,37 @@ void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
   QVERIFY(
       report.startsWith(u"\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Confirmation\""));
   QCOMPARE(report.count(u"\"Confirmed.\""), 2);
+}
+
+// The doubtful ones are listed alone, with their number, and accepted in one step.
+void ReviewedWindowTest::decidesOnTheDoubtfulTogether() {
+  const QString noNumber = u"14 MAIN ST\nAUSTIN TX 78701"_qs;
+  const QString other = u"16 Main St Apt 2"_qs + kPlace;
+  ReviewedWindow open({kStreet, kSwapped, noNumber, other}, BatchOptions::all());
+  Person& person = open.person;
+  QTRY_VERIFY(person.hasFinished());
+  auto* filter = person.find<QToolButton>(u"bnDoubtful"_qs);
+  QCOMPARE(filter->text(), u"Doubtful (3)"_qs);
+  QTest::mouseClick(filter, Qt::LeftButton);
+  QCOMPARE(person.column(0), (QStringList{kSwapped, noNumber, other}));
+  person.table()->selectAll();
+  auto* accept = person.find<QPushButton>(u"bnAcceptDoubtful"_qs);
+  QCOMPARE(accept->text(), u"Accept 3 Dou&btful"_qs);
+  person.click(u"bnAcceptDoubtful"_qs);
+  QCOMPARE(open.values(1).status, AddressStatusFixed);
+  QCOMPARE(open.values(1).fixed, u"Jo O'Neil\n61 MAIN ST\nAUSTIN TX 78701"_qs);
+  QVERIFY(!open.values(1).own);
+  QCOMPARE(open.values(2).status, AddressStatusUnchanged);  // there was nothing else to take
+  QVERIFY(open.values(2).own);
+  QVERIFY(!accept->isVisible());
+  QCOMPARE(person.find<QPushButton>(u"bnUpdate"_qs)->text(), u"&Apply 3 Corrections"_qs);
+  open.window.undo();
+  QCOMPARE(filter->text(), u"Doubtful (3)"_qs);
+  QTest::mouseClick(filter, Qt::LeftButton);
+  QCOMPARE(person.column(0).size(), 4);
+  open.window.bnShowAllClick();
+  person.table()->selectAll();
+  QVERIFY(accept->isVisible());
 }
 
 // In Spanish nothing is said in the core's English.
