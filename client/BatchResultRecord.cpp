@@ -117,6 +117,7 @@ bool BatchResultRecord::isFormed() const {
 void BatchResultRecord::setAddress(const QString& address) {
   const std::lock_guard guard(_lock);
   _values.address = address;
+  _values.mended = false;
   _values.pending = true;
   ++_changes;
 }
@@ -173,14 +174,18 @@ bool BatchResultRecord::fix(
   }
   _values.takeAnswer(outcome->answer, outcome->message);
   _values.remark = outcome->remark;
+  _values.proposal = outcome->proposal;
   _values.confirmation = outcome->confirmation;
   _values.footnotes = outcome->footnotes;
   if (outcome->answer && outcome->isOpen) {
     _values.takeChoice(*outcome->answer);
   }
   _values.takeRules();
-  if (outcome->givesForm) {
+  if (outcome->givesForm || _values.mended) {
     _values.takeForm();
+  }
+  if (_values.mended && _values.isWellWritten()) {
+    _values.status = AddressStatusFixed;
   }
   ++_changes;
   return true;

@@ -36,6 +36,9 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // What a person should know of the outcome: why an answer is doubtful, why nobody was asked, why
   // the address was turned down and what to do. Mostly empty.
   QString remark = {};
+  // Of an address that was turned down: the text with what it lacks, to be asked about where a
+  // person says so; mostly empty.
+  QString proposal = {};
   // True where a person has to decide on the answer's candidates even if it says the same as the
   // text that was asked about.
   bool isOpen = false;
@@ -75,6 +78,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     QString fixed;
     QString result;                            // the message of the last failure, else empty
     QString remark;                            // that of the last outcome
+    QString proposal;                          // that of the last outcome
     QList<PostwrightSelectorPointer> matches;  // the candidates, two or more, else empty
     // What `matches` show, where the service named them to who asked for that (setCandidates());
     // there may be a single one. Else empty.
@@ -88,7 +92,10 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     AddressStatus status = AddressStatusUnchanged;
     bool pending = true;   // not asked about yet, or put up again since
     bool ignored = false;  // taken out of the batch by the user
-    bool own = false;      // `fixed` is what the person wrote or kept, and not the service's word
+    // `address` is a proposal that the person took: where the answer says the same, it is a
+    // correction of what was typed.
+    bool mended = false;
+    bool own = false;  // `fixed` is what the person wrote or kept, and not the service's word
 
     // True where the answer says the same as the text: no person decided that it stays as it is,
     // and no remark says that nobody was asked.

@@ -95,19 +95,21 @@ QString sentenceOf(const Confirmation& confirmation) {
   return asSentence(wordsOf(confirmation));
 }
 
-QString failureOf(const QString& label, const VerifyReport& report) {
+FailureWords failureOf(const QString& label, const VerifyReport& report) {
   const VerifyFailure failure(report, GetDeployment().verifyHost);
   if (!failure.IsUnanswered()) {
     const FixGate::Pass pass;
     const UnreadReason unread(label.toStdWString());
     if (unread.GetCause() != UnreadCauseNone) {
-      return wordsFor("unread-", unread.GetCode(), unread.GetText());
+      return {wordsFor("unread-", unread.GetCode(), unread.GetText()),
+              QString::fromStdWString(unread.GetProposal())};
     }
   }
   const QString text = translated("failure-", failure.Code().c_str());
-  return text.isEmpty()
-             ? QString::fromStdString(failure.Text())
-             : filled(text, factOf(failure, report), QString::number(report.Fetch().httpStatus));
+  return {text.isEmpty()
+              ? QString::fromStdString(failure.Text())
+              : filled(text, factOf(failure, report), QString::number(report.Fetch().httpStatus)),
+          {}};
 }
 
 }  // namespace postwright

@@ -30,9 +30,14 @@ QString sentenceOf(LeftAloneReason reason);
 QString wordsOf(const Confirmation& confirmation);
 QString sentenceOf(const Confirmation& confirmation);
 
-// Why a fix of `label` failed, and what to do: what the text lacks, what the service said of it, or
-// that it was not reached.
-QString failureOf(const QString& label, const VerifyReport& report);
+struct FailureWords {
+  QString reason;    // and what to do
+  QString proposal;  // the label with its fault mended, where nothing else can be meant; else empty
+};
+
+// Why a fix of `label` failed: what the text lacks, what the service said of it, or that it was not
+// reached.
+FailureWords failureOf(const QString& label, const VerifyReport& report);
 
 }  // namespace postwright
 

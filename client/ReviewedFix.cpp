@@ -72,7 +72,9 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
                          .confirmation = fix.confirmation(),
                          .footnotes = client.lastReport().Footnotes()};
   if (!outcome.answer) {
-    outcome.remark = failureOf(label, client.lastReport());
+    const FailureWords failure = failureOf(label, client.lastReport());
+    outcome.remark = failure.reason;
+    outcome.proposal = failure.proposal;
     return outcome;
   }
   if (!outcome.answer->Candidates.isEmpty()) {

@@ -52,6 +52,15 @@ BatchResultRecordList BatchRecords::twinsOf(const BatchResultRecord& record,
   });
 }
 
+BatchResultRecordList BatchRecords::withProposalLike(const BatchResultRecord& record) const {
+  const QString reason = record.values().remark;
+  return those([&](const BatchResultRecord& other) {
+    const Values values = other.values();
+    return !values.pending && values.status == AddressStatusError && !values.proposal.isEmpty() &&
+           values.remark == reason;
+  });
+}
+
 BatchResultRecordList BatchRecords::settle(const BatchResultRecordList& records) {
   _records.removeIf([this](const BatchResultRecordPointer& record) {
     const bool leaves = record->values().ignored;

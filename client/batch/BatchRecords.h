@@ -26,6 +26,9 @@ class BatchRecords {
   // The other records of the same text that have an outcome of `status`, too.
   BatchResultRecordList twinsOf(const BatchResultRecord& record, AddressStatus status) const;
 
+  // Those turned down for the same reason as `record` whose fault can be mended, `record` included.
+  BatchResultRecordList withProposalLike(const BatchResultRecord& record) const;
+
   // Counts a record anew that has changed.
   void update(const BatchResultRecord& record) { _tally.update(record); }
 

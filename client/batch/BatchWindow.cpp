@@ -72,6 +72,8 @@ void BatchWindow::showDetail() {
     const AddressStatus status = record->values().status;
     const bool waits = status == AddressStatusMultiple || status == AddressStatusError;
     view.detail().showRecord(record, waits ? records.twinsOf(*record, status).size() : 0);
+    const bool isMendable = !record->values().proposal.isEmpty();
+    view.detail().showProposal(*record, isMendable ? records.withProposalLike(*record).size() : 0);
   }
 }
 

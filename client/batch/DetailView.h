@@ -33,6 +33,8 @@ class DetailView final : public QObject {
   void showNothing();
   // `twins` more records of the list have the same text and wait for the same.
   void showRecord(const BatchResultRecordPointer& record, qsizetype twins);
+  // Offers to have the fault of `record` mended, where it can be, and that of all `alike`.
+  void showProposal(const BatchResultRecord& record, qsizetype alike);
   // `doubtful` of those that are selected can be accepted.
   void showSeveral(const QString& text, qsizetype doubtful);
 

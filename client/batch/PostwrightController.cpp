@@ -115,6 +115,8 @@ void PostwrightController::connectButtons() {
       {layout.bnKeepError, &PostwrightController::bnKeepTextClick},
       {layout.bnKeepMultiple, &PostwrightController::bnKeepTextClick},
       {layout.bnKeepEdit, &PostwrightController::bnKeepTextClick},
+      {layout.bnUseProposal, &PostwrightController::bnUseProposalClick},
+      {layout.bnUseProposals, &PostwrightController::bnUseProposalsClick},
       {layout.bnAskAgain, &PostwrightController::bnAskAgainClick},
       {layout.bnTakeTyped, &PostwrightController::bnTakeTypedClick},
       {layout.bnAcceptDoubtful, &PostwrightController::bnAcceptDoubtfulClick},

@@ -75,6 +75,11 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   void bnFixMultipleAddressClick();
   void bnFixEditedAddressClick();
 
+  // Asks about the selected record with its fault mended as the window proposes, or about all that
+  // were turned down for the same.
+  void bnUseProposalClick();
+  void bnUseProposalsClick();
+
   // Asks again about all selected records, each with the text that it has.
   void bnAskAgainClick();
 
@@ -152,6 +157,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   void connectButtons();
   void waitForWorkers();
   void reFix(const QString& address);
+  void takeProposals(const BatchResultRecordList& records);
 
   const std::unique_ptr<BatchWindow> _window;
 };

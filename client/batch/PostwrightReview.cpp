@@ -44,8 +44,34 @@ void PostwrightController::reFixAddress(const QString& address) {
   _window->view.detail().forgetDraft(*record);
   _window->steps.take(localizedString("SStepAsk", asked.size()), asked, [&](Values& values) {
     values.address = address;
+    values.mended = false;
     values.pending = true;
   });
+}
+
+void PostwrightController::bnUseProposalClick() {
+  if (const BatchResultRecordPointer record = _window->selectedRecord()) {
+    takeProposals({record});
+  }
+}
+
+void PostwrightController::bnUseProposalsClick() {
+  if (const BatchResultRecordPointer record = _window->selectedRecord()) {
+    takeProposals(_window->records.withProposalLike(*record));
+  }
+}
+
+// The faults are mended as the window says, and what comes of that is asked about.
+void PostwrightController::takeProposals(const BatchResultRecordList& records) {
+  for (const BatchResultRecordPointer& record : records) {
+    _window->view.detail().forgetDraft(*record);
+  }
+  _window->steps.take(localizedString("SStepAsk", records.size()), records, [](Values& values) {
+    values.address = values.proposal;
+    values.mended = true;
+    values.pending = true;
+  });
+  _window->goOnToProblem();
 }
 
 // The person has settled a record and goes on to the next; the keyboard stays where it is.
@@ -175,6 +201,7 @@ void PostwrightController::sameForAll() {
   }
   _window->steps.take(localizedString("SStepSame", records.size()), records, [&](Values& values) {
     values.address = withChanges(values.address, changes);
+    values.mended = false;
     values.pending = true;
   });
 }

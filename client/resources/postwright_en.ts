@@ -166,6 +166,19 @@
         <extracomment>Button that asks about the edited address.</extracomment>
         <translation>&amp;Check Again</translation>
     </message>
+    <message id="SUseProposal">
+        <source>Check &amp;with “%@”</source>
+        <extracomment>Button for an address that was turned down: checks it with the missing part put in, such as a ZIP code with its 0.</extracomment>
+        <translation>Check &amp;with “%@”</translation>
+    </message>
+    <message id="SUseProposals" numerus="yes">
+        <source>Mend All %n Like Thi&amp;s</source>
+        <extracomment>Button: checks all addresses that were turned down for the same, each with its fault mended.</extracomment>
+        <translation>
+            <numerusform>Mend All %n Like Thi&amp;s</numerusform>
+            <numerusform>Mend All %n Like Thi&amp;s</numerusform>
+        </translation>
+    </message>
     <message id="SRestore">
         <source>Restore Ori&amp;ginal</source>
         <extracomment>Button that puts the text of the entry back into the field.</extracomment>

@@ -383,7 +383,11 @@ void BatchOptionsTest::isNotMistakenAboutAnOutage() {
                  u"c"_qs, u"2 alone"_qs, u"d"_qs}),
       [&](PostwrightClient&, const QString& address) {
         if (address.endsWith(u"alone")) {
-          return AddressOutcome{AddressFix{address, {}}, {}, u"Not asked."_qs, false, false};
+          AddressOutcome outcome;
+          outcome.answer = AddressFix{address, {}};
+          outcome.remark = u"Not asked."_qs;
+          outcome.isAsked = false;
+          return outcome;
         }
         const bool away = address.endsWith(u"poison") || (address != u"a" && ++asked <= 9);
         return away ? kDown : AddressOutcome{AddressFix{address + u"!"_qs, {}}, {}};

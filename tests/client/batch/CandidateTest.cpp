@@ -81,6 +81,7 @@ class ChoiceWindow {
     window.setAsk([](PostwrightClient& client, const QString& label) {
       return fixReviewed(client, label, {});
     });
+    options.sameFormForAll = false;  // what is right is not to be written
     window.setOptions(options);
     window.show();
     window.activateWindow();
