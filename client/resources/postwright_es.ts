@@ -1317,8 +1317,8 @@ F8 lleva a la siguiente que lo necesita.</translation>
     <message id="SCore-left-alone-general-delivery">
         <translation>General Delivery: no tiene un número que comprobar y queda como se escribió.</translation>
     </message>
-    <message id="SCore-left-alone-block">
-        <translation>Un número de casa de Puerto Rico que empieza por su bloque: no se puede comprobar y queda como se escribió.</translation>
+    <message id="SCore-left-alone-puerto-rico">
+        <translation>Una dirección de Puerto Rico por bloque o kilómetro: no se puede comprobar y queda como se escribió.</translation>
     </message>
     <message id="SCore-confirmation-confirmed">
         <translation>confirmada</translation>
