@@ -149,10 +149,17 @@ class LastUnit {
       return "#";
     }
     const bool isKey = word == "KEY" && !HasDigit(FromEnd(1));
-    if (isKey && !(n == 2 && FromEnd(1).size() == 1 && Size() > n && EndsRoad(FromEnd(n + 1)))) {
+    if (isKey && !(n == 2 && FromEnd(1).size() == 1 && IsBehindRoad(n))) {
       return "";
     }
     return Lexicon::Get().NumberedUnit(word);
+  }
+
+  // Says whether the words in front of the last `n` end a road: ST, a number, or behind a name any
+  // other suffix.
+  bool IsBehindRoad(size_t n) const {
+    return Size() > n && (EndsRoad(FromEnd(n + 1)) ||
+                          (Size() > n + 1 && !Lexicon::Get().Suffix(FromEnd(n + 1)).empty()));
   }
 
   // "2ND FLOOR", "SECOND FLOOR".
