@@ -13,17 +13,16 @@ void BatchResultRecord::Values::takeAnswer(const std::optional<AddressFix>& answ
   pending = false;
   own = false;
   standard = answer ? answer->ExactAddress : QString();
+  const bool isSame = answer && PostwrightClient::isAddress(address, answer->ExactAddress);
   if (!answer) {
     result = message;
     fixed = QString();
     status = AddressStatusError;
-  } else if (!answer->Candidates.isEmpty()) {
+  } else if (!answer->Candidates.isEmpty() || (!isSame && answer->MatchedAddresses.size() >= 2)) {
     takeChoice(*answer);
-  } else if (PostwrightClient::isAddress(address, answer->ExactAddress)) {
+  } else if (isSame) {
     fixed = address;
     status = AddressStatusUnchanged;
-  } else if (answer->MatchedAddresses.size() >= 2) {
-    takeChoice(*answer);
   } else {
     fixed = answer->ExactAddress;
     status = AddressStatusFixed;

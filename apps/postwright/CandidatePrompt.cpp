@@ -51,11 +51,11 @@ std::optional<std::wstring> CandidatePrompt::Offer(const LabelFix& fix,
       return std::nullopt;
     }
     const LabelFix answer(*chosen, asking, client);
-    if (const std::string doubt = DoubtOf(answer); doubt.empty()) {
+    const std::string doubt = DoubtOf(answer);
+    if (doubt.empty()) {
       return answer.Text();
-    } else {
-      std::cerr << doubt;
     }
+    std::cerr << doubt;
     if (answer.Confirmed().Kind() == ConfirmationUnitMissing && !answer.Candidates().isEmpty()) {
       candidates = answer.Candidates();
     } else if (Agrees()) {

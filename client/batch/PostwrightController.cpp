@@ -42,7 +42,7 @@ PostwrightController::PostwrightController(const QList<std::shared_ptr<AddressEn
 PostwrightController::~PostwrightController() = default;
 
 void PostwrightController::setAsk(AskFunction ask) {
-  _window->settings.insert(AskKey, QVariant::fromValue(std::move(ask)));
+  _window->settings.insert(AskKey, QVariant::fromValue(ask));
 }
 
 void PostwrightController::setOptions(const BatchOptions& options) {

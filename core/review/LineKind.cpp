@@ -17,7 +17,6 @@ using namespace LabelLines;
 
 namespace {
 
-using boost::xpressive::regex_match;
 using boost::xpressive::regex_search;
 using boost::xpressive::wsmatch;
 using boost::xpressive::wsregex;

@@ -43,7 +43,7 @@ QString ZipPlusFour(const QString& label) {
 
 QString ChangesOf(const QJsonObject& record) {
   QStringList changes;
-  for (const QJsonValue& change : record[QLatin1String("changes")].toArray()) {
+  for (const QJsonValue change : record[QLatin1String("changes")].toArray()) {
     changes.append(change[QLatin1String("text")].toString() + QStringLiteral(": ") +
                    change[QLatin1String("typed")].toString() + QStringLiteral(" -> ") +
                    change[QLatin1String("corrected")].toString());
