@@ -3,10 +3,15 @@
 #
 #   scripts/install-packages.sh          what building and running take
 #   scripts/install-packages.sh --test   and what ./test.sh takes besides
+#   scripts/install-packages.sh --fuzz   and what scripts/fuzz-all.sh does
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
 
-if [ "${1-}" = --test ]; then unwanted='^#'; else unwanted='^#|# test:'; fi
+case ${1-} in
+  --test) unwanted='^#|# fuzz:' ;;
+  --fuzz) unwanted='^#|# test:' ;;
+  *) unwanted='^#|# (test|fuzz):' ;;
+esac
 mapfile -t wanted < <(grep -Ev "$unwanted" "$here/packages.txt" | awk '{ print $1 }' | sort --unique)
 
 if ! command -v apt-get > /dev/null; then

@@ -29,8 +29,8 @@ if command -v groff > /dev/null; then
   pages man/*.in || status=1
 fi
 
-# Debian's build of the packages takes what ours takes, but for the tests.
-sed -nE '/the tests,|test:/d; s/^([a-z0-9+.-]+-dev) .*/\1/p' ../scripts/packages.txt |
+# Debian's build of the packages takes what ours takes, but for tests and hunts.
+sed -nE '/the tests,|test:|fuzz:/d; s/^([a-z0-9+.-]+-dev) .*/\1/p' ../scripts/packages.txt |
   while read -r package; do
     grep --quiet "^ ${package}[ ,]" debian/control || { echo "debian/control does not build with $package"; exit 1; }
   done || status=1
