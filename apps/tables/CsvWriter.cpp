@@ -46,10 +46,12 @@ QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char deli
   const CsvRow read = CsvReader(delimiter).first(row);
   const QStringList& old = read.cells;
   const QList<TextRange>& ranges = read.ranges;
+  // A mark that nothing closes would be closed by those of a changed cell.
+  const bool allAnew = read.isBroken && cells != old;
   QByteArray changed;
   qsizetype copied = 0;
   for (qsizetype column = 0; column < ranges.size(); ++column) {
-    if (cells.value(column) != old.value(column)) {
+    if (allAnew || cells.value(column) != old.value(column)) {
       const TextRange& range = ranges[column];
       const bool wasQuoted = row.sliced(range.begin, range.size()).trimmed().startsWith('"');
       changed += row.sliced(copied, range.begin - copied);
