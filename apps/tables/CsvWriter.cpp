@@ -48,6 +48,7 @@ QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char deli
   const QList<TextRange>& ranges = read.ranges;
   // A mark that nothing closes would be closed by those of a changed cell.
   const bool allAnew = read.isBroken && cells != old;
+  const bool isBlank = cells.size() == 1 && cells.first().isEmpty();  // would be no row
   QByteArray changed;
   qsizetype copied = 0;
   for (qsizetype column = 0; column < ranges.size(); ++column) {
@@ -56,7 +57,7 @@ QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char deli
       const bool wasQuoted = row.sliced(range.begin, range.size()).trimmed().startsWith('"');
       changed += row.sliced(copied, range.begin - copied);
       changed += csvCell(cells.value(column), delimiter,
-                         wasQuoted ? CsvQuotes::Always : CsvQuotes::WhereNeeded);
+                         wasQuoted || isBlank ? CsvQuotes::Always : CsvQuotes::WhereNeeded);
       copied = range.end;
     }
   }
