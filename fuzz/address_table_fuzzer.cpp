@@ -27,7 +27,7 @@ std::optional<std::string> Answered(const AddressTable& table) {
   bool isWhole = true;
   const QByteArray bytes = table.Rewrite(
       {QStringLiteral("status")},
-      [](const LabelColumns&, QStringList&) { return QStringList{QStringLiteral("right")}; },
+      [](const LabelColumns&, QStringList&) { return QStringList{QStringLiteral("fixed")}; },
       [&](const std::string&) { isWhole = false; });
   return isWhole ? std::optional(bytes.toStdString()) : std::nullopt;
 }

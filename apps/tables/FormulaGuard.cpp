@@ -27,6 +27,16 @@ QByteArray guardFormulas(const QByteArray& csv, char delimiter) {
     if (std::none_of(row.cells.begin(), row.cells.end(), isFormula)) {
       return true;
     }
+    if (row.isBroken) {  // the marks of a cell would close the one that is open
+      QStringList cells = row.cells;
+      for (QString& cell : cells) {
+        cell.prepend(isFormula(cell) ? QStringLiteral("'") : QString());
+      }
+      guarded += QByteArrayView(csv).sliced(copied, row.range.begin - copied);
+      guarded += csvRowWith(row.range.of(csv), cells, delimiter);
+      copied = row.range.end;
+      return true;
+    }
     for (qsizetype column = 0; column < row.ranges.size(); ++column) {
       if (isFormula(row.cells[column])) {
         const qsizetype begin = row.ranges[column].begin;

@@ -184,6 +184,10 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "Name,Address,postwright_number,postwright_predirectional,postwright_street,"
            "postwright_street_suffix\nAnn,1 a street,1,,A,ST\n",
            ""},
+          {"more cells than the table of an earlier run has",
+           "cd $folder; (cat fixed; echo 'Cy,3 c street,Austin,TX,78701,1,2,3,4,5') > again; "
+           "$postwright fix --quiet --server 127.0.0.1:1 again | tail -n 1",
+           0, "Cy,3 c street,Austin,TX,78701,1,2,3,4,5\n", "row 4 of again has more cells"},
           {"another encoding",
            "cd $folder; sed 's/Ann/Jos\u00e9/' table | iconv -f UTF-8 -t UTF-16 | $postwright "
            "parse | iconv "

@@ -88,6 +88,19 @@ std::string AddressTable::Description() const {
   return name_ + ": " + descriptions.join(QStringLiteral("; ")).toStdString();
 }
 
+// Whether the cells behind the table's own columns are those of an earlier run, and not of a row
+// that has more cells than it should.
+bool AddressTable::HasOwnCells(const tables::CsvRow& row) const {
+  bool isOwn = row.cells.size() == titles_.size();
+  for (int column = width_; column < titles_.size() && isOwn; ++column) {
+    const QString& cell = row.cells[column];
+    isOwn = !titles_[column].endsWith(u"_status") || cell.isEmpty() ||
+            std::any_of(kRowStatuses.begin(), kRowStatuses.end(),
+                        [&cell](const char* status) { return cell == QLatin1String(status); });
+  }
+  return isOwn;
+}
+
 AddressTable::RowKind AddressTable::KindOf(const tables::CsvRow& row, int number) const {
   const int header = choice_.skippedRows + 1;
   if (number < header) {
@@ -98,8 +111,7 @@ AddressTable::RowKind AddressTable::KindOf(const tables::CsvRow& row, int number
   }
   const auto isEmpty = [](const QString& cell) { return cell.isEmpty(); };
   const auto end = row.cells.begin() + std::min<qsizetype>(width_, row.cells.size());
-  const bool isOfEarlierRun = row.cells.size() == titles_.size();
-  return !row.isBroken && (isOfEarlierRun || std::all_of(end, row.cells.end(), isEmpty))
+  return !row.isBroken && (HasOwnCells(row) || std::all_of(end, row.cells.end(), isEmpty))
              ? RowKind::kEntry
              : RowKind::kUnreadable;
 }

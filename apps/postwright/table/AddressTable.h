@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <functional>
 #include <string>
 
@@ -14,6 +15,11 @@
 #include "apps/tables/TextFile.h"
 
 namespace postwright {
+
+// The numbers of a record's status, 0 to 4, in words, and that of a row that has no record: a table
+// is for people. An earlier run is known by them.
+inline constexpr std::array<const char*, 6> kRowStatuses = {
+    "unchanged", "fixed", "to-decide", "turned-down", "not-answered", "not-asked"};
 
 // A table of addresses: CSV or TSV with a header or without, in any usual encoding.
 //
@@ -56,6 +62,7 @@ class AddressTable {
   // Calls `take` with each row and its number, from 1.
   void ReadRows(
       const std::function<void(RowKind kind, const tables::CsvRow& row, int number)>& take) const;
+  bool HasOwnCells(const tables::CsvRow& row) const;
   RowKind KindOf(const tables::CsvRow& row, int number) const;
   std::string ProblemOf(const tables::CsvRow& row, int number) const;
 

@@ -16,10 +16,7 @@ namespace postwright {
 
 namespace {
 
-// The numbers of the records' status, in words: a table is for people.
-enum Status { kUnchanged, kFixed, kToDecide, kTurnedDown, kUnanswered };
-constexpr const char* kStatuses[] = {"unchanged", "fixed", "to-decide", "turned-down",
-                                     "not-answered"};
+enum Status { kUnchanged, kFixed, kToDecide, kTurnedDown, kUnanswered, kNotAsked };
 
 void WriteLabels(const AddressTable& table, const ScratchFile& file) {
   Output output(file.Descriptor(), "a temporary file");
@@ -69,7 +66,7 @@ class RecordCells {
   QStringList Put(const LabelColumns& columns, QStringList& cells) {
     if (!reader_.Next()) {
       QStringList nothing(Titles().size(), QString());
-      nothing.first() = QStringLiteral("not-asked");
+      nothing.first() = QLatin1String(kRowStatuses[kNotAsked]);
       return nothing;
     }
     const QByteArray line(reader_.Line().data(), static_cast<qsizetype>(reader_.Line().size()));
@@ -91,7 +88,7 @@ class RecordCells {
         proposed = fixed;
       }
     }
-    QStringList results{QLatin1String(kStatuses[status]),
+    QStringList results{QLatin1String(kRowStatuses[status]),
                         record[QLatin1String("confirmation")].toString(), reason,
                         status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
     if (explain_) {
