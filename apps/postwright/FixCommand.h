@@ -44,8 +44,8 @@ std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
 // returns kExitNotALabel where a line was no label, a row could not be read or the fix of a plain
-// text failed, and
-// kExitDoubtful where that of a plain text is doubtful.
+// text failed, kExitDoubtful where that of a plain text is doubtful, and kExitOutage where many
+// labels were given up since the service gave no answer.
 ExitStatus RunFix(const FixOptions& options);
 
 }  // namespace postwright

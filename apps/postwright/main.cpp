@@ -62,8 +62,9 @@ constexpr const char* kFixUsage =
 constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
-of numbers and ZIP+4, the slash of a fraction, the # of a unit. Mixed case has a dictionary of its own for states,
-directions, names like McDonald and the like; the words of --mixed-case are spelt as given there.
+of numbers and ZIP+4, the slash of a fraction, the # of a unit. Mixed case has a dictionary of its
+own for states, directions, names like McDonald and the like; the words of --mixed-case are spelt as
+given there.
 
 The lines around the address stay as they were typed, unless with --whole-label or --names. Where no
 line is clearly the address, the whole text is asked about, and names keep their form all the same.
@@ -108,10 +109,11 @@ names the columns of the label. A ZIP code of five digits stays one. A row that 
 and is reported. --resume keeps the records of the rows in a file of their own, beside --output.
 
 A service that leaves three labels in a row without an answer is waited for: it is asked again after
-a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there is
-no answer at all for the time of --give-up-after, the run ends with status 75; what was written is
-whole, and a run with --output leaves its records in FILE.unfinished-..., which --resume goes on
-with. A wait that the service asks for (Retry-After, a gateway whose budget is spent) does not count.
+a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there
+is no answer at all for the time of --give-up-after, the run ends with status 75; what was written
+is whole, and a run with --output leaves its records in FILE.unfinished-..., which --resume goes on
+with. A wait that the service asks for (Retry-After, a gateway whose budget is spent) does not
+count.
 
 On a terminal that can write over a line, standard error shows how far the run has come, unless with
 --quiet.

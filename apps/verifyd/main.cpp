@@ -38,9 +38,10 @@ constexpr const char* kUsage =
     "[--upstream KIND [HOST] --credentials FILE ...] [LIMITS]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
-writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT' once it can be asked.
-SIGTERM or SIGINT ends it when the requests that have begun are answered; a second one, at once.
-SIGHUP reads the base, the users and the credentials again. /status and /metrics show what it has done and is doing.
+writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT'
+once it can be asked. SIGTERM or SIGINT ends it when the requests that have begun are answered; a
+second one, at once. SIGHUP reads the base, the users and the credentials again. /status and
+/metrics show what it has done and is doing.
 
 A base file is an address base, as postwright-base makes it, or has a line a ZIP code: ZIP, city and
 state, set apart by tabs. The ZIP codes that come along are taken where none are given.
@@ -49,7 +50,8 @@ With --upstream it is a gateway: it asks another service, keeps the answers, and
 budget of calls. A credentials file holds NAME = VALUE a line: client_id and client_secret for
 postal-v3, user_id and, where one is needed, password for verify-xml.
 
-Exit status: 0 ended by a signal; 1 the address cannot be listened on, or a file not be used; 2 wrong usage.
+Exit status: 0 ended by a signal; 1 the address cannot be listened on, or a file not be used; 2
+wrong usage.
 
 Examples: postwright-verifyd --listen 127.0.0.1:0
           postwright-verifyd --upstream postal-v3 --credentials postal.credentials
