@@ -40,7 +40,9 @@ std::vector<std::string> KeysOf(const StreetName& asked) {
   std::vector<std::string> keys;
   for (const std::string& front : fronts) {
     for (const std::string& back : backs) {
-      keys.push_back(StreetKey(front + asked.name + back));
+      std::string name = front;
+      name.append(asked.name).append(back);
+      keys.push_back(StreetKey(name));
     }
   }
   std::sort(keys.begin(), keys.end());
