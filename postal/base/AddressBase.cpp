@@ -52,6 +52,7 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
     image_.emplace(file);
   }
   std::shared_ptr<const BaseReader::Facts> facts;
+  const auto streets = std::make_shared<StreetCache>();
   for (Connection& connection : connections_) {
     SqliteFile opened = image_ ? SqliteFile::OpenImage(image_->Bytes(), file.string())
                                : SqliteFile::OpenUnchanging(file);
@@ -59,7 +60,7 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
       facts =
           std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened, image_.has_value()));
     }
-    connection.reader = std::make_unique<BaseReader>(std::move(opened), facts);
+    connection.reader = std::make_unique<BaseReader>(std::move(opened), facts, streets);
   }
 }
 

@@ -15,9 +15,11 @@ std::vector<KnownStreet> ReadStreets(SqliteStatement& rows, const Texts&... text
 
 }  // namespace
 
-BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts)
+BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
+                       std::shared_ptr<StreetCache> streets)
     : file_(std::move(file)),
       facts_(std::move(facts)),
+      cache_(std::move(streets)),
       street_(file_,
               "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
               "suffix=? AND postdirectional=? AND urbanization=?"),
@@ -73,11 +75,22 @@ std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const Stre
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
+  if (facts_->streets && !facts_->streets->HasKey(zip, key)) {
+    return {};  // nearly always, where a street is looked for in a whole city
+  }
   return ReadStreets(streets_, zip, key);
 }
 
-std::vector<KnownStreet> BaseReader::StreetsOf(const std::string& zip) {
-  return ReadStreets(allStreets_, zip);
+StreetCache::Streets BaseReader::StreetsOf(const std::string& zip) {
+  StreetCache::Streets streets = cache_->Find(zip);
+  if (!streets) {
+    std::vector<ComparableStreet> read;
+    for (KnownStreet& street : ReadStreets(allStreets_, zip)) {
+      read.emplace_back(std::move(street));
+    }
+    streets = cache_->Keep(zip, std::move(read));
+  }
+  return streets;
 }
 
 NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {

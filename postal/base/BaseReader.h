@@ -9,17 +9,12 @@
 #include <vector>
 
 #include "postal/base/HouseNumber.h"
+#include "postal/base/StreetCache.h"
 #include "postal/base/StreetIndex.h"
 #include "postal/base/StreetName.h"
 #include "postal/store/Sqlite.h"
 
 namespace postwright::postal {
-
-// A street of the base.
-struct KnownStreet {
-  int64_t id = 0;
-  StreetName street;
-};
 
 // A range of a street's numbers, and its ends as the source writes them.
 struct KnownRange {
@@ -53,8 +48,9 @@ class BaseReader {
   };
   static Facts ReadFacts(SqliteFile& file, bool withStreets);
 
-  // `facts` are the file's own.
-  BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts);
+  // `facts` are the file's own, and `streets` what its connections keep of it.
+  BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
+             std::shared_ptr<StreetCache> streets);
 
   // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
   bool HoldsStreetsOf(const std::string& zip) const { return facts_->zips.contains(zip); }
@@ -68,7 +64,7 @@ class BaseReader {
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
 
   // Returns all streets of the ZIP code.
-  std::vector<KnownStreet> StreetsOf(const std::string& zip);
+  StreetCache::Streets StreetsOf(const std::string& zip);
 
   NumberFacts FindNumber(int64_t street, const std::string& number);
 
@@ -108,6 +104,7 @@ class BaseReader {
  private:
   SqliteFile file_;
   const std::shared_ptr<const Facts> facts_;
+  const std::shared_ptr<StreetCache> cache_;
   SqliteStatement street_;
   SqliteStatement streets_;
   SqliteStatement allStreets_;

@@ -19,18 +19,23 @@ std::string KeyOf(std::string_view zip, const StreetName& street) {
 
 StreetIndex::StreetIndex(SqliteFile& file) {
   SqliteStatement rows(file,
-                       "SELECT id,zip,predirectional,name,suffix,postdirectional,urbanization "
+                       "SELECT id,zip,predirectional,name,suffix,postdirectional,urbanization,key "
                        "FROM street");
   while (rows.Step()) {
     streets_.emplace(
         KeyOf(rows.Text(1), {rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5), rows.Text(6)}),
         rows.Number(0));
+    keys_.insert(rows.Text(1) + rows.Text(7));
   }
 }
 
 std::optional<int64_t> StreetIndex::Find(std::string_view zip, const StreetName& street) const {
   const auto found = streets_.find(KeyOf(zip, street));
   return found == streets_.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool StreetIndex::HasKey(std::string_view zip, std::string_view key) const {
+  return keys_.contains(std::string(zip).append(key));
 }
 
 }  // namespace postwright::postal

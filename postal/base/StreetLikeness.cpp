@@ -1,6 +1,7 @@
 #include "postal/base/StreetLikeness.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "postal/places/CityName.h"
 #include "postal/words/Lexicon.h"
@@ -79,19 +80,11 @@ struct NumberedRoad {
 
 }  // namespace
 
-// A known street in its elements, each joined from the short forms of its words.
-struct StreetLikeness::Elements {
-  explicit Elements(const StreetName& street)
-      : predirectional(street.predirectional),
-        name(Join(ShortStreetWords(SplitLine(street.name)))),
-        suffix(street.suffix),
-        postdirectional(street.postdirectional) {}
-
-  const std::string& predirectional;
-  std::string name;
-  const std::string& suffix;
-  const std::string& postdirectional;
-};
+ComparableStreet::ComparableStreet(KnownStreet street)
+    : known(std::move(street)),
+      key(StreetKey(known.street.name)),
+      shortName(Join(ShortStreetWords(SplitLine(known.street.name)))),
+      spelt(SpellOut(WordsOf(known.street))) {}
 
 StreetLikeness::StreetLikeness(const StreetName& asked)
     : asked_(asked),
@@ -101,13 +94,13 @@ StreetLikeness::StreetLikeness(const StreetName& asked)
       spelt_(SpellOut(WordsOf(asked))),
       isRoad_(NumberedRoad(asked).IsRoad()) {}
 
-Likeness StreetLikeness::To(const StreetName& known) const {
+Likeness StreetLikeness::To(const ComparableStreet& there) const {
+  const StreetName& known = there.known.street;
   const bool isOfUrbanization = urbanization_ == known.urbanization;
   if (!isOfUrbanization && !urbanization_.empty()) {
     return Likeness::Different;
   }
-  const Elements elements(known);
-  std::optional<int> missing = MissingOf(elements);
+  std::optional<int> missing = MissingOf(there);
   if (missing && !isOfUrbanization) {
     ++*missing;
   }
@@ -117,21 +110,28 @@ Likeness StreetLikeness::To(const StreetName& known) const {
   if (missing == 1) {
     return Likeness::ElementMissing;
   }
-  if (isOfUrbanization && HasAnotherThan(elements)) {
+  if (isOfUrbanization && HasAnotherThan(there)) {
     return Likeness::ElementWrong;
   }
-  if (isOfUrbanization && IsMisspelt(known)) {
+  if (isOfUrbanization && IsMisspelt(there)) {
     return Likeness::OneLetter;
   }
   return missing ? Likeness::ElementsMissing : Likeness::Different;
 }
 
+bool StreetLikeness::IsSameAs(const StreetName& known) const {
+  const bool mayBe = joined_.starts_with(known.predirectional) &&
+                     joined_.ends_with(known.suffix + known.postdirectional);
+  return (mayBe || isRoad_) && To(known) == Likeness::Same;  // nearly never
+}
+
 // Returns how many elements of the known street are missing, at least; nullopt where that does not
 // make it the one that was asked for.
-std::optional<int> StreetLikeness::MissingOf(const Elements& known) const {
-  if (joined_.find(known.name) == std::string::npos) {
+std::optional<int> StreetLikeness::MissingOf(const ComparableStreet& there) const {
+  if (joined_.find(there.shortName) == std::string::npos) {
     return std::nullopt;  // nearly always
   }
+  const StreetName& known = there.known.street;
   const std::string* const elements[] = {&known.predirectional, &known.suffix,
                                          &known.postdirectional};
   std::optional<int> fewest;
@@ -143,7 +143,7 @@ std::optional<int> StreetLikeness::MissingOf(const Elements& known) const {
       parts[i] = isLeft ? "" : *elements[i];
       missing += isLeft && !elements[i]->empty() ? 1 : 0;
     }
-    if (joined_ == parts[0] + known.name + parts[1] + parts[2]) {
+    if (joined_ == parts[0] + there.shortName + parts[1] + parts[2]) {
       fewest = std::min(missing, fewest.value_or(missing));
     }
   }
@@ -151,7 +151,11 @@ std::optional<int> StreetLikeness::MissingOf(const Elements& known) const {
 }
 
 // Says whether the street is the known one with one element another, or one too many.
-bool StreetLikeness::HasAnotherThan(const Elements& known) const {
+bool StreetLikeness::HasAnotherThan(const ComparableStreet& there) const {
+  if (joined_.find(there.shortName) == std::string::npos) {
+    return false;  // nearly always
+  }
+  const StreetName& known = there.known.street;
   const std::string_view joined = joined_;
   const auto between = [&](const std::string& front, const std::string& back) {
     return joined.size() > front.size() + back.size() && joined.starts_with(front) &&
@@ -160,24 +164,22 @@ bool StreetLikeness::HasAnotherThan(const Elements& known) const {
                      joined.substr(front.size(), joined.size() - front.size() - back.size()))
                : std::string();
   };
-  const std::string street = known.name + known.suffix;
+  const std::string street = there.shortName + known.suffix;
   const std::string first = between("", street + known.postdirectional);
   const std::string last = between(known.predirectional + street, "");
-  const std::string suffix = between(known.predirectional + known.name, known.postdirectional);
+  const std::string suffix = between(known.predirectional + there.shortName, known.postdirectional);
   return (IsDirection(first) && words_.front() == first) ||
          (IsDirection(last) && words_.back() == last) ||
          (!Lexicon::Get().Suffix(suffix).empty() &&
           std::find(words_.begin(), words_.end(), suffix) != words_.end());
 }
 
-bool StreetLikeness::IsMisspelt(const StreetName& known) const {
+bool StreetLikeness::IsMisspelt(const ComparableStreet& there) const {
   constexpr size_t kShortestName = 4;  // letters; too many shorter ones are alike
-  Words there = WordsOf(known);
-  if (there.size() != spelt_.size() || known.name.size() < kShortestName) {
-    return false;  // before they are spelled out, which takes long
+  if (there.spelt.size() != spelt_.size() || there.known.street.name.size() < kShortestName) {
+    return false;
   }
-  there = SpellOut(std::move(there));
-  const auto [asked, meant] = std::mismatch(spelt_.begin(), spelt_.end(), there.begin());
+  const auto [asked, meant] = std::mismatch(spelt_.begin(), spelt_.end(), there.spelt.begin());
   return asked != spelt_.end() && std::equal(asked + 1, spelt_.end(), meant + 1) &&
          asked->size() > 1 && meant->size() > 1 && DiffersByOneLetter(*asked, *meant);
 }

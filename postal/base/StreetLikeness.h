@@ -19,9 +19,21 @@ enum class Likeness {
   Different,
 };
 
+// A known street with what every comparison needs of it, since that takes longer to make than to
+// compare.
+struct ComparableStreet {
+  explicit ComparableStreet(KnownStreet street);
+
+  KnownStreet known;
+  std::string key;        // of its name
+  std::string shortName;  // joined from the short forms of its words
+  Words spelt;            // the whole street in words spelled out
+};
+
 // Compares a street that was asked for with streets that are known.
 //
-//   StreetLikeness({"", "SUNSET", "HL"}).To({"", "SUNSET HILL", "RD"});   // ElementMissing
+//   StreetLikeness({"", "SUNSET", "HL"}).To(StreetName{"", "SUNSET HILL", "RD"});  //
+//   ElementMissing
 //
 // Words are compared over the whole street, since its last word may be a suffix or a part of the
 // name whose suffix is missing; what is known tells which. Two mistakes are too many. Digits are no
@@ -30,14 +42,16 @@ class StreetLikeness {
  public:
   explicit StreetLikeness(const StreetName& asked);
 
-  Likeness To(const StreetName& known) const;
+  Likeness To(const ComparableStreet& there) const;
+  Likeness To(const StreetName& known) const { return To(ComparableStreet({0, known})); }
+
+  // Says whether To() gives Same, in a fraction of the time.
+  bool IsSameAs(const StreetName& known) const;
 
  private:
-  struct Elements;
-
-  std::optional<int> MissingOf(const Elements& known) const;
-  bool HasAnotherThan(const Elements& known) const;
-  bool IsMisspelt(const StreetName& known) const;
+  std::optional<int> MissingOf(const ComparableStreet& there) const;
+  bool HasAnotherThan(const ComparableStreet& there) const;
+  bool IsMisspelt(const ComparableStreet& there) const;
 
   StreetName asked_;
   std::string urbanization_;

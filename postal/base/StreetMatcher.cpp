@@ -112,7 +112,7 @@ StreetMatch StreetMatcher::MatchAsWritten(const std::string& zip, const StreetQu
   std::vector<Candidate> same;
   for (const std::string& key : KeysOf(asked.street)) {
     for (KnownStreet& street : reader_.FindStreets(zip, key)) {
-      if (likeness.To(street.street) == Likeness::Same) {
+      if (likeness.IsSameAs(street.street)) {
         NumberFacts facts = reader_.FindNumber(street.id, asked.number);
         if (facts.IsKnown()) {
           same.push_back({std::move(street), Likeness::Same, std::move(facts)});
@@ -171,12 +171,14 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   const std::string key = StreetKey(asked.street.name);
   std::vector<KnownStreet> named;
   std::vector<Candidate> candidates[3];  // the same street, one mistake, more than one
-  for (KnownStreet& street : reader_.StreetsOf(zip)) {
-    const Likeness like = likeness.To(street.street);
-    const bool hasName = StreetKey(street.street.name) == key;
+  const StreetCache::Streets streets = reader_.StreetsOf(zip);
+  for (const ComparableStreet& there : *streets) {
+    const Likeness like = likeness.To(there);
+    const bool hasName = there.key == key;
     if (like < most || (like == Likeness::Different && !hasName)) {
       continue;  // nearly always
     }
+    const KnownStreet& street = there.known;
     if (hasName || like != Likeness::OneLetter) {
       named.push_back(street);
     }
@@ -186,7 +188,7 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
     if (facts.IsKnown() && like != Likeness::Different &&
         (whole || like != Likeness::ElementWrong)) {
       const size_t level = like == Likeness::Same ? 0 : like == Likeness::ElementsMissing ? 2 : 1;
-      candidates[level].push_back({std::move(street), like, std::move(facts)});
+      candidates[level].push_back({street, like, std::move(facts)});
     }
   }
   for (std::vector<Candidate>& level : candidates) {

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_POSTAL_BASE_STREETNAME_H_
 #define POSTWRIGHT_POSTAL_BASE_STREETNAME_H_
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,12 @@ struct StreetName {
   std::string urbanization;  // Puerto Rico alone: "URB LAS GLADIOLAS"
 
   bool operator==(const StreetName&) const = default;
+};
+
+// A street of an address base, by its row there; 0 for one that has none.
+struct KnownStreet {
+  int64_t id = 0;
+  StreetName street;
 };
 
 // Returns the street of a delivery line.

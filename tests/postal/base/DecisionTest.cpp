@@ -249,6 +249,7 @@ TEST(StreetLikenessTest, TellsHowTwoStreetsDiffer) {
   for (const auto& row : rows) {
     EXPECT_EQ(StreetLikeness(row.asked).To(row.known), row.likeness)
         << ComposeStreet(row.asked) << " | " << ComposeStreet(row.known);
+    EXPECT_EQ(StreetLikeness(row.asked).IsSameAs(row.known), row.likeness == Same);
   }
 }
 
