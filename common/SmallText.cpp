@@ -7,14 +7,12 @@
 namespace postwright {
 namespace {
 
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-
 constexpr std::array<int8_t, 256> kHexValues = [] {
   std::array<int8_t, 256> values = {};
   values.fill(-1);
   for (int8_t value = 0; value < 16; ++value) {
-    values[static_cast<unsigned char>(kHexDigits[value])] = value;
-    values[static_cast<unsigned char>("0123456789abcdef"[value])] = value;
+    values[static_cast<unsigned char>(kUpperHexDigits[value])] = value;
+    values[static_cast<unsigned char>(kLowerHexDigits[value])] = value;
   }
   return values;
 }();
@@ -49,7 +47,7 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
 
 void AppendEscape(char byte, std::string& text) {
   const auto value = static_cast<unsigned char>(byte);
-  text += {'%', kHexDigits[value >> 4U], kHexDigits[value & 15U]};
+  text += {'%', kUpperHexDigits[value >> 4U], kUpperHexDigits[value & 15U]};
 }
 
 std::optional<char> EscapeAt(std::string_view text, std::size_t at) {

@@ -10,6 +10,10 @@ namespace postwright {
 
 // Small knowledge on texts, in ASCII alone, whatever the locale. Pure, for any thread.
 
+// The digits by their values, for what is written.
+inline constexpr std::string_view kUpperHexDigits = "0123456789ABCDEF";
+inline constexpr std::string_view kLowerHexDigits = "0123456789abcdef";
+
 // Returns `text` without the characters of `blanks` at either end.
 std::string_view Trim(std::string_view text, std::string_view blanks = " \t\r\n");
 

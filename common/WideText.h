@@ -2,6 +2,7 @@
 #define POSTWRIGHT_COMMON_WIDETEXT_H_
 
 #include <boost/locale/encoding_utf.hpp>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -22,9 +23,24 @@ inline std::string Utf8FromWide(std::wstring_view text) {
   return boost::locale::conv::utf_to_utf<char>(text.data(), text.data() + text.size(), stop);
 }
 
-// The same, but what is no code point (half a surrogate pair) is left out.
+// Appends the UTF-8 form of one character; U+FFFD for what is no code point (half a surrogate
+// pair).
+inline void AppendUtf8(wchar_t character, std::string& text) {
+  namespace utf = boost::locale::utf;
+  constexpr utf::code_point kReplacement = 0xFFFD;
+  const auto point = static_cast<utf::code_point>(character);
+  utf::utf_traits<char>::encode(utf::is_valid_codepoint(point) ? point : kReplacement,
+                                std::back_inserter(text));
+}
+
+// The UTF-8 form of any text, for people to read.
 inline std::string Utf8FromAnyWide(std::wstring_view text) {
-  return boost::locale::conv::utf_to_utf<char>(text.data(), text.data() + text.size());
+  std::string shown;
+  shown.reserve(text.size());
+  for (const wchar_t character : text) {
+    AppendUtf8(character, shown);
+  }
+  return shown;
 }
 
 }  // namespace postwright

@@ -3,6 +3,7 @@
 #include "common/Loopback.h"
 #include "common/ShownText.h"
 #include "common/SmallText.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
@@ -29,6 +30,12 @@ TEST(ShownTextTest, TakesOutWhatMovesACursorOrTurnsText) {
   for (const auto& row : rows) {
     EXPECT_EQ(ShownText(row.text, "?", "\n"), row.shown);
   }
+}
+
+TEST(WideTextTest, LosesNothingOfABrokenText) {
+  const std::wstring broken = {L'a', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000),
+                               L'\xF1'};
+  EXPECT_EQ(Utf8FromAnyWide(broken), "a\xEF\xBF\xBD\xEF\xBF\xBD\xC3\xB1");
 }
 
 TEST(SmallTextTest, EscapesAndUnescapes) {

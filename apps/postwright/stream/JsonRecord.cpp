@@ -1,16 +1,11 @@
 #include "apps/postwright/stream/JsonRecord.h"
 
-#include <boost/locale/utf.hpp>
-#include <iterator>
+#include "common/SmallText.h"
+#include "common/WideText.h"
 
 namespace postwright {
 
 namespace {
-
-namespace utf = boost::locale::utf;
-
-constexpr utf::code_point kReplacement = 0xFFFD;
-constexpr std::string_view kHexDigits = "0123456789abcdef";
 
 bool IsControl(wchar_t character) {
   return character < 0x20 || character == 0x7F;
@@ -29,8 +24,8 @@ void AppendControl(wchar_t character, std::string& line) {
       break;
     default:
       line += "\\u00";
-      line += kHexDigits[static_cast<unsigned>(character) >> 4U];
-      line += kHexDigits[static_cast<unsigned>(character) & 15U];
+      line += kLowerHexDigits[static_cast<unsigned>(character) >> 4U];
+      line += kLowerHexDigits[static_cast<unsigned>(character) & 15U];
   }
 }
 
@@ -43,9 +38,7 @@ void AppendCharacter(wchar_t character, std::string& line) {
   } else if (character < 0x80) {
     line += static_cast<char>(character);
   } else {
-    const auto point = static_cast<utf::code_point>(character);
-    utf::utf_traits<char>::encode(utf::is_valid_codepoint(point) ? point : kReplacement,
-                                  std::back_inserter(line));
+    AppendUtf8(character, line);
   }
 }
 
