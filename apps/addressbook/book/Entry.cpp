@@ -37,4 +37,19 @@ bool hasAddress(const Entry& entry) {
   return entry.label.contains(QLatin1Char('\n')) || tables::readPlace(entry.label).has_value();
 }
 
+int urgency(CheckState state) {
+  switch (state) {
+    case CheckState::Failed:
+      return 0;
+    case CheckState::NotChecked:
+      return 1;
+    case CheckState::DueAgain:
+      return 2;
+    case CheckState::Right:
+    case CheckState::Foreign:
+      break;
+  }
+  return 3;
+}
+
 }  // namespace postwright::addressbook

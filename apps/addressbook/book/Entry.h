@@ -42,6 +42,9 @@ enum class CheckState {
   Foreign,     // in another country: never asked about
 };
 
+// Returns the place of a state where what needs the user's attention comes first, from 0.
+int urgency(CheckState state);
+
 // Returns what stays the same of a label when only case, spacing or punctuation changes: a digest
 // of its letters and digits. 20 bytes.
 QByteArray textFingerprint(const QString& label);

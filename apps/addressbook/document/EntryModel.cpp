@@ -14,22 +14,6 @@ namespace {
 // Removing more runs of rows than this one by one is slower than laying the table out anew.
 constexpr qsizetype kMostRuns = 50;
 
-// First what needs the user's attention.
-int urgency(CheckState state) {
-  switch (state) {
-    case CheckState::Failed:
-      return 0;
-    case CheckState::NotChecked:
-      return 1;
-    case CheckState::DueAgain:
-      return 2;
-    case CheckState::Right:
-    case CheckState::Foreign:
-      break;
-  }
-  return 3;
-}
-
 // A tool tip is read as HTML where it looks like it, and a label may hold anything.
 QString asToolTip(const QString& label) {
   return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(label.toHtmlEscaped());
