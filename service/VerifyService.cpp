@@ -133,8 +133,8 @@ VerifyService::~VerifyService() {
 
 void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
   if (request.path != path_) {
-    return respond({404, "text/plain; charset=UTF-8",
-                    "Nothing is here. Ask for " + path_ + "?API=Verify&XML=...\n", "path=other"});
+    return respond(TextReply(404, "Nothing is here. Ask for " + path_ + "?API=Verify&XML=...\n",
+                             "path=other"));
   }
   const FormFields query(JoinCutReferences(request.query));
   const FormFields body(JoinCutReferences(request.body));

@@ -211,9 +211,7 @@ ServiceFault Gateway::TurnAway(FaultKind kind, std::optional<Clock::Time> resume
   }
   ServiceFault fault = ExplainFault(kind, clock_.DateOf(*resumesAt));
   const Clock::Time now = clock_.Now();
-  const auto pause = pace_.PauseAt(now);
-  // A pause that the gateway makes up for an upstream that fails promises nothing.
-  if (kind == FaultKind::BudgetSpent || kind == FaultKind::Quota || (pause && pause->retryAfter)) {
+  if (pace_.IsPromised(now, kind)) {
     fault.retryAfter = std::chrono::ceil<std::chrono::seconds>(*resumesAt - now);
   }
   return fault;
@@ -344,12 +342,6 @@ Gateway::Deliveries Gateway::TakeLost(Clock::Time now, Clock::Time* next) {
     at = isOver ? flights_.erase(at) : std::next(at);
   }
   return lost;
-}
-
-void Gateway::Deliver(Deliveries deliveries) {
-  for (Delivery& delivery : deliveries) {
-    delivery.done(std::move(delivery.answer));
-  }
 }
 
 }  // namespace postwright::service

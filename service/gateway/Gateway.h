@@ -107,7 +107,11 @@ class Gateway final : public AnswerSource {
   void Expire();
   void Call(const FlightPointer& flight);
   UpstreamOutcome AskUpstream(const RequestAddress& normal);
-  static void Deliver(Deliveries deliveries);
+  static void Deliver(Deliveries deliveries) {
+    for (Delivery& delivery : deliveries) {
+      delivery.done(std::move(delivery.answer));
+    }
+  }
 
   Upstream& upstream_;
   const Zips zips_;

@@ -37,6 +37,11 @@ FaultKind Pace::ReasonAt(Clock::Time now, size_t ahead) {
   return ReadyAt(now, ahead) == pausedUntil_ ? pause_.kind : FaultKind::BudgetSpent;
 }
 
+bool Pace::IsPromised(Clock::Time now, FaultKind reason) const {
+  return reason == FaultKind::BudgetSpent || reason == FaultKind::Quota ||
+         (pausedUntil_ > now && pause_.retryAfter);
+}
+
 bool Pace::End(Clock::Time now, const UpstreamOutcome& outcome) {
   if (outcome.calls == 0) {
     budget_.GiveBack();

@@ -25,6 +25,10 @@ class Pace {
   // Returns why it cannot be made earlier.
   FaultKind ReasonAt(Clock::Time now, size_t ahead);
 
+  // Says whether the time at which a call can be made is promised: the budget's, or the upstream's
+  // own. A pause that is made up for an upstream that fails promises nothing.
+  bool IsPromised(Clock::Time now, FaultKind reason) const;
+
   // Books a call that begins, or was made before a restart.
   void Begin(Clock::Time at) { budget_.Take(at); }
 

@@ -13,8 +13,8 @@ constexpr int kInternalError = 500;
 struct Guard {
   explicit Guard(std::shared_ptr<Exchange> owner) : exchange(std::move(owner)) {}
   ~Guard() {
-    exchange->Answer({kInternalError, "text/plain; charset=UTF-8",
-                      "The service could not answer. Try again.\n", "failure=\"no answer\""});
+    exchange->Answer(TextReply(kInternalError, "The service could not answer. Try again.\n",
+                               "failure=\"no answer\""));
   }
   Guard(const Guard&) = delete;
   Guard& operator=(const Guard&) = delete;

@@ -30,6 +30,11 @@ struct HttpReply {
   std::chrono::seconds retryAfter = std::chrono::seconds(0);
 };
 
+// A reply of plain text, for people.
+inline HttpReply TextReply(int status, std::string text, std::string note = "") {
+  return {status, "text/plain; charset=UTF-8", std::move(text), std::move(note)};
+}
+
 // Gives the answer to one request, from any thread and at any time, also when the server is no
 // more. Of several answers the first counts. When the last copy is gone and none was given, the
 // client is told that the service failed.

@@ -28,10 +28,6 @@ constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
 constexpr int kInternalError = 500;
 
-HttpReply TextReply(int status, std::string text) {
-  return {status, "text/plain; charset=UTF-8", std::move(text), ""};
-}
-
 // The methods that are known, by their own text; nothing that a client made up goes into a log.
 std::string KnownMethod(const std::string& method) {
   return method == "GET" || method == "HEAD" || method == "POST" ? method : "other";

@@ -160,13 +160,13 @@ std::optional<HttpReply> StatusPages::Answer(const HttpRequest& request) const {
   }
   const std::string note = isStatus ? "path=status" : "path=metrics";
   if (!IsAllowed(request)) {
-    return HttpReply{
-        kForbidden, "text/plain; charset=UTF-8",
+    return TextReply(
+        kForbidden,
         "This page is shown on the service's own machine alone, for an address of it.\n"
         "--open-status HOST shows it to whoever asks for HOST.\n",
-        note};
+        note);
   }
-  return isStatus ? HttpReply{200, "text/plain; charset=UTF-8", Status(), note}
+  return isStatus ? TextReply(200, Status(), note)
                   : HttpReply{200, "text/plain; version=0.0.4; charset=utf-8", Metrics(), note};
 }
 
