@@ -64,6 +64,21 @@ QString bareLine(const QString& line, const PostwrightClient& client) {
          addOn.captured().trimmed();
 }
 
+// Every one that the client takes for the end of a line, and writes as a line feed.
+bool isLineBreak(QChar c) {
+  return QStringView(u"\n\r\u0085\u2028\u2029").contains(c);
+}
+
+qsizetype lineEnd(const QString& text, qsizetype at) {
+  return std::find_if(text.begin() + at, text.end(), isLineBreak) - text.begin();
+}
+
+QString lineInCase(QString line, const PostwrightClient& client) {
+  const QString words = line.trimmed();
+  return words.isEmpty() ? line
+                         : line.replace(line.indexOf(words), words.size(), client.fixCase(words));
+}
+
 bool isName(const QString& line) {
   return std::none_of(line.begin(), line.end(), [](QChar c) { return c.isDigit(); });
 }
@@ -106,18 +121,22 @@ QString addressInForm(const QString& address, PunctuationForm punctuation,
 }
 
 QString labelInCase(const QString& text, const PostwrightClient& client) {
-  QStringList lines = text.split(u'\n');
-  for (QString& line : lines) {
-    const QString words = line.trimmed();
-    if (!words.isEmpty()) {
-      line.replace(line.indexOf(words), words.size(), client.fixCase(words));
+  QString changed;
+  changed.reserve(text.size());
+  for (qsizetype at = 0; at < text.size();) {
+    const qsizetype end = lineEnd(text, at);
+    changed += lineInCase(text.mid(at, end - at), client);
+    at = end;
+    for (; at < text.size() && isLineBreak(text[at]); ++at) {
+      changed += text[at];
     }
   }
-  return lines.join(u'\n');
+  return changed;
 }
 
 QString withNamesAsTyped(const QString& corrected, const QString& typed) {
-  static const QRegularExpression kLineBreak(QStringLiteral("\\s*[\r\n]+\\s*"));
+  static const QRegularExpression kLineBreak(
+      QStringLiteral(R"(\s*[\n\v\f\r\x{85}\x{2028}\x{2029}]+\s*)"));
   QStringList lines = corrected.split(u'\n');
   const QStringList names = typed.trimmed().split(kLineBreak, Qt::SkipEmptyParts);
   PutNamesBack(lines.begin(), lines.end(), names.begin(), names.end());

@@ -49,12 +49,22 @@ void LabelFormTest::leavesOutWhatTheFormLeavesOut() {
 }
 
 void LabelFormTest::putsALabelInCase() {
+  const QString labels[] = {
+      u"  Jo's  co. \r\n\t\n12 main st \na a"_qs,
+      u"jo\u2028 12 main st \u2029a\u0085b\rc\vd\fe\u2028\u2028"_qs,
+      u"\r jo\n\r\n"_qs,
+      u""_qs,
+  };
   PostwrightClient client;
   client.setRemovePunctuation(false);
-  const QString label = u"  Jo's  co. \r\n\t\n12 main st \na a"_qs;
-  QCOMPARE(labelInCase(label, client), u"  JO'S  CO. \r\n\t\n12 MAIN ST \nA A"_qs);
-  client.setCapitalization(CapitalizationLower);
-  QCOMPARE(labelInCase(label, client), u"  jo's  co. \r\n\t\n12 main st \na a"_qs);
+  for (const QString& label : labels) {
+    client.setCapitalization(CapitalizationUpper);
+    QCOMPARE(labelInCase(label, client), label.toUpper());
+    client.setCapitalization(CapitalizationLower);
+    QCOMPARE(labelInCase(label, client), label.toLower());
+    client.setCapitalization(CapitalizationMixed);
+    QCOMPARE(labelInCase(label, client).toLower(), label.toLower());
+  }
 }
 
 void LabelFormTest::putsNamesBackAsTyped_data() {
@@ -74,6 +84,9 @@ void LabelFormTest::putsNamesBackAsTyped_data() {
       << u"3m co\n12 main st\nx"_qs << u"3M CO\n12 MAIN ST\nX"_qs << u"3M CO\n12 MAIN ST\nx"_qs;
   QTest::newRow("accents typed apart")
       << u"Jose\u0301\n1 a"_qs << u"JOSÉ\n1 A"_qs << u"Jose\u0301\n1 A"_qs;
+  QTest::newRow("rare line breaks")
+      << u"Jo Smith\u2028Acme, Inc.\u2029 12 main st\vAustin, TX 78701\u0085ring!"_qs << corrected
+      << u"Jo Smith\nAcme, Inc.\n12 MAIN ST\nAUSTIN TX 78701\nring!"_qs;
   QTest::newRow("fewer lines than typed") << u"Jo\nAnn\n1 a"_qs << u"JO"_qs << u"Jo"_qs;
 }
 
