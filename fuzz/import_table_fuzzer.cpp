@@ -1,6 +1,6 @@
 // Bytes of a source of addresses (CSV with a heading, the National Address Database, the Census
 // Bureau's table or its archive). Every row is read or left out with a reason; read on from a place
-// in the middle, the rows behind it are the same; a house number in standard form stays so.
+// in the middle, the rows behind it are the same; house number and unit in standard form stay so.
 
 #include <algorithm>
 
@@ -34,7 +34,8 @@ void CheckStandard(const AddressRow& row) {
   reader.ReadStreet(row);
   const std::string number = reader.ReadNumber(row[Field::Number]);
   Require(number.empty() || reader.ReadNumber(number) == number, "a standard number stays so");
-  reader.ReadUnit(row[Field::Unit]);
+  const std::string unit = reader.ReadUnit(row[Field::Unit]);
+  Require(reader.ReadUnit(unit) == unit, "a standard unit stays so");
 }
 
 std::vector<ReadRow> RowsOf(RowSource& source, std::size_t most) {

@@ -23,6 +23,20 @@ Words WordsOf(const std::string& text) {
   return folded ? SplitLine(*folded) : Words();
 }
 
+// What is no unit by itself is the number of one: "4", "# HOUSE". None of signs alone.
+Words StandardUnit(Words words) {
+  if (const auto unit = ReadUnitLine(words)) {
+    return *unit;
+  }
+  words.erase(words.begin(), std::find_if(words.begin(), words.end(),
+                                          [](const std::string& word) { return word != "#"; }));
+  if (words.empty()) {
+    return words;
+  }
+  words.insert(words.begin(), "#");
+  return ReadUnitLine(words).value_or(words);
+}
+
 }  // namespace
 
 std::string RowReader::PlaceZip(const AddressRow& row, std::string& state) const {
@@ -93,12 +107,7 @@ const std::string& RowReader::ReadUnit(const std::string& text) {
   if (units_.size() >= kMostUnitsKept) {
     units_.clear();
   }
-  const Words words = WordsOf(text);
-  const auto unit = ReadUnitLine(words);
-  const std::string standard = unit            ? JoinWords(*unit)
-                               : words.empty() ? std::string()
-                                               : "# " + JoinWords(words);
-  return units_.emplace(text, standard).first->second;
+  return units_.emplace(text, JoinWords(StandardUnit(WordsOf(text)))).first->second;
 }
 
 }  // namespace postwright::postal

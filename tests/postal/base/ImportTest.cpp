@@ -6,6 +6,7 @@
 #include <array>
 
 #include "postal/import/BaseBuilder.h"
+#include "postal/import/RowReader.h"
 #include "tests/postal/base/SampleBase.h"
 #include "tests/support/TempFolder.h"
 
@@ -166,6 +167,27 @@ TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
     EXPECT_EQ(importer.Run(false, {}), Importer::End::Done);
     EXPECT_EQ(importer.Faults(), row.faults);
     EXPECT_EQ(importer.Counts().points + importer.Counts().ranges, row.taken);
+  }
+}
+
+// And a unit in standard form stays so: bases are imported from bases.
+TEST_F(ImportTest, BringsUnitsIntoStandardForm) {
+  constexpr const char* kUnits[][2] = {
+      {"", ""},
+      {"#", ""},
+      {"4", "# 4"},
+      {"apartment 4", "APT 4"},
+      {"house", "# HOUSE"},
+      {"# # house", "# HOUSE"},
+      {"4 rear", "# 4 REAR"},
+      {"4 apartment 5", "# 4 APT 5"},
+      {"second floor", "FL 2"},
+      {"Ленина", ""},
+  };
+  RowReader reader(zips_);
+  for (const auto& [given, standard] : kUnits) {
+    EXPECT_EQ(reader.ReadUnit(given), standard);
+    EXPECT_EQ(reader.ReadUnit(standard), standard);
   }
 }
 
