@@ -5,11 +5,14 @@
 #include <cstring>
 #include <new>
 
+#include "common/Encoding.h"
+
 namespace postwright::postal {
 namespace {
 
 constexpr size_t kBuffer = 1024 * 1024;
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
+constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
+constexpr size_t kUtf16Mark = 2;
 
 // The states of libcsv's parser that are needed here; its header does not name them.
 constexpr int kRowNotBegun = 0;
@@ -31,6 +34,7 @@ CsvRows::CsvRows(const std::filesystem::path& file)
   if (csv_init(&parser_, CSV_APPEND_NULL) != 0) {
     throw std::bad_alloc();
   }
+  ReadMark();
   csv_set_delim(&parser_, static_cast<unsigned char>(GuessDelimiter()));
 }
 
@@ -38,14 +42,26 @@ CsvRows::~CsvRows() {
   csv_free(&parser_);
 }
 
+void CsvRows::ReadMark() {
+  char head[3];
+  const std::string_view begin(head, std::fread(head, 1, sizeof head, file_.get()));
+  for (const std::string_view mark : kMarks) {
+    if (begin.starts_with(mark)) {
+      mark_ = mark;
+      isUtf16_ = mark.size() == kUtf16Mark;
+    }
+  }
+}
+
 char CsvRows::GuessDelimiter() {
   constexpr std::string_view kDelimiters = ",\t|;";
+  const RowPlace begin = {static_cast<int64_t>(mark_.size()), 1};
+  GoTo(begin);
   ReadLine();
-  const size_t mark = text_.starts_with(kMark) ? kMark.size() : 0;
   const char best = *std::max_element(kDelimiters.begin(), kDelimiters.end(), [&](char a, char b) {
     return std::count(text_.begin(), text_.end(), a) < std::count(text_.begin(), text_.end(), b);
   });
-  GoTo({static_cast<int64_t>(mark), 1});
+  GoTo(begin);
   return best;
 }
 
@@ -76,14 +92,39 @@ bool CsvRows::Next() {
   return rowDone_;
 }
 
+int CsvRows::ReadUnit() {
+  const int first = getc_unlocked(file_.get());
+  if (!isUtf16_ || first == EOF) {
+    return first;
+  }
+  const int second = getc_unlocked(file_.get());
+  const bool isBigEndian = mark_ == kMarks[2];
+  return second == EOF ? EOF : isBigEndian ? first << 8 | second : second << 8 | first;
+}
+
+int CsvRows::TakeUnit() {
+  const int unit = ahead_;
+  if (unit != EOF) {
+    position_ += isUtf16_ ? 2 : 1;
+    ahead_ = ReadUnit();
+  }
+  return unit;
+}
+
 // Reads one line with its end; of an overlong one no more than shows that it is.
 bool CsvRows::ReadLine() {
   text_.clear();
-  for (int c = 0; c != '\n' && (c = getc_unlocked(file_.get())) != EOF;) {
-    ++position_;
-    if (text_.size() <= kLongestRow) {
-      text_ += static_cast<char>(c);
+  for (int c = 0; c != '\n' && (c != '\r' || ahead_ == '\n') && (c = TakeUnit()) != EOF;) {
+    if (text_.size() > kLongestRow) {
+      continue;
     }
+    if (isUtf16_) {
+      text_ += static_cast<char>(c >> 8);
+    }
+    text_ += static_cast<char>(c);
+  }
+  if (isUtf16_ && !text_.empty()) {
+    text_ = DecodeDocument("\xFE\xFF" + text_);
   }
   if (std::ferror(file_.get()) != 0) {
     throw SourceError(name_ + ": cannot be read to its end: " + std::strerror(errno));
@@ -126,6 +167,7 @@ void CsvRows::GoTo(const RowPlace& place) {
   if (fseeko(file_.get(), place.position, SEEK_SET) != 0) {
     throw SourceError(name_ + ": cannot be read from the middle: " + std::strerror(errno));
   }
+  ahead_ = ReadUnit();
   position_ = place.position;
   line_ = place.line;
 }

@@ -26,7 +26,9 @@ class CsvRows {
   static constexpr size_t kLongestRow = 64 * 1024;  // bytes
 
   // The delimiter is a comma, or what stands there in the first line more often: a tab, a vertical
-  // bar, a semicolon. A byte-order mark is passed over. Throws SourceError.
+  // bar, a semicolon. A byte-order mark is passed over; that of UTF-16 has the rows turned into
+  // UTF-8 (what is no character there into U+FFFD). A line ends in LF, CR LF or CR, whatever the
+  // others end in. Throws SourceError.
   explicit CsvRows(const std::filesystem::path& file);
   ~CsvRows();
   CsvRows(const CsvRows&) = delete;
@@ -48,6 +50,9 @@ class CsvRows {
   static void OnCell(void* text, size_t length, void* self);
   static void OnRow(int, void* self);
 
+  void ReadMark();
+  int ReadUnit();
+  int TakeUnit();
   bool ReadLine();
   void Feed();
   bool IsBetweenRows() const;
@@ -59,6 +64,9 @@ class CsvRows {
   std::string name_;
   std::unique_ptr<FILE, Close> file_;
   int64_t end_ = 0;
+  std::string mark_;  // of byte order, at the beginning of the file
+  bool isUtf16_ = false;
+  int ahead_ = 0;         // the byte at position_, or the unit of UTF-16; EOF at the end
   int64_t position_ = 0;  // behind the lines that were read
   int64_t line_ = 1;
   std::string text_;  // the line that was read last

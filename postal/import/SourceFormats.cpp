@@ -15,9 +15,11 @@ namespace {
 
 constexpr size_t kHead = 4096;  // bytes
 
-// Text has no zero byte, but a row that is broken may have one: the first line is looked at alone.
+// Text has no zero byte but in UTF-16, which is marked. A row that is broken may have one: the
+// first line is looked at alone.
 bool IsText(std::string_view head) {
-  return head.substr(0, head.find('\n')).find('\0') == std::string_view::npos;
+  return head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF") ||
+         head.substr(0, head.find('\n')).find('\0') == std::string_view::npos;
 }
 
 std::unique_ptr<RowSource> OpenTiger(const std::filesystem::path& file,

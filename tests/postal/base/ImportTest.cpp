@@ -26,6 +26,23 @@ std::string ManyRows(int count) {
   return rows;
 }
 
+std::string Repeated(const std::string& row, int count) {
+  std::string rows;
+  for (int i = 0; i < count; ++i) {
+    rows += row;
+  }
+  return rows;
+}
+
+// Latin-1 as UTF-16 with its mark.
+std::string InUtf16(const std::string& text, bool isBigEndian) {
+  std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
+  for (const char c : text) {
+    bytes += isBigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  }
+  return bytes;
+}
+
 // What a base knows, whatever numbers its rows have.
 std::string Content(const std::string& file) {
   SqliteFile base = SqliteFile::OpenUnchanging(file);
@@ -153,6 +170,10 @@ TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
        std::string("1,MAIN\0 ST,,,,00011,,\n", 22) + std::string(9, '\0') + "\n" + good,
        {0, 1},
        2},
+      {"lone carriage returns", "1,A ST,,,,00011,,\r2,A ST,,,,00011,,\r\r3,A ST,,,,00011", {}, 3},
+      {"mixed line ends", good + "1,A ST,,,,00011,,\r\n" + good + "\r2,B ST,,,,00011,,\r", {}, 4},
+      {"lone carriage returns, many", Repeated("1,A ST,,,,00011,,\r", 10'000), {}, 10'000},
+      {"within a cell", "1,\"A\rST\",,,,00011,,\r2,\"A\r\nST\",,,,00011,,\n", {}, 2},
       {"Latin-1",
        "1,PE\xD1"
        "A ST,,,,00011,,\n",
@@ -229,6 +250,28 @@ TEST_F(ImportTest, ReadsTheFormatsThatItKnows) {
   const AddressBase base(folder_.File("base"));
   const StreetName street = base.Borrow()->FindStreets("00014", "MILL").at(0).street;
   EXPECT_EQ(ComposeStreet(street), "S MILL ST NW");
+}
+
+// As spreadsheets save "Unicode text"; what was begun goes on in the middle of it.
+TEST_F(ImportTest, ReadsUtf16) {
+  const std::string rows = ManyRows(70'000) +
+                           "1,PE\xD1"
+                           "A ST,,MILLRACE,OH,00011,,\r";
+  Run("latin", "many", folder_.Write("latin.txt", rows));
+  for (const bool isBigEndian : {false, true}) {
+    const std::string file = folder_.Write("rows.txt", InUtf16(rows, isBigEndian));
+    const std::string base = isBigEndian ? "big" : "little";
+    RunAndKill(base, file,
+               {[](const Importer::Progress& progress) {
+                  if (progress.counts.points > 66'000) {
+                    raise(SIGKILL);
+                  }
+                },
+                {},
+                {}});
+    Run(base, "many", file);
+    EXPECT_TRUE(Content(folder_.File(base)) == Content(folder_.File("latin")));
+  }
 }
 
 // What a source writes where it does not know is no city and no ZIP+4.
