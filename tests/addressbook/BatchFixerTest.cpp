@@ -112,6 +112,7 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
 void BatchFixerTest::asksTheServerOfTheOptions() {
   SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "127.0.0.1"});
   BatchFixer fixer({});
+  QCOMPARE(BatchFixer("a.example").usualServer(), "a.example");
   FixSettings options{
       TextCase::Mixed, Punctuation::Keep, Names::SameCase, {}, QString::fromStdString(_server)};
   press("bnUpdate");
@@ -119,6 +120,7 @@ void BatchFixerTest::asksTheServerOfTheOptions() {
   const QList<FixOutcome> outcomes = fixer.fix({label}, options, nullptr);
   QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");
   QCOMPARE(GetDeployment().verifyHost, _server);
+  QCOMPARE(fixer.usualServer(), "127.0.0.1:1");
 }
 
 }  // namespace postwright::addressbook

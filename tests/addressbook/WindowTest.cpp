@@ -46,6 +46,7 @@ class ScriptedFixer final : public AddressFixer {
     asked = labels;
     return outcomes;
   }
+  QString usualServer() const override { return QStringLiteral("verify.example:80"); }
 
   QStringList asked;
   QList<FixOutcome> outcomes;
@@ -79,6 +80,7 @@ class WindowTest : public QObject {
   void exportsOverNothingUnasked();
   void leavesWhenSavedElsewhere();
   void printsFromTheLabelChosen();
+  void namesTheServerThatIsAsked();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
   void takesBigBooks();
@@ -520,6 +522,16 @@ void WindowTest::printsFromTheLabelChosen() {
   trigger("print");
   QVERIFY(bytes("labels.pdf").startsWith("%PDF"));
   QCOMPARE(Preferences::load().sheet.name, "letter-10");
+}
+
+void WindowTest::namesTheServerThatIsAsked() {
+  QTimer::singleShot(0, this, [this] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    const auto leave = qScopeGuard([dialog] { dialog->close(); });
+    QCOMPARE(find<QLineEdit>("server", dialog)->placeholderText(),
+             QStringLiteral("the usual one: verify.example:80"));
+  });
+  trigger("preferences");
 }
 
 void WindowTest::opensWhatIsDropped() {

@@ -28,7 +28,8 @@ QLabel* makeHint(const QString& text, QWidget* parent) {
 
 }  // namespace
 
-PreferencesDialog::PreferencesDialog(const Preferences& preferences, QWidget* parent)
+PreferencesDialog::PreferencesDialog(const Preferences& preferences, const QString& usualServer,
+                                     QWidget* parent)
     : QDialog(parent), _preferences(preferences) {
   setWindowTitle(tr("Preferences"));
   auto* const buttons = new QDialogButtonBox(this);
@@ -36,7 +37,7 @@ PreferencesDialog::PreferencesDialog(const Preferences& preferences, QWidget* pa
   buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(buildLook());
-  layout->addWidget(buildService());
+  layout->addWidget(buildService(usualServer));
   layout->addWidget(buildWindow());
   layout->addStretch(1);
   layout->addWidget(buttons);
@@ -63,12 +64,12 @@ QWidget* PreferencesDialog::buildLook() {
   return group;
 }
 
-QWidget* PreferencesDialog::buildService() {
+QWidget* PreferencesDialog::buildService(const QString& usualServer) {
   auto* const group = new QGroupBox(tr("Verify service"), this);
   auto* const layout = new QFormLayout(group);
   _server = new QLineEdit(_preferences.fix.server, group);
   _server->setObjectName(QStringLiteral("server"));
-  _server->setPlaceholderText(tr("the usual one"));
+  _server->setPlaceholderText(tr("the usual one: %1").arg(usualServer));
   _serverProblem = makeHint(QString(), group);
   layout->addRow(tr("&Host:"), _server);
   layout->addRow(QString(), _serverProblem);

@@ -19,14 +19,16 @@ class PreferencesDialog : public QDialog {
   Q_OBJECT
 
  public:
-  explicit PreferencesDialog(const Preferences& preferences, QWidget* parent = nullptr);
+  // `usualServer` is the service that is asked where the settings name none.
+  PreferencesDialog(const Preferences& preferences, const QString& usualServer,
+                    QWidget* parent = nullptr);
 
   // The settings as the fields have them.
   Preferences preferences() const;
 
  private:
   QWidget* buildLook();
-  QWidget* buildService();
+  QWidget* buildService(const QString& usualServer);
   QWidget* buildWindow();
   void checkServer();
 

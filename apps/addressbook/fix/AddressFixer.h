@@ -51,6 +51,9 @@ class AddressFixer {
   // Blocks while the user reviews; `parent` is the window in front of which that happens.
   virtual QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                                 QWidget* parent) = 0;
+
+  // Returns the service that is asked where the options name none, with its port.
+  virtual QString usualServer() const = 0;
 };
 
 }  // namespace postwright::addressbook

@@ -100,6 +100,10 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& 
   return outcomes;
 }
 
+QString BatchFixer::usualServer() const {
+  return QString::fromStdString(_server.empty() ? _usual.verifyHost : _server);
+}
+
 // Between two windows no fix is under way, so the process may be pointed elsewhere.
 void BatchFixer::pointTo(const QString& server) const {
   if (!_server.empty()) {

@@ -20,12 +20,13 @@ class BatchFixer final : public AddressFixer {
 
   QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                         QWidget* parent) override;
+  QString usualServer() const override;
 
  private:
   void pointTo(const QString& server) const;
 
   std::string _server;
-  Deployment _usual;  // what the library was built for
+  Deployment _usual;  // what the library was built for, or the environment names
 };
 
 }  // namespace postwright::addressbook

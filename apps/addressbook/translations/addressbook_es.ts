@@ -794,8 +794,8 @@ Ciudad, estado y código ZIP</translation>
         <translation>Servicio Verify</translation>
     </message>
     <message>
-        <source>the usual one</source>
-        <translation>el habitual</translation>
+        <source>the usual one: %1</source>
+        <translation>el habitual: %1</translation>
     </message>
     <message>
         <source>&amp;Host:</source>

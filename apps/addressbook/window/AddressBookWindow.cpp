@@ -42,7 +42,8 @@ QString droppedFile(const QMimeData* data) {
 }  // namespace
 
 AddressBookWindow::AddressBookWindow(AddressFixer& fixer)
-    : _model(_document.book()),
+    : _fixer(fixer),
+      _model(_document.book()),
       _actions(this, _document.undoStack()),
       _files(new FileController(_document, this)),
       _fixes(new FixController(_document, fixer, this)),
@@ -207,7 +208,7 @@ void AddressBookWindow::print() {
 }
 
 void AddressBookWindow::editPreferences() {
-  PreferencesDialog dialog(Preferences::load(), this);
+  PreferencesDialog dialog(Preferences::load(), _fixer.usualServer(), this);
   if (dialog.exec() == QDialog::Accepted) {
     dialog.preferences().save();
     takePreferences();

@@ -61,6 +61,7 @@ class AddressBookWindow : public QMainWindow {
   void refreshPages();
   void restoreLayout();
 
+  AddressFixer& _fixer;
   BookDocument _document;
   EntryModel _model;
   WindowActions _actions;
