@@ -9,8 +9,8 @@ namespace postwright {
 enum FetchOutcome : std::int32_t {
   FetchOutcomeUnknown = 0,    // nothing was fetched, or by services that do not tell
   FetchOutcomeAnswered = 1,   // over HTTP, whatever its status
-  FetchOutcomeNoNetwork = 2,  // the host that stands for the network is out of reach: nothing asked
-  FetchOutcomeNotResolved = 3,  // the host's name has no address
+  FetchOutcomeNoNetwork = 2,  // no way to the host, or nobody to look up its name: nothing asked
+  FetchOutcomeNotResolved = 3,  // there is no such host, or it has no address
   FetchOutcomeRefused = 4,      // no connection, or none that may be trusted
   FetchOutcomeTimedOut = 5,
   FetchOutcomeBrokeOff = 6,   // the connection ended before the answer did

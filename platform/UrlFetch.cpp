@@ -1,6 +1,7 @@
 #include "platform/UrlFetch.h"
 
 #include <postwright/FetchTimeout.h>
+#include <postwright/NetworkReachability.h>
 
 #include <new>
 #include <optional>
@@ -44,6 +45,20 @@ FetchOutcome OutcomeOf(HttpOutcome outcome) {
   return FetchOutcomeUnknown;
 }
 
+// The host of `url`, with a port where it has one.
+std::string HostOf(const std::string& url) {
+  const std::size_t scheme = url.find("://");
+  const std::size_t begin = scheme == std::string::npos ? 0 : scheme + 3;
+  const std::string host = url.substr(begin, url.find_first_of("/?#", begin) - begin);
+  return host.substr(host.rfind('@') + 1);
+}
+
+// libcurl does not say whether there is no such name or nobody who could know it.
+FetchOutcome WhyNotResolved(const std::string& url) {
+  const FetchOutcome why = WhyUnreachable(HostOf(url));
+  return why == FetchOutcomeNoNetwork ? why : FetchOutcomeNotResolved;
+}
+
 }  // namespace
 
 HttpLimits FetchLimits() {
@@ -61,7 +76,9 @@ std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& lim
         ThreadConnection().Send({.url = url, .headers = std::move(headers)}, limits);
     if (report != nullptr) {
       *report = {
-          OutcomeOf(reply.outcome), reply.status,
+          reply.outcome == HttpOutcome::NotResolved ? WhyNotResolved(url)
+                                                    : OutcomeOf(reply.outcome),
+          reply.status,
           static_cast<std::int32_t>(reply.retryAfter.value_or(std::chrono::seconds(0)).count())};
     }
     if (reply.outcome == HttpOutcome::Answered) {

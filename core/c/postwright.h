@@ -279,8 +279,8 @@ typedef struct postwright_report postwright_report;
 enum {
   POSTWRIGHT_FETCH_UNKNOWN = 0,      /* nothing was fetched, or by the host's own `read_url` */
   POSTWRIGHT_FETCH_ANSWERED = 1,     /* over HTTP, whatever its status */
-  POSTWRIGHT_FETCH_NO_NETWORK = 2,   /* there is no way to the host */
-  POSTWRIGHT_FETCH_NOT_RESOLVED = 3, /* the host's name has no address */
+  POSTWRIGHT_FETCH_NO_NETWORK = 2,   /* no way to the host, or nobody to look up its name */
+  POSTWRIGHT_FETCH_NOT_RESOLVED = 3, /* there is no such host, or it has no address */
   POSTWRIGHT_FETCH_REFUSED = 4,      /* no connection, or none that may be trusted */
   POSTWRIGHT_FETCH_TIMED_OUT = 5,
   POSTWRIGHT_FETCH_BROKE_OFF = 6,  /* the connection ended before the answer did */

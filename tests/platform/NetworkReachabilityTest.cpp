@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "common/FileDescriptor.h"
+#include "platform/UrlFetch.h"
 
 namespace postwright {
 
@@ -76,6 +77,11 @@ TEST(NetworkReachabilityTest, TellsNoSuchNameFromNoNetwork) {
   EXPECT_EQ(WhyUnreachable("host.example.:80"), FetchOutcomeNoNetwork);  // nobody knows
   EXPECT_EQ(WhyUnreachable("255.255.255.255"), FetchOutcomeNoNetwork);   // no route
   EXPECT_EQ(WhyUnreachable("127.0.0.1:80"), FetchOutcomeUnknown);
+  FetchReport fetch;
+  FetchUrl("http://gone.example.:80/x", FetchLimits(), &fetch);
+  EXPECT_EQ(fetch.outcome, FetchOutcomeNotResolved);
+  FetchUrl("http://me@host.example.:80/x", FetchLimits(), &fetch);
+  EXPECT_EQ(fetch.outcome, FetchOutcomeNoNetwork);
 }
 
 }  // namespace postwright
