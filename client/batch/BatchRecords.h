@@ -18,6 +18,7 @@ class BatchRecords {
   const BatchResultRecordList& all() const { return _records; }
   const ReviewCounts& counts() const { return _tally.counts(); }
   const QMap<QString, qsizetype>& reasons() const { return _tally.reasons(); }
+  QString whyUnanswered() const { return _tally.whyUnanswered(); }
 
   BatchResultRecordList fixed() const;
   BatchResultRecordList pending() const;

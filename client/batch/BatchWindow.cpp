@@ -166,19 +166,25 @@ void BatchWindow::showChanges() {
   showNumbers();
 }
 
-std::optional<QString> BatchWindow::progress() const {
+// How long the run has waited for the service, where that is long enough to be told.
+std::optional<std::chrono::seconds> BatchWindow::waited() const {
   constexpr std::chrono::seconds kNoticed{5};
+  const auto waited =
+      std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(_sinceAnswer.elapsed()));
+  const bool waits = options.waitsForService && runs.isListRunning() && waited >= kNoticed;
+  return waits ? std::optional(waited) : std::nullopt;
+}
+
+std::optional<QString> BatchWindow::progress() const {
   if (closing) {
     return localizedString("SStopping");
   }
   if (runs.isListRunning()) {
-    const auto waited =
-        std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(_sinceAnswer.elapsed()));
     const qsizetype total = runs.total();
     const std::chrono::milliseconds elapsed(_elapsed.elapsed());
-    if (options.waitsForService && waited >= kNoticed) {
+    if (const auto since = waited()) {
       return progressText(runs.done(), total, std::nullopt) + QStringLiteral(". ") +
-             waitingText(waited);
+             waitingText(*since);
     }
     return progressText(runs.done(), total, timeLeft(runs.done(), total, elapsed));
   }
@@ -190,13 +196,18 @@ std::optional<QString> BatchWindow::progress() const {
              : std::nullopt;
 }
 
+QString BatchWindow::banner() const {
+  const ReviewCounts& counts = records.counts();
+  if (_gaveUp && counts.pending > 0) {
+    return bannerText(counts, runs.whyUnanswered(), options.giveUpAfter);
+  }
+  return bannerText(counts, waited() ? runs.whyUnanswered() : records.whyUnanswered());
+}
+
 void BatchWindow::showNumbers() {
   const ReviewCounts& counts = records.counts();
   const bool running = runs.isListRunning();
-  view.showNumbers(
-      counts, progress(),
-      bannerText(counts, _gaveUp && counts.pending > 0 ? std::optional(options.giveUpAfter)
-                                                       : std::nullopt));
+  view.showNumbers(counts, progress(), banner());
   view.showReasons(records.reasons());
   Ui::Postwright& layout = view.layout();
   layout.bnStop->setVisible(options.keepsWork && running && !closing);

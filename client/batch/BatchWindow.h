@@ -71,6 +71,8 @@ class BatchWindow {
   void takeOut(const BatchResultRecordList& out);
   void takeIn(const BatchResultRecordList& back);
   std::optional<QString> progress() const;
+  std::optional<std::chrono::seconds> waited() const;
+  QString banner() const;
 
   bool _gaveUp = false;
   QElapsedTimer _elapsed;

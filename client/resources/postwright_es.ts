@@ -1360,7 +1360,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>No se encontró ninguna dirección. Escriba la calle, o el apartado, en una línea y la ciudad, el estado y el código ZIP en la siguiente.</translation>
     </message>
     <message id="SCore-failure-no-network">
-        <translation>No hay conexión a internet: no hay camino a %1, o no existe ese equipo. Revise la red y el nombre del servidor.</translation>
+        <translation>No hay conexión a internet: no hay camino a %1, o nadie que busque su nombre. Revise la red.</translation>
     </message>
     <message id="SCore-failure-not-resolved">
         <translation>No existe el equipo %1. Revise el nombre del servidor.</translation>

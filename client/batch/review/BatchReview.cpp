@@ -169,10 +169,14 @@ void ReviewTally::update(const BatchResultRecord& record) {
   const bool formed = record.isFormed();
   remove(record);
   const QString reason = kind >= Error ? values.failure() : QString();
-  _counted.insert(&record, {kind, formed, reason});
+  const QString outage = kind >= NotAsked ? values.remark : QString();
+  _counted.insert(&record, {kind, formed, reason, outage});
   count(kind, formed, 1, _counts);
   if (kind >= Error) {
     ++_reasons[reason];
+  }
+  if (kind >= NotAsked) {
+    ++_outages[outage];
   }
 }
 
@@ -181,11 +185,14 @@ void ReviewTally::remove(const BatchResultRecord& record) {
   if (known == _counted.constEnd()) {
     return;
   }
-  const auto [kind, formed, reason] = *known;
+  const auto [kind, formed, reason, outage] = *known;
   _counted.erase(known);
   count(static_cast<Kind>(kind), formed, -1, _counts);
   if (kind >= Error && --_reasons[reason] == 0) {
     _reasons.remove(reason);
+  }
+  if (kind >= NotAsked && --_outages[outage] == 0) {
+    _outages.remove(outage);
   }
 }
 

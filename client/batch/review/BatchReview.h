@@ -75,16 +75,20 @@ class ReviewTally {
   const ReviewCounts& counts() const { return _counts; }
   // The errors, by their reasons.
   const QMap<QString, qsizetype>& reasons() const { return _reasons; }
+  // The remark that all have for which the service failed; empty where there are several, or none.
+  QString whyUnanswered() const { return _outages.size() == 1 ? _outages.firstKey() : QString(); }
 
  private:
   struct Counted {
     quint8 kind;
     bool formed;
     QString reason;
+    QString outage;  // the remark of one for which the service failed
   };
   QHash<const BatchResultRecord*, Counted> _counted;
   ReviewCounts _counts;
   QMap<QString, qsizetype> _reasons;
+  QMap<QString, qsizetype> _outages;
 };
 
 }  // namespace postwright

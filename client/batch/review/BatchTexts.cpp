@@ -240,18 +240,22 @@ std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
   return left < std::chrono::seconds(2) ? std::nullopt : std::optional(left);
 }
 
-QString bannerText(const ReviewCounts& counts, std::optional<std::chrono::milliseconds> gaveUp) {
+QString bannerText(const ReviewCounts& counts, const QString& why,
+                   std::optional<std::chrono::milliseconds> gaveUp) {
+  QStringList sentences{why};
   if (gaveUp) {
     const auto minutes = std::chrono::round<std::chrono::minutes>(*gaveUp).count();
-    return localizedString("SGaveUp", minutes) + u' ' +
-           localizedString("SNotAskedYet", counts.pending);
+    sentences +=
+        {localizedString("SGaveUp", minutes), localizedString("SNotAskedYet", counts.pending)};
+  } else if (counts.notAsked > 0) {
+    if (why.isEmpty()) {
+      sentences +=
+          localizedString(counts.noNetwork == counts.notAsked ? "SNoNetwork" : "SServiceDown");
+    }
+    sentences += localizedString("SNotChecked", counts.notAsked);
   }
-  if (counts.notAsked == 0) {
-    return {};
-  }
-  const QString cause =
-      localizedString(counts.noNetwork == counts.notAsked ? "SNoNetwork" : "SServiceDown");
-  return cause + u' ' + localizedString("SNotChecked", counts.notAsked);
+  sentences.removeAll(QString());
+  return sentences.join(u' ');
 }
 
 QString waitingText(std::chrono::seconds waited) {

@@ -75,9 +75,10 @@ QString progressText(qsizetype done, qsizetype total,
 std::optional<std::chrono::seconds> timeLeft(qsizetype done, qsizetype total,
                                              std::chrono::milliseconds elapsed);
 
-// What to say above a list in which the service failed; empty where it did not. `gaveUp`: the run
-// ended because the service did not answer any more, `after` this long.
-QString bannerText(const ReviewCounts& counts,
+// What to say above a list in which the service failed; empty where it did not. `why`: the one
+// reason, and what to do, where it is known. `gaveUp`: the run ended because the service did not
+// answer any more for this long.
+QString bannerText(const ReviewCounts& counts, const QString& why,
                    std::optional<std::chrono::milliseconds> gaveUp = std::nullopt);
 
 // That the service is being waited for, and for how long now.

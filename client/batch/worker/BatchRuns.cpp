@@ -38,6 +38,7 @@ void BatchRuns::handleListMessage(qint32 identifier) {
     emit listAdvanced(static_cast<int>(_list->done));
   } else if (identifier == ThreadStopMessage) {
     const bool finished = done() == total();
+    _whyUnanswered = whyUnanswered();
     _list.reset();
     emit listEnded(finished);
   }
@@ -79,6 +80,10 @@ qsizetype BatchRuns::done() const {
 
 qsizetype BatchRuns::total() const {
   return _list != nullptr ? _list->records.size() : 0;
+}
+
+QString BatchRuns::whyUnanswered() const {
+  return _list != nullptr ? _list->thread.whyUnanswered() : _whyUnanswered;
 }
 
 QSet<const BatchResultRecord*> BatchRuns::ahead() const {

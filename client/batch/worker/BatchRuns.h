@@ -42,6 +42,8 @@ class BatchRuns final : public QObject {
   // How far the list's run has come.
   qsizetype done() const;
   qsizetype total() const;
+  // Why the list's run, or the last one, last had no answer (PostwrightThread::whyUnanswered).
+  QString whyUnanswered() const;
   // The records that the list's run has still before it.
   QSet<const BatchResultRecord*> ahead() const;
 
@@ -72,6 +74,7 @@ class BatchRuns final : public QObject {
   std::unique_ptr<BatchWorker> _list;
   std::unique_ptr<BatchWorker> _again;
   BatchResultRecordList _againToCome;  // behind those of _again
+  QString _whyUnanswered;              // of the list's last run
   bool _closed = false;
 };
 

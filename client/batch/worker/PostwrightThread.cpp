@@ -66,6 +66,11 @@ void PostwrightThread::abandon() {
   *_abandoned = true;
 }
 
+QString PostwrightThread::whyUnanswered() const {
+  const std::lock_guard guard(_lock);
+  return _whyUnanswered;
+}
+
 void PostwrightThread::threadTask(const QVariantMap& parameters) {
   try {
     PostwrightClient client;
@@ -83,6 +88,8 @@ void PostwrightThread::threadTask(const QVariantMap& parameters) {
               const bool isPutOff = outcome.isUnanswered();
               run.retryAfter =
                   std::chrono::seconds(isPutOff ? client.lastReport().Fetch().retryAfter : 0);
+              const std::lock_guard guard(_lock);
+              _whyUnanswered = isPutOff ? outcome.remark : QString();
               return outcome;
             },
             TwinOutcomes(records), parameters.value(KeepsPendingKey).toBool(),

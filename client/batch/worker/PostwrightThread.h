@@ -62,6 +62,10 @@ class PostwrightThread final : public WorkerThread {
   // fails as one without a reply or, where KeepsPendingKey says so, stays pending. Any thread.
   void abandon();
 
+  // Why the last record that was asked about had no answer, as its outcome's remark says; empty
+  // where it had one. Any thread.
+  QString whyUnanswered() const;
+
  private:
   struct Run;
   enum class Reply { kNone, kAnswer, kNobodyAsked };
@@ -74,8 +78,9 @@ class PostwrightThread final : public WorkerThread {
   Reply ask(BatchResultRecord& record, bool finally, Run& run);
   bool pause(std::chrono::milliseconds length);
 
-  std::mutex _lock;
+  mutable std::mutex _lock;
   std::condition_variable _cancelled;
+  QString _whyUnanswered;
   std::atomic<bool> _cancel = false;
   const std::shared_ptr<std::atomic<bool>> _abandoned = std::make_shared<std::atomic<bool>>(false);
 };

@@ -2,6 +2,7 @@
 // its reply to what a person sees and what is written back.
 
 #include <postwright/Deployment.h>
+#include <postwright/NetworkReachability.h>
 #include <postwright/UnreadReason.h>
 
 #include <QApplication>
@@ -78,6 +79,7 @@ class ReviewedWindowTest : public QObject {
   void decidesOnTheDoubtfulTogether();
   void mendsWhatCanOnlyBeMeantOneWay();
   void callsNothingRightThatWasNotConfirmed();
+  void namesTheServiceThatIsNotThere();
   void everyWordIsTranslated();
 };
 
@@ -265,6 +267,33 @@ void ReviewedWindowTest::mendsWhatCanOnlyBeMeantOneWay() {
   QVERIFY(all->isVisible());
 }
 
+// At once, and where the run waits for it.
+void ReviewedWindowTest::namesTheServiceThatIsNotThere() {
+  const std::pair<std::string, FetchOutcome> services[] = {
+      {"127.0.0.1:1", FetchOutcomeRefused}, {"gone.invalid:8470", WhyUnreachable("gone.invalid")}};
+  for (const auto& [server, outcome] : services) {
+    for (const bool waits : {false, true}) {
+      BatchOptions options = BatchOptions::all();
+      options.waitsForService = waits;
+      options.giveUpAfter = std::chrono::milliseconds(0);
+      SetDeployment({.verifyHost = server, .userId = "TEST", .probeHost = server});
+      PostwrightController window(EntriesOf({kStreet, kSwapped}), true, CapitalizationUpper,
+                                  std::nullopt);
+      window.setOptions(options);
+      window.show();
+      const Person person(window);
+      QTRY_VERIFY(person.hasFinished());
+      const QString why = failureOf(kStreet, VerifyReport("", {.outcome = outcome})).reason;
+      QVERIFY(why.contains(QString::fromStdString(server)));
+      QVERIFY(person.find<QWidget>(u"vwBanner"_qs)->isVisible());
+      QCOMPARE(person.label(u"txtBanner"_qs),
+               why + (waits ? u" The address service has not answered for 0 minutes. 2 addresses "
+                              "were not asked about."_qs
+                            : u" 2 addresses could not be checked."_qs));
+    }
+  }
+}
+
 // In Spanish nothing is said in the core's English.
 void ReviewedWindowTest::everyWordIsTranslated() {
   if (QLocale().language() != QLocale::Spanish) {
@@ -288,6 +317,10 @@ void ReviewedWindowTest::everyWordIsTranslated() {
                  sentenceOf(reason) != QString::fromUtf8(TextOfReason(reason)),
              CodeOfReason(reason));
   }
+  const VerifyReport missing("", {.outcome = FetchOutcomeNotResolved});
+  QCOMPARE(failureOf(kStreet, missing).reason,
+           u"No existe el equipo %1. Revise el nombre del servidor."_qs.arg(
+               QString::fromStdString(GetDeployment().verifyHost)));
   const VerifyReport refused(
       "<R><Address><Error><Number>-2147219400</Number><Description>Invalid "
       "City</Description></Error></Address></R>");

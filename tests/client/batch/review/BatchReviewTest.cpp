@@ -111,7 +111,7 @@ void BatchReviewTest::sentencesSayWhatIsSo() {
   const ReviewCounts counts = countRecords(Records(kinds));
   QTEST(applyText(counts), "apply");
   QTEST(summaryText(counts), "summary");
-  QTEST(bannerText(counts), "banner");
+  QTEST(bannerText(counts, {}), "banner");
 }
 
 void BatchReviewTest::timeLeftIsToldWhereItHelps() {
