@@ -188,6 +188,13 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "cd $folder; (cat fixed; echo 'Cy,3 c street,Austin,TX,78701,1,2,3,4,5') > again; "
            "$postwright fix --quiet --server 127.0.0.1:1 again | tail -n 1",
            0, "Cy,3 c street,Austin,TX,78701,1,2,3,4,5\n", "row 4 of again has more cells"},
+          {"and than that of an earlier parse",
+           "cd $folder; ($postwright parse table; echo 'Cy,3 c "
+           "street,Austin,TX,78701,x,,,,,,,,,,,,') "
+           "> again; $postwright parse again | tee twice | tail -n 1; cat again | diff - twice && "
+           "echo same",
+           0, "Cy,3 c street,Austin,TX,78701,x,,,,,,,,,,,,\nsame\n",
+           "row 4 of again has more cells"},
           {"another encoding",
            "cd $folder; sed 's/Ann/Jos\u00e9/' table | iconv -f UTF-8 -t UTF-16 | $postwright "
            "parse | iconv "

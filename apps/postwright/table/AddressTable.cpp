@@ -1,5 +1,6 @@
 #include "apps/postwright/table/AddressTable.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <utility>
 
@@ -25,6 +26,25 @@ QStringList NamesOfAdded(const QStringList& added, const QList<LabelColumns>& ad
     }
   }
   return names;
+}
+
+bool IsStatus(const QString& title) {
+  return title.endsWith(u"_status");
+}
+
+bool IsZip(const QString& title) {
+  return title.endsWith(u"_zip");
+}
+
+// Whether an earlier run can have written the cell, which is not empty.
+bool CanBeOwn(const QString& title, const QString& cell) {
+  if (IsZip(title)) {
+    static const QRegularExpression form(QStringLiteral(R"(^\d{5}(-?\d{4})?$)"));
+    return form.match(cell).hasMatch();
+  }
+  return !IsStatus(title) ||
+         std::any_of(kRowStatuses.begin(), kRowStatuses.end(),
+                     [&cell](const char* status) { return cell == QLatin1String(status); });
 }
 
 // Where each of `names` stands among `titles`, which it is added to where it does not.
@@ -91,14 +111,24 @@ std::string AddressTable::Description() const {
 // Whether the cells behind the table's own columns are those of an earlier run, and not of a row
 // that has more cells than it should.
 bool AddressTable::HasOwnCells(const tables::CsvRow& row) const {
-  bool isOwn = row.cells.size() == titles_.size();
-  for (int column = width_; column < titles_.size() && isOwn; ++column) {
-    const QString& cell = row.cells[column];
-    isOwn = !titles_[column].endsWith(u"_status") || cell.isEmpty() ||
-            std::any_of(kRowStatuses.begin(), kRowStatuses.end(),
-                        [&cell](const char* status) { return cell == QLatin1String(status); });
+  if (row.cells.size() != titles_.size()) {
+    return false;
   }
-  return isOwn;
+  bool isTold = false;  // each answer has a status, or the ZIP code of an address
+  bool isEmpty = true;
+  for (int column = width_; column < titles_.size(); ++column) {
+    const QString& title = titles_[column];
+    const QString& cell = row.cells[column];
+    if (cell.isEmpty()) {
+      continue;
+    }
+    if (!CanBeOwn(title, cell)) {
+      return false;
+    }
+    isTold = isTold || IsStatus(title) || IsZip(title);
+    isEmpty = false;
+  }
+  return isTold || isEmpty;
 }
 
 AddressTable::RowKind AddressTable::KindOf(const tables::CsvRow& row, int number) const {
