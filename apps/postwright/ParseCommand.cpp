@@ -4,7 +4,6 @@
 #include <postwright/AddressParser.h>
 
 #include <algorithm>
-#include <iostream>
 #include <string_view>
 
 #include "apps/postwright/LabelText.h"
@@ -12,6 +11,7 @@
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
 #include "apps/postwright/table/PlainInput.h"
+#include "apps/postwright/table/WriteTable.h"
 #include "common/WideText.h"
 
 namespace postwright {
@@ -97,9 +97,8 @@ ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
     titles.append(QString::fromUtf8(field.key.data(), static_cast<qsizetype>(field.key.size())));
   }
   Output output(file);
-  ExitStatus status = kExitDone;
-  const QByteArray bytes = table.Rewrite(
-      titles,
+  return WriteTable(
+      table, titles,
       [](const LabelColumns& columns, QStringList& cells) {
         const AddressInfo info =
             AddressParser::GetInstance()->Parse(columns.LabelOf(cells).toStdWString());
@@ -109,13 +108,7 @@ ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
         }
         return values;
       },
-      [&status](const std::string& warning) {
-        std::cerr << "postwright: " << warning << '\n';
-        status = kExitNotALabel;
-      });
-  output.Write({bytes.data(), static_cast<std::size_t>(bytes.size())});
-  output.Finish();
-  return status;
+      output);
 }
 
 }  // namespace

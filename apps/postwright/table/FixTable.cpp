@@ -10,6 +10,7 @@
 #include "apps/postwright/stream/LineReader.h"
 #include "apps/postwright/stream/Output.h"
 #include "apps/postwright/table/ScratchFile.h"
+#include "apps/postwright/table/WriteTable.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright {
@@ -51,13 +52,14 @@ QString ChangesOf(const QJsonObject& record) {
 // Puts the records, one after another, into the rows that their labels are of.
 class RecordCells {
  public:
-  RecordCells(const std::string& records, bool explain) : reader_(records), explain_(explain) {}
+  RecordCells(const std::string& records, const FixTableOptions& options)
+      : reader_(records), options_(options) {}
 
   QStringList Titles() const {
     QStringList titles{QStringLiteral("status"), QStringLiteral("confirmation"),
                        QStringLiteral("reason"), QStringLiteral("zip4"),
                        QStringLiteral("proposed")};
-    if (explain_) {
+    if (options_.explain) {
       titles += {QStringLiteral("reason_text"), QStringLiteral("changes")};
     }
     return titles;
@@ -91,7 +93,7 @@ class RecordCells {
     QStringList results{QLatin1String(kRowStatuses[status]),
                         record[QLatin1String("confirmation")].toString(), reason,
                         status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
-    if (explain_) {
+    if (options_.explain) {
       results += {OneLine(reasonText), ChangesOf(record)};
     }
     return results;
@@ -99,7 +101,7 @@ class RecordCells {
 
  private:
   LineReader reader_;
-  bool explain_;
+  const FixTableOptions& options_;
 };
 
 }  // namespace
@@ -111,22 +113,17 @@ ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
   const ScratchFile scratch;
   const std::string records = options.records.empty() ? scratch.Path() : options.records;
   WriteLabels(table, labels);
-  ExitStatus status = fix(labels.Path(), records);
+  const ExitStatus status = fix(labels.Path(), records);
   if (status == kExitOutage && options.records.empty()) {
     std::cerr << "postwright: the rows that were not reached have the status not-asked; with "
                  "--resume FILE from the start the same command goes on with them\n";
   }
-  RecordCells cells(records, options.explain);
-  const QByteArray bytes = table.Rewrite(
-      cells.Titles(),
+  RecordCells cells(records, options);
+  const ExitStatus written = WriteTable(
+      table, cells.Titles(),
       [&cells](const LabelColumns& columns, QStringList& row) { return cells.Put(columns, row); },
-      [&status](const std::string& warning) {
-        std::cerr << "postwright: " << warning << '\n';
-        status = std::max(status, kExitNotALabel);
-      });
-  output.Write({bytes.data(), static_cast<std::size_t>(bytes.size())});
-  output.Finish();
-  return status;
+      output);
+  return std::max(status, written);
 }
 
 }  // namespace postwright
