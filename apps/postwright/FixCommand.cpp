@@ -110,13 +110,10 @@ ExitStatus FixLines(const FixOptions& options, bool isResumable, PostwrightClien
 
 // The labels of a table are fixed as a stream of their own, whose records are put into the rows.
 ExitStatus FixRows(const AddressTable& table, const FixOptions& options, PostwrightClient& client) {
-  if (options.candidates) {
-    throw Failure("--candidates is for a label or --jsonl: a table has no column for it");
-  }
   if (!options.quiet) {
     std::cerr << "postwright: " << table.Description() << '\n';
   }
-  return FixTable(table, {options.output, options.resume, options.explain},
+  return FixTable(table, {options.output, options.resume, options.explain, options.candidates},
                   [&options, &client](const std::string& input, const std::string& records) {
                     FixOptions stream = options;
                     stream.file = input;

@@ -29,12 +29,6 @@ constexpr const char* kParseUsage =
 constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
-Where the service finds several addresses equally good, knows the street and not the number, or the
-building and not the unit, --candidates lists what could have been meant, at most 50: streets with
-ranges of house numbers, buildings with ranges of units. On a terminal they are offered by number
-without being asked for, and so is a number in the range; the address that was chosen is asked about
-before it is printed.
-
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip).
 Each line of the output is an object with the keys prefix, number, predirectional, street,
@@ -77,6 +71,12 @@ is none of those the service knows on its street. Then the text is printed as it
 reason stands on standard error, and the status is 3. --explain names the rule of each change, and
 how far the address was confirmed; --accept-doubtful takes what is doubtful.
 
+Where the service finds several addresses equally good, knows the street and not the number, or the
+building and not the unit, --candidates lists what could have been meant, at most 50: streets with
+ranges of house numbers, buildings with ranges of units. On a terminal they are offered by number
+without being asked for, and so is a number in the range; the address that was chosen is asked about
+before it is printed.
+
 With --jsonl each line of the input is a JSON string, the text of one label, or an object with that
 string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip),
 which then come back corrected as "parts". Each line of the output is an object with the keys
@@ -104,7 +104,7 @@ what was turned down; the new records take the places of the old ones.
 A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
 their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
 not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _reason_text and
-_changes. It is told from one label by the names in its header; --csv says it is one, and --columns
+_changes, with --candidates _candidates. It is told from one label by the names in its header; --csv says it is one, and --columns
 names the columns of the label. A ZIP code of five digits stays one. A row that cannot be read stays
 and is reported. --resume keeps the records of the rows in a file of their own, beside --output.
 

@@ -63,8 +63,15 @@ TEST(CandidatesTest, AreListedWhereTheyAreWanted) {
            R"("reason":"","candidates":[],"status":)", ""},
           {"unwanted", fix + " --jsonl" + oak, 0,
            R"("confirmation":"","reason":"several-found","status":3})", ""},
-          {"of a table", fix + " --csv --candidates <<< $'street,zip\\n14 N Main St,78701'", 2, "",
-           "a table has no column for it"},
+          {"of a table",
+           fix + " --csv --candidates <<< $'street,city,zip\\n14 N Main St,Austin TX,78701\\n99 "
+                 "Oak,Austin TX,78701'",
+           0,
+           ",postwright_proposed,postwright_candidates\n14 N Main St,Austin TX,78701,unchanged,"
+           "unit-missing,,,,\"14 N MAIN ST APT (1 - 3), AUSTIN, TX 78701\"\n99 Oak,Austin "
+           "TX,78701,turned-down,,several-found,,,\"(100 - 198) OAK ST, AUSTIN, TX 78701 | (1 - 9) "
+           "OAK AVE, AUSTIN, TX 78701\"\n",
+           "street=street, city=city, zip=zip"},
           {"of a label", fix + " --candidates <<< '99 Oak, Austin TX 78701'", 1, "",
            "It could be:\n  1  (100 - 198) OAK ST AUSTIN, TX 78701 (even numbers)\n  2  (1 - 9) "
            "OAK "

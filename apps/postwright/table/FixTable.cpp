@@ -49,6 +49,14 @@ QString ChangesOf(const QJsonObject& record) {
   return OneLine(changes.join(QStringLiteral("; ")));
 }
 
+QString CandidatesOf(const QJsonObject& record) {
+  QStringList candidates;
+  for (const QJsonValue candidate : record[QLatin1String("candidates")].toArray()) {
+    candidates.append(OneLine(candidate[QLatin1String("address")].toString()));
+  }
+  return candidates.join(QStringLiteral(" | "));
+}
+
 // Puts the records, one after another, into the rows that their labels are of.
 class RecordCells {
  public:
@@ -61,6 +69,9 @@ class RecordCells {
                        QStringLiteral("proposed")};
     if (options_.explain) {
       titles += {QStringLiteral("reason_text"), QStringLiteral("changes")};
+    }
+    if (options_.candidates) {
+      titles += QStringLiteral("candidates");
     }
     return titles;
   }
@@ -95,6 +106,9 @@ class RecordCells {
                         status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
     if (options_.explain) {
       results += {OneLine(reasonText), ChangesOf(record)};
+    }
+    if (options_.candidates) {
+      results += CandidatesOf(record);
     }
     return results;
   }

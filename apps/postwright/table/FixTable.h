@@ -10,9 +10,10 @@
 namespace postwright {
 
 struct FixTableOptions {
-  std::string output;    // where the table goes; "" or "-" is standard output
-  std::string records;   // an earlier run's records to go on with; "" for none
-  bool explain = false;  // columns with the words of the reason and the changes, too
+  std::string output;       // where the table goes; "" or "-" is standard output
+  std::string records;      // an earlier run's records to go on with; "" for none
+  bool explain = false;     // columns with the words of the reason and the changes, too
+  bool candidates = false;  // a column with what could have been meant
 };
 
 // Fixes the labels of the file `input`, JSON lines, and writes their records to the end of the file
@@ -21,9 +22,10 @@ using FixStream = std::function<ExitStatus(const std::string& input, const std::
 
 // Has the labels of `table` fixed by `fix` and writes the table with the corrected addresses in
 // their cells, and columns added: status, confirmation, reason, zip4, proposed and, where asked
-// for, reason_text and changes. A correction that the cells cannot hold is proposed and not made.
-// Rows that have no record, since the run ended early, have the status not-asked. Throws Failure
-// and ClosedPipe; returns what `fix` returned, or kExitNotALabel where a row could not be read.
+// for, reason_text, changes and candidates. A correction that the cells cannot hold is proposed and
+// not made. Rows that have no record, since the run ended early, have the status not-asked. Throws
+// Failure and ClosedPipe; returns what `fix` returned, or kExitNotALabel where a row could not be
+// read.
 ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
                     const FixStream& fix);
 
