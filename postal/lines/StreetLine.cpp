@@ -142,7 +142,7 @@ class NameReader {
       return;
     }
     whole_ = StandardiseHighway(rest_, state_);
-    if (whole_ == 0 && IsTypeWithLetter()) {
+    if (whole_ == 0 && (IsTypeWithLetter() || EndsInKeyWithLetter())) {
       line_.name = std::move(rest_);
       return;
     }
@@ -204,6 +204,12 @@ class NameReader {
   // AVENUE E is a name, no avenue in the east.
   bool IsTypeWithLetter() const {
     return rest_.size() == 2 && IsPlainType(rest_[0]) && !Direction(rest_[1]).empty();
+  }
+
+  // BLUE KEY E is a key's eastern part, or unit KEY E on BLUE: nothing is abbreviated.
+  bool EndsInKeyWithLetter() const {
+    return rest_.size() > 2 && rest_[rest_.size() - 2] == "KEY" && rest_.back().size() == 1 &&
+           !Direction(rest_.back()).empty();
   }
 
   // How many words in front must stay as they are.
