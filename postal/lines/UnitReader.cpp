@@ -58,15 +58,15 @@ void ShortenMailbox(Words& words, size_t from) {
   }
 }
 
-// APT4B, STE-209: parts designators from their numbers.
+// APT4B, STE-209, PH1: parts designators from their numbers.
 void PartDesignators(Words& words, size_t from) {
   for (size_t at = from; at < words.size(); ++at) {
     const std::string word = words[at];
     const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
     const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
     const std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
-    if (digits < word.size() && letters.size() > 1 &&
-        !Lexicon::Get().NumberedUnit(letters).empty()) {
+    const bool isDesignator = !Lexicon::Get().NumberedUnit(letters).empty() || letters == "PH";
+    if (digits < word.size() && letters.size() > 1 && isDesignator) {
       words[at] = letters;
       words.insert(words.begin() + static_cast<long>(at) + 1, word.substr(digits));
     }
