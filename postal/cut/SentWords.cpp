@@ -67,9 +67,9 @@ bool AreCity(const Words& words, const std::string& name) {
 }
 
 bool IsCutAtType(const Words& line) {
-  constexpr size_t kWords = 3;
-  return line.size() == kWords && HasDigit(line[0]) && IsDirection(line[1]) &&
-         !Lexicon::Get().Suffix(line[2]).empty();
+  const size_t number = line.size() > 1 && line[1].find('/') != std::string::npos ? 2 : 1;
+  return line.size() == number + 2 && HasDigit(line[0]) && IsDirection(line[number]) &&
+         !Lexicon::Get().Suffix(line[number + 1]).empty();
 }
 
 bool MayBeAbbreviated(const std::string& word) {
