@@ -85,10 +85,10 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
     return outcome;
   }
   const QString corrected = outcome.answer->ExactAddress;
-  // What says the same but for punctuation and lines is no correction: the number alone can be
-  // wrong.
+  // What says the same but for punctuation and lines is no correction: the number or the unit alone
+  // can be wrong.
   const bool isDoubtful = fix.review().Doubtful() && !PostwrightClient::isAddress(label, corrected);
-  outcome.isOpen = fix.confirmation().ContradictsNumber();
+  outcome.isOpen = fix.confirmation().Contradicts();
   if (!isDoubtful && !outcome.isOpen) {
     return outcome;
   }

@@ -15,7 +15,7 @@ namespace postwright {
 // of the answer.
 //
 //   const ReviewedFix fix(client, label, {});
-//   if (fix.answer() && !fix.review().Doubtful() && !fix.confirmation().ContradictsNumber()) {
+//   if (fix.answer() && !fix.review().Doubtful() && !fix.confirmation().Contradicts()) {
 //     show(fix.answer()->ExactAddress);
 //   }
 //

@@ -56,11 +56,13 @@ void LabelFix::LeaveAlone(const std::wstring& label, LeftAloneReason reason) {
 void LabelFix::Judge(const std::wstring& label) {
   if (review_.Doubtful() && values_.status == AddressStatusFixed) {
     Propose(label, review_.ReasonCode(), Utf8FromAnyWide(review_.Reason()));
-  } else if (confirmation_.ContradictsNumber() && values_.status != AddressStatusMultiple) {
+  } else if (confirmation_.Contradicts() && values_.status != AddressStatusMultiple) {
     // Also where nothing was changed: a number that was mistyped is what the service sends back as
     // it is.
+    const std::string place =
+        confirmation_.ContradictsUnit() ? "the number and the unit" : "the number";
     Propose(label, confirmation_.Code(),
-            "Look at the number: " + std::string(confirmation_.Text()) + ".");
+            "Look at " + place + ": " + std::string(confirmation_.Text()) + ".");
   } else if (review_.Doubtful()) {
     text_ = label;  // what says the same but for punctuation is no correction: nothing to decide
   }

@@ -42,7 +42,7 @@ class LabelFix {
   const CorrectionReview& Review() const { return review_; }
 
   // How far the service confirmed the corrected text; nothing of a label that is left alone or
-  // whose fix failed. Where it contradicts the number, the correction is doubtful.
+  // whose fix failed. Where it contradicts the number or the unit, the correction is doubtful.
   const Confirmation& Confirmed() const { return confirmation_; }
 
   // What could have been meant, where `client` asks for candidates and the service named any. The

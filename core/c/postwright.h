@@ -310,7 +310,9 @@ enum {
   /* 1 where nobody judged the address, and asking again later may help; 0 also where nothing is
      known of the fetch */
   POSTWRIGHT_REPORT_UNANSWERED = 5,
-  POSTWRIGHT_REPORT_NUMBERS = 6 /* how many there are */
+  /* 1 where the service knows the building's units, and the one asked about is not among them */
+  POSTWRIGHT_REPORT_CONTRADICTS_UNIT = 6,
+  POSTWRIGHT_REPORT_NUMBERS = 7 /* how many there are */
 };
 
 // The texts of a report; each is "" where there is nothing to tell.

@@ -37,7 +37,8 @@ std::unique_ptr<postwright_report> NewReport(const VerifyReport& report, bool is
                    fetch.retryAfter,
                    confirmation.Kind(),
                    confirmation.ContradictsNumber() ? 1 : 0,
-                   isFailed && failure.IsUnanswered() ? 1 : 0};
+                   isFailed && failure.IsUnanswered() ? 1 : 0,
+                   confirmation.ContradictsUnit() ? 1 : 0};
   made->texts = {confirmation.Code(),
                  confirmation.Text(),
                  isFailed ? failure.Code() : "",

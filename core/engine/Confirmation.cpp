@@ -58,7 +58,8 @@ Confirmation::Confirmation(const VerifyReport& report) {
     kind_ = ConfirmationUnitMissing;
   } else if (report.DpvConfirmation() == "S") {
     kind_ = ConfirmationUnitNotKnown;
-  } else if (Holds(report.DpvFootnotes(), "AA")) {  // the street is one of those known
+    contradictsUnit_ = Holds(report.DpvFootnotes(), "C1");  // CC: nothing is known of its units
+  } else if (Holds(report.DpvFootnotes(), "AA")) {          // the street is one of those known
     kind_ = ConfirmationNumberNotKnown;
     contradictsNumber_ = DeniesNumber(report.DpvFootnotes());
   } else {

@@ -23,7 +23,7 @@ enum ConfirmationKind : std::int32_t {
 // value, read from any thread.
 //
 //   const Confirmation confirmation(client.lastReport());
-//   // confirmation.Code() "number-not-known", confirmation.ContradictsNumber() true
+//   // confirmation.Code() "number-not-known", confirmation.Contradicts() true
 class POSTWRIGHT_CORE_EXPORT Confirmation {
  public:
   // Nobody was asked.
@@ -39,6 +39,13 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
   // asked about is not among them: a slip of the pen, perhaps, that no spelling shows.
   bool ContradictsNumber() const { return contradictsNumber_; }
 
+  // True where the building is known and its unit, or its number, must be wrong: the service knows
+  // its units, and the one asked about is not among them.
+  bool ContradictsUnit() const { return contradictsUnit_; }
+
+  // True where either is: nothing that a program may take without a person's look.
+  bool Contradicts() const { return contradictsNumber_ || contradictsUnit_; }
+
   // The kind's stable name, for records that programs read: "confirmed", "unit-missing",
   // "unit-not-known", "number-not-known", "form-only"; "" for ConfirmationNone.
   const char* Code() const;
@@ -49,6 +56,7 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
  private:
   ConfirmationKind kind_ = ConfirmationNone;
   bool contradictsNumber_ = false;
+  bool contradictsUnit_ = false;
 };
 
 }  // namespace postwright

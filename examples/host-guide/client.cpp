@@ -48,7 +48,7 @@ void fixWithCare(const QString& label) {
     show(QString::fromStdString(postwright::VerifyFailure(client.lastReport(), server).Text()));
   } else if (fix.review().Doubtful()) {
     show(QString::fromStdWString(fix.review().Reason()));
-  } else if (fix.confirmation().ContradictsNumber()) {
+  } else if (fix.confirmation().Contradicts()) {
     show(QString::fromUtf8(fix.confirmation().Text()));
   } else {
     show(fix.answer()->ExactAddress);

@@ -4,59 +4,27 @@
 
 #include "postal/base/UnitMatch.h"
 #include "postal/lines/StreetLine.h"
-#include "postal/lines/UnitReader.h"
 #include "postal/places/CityName.h"
 
 namespace postwright::postal {
 namespace {
 
-// A bare unit in the line above: "4B", "A".
-bool IsBareUnit(const Words& words) {
-  return words.size() == 1 && (HasDigit(words[0]) || words[0].size() <= 2);
-}
-
-// One that is bare stays bare, as the line above is the place for it.
+// A unit that is bare stays bare, as the line above is the place for it.
 bool HasDesignator(const std::string& unit) {
   return unit.find(' ') != std::string::npos;
 }
 
 }  // namespace
 
-// The delivery line of a question, read.
-struct AddressMatcher::Subject {
-  explicit Subject(const AddressQuestion& asked) : question(asked) {
-    const std::optional<StreetLine>& line = asked.lines.street;
-    if (line) {
-      address.number = JoinWords(line->number);
-      address.street = StreetNameOf(*line, asked.lines.urbanization);
-      address.unit = JoinWords(line->units);
-    }
-    std::string& unit = address.unit;
-    if (unit.empty()) {
-      const Words above = SplitLine(asked.lines.address1);
-      unitIsAbove = ReadUnitLine(above) || IsBareUnit(above);
-      unit = unitIsAbove ? JoinWords(above) : unit;
-    }
-    if (unit.starts_with("PO BOX")) {
-      unit.clear();  // a second address, no unit of this one
-    }
-  }
-
-  bool HasStreet() const { return !address.number.empty(); }
-
-  const AddressQuestion& question;
-  StreetQuestion address;
-  bool unitIsAbove = false;
-};
-
 AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
   MatchedAddress answer;
   answer.lines = question.lines.Lines();
-  const std::optional<Rejection> rejection = Decide(Subject(question), answer);
+  const std::optional<Rejection> rejection = Decide(AskedAddress(question), answer);
   return rejection ? Answer(*rejection) : Answer(std::move(answer));
 }
 
-std::optional<Rejection> AddressMatcher::Decide(const Subject& subject, MatchedAddress& answer) {
+std::optional<Rejection> AddressMatcher::Decide(const AskedAddress& subject,
+                                                MatchedAddress& answer) {
   const AddressQuestion& question = subject.question;
   if (auto inNewZip = PlaceInNewZip(question)) {
     answer.placed = std::move(*inNewZip);
@@ -103,7 +71,7 @@ std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& q
   return PlacedLine{city->name, city->state, zip};
 }
 
-std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject,
+std::optional<Rejection> AddressMatcher::MatchInZip(const AskedAddress& subject,
                                                     MatchedAddress& answer) {
   const StreetMatch match = streets_.Match(answer.placed.zip5, subject.address);
   const bool isFound = match.kind == StreetMatch::Kind::Found;
@@ -131,8 +99,8 @@ std::optional<Rejection> AddressMatcher::MatchInZip(const Subject& subject,
   return LeaveUnconfirmed(subject, match, answer);
 }
 
-std::optional<Rejection> AddressMatcher::Accept(const Subject& subject, const StreetMatch& match,
-                                                MatchedAddress& answer) {
+std::optional<Rejection> AddressMatcher::Accept(const AskedAddress& subject,
+                                                const StreetMatch& match, MatchedAddress& answer) {
   if (const auto rejection = CheckCity(subject, match, answer)) {
     return rejection;
   }
@@ -140,7 +108,7 @@ std::optional<Rejection> AddressMatcher::Accept(const Subject& subject, const St
   return std::nullopt;
 }
 
-void AddressMatcher::TakeZip(const Subject& subject, const Matches::value_type& found,
+void AddressMatcher::TakeZip(const AskedAddress& subject, const Matches::value_type& found,
                              MatchedAddress& answer) {
   Explain(explanation_, "of ", answer.placed.city, "'s other ZIP codes ", found.first,
           " alone has it: it is taken");
@@ -150,8 +118,8 @@ void AddressMatcher::TakeZip(const Subject& subject, const Matches::value_type& 
 }
 
 // City, state and ZIP did not tell a place: the street may, where the city's ZIP codes are many.
-std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rejection otherwise,
-                                                     MatchedAddress& answer) {
+std::optional<Rejection> AddressMatcher::MatchInCity(const AskedAddress& subject,
+                                                     Rejection otherwise, MatchedAddress& answer) {
   const std::string city = StandardCity(subject.question.asked.city);
   const ZipList::City* const known = zips_.FindCity(CityKey(city), subject.question.state);
   if (known == nullptr ||
@@ -179,7 +147,7 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const Subject& subject, Rej
 }
 
 // Finds the street as it is written in other ZIP codes.
-AddressMatcher::Matches AddressMatcher::FindElsewhere(const Subject& subject,
+AddressMatcher::Matches AddressMatcher::FindElsewhere(const AskedAddress& subject,
                                                       const std::vector<std::string>& zips) {
   Matches found;
   for (const std::string& zip : zips) {
@@ -214,7 +182,8 @@ void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed)
 
 // The ZIP code has the address. A city that is no name of it and lies somewhere else is wrong,
 // unless it has the address as well.
-std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, const StreetMatch& match,
+std::optional<Rejection> AddressMatcher::CheckCity(const AskedAddress& subject,
+                                                   const StreetMatch& match,
                                                    MatchedAddress& answer) {
   PlacedLine& placed = answer.placed;
   if (places_.IsNameOfPlace(placed)) {
@@ -240,7 +209,7 @@ std::optional<Rejection> AddressMatcher::CheckCity(const Subject& subject, const
 
 // Several addresses fit: those of the ZIP codes of `place`, and those of others, which have the
 // usual city of theirs.
-Rejection AddressMatcher::LeaveOpen(const Subject& subject, const PlacedLine& place,
+Rejection AddressMatcher::LeaveOpen(const AskedAddress& subject, const PlacedLine& place,
                                     const Matches& matches) {
   if (candidates_ == nullptr) {
     return Rejection::Multiple;
@@ -257,7 +226,7 @@ Rejection AddressMatcher::LeaveOpen(const Subject& subject, const PlacedLine& pl
 }
 
 // The street is not there, or the number is not known on it.
-std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const Subject& subject,
+std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const AskedAddress& subject,
                                                           const StreetMatch& match,
                                                           MatchedAddress& answer) {
   const bool whole = reader_.HoldsAllStreetsOf(answer.placed.zip5);
@@ -277,7 +246,7 @@ std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const Subject& subject
   return std::nullopt;
 }
 
-void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
+void AddressMatcher::Confirm(const AskedAddress& subject, const StreetMatch& match,
                              MatchedAddress& answer) {
   answer.nameChanged = match.nameChanged;
   answer.elementChanged = match.elementChanged;
@@ -300,7 +269,22 @@ void AddressMatcher::Confirm(const Subject& subject, const StreetMatch& match,
   }
 }
 
-void AddressMatcher::ConfirmUnit(const Subject& subject, const StreetMatch& match,
+// A unit that is none of those that a source gives the building is wrong, or the number is. Where
+// none is given nothing speaks against it.
+void AddressMatcher::DoubtUnit(const AskedAddress& subject, const StreetMatch& match,
+                               MatchedAddress& answer) {
+  const bool wrong = !match.facts.units.empty() && reader_.HoldsAllStreetsOf(answer.placed.zip5);
+  const std::string swapped = streets_.FindSwapped(match, subject.address);
+  answer.confirmation = 'S';
+  answer.dpvFootnotes = wrong || !swapped.empty() ? "AAC1" : "AACC";
+  if (candidates_ != nullptr && !swapped.empty()) {
+    StandardLines other = subject.question.lines;
+    other.street->number = {swapped};
+    candidates_->AddAddresses(other, answer.placed, match);
+  }
+}
+
+void AddressMatcher::ConfirmUnit(const AskedAddress& subject, const StreetMatch& match,
                                  MatchedAddress& answer) {
   const std::vector<std::string>& units = match.facts.units;
   const std::string unit =
@@ -316,8 +300,7 @@ void AddressMatcher::ConfirmUnit(const Subject& subject, const StreetMatch& matc
     answer.unitIsMissing = true;
   } else if (unit.empty()) {
     Explain(explanation_, "the building is known, '", subject.address.unit, "' in it is not");
-    answer.confirmation = 'S';
-    answer.dpvFootnotes = "AACC";
+    DoubtUnit(subject, match, answer);
   } else {
     answer.confirmation = 'Y';
     answer.dpvFootnotes = "AABB";

@@ -7,26 +7,18 @@
 #include <variant>
 #include <vector>
 
+#include "postal/base/AskedAddress.h"
 #include "postal/base/BaseReader.h"
 #include "postal/base/CandidateFinder.h"
 #include "postal/base/CityZips.h"
 #include "postal/base/Explanation.h"
 #include "postal/base/StreetMatcher.h"
-#include "postal/lines/Standardiser.h"
 #include "postal/places/LastLine.h"
 #include "postal/places/ZipList.h"
 
 namespace postwright::postal {
 
-// An address as far as it is known without streets.
-struct AddressQuestion {
-  LastLine asked;                                // folded, as it came
-  std::variant<PlacedLine, Rejection> lastLine;  // what LastLineChecker said of it
-  std::string state;                             // that the lines were standardised for
-  StandardLines lines;
-};
-
-// The same with what the base knows of it.
+// An address with what the base knows of it.
 struct MatchedAddress {
   PlacedLine placed;
   DeliveryLines lines;
@@ -61,29 +53,29 @@ class AddressMatcher {
   Answer Match(const AddressQuestion& question);
 
  private:
-  struct Subject;
-
   using Matches = std::vector<std::pair<std::string, StreetMatch>>;  // by their ZIP codes
 
   // These fill `answer`, or tell why there is none.
-  std::optional<Rejection> Decide(const Subject& subject, MatchedAddress& answer);
+  std::optional<Rejection> Decide(const AskedAddress& subject, MatchedAddress& answer);
   std::optional<PlacedLine> PlaceInNewZip(const AddressQuestion& question);
-  std::optional<Rejection> MatchInZip(const Subject& subject, MatchedAddress& answer);
-  std::optional<Rejection> MatchInCity(const Subject& subject, Rejection otherwise,
+  std::optional<Rejection> MatchInZip(const AskedAddress& subject, MatchedAddress& answer);
+  std::optional<Rejection> MatchInCity(const AskedAddress& subject, Rejection otherwise,
                                        MatchedAddress& answer);
-  std::optional<Rejection> Accept(const Subject& subject, const StreetMatch& match,
+  std::optional<Rejection> Accept(const AskedAddress& subject, const StreetMatch& match,
                                   MatchedAddress& answer);
-  std::optional<Rejection> LeaveUnconfirmed(const Subject& subject, const StreetMatch& match,
+  std::optional<Rejection> LeaveUnconfirmed(const AskedAddress& subject, const StreetMatch& match,
                                             MatchedAddress& answer);
-  std::optional<Rejection> CheckCity(const Subject& subject, const StreetMatch& match,
+  std::optional<Rejection> CheckCity(const AskedAddress& subject, const StreetMatch& match,
                                      MatchedAddress& answer);
-  void TakeZip(const Subject& subject, const Matches::value_type& found, MatchedAddress& answer);
-  void Confirm(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
-  void ConfirmUnit(const Subject& subject, const StreetMatch& match, MatchedAddress& answer);
+  void TakeZip(const AskedAddress& subject, const Matches::value_type& found,
+               MatchedAddress& answer);
+  void Confirm(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
+  void ConfirmUnit(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
+  void DoubtUnit(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
 
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
-  Matches FindElsewhere(const Subject& subject, const std::vector<std::string>& zips);
-  Rejection LeaveOpen(const Subject& subject, const PlacedLine& place, const Matches& matches);
+  Matches FindElsewhere(const AskedAddress& subject, const std::vector<std::string>& zips);
+  Rejection LeaveOpen(const AskedAddress& subject, const PlacedLine& place, const Matches& matches);
   static bool IsOnlyOne(const Matches& matches);
 
   const ZipList& zips_;

@@ -139,6 +139,24 @@ StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetQues
   return match;
 }
 
+std::string StreetMatcher::FindSwapped(const StreetMatch& match, const StreetQuestion& asked) {
+  if (asked.unit.empty() || !match.facts.isPoint || !match.facts.units.empty()) {
+    return {};  // nearly always
+  }
+  for (size_t i = 0; i + 1 < asked.number.size(); ++i) {
+    std::string number = asked.number;
+    std::swap(number[i], number[i + 1]);
+    const bool areDigits = IsDigit(number[i]) && IsDigit(number[i + 1]);
+    if (areDigits && number != asked.number &&
+        HasUnit(reader_.FindNumber(match.street.id, number).units, asked.unit)) {
+      Explain(explanation_, "no unit of ", asked.number, " is known, but ", number, " has '",
+              asked.unit, "': two digits may have changed places");
+      return number;
+    }
+  }
+  return {};
+}
+
 // Some sources have a street with its suffix and without it, each with a part of the numbers.
 void StreetMatcher::LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked,
                                       StreetMatch& match) {

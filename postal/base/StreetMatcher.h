@@ -58,6 +58,11 @@ class StreetMatcher {
   // The same without a guess.
   StreetMatch MatchAsWritten(const std::string& zip, const StreetQuestion& asked);
 
+  // Returns the number of the same street that has the unit and differs from the one asked for by
+  // two neighbouring digits that changed places, where no unit of the latter is known; empty for
+  // none.
+  std::string FindSwapped(const StreetMatch& match, const StreetQuestion& asked);
+
  private:
   struct Candidate;
 

@@ -351,6 +351,12 @@ TEST(CommandLineTest, TellsWhatWasConfirmed) {
                                 ? "Y</DPVConfirmation><DPVFootnotes>AABB"
                                 : "N</DPVConfirmation><DPVFootnotes>AAM3";
     const std::string number = request.find("99%20OAK") == std::string::npos ? "12" : "99";
+    if (request.find("APT%20") != std::string::npos) {
+      return LoopbackServer::Page(
+          "<R><Address><Address2>12 OAK ST APT 9</Address2><City>AUSTIN</City><State>TX</State>"
+          "<Zip5>78701</Zip5><DPVConfirmation>S</DPVConfirmation>"
+          "<DPVFootnotes>AAC1</DPVFootnotes></Address></R>");
+    }
     return LoopbackServer::Page("<R><Address><Address2>" + number +
                                 " OAK ST</Address2><City>AUSTIN</City><State>TX</State>"
                                 "<Zip5>78701</Zip5><DPVConfirmation>" +
@@ -380,6 +386,12 @@ TEST(CommandLineTest, TellsWhatWasConfirmed) {
           {"taken all the same",
            fix + " --jsonl --accept-doubtful <<< '\"99 Oak Street, Austin TX 78701\"'", 0,
            R"("confirmation":"number-not-known","reason":"","status":1})", ""},
+          {"unit not there", fix + " <<< '12 Oak St Apt 9, Austin TX 78701'", 3,
+           "12 Oak St Apt 9, Austin TX 78701\n", "Look at the number and the unit: confirmed but"},
+          {"unit not there, in a record",
+           fix + " --jsonl <<< '\"12 Oak St Apt 9, Austin TX 78701\"'", 0,
+           R"("fixed":"","result":"","confirmation":"unit-not-known","proposed":"12 OAK ST APT 9\nAUSTIN TX 78701","reason":"unit-not-known","status":2})",
+           ""},
           {"number not there", fix + " <<< '99 Oak St, Austin TX 78701'", 3,
            "99 Oak St, Austin TX 78701\n", "the street is known, the number is not"},
       },

@@ -138,6 +138,14 @@ void FixTest::reviewsWhatItCorrects_data() {
       << noNumber << u"Jo\n12 Main St NE\nPeña, TX 78701-1234"_qs << AddressStatusMultiple
       << QString() << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
       << u"The street is known, the number is not."_qs;
+  QString noUnit = kFound;
+  noUnit.replace(u"</Zip4>"_qs,
+                 u"</Zip4><DPVConfirmation>S</DPVConfirmation>"
+                 "<DPVFootnotes>AAC1</DPVFootnotes>"_qs);
+  QTest::newRow("unit not there, the same text")
+      << noUnit << u"Jo\n12 Main St NE\nPeña, TX 78701-1234"_qs << AddressStatusMultiple
+      << QString() << u"Jo\n12 MAIN ST NE\nPEÑA TX 78701-1234"_qs
+      << u"Confirmed but for its unit, which is not known."_qs;
   QTest::newRow("the same words on other lines")
       << kFound << u"Jo\n12 Main\nSt NE, Peña, TX 78701-1234"_qs << AddressStatusUnchanged
       << u"Jo\n12 Main\nSt NE, Peña, TX 78701-1234"_qs << QString() << QString();

@@ -304,6 +304,14 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
        1,
        {"number-not-known", "the street is known, the number is not", "", "", "", "", "", "N",
         "AAM3", "", "", "", "", ""}},
+      {"a unit that is not there",
+       "<R><Address><Address2>12 MAIN ST # 9</Address2><City>A</City><State>TX</State><Zip5>78701"
+       "</Zip5><DPVConfirmation>S</DPVConfirmation><DPVFootnotes>AAC1</DPVFootnotes></Address></R>",
+       POSTWRIGHT_DEFAULT_MATCH,
+       POSTWRIGHT_CONFIRMATION_UNIT_NOT_KNOWN,
+       0,
+       {"unit-not-known", "confirmed but for its unit, which is not known", "", "", "", "", "", "S",
+        "AAC1", "", "", "", "", ""}},
       {"turned down",
        "<R><Address><Error><Number>-2147219401</Number>"
        "<Source>clsAMS</Source><Description>No &#xF1;.</Description></Error></Address></R>",
@@ -343,6 +351,8 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
       EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_CONFIRMATION), row.confirmation);
       EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_CONTRADICTS_NUMBER),
                 row.contradictsNumber);
+      EXPECT_EQ(postwright_report_number(report, POSTWRIGHT_REPORT_CONTRADICTS_UNIT),
+                row.confirmation == POSTWRIGHT_CONFIRMATION_UNIT_NOT_KNOWN ? 1 : 0);
       postwright_report_free(report);
     }
   }

@@ -11,6 +11,7 @@ struct Row {
   std::string address;  // the members of the reply's address
   const char* code;
   bool contradictsNumber;
+  bool contradictsUnit = false;
 };
 
 std::string Dpv(const std::string& confirmation, const std::string& footnotes) {
@@ -25,6 +26,8 @@ TEST(ConfirmationTest, CallsNothingConfirmedThatIsNot) {
       {Dpv("Y", "AABB"), "confirmed", false},
       {Dpv("D", "AAN1"), "unit-missing", false},
       {Dpv("S", "AACC"), "unit-not-known", false},
+      {Dpv("S", "AAC1"), "unit-not-known", false, true},
+      {Dpv("Y", "AAC1"), "confirmed", false},
       {Dpv("N", "AAM3"), "number-not-known", true},
       {Dpv("N", "AAM1"), "number-not-known", true},
       {Dpv("N", "AAP1"), "number-not-known", true},
@@ -44,6 +47,7 @@ TEST(ConfirmationTest, CallsNothingConfirmedThatIsNot) {
     const Confirmation confirmation(VerifyReport("<R><Address>" + row.address + "</Address></R>"));
     EXPECT_STREQ(confirmation.Code(), row.code);
     EXPECT_EQ(confirmation.ContradictsNumber(), row.contradictsNumber);
+    EXPECT_EQ(confirmation.ContradictsUnit(), row.contradictsUnit);
     EXPECT_EQ(*confirmation.Text() == '\0', *row.code == '\0');
   }
   EXPECT_STREQ(Confirmation(VerifyReport()).Code(), "");
