@@ -82,6 +82,11 @@ std::optional<Rejection> AddressMatcher::MatchInZip(const AskedAddress& subject,
     return LeaveOpen(subject, answer.placed, {{answer.placed.zip5, match}});
   }
   Matches elsewhere = FindElsewhere(subject, places_.OtherZipsOf(answer.placed));
+  if (match.kind == StreetMatch::Kind::NoNumber && match.street.id != 0) {
+    std::erase_if(elsewhere, [&subject](const Matches::value_type& other) {
+      return !other.second.IsWhole(subject.address.unit);
+    });
+  }
   if (isFound && elsewhere.empty()) {
     return Accept(subject, match, answer);
   }

@@ -66,10 +66,21 @@ bool HasOtherWords(const StreetName& asked, const StreetName& known) {
                      });
 }
 
+// Says whether a building is known just as it was asked for, with its unit or without one. A range
+// knows of no units.
+bool IsWhole(const NumberFacts& facts, const std::string& unit) {
+  return unit.empty() ? facts.isBuilding || facts.units.empty()
+                      : !facts.isPoint || HasUnit(facts.units, unit);
+}
+
 }  // namespace
 
 std::vector<KnownStreet> StreetMatch::Streets() const {
   return !several.empty() || street.id == 0 ? several : std::vector<KnownStreet>{street};
+}
+
+bool StreetMatch::IsWhole(const std::string& unit) const {
+  return postal::IsWhole(facts, unit);
 }
 
 struct StreetMatcher::Candidate {
@@ -187,6 +198,8 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   const StreetLikeness likeness(asked.street);
   const bool whole = reader_.HoldsAllStreetsOf(zip);
   const std::string key = StreetKey(asked.street.name);
+  bool isThere = false;
+  bool endsName = false;  // what could be a wrong suffix ends the name of a street that is there
   std::vector<KnownStreet> named;
   std::vector<Candidate> candidates[3];  // the same street, one mistake, more than one
   const StreetCache::Streets streets = reader_.StreetsOf(zip);
@@ -197,10 +210,12 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
       continue;  // nearly always
     }
     const KnownStreet& street = there.known;
+    isThere = isThere || like == Likeness::Same;
     if (hasName || like != Likeness::OneLetter) {
       named.push_back(street);
     }
     NumberFacts facts = reader_.FindNumber(street.id, asked.number);
+    endsName = endsName || (like == Likeness::ElementMissing && !hasName && !facts.IsKnown());
     Explain(explanation_, "there is ", Quote(street.street), "; ", asked.number, " ",
             Describe(facts), " on it");
     if (facts.IsKnown() && like != Likeness::Different &&
@@ -210,6 +225,12 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
     }
   }
   for (std::vector<Candidate>& level : candidates) {
+    // Where a street that is there can be meant, and not with this number, a guess must be right in
+    // all else: its unit, and a last word that is no part of a name.
+    std::erase_if(level, [&](const Candidate& candidate) {
+      return (isThere && &level != candidates && !IsWhole(candidate.facts, asked.unit)) ||
+             (endsName && candidate.likeness == Likeness::ElementWrong);
+    });
     StreetMatch match = Choose(std::move(level), asked);
     if (match.kind != StreetMatch::Kind::NoStreet) {
       return match;
@@ -226,8 +247,7 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
 
 StreetMatch StreetMatcher::Choose(std::vector<Candidate> candidates, const StreetQuestion& asked) {
   const auto isWhole = [&asked](const Candidate& candidate) {
-    return asked.unit.empty() ? candidate.facts.isBuilding || candidate.facts.units.empty()
-                              : HasUnit(candidate.facts.units, asked.unit);
+    return IsWhole(candidate.facts, asked.unit);
   };
   if (candidates.size() > 1 && std::any_of(candidates.begin(), candidates.end(), isWhole)) {
     std::erase_if(candidates, std::not_fn(isWhole));

@@ -29,6 +29,10 @@ struct StreetMatch {
 
   // Returns the streets of the base that could be meant.
   std::vector<KnownStreet> Streets() const;
+
+  // Says whether the number is known just as it was asked for: with the unit, or without one. A
+  // range knows of no units.
+  bool IsWhole(const std::string& unit) const;
 };
 
 // An address in a ZIP code, standard.
@@ -44,7 +48,9 @@ struct StreetQuestion {
 //
 // A street as it was asked for, or only written otherwise, is taken where the number is known on
 // it. Otherwise one is guessed: the only street with the number that differs by one mistake, or,
-// where there is none, that has more than one element which is missing. Where a source does not
+// where there is none, that has more than one element which is missing. Where a street that is
+// there can be meant, and not with the number, the guessed one must be right in all else: it has
+// the unit, and no name of a street ends in what would be its wrong suffix. Where a source does not
 // know all streets of the ZIP code nothing that was written is doubted, but for its spelling. Of
 // several streets the one is taken whose building has the unit, or else none; a number is never
 // changed. Borrows both; `explanation` may be null.

@@ -50,7 +50,7 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
   };
   const std::string lookup = " Millrace OH 00011 --zips $sample/zips.tsv";
   const Row rows[] = {
-      {kImport, 0, "town: 63 addresses and 6 ranges of Town, 0 rows left out"},
+      {kImport, 0, "town: 64 addresses and 6 ranges of Town, 0 rows left out"},
       {"$base info town", 0, "licence        CC BY 4.0\nattribution    By us\n"},
       {"$base import town $sample/town-part.csv --source part --partial", 0, "1 addresses"},
       {"$base info town", 0, "attribution    not stated when it was imported\n"},
