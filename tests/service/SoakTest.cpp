@@ -81,7 +81,7 @@ std::vector<std::string> BadRequests() {
 // Slow, half-sent, oversized and hostile requests beside good ones: of those none fails, though the
 // others take all the connections that their address may have. In the end nothing is left of them.
 TEST(SoakTest, GoodRequestsDoNotMindBadOnes) {
-  Daemon daemon({"--listen", "127.0.0.1:0", "--idle-time", "1s", "--request-time", "2s"});
+  Daemon daemon({"--listen", "127.0.0.1:0", "--idle-time", "3s", "--request-time", "6s"});
   const std::string address = daemon.ReadAddress();
   std::atomic<int> good = 0;
   std::atomic<int> lost = 0;
