@@ -142,8 +142,24 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   if (candidates) {
     answer.candidates = candidates->Take();
   }
+  answer.source = SourceOf(answer);
   answer.PutAbove(cut->above);
   return answer;
+}
+
+// The address base's, where a street was looked up in it; nobody's, where nothing was.
+ReplySource Verifier::SourceOf(const AddressAnswer& answer) const {
+  const auto* const fields = std::get_if<ReplyFields>(&answer);
+  const auto* const rejection = std::get_if<postal::Rejection>(&answer);
+  if (rejection != nullptr && *rejection == postal::Rejection::InvalidAddress) {
+    return {};
+  }
+  const bool isOfBase =
+      addresses_ != nullptr && (fields != nullptr ? !fields->dpvFootnotes.empty()
+                                                  : *rejection == postal::Rejection::NotFound ||
+                                                        *rejection == postal::Rejection::Multiple);
+  return isOfBase ? ReplySource{ReplySource::Kind::Base, addresses_->Name(), addresses_->Date()}
+                  : ReplySource{ReplySource::Kind::ZipList};
 }
 
 // `sent` are the lines before they were cut anew.

@@ -48,6 +48,7 @@ class Verifier final : public AnswerSource {
   };
 
   AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
+  ReplySource SourceOf(const AddressAnswer& answer) const;
   AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
                             const Help& help) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,

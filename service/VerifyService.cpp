@@ -37,21 +37,24 @@ bool IsDocument(std::string_view body) {
   return Trim(body).starts_with('<');
 }
 
+// What the first field of that name says; empty where there is none.
+std::string_view ExtensionOf(const HttpRequest& request, std::string_view name) {
+  const auto found = std::find_if(
+      request.extensions.begin(), request.extensions.end(),
+      [name](const auto& extension) { return EqualsIgnoringCase(extension.first, name); });
+  return found == request.extensions.end() ? std::string_view() : found->second;
+}
+
 // How many candidates a request asks for: a number from 1 on, of which more than there may be is as
 // many; anything else asks for none.
 size_t CandidatesWanted(const HttpRequest& request) {
-  for (const auto& [name, value] : request.extensions) {
-    if (EqualsIgnoringCase(name, kCandidatesHeader)) {
-      size_t wanted = 0;
-      const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), wanted);
-      const bool isNumber =
-          end == value.data() + value.size() && error != std::errc::invalid_argument;
-      return !isNumber                                 ? 0
-             : error == std::errc::result_out_of_range ? postal::Candidate::kMost
-                                                       : std::min(wanted, postal::Candidate::kMost);
-    }
-  }
-  return 0;
+  const std::string_view value = ExtensionOf(request, kCandidatesHeader);
+  size_t wanted = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), wanted);
+  const bool isNumber = end == value.data() + value.size() && error != std::errc::invalid_argument;
+  return !isNumber                                 ? 0
+         : error == std::errc::result_out_of_range ? postal::Candidate::kMost
+                                                   : std::min(wanted, postal::Candidate::kMost);
 }
 
 std::string_view FaultName(RequestFault fault) {
@@ -107,8 +110,11 @@ std::string Describe(const AddressAnswer& answer) {
 }  // namespace
 
 struct VerifyService::Document {
-  Document(VerifyRequest asked, Respond whenDone)
-      : request(std::move(asked)), left(request.addresses.size()), respond(std::move(whenDone)) {
+  Document(VerifyRequest asked, bool wantsItsSource, Respond whenDone)
+      : request(std::move(asked)),
+        wantsSource(wantsItsSource),
+        left(request.addresses.size()),
+        respond(std::move(whenDone)) {
     replies.reserve(request.addresses.size());
     for (const RequestAddress& address : request.addresses) {
       replies.push_back({address.id, {}});
@@ -116,6 +122,7 @@ struct VerifyService::Document {
   }
 
   const VerifyRequest request;
+  const bool wantsSource;
   std::vector<ReplyAddress> replies;  // the outcome of each written by one thread
   std::atomic<size_t> left;
   const Respond respond;
@@ -147,8 +154,10 @@ void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
     return respond(XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other"));
   }
   const bool bodyIsDocument = IsDocument(request.body);
-  AnswerVerify(bodyIsDocument ? request.body : field("XML").value_or(""),
-               {request.client, CandidatesWanted(request)}, respond);
+  AnswerVerify(
+      bodyIsDocument ? request.body : field("XML").value_or(""),
+      {request.client, CandidatesWanted(request), ExtensionOf(request, kSourceHeader) == "1"},
+      respond);
 }
 
 void VerifyService::AnswerVerify(std::string_view text, const Asker& from, const Respond& respond) {
@@ -167,8 +176,8 @@ void VerifyService::AnswerVerify(std::string_view text, const Asker& from, const
   for (RequestAddress& address : std::get<VerifyRequest>(read).addresses) {
     address.candidates = from.candidates;
   }
-  const auto document =
-      std::make_shared<Document>(std::move(std::get<VerifyRequest>(read)), respond);
+  const auto document = std::make_shared<Document>(std::move(std::get<VerifyRequest>(read)),
+                                                   from.wantsSource, respond);
   const std::vector<RequestAddress>& asked = document->request.addresses;
   if (asked.empty()) {
     return Finish(*document);
@@ -177,6 +186,9 @@ void VerifyService::AnswerVerify(std::string_view text, const Asker& from, const
   const std::string asker = document->request.userId + ' ' + from.client;
   for (size_t i = 0; i < asked.size(); ++i) {
     source_.Find(asked[i], asker, [this, document, i](AddressAnswer&& answer) {
+      if (!document->wantsSource) {
+        answer.source = {};
+      }
       document->replies[i].outcome = std::move(answer);
       if (--document->left == 0) {
         Finish(*document);

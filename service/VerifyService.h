@@ -59,6 +59,7 @@ class VerifyService {
   struct Asker {
     std::string client;
     size_t candidates;
+    bool wantsSource;
   };
 
   void AnswerVerify(std::string_view text, const Asker& from, const Respond& respond);

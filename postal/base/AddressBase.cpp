@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -22,12 +23,16 @@ std::pair<dev_t, ino_t> IdentityOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory) {
+AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory)
+    : name_(file.filename().string()) {
   constexpr int kMostTries = 10;
   for (int tries = 1;; ++tries) {
     const auto before = IdentityOf(file);
     Open(file, mostInMemory);
     if (IdentityOf(file) == before) {
+      for (const BaseReader::Source& source : connections_[0].reader->Sources()) {
+        date_ = std::max(date_, source.imported);
+      }
       return;
     }
     if (tries == kMostTries) {

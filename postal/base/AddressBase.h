@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 
 #include "postal/base/BaseReader.h"
 #include "postal/store/FileImage.h"
@@ -34,6 +35,11 @@ class AddressBase {
   // larger one each keeps the pages that it met last. The first answers faster, the second at once.
   explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0);
 
+  // What tells people this base from another: the file's name, "texas.base", and the day, as in
+  // "2026-11-20", on which the newest of its sources was imported.
+  const std::string& Name() const { return name_; }
+  const std::string& Date() const { return date_; }
+
   class Lease;
 
   // Lends a connection to the calling thread until the lease ends, which must be before the base
@@ -52,6 +58,8 @@ class AddressBase {
 
   void Open(const std::filesystem::path& file, size_t mostInMemory);
 
+  std::string name_;
+  std::string date_;
   std::optional<FileImage> image_;
   mutable std::array<Connection, kConnections> connections_;
 };

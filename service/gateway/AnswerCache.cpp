@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "postal/store/Sqlite.h"
+#include "service/gateway/GatewayFault.h"
 #include "service/upstream/VerifyXml.h"
 
 namespace postwright::service {
@@ -26,6 +27,11 @@ constexpr const char* kCreate =
 
 int64_t Seconds(Clock::Date date) {
   return std::chrono::duration_cast<std::chrono::seconds>(date.time_since_epoch()).count();
+}
+
+std::string DayOf(Clock::Date date) {
+  constexpr size_t kDay = std::string_view("2026-11-25").size();
+  return FormatDate(date).substr(0, kDay);
 }
 
 [[noreturn]] void TurnDown(const std::string& name, const std::string& why) {
@@ -223,6 +229,8 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
   }
   Kept kept = rejection != nullptr ? Kept(*rejection) : Kept(*fields);
   kept.candidates = std::move(candidates);
+  kept.source = {ReplySource::Kind::Cache, source_,
+                 DayOf(Clock::Date(std::chrono::seconds(row->first)))};
   return kept;
 }
 

@@ -50,7 +50,7 @@ class AnswerCache {
   AnswerCache(const AnswerCache&) = delete;
   AnswerCache& operator=(const AnswerCache&) = delete;
 
-  // Returns what was kept under `key` within its lifetime.
+  // Returns what was kept under `key` within its lifetime, with the day on which it was.
   std::optional<Kept> Find(const std::string& key);
 
   // Keeps an answer in the place of an older one. Waits for another process for a quarter of a

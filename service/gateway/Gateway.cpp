@@ -292,6 +292,7 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
     flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
   } else {
     flight->answer = ToAnswer(outcome);
+    flight->answer->source = {ReplySource::Kind::Upstream, upstream_.Name()};
   }
   for (Waiter& waiter : flight->waiters) {
     deliveries.push_back({std::move(waiter.done), *flight->answer});

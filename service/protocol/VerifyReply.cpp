@@ -103,6 +103,7 @@ std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, boo
     } else {
       WriteRejection(xml, std::get<postal::Rejection>(address.outcome));
     }
+    address.outcome.source.Write(xml);
     CandidateXml::Write(xml, address.outcome.candidates);
     xml += "</Address>";
   }

@@ -11,6 +11,7 @@
 #include "postal/base/Candidate.h"
 #include "postal/places/Rejection.h"
 #include "service/protocol/ReplyFields.h"
+#include "service/protocol/ReplySource.h"
 #include "service/protocol/VerifyRequest.h"
 
 namespace postwright::service {
@@ -29,11 +30,12 @@ struct ServiceFault {
 // What is said of one address: why it is turned down, its standard form, or why nothing can be said
 // of it now. The last makes the whole document an error: what stands beside an address would tell
 // the client that the address is wrong. With what could have been meant, where that was asked for
-// and there is a choice.
+// and there is a choice, and whose word it is.
 struct AddressAnswer : std::variant<postal::Rejection, ReplyFields, ServiceFault> {
   using variant::variant;
 
   std::vector<postal::Candidate> candidates = {};
+  ReplySource source = {};
 
   // Puts lines that are no part of the address in front of every delivery line.
   void PutAbove(const std::string& lines);

@@ -51,6 +51,9 @@ inline constexpr RequestField kRequestFields[] = {
 // The field of a request's head that asks for candidates: how many at the most, "50".
 inline constexpr std::string_view kCandidatesHeader = "Postwright-Candidates";
 
+// The one that asks whose word each answer is: "1".
+inline constexpr std::string_view kSourceHeader = "Postwright-Source";
+
 // Why a document as a whole cannot be answered.
 enum class RequestFault {
   Syntax,            // not XML, or XML of another kind

@@ -244,11 +244,12 @@ class ChoiceSource final : public AnswerSource {
         "C/O A & B", "MAIN ST", "", "AUSTIN", "TX", "78701", {"100", "198", postal::Parity::Even},
         {},          'S'};
     answer.candidates.assign(asked.candidates, street);
+    answer.source = {ReplySource::Kind::Base, "a&b.base", "2026-11-20"};
     done(std::move(answer));
   }
 };
 
-TEST(VerifyServiceTest, NamesCandidatesToWhoAsksForThem) {
+TEST(VerifyServiceTest, NamesCandidatesAndItsSourceToWhoAsksForThem) {
   ChoiceSource source;
   VerifyService service(source, nullptr, {});
   const auto ask = [&service](std::vector<std::pair<std::string, std::string>> extensions) {
@@ -289,6 +290,14 @@ TEST(VerifyServiceTest, NamesCandidatesToWhoAsksForThem) {
   for (const auto& [wanted, count] : rows) {
     EXPECT_EQ(ask({{"postwright-CANDIDATES", wanted}}), reply(count)) << wanted;
     EXPECT_EQ(ask({{"Postwright-Other", wanted}}), reply(0));
+  }
+  const std::string told =
+      "<Source><Kind>base</Kind><Name>a&amp;b.base</Name><Date>2026-11-20</Date></Source>";
+  for (const bool isAsked : {false, true}) {
+    std::string expected = reply(1);
+    expected.insert(expected.find("<Candidates>"), isAsked ? told : "");
+    EXPECT_EQ(ask({{"postwright-source", isAsked ? "1" : "0"}, {"Postwright-Candidates", "1"}}),
+              expected);
   }
 }
 

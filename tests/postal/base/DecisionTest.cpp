@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "postal/base/CandidateSpans.h"
 #include "postal/base/StreetLikeness.h"
 #include "postal/base/UnitMatch.h"
@@ -92,6 +94,23 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
     EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
     EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
   }
+}
+
+TEST_F(DecisionTest, SaysWhoseWordItIs) {
+  using Kind = service::ReplySource::Kind;
+  const std::tuple<const char*, const char*, Kind> rows[] = {
+      {"14 N MAIN ST", "MILLRACE OH 00011", Kind::Base},  // found
+      {"1 NOWHERE ST", "MILLRACE OH 00011", Kind::Base},  // not found
+      {"12 MAIN ST", "AUSTIN TX 78701", Kind::ZipList},   // it has no streets there
+      {"12 MAIN ST", "AUSTIN ZZ", Kind::ZipList},
+      {"", "AUSTIN TX 78701", Kind::Untold}};
+  for (const auto& [line, place, kind] : rows) {
+    const service::ReplySource source = Verify(ReadAsked(line, place)).outcome.source;
+    EXPECT_EQ(source.kind, kind) << line << ", " << place;
+    EXPECT_EQ(source.name, kind == Kind::Base ? "base" : "");
+    EXPECT_EQ(source.date, kind == Kind::Base ? base_->Date() : "");
+  }
+  EXPECT_EQ(base_->Date().size(), std::string_view("2026-11-20").size());
 }
 
 std::string Write(const Candidate& candidate) {

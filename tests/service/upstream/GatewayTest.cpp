@@ -7,6 +7,7 @@
 
 #include "service/VerifyService.h"
 #include "service/gateway/FallbackSource.h"
+#include "service/gateway/GatewayFault.h"
 #include "tests/service/upstream/ManualClock.h"
 #include "tests/support/TempFolder.h"
 
@@ -192,6 +193,16 @@ TEST_F(GatewayTest, AsksForOneAddressOnce) {
   EXPECT_EQ(state.cached + state.joined, 2U);  // joined while the answer is being written
   EXPECT_EQ(state.calls, 1U);
   EXPECT_EQ(state.turnedDownHere, 1U);
+}
+
+TEST_F(GatewayTest, SaysWhoseWordAnAnswerIs) {
+  using Kind = ReplySource::Kind;
+  EXPECT_EQ(Get(Find("1")).source, (ReplySource{Kind::Upstream, upstream_.Name()}));
+  Start();
+  const AddressAnswer kept = Get(Find("1"));
+  EXPECT_EQ(kept.source.kind, Kind::Cache);
+  EXPECT_EQ(kept.source.name, upstream_.Name());
+  EXPECT_EQ(kept.source.date, FormatDate(clock_.Today()).substr(0, 10));
 }
 
 TEST_F(GatewayTest, CachedAnswersGoOnWhileTheUpstreamHangs) {
