@@ -104,6 +104,9 @@ std::optional<Result> PostwrightClient::runFix(const QString& address, bool quic
     return std::nullopt;
   }
   ReportingServices services(_abandoned.get());
+  if (_wantsSource) {
+    services.WantSource();
+  }
   try {
     const std::unique_ptr<FixedAddress> fixed =
         FixInTurn(coreString(StringHelpers::trim(address), services), quick, services,

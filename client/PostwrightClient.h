@@ -92,6 +92,9 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // its place; it is no failure then that the address itself was turned down.
   void setCandidates(qint32 most) { _candidates = most; }
 
+  // Has every fix ask the service whose word its answer is, which lastReport() then says.
+  void setWantsSource(bool wantsSource) { _wantsSource = wantsSource; }
+
   // Lets another thread end a fix: once `abandoned` holds true, a fix that waits for the service
   // fails within about a second as one without a reply, and so does every later one. Null, as at
   // first, lets every fix take its time.
@@ -176,6 +179,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   qint32 _capitalization = CapitalizationUpper;
   bool _removePunctuation = true;
   qint32 _candidates = 0;
+  bool _wantsSource = false;
   std::optional<QHash<QString, QString>> _mixedCaseDict;
   QHash<QString, QString> _defaultMixedCaseDict;
   std::optional<QString> _lastResult;

@@ -1,6 +1,7 @@
 #include "client/ReviewWords.h"
 
 #include <postwright/Deployment.h>
+#include <postwright/ReviewedFix.h>
 #include <postwright/UnreadReason.h>
 #include <postwright/VerifyFailure.h>
 
@@ -92,7 +93,20 @@ QString wordsOf(const Confirmation& confirmation) {
 }
 
 QString sentenceOf(const Confirmation& confirmation) {
-  return asSentence(wordsOf(confirmation));
+  const QString sentence = asSentence(wordsOf(confirmation));
+  const QString source = sourceText(confirmation.Source());
+  return sentence.isEmpty() || source.isEmpty() ? sentence : sentence + u' ' + source;
+}
+
+QString sourceText(const VerifySource& source) {
+  if (source.kind == VerifySourceUntold) {
+    return {};
+  }
+  const QString text = translated("source-", source.Code());
+  return text.isEmpty()
+             ? QStringLiteral("According to ") + QString::fromStdString(source.Text()) + u'.'
+             : filled(text, QString::fromStdString(source.name),
+                      QString::fromStdString(source.date));
 }
 
 FailureWords failureOf(const QString& label, const VerifyReport& report) {

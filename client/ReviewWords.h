@@ -25,8 +25,8 @@ QString reasonOf(const CorrectionReview& review);
 
 QString sentenceOf(LeftAloneReason reason);
 
-// "form only, nobody has checked the street", and the same with a capital and a full stop; empty
-// where nobody was asked.
+// "form only, nobody has checked the street", and the same as a sentence, behind which stands who
+// says so; empty where nobody was asked.
 QString wordsOf(const Confirmation& confirmation);
 QString sentenceOf(const Confirmation& confirmation);
 

@@ -72,6 +72,10 @@ class POSTWRIGHT_CLIENT_EXPORT ReviewedFix {
 POSTWRIGHT_CLIENT_EXPORT AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
                                                     const ReviewedFix::Asking& asking);
 
+// Whose word an answer is, as a sentence in the language of the library's tables: "According to the
+// address base texas.base of 2026-11-20."; empty where the service did not say. Any thread.
+POSTWRIGHT_CLIENT_EXPORT QString sourceText(const VerifySource& source);
+
 }  // namespace postwright
 
 #endif  // POSTWRIGHT_CLIENT_REVIEWEDFIX_H_

@@ -42,6 +42,10 @@ std::string ExplainInWords(const Confirmation& confirmation) {
              : "confirmation: " + std::string(confirmation.Text()) + "\n";
 }
 
+std::string ExplainInWords(const VerifySource& source) {
+  return source.kind == VerifySourceUntold ? "" : "source: " + source.Text() + "\n";
+}
+
 std::string ExplainReasonInWords(const LabelFix& fix) {
   const std::string& text = fix.ReasonText();
   if (!fix.Proposed().empty()) {

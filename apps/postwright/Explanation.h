@@ -15,8 +15,10 @@ namespace postwright {
 // A line for each change, for a person to read; empty where nothing has changed.
 std::string ExplainInWords(const CorrectionReview& review);
 
-// A line on how far the address was confirmed; empty where nobody said anything of that.
+// A line on how far the address was confirmed, and one on who said so; each is empty where nobody
+// said anything of that.
 std::string ExplainInWords(const Confirmation& confirmation);
+std::string ExplainInWords(const VerifySource& source);
 
 // Why `fix` gives the text back as it was typed, or none at all; empty where there is nothing to
 // tell.

@@ -38,6 +38,7 @@ void ApplySettings(const FixOptions& options, PostwrightClient& client) {
   client.setCapitalization(kLetters.at(options.letters));
   client.setRemovePunctuation(false);  // ReviewedFix does, with more care
   client.setMixedCase(QString::fromStdString(options.mixedCase));
+  client.setWantsSource(options.explain);
 }
 
 void AskForCandidates(bool wanted, PostwrightClient& client) {
@@ -75,7 +76,8 @@ ExitStatus FixText(const InputBytes& input, const FixOptions& options, Postwrigh
     std::cerr << "It could be:\n" << CandidatesInWords(fix.Candidates());
   }
   if (options.explain) {
-    std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed());
+    std::cerr << ExplainInWords(fix.Review()) << ExplainInWords(fix.Confirmed())
+              << ExplainInWords(fix.Source());
   }
   std::cerr << ExplainReasonInWords(fix);
   if (fix.Values().status == AddressStatusError) {

@@ -26,9 +26,11 @@ std::string End(JsonRecord& record, int status) {
 
 // What --explain adds.
 void AddWords(JsonRecord& record, const std::string& confirmation, const std::string& reason,
-              const std::string& changes) {
+              const VerifySource& source, const std::string& changes) {
   record.Add("confirmation_text", WideFromUtf8(confirmation));
   record.Add("reason_text", WideFromUtf8(reason));
+  record.Add("source", WideFromUtf8(source.Code()));
+  record.Add("source_text", WideFromUtf8(source.Text()));
   record.AddJson("changes", changes);
 }
 
@@ -40,7 +42,7 @@ std::string FailedRecord(const LabelLine& label, const std::string& result,
   record.Add("confirmation", L"");
   record.Add("reason", WideFromUtf8(reason));
   if (options.explain) {
-    AddWords(record, "", reasonText, "[]");
+    AddWords(record, "", reasonText, {}, "[]");
   }
   if (options.candidates) {
     record.AddJson("candidates", "[]");
@@ -94,7 +96,8 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   }
   record.Add("reason", WideFromUtf8(fix.Reason()));
   if (options.explain) {
-    AddWords(record, fix.Confirmed().Text(), fix.ReasonText(), ExplainInJson(fix.Review()));
+    AddWords(record, fix.Confirmed().Text(), fix.ReasonText(), fix.Source(),
+             ExplainInJson(fix.Review()));
   }
   if (options.candidates) {
     record.AddJson("candidates", CandidatesInJson(fix.Candidates()));

@@ -22,7 +22,8 @@ struct RecordOptions {
 // is one, the confirmation, Confirmation::Code(), "" where no address came back, and the reason, a
 // code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
 // fixed and the member proposed, the corrected text. With `explain` each record has the members
-// confirmation_text and reason_text, the two in words, and changes; with `candidates` the member of
+// confirmation_text and reason_text, the two in words, source and source_text, who said so, and
+// changes; with `candidates` the member of
 // that name, what could have been meant (CandidateList).
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking

@@ -21,6 +21,7 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   text_ = fix.answer() ? fix.answer()->ExactAddress.toStdWString() : L"";
   review_ = fix.review();
   confirmation_ = fix.confirmation();
+  source_ = client.lastReport().Source();
   TakeAnswer(fix);
   if (values_.status == AddressStatusError) {
     ExplainFailure(label, client.lastReport());
@@ -89,6 +90,7 @@ void LabelFix::ExplainFailure(const std::wstring& label, const VerifyReport& rep
   }
   const UnreadReason unread(label);
   const bool isRead = unread.GetCause() == UnreadCauseNone;
+  source_ = isRead ? report.Source() : VerifySource();
   reason_ = isRead ? failure.Code() : unread.GetCode();
   reasonText_ = isRead ? failure.Text() : unread.GetText();
 }

@@ -45,6 +45,9 @@ class LabelFix {
   // whose fix failed. Where it contradicts the number or the unit, the correction is doubtful.
   const Confirmation& Confirmed() const { return confirmation_; }
 
+  // Whose word the answer or the refusal is; untold where the service did not say.
+  const VerifySource& Source() const { return source_; }
+
   // What could have been meant, where `client` asks for candidates and the service named any. The
   // rest is as if it had not.
   const QList<AddressMatch>& Candidates() const { return candidates_; }
@@ -76,6 +79,7 @@ class LabelFix {
   std::wstring proposed_;
   CorrectionReview review_;
   Confirmation confirmation_;
+  VerifySource source_;
   bool isAsked_ = true;
   bool isUnanswered_ = false;
   std::chrono::seconds retryAfter_{0};

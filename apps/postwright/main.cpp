@@ -90,10 +90,12 @@ longer than 16 MiB is reported, and has status 3. A label whose worker process, 
 it has status 4.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
---explain each record has confirmation_text and reason_text, the two in words, and changes, a list
-of objects with rule, text, doubt, typed and corrected, their lines and offsets, and reason. With
---candidates each has candidates, a list of objects with address (ranges in parentheses) and, for a
-range, number_low, number_high and number_parity or unit_low, unit_high and unit_parity.
+--explain each record has confirmation_text and reason_text, the two in words, source (base,
+zip-list, upstream or cache: whose word it is, where the service tells) and source_text, the same in
+words, and changes, a list of objects with rule, text, doubt, typed and corrected, their lines and
+offsets, and reason. With --candidates each has candidates, a list of objects with address (ranges in
+parentheses) and, for a range, number_low, number_high and number_parity or unit_low, unit_high and
+unit_parity.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
@@ -103,8 +105,8 @@ what was turned down; the new records take the places of the old ones.
 
 A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
 their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
-not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _reason_text and
-_changes, with --candidates _candidates. It is told from one label by the names in its header; --csv says it is one, and --columns
+not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _reason_text,
+_source_text and _changes, with --candidates _candidates. It is told from one label by the names in its header; --csv says it is one, and --columns
 names the columns of the label. A ZIP code of five digits stays one. A row that cannot be read stays
 and is reported. --resume keeps the records of the rows in a file of their own, beside --output.
 
@@ -209,8 +211,9 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
                  "Ask about the whole text, and correct the lines around the address, too")
       ->disable_flag_override();
   parser
-      ->add_flag("--explain", options.explain,
-                 "Say why, and how far it was confirmed: on standard error, or in the records")
+      ->add_flag(
+          "--explain", options.explain,
+          "Say why, how far it was confirmed, and by whom: on standard error, or in the records")
       ->disable_flag_override();
   parser
       ->add_flag("--candidates", options.candidates,

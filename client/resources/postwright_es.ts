@@ -1335,6 +1335,18 @@ F8 lleva a la siguiente que lo necesita.</translation>
     <message id="SCore-confirmation-form-only">
         <translation>solo la forma: nadie ha comprobado la calle</translation>
     </message>
+    <message id="SCore-source-base">
+        <translation>Según la base de direcciones %1 del %2.</translation>
+    </message>
+    <message id="SCore-source-zip-list">
+        <translation>Según la lista de códigos ZIP.</translation>
+    </message>
+    <message id="SCore-source-upstream">
+        <translation>Según el servicio consultado %1.</translation>
+    </message>
+    <message id="SCore-source-cache">
+        <translation>Según el servicio consultado %1, que respondió el %2.</translation>
+    </message>
     <message id="SCore-unread-empty">
         <translation>No hay texto.</translation>
     </message>

@@ -331,7 +331,11 @@ enum {
   POSTWRIGHT_REPORT_ZIP4 = 11,
   POSTWRIGHT_REPORT_CARRIER_ROUTE = 12,
   POSTWRIGHT_REPORT_DELIVERY_POINT = 13,
-  POSTWRIGHT_REPORT_TEXTS = 14 /* how many there are */
+  POSTWRIGHT_REPORT_SOURCE = 14, /* whose word it is: "base", "zip-list", "upstream", "cache" */
+  POSTWRIGHT_REPORT_SOURCE_NAME = 15, /* the base's file, or the other service */
+  POSTWRIGHT_REPORT_SOURCE_DATE = 16, /* when the base was made or the answer kept: "2026-11-20" */
+  POSTWRIGHT_REPORT_SOURCE_TEXT = 17, /* in English: "the address base texas.base of 2026-11-20" */
+  POSTWRIGHT_REPORT_TEXTS = 18        /* how many there are */
 };
 
 // As postwright_fix, or, where `most` is from 1 to 50, as postwright_fix_candidates, and sets

@@ -44,10 +44,13 @@ void Ask(const std::wstring& text, std::int32_t most, HostServices& services, Fi
   fixed.result = found->GetResult();
 }
 
-Fixed Fix(const std::wstring& text, std::int32_t most, const postwright_services* services,
-          const std::atomic<bool>* cancelled) {
+Fixed Fix(const std::wstring& text, std::int32_t most, bool reports,
+          const postwright_services* services, const std::atomic<bool>* cancelled) {
   Fixed fixed;
   HostServices host(services, cancelled);
+  if (reports) {
+    host.WantSource();
+  }
   const auto turn = TakeTurn(cancelled);
   if (!turn) {
     fixed.result = POSTWRIGHT_CANCELLED;
@@ -140,8 +143,9 @@ int32_t postwright_fix_report(const char* text, size_t length, const postwright_
     if (!isServices || most < 0 || (most > 0 && candidates == nullptr)) {
       return POSTWRIGHT_BAD_ARGUMENT;
     }
-    postwright::Fixed made = postwright::Fix(
-        label, most, services, canceller != nullptr ? &canceller->cancelled : nullptr);
+    postwright::Fixed made =
+        postwright::Fix(label, most, report != nullptr, services,
+                        canceller != nullptr ? &canceller->cancelled : nullptr);
     *fixed = made.address.release();
     if (candidates != nullptr) {
       *candidates = made.candidates.release();

@@ -52,7 +52,11 @@ std::unique_ptr<postwright_report> NewReport(const VerifyReport& report, bool is
                  report.ReturnText(),
                  report.Zip4(),
                  report.CarrierRoute(),
-                 report.DeliveryPoint()};
+                 report.DeliveryPoint(),
+                 report.Source().Code(),
+                 report.Source().name,
+                 report.Source().date,
+                 report.Source().Text()};
   return made;
 }
 

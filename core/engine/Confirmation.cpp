@@ -52,6 +52,7 @@ Confirmation::Confirmation(const VerifyReport& report) {
   if (!report.IsAnswer() || !report.ErrorNumber().empty() || !report.ErrorDescription().empty()) {
     return;
   }
+  source_ = report.Source();
   if (report.DpvConfirmation() == "Y") {
     kind_ = ConfirmationFull;
   } else if (report.DpvConfirmation() == "D") {

@@ -2,6 +2,7 @@
 #define POSTWRIGHT_CORE_ENGINE_CONFIRMATION_H_
 
 #include <postwright/Export.h>
+#include <postwright/VerifySource.h>
 
 #include <cstdint>
 
@@ -46,6 +47,9 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
   // True where either is: nothing that a program may take without a person's look.
   bool Contradicts() const { return contradictsNumber_ || contradictsUnit_; }
 
+  // Who says so, where the service tells.
+  const VerifySource& Source() const { return source_; }
+
   // The kind's stable name, for records that programs read: "confirmed", "unit-missing",
   // "unit-not-known", "number-not-known", "form-only"; "" for ConfirmationNone.
   const char* Code() const;
@@ -57,6 +61,7 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
   ConfirmationKind kind_ = ConfirmationNone;
   bool contradictsNumber_ = false;
   bool contradictsUnit_ = false;
+  VerifySource source_;
 };
 
 }  // namespace postwright

@@ -49,9 +49,10 @@ AddressRangeType RangeTypeOf(const std::string& parity) {
                          : AddressRangeTypeNone;
 }
 
+constexpr std::size_t kLongestText = 200;
+
 // Nullopt for one that would make no address.
 std::optional<VerifyCandidate> ReadCandidate(const TiXmlElement& element) {
-  constexpr std::size_t kLongestText = 200;
   VerifyCandidate candidate;
   for (const CandidateText& row : kCandidateTexts) {
     std::string text = ChildText(element, row.element);
@@ -78,6 +79,18 @@ std::vector<VerifyCandidate> ReadCandidates(const TiXmlElement& address) {
   return candidates;
 }
 
+// What is longer than a name or a date would be is told to nobody.
+VerifySource ReadSource(const TiXmlElement& address) {
+  const TiXmlElement* const element = address.FirstChildElement("Source");
+  if (element == nullptr) {
+    return {};
+  }
+  VerifySource source{VerifySourceKindOf(ChildText(*element, "Kind")), ChildText(*element, "Name"),
+                      ChildText(*element, "Date")};
+  const bool fits = source.name.size() <= kLongestText && source.date.size() <= kLongestText;
+  return fits && source.kind != VerifySourceUntold ? source : VerifySource();
+}
+
 }  // namespace
 
 VerifyReport::VerifyReport(std::string_view reply, const FetchReport& fetch) : fetch_(fetch) {
@@ -95,6 +108,7 @@ VerifyReport::VerifyReport(std::string_view reply, const FetchReport& fetch) : f
   isAnswer_ = address != nullptr || error != nullptr;
   if (address != nullptr) {
     candidates_ = ReadCandidates(*address);
+    source_ = ReadSource(*address);
   }
   if (error != nullptr) {
     errorNumber_ = ChildText(*error, "Number");

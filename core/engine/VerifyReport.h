@@ -4,6 +4,7 @@
 #include <postwright/Export.h>
 #include <postwright/FetchReport.h>
 #include <postwright/VerifyCandidate.h>
+#include <postwright/VerifySource.h>
 
 #include <string>
 #include <string_view>
@@ -54,6 +55,10 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   const std::string& ErrorSource() const { return errorSource_; }
   const std::string& ErrorDescription() const { return errorDescription_; }  // trimmed
 
+  // Whose word that is, be it an address or a refusal; untold where the service was not asked for
+  // that (ReportingServices::WantSource) or does not say.
+  const VerifySource& Source() const { return source_; }
+
   // What could have been meant, in the service's order, where it was asked for that and has a
   // choice to offer; be it beside an address or an error. At most VerifyCandidate::kMost; none that
   // is not whole, or has a field of more than 200 bytes.
@@ -73,6 +78,7 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   std::string errorNumber_;
   std::string errorSource_;
   std::string errorDescription_;
+  VerifySource source_;
   std::vector<VerifyCandidate> candidates_;
 };
 

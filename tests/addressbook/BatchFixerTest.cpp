@@ -74,6 +74,7 @@ void BatchFixerTest::tellsWhatBecameOfEach() {
   QCOMPARE(outcomes[0].kind, FixOutcome::Kind::Right);
   QCOMPARE(outcomes[0].text, "Amir Park\n776 E ADAMS RD\nSEILING OK 73663");
   QCOMPARE(outcomes[0].known, Known::FormOnly);  // the service has no streets
+  QCOMPARE(outcomes[0].source, "According to the list of ZIP codes.");
   QCOMPARE(outcomes[1].kind, FixOutcome::Kind::Corrected);
   QCOMPARE(outcomes[1].known, Known::FormOnly);
   QCOMPARE(outcomes[1].text, "Lena Quinn\n7517 ADAMS BLVD\nNATURAL BRIDGE VA 24578");

@@ -266,6 +266,7 @@ void WindowTest::aBatchIsOneStep() {
                      {Kind::Failed, "Invalid Address"},
                      {Kind::Right, {}, Known::Whole}};
   _fixer.outcomes[0].known = Known::FormOnly;
+  _fixer.outcomes[2].source = QStringLiteral("According to the base.");
   QVERIFY(_table->isColumnHidden(EntryModel::Confirmed));
   _fixer.outcomes[2].text = QString(_window->document().book().at(2).label).toUpper();
   answer("Fix 3 Addresses");
@@ -280,6 +281,11 @@ void WindowTest::aBatchIsOneStep() {
   QCOMPARE(shown(1, EntryModel::Confirmed), "");
   QVERIFY(shown(2, EntryModel::Checked).startsWith("Right"));
   QCOMPARE(shown(2, EntryModel::Confirmed), "Confirmed");
+  QVERIFY(_table->model()
+              ->index(2, EntryModel::Confirmed)
+              .data(Qt::ToolTipRole)
+              .toString()
+              .contains("Confirmed\nAccording to the base."));
   QCOMPARE(find<QLabel>("messageText")->text(),
            "1 address corrected. 1 already right. 1 of these in the chosen form now. 1 failed.");
   QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);

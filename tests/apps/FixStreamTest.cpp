@@ -125,22 +125,24 @@ TEST_F(FixStreamTest, EndsWithItsWorkers) {
 TEST_F(FixStreamTest, ReplacesADeadWorker) {
   WriteFile(folder_.File("labels"), LabelLine(1) + LabelLine(kSilentNumber));
   WriteFile(folder_.File("more"), LabelLine(2));
-  CheckCommands({{"killed",
-                  there_ + "coproc " + fix_ +
-                      " --jobs 2 --explain; input=${COPROC[1]}; cat labels >&$input; "
-                      "read -r -t 30 -u ${COPROC[0]} one; pkill -9 -P $COPROC_PID; "
-                      "read -r -t 30 -u ${COPROC[0]} two; cat more >&$input; "
-                      "read -r -t 30 -u ${COPROC[0]} three; exec {input}>&-; "
-                      "echo \"$two\"; echo \"${three//,/ }\" | cut -c 1-8",
-                  0,
-                  R"({"id":999,"address":"999 main street, austin tx 78701","fixed":"",)"
-                  R"("result":"The worker process that was fixing this address was ended by )"
-                  "signal 9 (Killed)\",\"confirmation\":\"\",\"reason\":\"worker-ended\","
-                  R"("confirmation_text":"","reason_text":"The process that asked about it ended )"
-                  R"(before there was an answer. Ask again.","changes":[],"status":4})"
-                  "\n{\"id\":2 \n",
-                  ""}},
-                folder_);
+  CheckCommands(
+      {{"killed",
+        there_ + "coproc " + fix_ +
+            " --jobs 2 --explain; input=${COPROC[1]}; cat labels >&$input; "
+            "read -r -t 30 -u ${COPROC[0]} one; pkill -9 -P $COPROC_PID; "
+            "read -r -t 30 -u ${COPROC[0]} two; cat more >&$input; "
+            "read -r -t 30 -u ${COPROC[0]} three; exec {input}>&-; "
+            "echo \"$two\"; echo \"${three//,/ }\" | cut -c 1-8",
+        0,
+        R"({"id":999,"address":"999 main street, austin tx 78701","fixed":"",)"
+        R"("result":"The worker process that was fixing this address was ended by )"
+        "signal 9 (Killed)\",\"confirmation\":\"\",\"reason\":\"worker-ended\","
+        R"("confirmation_text":"","reason_text":"The process that asked about it ended )"
+        R"(before there was an answer. Ask again.","source":"","source_text":"","changes":[],)"
+        R"("status":4})"
+        "\n{\"id\":2 \n",
+        ""}},
+      folder_);
 }
 
 // The worker answers while its parent is held, and dies before that reads the answer.

@@ -172,10 +172,10 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "cd $folder; sed 2p table | $postwright fix --quiet --server 127.0.0.1:1 --explain "
            "--give-up-after 1s",
            75,
-           ",postwright_proposed,postwright_reason_text,postwright_changes\n"
+           ",postwright_proposed,postwright_reason_text,postwright_source_text,postwright_changes\n"
            "Ann,1 a street,Austin,TX,78701,not-answered,,refused,,,\"Nothing answers at "
            "127.0.0.1:1 "
-           "(connection refused). Start the service there, or name another server.\",\n",
+           "(connection refused). Start the service there, or name another server.\",,\n",
            "with --resume FILE from the start"},
           {"where it cannot be written", "cd $folder; $postwright fix table --output /nowhere/x", 2,
            "", "cannot create /nowhere/x"},

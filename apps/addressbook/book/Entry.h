@@ -23,6 +23,7 @@ struct Check {
   QByteArray text;  // fingerprint of the label that it was asked about or that it gave
   QString failure;  // why the service turned it down; empty when there is nothing to correct
   Known known = Known::NotTold;  // of that label; no file keeps it
+  QString source = {};           // who said so, in a sentence; nor this
 };
 
 // One address of a book.

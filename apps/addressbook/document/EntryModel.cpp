@@ -163,7 +163,7 @@ QVariant EntryModel::data(const QModelIndex& index, int role) const {
       return text(row, index.column());
     case Qt::ToolTipRole:
       return !hasTip       ? QVariant()
-             : isOfService ? text(row, index.column())
+             : isOfService ? serviceTip(row, index.column())
                            : asToolTip(_book.at(row).label);
     case kStateRole:
       return static_cast<int>(_book.stateAt(row));
@@ -194,6 +194,14 @@ QString EntryModel::text(int bookRow, int column) const {
     default:
       return summary.zip;
   }
+}
+
+// The text of the cell, and behind a confirmation who said so.
+QString EntryModel::serviceTip(int bookRow, int column) const {
+  const QString shown = text(bookRow, column);
+  const QString& source = _book.at(bookRow).check.source;
+  const bool isTold = column == Confirmed && !shown.isEmpty() && !source.isEmpty();
+  return isTold ? asToolTip(shown + u'\n' + source) : shown;
 }
 
 QString EntryModel::stateText(const Entry& entry, CheckState state) {

@@ -53,6 +53,7 @@ class EntryModel : public QAbstractTableModel {
 
   // What the columns of the service say.
   static QString stateText(const Entry& entry, CheckState state);
+  QString serviceTip(int bookRow, int column) const;
   static QString confirmationText(const Entry& entry, CheckState state);
 
  private:

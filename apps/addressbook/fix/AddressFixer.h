@@ -36,6 +36,7 @@ struct FixOutcome {
   Kind kind = Kind::Open;
   QString text;
   Known known = Known::NotTold;
+  QString source = {};  // who said so, in a sentence
 };
 
 // Asks the service about labels and lets the user review the answers: the one place where the

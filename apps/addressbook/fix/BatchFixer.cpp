@@ -2,6 +2,7 @@
 
 #include <postwright/AddressEntry.h>
 #include <postwright/PostwrightController.h>
+#include <postwright/ReviewedFix.h>
 
 #include <memory>
 
@@ -45,6 +46,10 @@ Known knownOf(const Confirmation& confirmation) {
   }
 }
 
+FixOutcome answered(FixOutcome::Kind kind, const QString& text, const Confirmation& confirmation) {
+  return {kind, text, knownOf(confirmation), sourceText(confirmation.Source())};
+}
+
 FixOutcome outcomeOf(const BatchResultRecord& record) {
   const BatchResultRecord::Values values = record.values();
   if (values.pending) {
@@ -52,8 +57,8 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
   }
   switch (values.status) {
     case AddressStatusFixed:
-      return {FixOutcome::Kind::Corrected, values.fixed,
-              values.own ? Known::NotTold : knownOf(values.confirmation)};
+      return values.own ? FixOutcome{FixOutcome::Kind::Corrected, values.fixed}
+                        : answered(FixOutcome::Kind::Corrected, values.fixed, values.confirmation);
     case AddressStatusMultiple:
       return {FixOutcome::Kind::Failed,
               values.remark.isEmpty() ? BatchFixer::tr("Several addresses match") : values.remark};
@@ -68,8 +73,8 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
   if (values.address != record.typed() || !values.isWellWritten()) {
     return {};
   }
-  return {FixOutcome::Kind::Right, record.isFormed() ? values.fixed : QString(),
-          knownOf(values.confirmation)};
+  return answered(FixOutcome::Kind::Right, record.isFormed() ? values.fixed : QString(),
+                  values.confirmation);
 }
 
 }  // namespace

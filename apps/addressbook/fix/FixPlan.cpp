@@ -72,7 +72,7 @@ BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixO
       ++(outcome.known == Known::Whole ? changes.right : changes.unconfirmed);
     }
     entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString(),
-                   outcome.known};
+                   outcome.known, outcome.source};
     changes.checked.append(placed);
   }
   return changes;

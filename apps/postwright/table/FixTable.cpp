@@ -68,7 +68,8 @@ class RecordCells {
                        QStringLiteral("reason"), QStringLiteral("zip4"),
                        QStringLiteral("proposed")};
     if (options_.explain) {
-      titles += {QStringLiteral("reason_text"), QStringLiteral("changes")};
+      titles +=
+          {QStringLiteral("reason_text"), QStringLiteral("source_text"), QStringLiteral("changes")};
     }
     if (options_.candidates) {
       titles += QStringLiteral("candidates");
@@ -105,7 +106,8 @@ class RecordCells {
                         record[QLatin1String("confirmation")].toString(), reason,
                         status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
     if (options_.explain) {
-      results += {OneLine(reasonText), ChangesOf(record)};
+      results +=
+          {OneLine(reasonText), record[QLatin1String("source_text")].toString(), ChangesOf(record)};
     }
     if (options_.candidates) {
       results += CandidatesOf(record);

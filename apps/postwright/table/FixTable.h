@@ -22,10 +22,10 @@ using FixStream = std::function<ExitStatus(const std::string& input, const std::
 
 // Has the labels of `table` fixed by `fix` and writes the table with the corrected addresses in
 // their cells, and columns added: status, confirmation, reason, zip4, proposed and, where asked
-// for, reason_text, changes and candidates. A correction that the cells cannot hold is proposed and
-// not made. Rows that have no record, since the run ended early, have the status not-asked. Throws
-// Failure and ClosedPipe; returns what `fix` returned, or kExitNotALabel where a row could not be
-// read.
+// for, reason_text, source_text, changes and candidates. A correction that the cells cannot hold is
+// proposed and not made. Rows that have no record, since the run ended early, have the status
+// not-asked. Throws Failure and ClosedPipe; returns what `fix` returned, or kExitNotALabel where a
+// row could not be read.
 ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
                     const FixStream& fix);
 

@@ -33,6 +33,7 @@ AskFunction askFunctionOf(const QVariantMap& parameters, PostwrightClient& clien
     return askPlainly;
   }
   client.setRemovePunctuation(false);
+  client.setWantsSource(true);
   return [form = form.value<LabelForm>()](PostwrightClient& asking, const QString& label) {
     return fixReviewed(asking, label, {.form = form});
   };

@@ -3,6 +3,7 @@
 
 #include <postwright/Deployment.h>
 #include <postwright/NetworkReachability.h>
+#include <postwright/ReviewedFix.h>
 #include <postwright/UnreadReason.h>
 
 #include <QApplication>
@@ -28,7 +29,11 @@ LoopbackServer::Answer Answer(const std::string& request) {
   const std::string place =
       holds("02108") ? "</Address2><City>BOSTON</City><State>MA</State><Zip5>02108</Zip5>"
                      : "</Address2><City>AUSTIN</City><State>TX</State><Zip5>78701</Zip5>";
-  const std::string known = "<DPVConfirmation>Y</DPVConfirmation><DPVFootnotes>AABB</DPVFootnotes>";
+  const std::string known =
+      "<DPVConfirmation>Y</DPVConfirmation><DPVFootnotes>AABB</DPVFootnotes>" +
+      std::string(holds("\r\nPostwright-Source: 1\r\n")
+                      ? "<Source><Kind>base</Kind><Name>a.base</Name></Source>"
+                      : "");
   std::string address =
       "<Error><Number>-2147219401</Number><Description>Address Not Found.</Description></Error>";
   if (holds("ELM")) {
@@ -183,7 +188,7 @@ void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
            u"The service found nothing to correct. Form only, nobody has checked the street. Its "
            "entry stays as it is."_qs);
   QCOMPARE(said(2, u"txtDoubt"_qs), u"The street is known, the number is not."_qs);
-  QCOMPARE(said(3, u"txtFixedNote"_qs), u"Confirmed."_qs);
+  QCOMPARE(said(3, u"txtFixedNote"_qs), u"Confirmed. According to the address base a.base."_qs);
   QCOMPARE(person.label(u"txtProgress"_qs),
            u"1 address was corrected. 1 was right. 1 is well written, but not confirmed. Left as "
            "they are: 1 open choice."_qs);
@@ -199,7 +204,7 @@ void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
   const QString report = csvReport(open.window.records());
   QVERIFY(
       report.startsWith(u"\"Address as Typed\",\"Address as Fixed\",\"Status\",\"Confirmation\""));
-  QCOMPARE(report.count(u"\"Confirmed.\""), 2);
+  QCOMPARE(report.count(u"\"Confirmed. According to"), 2);
 }
 
 // The doubtful ones are listed alone, with their number, and accepted in one step.
@@ -337,8 +342,15 @@ void ReviewedWindowTest::everyWordIsTranslated() {
              reason.GetCode());
     QVERIFY2(!failureOf(label, refused).reason.contains(u"Invalid City"), reason.GetCode());
   }
-  const VerifyReport answered("<R><Address><Address2>1 A</Address2></Address></R>");
-  QCOMPARE(sentenceOf(Confirmation(answered)), u"Solo la forma: nadie ha comprobado la calle."_qs);
+  const VerifyReport answered(
+      "<R><Address><Address2>1 A</Address2><Source><Kind>base</Kind><Name>a %2</Name>"
+      "<Date>2026-11-20</Date></Source></Address></R>");
+  QCOMPARE(sentenceOf(Confirmation(answered)),
+           u"Solo la forma: nadie ha comprobado la calle. Según la base de direcciones a %2 del "
+           "2026-11-20."_qs);
+  for (qint32 kind = VerifySourceBase; kind <= VerifySourceCache; ++kind) {
+    QVERIFY(sourceText({static_cast<VerifySourceKind>(kind)}).startsWith(u"Según"));
+  }
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QApplication, ReviewedWindowTest)

@@ -290,12 +290,14 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
        "<R><Address><Address2>12 MAIN ST</Address2><City>A</City><State>TX</State><Zip5>78701"
        "</Zip5><Zip4>1234</Zip4><DeliveryPoint>12</DeliveryPoint><ReturnText>More.</ReturnText>"
        "<CarrierRoute>C022</CarrierRoute><Footnotes>AN</Footnotes><DPVConfirmation>D"
-       "</DPVConfirmation><DPVFootnotes>AAN1</DPVFootnotes></Address></R>",
+       "</DPVConfirmation><DPVFootnotes>AAN1</DPVFootnotes><Source><Kind>base</Kind><Name>a.base"
+       "</Name><Date>2026-11-20</Date></Source></Address></R>",
        POSTWRIGHT_DEFAULT_MATCH,
        POSTWRIGHT_CONFIRMATION_UNIT_MISSING,
        0,
        {"unit-missing", "confirmed but for its unit, which is missing", "", "", "", "", "", "D",
-        "AAN1", "AN", "More.", "1234", "C022", "12"}},
+        "AAN1", "AN", "More.", "1234", "C022", "12", "base", "a.base", "2026-11-20",
+        "the address base a.base of 2026-11-20"}},
       {"a number that is not there",
        "<R><Address><Address2>12 MAIN ST</Address2><City>A</City><State>TX</State><Zip5>78701"
        "</Zip5><DPVConfirmation>N</DPVConfirmation><DPVFootnotes>AAM3</DPVFootnotes></Address></R>",
@@ -303,7 +305,7 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
        POSTWRIGHT_CONFIRMATION_NUMBER_NOT_KNOWN,
        1,
        {"number-not-known", "the street is known, the number is not", "", "", "", "", "", "N",
-        "AAM3", "", "", "", "", ""}},
+        "AAM3", "", "", "", "", "", "", "", "", ""}},
       {"a unit that is not there",
        "<R><Address><Address2>12 MAIN ST # 9</Address2><City>A</City><State>TX</State><Zip5>78701"
        "</Zip5><DPVConfirmation>S</DPVConfirmation><DPVFootnotes>AAC1</DPVFootnotes></Address></R>",
@@ -311,7 +313,7 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
        POSTWRIGHT_CONFIRMATION_UNIT_NOT_KNOWN,
        0,
        {"unit-not-known", "confirmed but for its unit, which is not known", "", "", "", "", "", "S",
-        "AAC1", "", "", "", "", ""}},
+        "AAC1", "", "", "", "", "", "", "", "", ""}},
       {"turned down",
        "<R><Address><Error><Number>-2147219401</Number>"
        "<Source>clsAMS</Source><Description>No &#xF1;.</Description></Error></Address></R>",
@@ -320,13 +322,13 @@ TEST(CInterfaceTest, ReportsOnAnAnswer) {
        0,
        {"", "", "not-found",
         "The service says: No \xC3\xB1. Look at the street and its number, and at the ZIP code.",
-        "-2147219401", "clsAMS", "No \xC3\xB1.", "", "", "", "", "", "", ""}},
+        "-2147219401", "clsAMS", "No \xC3\xB1.", "", "", "", "", "", "", "", "", "", "", ""}},
       {"no answer",
        "<html>\xFF",
        POSTWRIGHT_BAD_REPLY,
        POSTWRIGHT_CONFIRMATION_NONE,
        0,
-       {"", "", "", "", "", "", "", "", "", "", "", "", "", ""}},
+       {"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", ""}},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.name);

@@ -1,6 +1,7 @@
 #include <postwright/CandidateFix.h>
 
 #include <postwright/Deployment.h>
+#include <postwright/Postwright.h>
 #include <postwright/PostwrightException.h>
 #include <postwright/ReportingServices.h>
 #include <postwright/VerifyReport.h>
@@ -86,6 +87,13 @@ TEST_F(CandidateFixTest, IsAnOrdinaryFixWhereNothingIsNamed) {
   ReportingServices plain;
   plain.ReadUrl((L"http://" + plain.UTF8ToUCS2(server_.GetEndpoint()) + L"/").c_str());
   EXPECT_EQ(server_.GetRequests().back().find("Postwright"), std::string::npos);
+  plain.WantSource();
+  EXPECT_THROW(Postwright::Fix(L"12 main st\naustin tx 78701", true, &plain), PostwrightException);
+  EXPECT_NE(server_.GetRequests().back().find("\r\nPostwright-Source: 1\r\n"), std::string::npos);
+  EXPECT_TRUE(plain.Warning().empty());  // what is no XML is an error
+  reply_ = Reply(kRefusal, "");
+  EXPECT_THROW(Postwright::Fix(L"12 main st\naustin tx 78701", true, &plain), PostwrightException);
+  EXPECT_EQ(plain.Warning().find(L"Postwright::Fix(): server error = '"), 0U);
 }
 
 TEST(VerifyReportTest, ReadsCandidatesWithinBounds) {

@@ -62,6 +62,33 @@ TEST(VerifyReportTest, ReadsARefusal) {
   }
 }
 
+TEST(VerifyReportTest, ReadsWhoseWordItIs) {
+  const struct {
+    std::string source;
+    const char* code;
+    std::string text;
+  } rows[] = {
+      {"<Kind>base</Kind><Name>a&amp;b.base</Name><Date>2026-11-20</Date>", "base",
+       "the address base a&b.base of 2026-11-20"},
+      {"<Kind>zip-list</Kind>", "zip-list", "the list of ZIP codes"},
+      {"<Kind>upstream</Kind><Name>x http://a</Name>", "upstream",
+       "the upstream service x http://a"},
+      {"<Kind>cache</Kind><Name>x http://a</Name><Date>2026-11-20</Date>", "cache",
+       "the upstream service x http://a, which answered on 2026-11-20"},
+      {"<Kind>oracle</Kind><Name>Delphi</Name>", "", ""},
+      {"<Kind>base</Kind><Name>" + std::string(201, 'x') + "</Name>", "", ""},
+      {"", "", ""},
+  };
+  for (const auto& row : rows) {
+    for (const char* said : {"<Address2>1 A ST</Address2>", "<Error><Number>1</Number></Error>"}) {
+      const VerifyReport report("<R><Address>" + std::string(said) + "<Source>" + row.source +
+                                "</Source></Address></R>");
+      EXPECT_STREQ(report.Source().Code(), row.code) << row.source;
+      EXPECT_EQ(report.Source().Text(), row.text);
+    }
+  }
+}
+
 TEST(VerifyReportTest, ReadsNothingFromWhatIsNoAnswer) {
   for (const std::string& reply :
        {std::string(), std::string("<html><p>502</html>"), std::string("<R/>"),
