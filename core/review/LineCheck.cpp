@@ -9,6 +9,17 @@
 
 namespace postwright {
 
+namespace {
+
+// 7-ELEVEN begins as a house number does, but N6W23001 is one.
+bool IsName(const std::wstring& word) {
+  constexpr std::ptrdiff_t kMostLetters = 3;
+  return std::count_if(word.begin(), word.end(), [](wchar_t c) { return c >= L'A'; }) >
+         kMostLetters;
+}
+
+}  // namespace
+
 std::optional<CorrectionRule> LineCheck::Check(const AlignedPiece* before,
                                                const AlignedPiece& piece) const {
   if (before != nullptr) {
@@ -135,15 +146,16 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
       !WordForms::Get().PlainUnit(word.text).empty() && IsAloneOnLine(piece.typedBegin)) {
     return true;  // REAR below a street without a suffix
   }
-  if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City &&
-      !WordForms::Get().PlainUnit(word.text).empty()) {
+  const bool isNumbered = !WordForms::Get().NumberedUnit(word.text).empty() || word.afterNumberSign;
+  if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City && !isNumbered) {
     return false;  // UPPER SANDUSKY is a city, and no unit UPPR with a city SANDUSKY
   }
   if (right == Role::Unit) {
     return left != Role::Unit || !WordForms::Get().Unit(word.text).empty() || word.afterNumberSign;
   }
-  const bool isNumberAlone =
-      left == Role::HouseNumber && right != Role::HouseNumber && IsAloneOnLine(before.typedEnd - 1);
+  const bool isNumberAlone = left == Role::HouseNumber && right != Role::HouseNumber &&
+                             !IsName(corrected_.words[before.correctedEnd - 1].text) &&
+                             IsAloneOnLine(before.typedEnd - 1);
   return isNumberAlone || (left == Role::Box && right == Role::Box && word.text == L"BOX");
 }
 
@@ -151,11 +163,14 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
 bool LineCheck::MayCut(const AlignedPiece& before, const AlignedPiece& piece) const {
   const Role left = corrected_.roles[before.correctedEnd - 1];
   const Role right = corrected_.roles[piece.correctedBegin];
-  if (typed_.words[piece.typedBegin].afterComma || (IsLastLine(left) && !IsLastLine(right))) {
+  if (IsLastLine(left)) {
+    return !IsLastLine(right);
+  }
+  if (typed_.words[piece.typedBegin].afterComma) {
     return true;
   }
   if (IsDeliveryLine(left) || left == Role::Urbanization) {
-    return IsLastLine(right) || right == Role::Urbanization;
+    return right == Role::City || right == Role::Urbanization;
   }
   // In a label of one line nothing parts the name from the street. But PO, HC or BOX is no name.
   static constexpr std::wstring_view kLeaders[] = {L"PO", L"O",   L"OFFICE", L"BOX",   L"HC",

@@ -32,8 +32,9 @@ class RoleFinder {
       : words_(words), roles_(words.size(), Role::Name) {}
 
   std::vector<Role> Find() {
-    const std::optional<Range> last = FindLastLine();
+    std::optional<Range> last = FindLastLine();
     if (last) {
+      last = WithLinesAbove(*last);
       const Range above = LineAbove(*last);
       const std::size_t city = ReadLastLine(*last, above.Size() == 0);
       ReadDeliveryLine(above.Size() == 0 ? Range{last->begin, city} : PassUrbanization(above));
@@ -95,6 +96,26 @@ class RoleFinder {
       end = line.begin;
     }
     return withZip ? withZip : withState;
+  }
+
+  // The same with the lines above that belong to it, where the ZIP code, or the state, has a line
+  // of its own.
+  Range WithLinesAbove(Range line) const {
+    const std::size_t zip = ZipOf(line);
+    Range above = LineAbove(line);
+    if (zip == line.begin && above.Size() > 0 && !HasDigit(Text(above.begin)) &&
+        StateBefore(above.begin, above.end) < above.end) {
+      line.begin = above.begin;
+      above = LineAbove(line);
+    }
+    const bool isCity = above.begin > 0 && StateBefore(line.begin, zip) == line.begin &&
+                        zip > line.begin && !HasDigitIn(above) && HasDigitIn(LineAbove(above));
+    return isCity ? Range{above.begin, line.end} : line;
+  }
+  bool HasDigitIn(Range line) const {
+    return std::any_of(words_.begin() + static_cast<std::ptrdiff_t>(line.begin),
+                       words_.begin() + static_cast<std::ptrdiff_t>(line.end),
+                       [](const LabelWord& word) { return HasDigit(word.text); });
   }
 
   // Returns where the city begins.

@@ -89,6 +89,35 @@ const wchar_t* HighwayKind(std::wstring_view word) {
   return WordForms::Get().State(word).empty() ? nullptr : L"STATE";
 }
 
+// Whether words are in no order in which a highway's name is written: a word twice, a type in front
+// of its kind, or none where the kind needs one. A state may stand in front.
+bool IsOddHighway(const std::vector<LabelWord>& words, std::size_t begin, std::size_t end) {
+  static constexpr std::wstring_view kNeedType[] = {L"STATE",    L"ST",  L"COUNTY", L"CNTY",
+                                                    L"TOWNSHIP", L"TWP", L"RANCH"};
+  std::wstring_view kind;
+  bool hasType = false;
+  bool needsType = false;
+  for (std::size_t i = begin; i < end; ++i) {
+    const std::wstring& word = words[i].text;
+    const wchar_t* const known = HighwayKind(word);
+    if (known == nullptr) {
+      break;  // its number
+    }
+    const std::wstring_view said = known;
+    const bool isOfSeveral =
+        (said == L"FM" && (kind == L"FM" || kind == L"RANCH")) || (said == L"US" && kind == said);
+    if (hasType || (i > begin && word == words[i - 1].text) ||
+        (!said.empty() && !kind.empty() && !isOfSeveral)) {
+      return true;
+    }
+    hasType = said.empty();
+    needsType = std::ranges::find(kNeedType, word) != std::end(kNeedType);
+    const bool isStateName = i == begin && !WordForms::Get().State(word).empty();
+    kind = isStateName || hasType ? kind : said;
+  }
+  return needsType && !hasType;
+}
+
 bool IsNoise(const LabelWord& word) {
   return word.text == L"NO" || word.text == L"NUM" || word.text == L"NUMBER" || word.text == L"NR";
 }
@@ -224,6 +253,7 @@ class PhraseFinder {
   void AddHighway(std::size_t words, std::wstring_view kind, std::wstring_view number) {
     Add(words, L"HIGHWAY " + std::wstring(number) + L" " + std::wstring(kind),
         CorrectionRule::Highway, kind.empty());
+    found_.back().odd = IsOddHighway(words_, at_, at_ + words);
   }
 
   const std::vector<LabelWord>& words_;

@@ -17,6 +17,7 @@ struct Phrase {
   std::wstring meaning;
   CorrectionRule rule = CorrectionRule::Word;  // what writing it otherwise is called
   bool vague = false;  // a highway of which only the number is said: HIGHWAY 7
+  bool odd = false;  // words of a highway in no order in which its name is written: ROAD COUNTY 24
 };
 
 // True where one may stand for the other: the same meaning, and neither vaguer than the other.

@@ -159,8 +159,9 @@ class Judge {
   CorrectionRule MoveRule(const AlignedPiece& from, const AlignedPiece& to) const {
     const Role role = rules_.RoleOf(to);
     const bool isPlain = !from.HasCorrected() && !to.HasTyped();
-    const bool isUnit =
-        role == Role::Unit ? IsUnit(from) : IsDeliveryLine(role) && IsPlainUnit(from);
+    const bool isUnit = role == Role::Unit
+                            ? IsUnit(from)
+                            : IsDeliveryLine(role) && IsPlainUnit(from) && EndsDeliveryLine(to);
     if (isPlain && ((isUnit && StandsWithStreet(from)) || GoesBeforeUnit(from, to))) {
       return CorrectionRule::UnitPlace;
     }
@@ -173,7 +174,12 @@ class Judge {
 
   bool IsUnit(const AlignedPiece& change) const {
     const LabelWord& word = typed_.words[change.typedBegin];
-    return word.afterNumberSign || !WordForms::Get().Unit(word.text).empty();
+    const bool isWhole = change.typedEnd - change.typedBegin > 1 || IsPlainUnit(change);
+    return word.afterNumberSign || (isWhole && !WordForms::Get().Unit(word.text).empty());
+  }
+  bool EndsDeliveryLine(const AlignedPiece& change) const {
+    return change.correctedEnd == corrected_.roles.size() ||
+           !IsDeliveryLine(corrected_.roles[change.correctedEnd]);
   }
   bool IsPlainUnit(const AlignedPiece& change) const {
     return change.typedEnd - change.typedBegin == 1 &&
@@ -197,7 +203,12 @@ class Judge {
     const auto at = [&roles](auto place) {
       return static_cast<std::size_t>(place - roles.begin());
     };
-    return above < line && at(unit) >= to.correctedEnd && IsDeliveryLine(rules_.RoleOf(to)) &&
+    const bool unitStays = std::any_of(pieces_.begin(), pieces_.end(), [&](const auto& piece) {
+      return piece.HasTyped() && piece.HasCorrected() && piece.correctedEnd > at(unit) &&
+             piece.correctedBegin <= at(unit);
+    });
+    return above < line && unitStays && !IsLastLine(typed_.roles[from.typedBegin]) &&
+           at(unit) >= to.correctedEnd && IsDeliveryLine(rules_.RoleOf(to)) &&
            Key(typed_, above, line) == Key(corrected_, at(unit), at(unitEnd));
   }
 

@@ -198,9 +198,11 @@ class WordAligner {
   void StepOverPhrases(std::size_t i, std::size_t j) {
     const KnownWord& typed = knownTyped_[i];
     const KnownWord& corrected = knownCorrected_[j];
+    const bool isBehindPo = begin_ + j > 0 && corrected_[begin_ + j - 1].text == L"PO";
     for (const Phrase& before : typed.phrases) {
       for (const Phrase& after : corrected.phrases) {
-        if (!Fits(before, after, roles_[begin_ + j])) {
+        if (!Fits(before, after, roles_[begin_ + j]) ||
+            (isBehindPo && after.rule == CorrectionRule::Box)) {
           continue;
         }
         if (MeanTheSame(before, after)) {
@@ -234,7 +236,7 @@ class WordAligner {
       case CorrectionRule::Box:
         return role == Role::Box;
       case CorrectionRule::Highway:
-        return IsDeliveryLine(role) && role != Role::HouseNumber;
+        return IsDeliveryLine(role) && role != Role::HouseNumber && !after.odd;
       case CorrectionRule::Directional:
         return before.words != after.words && (IsDeliveryLine(role) || role == Role::City);
       default:
