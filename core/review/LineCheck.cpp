@@ -170,7 +170,9 @@ bool LineCheck::MayCut(const AlignedPiece& before, const AlignedPiece& piece) co
     return true;
   }
   if (IsDeliveryLine(left) || left == Role::Urbanization) {
-    return right == Role::City || right == Role::Urbanization;
+    const std::vector<Role>& roles = corrected_.roles;
+    const bool hasCity = std::find(roles.begin(), roles.end(), Role::City) != roles.end();
+    return (IsLastLine(right) && hasCity) || right == Role::Urbanization;
   }
   // In a label of one line nothing parts the name from the street. But PO, HC or BOX is no name.
   static constexpr std::wstring_view kLeaders[] = {L"PO", L"O",   L"OFFICE", L"BOX",   L"HC",

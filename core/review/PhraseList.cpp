@@ -233,6 +233,7 @@ class PhraseFinder {
         const wchar_t* const said = glued.empty() ? L"" : HighwayKind(glued);
         if (said != nullptr && (i > 0 || !glued.empty())) {
           AddHighway(i + 1, Stronger(kind, said), word.substr(digit));
+          AddHighwayWithDirection(i + 1, Stronger(kind, said), word.substr(digit));
         }
         return;
       }
@@ -254,6 +255,20 @@ class PhraseFinder {
     Add(words, L"HIGHWAY " + std::wstring(number) + L" " + std::wstring(kind),
         CorrectionRule::Highway, kind.empty());
     found_.back().odd = IsOddHighway(words_, at_, at_ + words);
+  }
+
+  // I-35N is INTERSTATE 35 N.
+  void AddHighwayWithDirection(std::size_t words, std::wstring_view kind,
+                               std::wstring_view number) {
+    const auto isDirection = [](std::wstring_view word) {
+      return word.size() == 1 && !WordForms::Get().Direction(word).empty();
+    };
+    const std::wstring_view digits = number.substr(0, number.size() - 1);
+    if (IsNumber(digits) && isDirection(number.substr(digits.size()))) {
+      AddHighway(words, std::wstring(kind) + L" TO THE " + number.back(), digits);
+    } else if (words < Left() && IsNumber(number) && isDirection(Text(words))) {
+      AddHighway(words + 1, std::wstring(kind) + L" TO THE " + Text(words), number);
+    }
   }
 
   const std::vector<LabelWord>& words_;

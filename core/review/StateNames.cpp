@@ -1,7 +1,5 @@
 #include "core/review/StateNames.h"
 
-#include "core/parser/Vocabulary.h"
-
 #include <map>
 #include <vector>
 
@@ -15,7 +13,6 @@ struct Known {
 };
 using Names = std::map<std::wstring, Known, std::less<>>;
 
-// What stands for a state on older letters; full stops left out.
 constexpr Vocabulary::VocabularyRow kOlderForms[] = {
     {L"ALA", L"AL"},   {L"ALAS", L"AK"},  {L"ARIZ", L"AZ"},
     {L"ARK", L"AR"},   {L"CAL", L"CA"},   {L"CALIF", L"CA"},
@@ -95,6 +92,10 @@ std::wstring JoinWords(std::wstring_view text) {
 }
 
 }  // namespace
+
+std::span<const Vocabulary::VocabularyRow> OlderStateForms() {
+  return kOlderForms;
+}
 
 StateAtEnd FindStateAtEnd(std::wstring_view text) {
   static const Names kNames = CollectNames();

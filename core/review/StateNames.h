@@ -1,7 +1,10 @@
 #ifndef POSTWRIGHT_CORE_REVIEW_STATENAMES_H_
 #define POSTWRIGHT_CORE_REVIEW_STATENAMES_H_
 
+#include "core/parser/Vocabulary.h"
+
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,6 +16,9 @@ struct StateAtEnd {
   std::wstring code;      // "TX"; "" where there is none
   bool isRead = false;    // the grammar reads it as it is written
 };
+
+// What stands for a state on older letters, without full stops: "CALIF" for CA, "W VA" for WV.
+std::span<const Vocabulary::VocabularyRow> OlderStateForms();
 
 // Finds the state that `text`, upper case and without punctuation at its end, ends with: a code, a
 // name, a name's older abbreviation ("CALIF", "W VA"), any of them with full stops. AA, AE and AP

@@ -8,6 +8,7 @@
 #include "core/review/Digits.h"
 #include "core/review/LabelWords.h"
 #include "core/review/NumberWords.h"
+#include "core/review/StateNames.h"
 
 namespace postwright {
 
@@ -82,6 +83,11 @@ WordForms::WordForms() {
     std::erase_if(name, [](wchar_t c) { return c < L'A' || c > L'Z'; });
     states_.emplace(name, row.standard);
     states_.emplace(row.standard, row.standard);
+  }
+  for (const Vocabulary::VocabularyRow& row : OlderStateForms()) {
+    std::wstring name = row.written;
+    std::erase(name, L' ');
+    states_.emplace(name, row.standard);
   }
   for (const std::wstring_view military : Vocabulary::kMilitaryStates) {
     states_.emplace(military, military);
