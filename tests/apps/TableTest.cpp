@@ -168,6 +168,11 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "cd $folder; $postwright fix --quiet --resume records --server 127.0.0.1:1 table | diff "
            "- fixed && echo same",
            0, "same\n", ""},
+          {"of a word that was added",
+           "printf 'Street,City,State,Zip\\n1 a street,,TX,78701\\n' | $postwright fix --quiet "
+           "--explain --server " +
+               daemon.Endpoint(),
+           0, "; city of this ZIP code: (nothing) -> AUSTIN\n", ""},
           {"of no answer",
            "cd $folder; sed 2p table | $postwright fix --quiet --server 127.0.0.1:1 --explain "
            "--give-up-after 1s",

@@ -40,11 +40,14 @@ QString ZipPlusFour(const QString& label) {
 }
 
 QString ChangesOf(const QJsonObject& record) {
+  const auto words = [](const QJsonValue& change, const char* side) {
+    const QString text = change[QLatin1String(side)].toString();
+    return text.isEmpty() ? QStringLiteral("(nothing)") : text;
+  };
   QStringList changes;
   for (const QJsonValue change : record[QLatin1String("changes")].toArray()) {
     changes.append(change[QLatin1String("text")].toString() + QStringLiteral(": ") +
-                   change[QLatin1String("typed")].toString() + QStringLiteral(" -> ") +
-                   change[QLatin1String("corrected")].toString());
+                   words(change, "typed") + QStringLiteral(" -> ") + words(change, "corrected"));
   }
   return OneLine(changes.join(QStringLiteral("; ")));
 }
