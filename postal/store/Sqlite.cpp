@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cstring>
+
 #include "common/FileDescriptor.h"
 #include "common/SmallText.h"
 
@@ -31,6 +33,20 @@ std::string EscapeForUri(const std::string& path) {
 // where some other part of the program uses SQLite already.
 void LeaveMemoryUncounted() {
   [[maybe_unused]] static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
+// What a connection to the file of that name could not do last; null: there was no memory for one.
+StoreError ErrorOf(sqlite3* connection, const std::string& name) {
+  if (connection == nullptr) {
+    return {name + ": no memory", SQLITE_NOMEM};
+  }
+  std::string why = sqlite3_errmsg(connection);
+  const int code = sqlite3_extended_errcode(connection);
+  const int cause = sqlite3_system_errno(connection);
+  if (((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_IOERR) && cause != 0) {
+    why += std::string(": ") + std::strerror(cause);  // SQLite's own words do not tell it
+  }
+  return {name + ": " + why, code};
 }
 
 }  // namespace
@@ -104,10 +120,7 @@ int64_t SqliteFile::Number(const std::string& statement) {
 }
 
 void SqliteFile::Fail() const {
-  sqlite3* const connection = connection_.get();
-  throw StoreError(
-      name_ + ": " + (connection == nullptr ? "no memory" : sqlite3_errmsg(connection)),
-      connection == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(connection));
+  throw ErrorOf(connection_.get(), name_);
 }
 
 SqliteStatement::SqliteStatement(SqliteFile& file, const std::string& text) : file_(file) {
@@ -138,8 +151,7 @@ bool SqliteStatement::Step() {
   if (end == SQLITE_ROW || end == SQLITE_DONE) {
     return end == SQLITE_ROW;
   }
-  const StoreError error(file_.name_ + ": " + sqlite3_errmsg(file_.connection_.get()),
-                         sqlite3_extended_errcode(file_.connection_.get()));
+  const StoreError error = ErrorOf(file_.connection_.get(), file_.name_);
   Reset();
   throw error;
 }

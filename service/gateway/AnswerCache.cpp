@@ -97,22 +97,31 @@ std::filesystem::path MoveAside(const std::filesystem::path& file) {
 
 class AnswerCache::Reader {
  public:
-  explicit Reader(const AnswerCache& cache)
-      : file_(cache.file_, std::chrono::milliseconds(0)),
-        find_(file_, "SELECT saved, answer FROM answers WHERE key = ?") {}
+  explicit Reader(const AnswerCache& cache) : file_(cache.file_, std::chrono::milliseconds(0)) {}
 
   // Returns when the answer was kept and its document.
   std::optional<std::pair<int64_t, std::string>> Find(const std::string& key) {
-    postal::SqliteQuery query(find_, key);
+    if (!find_ && !HasAnswers()) {
+      return std::nullopt;
+    }
+    if (!find_) {
+      find_.emplace(file_, "SELECT saved, answer FROM answers WHERE key = ?");
+    }
+    postal::SqliteQuery query(*find_, key);
     if (!query.Step()) {
       return std::nullopt;
     }
-    return std::pair(find_.Number(0), find_.Text(1));
+    return std::pair(find_->Number(0), find_->Text(1));
   }
 
  private:
+  // False of a file that could not be brought into form yet, which is the writer's to tell.
+  bool HasAnswers() {
+    return file_.Number("SELECT count(*) FROM sqlite_schema WHERE name = 'answers'") > 0;
+  }
+
   postal::SqliteFile file_;
-  postal::SqliteStatement find_;
+  std::optional<postal::SqliteStatement> find_;
 };
 
 class AnswerCache::Writer {
