@@ -1,8 +1,11 @@
 #include "postal/base/BaseFile.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdint>
+#include <cstring>
 #include <fstream>
+#include <optional>
 #include <string>
 
 #include "postal/base/BaseSchema.h"
@@ -16,9 +19,13 @@ constexpr size_t kHeader = 100;
 constexpr size_t kVersionOffset = 60;
 constexpr size_t kApplicationOffset = 68;
 
-std::string ReadHeader(const std::filesystem::path& file) {
+// nullopt, with errno, where the file cannot be opened.
+std::optional<std::string> ReadHeader(const std::filesystem::path& file) {
   std::string header(kHeader, '\0');
   std::ifstream input(file, std::ios::binary);
+  if (!input) {
+    return std::nullopt;
+  }
   input.read(header.data(), kHeader);
   header.resize(static_cast<size_t>(input.gcount()));
   return header;
@@ -35,11 +42,15 @@ int64_t NumberAt(const std::string& header, size_t offset) {
 }  // namespace
 
 bool IsSqlite(const std::filesystem::path& file) {
-  return ReadHeader(file).starts_with(BaseSchema::kMagic);
+  return ReadHeader(file).value_or("").starts_with(BaseSchema::kMagic);
 }
 
 void Check(const std::filesystem::path& file) {
-  const std::string header = ReadHeader(file);
+  const std::optional<std::string> read = ReadHeader(file);
+  if (!read) {
+    throw ZipListError(file.string() + ": cannot be read: " + std::strerror(errno));
+  }
+  const std::string& header = *read;
   if (header.size() < kHeader || !header.starts_with(BaseSchema::kMagic) ||
       NumberAt(header, kApplicationOffset) != BaseSchema::kApplicationId) {
     throw ZipListError(file.string() + ": is no address base; 'postwright-base import' makes one");

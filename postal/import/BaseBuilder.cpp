@@ -51,6 +51,30 @@ void LetOthersRead(const std::string& file) {
   chmod(file.c_str(), NewFileMode());
 }
 
+// A file that is being made: it goes, with what SQLite has put beside it, unless it is renamed.
+class Unfinished {
+ public:
+  // Removes one that a killed process has left.
+  explicit Unfinished(std::string file) : file_(std::move(file)) {
+    for (const char* ending : kEndings) {
+      std::filesystem::remove(file_ + ending);
+    }
+  }
+  ~Unfinished() {
+    std::error_code none;
+    for (const char* ending : kEndings) {
+      std::filesystem::remove(file_ + ending, none);
+    }
+  }
+  Unfinished(const Unfinished&) = delete;
+  Unfinished& operator=(const Unfinished&) = delete;
+
+ private:
+  static constexpr const char* kEndings[] = {"", "-journal", "-wal", "-shm"};
+
+  const std::string file_;
+};
+
 void Rename(const std::string& from, const std::string& to) {
   if (std::rename(from.c_str(), to.c_str()) != 0) {
     throw ImportError(from + ": cannot be renamed to " + to + ": " + std::strerror(errno));
@@ -94,30 +118,33 @@ void BaseBuilder::LockStage() {
   }
 }
 
+// In one transaction: a stage that has its tables has its place, too, and can be gone on with.
 void BaseBuilder::Begin(const std::string& job) {
+  const bool isUpdate = std::filesystem::exists(base_);
+  if (isUpdate) {
+    stage_.Run("COMMIT");  // nothing can be attached within one; the lock stays
+    Attach(stage_, base_.string(), "old");
+    stage_.Run("BEGIN");
+  }
   stage_.Run(std::string(BaseSchema::kTables));
   stage_.Run(std::string(BaseSchema::kStage));
-  if (std::filesystem::exists(base_)) {
+  if (isUpdate) {
     CopyStreets();
   }
   SqliteStatement place(stage_, "INSERT INTO place VALUES(?,?,0,0,1,0,0,0)");
   SqliteQuery(place, job, sourceId_).Step();
-  stage_.Run("COMMIT; BEGIN");
+  stage_.Run(isUpdate ? "COMMIT; DETACH old; BEGIN" : "COMMIT; BEGIN");
 }
 
 // Streets keep their numbers, so that what stays of the base can be taken over as it is.
 void BaseBuilder::CopyStreets() {
-  stage_.Run("COMMIT");
-  Attach(stage_, base_.string(), "old");
-  stage_.Run("BEGIN IMMEDIATE; INSERT INTO street SELECT * FROM old.street");
+  stage_.Run("INSERT INTO main.street SELECT * FROM old.street");
   SqliteStatement known(stage_,
                         "SELECT coalesce((SELECT id FROM old.source WHERE name=?),"
                         "(SELECT coalesce(max(id),0)+1 FROM old.source))");
   known.Bind(1, source_.name);
   known.Step();
   sourceId_ = known.Number(0);
-  known.Reset();
-  stage_.Run("COMMIT; DETACH old; BEGIN");
 }
 
 void BaseBuilder::GoOn(const std::string& job) {
@@ -230,9 +257,7 @@ void BaseBuilder::Save(const ImportPlace& place) {
 
 void BaseBuilder::Finish() {
   const std::string made = Path(".import-new");
-  for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
-    std::filesystem::remove(made + ending);
-  }
+  const Unfinished unfinished(made);
   stage_.Run("COMMIT; PRAGMA locking_mode=NORMAL");
   stage_.Number("SELECT count(*) FROM place");  // only now others may read what was gathered
   stage_.Run("BEGIN IMMEDIATE");                // and still not write
@@ -248,6 +273,7 @@ void BaseBuilder::Finish() {
   Rename(made, base_.string());
   stage_.Run("ROLLBACK");
   std::filesystem::remove(Path(".import"));
+  std::filesystem::remove(Path(".import-journal"));  // of one that was killed
 }
 
 void BaseBuilder::Compose(SqliteFile& whole) const {

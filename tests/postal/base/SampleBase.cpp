@@ -22,4 +22,21 @@ ImportCounts Import(const std::filesystem::path& base, const std::string& source
   return importer.Counts();
 }
 
+std::string Content(const std::string& file) {
+  SqliteFile base = SqliteFile::OpenUnchanging(file);
+  std::string content;
+  for (const char* facts :
+       {"SELECT source.name||zip||street.name||number||unit FROM point JOIN street ON "
+        "street.id=street JOIN source ON source.id=source ORDER BY 1",
+        "SELECT source.name||zip||street.name||low||high FROM number_range JOIN street ON "
+        "street.id=street JOIN source ON source.id=source ORDER BY 1",
+        "SELECT zip||city.name FROM city ORDER BY 1",
+        "SELECT name||rows||' '||left_out FROM source ORDER BY 1"}) {
+    for (SqliteStatement rows(base, facts); rows.Step();) {
+      content += rows.Text(0) + '\n';
+    }
+  }
+  return content;
+}
+
 }  // namespace postwright::postal

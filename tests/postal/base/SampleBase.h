@@ -19,6 +19,9 @@ ImportCounts Import(const std::filesystem::path& base, const std::string& source
                     const std::vector<std::filesystem::path>& files, const ZipList& zips,
                     bool whole = true);
 
+// What a base knows, whatever numbers its rows have.
+std::string Content(const std::string& file);
+
 }  // namespace postwright::postal
 
 #endif  // POSTWRIGHT_TESTS_POSTAL_BASE_SAMPLEBASE_H_
