@@ -25,10 +25,15 @@ struct BookFormats {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::BookFormats)
 };
 
+// A head that cannot be read tells no format: the file would be taken for another one.
 FileHead headOf(const QString& path) {
   QFile file(path);
-  const bool isOpen = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
-  const QByteArray bytes = isOpen ? file.read(kHeadSize) : QByteArray();
+  const bool isFile = QFileInfo(path).isFile();
+  if (isFile && !file.open(QIODevice::ReadOnly)) {
+    throw tables::FileError(
+        tables::TextFile::tr("The file cannot be read: %1.").arg(file.errorString()));
+  }
+  const QByteArray bytes = isFile ? file.read(kHeadSize) : QByteArray();
   return {bytes, tables::beginningAsUtf8(bytes).trimmed()};
 }
 
