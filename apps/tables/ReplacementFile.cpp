@@ -1,7 +1,6 @@
 #include "apps/tables/ReplacementFile.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +13,7 @@
 
 #include "apps/tables/FileError.h"
 #include "common/NewFileMode.h"
+#include "common/WritingLock.h"
 
 namespace postwright::tables {
 
@@ -52,31 +52,25 @@ void refuseProtected(const QString& path) {
   }
 }
 
-// True while a program holds the lock of what it writes.
-bool isInUse(const QString& temporaryPath) {
-  const int descriptor = ::open(QFile::encodeName(temporaryPath).constData(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) {
-    return false;
-  }
-  const bool isLocked = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
-  ::close(descriptor);
-  return isLocked;
-}
-
 }  // namespace
 
 ReplacementFile::ReplacementFile(const QString& path) : _path(writtenPath(path)) {
   refuseProtected(_path);
   removeLeftovers(_path);
   const QFileInfo info(_path);
-  QByteArray name = QFile::encodeName(info.absolutePath() + QLatin1Char('/') +
-                                      beginningOfName(info) + QStringLiteral("XXXXXX") + kEnding);
-  _descriptor = ::mkostemps(name.data(), static_cast<int>(kEnding.size()), O_CLOEXEC);
-  if (_descriptor < 0) {
-    fail(errno);
-  }
+  const QByteArray pattern =
+      QFile::encodeName(info.absolutePath() + QLatin1Char('/') + beginningOfName(info) +
+                        QStringLiteral("XXXXXX") + kEnding);
+  QByteArray name;
+  do {
+    ::close(_descriptor);
+    name = pattern;
+    _descriptor = ::mkostemps(name.data(), static_cast<int>(kEnding.size()), O_CLOEXEC);
+    if (_descriptor < 0) {
+      fail(errno);
+    }
+  } while (!LockNewFile(_descriptor, name.toStdString()));
   _temporaryPath = QFile::decodeName(name);
-  ::flock(_descriptor, LOCK_SH);  // tells that somebody is at it; where locks are not known, nobody
 }
 
 ReplacementFile::~ReplacementFile() {
@@ -109,16 +103,24 @@ void ReplacementFile::commit() {
   _isCommitted = true;
 }
 
-void ReplacementFile::removeLeftovers(const QString& path) {
-  const QFileInfo info(writtenPath(path));
+void ReplacementFile::removeLeftovers(const QString& book) {
+  const QFileInfo info(writtenPath(book));
   const QString beginning = beginningOfName(info);
   const QDir folder = info.absoluteDir();
-  for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
+  for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden, QDir::Name)) {
     const qsizetype ending =
         name.startsWith(beginning) ? name.indexOf(kEnding, beginning.size()) : -1;
+    if (ending < 0) {
+      continue;
+    }
+    const QString file = folder.filePath(name.first(ending + kEnding.size()));
+    const QByteArray path = QFile::encodeName(folder.filePath(name));
     // A database has a journal beside it, whose name goes on behind that of its file.
-    if (ending >= 0 && !isInUse(folder.filePath(name.first(ending + kEnding.size())))) {
-      ::unlink(QFile::encodeName(folder.filePath(name)).constData());
+    const bool isJournal = name.size() > ending + kEnding.size();
+    if (!isJournal) {
+      RemoveUnlessLocked(path.toStdString());
+    } else if (!QFile::exists(file)) {
+      ::unlink(path.constData());
     }
   }
 }

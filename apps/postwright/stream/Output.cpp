@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -15,18 +16,43 @@
 #include "apps/postwright/stream/EndingSignals.h"
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/FilePlace.h"
+#include "common/WritingLock.h"
 
 namespace postwright {
 
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} << 10U;
+constexpr std::size_t kRandom = 6;         // characters that mkostemps makes up
+constexpr std::size_t kLongestName = 200;  // of 255 bytes; some are put around it
+constexpr std::string_view kEnding = ".writing";
+
 // The unfinished file, for the signal handler; null while there is none.
 const char* volatile gUnfinished = nullptr;
 
 void RemoveUnfinished() {
   if (gUnfinished != nullptr) {
     unlink(gUnfinished);
+  }
+}
+
+// Beside the file and hidden: ".fixed.jsonl."
+std::string BeginningOfName(const std::filesystem::path& path) {
+  return "." + path.filename().string().substr(0, kLongestName) + ".";
+}
+
+// Removes what killed runs have left.
+void RemoveLeftovers(const std::filesystem::path& path) {
+  const std::string beginning = BeginningOfName(path);
+  const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
+  std::error_code error;
+  std::filesystem::directory_iterator files(folder, error);
+  for (; !error && files != std::filesystem::directory_iterator(); files.increment(error)) {
+    const std::string name = files->path().filename().string();
+    if (name.size() == beginning.size() + kRandom + kEnding.size() && name.starts_with(beginning) &&
+        name.ends_with(kEnding)) {
+      RemoveUnlessLocked(files->path().string());
+    }
   }
 }
 
@@ -63,12 +89,19 @@ void Output::CreateBeside() {
   } else {
     path_ = BehindLinks(path_);
   }
-  std::string name = path_ + ".unfinished-XXXXXX";
-  descriptor_ = mkostemp(name.data(), O_CLOEXEC);
-  if (descriptor_ == -1) {
-    Fail("create");
-  }
-  temporary_ = name;
+  const std::filesystem::path path = path_;
+  const std::string beginning = (path.parent_path() / BeginningOfName(path)).string();
+  RemoveLeftovers(path);
+  descriptor_ = -1;
+  do {
+    close(descriptor_);
+    temporary_ = beginning + std::string(kRandom, 'X') + std::string(kEnding);
+    descriptor_ = mkostemps(temporary_.data(), static_cast<int>(kEnding.size()), O_CLOEXEC);
+    if (descriptor_ == -1) {
+      temporary_.clear();
+      Fail("create");
+    }
+  } while (!LockNewFile(descriptor_, temporary_));
   gUnfinished = temporary_.c_str();
   BeforeEndingBySignal(RemoveUnfinished);
   TakeOver(descriptor_, path_);
@@ -124,9 +157,16 @@ std::string Output::Keep() {
   if (fsync(descriptor_) == -1) {
     Fail("write");
   }
+  // A name that no later run takes for that of one that was killed.
+  const std::string kept = path_ + ".unfinished-" +
+                           temporary_.substr(temporary_.size() - kEnding.size() - kRandom, kRandom);
+  if (rename(temporary_.c_str(), kept.c_str()) == -1) {
+    Fail("write");
+  }
   gUnfinished = nullptr;
+  temporary_.clear();
   close(descriptor_);
-  return std::exchange(temporary_, "");
+  return kept;
 }
 
 void Output::Fail(const std::string& what) const {

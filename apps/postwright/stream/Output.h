@@ -15,7 +15,7 @@ namespace postwright {
 // A file is written beside its final name under a name of its own; Finish synchronises it and
 // gives it the final name, in place of a file that stood there, whose permissions, access list and,
 // where the system allows it, owner and group it has. A link's target is written, also where it is
-// not there yet. On a terminal control characters are replaced (ForTerminal). Without Finish (an
+// not there yet. What a run that was killed has left beside the same file is removed. On a terminal control characters are replaced (ForTerminal). Without Finish (an
 // exception, or SIGINT, SIGTERM, SIGHUP) what was written is removed and the older file stands as
 // it was.
 //
@@ -44,8 +44,8 @@ class Output {
   // Hands over the rest; a file takes its name. Nothing may be written afterwards.
   void Finish();
 
-  // The same for a run that did not come to its end: hands over the rest, and leaves a file under
-  // the name that it was written under, which it returns; "" for standard output and for an open
+  // The same for a run that did not come to its end: hands over the rest, and leaves a file under a
+  // name of its own beside the final one, which it returns; "" for standard output and for an open
   // file.
   std::string Keep();
 
