@@ -17,7 +17,7 @@ std::string Url(const LoopbackServer& server) {
 }
 
 TEST(HttpFetchTest, EndsWhateverTheServerDoes) {
-  for (const HostileShape& shape : HostileShapes()) {
+  ForEachHostileShape([](const HostileShape& shape) {
     SCOPED_TRACE(shape.name);
     const LoopbackServer server(shape.answer);
     HttpFetch http;
@@ -26,7 +26,7 @@ TEST(HttpFetchTest, EndsWhateverTheServerDoes) {
     EXPECT_EQ(reply.body, shape.body);
     EXPECT_EQ(reply.detail.empty(), shape.end == HttpOutcome::Answered);
     EXPECT_EQ(reply.requests, 1);
-  }
+  });
 }
 
 TEST(HttpFetchTest, SaysWhyNothingWasSent) {
@@ -70,6 +70,18 @@ TEST(HttpFetchTest, SendsWhatItIsGivenOnOneConnection) {
           "Content-Length: 0\r\nContent-Type: application/x-www-form-urlencoded\r\n\r\n"};
   EXPECT_EQ(server.GetRequests(), requests);
   EXPECT_EQ(server.CountConnections(), 1U);
+}
+
+// What came behind an answer is no beginning of the next one.
+TEST(HttpFetchTest, LeavesAConnectionOnWhichMoreCameThanAnnounced) {
+  const LoopbackServer server(
+      LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n1HTTP/1.1 200 "
+                             "OK\r\nContent-Length: 1\r\n\r\n2"});
+  HttpFetch http;
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(http.Send({Url(server)}, {}).body, "1");
+  }
+  EXPECT_EQ(server.CountConnections(), 3U);
 }
 
 // A connection that ends under a request is replaced; the server may have read the lost one.

@@ -3,12 +3,16 @@
 #include "tests/support/HostileShapes.h"
 #include "tests/support/LoopbackServer.h"
 
+#include <postwright/Deployment.h>
 #include <postwright/FetchTimeout.h>
 #include <postwright/MacPlatformServices.h>
+#include <postwright/Postwright.h>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <atomic>
 
 namespace postwright {
 
@@ -32,7 +36,7 @@ std::string Url(const LoopbackServer& server) {
 }  // namespace
 
 TEST(UrlFetchTest, GivesWholeBodiesAlone) {
-  for (const HostileShape& shape : HostileShapes()) {
+  ForEachHostileShape([](const HostileShape& shape) {
     SCOPED_TRACE(shape.name);
     const LoopbackServer server(shape.answer);
     HttpLimits limits = HostileLimits();
@@ -42,7 +46,35 @@ TEST(UrlFetchTest, GivesWholeBodiesAlone) {
     EXPECT_EQ(std::string(body.begin(), body.end()), shape.body);
     EXPECT_EQ(report.outcome == FetchOutcomeBrokeOff,
               shape.end == HttpOutcome::NoAnswer || shape.end == HttpOutcome::BrokeOff);
-  }
+  });
+}
+
+// The engine by its own limits: a fix ends, and none of the shapes is taken for an address. Which
+// one it is the house number says.
+TEST(UrlFetchTest, NoFixTakesWhatAHostileServerSends) {
+  const LoopbackServer server([](const std::string& request) {
+    const std::string_view before = "Address2%3E";
+    return HostileShapes()
+        .at(std::stoul(request.substr(request.find(before) + before.size())))
+        .answer;
+  });
+  const Deployment usual = GetDeployment();
+  Deployment there = usual;
+  there.verifyHost = server.GetEndpoint();
+  SetDeployment(there);
+  SetFetchTimeout(std::chrono::seconds(3));
+  std::atomic<std::size_t> next = 0;
+  ForEachHostileShape([&next](const HostileShape&) {
+    const std::size_t number = next++;
+    SCOPED_TRACE(HostileShapes()[number].name);
+    MacPlatformServices services;
+    EXPECT_THROW(
+        Postwright::Fix(std::to_wstring(number) + L" Main St\nAustin, TX 78701", false, &services),
+        PostwrightException);
+  });
+  SetFetchTimeout(std::chrono::minutes(2));
+  SetDeployment(usual);
+  EXPECT_EQ(server.GetRequests().size(), HostileShapes().size());
 }
 
 TEST(UrlFetchTest, FollowsRedirectsWithinItsLimits) {

@@ -11,7 +11,6 @@ using enum HttpOutcome;
 const std::string kOk = "HTTP/1.1 200 OK\r\n";
 const std::string kChunked = "Transfer-Encoding: chunked\r\n\r\n";
 const std::string kInterim = "HTTP/1.1 100 Continue\r\nA: B\r\n\r\n";
-const std::string kGo = "HTTP/1.1 302 Go\r\nContent-Length: 0\r\nLocation: ";
 const std::string kMuch(1U << 14U, 'x');
 const std::string kField = "A: " + kMuch.substr(0, 1024) + "\r\n";
 const std::string kHello =  // packed by gzip
@@ -24,7 +23,7 @@ constexpr milliseconds kPause(20);
 HttpLimits HostileLimits() {
   HttpLimits limits;
   limits.silence = std::chrono::seconds(60);
-  limits.whole = milliseconds(1000);
+  limits.whole = milliseconds(3000);
   limits.bytes = std::size_t{1} << 20U;
   limits.headBytes = std::size_t{64} << 10U;
   return limits;
@@ -41,12 +40,26 @@ const std::vector<HostileShape>& HostileShapes() {
        "hello"},
       {"interim answers", {kInterim + kInterim + kOk + "\r\nhello", true}, Answered, "hello"},
       {"zero bytes", LoopbackServer::Page("a\0b"s), Answered, "a\0b"s},
+      {"page of another", LoopbackServer::Page("<html><p>Hello"), Answered, "<html><p>Hello"},
+      {"more than announced", {kOk + "Content-Length: 3\r\n\r\nhello"}, Answered, "hel"},
+      {"length and chunks",
+       {kOk + "Content-Length: 2\r\n" + kChunked + "5\r\nhello\r\n0\r\n\r\n"},
+       Answered,
+       "hello"},
+      {"packed",
+       {kOk + "Content-Encoding: gzip\r\n\r\n" + kHello, true},
+       Answered,
+       kHello,
+       "hello"},
       {"page of an error", {"HTTP/1.1 500 No\r\nContent-Length: 4\r\n\r\noops"}, Answered, "oops"},
 
       {"closed at once", {"", true}, NoAnswer},
       {"not HTTP", {"hello\r\n\r\n", true}},
       {"half a head", {kOk + "Content-", true}, BrokeOff},
       {"half a body", {kOk + "Content-Length: 9\r\n\r\nhello", true}, BrokeOff},
+      {"two lengths", {kOk + "Content-Length: 5\r\nContent-Length: 6\r\n\r\nhello", true}},
+      {"a length below nothing", {kOk + "Content-Length: -5\r\n\r\nhello", true}},
+      {"a length of no number", {kOk + "Content-Length: five\r\n\r\nhello", true}},
       {"half a chunk", {kOk + kChunked + "9\r\nhello", true}, BrokeOff},
       {"a chunk of no size", {kOk + kChunked + "x\r\nhello\r\n", true}},
       {"a chunk size without end", {kOk + kChunked, false, "0"}},

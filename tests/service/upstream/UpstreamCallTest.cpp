@@ -40,24 +40,47 @@ std::string Show(const UpstreamOutcome& outcome) {
   return rejection == nullptr ? "found" : std::string(VerifyReply::NumberOf(*rejection));
 }
 
+FaultKind FaultOf(HttpOutcome end) {
+  return end == HttpOutcome::TimedOut   ? FaultKind::TimedOut
+         : end == HttpOutcome::NoAnswer ? FaultKind::Unreachable
+                                        : FaultKind::BadReply;
+}
+
 // Whatever a server sends, a call ends, and with the whole answer or none.
 TEST(HttpClientTest, EndsWhateverTheServerDoes) {
   HttpClient client({.whole = HostileLimits().whole, .bytes = HostileLimits().bytes});
-  for (const HostileShape& shape : HostileShapes()) {
+  ForEachHostileShape([&client](const HostileShape& shape) {
     SCOPED_TRACE(shape.name);
     const LoopbackServer server(shape.answer);
     const auto answer = client.Send({"http://" + server.GetEndpoint() + "/x", {}});
     if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
-      EXPECT_EQ(failure->kind, shape.end == HttpOutcome::TimedOut   ? FaultKind::TimedOut
-                               : shape.end == HttpOutcome::NoAnswer ? FaultKind::Unreachable
-                                                                    : FaultKind::BadReply);
+      EXPECT_EQ(failure->kind, FaultOf(shape.end));
       EXPECT_EQ(failure->calls, 1U);
       EXPECT_NE(shape.end, HttpOutcome::Answered) << failure->detail;
     } else {
       EXPECT_EQ(shape.end, HttpOutcome::Answered);
-      EXPECT_EQ(std::get<HttpAnswer>(answer).body, shape.body);
+      EXPECT_EQ(std::get<HttpAnswer>(answer).body,
+                shape.unpacked.empty() ? shape.body : shape.unpacked);
     }
-  }
+  });
+}
+
+// A partner is asked within the same bounds, and no shape is taken for an address or a refusal.
+TEST(VerifyXmlUpstreamTest, TakesNothingOfAHostileServer) {
+  const TempFolder folder;
+  const std::string credentials = folder.Write("partner", "user_id = id\n");
+  ForEachHostileShape([&credentials](const HostileShape& shape) {
+    SCOPED_TRACE(shape.name);
+    const LoopbackServer server(shape.answer);
+    VerifyXmlUpstream upstream("http://" + server.GetEndpoint(), credentials,
+                               {.whole = HostileLimits().whole, .bytes = HostileLimits().bytes});
+    const UpstreamOutcome outcome = upstream.Ask(Main());
+    const auto* const fault = std::get_if<UpstreamFault>(&outcome.answer);
+    ASSERT_NE(fault, nullptr);
+    const bool isOfStatus = shape.name == std::string_view("page of an error");
+    EXPECT_EQ(fault->kind, isOfStatus ? FaultKind::ServerError : FaultOf(shape.end));
+    EXPECT_EQ(outcome.calls, 1U);
+  });
 }
 
 class PostalUpstreamTest : public testing::Test {
