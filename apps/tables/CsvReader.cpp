@@ -131,11 +131,12 @@ class RowScanner {
 
   // The quotation mark that closes the one at `open`, or -1.
   qsizetype closeOf(qsizetype open) {
-    const qsizetype lineEnd =
-        std::find_if(_text.begin() + open, _text.end(), isLineBreak) - _text.begin();
+    const qsizetype lineEnd = lineEndBehind(open);
+    const qsizetype runEnd = behindMarks(open);
     for (qsizetype offset = open + 1;;) {
-      // Between an unclosed mark and what showed it to be one, no mark behind its line closes any.
-      if (offset > lineEnd && open > _unclosed && offset < _shown) {
+      // Between an unclosed mark and what showed it to be one, no mark closes any but its
+      // neighbour.
+      if (offset >= runEnd && open > _unclosed && offset < _shown) {
         offset = _shown;
       }
       const qsizetype mark = _text.indexOf('"', offset);
@@ -154,6 +155,20 @@ class RowScanner {
     }
   }
 
+  qsizetype lineEndBehind(qsizetype offset) {
+    if (_lineEnd < offset) {
+      _lineEnd = std::find_if(_text.begin() + offset, _text.end(), isLineBreak) - _text.begin();
+    }
+    return _lineEnd;
+  }
+
+  qsizetype behindMarks(qsizetype offset) const {
+    while (offset < _text.size() && at(offset) == '"') {
+      ++offset;
+    }
+    return offset;
+  }
+
   qsizetype failToClose(qsizetype open, qsizetype shown) {
     _unclosed = open;
     _shown = shown;
@@ -163,6 +178,7 @@ class RowScanner {
   QByteArrayView _text;
   char _delimiter;
   qsizetype _at = 0;
+  qsizetype _lineEnd = -1;   // of the line in which a mark was last looked at
   qsizetype _unclosed = -1;  // the last unclosed mark,
   qsizetype _shown = -1;     // and where it was found to be one
 };
