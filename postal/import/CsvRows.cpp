@@ -66,30 +66,54 @@ char CsvRows::GuessDelimiter() {
 }
 
 bool CsvRows::Next() {
+  const RowPlace begin = Place();
+  bool hasPassed = false;
+  bool isRead = ReadRow(&hasPassed);
+  if (hasPassed) {  // it is closed behind what was passed over: that is part of it
+    GoTo(begin);
+    isRead = ReadRow(nullptr);
+  }
+  return isRead;
+}
+
+bool CsvRows::ReadRow(bool* hasPassed) {
   cellCount_ = 0;
   rowDone_ = false;
-  rowLength_ = 0;
-  rowLine_ = line_;
   while (!rowDone_) {
-    if (rowLength_ == 0) {
-      rowLine_ = line_;
-    }
+    const RowPlace line = Place();
+    const bool isFirst = IsBetweenRows();
+    rowBegin_ = isFirst ? line : rowBegin_;
     if (!ReadLine()) {
       if (IsWithinQuotes()) {
-        GiveUpRow("a quotation mark is not closed");
+        GiveUpRow(line);
       }
       csv_fini(&parser_, OnCell, OnRow, this);
       break;
     }
-    behindFirstLine_ = rowLength_ == 0 ? Place() : behindFirstLine_;
-    rowLength_ += text_.size();
-    if (rowLength_ > kLongestRow) {
-      GiveUpRow(IsBetweenRows() ? "is longer than 64 KiB" : "a quotation mark is not closed");
+    behindFirstLine_ = isFirst ? Place() : behindFirstLine_;
+    if (static_cast<size_t>(position_ - rowBegin_.position) > kLongestRow) {
+      GiveUpRow(line);
     }
     Feed();
-    rowLength_ = IsBetweenRows() ? 0 : rowLength_;
+    if (hasPassed != nullptr && isFirst && IsWithinQuotes()) {
+      *hasPassed = PassOpenLines();
+    }
   }
   return rowDone_;
+}
+
+// Where a row was given up that is open at the end of each of its lines, one that begins among them
+// and is open at the end of its first line is so, too, as far as that one was read: without this,
+// many open quotation marks would be read again for each.
+bool CsvRows::PassOpenLines() {
+  if (position_ < openFrom_ || position_ >= openUntil_.position) {
+    return false;
+  }
+  if (isOpenForGood_) {
+    RefuseRow("a quotation mark is not closed");
+  }
+  Seek(openUntil_);
+  return true;
 }
 
 int CsvRows::ReadUnit() {
@@ -156,14 +180,29 @@ void CsvRows::Restart() {
   csv_set_delim(&parser_, delimiter);
 }
 
+// `line` is where its last line begins.
+void CsvRows::GiveUpRow(const RowPlace& line) {
+  if (IsBetweenRows()) {
+    RefuseRow("is longer than 64 KiB");
+  }
+  openFrom_ = behindFirstLine_.position;
+  openUntil_ = line;
+  isOpenForGood_ = text_.size() > kLongestRow;
+  RefuseRow("a quotation mark is not closed");
+}
+
 // Only the first line of such a row is given up: the others may be rows of their own.
-void CsvRows::GiveUpRow(const char* why) {
+void CsvRows::RefuseRow(const char* why) {
   GoTo(behindFirstLine_);
   throw RowError(why);
 }
 
 void CsvRows::GoTo(const RowPlace& place) {
   Restart();
+  Seek(place);
+}
+
+void CsvRows::Seek(const RowPlace& place) {
   if (fseeko(file_.get(), place.position, SEEK_SET) != 0) {
     throw SourceError(name_ + ": cannot be read from the middle: " + std::strerror(errno));
   }

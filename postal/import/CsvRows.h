@@ -37,7 +37,7 @@ class CsvRows {
   bool Next();
   std::span<const std::string> Cells() const { return {cells_.data(), cellCount_}; }
 
-  int64_t Line() const { return rowLine_; }
+  int64_t Line() const { return rowBegin_.line; }
   RowPlace Place() const { return {position_, line_}; }
   void GoTo(const RowPlace& place);
   int64_t End() const { return end_; }
@@ -53,12 +53,16 @@ class CsvRows {
   void ReadMark();
   int ReadUnit();
   int TakeUnit();
+  bool ReadRow(bool* hasPassed);
+  bool PassOpenLines();
   bool ReadLine();
   void Feed();
   bool IsBetweenRows() const;
   bool IsWithinQuotes() const;
   void Restart();
-  [[noreturn]] void GiveUpRow(const char* why);
+  void Seek(const RowPlace& place);
+  [[noreturn]] void GiveUpRow(const RowPlace& line);
+  [[noreturn]] void RefuseRow(const char* why);
   char GuessDelimiter();
 
   std::string name_;
@@ -74,9 +78,11 @@ class CsvRows {
   std::vector<std::string> cells_;
   size_t cellCount_ = 0;
   bool rowDone_ = false;
-  int64_t rowLine_ = 0;
-  RowPlace behindFirstLine_;  // of the row that is being read
-  size_t rowLength_ = 0;
+  RowPlace rowBegin_{0, 0};   // of the row that is being read,
+  RowPlace behindFirstLine_;  // and the end of its first line
+  int64_t openFrom_ = 0;      // what was read of the row that was given up last
+  RowPlace openUntil_;
+  bool isOpenForGood_ = false;  // what follows is a line that makes any row too long
 };
 
 }  // namespace postwright::postal
