@@ -1,6 +1,7 @@
 #include "postal/lines/UnitReader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "postal/words/Lexicon.h"
@@ -48,29 +49,37 @@ bool EndsRoad(const std::string& word) {
 // "PRIVATE MAILBOX 234" is written "PMB 234" (section 284).
 void ShortenMailbox(Words& words, size_t from) {
   static constexpr std::string_view kPhrases[] = {"PRIVATE MAILBOX", "PRIVATE MAIL BOX"};
-  for (size_t at = from; at < words.size(); ++at) {
+  size_t kept = from;
+  for (size_t at = from; at < words.size(); ++at, ++kept) {
     const size_t length = LongestPhrase(words, at, kPhrases);
-    if (length > 0 && at + length < words.size()) {
-      words.erase(words.begin() + static_cast<long>(at),
-                  words.begin() + static_cast<long>(at + length - 1));
-      words[at] = "PMB";
+    const bool isMailbox = length > 0 && at + length < words.size();
+    at += isMailbox ? length - 1 : 0;
+    if (isMailbox) {
+      words[kept] = "PMB";
+    } else if (kept != at) {
+      words[kept] = std::move(words[at]);
     }
   }
+  words.resize(kept);
 }
 
 // APT4B, STE-209, PH1: parts designators from their numbers.
 void PartDesignators(Words& words, size_t from) {
+  Words parted;
   for (size_t at = from; at < words.size(); ++at) {
-    const std::string word = words[at];
+    std::string& word = words[at];
     const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
     const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
-    const std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
+    std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
     const bool isDesignator = !Lexicon::Get().NumberedUnit(letters).empty() || letters == "PH";
     if (digits < word.size() && letters.size() > 1 && isDesignator) {
-      words[at] = letters;
-      words.insert(words.begin() + static_cast<long>(at) + 1, word.substr(digits));
+      parted.push_back(std::move(letters));
+      word.erase(0, digits);
     }
+    parted.push_back(std::move(word));
   }
+  words.resize(from);
+  std::move(parted.begin(), parted.end(), std::back_inserter(words));
 }
 
 // The number of a floor, 2 of 2ND and SECOND; empty for another word.
@@ -106,10 +115,15 @@ class LastUnit {
 
   Unit Box() const {
     static constexpr std::string_view kPhrases[] = {"PO BOX", "P O BOX", "POB"};
-    for (size_t length = 2; length <= Size() && IsUnitNumber(FromEnd(1)); ++length) {
-      const size_t start = end_ - length;
-      const size_t phrase = LongestPhrase(words_, start, kPhrases);
-      if (phrase > 0 && start + phrase + NumberSignLength(words_, start + phrase) == end_ - 1) {
+    constexpr size_t kLongestPhrase = 3;
+    size_t signs = 0;
+    while (signs + 2 < Size() && IsNumberSign(FromEnd(signs + 2))) {
+      ++signs;
+    }
+    for (size_t phrase = 1; phrase <= kLongestPhrase; ++phrase) {
+      const size_t length = phrase + signs + 1;
+      if (length <= Size() && IsUnitNumber(FromEnd(1)) && !IsNumberSign(FromEnd(1)) &&
+          LongestPhrase(words_, end_ - length, kPhrases) == phrase) {
         return {length, {"PO", "BOX", FromEnd(1)}};
       }
     }
@@ -127,8 +141,7 @@ class LastUnit {
         break;
       }
       size_t before = numberLength + 1;
-      while (before < Size() && NumberSignLength(words_, end_ - before) > 0 &&
-             !Designator(before + 1).empty()) {
+      while (before < Size() && IsNumberSign(FromEnd(before)) && !Designator(before + 1).empty()) {
         ++before;
       }
       if (before <= Size() && !Designator(before).empty()) {
@@ -224,9 +237,10 @@ Words TakeUnits(Words& words, size_t kept) {
     if (last.standard.size() == 2 && last.standard[0] == "FL" && IsOrdinal(last.standard[1])) {
       last.standard[1].resize(last.standard[1].size() - 2);  // "FLOOR 2ND"
     }
-    units.insert(units.begin(), last.standard.begin(), last.standard.end());
+    std::move(last.standard.rbegin(), last.standard.rend(), std::back_inserter(units));
     words.resize(words.size() - last.length);
   }
+  std::reverse(units.begin(), units.end());
   return units;
 }
 

@@ -28,13 +28,16 @@ size_t LongestPhrase(const Words& words, size_t at, std::span<const std::string_
   return longest;
 }
 
+bool IsNumberSign(std::string_view word) {
+  return word == "#" || word == "NO" || word == "NUMBER" || word == "NUM";
+}
+
 size_t NumberSignLength(const Words& words, size_t at) {
-  static constexpr std::string_view kSigns[] = {"#", "NO", "NUMBER", "NUM"};
-  size_t length = 0;
-  while (LongestPhrase(words, at + length, kSigns) > 0) {
-    ++length;
+  size_t end = at;
+  while (end < words.size() && IsNumberSign(words[end])) {
+    ++end;
   }
-  return length;
+  return end - at;
 }
 
 }  // namespace postwright::postal
