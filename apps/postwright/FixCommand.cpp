@@ -81,6 +81,9 @@ ExitStatus FixText(const InputBytes& input, const FixOptions& options, Postwrigh
   }
   std::cerr << ExplainReasonInWords(fix);
   if (fix.Values().status == AddressStatusError) {
+    if (!fix.Mended().empty()) {
+      std::cerr << "Perhaps this is meant:\n" << BytesOf(fix.Mended());
+    }
     return kExitNotALabel;
   }
   if (!fix.Proposed().empty()) {

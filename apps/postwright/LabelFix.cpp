@@ -91,6 +91,7 @@ void LabelFix::ExplainFailure(const std::wstring& label, const VerifyReport& rep
   const UnreadReason unread(label);
   const bool isRead = unread.GetCause() == UnreadCauseNone;
   source_ = isRead ? report.Source() : VerifySource();
+  mended_ = unread.GetProposal();
   reason_ = isRead ? failure.Code() : unread.GetCode();
   reasonText_ = isRead ? failure.Text() : unread.GetText();
 }

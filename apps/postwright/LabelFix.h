@@ -38,6 +38,10 @@ class LabelFix {
   // The corrected text where it is doubtful; else "".
   const std::wstring& Proposed() const { return proposed_; }
 
+  // The text with what it lacks, where nothing was read in it and only one thing can be meant: a
+  // ZIP code with its zero, a house number in figures. To be offered; else "".
+  const std::wstring& Mended() const { return mended_; }
+
   // What the correction changes; nothing where there was none.
   const CorrectionReview& Review() const { return review_; }
 
@@ -77,6 +81,7 @@ class LabelFix {
   BatchResultRecord::Values values_;
   std::wstring text_;
   std::wstring proposed_;
+  std::wstring mended_;
   CorrectionReview review_;
   Confirmation confirmation_;
   VerifySource source_;
