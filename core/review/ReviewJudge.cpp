@@ -159,10 +159,10 @@ class Judge {
   CorrectionRule MoveRule(const AlignedPiece& from, const AlignedPiece& to) const {
     const Role role = rules_.RoleOf(to);
     const bool isPlain = !from.HasCorrected() && !to.HasTyped();
-    const bool isUnit = role == Role::Unit
-                            ? IsUnit(from)
-                            : IsDeliveryLine(role) && IsPlainUnit(from) && EndsDeliveryLine(to);
-    if (isPlain && ((isUnit && StandsWithStreet(from)) || GoesBeforeUnit(from, to))) {
+    const bool isUnit =
+        role == Role::Unit ? IsUnit(from) : IsDeliveryLine(role) && IsPlainUnit(from);
+    const bool isAtPlace = !IsPlainUnit(from) || EndsUnit(to);
+    if (isPlain && ((isUnit && isAtPlace && StandsWithStreet(from)) || GoesBeforeUnit(from, to))) {
       return CorrectionRule::UnitPlace;
     }
     if (isPlain && IsPuertoRico() && (role == Role::Urbanization || role == Role::HouseNumber)) {
@@ -177,9 +177,11 @@ class Judge {
     const bool isWhole = change.typedEnd - change.typedBegin > 1 || IsPlainUnit(change);
     return word.afterNumberSign || (isWhole && !WordForms::Get().Unit(word.text).empty());
   }
-  bool EndsDeliveryLine(const AlignedPiece& change) const {
-    return change.correctedEnd == corrected_.roles.size() ||
-           !IsDeliveryLine(corrected_.roles[change.correctedEnd]);
+  // Whether nothing of the delivery line stands behind, but for another unit.
+  bool EndsUnit(const AlignedPiece& change) const {
+    const std::size_t next = change.correctedEnd;
+    return next == corrected_.roles.size() || !IsDeliveryLine(corrected_.roles[next]) ||
+           !WordForms::Get().Unit(corrected_.words[next].text).empty();
   }
   bool IsPlainUnit(const AlignedPiece& change) const {
     return change.typedEnd - change.typedBegin == 1 &&

@@ -134,6 +134,39 @@ TEST(CorrectionReviewTest, AccountsForEveryWord) {
   }
 }
 
+// A word that is lost, stands there twice, or has changed its place with the next one.
+TEST(CorrectionReviewTest, DoubtsWhatAWordSuffers) {
+  const std::wstring labels[] = {
+      L"Jane Doe\n27 County Road 24\nGraham, MO\n64455",
+      L"Acme Hardware\n344 Upper Falls Sq Apt 4\nSaint Paul\nMN 55144-1234\nRing twice",
+      L"9 N Old Mill Rd\nNew York NY 10001",
+      L"98 5th Ave NW Ste 7\nFloral Park NY 11001",
+      L"Unit 2050 Box 4190\nAPO AP 96278",
+      L"12 1/2 Hill St Bldg 4 Apt 2\nGlen Burnie, MD 21060",
+      L"5800 Interstate 35 N\nAustin TX 78701",
+      L"61 State Highway 60 Rear\nMillrace OH 43085",
+      L"150 Calle Luna\nSan Juan PR 00901",
+  };
+  for (const std::wstring& label : labels) {
+    const std::vector<LabelWord> words = ReadLabelWords(label);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const std::wstring before = label.substr(0, words[i].begin);
+      const std::wstring word = label.substr(words[i].begin, words[i].end - words[i].begin);
+      const std::wstring behind = label.substr(words[i].end);
+      std::vector<std::wstring> texts = {before + behind, before + word + L' ' + word + behind};
+      if (i + 1 < words.size()) {
+        const std::size_t next = words[i + 1].begin;
+        texts.push_back(before + label.substr(next, words[i + 1].end - next) +
+                        label.substr(words[i].end, next - words[i].end) + word +
+                        label.substr(words[i + 1].end));
+      }
+      for (const std::wstring& text : texts) {
+        EXPECT_TRUE(CorrectionReview(label, text, "").Doubtful()) << Utf8FromAnyWide(text);
+      }
+    }
+  }
+}
+
 // The parser reads a label without knowing cities or streets. Where it goes wrong the review doubts
 // the text that would come of it, and nowhere else.
 TEST(CorrectionReviewTest, DoubtsWhatTheParserGetsWrong) {
