@@ -309,7 +309,7 @@ void WindowTest::showsHowALabelWillRead() {
   QSettings().setValue("fix/removePunctuation", false);
   QString sample;
   const auto choose = [&](int letters, int punctuation, int names) {
-    PreferencesDialog dialog(Preferences::load());
+    PreferencesDialog dialog(Preferences::load(), QStringLiteral("a.example:80"));
     const std::pair<const char*, int> keys[] = {
         {"case", letters}, {"punctuation", punctuation}, {"names", names}};
     for (const auto& [name, presses] : keys) {
@@ -329,7 +329,7 @@ void WindowTest::showsHowALabelWillRead() {
   QCOMPARE(Preferences::load().fix.textCase, TextCase::Mixed);
   QCOMPARE(Preferences::load().fix.punctuation, Punctuation::Remove);
   QCOMPARE(Preferences::load().fix.names, Names::SameCase);
-  PreferencesDialog dialog(Preferences::load());
+  PreferencesDialog dialog(Preferences::load(), QStringLiteral("a.example:80"));
   QTest::keyClicks(find<QLineEdit>("spellings", &dialog), "SainT");
   QVERIFY(find<QLabel>("sample", &dialog)->text().contains("SainT Louis"));
 }
