@@ -7,9 +7,9 @@ namespace postwright {
 
 // How a fetch ended. Numbers never change, new ones may come.
 enum FetchOutcome : std::int32_t {
-  FetchOutcomeUnknown = 0,    // nothing was fetched, or by services that do not tell
-  FetchOutcomeAnswered = 1,   // over HTTP, whatever its status
-  FetchOutcomeNoNetwork = 2,  // no way to the host, or nobody to look up its name: nothing asked
+  FetchOutcomeUnknown = 0,      // nothing was fetched, or by services that do not tell
+  FetchOutcomeAnswered = 1,     // over HTTP, whatever its status
+  FetchOutcomeNoNetwork = 2,    // no way to the host, or nobody to look up its name: nothing asked
   FetchOutcomeNotResolved = 3,  // there is no such host, or it has no address
   FetchOutcomeRefused = 4,      // no connection, or none that may be trusted
   FetchOutcomeTimedOut = 5,
