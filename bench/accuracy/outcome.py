@@ -7,8 +7,9 @@ from base_list import MISTAKES, NO_MISTAKE
 from judge import judge
 from traits import telling_traits
 
-RIGHT, WRONG, REFUSED, DOUBTFUL, LEFT, KEPT = (
-    "right", "wrongly changed", "wrongly refused", "doubtful", "left alone", "mistake left in")
+RIGHT, WRONG, REFUSED, DOUBTFUL, LEFT, KEPT, OPEN = (
+    "right", "wrongly changed", "wrongly refused", "doubtful", "left alone", "mistake left in", "not confirmed")
+NOT_CONFIRMED = ("unit-missing", "unit-not-known", "number-not-known")
 
 
 @dataclass
@@ -34,13 +35,13 @@ def outcome_of(row, record):
     if not verdict.wrong and (status == 0 or row.answers == 1):
         return Outcome(row, RIGHT, "", got, not verdict.standard)
     if row.typed and not judge(got, row.typed).wrong:
-        return Outcome(row, KEPT, "", got)
+        return Outcome(row, OPEN if record["confirmation"] in NOT_CONFIRMED else KEPT, "", got)
     return Outcome(row, WRONG, verdict.wrong or "guessed", got)
 
 
 def mark_unstable(outcomes, fix):
     """Fixes what was fixed: any change, and any refusal, is unstable."""
-    again = [each for each in outcomes if each.kind in (RIGHT, WRONG, KEPT) and each.got != each.row.text]
+    again = [each for each in outcomes if each.kind in (RIGHT, WRONG, KEPT, OPEN) and each.got != each.row.text]
     for each, record in zip(again, fix([each.got for each in again])):
         if record["status"] > 1 or record["fixed"] != each.got:
             each.unstable = record["fixed"] or f"status {record['status']}: {record.get('reason') or record['result']}"
@@ -75,10 +76,12 @@ def base_table(outcomes):
         kinds = Counter(each.kind for each in one)
         others = Counter(each.kind for each in own if each.row.answers != 1)
         rows.append([group or "**all**", len(own), len(one), kinds[RIGHT], _percent(kinds[RIGHT], len(one)), kinds[WRONG],
-                     kinds[REFUSED], kinds[DOUBTFUL], kinds[KEPT], len(own) - len(one), others[WRONG], others[KEPT],
+                     kinds[REFUSED], kinds[DOUBTFUL], kinds[OPEN], kinds[KEPT], len(own) - len(one), others[WRONG], others[OPEN],
+                     others[KEPT],
                      sum(bool(each.unstable) for each in own)])
     return _table(["mistake", "rows", "one right answer", "right", "", "wrongly changed", "refused", "doubtful",
-                   "mistake left in", "no or several answers", "of these changed", "of these left in", "unstable"], rows)
+                   "left in, not confirmed", "left in", "no or several answers", "of these changed",
+                   "of these left in, not confirmed", "of these left in", "unstable"], rows)
 
 
 def plain_figures(outcomes):
@@ -98,6 +101,8 @@ def base_figures(outcomes):
             figures["neither refused nor doubtful: " + group] = sum(each.kind not in (REFUSED, DOUBTFUL) for each in own)
         else:
             figures["not right: " + group] = sum(each.kind != RIGHT for each in own if each.row.answers == 1)
+    others = [each for each in outcomes if each.row.answers > 1]
+    figures["neither refused nor doubtful: several answers"] = sum(each.kind not in (REFUSED, DOUBTFUL) for each in others)
     return figures
 
 
