@@ -23,71 +23,77 @@ QList<QTextLayout::FormatRange> formatsFor(const QModelIndex& index, const QPale
          markFormats(marks.moved, MarkKind::Moved, palette);
 }
 
-// The text as the cell shows it, in as many lines as fit, and its formats, which count from the
-// start of the text as it is.
-QString shownText(const QString& text, qsizetype lines, QList<QTextLayout::FormatRange>& formats) {
-  const QString cut = cutLongLines(text, kShown, lines);
-  if (cut.size() != text.size()) {
-    QList<QTextLayout::FormatRange> shown;
-    qsizetype from = 0;
-    qsizetype to = 0;
-    for (const QString& line : cut.split(u'\n')) {
-      for (QTextLayout::FormatRange format : formats) {
-        if (format.start >= from && format.start < from + line.size()) {
-          format.length = static_cast<int>(
-              std::min<qsizetype>(format.length, from + line.size() - format.start));
-          format.start += static_cast<int>(to - from);
-          shown.append(format);
-        }
-      }
-      const qsizetype end = text.indexOf(u'\n', from);
-      from = end < 0 ? text.size() : end + 1;
-      to += line.size() + 1;
+// What of the formats falls into a line of the text, counted from the line's start.
+QList<QTextLayout::FormatRange> formatsOf(const TextMark& line,
+                                          const QList<QTextLayout::FormatRange>& formats) {
+  QList<QTextLayout::FormatRange> within;
+  for (QTextLayout::FormatRange format : formats) {
+    const qsizetype from = std::max<qsizetype>(format.start, line.start);
+    const qsizetype to =
+        std::min<qsizetype>(format.start + format.length, line.start + line.length);
+    if (from < to) {
+      format.start = static_cast<int>(from - line.start);
+      format.length = static_cast<int>(to - from);
+      within.append(format);
     }
-    formats = shown;
   }
-  return QString(cut).replace(u'\n', QChar::LineSeparator);
+  return within;
 }
 
-// Lays the text out in lines as it has them, each cut to the width; returns the height, of as many
-// lines as fit into the height of `room`, at least one.
-double layOut(QTextLayout& layout, const QRectF& room, double lineHeight) {
-  QTextOption option;
-  option.setWrapMode(QTextOption::NoWrap);
-  layout.setTextOption(option);
-  const auto fitting = std::max(1, static_cast<int>(room.height() / lineHeight));
-  double height = 0;
-  layout.beginLayout();
-  for (int lines = 0; lines < fitting; ++lines) {
-    QTextLine line = layout.createLine();
-    if (!line.isValid()) {
-      break;
-    }
-    line.setLineWidth(room.width());
-    line.setPosition({0, height});
-    height += lineHeight;
+// The first lines of the text, at most `most`.
+QList<TextMark> linesOf(const QString& text, int most) {
+  QList<TextMark> lines;
+  for (qsizetype start = 0; start <= text.size() && lines.size() < most;) {
+    const qsizetype found = text.indexOf(u'\n', start);
+    const qsizetype end = found < 0 ? text.size() : found;
+    lines.append({start, end - start});
+    start = end + 1;
   }
-  layout.endLayout();
-  return height;
+  return lines;
 }
 
-// Text that goes on past what is shown ends in an ellipsis there.
-void drawEllipsis(QPainter& painter, const QTextLayout& layout, const QRectF& room, double top,
-                  const QString& text) {
+// Draws a line cut to the width of `room`; one that goes on, or that others follow which are not
+// drawn, ends in an ellipsis.
+void drawLine(QPainter& painter, const QTextLayout& layout, const QRectF& room, bool goesOn) {
+  const QTextLine line = layout.lineAt(0);
   const QFontMetricsF metrics(layout.font());
+  // On the font's own base line, also where the letters are another font's.
+  layout.draw(&painter, QPointF(room.left(), room.top() + metrics.ascent() - line.ascent()));
+  if (!goesOn && line.naturalTextWidth() <= room.width()) {
+    return;
+  }
   const QString ellipsis(u'…');
   const double width = metrics.horizontalAdvance(ellipsis);
-  for (int i = 0; i < layout.lineCount(); ++i) {
-    const QTextLine line = layout.lineAt(i);
-    const bool last =
-        i + 1 == layout.lineCount() && line.textStart() + line.textLength() < text.size();
-    if (!last && line.naturalTextWidth() <= room.width()) {
-      continue;
-    }
-    const double x = std::min(room.left() + line.naturalTextWidth(), room.right() - width);
-    const QRectF place(x, top + line.y(), room.right() + kMargin - x, line.height());
-    painter.fillRect(place, painter.background());
-    painter.drawText(QPointF(x, place.top() + line.ascent()), ellipsis);
+  const double x = std::min(room.left() + line.naturalTextWidth(), room.right() - width);
+  painter.fillRect(QRectF(x, room.top(), room.right() + kMargin - x, room.height()),
+                   painter.background());
+  painter.drawText(QPointF(x, room.top() + metrics.ascent()), ellipsis);
+}
+
+// Draws as many lines as fit, at least one, in the middle of the height. Each is laid out by
+// itself: a name that is written from right to left turns no other line round.
+void drawLines(QPainter& painter, const QFont& font, const QRectF& room, const QString& text,
+               const QList<QTextLayout::FormatRange>& formats) {
+  QTextOption option;
+  option.setWrapMode(QTextOption::NoWrap);
+  const double lineHeight = QFontMetricsF(font).height();
+  const QList<TextMark> lines =
+      linesOf(text, std::max(1, static_cast<int>(room.height() / lineHeight)));
+  const double height = lineHeight * static_cast<double>(lines.size());
+  QRectF place = room;
+  place.setTop(room.top() + std::max(0.0, (room.height() - height) / 2));
+  place.setHeight(lineHeight);
+  for (const TextMark& line : lines) {
+    const qsizetype shown = std::min(line.length, kShown);
+    QTextLayout layout(text.mid(line.start, shown), font);
+    layout.setTextOption(option);
+    layout.setFormats(formatsOf({line.start, shown}, formats));
+    layout.beginLayout();
+    layout.createLine().setLineWidth(place.width());
+    layout.endLayout();
+    const bool isCut = &line == &lines.last() && line.start + line.length < text.size();
+    drawLine(painter, layout, place, isCut || shown < line.length);
+    place.translate(0, lineHeight);
   }
 }
 
@@ -97,7 +103,7 @@ void AddressDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
                             const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;
   initStyleOption(&cell, index);
-  const QString text = cell.text;
+  const QString text = index.data().toString();  // with its own line breaks
   const QString hint = index.data(BatchTableModel::HintRole).toString();
   cell.text.clear();
   const QStyle* style = cell.widget != nullptr ? cell.widget->style() : QApplication::style();
@@ -106,24 +112,15 @@ void AddressDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   const bool selected = cell.state.testFlag(QStyle::State_Selected);
   const QPalette& palette = cell.palette;
   const bool own = hint.isEmpty();
-  const double lineHeight = QFontMetricsF(cell.font).height();
-  const auto lines = static_cast<qsizetype>(cell.rect.height() / lineHeight) + 1;
   QList<QTextLayout::FormatRange> formats;
   if (own) {
     formats = formatsFor(index, palette);
   }
-  const QString shown = shownText(own ? text : hint, lines, formats);
   if (selected) {
     for (QTextLayout::FormatRange& format : formats) {
       format.format.clearBackground();  // on the selection's colour the lines tell enough
     }
   }
-  QTextLayout layout(shown, cell.font);
-  layout.setFormats(formats);
-
-  const QRectF room = QRectF(cell.rect).adjusted(kMargin, 0, -kMargin, 0);
-  const double height = layOut(layout, room, lineHeight);
-  const double top = room.top() + std::max(0.0, (room.height() - height) / 2);
   painter->save();
   painter->setClipRect(cell.rect);
   painter->setBackground(palette.brush(selected ? QPalette::Highlight : QPalette::Base));
@@ -132,8 +129,9 @@ void AddressDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     colour = palette.color(QPalette::PlaceholderText);
   }
   painter->setPen(colour);
-  layout.draw(painter, {room.left(), top});
-  drawEllipsis(*painter, layout, room, top, shown);
+  // The marks count in the text as it is compared.
+  drawLines(*painter, cell.font, QRectF(cell.rect).adjusted(kMargin, 0, -kMargin, 0),
+            cutLongLines(own ? text : hint), formats);
   painter->restore();
 }
 

@@ -61,6 +61,8 @@ class BatchOptionsTest : public QObject {
   void asksBeforeWorkIsLost();
   void everyStepCanBeTakenBack();
   void anyRecordCanBeEdited();
+  void selectsTheFirstProblemUnlessAPersonDid();
+  void aNameFromTheRightTurnsNoOtherLine();
   void manyAtOnce();
   void theSameForAll();
   void theDoubtfulWaitsForAPerson();
@@ -202,6 +204,42 @@ void BatchOptionsTest::anyRecordCanBeEdited() {
   QVERIFY(open.window.records().at(1)->values().own);
   QTRY_VERIFY(person.hasFinished());
   QCOMPARE(open.window.results().size(), 2);
+}
+
+void BatchOptionsTest::selectsTheFirstProblemUnlessAPersonDid() {
+  for (const bool selects : {false, true}) {
+    Oracle oracle;
+    oracle.waits = true;
+    oracle.outcomes[u"b"_qs] = kRefused;
+    OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
+    if (selects) {
+      open.person.clickRow(0);
+    }
+    oracle.answers.release(2);
+    const auto segments = open.person.find<QWidget>(u"scFilter"_qs)->findChildren<QToolButton*>();
+    QTRY_COMPARE(segments.at(3)->text(), u"&Errors  1"_qs);
+    QCOMPARE(open.person.selectedRow(), selects ? 0 : 1);
+    QVERIFY(!open.person.hasFinished());
+    oracle.answers.release(1);
+    QTRY_VERIFY(open.person.hasFinished());
+  }
+}
+
+// The second lines of two labels look the same whatever the first ones are written in.
+void BatchOptionsTest::aNameFromTheRightTurnsNoOtherLine() {
+  Oracle oracle;
+  OpenWindow open(
+      EntriesOf({u"x\ny"_qs, u"do\n25 East St"_qs, u"\u05D3\u05D5\u05D3\n25 East St"_qs}),
+      oracle.ask(), BatchOptions::all());
+  QTableView& table = *open.person.table();
+  QTRY_VERIFY(open.person.hasFinished());
+  open.person.clickRow(0);
+  const QImage shown = table.viewport()->grab().toImage();
+  const auto secondLine = [&](int row) {
+    const QRect cell = table.visualRect(table.model()->index(row, 0));
+    return shown.copy(cell.adjusted(1, cell.height() / 2, -1, -1));
+  };
+  QVERIFY(secondLine(1) == secondLine(2));
 }
 
 void BatchOptionsTest::manyAtOnce() {
