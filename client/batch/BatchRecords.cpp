@@ -42,9 +42,9 @@ BatchResultRecordList BatchRecords::unanswered() const {
   });
 }
 
-BatchResultRecordList BatchRecords::twinsOf(const BatchResultRecord& record,
-                                            AddressStatus status) const {
+BatchResultRecordList BatchRecords::twinsOf(const BatchResultRecord& record) const {
   const QString address = record.values().address;
+  const AddressStatus status = record.values().status;
   return those([&](const BatchResultRecord& other) {
     const Values values = other.values();
     return &other != &record && !values.pending && values.status == status &&

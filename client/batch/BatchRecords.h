@@ -24,8 +24,8 @@ class BatchRecords {
   BatchResultRecordList pending() const;
   BatchResultRecordList unanswered() const;
 
-  // The other records of the same text that have an outcome of `status`, too.
-  BatchResultRecordList twinsOf(const BatchResultRecord& record, AddressStatus status) const;
+  // The other records of the same text that have an outcome of the same status.
+  BatchResultRecordList twinsOf(const BatchResultRecord& record) const;
 
   // Those turned down for the same reason as `record` whose fault can be mended, `record` included.
   BatchResultRecordList withProposalLike(const BatchResultRecord& record) const;

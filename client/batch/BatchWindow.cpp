@@ -23,6 +23,8 @@ BatchWindow::BatchWindow(QDialog& window, const QList<std::shared_ptr<AddressEnt
   constexpr std::chrono::seconds kTold{1};
   _waitTimer.setInterval(kTold);
   QObject::connect(&_waitTimer, &QTimer::timeout, [this] { showNumbers(); });
+  view.detail().setCountTwins(
+      [this](const BatchResultRecord& record) { return records.twinsOf(record).size(); });
 }
 
 void BatchWindow::setOptions(const BatchOptions& chosen) {
@@ -69,9 +71,7 @@ void BatchWindow::showDetail() {
     view.detail().showSeveral(severalText(counts), counts.doubtful);
   } else {
     const BatchResultRecordPointer& record = selected.first();
-    const AddressStatus status = record->values().status;
-    const bool waits = status == AddressStatusMultiple || status == AddressStatusError;
-    view.detail().showRecord(record, waits ? records.twinsOf(*record, status).size() : 0);
+    view.detail().showRecord(record);
     const bool isMendable = !record->values().proposal.isEmpty();
     view.detail().showProposal(*record, isMendable ? records.withProposalLike(*record).size() : 0);
   }
@@ -264,6 +264,14 @@ void BatchWindow::goOnToProblem() {
   if (row >= 0) {
     view.selectRow(row);
   }
+}
+
+BatchResultRecordList BatchWindow::withTwins(const BatchResultRecordPointer& record) const {
+  BatchResultRecordList found{record};
+  if (view.detail().isTwinsChecked()) {
+    found += records.twinsOf(*record);
+  }
+  return found;
 }
 
 QList<Change> BatchWindow::changesBy(const BatchResultRecord& record) const {

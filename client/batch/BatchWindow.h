@@ -48,6 +48,9 @@ class BatchWindow {
   // Selects it where the options say so.
   void goOnToProblem();
 
+  // A record, and those of the same text where the person has ticked that.
+  BatchResultRecordList withTwins(const BatchResultRecordPointer& record) const;
+
   // The change of words that the person made in a record.
   QList<Change> changesBy(const BatchResultRecord& record) const;
 

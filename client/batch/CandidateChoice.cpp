@@ -10,14 +10,10 @@ namespace postwright {
 void chooseCandidate(QWidget& parent, BatchWindow& window, const BatchResultRecordPointer& record,
                      const AddressMatch& candidate) {
   const QString typed = record->values().address;
-  const bool forTwins = window.view.detail().isTwinsChecked();
+  const BatchResultRecordList chosen = window.withTwins(record);
   CandidateDialog dialog(candidate, typed, window.runs);
   if (runModalForWindow(dialog, &parent) != RunStoppedResponse) {
     return;
-  }
-  BatchResultRecordList chosen{record};
-  if (forTwins) {
-    chosen += window.records.twinsOf(*record, AddressStatusMultiple);
   }
   const BatchResultRecord::Values answer = dialog.answer();
   window.steps.take(localizedString("SStepChoose", chosen.size()), chosen,

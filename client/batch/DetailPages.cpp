@@ -13,15 +13,13 @@
 #include "ui_Postwright.h"
 
 namespace postwright {
-namespace {
 
-void showTwins(QCheckBox& box, qsizetype twins) {
+void DetailView::showTwins(QCheckBox& box, bool isOffered) {
+  const qsizetype twins = isOffered ? _countTwins(*_record) : 0;
   box.setVisible(twins > 0);
   box.setChecked(false);
   box.setText(localizedString("SAlsoTwins", twins));
 }
-
-}  // namespace
 
 void DetailView::showUnchanged(const BatchResultRecord::Values& values) {
   const bool edited = !values.pending && values.address != _record->typed();
@@ -67,9 +65,9 @@ void DetailView::showFixed(const BatchResultRecord::Values& values, bool whole) 
   _layout.txtChanges->setVisible(!changes.isEmpty());
 }
 
-void DetailView::showMultiple(const BatchResultRecord::Values& values, qsizetype twins) {
+void DetailView::showMultiple(const BatchResultRecord::Values& values) {
   fillEditor(*_layout.tvMultipleAddress, _drafts.value(_record.get(), values.address));
-  showTwins(*_layout.ckTwins, twins);
+  showTwins(*_layout.ckTwins, true);
   const bool isDoubtful = values.isDoubtful();
   const QString why = isDoubtful ? values.remark : unconfirmedText(values.confirmation);
   QStringList doubts{why};
@@ -95,6 +93,7 @@ void DetailView::showEdited(const BatchResultRecord::Values& values) {
   const bool known = !values.pending && !values.fixed.isEmpty();
   fillEditor(*_layout.tvEditFixed,
              _ownDrafts.value(_record.get(), known ? values.fixed : values.address));
+  showTwins(*_layout.ckEditTwins, _selectsSeveral);
 }
 
 // Says which of the two texts of a doubtful correction a candidate is, and marks what it changes.
@@ -124,7 +123,7 @@ void DetailView::showMatches(const BatchResultRecord::Values& values) {
   _layout.bnChooseSelectedAddress->setEnabled(false);
 }
 
-void DetailView::showError(const BatchResultRecord::Values& values, qsizetype twins) {
+void DetailView::showError(const BatchResultRecord::Values& values) {
   const bool service = values.isUnanswered();
   _layout.txtErrorText->setText(values.result);
   _layout.txtErrorReason->setText(values.remark);
@@ -133,7 +132,7 @@ void DetailView::showError(const BatchResultRecord::Values& values, qsizetype tw
                                                 : service      ? "SErrorHintService"
                                                                : "SErrorHint"));
   fillEditor(*_layout.tvErrorAddress, _drafts.value(_record.get(), values.address));
-  showTwins(*_layout.ckErrorTwins, _selectsSeveral ? twins : 0);
+  showTwins(*_layout.ckErrorTwins, _selectsSeveral);
 }
 
 void DetailView::showProposal(const BatchResultRecord& record, qsizetype alike) {

@@ -75,7 +75,7 @@ void DetailView::showSeveral(const QString& text, qsizetype doubtful) {
   showPage(_layout.vwSeveral);
 }
 
-void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype twins) {
+void DetailView::showRecord(const BatchResultRecordPointer& record) {
   _record = nullptr;  // what is put into the fields now is no draft
   const BatchResultRecord::Values values = record->values();
   const bool ownPage =
@@ -98,11 +98,11 @@ void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype tw
       showPage(_layout.vwFixed);
       break;
     case AddressStatusMultiple:
-      showMultiple(values, twins);
+      showMultiple(values);
       showPage(_layout.vwMultiple);
       break;
     case AddressStatusError:
-      showError(values, twins);
+      showError(values);
       showPage(_layout.vwError);
       break;
   }
@@ -111,14 +111,14 @@ void DetailView::showRecord(const BatchResultRecordPointer& record, qsizetype tw
 void DetailView::showEditor() {
   if (_editsAny && _record != nullptr && editor() == nullptr) {
     _edited = _record.get();
-    showRecord(BatchResultRecordPointer(_record), 0);
+    showRecord(BatchResultRecordPointer(_record));
   }
 }
 
 void DetailView::leaveEditor() {
   if (_record != nullptr && _edited == _record.get() && !hasDraft(*_record)) {
     _edited = nullptr;
-    showRecord(BatchResultRecordPointer(_record), 0);
+    showRecord(BatchResultRecordPointer(_record));
   }
 }
 
@@ -211,8 +211,10 @@ int DetailView::selectedMatch() const {
 
 bool DetailView::isTwinsChecked() const {
   const QWidget* page = _layout.vwContent->currentWidget();
-  const QCheckBox* box = page == _layout.vwError ? _layout.ckErrorTwins : _layout.ckTwins;
-  return page != _layout.vwEdit && !box->isHidden() && box->isChecked();
+  const QCheckBox* box = page == _layout.vwError  ? _layout.ckErrorTwins
+                         : page == _layout.vwEdit ? _layout.ckEditTwins
+                                                  : _layout.ckTwins;
+  return !box->isHidden() && box->isChecked();
 }
 
 }  // namespace postwright

@@ -6,10 +6,13 @@
 #include <QHash>
 #include <QObject>
 #include <QStandardItemModel>
+#include <functional>
+#include <utility>
 
 namespace Ui {
 class Postwright;
 }
+class QCheckBox;
 class QPlainTextEdit;
 
 namespace postwright {
@@ -31,8 +34,11 @@ class DetailView final : public QObject {
   void setFieldFont(const QFont& font);
 
   void showNothing();
-  // `twins` more records of the list have the same text and wait for the same.
-  void showRecord(const BatchResultRecordPointer& record, qsizetype twins);
+  // Tells how many more records of the list have the text of one and stand as it does.
+  using CountTwins = std::function<qsizetype(const BatchResultRecord&)>;
+  void setCountTwins(CountTwins count) { _countTwins = std::move(count); }
+
+  void showRecord(const BatchResultRecordPointer& record);
   // Offers to have the fault of `record` mended, where it can be, and that of all `alike`.
   void showProposal(const BatchResultRecord& record, qsizetype alike);
   // `doubtful` of those that are selected can be accepted.
@@ -65,9 +71,10 @@ class DetailView final : public QObject {
  private:
   void showUnchanged(const BatchResultRecord::Values& values);
   void showFixed(const BatchResultRecord::Values& values, bool whole);
-  void showMultiple(const BatchResultRecord::Values& values, qsizetype twins);
-  void showError(const BatchResultRecord::Values& values, qsizetype twins);
+  void showMultiple(const BatchResultRecord::Values& values);
+  void showError(const BatchResultRecord::Values& values);
   void showEdited(const BatchResultRecord::Values& values);
+  void showTwins(QCheckBox& box, bool isOffered);
   void showPage(QWidget* page);
   void fillEditor(QPlainTextEdit& editor, const QString& text);
   void showMatches(const BatchResultRecord::Values& values);
@@ -83,6 +90,7 @@ class DetailView final : public QObject {
   const BatchResultRecord* _edited = nullptr;  // the one on the page with both texts
   bool _editsAny = false;
   bool _selectsSeveral = false;
+  CountTwins _countTwins;
   QHash<const BatchResultRecord*, QString> _drafts;
   QHash<const BatchResultRecord*, QString> _ownDrafts;  // of corrected texts
 };

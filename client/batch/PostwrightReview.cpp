@@ -37,10 +37,8 @@ void PostwrightController::reFixAddress(const QString& address) {
   if (record == nullptr) {
     return;
   }
-  BatchResultRecordList asked{record};
-  if (_window->view.detail().isTwinsChecked() && record->values().status == AddressStatusError) {
-    asked += _window->records.twinsOf(*record, AddressStatusError);
-  }
+  const BatchResultRecordList asked =
+      _window->options.selectsSeveral ? _window->withTwins(record) : BatchResultRecordList{record};
   _window->view.detail().forgetDraft(*record);
   _window->steps.take(localizedString("SStepAsk", asked.size()), asked, [&](Values& values) {
     values.address = address;
@@ -113,7 +111,7 @@ void PostwrightController::bnChooseSelectedAddressClick() {
     return;
   }
   const PostwrightSelectorPointer& candidate = matches.at(match);
-  const bool forTwins = _window->view.detail().isTwinsChecked();
+  const BatchResultRecordList chosen = _window->withTwins(record);
   if (candidate->hasRange()) {
     AddressBookDesignatorController designator(candidate);
     runModalForWindow(designator, this);
@@ -121,10 +119,6 @@ void PostwrightController::bnChooseSelectedAddressClick() {
   const std::optional<QString> address = candidate->fixedAddress();
   if (!address) {
     return;
-  }
-  BatchResultRecordList chosen{record};
-  if (forTwins) {
-    chosen += _window->records.twinsOf(*record, AddressStatusMultiple);
   }
   _window->steps.take(localizedString("SStepChoose", chosen.size()), chosen,
                       [&](Values& values) { takeMatch(values, *address); });
@@ -157,8 +151,9 @@ void PostwrightController::bnKeepTextClick() {
     return;
   }
   const QString text = _window->view.detail().ownText();
+  const BatchResultRecordList kept = _window->withTwins(record);
   _window->view.detail().forgetDraft(*record);
-  _window->steps.take(localizedString("SStepUse", 1), {record}, [&](Values& values) {
+  _window->steps.take(localizedString("SStepUse", kept.size()), kept, [&](Values& values) {
     values.fixed = text;
     values.status = AddressStatusFixed;
     values.pending = false;

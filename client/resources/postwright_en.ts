@@ -520,9 +520,9 @@ F8 goes to the next one that needs you.</translation>
         <translation>Edit… (F2)</translation>
     </message>
     <message id="SEditAddress">
-        <source>Te&amp;xt to check:</source>
+        <source>Text to c&amp;heck:</source>
         <extracomment>Above the field for the text that the service is asked about.</extracomment>
-        <translation>Te&amp;xt to check:</translation>
+        <translation>Text to c&amp;heck:</translation>
     </message>
     <message id="SEditAddressName">
         <source>Text to check</source>

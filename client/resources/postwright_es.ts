@@ -520,7 +520,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Editar… (F2)</translation>
     </message>
     <message id="SEditAddress">
-        <source>Te&amp;xt to check:</source>
+        <source>Text to c&amp;heck:</source>
         <extracomment>Above the field for the text that the service is asked about.</extracomment>
         <translation>Te&amp;xto que comprobar:</translation>
     </message>

@@ -4,6 +4,7 @@
 #include <postwright/PostwrightController.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
@@ -64,6 +65,7 @@ class BatchOptionsTest : public QObject {
   void selectsTheFirstProblemUnlessAPersonDid();
   void aNameFromTheRightTurnsNoOtherLine();
   void manyAtOnce();
+  void theSameTextAtOnce();
   void theSameForAll();
   void theDoubtfulWaitsForAPerson();
   void findsAndSorts();
@@ -281,6 +283,45 @@ void BatchOptionsTest::manyAtOnce() {
   person.click(u"bnAskAgain"_qs);
   QTRY_VERIFY(person.hasFinished());
   QCOMPARE(oracle.asked.available(), asked + 4);  // the same text once
+}
+
+// From each page that has a field, for all that have the same text: a new text, and one that stays.
+void BatchOptionsTest::theSameTextAtOnce() {
+  const struct {
+    AddressOutcome outcome;
+    QString box;
+    QString field;
+    QString keep;
+  } pages[] = {
+      {kRefused, u"ckErrorTwins"_qs, u"tvErrorAddress"_qs, u"bnKeepError"_qs},
+      {Candidates(), u"ckTwins"_qs, u"tvMultipleAddress"_qs, u"bnKeepMultiple"_qs},
+      {{AddressFix{u"B X"_qs, {}}, {}}, u"ckEditTwins"_qs, u"tvEditAddress"_qs, u"bnKeepEdit"_qs},
+  };
+  for (const auto& [outcome, box, field, keep] : pages) {
+    Oracle oracle;
+    oracle.outcomes[u"b"_qs] = outcome;
+    OpenWindow open(EntriesOf({u"b"_qs, u"a"_qs, u"b"_qs, u"b"_qs}), oracle.ask(),
+                    BatchOptions::all());
+    Person& person = open.person;
+    QTRY_VERIFY(person.hasFinished());
+    const auto edit = [&person, &box = box, &field = field] {
+      person.table()->setFocus();
+      person.clickRow(0);
+      person.press(Qt::Key_F2);
+      QVERIFY(person.find<QCheckBox>(box)->text().startsWith(u"Also for 2 more"_qs));
+      person.find<QCheckBox>(box)->click();
+      person.find<QPlainTextEdit>(field)->setFocus();
+    };
+    edit();
+    person.type(u"bb"_qs);
+    person.press(Qt::Key_Return, Qt::ControlModifier);
+    QTRY_COMPARE(person.column(1).count(u"BB FIXED"_qs), 3);
+    QTRY_VERIFY(person.hasFinished());
+    open.window.undo();
+    edit();
+    person.click(keep);
+    QCOMPARE(person.column(2).count(u"As Written"_qs), 3);
+  }
 }
 
 void BatchOptionsTest::theSameForAll() {
