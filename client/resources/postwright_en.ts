@@ -891,6 +891,11 @@ F8 goes to the next one that needs you.</translation>
         <extracomment>Line of the summary; the reasons follow.</extracomment>
         <translation>Errors</translation>
     </message>
+    <message id="SSumUnanswered">
+        <source>Not answered by the service</source>
+        <extracomment>Line of the summary: the service or the network failed.</extracomment>
+        <translation>Not answered by the service</translation>
+    </message>
     <message id="SSumPending">
         <source>Not asked about</source>
         <extracomment>Line of the summary.</extracomment>

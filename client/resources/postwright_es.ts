@@ -891,6 +891,11 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <extracomment>Line of the summary; the reasons follow.</extracomment>
         <translation>Errores</translation>
     </message>
+    <message id="SSumUnanswered">
+        <source>Not answered by the service</source>
+        <extracomment>Line of the summary: the service or the network failed.</extracomment>
+        <translation>Sin respuesta del servicio</translation>
+    </message>
     <message id="SSumPending">
         <source>Not asked about</source>
         <extracomment>Line of the summary.</extracomment>

@@ -91,29 +91,32 @@ QList<SummaryLine> confirmationLines(const BatchResultRecordList& records) {
 QList<SummaryLine> summaryLines(const BatchResultRecordList& records) {
   const ReviewCounts counts = countRecords(records);
   QMap<QString, qsizetype> reasons;
+  QMap<QString, qsizetype> failures;
   qsizetype own = 0;
   for (const BatchResultRecordPointer& record : records) {
     const Values values = record->values();
     own += !values.pending && values.own && values.status == AddressStatusFixed ? 1 : 0;
     if (!values.pending && values.status == AddressStatusError) {
-      ++reasons[values.failure()];
+      ++(values.isUnanswered() ? failures : reasons)[values.failure()];
     }
   }
   QList<SummaryLine> lines{{localizedString("SSumRight"), counts.right()},
                            {localizedString("SSumUnconfirmed"), counts.unconfirmed},
                            {localizedString("SSumTyped"), counts.kept},
                            {localizedString("SSumFixed"), counts.fixed - own}};
-  const QMap<QString, qsizetype> rules = countRules(records);
-  for (auto rule = rules.begin(); rule != rules.end(); ++rule) {
-    lines.append({rule.key(), rule.value(), true});
-  }
+  const auto appendParts = [&lines](const QMap<QString, qsizetype>& parts) {
+    for (auto part = parts.begin(); part != parts.end(); ++part) {
+      lines.append({part.key(), part.value(), true});
+    }
+  };
+  appendParts(countRules(records));
   lines += QList<SummaryLine>{{localizedString("SSumOwn"), own},
                               {localizedString("SSumDoubtful"), counts.doubtful},
                               {localizedString("SSumMultiple"), counts.multiple - counts.doubtful},
-                              {localizedString("SSumErrors"), counts.errors}};
-  for (auto reason = reasons.begin(); reason != reasons.end(); ++reason) {
-    lines.append({reason.key(), reason.value(), true});
-  }
+                              {localizedString("SSumErrors"), counts.errors - counts.notAsked}};
+  appendParts(reasons);
+  lines.append({localizedString("SSumUnanswered"), counts.notAsked});
+  appendParts(failures);
   lines.append({localizedString("SSumPending"), counts.pending});
   lines += confirmationLines(records);
   lines.removeIf([](const SummaryLine& line) { return line.count == 0; });

@@ -15,6 +15,12 @@ QString number(qsizetype value) {
   return QLocale().toString(static_cast<qlonglong>(value));
 }
 
+// "2 errors, 1 open choice and 3 addresses as typed".
+QString joined(QStringList parts) {
+  const QString last = parts.takeLast();
+  return parts.isEmpty() ? last : parts.join(QStringLiteral(", ")) + localizedString("SAnd") + last;
+}
+
 }  // namespace
 
 QString statusText(const BatchResultRecord::Values& values) {
@@ -183,14 +189,14 @@ QString summaryText(const ReviewCounts& counts) {
   if (counts.kept > 0) {
     kept.append(localizedString("STypedKept", counts.kept));
   }
-  if (counts.errors > 0) {
-    kept.append(localizedString("SErrorsKept", counts.errors));
+  if (const qsizetype refused = counts.errors - counts.notAsked; refused > 0) {
+    kept.append(localizedString("SErrorsKept", refused));
   }
   if (counts.multiple > 0) {
     kept.append(localizedString("SChoicesKept", counts.multiple));
   }
-  if (counts.pending > 0) {
-    kept.append(localizedString("SPendingKept", counts.pending));
+  if (const qsizetype unjudged = counts.pending + counts.notAsked; unjudged > 0) {
+    kept.append(localizedString("SPendingKept", unjudged));
   }
   QStringList sentences{counts.fixed > 0 ? localizedString("SCorrected", counts.fixed)
                                          : localizedString("SNoneCorrected")};
@@ -204,8 +210,7 @@ QString summaryText(const ReviewCounts& counts) {
     sentences.append(localizedString("SFormed", counts.formed));
   }
   if (!kept.isEmpty()) {
-    sentences.append(StringHelpers::stringWithFormat(localizedString("SKept"),
-                                                     {kept.join(localizedString("SAnd"))}));
+    sentences.append(StringHelpers::stringWithFormat(localizedString("SKept"), {joined(kept)}));
   }
   if (counts.blank > 0) {
     sentences.append(localizedString("SBlanked", counts.blank));
@@ -271,8 +276,8 @@ QString stoppedText(const ReviewCounts& counts) {
 QString severalText(const ReviewCounts& counts) {
   const std::pair<const char*, qsizetype> parts[] = {
       {"SFilterUnchanged", counts.unchanged}, {"SFilterFixed", counts.fixed},
-      {"SFilterMultiple", counts.multiple},   {"SFilterError", counts.errors},
-      {"SNotAskedShort", counts.pending},
+      {"SFilterMultiple", counts.multiple},   {"SFilterError", counts.errors - counts.notAsked},
+      {"SStatusNotChecked", counts.notAsked}, {"SNotAskedShort", counts.pending},
   };
   QStringList texts;
   for (const auto& [key, count] : parts) {

@@ -94,15 +94,21 @@ void BatchReviewTest::sentencesSayWhatIsSo_data() {
                             "confirmed. "
                             "Left as they are: 3 errors and 2 open choices."_qs
                          << u""_qs;
+  QTest::newRow("three kinds")
+      << u"EMP"_qs << u"Do&ne"_qs
+      << u"No address was corrected. Left as they are: 1 error, 1 open choice and 1 address not "
+         "checked."_qs
+      << u""_qs;
   QTest::newRow("blank") << u"B"_qs << u"&Apply 1 Correction"_qs
                          << u"1 address was corrected. 1 entry would be emptied."_qs << u""_qs;
   QTest::newRow("down")
-      << u"EDN"_qs << u"Do&ne"_qs << u"No address was corrected. Left as they are: 3 errors."_qs
+      << u"EDN"_qs << u"Do&ne"_qs
+      << u"No address was corrected. Left as they are: 1 error and 2 addresses not checked."_qs
       << u"The address service does not answer. 2 addresses could not be checked."_qs;
   QTest::newRow("no network")
       << u"PN"_qs << u"Do&ne"_qs
       << u"No address was corrected. "
-         "Left as they are: 1 error and 1 address not checked."_qs
+         "Left as they are: 2 addresses not checked."_qs
       << u"There is no network connection. 1 address could not be checked."_qs;
 }
 
