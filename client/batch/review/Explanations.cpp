@@ -45,12 +45,26 @@ QString wordsOfPart(const CorrectionPart& part) {
   return QString::fromStdWString(part.text).simplified();
 }
 
+// These say by themselves whether words came or went.
+bool saysWhatBecame(CorrectionRule rule) {
+  constexpr CorrectionRule kRules[] = {
+      CorrectionRule::Zip4Added,        CorrectionRule::Zip4Dropped,
+      CorrectionRule::SuffixAdded,      CorrectionRule::SuffixDropped,
+      CorrectionRule::DirectionalAdded, CorrectionRule::DirectionalDropped,
+  };
+  return std::find(std::begin(kRules), std::end(kRules), rule) != std::end(kRules);
+}
+
 QString textOf(const CorrectionChange& change) {
   if (change.doubt) {
     return sentenceOf(change);
   }
-  return changeText({wordsOfPart(change.typed), wordsOfPart(change.corrected)}) +
-         QStringLiteral(": ") + wordsOf(change.rule);
+  const Change words{wordsOfPart(change.typed), wordsOfPart(change.corrected)};
+  const QString& only = words.from.isEmpty() ? words.to : words.from;
+  const bool isOne = words.from.isEmpty() || words.to.isEmpty();
+  return isOne && saysWhatBecame(change.rule)
+             ? wordsOf(change.rule) + QStringLiteral(": ") + only
+             : changeText(words) + QStringLiteral(": ") + wordsOf(change.rule);
 }
 
 bool isMove(CorrectionRule rule) {
