@@ -3,8 +3,6 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "client/batch/review/BatchReview.h"
-
 namespace postwright {
 
 QList<Change> wordChanges(const QString& before, const QString& after) {
@@ -20,6 +18,9 @@ QList<Change> wordChanges(const QString& before, const QString& after) {
 QString withChanges(const QString& text, const QList<Change>& changes) {
   QString changed = text;
   for (const Change& change : changes) {
+    if (!changed.contains(change.from.section(u' ', 0, 0), Qt::CaseInsensitive)) {
+      continue;  // most texts, told without an expression
+    }
     const QString words = QRegularExpression::escape(change.from)
                               .replace(QStringLiteral("\\ "), QStringLiteral("\\s+"));
     const QRegularExpression expression(
@@ -32,6 +33,21 @@ QString withChanges(const QString& text, const QList<Change>& changes) {
   return changed;
 }
 
+namespace {
+
+// The words stand in it, and nobody has decided on them: the service neither confirmed nor changed
+// them, and they are not what a person wrote or kept.
+bool hasWords(const BatchResultRecord::Values& values, const QList<Change>& changes) {
+  const auto stand = [&changes](const QString& text) { return withChanges(text, changes) != text; };
+  const bool isAnswered =
+      !values.pending && (values.status == AddressStatusFixed || values.isWellWritten());
+  const bool isSettled =
+      isAnswered && (values.confirmation.Kind() == ConfirmationFull || !stand(values.fixed));
+  return !values.own && !isSettled && stand(values.address);
+}
+
+}  // namespace
+
 BatchResultRecordList recordsToChange(const BatchResultRecordList& records,
                                       const QList<Change>& changes,
                                       const BatchResultRecord& except) {
@@ -41,9 +57,7 @@ BatchResultRecordList recordsToChange(const BatchResultRecordList& records,
   }
   std::copy_if(records.begin(), records.end(), std::back_inserter(found),
                [&](const BatchResultRecordPointer& record) {
-                 const BatchResultRecord::Values values = record->values();
-                 return record.get() != &except && (values.pending || needsPerson(values)) &&
-                        withChanges(values.address, changes) != values.address;
+                 return record.get() != &except && hasWords(record->values(), changes);
                });
   return found;
 }

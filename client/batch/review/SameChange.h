@@ -17,8 +17,9 @@ QList<Change> wordChanges(const QString& before, const QString& after);
 // itself where none does.
 QString withChanges(const QString& text, const QList<Change>& changes);
 
-// Of `records`, those that still need a person, or have not been asked about, and that `changes`
-// would change; without `except`.
+// Of `records`, those in which the words of `changes` stand and that neither the service nor a
+// person has settled: it confirmed them or wrote the words otherwise, or they are the person's own.
+// Without `except`.
 BatchResultRecordList recordsToChange(const BatchResultRecordList& records,
                                       const QList<Change>& changes,
                                       const BatchResultRecord& except);
