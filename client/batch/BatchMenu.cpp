@@ -43,6 +43,7 @@ BatchMenu::BatchMenu(PostwrightController& controller, BatchWindow& window)
     _window.view.sortByHost();
     _controller.filterWithStatus();
   });
+  connect(layout.bnHostOrder, &QToolButton::clicked, _hostOrder, &QAction::trigger);
   connect(_summary, &QAction::triggered, this, &BatchMenu::showSummary);
   connect(layout.bnSummary, &QPushButton::clicked, this, &BatchMenu::showSummary);
   connect(_menu, &QMenu::aboutToShow, this, &BatchMenu::bringUpToDate);

@@ -8,11 +8,11 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 #include "client/LocalizedString.h"
 #include "client/batch/AddressDelegate.h"
 #include "client/batch/RowHeights.h"
+#include "client/batch/StatusDelegate.h"
 #include "client/batch/StatusIcons.h"
 #include "client/batch/WrappingRow.h"
 #include "client/batch/review/BatchTexts.h"
@@ -26,22 +26,8 @@ constexpr int kAboveDetail = 6;
 constexpr QSize kLeastDetail(200, 60);
 constexpr int kLeastSearch = 90;
 constexpr int kLeastField = 56;
-constexpr int kIconSize = 16;
 constexpr AddressStatus kStatuses[] = {AddressStatusUnchanged, AddressStatusFixed,
                                        AddressStatusMultiple, AddressStatusError};
-
-// Keeps room for an image where a status has none, so that the words stand below one another.
-class StatusDelegate final : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->features |= QStyleOptionViewItem::HasDecoration;
-    option->decorationSize = QSize(kIconSize, kIconSize);
-  }
-};
 
 // How the user left the last window of this process.
 struct Memory {
@@ -56,17 +42,6 @@ Memory& memory() {
 
 void fitToScreen(QDialog& window) {
   window.resize(memory().size.boundedTo(window.screen()->availableSize()));
-}
-
-// Of the widest status, so that the column need not be measured anew as results come in.
-int statusWidth(const QTableView& table) {
-  constexpr int kIconAndMargins = 48;
-  int width = 0;
-  for (const char* key : {"SStatusUnchanged", "SStatusFixed", "SStatusMultiple", "SStatusError",
-                          "SStatusNotChecked", "SStatusOwn", "SStatusDoubtful"}) {
-    width = std::max(width, table.fontMetrics().horizontalAdvance(localizedString(key)));
-  }
-  return width + kIconAndMargins;
 }
 
 }  // namespace
@@ -99,8 +74,11 @@ void BatchView::layFilterOut() {
   auto* row = new QWidget;
   auto* wrapping = new WrappingRow(row);
   wrapping->setSpacing(_layout->loFilter->spacing());
-  wrapping->addWidget(_layout->scFilter);
-  wrapping->addWidget(_layout->vwFind);
+  for (QWidget* control :
+       QList<QWidget*>{_layout->scFilter, _layout->bnDoubtful, _layout->cbReason,
+                       _layout->bnHostOrder, _layout->leSearch, _layout->bnMore}) {
+    wrapping->addWidget(control);
+  }
   _layout->loFilter->addWidget(row);
   _layout->leSearch->setMinimumWidth(kLeastSearch);
 }
@@ -150,6 +128,7 @@ void BatchView::setOptions(const BatchOptions& options) {
   _detail->setOptions(options);
   _findsProblems = options.findsProblems;
   _layout->bnDoubtful->hide();
+  _layout->bnHostOrder->hide();
   _layout->cbReason->hide();
   _layout->bnStop->hide();
   _layout->bnGoOn->hide();
@@ -162,7 +141,8 @@ void BatchView::setOptions(const BatchOptions& options) {
   _leastLines = options.usesHostFont ? 2 : 1;
   table->setFont(font);
   _detail->setFieldFont(font);
-  table->horizontalHeader()->resizeSection(BatchTableModel::StatusColumn, statusWidth(*table));
+  table->horizontalHeader()->resizeSection(BatchTableModel::StatusColumn,
+                                           StatusDelegate::width(*table));
 }
 
 RecordQuery BatchView::query() const {
@@ -191,12 +171,14 @@ void BatchView::sortBy(int column) {
   QHeaderView* columns = _layout->tvAddresses->horizontalHeader();
   columns->setSortIndicatorShown(true);
   columns->setSortIndicator(column, _descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+  _layout->bnHostOrder->show();
 }
 
 void BatchView::sortByHost() {
   _order = RecordQuery::Order::Host;
   _descending = false;
   _layout->tvAddresses->horizontalHeader()->setSortIndicatorShown(false);
+  _layout->bnHostOrder->hide();
 }
 
 void BatchView::selectAllSegments() {

@@ -18,21 +18,28 @@ QLayoutItem* WrappingRow::takeAt(int index) {
   return index >= 0 && index < count() ? _items.takeAt(index) : nullptr;
 }
 
-int WrappingRow::widthOfAll() const {
-  int width = std::max(0, count() - 1) * spacing();
-  for (const QLayoutItem* item : _items) {
+QList<QLayoutItem*> WrappingRow::shown() const {
+  QList<QLayoutItem*> shown = _items;
+  shown.removeIf([](const QLayoutItem* item) { return item->isEmpty(); });
+  return shown;
+}
+
+int WrappingRow::widthOf(const QList<QLayoutItem*>& row) const {
+  int width = std::max(0, static_cast<int>(row.size()) - 1) * spacing();
+  for (const QLayoutItem* item : row) {
     width += item->sizeHint().width();
   }
   return width;
 }
 
 QSize WrappingRow::sizeHint() const {
-  return {widthOfAll(), heightForWidth(widthOfAll())};
+  const int width = widthOf(shown());
+  return {width, heightForWidth(width)};
 }
 
 QSize WrappingRow::minimumSize() const {
   QSize size;
-  for (const QLayoutItem* item : _items) {
+  for (const QLayoutItem* item : shown()) {
     size = size.expandedTo(item->minimumSize());
   }
   return size;
@@ -45,34 +52,42 @@ void WrappingRow::setGeometry(const QRect& room) {
 
 // Returns the height.
 int WrappingRow::layOut(const QRect& room, bool place) const {
-  if (widthOfAll() > room.width()) {
-    int top = room.top();
-    for (QLayoutItem* item : _items) {
-      const int height = item->sizeHint().height();
-      if (place) {
-        item->setGeometry(QRect(room.left(), top, room.width(), height));
-      }
-      top += height + spacing();
+  const QList<QLayoutItem*> items = shown();
+  int top = room.top();
+  for (qsizetype begin = 0, end = 0; begin < items.size(); begin = end) {
+    QList<QLayoutItem*> row{items.at(end++)};
+    while (end < items.size() && widthOf(row + QList{items.at(end)}) <= room.width()) {
+      row.append(items.at(end++));
     }
-    return std::max(0, top - spacing() - room.top());
-  }
-  int height = 0;
-  for (const QLayoutItem* item : _items) {
-    height = std::max(height, item->sizeHint().height());
-  }
-  int left = room.left();
-  for (QLayoutItem* item : _items) {
-    const int width = item->sizeHint().width();
-    const bool last = item == _items.last() && count() > 1;
-    const QRect own(last ? room.right() + 1 - width : left, room.top(), width, height);
+    int height = 0;
+    for (const QLayoutItem* item : row) {
+      height = std::max(height, item->sizeHint().height());
+    }
     if (place) {
-      const Qt::LayoutDirection direction =
-          parentWidget() != nullptr ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-      item->setGeometry(QStyle::visualRect(direction, room, own));
+      placeRow(row, QRect(room.left(), top, room.width(), height));
     }
+    top += height + spacing();
+  }
+  return std::max(0, top - spacing() - room.top());
+}
+
+void WrappingRow::placeRow(const QList<QLayoutItem*>& row, const QRect& room) const {
+  const auto takesRoom = [](const QLayoutItem* item) {
+    return item->expandingDirections().testFlag(Qt::Horizontal);
+  };
+  const auto found = std::find_if(row.begin(), row.end(), takesRoom);
+  const QLayoutItem* wide = row.size() == 1 ? row.first() : found != row.end() ? *found : nullptr;
+  const int spare = room.width() - widthOf(row);
+  const Qt::LayoutDirection direction =
+      parentWidget() != nullptr ? parentWidget()->layoutDirection() : Qt::LeftToRight;
+  int left = room.left();
+  for (QLayoutItem* item : row) {
+    const int width = item->sizeHint().width() + (item == wide ? spare : 0);
+    left += wide == nullptr && item == row.last() ? spare : 0;
+    item->setGeometry(
+        QStyle::visualRect(direction, room, QRect(left, room.top(), width, room.height())));
     left += width + spacing();
   }
-  return height;
 }
 
 }  // namespace postwright

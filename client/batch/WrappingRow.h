@@ -6,8 +6,9 @@
 
 namespace postwright {
 
-// Lays its items out side by side, the last of them at the far end, or below one another where they
-// do not fit, so that a row of controls does not keep a window wide.
+// Lays its items out side by side and goes on in another row where they do not fit, so that a row
+// of controls does not keep a window wide. The room that a row has left goes to the item that takes
+// any, else in front of the last one. Items that are hidden take none.
 class WrappingRow final : public QLayout {
   Q_OBJECT
 
@@ -28,7 +29,9 @@ class WrappingRow final : public QLayout {
 
  private:
   int layOut(const QRect& room, bool place) const;
-  int widthOfAll() const;
+  void placeRow(const QList<QLayoutItem*>& row, const QRect& room) const;
+  int widthOf(const QList<QLayoutItem*>& row) const;
+  QList<QLayoutItem*> shown() const;
 
   QList<QLayoutItem*> _items;
 };

@@ -695,9 +695,9 @@ F8 goes to the next one that needs you.</translation>
         <translation>The Same for All…</translation>
     </message>
     <message id="SHostOrder">
-        <source>Original Order</source>
-        <extracomment>Menu: ends the sorting by a column.</extracomment>
-        <translation>Original Order</translation>
+        <source>Gi&amp;ven Order</source>
+        <extracomment>Button beside the filter and menu: ends the sorting by a column.</extracomment>
+        <translation>Gi&amp;ven Order</translation>
     </message>
     <message id="SSummary">
         <source>Summar&amp;y…</source>

@@ -695,9 +695,9 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Lo mismo para todas…</translation>
     </message>
     <message id="SHostOrder">
-        <source>Original Order</source>
-        <extracomment>Menu: ends the sorting by a column.</extracomment>
-        <translation>Orden original</translation>
+        <source>Gi&amp;ven Order</source>
+        <extracomment>Button beside the filter and menu: ends the sorting by a column.</extracomment>
+        <translation>Orden de la &amp;lista</translation>
     </message>
     <message id="SSummary">
         <source>Summar&amp;y…</source>

@@ -377,10 +377,15 @@ void BatchOptionsTest::findsAndSorts() {
       {0, u"a|b x|c x|d x"_qs}, {0, u"d x|c x|b x|a"_qs}, {0, host},
       {2, u"b x|c x|d x|a"_qs}, {2, u"d x|a|c x|b x"_qs}, {2, host},
   };
+  auto* given = person.find<QToolButton>(u"bnHostOrder"_qs);
   for (const auto& [column, order] : clicks) {
     clickColumn(column);
     QCOMPARE(person.column(0).join(u'|'), order);
+    QCOMPARE(given->isVisible(), order != host);
   }
+  clickColumn(1);
+  QTest::mouseClick(given, Qt::LeftButton);
+  QCOMPARE(person.column(0).join(u'|'), host);
   person.press(Qt::Key_F, Qt::ControlModifier);
   QTest::keyClicks(person.find<QWidget>(u"leSearch"_qs), u"A fixed"_qs);
   QCOMPARE(person.column(0), QStringList{u"a"_qs});
