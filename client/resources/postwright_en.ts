@@ -91,9 +91,9 @@
         <translation>&amp;Errors</translation>
     </message>
     <message id="SFilterDoubtful">
-        <source>Doubtful</source>
+        <source>Dou&amp;btful</source>
         <extracomment>Button beside the filter, with a number: lists the doubtful corrections alone.</extracomment>
-        <translation>Doubtful</translation>
+        <translation>Dou&amp;btful</translation>
     </message>
     <message id="SFilterCount">
         <source>%@  %@</source>
@@ -310,8 +310,8 @@ F8 goes to the next one that needs you.</translation>
         <translation>Correct the a&amp;ddress and check it again, or ignore it to leave it as it is.</translation>
     </message>
     <message id="SErrorHintService">
-        <source>The address itself was not judged. Check it again when the service answers, or ignore it.</source>
-        <translation>The address itself was not judged. Check it again when the service answers, or ignore it.</translation>
+        <source>The a&amp;ddress itself was not judged. Check it again when the service answers, or ignore it.</source>
+        <translation>The a&amp;ddress itself was not judged. Check it again when the service answers, or ignore it.</translation>
     </message>
     <message id="SErrorAddressName">
         <source>Address to correct</source>
@@ -515,9 +515,9 @@ F8 goes to the next one that needs you.</translation>
         </translation>
     </message>
     <message id="SEdit">
-        <source>Edit… (F2)</source>
+        <source>E&amp;dit… (F2)</source>
         <extracomment>Button that lets an address be edited that has an outcome.</extracomment>
-        <translation>Edit… (F2)</translation>
+        <translation>E&amp;dit… (F2)</translation>
     </message>
     <message id="SEditAddress">
         <source>Text to c&amp;heck:</source>
@@ -550,11 +550,11 @@ F8 goes to the next one that needs you.</translation>
         <translation>Ta&amp;ke as Typed</translation>
     </message>
     <message id="SAcceptDoubtful" numerus="yes">
-        <source>Accept %n Dou&amp;btful</source>
+        <source>Accept %n &amp;Doubtful</source>
         <extracomment>Button for several selected addresses: makes the doubtful corrections among them.</extracomment>
         <translation>
-            <numerusform>Accept %n Dou&amp;btful</numerusform>
-            <numerusform>Accept %n Dou&amp;btful</numerusform>
+            <numerusform>Accept %n &amp;Doubtful</numerusform>
+            <numerusform>Accept %n &amp;Doubtful</numerusform>
         </translation>
     </message>
     <message id="SFixedOwn">
@@ -576,9 +576,9 @@ F8 goes to the next one that needs you.</translation>
         <translation>This line is too long to be edited here.</translation>
     </message>
     <message id="SMarkRest">
-        <source>Mark the Rest</source>
+        <source>Mar&amp;k the Rest</source>
         <extracomment>Button that shows and marks all of a very long line.</extracomment>
-        <translation>Mark the Rest</translation>
+        <translation>Mar&amp;k the Rest</translation>
     </message>
     <message id="SStop">
         <source>Sto&amp;p</source>

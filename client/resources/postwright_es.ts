@@ -91,9 +91,9 @@
         <translation>E&amp;rrores</translation>
     </message>
     <message id="SFilterDoubtful">
-        <source>Doubtful</source>
+        <source>Dou&amp;btful</source>
         <extracomment>Button beside the filter, with a number: lists the doubtful corrections alone.</extracomment>
-        <translation>Dudosas</translation>
+        <translation>Dudo&amp;sas</translation>
     </message>
     <message id="SFilterCount">
         <source>%@  %@</source>
@@ -140,7 +140,7 @@
     <message id="SApplyNothing">
         <source>Do&amp;ne</source>
         <extracomment>The same button where there is nothing to write.</extracomment>
-        <translation>&amp;Listo</translation>
+        <translation>&amp;Aceptar</translation>
     </message>
     <message id="SCancel">
         <source>Cance&amp;l</source>
@@ -159,12 +159,12 @@
     <message id="SShowAll">
         <source>S&amp;how All</source>
         <extracomment>Button that selects all segments of the filter.</extracomment>
-        <translation>&amp;Mostrar todas</translation>
+        <translation>Mostrar to&amp;das</translation>
     </message>
     <message id="SCheckAgain">
         <source>&amp;Check Again</source>
         <extracomment>Button that asks about the edited address.</extracomment>
-        <translation>Com&amp;probar de nuevo</translation>
+        <translation>&amp;Volver a comprobar</translation>
     </message>
     <message id="SUseProposal">
         <source>Check &amp;with “%@”</source>
@@ -175,8 +175,8 @@
         <source>Mend All %n Like Thi&amp;s</source>
         <extracomment>Button: checks all addresses that were turned down for the same, each with its fault mended.</extracomment>
         <translation>
-            <numerusform>Corregir la&amp;s %n como esta</numerusform>
-            <numerusform>Corregir la&amp;s %n como esta</numerusform>
+            <numerusform>Corregir de una ve&amp;z las %n como esta</numerusform>
+            <numerusform>Corregir de una ve&amp;z las %n como esta</numerusform>
         </translation>
     </message>
     <message id="SRestore">
@@ -270,17 +270,17 @@ F8 lleva a la siguiente que lo necesita.</translation>
     </message>
     <message id="SMatches">
         <source>The service knows these addresses. &amp;Which one is meant?</source>
-        <translation>El servicio conoce estas direcciones. ¿Cuál e&amp;s?</translation>
+        <translation>El servicio conoce estas direcciones. ¿A cuál se re&amp;fiere?</translation>
     </message>
     <message id="SMatchesDoubtful">
         <source>This correction is doubtful and was not made. &amp;Which text is right?</source>
         <extracomment>Above the text as corrected and as typed, below the reason.</extracomment>
-        <translation>Esta corrección es dudosa y no se ha hecho. ¿Qué texto e&amp;s el correcto?</translation>
+        <translation>Esta corrección es dudosa y no se ha hecho. ¿Qué te&amp;xto es el correcto?</translation>
     </message>
     <message id="SMatchesTyped">
         <source>This address is doubtful. Use it &amp;where it is right, or correct it.</source>
         <extracomment>Above the text as typed alone, below the reason.</extracomment>
-        <translation>Esta dirección es dudosa. Ú&amp;sela si es correcta, o corríjala.</translation>
+        <translation>Esta dirección es dudosa. Úsela si es correcta, o corrí&amp;jala.</translation>
     </message>
     <message id="SMatchesName">
         <source>Possible addresses</source>
@@ -310,7 +310,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Corrija la &amp;dirección y compruébela de nuevo, o ignórela para dejarla como está.</translation>
     </message>
     <message id="SErrorHintService">
-        <source>The address itself was not judged. Check it again when the service answers, or ignore it.</source>
+        <source>The a&amp;ddress itself was not judged. Check it again when the service answers, or ignore it.</source>
         <translation>La &amp;dirección no se ha juzgado. Compruébela de nuevo cuando el servicio responda, o ignórela.</translation>
     </message>
     <message id="SErrorAddressName">
@@ -515,9 +515,9 @@ F8 lleva a la siguiente que lo necesita.</translation>
         </translation>
     </message>
     <message id="SEdit">
-        <source>Edit… (F2)</source>
+        <source>E&amp;dit… (F2)</source>
         <extracomment>Button that lets an address be edited that has an outcome.</extracomment>
-        <translation>Editar… (F2)</translation>
+        <translation>E&amp;ditar… (F2)</translation>
     </message>
     <message id="SEditAddress">
         <source>Text to c&amp;heck:</source>
@@ -550,7 +550,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>De&amp;jar como está escrita</translation>
     </message>
     <message id="SAcceptDoubtful" numerus="yes">
-        <source>Accept %n Dou&amp;btful</source>
+        <source>Accept %n &amp;Doubtful</source>
         <extracomment>Button for several selected addresses: makes the doubtful corrections among them.</extracomment>
         <translation>
             <numerusform>Aceptar %n &amp;dudosa</numerusform>
@@ -576,19 +576,19 @@ F8 lleva a la siguiente que lo necesita.</translation>
         <translation>Esta línea es demasiado larga para editarla aquí.</translation>
     </message>
     <message id="SMarkRest">
-        <source>Mark the Rest</source>
+        <source>Mar&amp;k the Rest</source>
         <extracomment>Button that shows and marks all of a very long line.</extracomment>
-        <translation>Marcar el resto</translation>
+        <translation>Marcar tam&amp;bién el resto</translation>
     </message>
     <message id="SStop">
         <source>Sto&amp;p</source>
         <extracomment>Button that ends the run after the address under way.</extracomment>
-        <translation>Detener</translation>
+        <translation>&amp;Parar</translation>
     </message>
     <message id="SGoOn">
         <source>Go &amp;On</source>
         <extracomment>Button that asks about the rest after a stop.</extracomment>
-        <translation>Continuar</translation>
+        <translation>&amp;Proseguir</translation>
     </message>
     <message id="SStopped">
         <source>Stopped: %@ of %@ checked.</source>
@@ -702,7 +702,7 @@ F8 lleva a la siguiente que lo necesita.</translation>
     <message id="SSummary">
         <source>Summar&amp;y…</source>
         <extracomment>Button that shows how the run went.</extracomment>
-        <translation>Resumen…</translation>
+        <translation>Resu&amp;men…</translation>
     </message>
     <message id="SSummaryAction">
         <source>Summary and Report…</source>

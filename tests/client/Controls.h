@@ -7,8 +7,8 @@
 
 namespace postwright {
 
-// Every control of a window that is shown and that Tab reaches has a name, and no two controls have
-// one mnemonic. Those that there are go into `mnemonics`.
+// Every control of a window that is shown and that Tab reaches has a name, a button a mnemonic, and
+// no two controls have the same. Those that there are go into `mnemonics`.
 inline void checkControls(const QWidget& window, QStringList& mnemonics) {
   const QList<QWidget*> controls = window.findChildren<QWidget*>();
   for (const QWidget* control : controls) {
@@ -28,6 +28,7 @@ inline void checkControls(const QWidget& window, QStringList& mnemonics) {
     if (!inner && (control->focusPolicy() & Qt::TabFocus) != 0) {
       QVERIFY2(!control->accessibleName().isEmpty() || !text.isEmpty(),
                qPrintable(control->objectName()));
+      QVERIFY2(button == nullptr || text.isEmpty() || !key.isEmpty(), qPrintable(text));
     }
   }
   const QString all = mnemonics.join(QStringLiteral(" "));

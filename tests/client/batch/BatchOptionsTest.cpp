@@ -620,13 +620,26 @@ void BatchOptionsTest::staysSmallAndDoesNotGrow() {
 // In each state that shows other controls; the program runs once more in Spanish for this.
 void BatchOptionsTest::namesEveryControl() {
   Oracle oracle;
+  oracle.waits = true;
   oracle.outcomes[u"b"_qs] = Candidates();
   oracle.outcomes[u"c"_qs] = kRefused;
   oracle.outcomes[u"d"_qs] = {AddressFix{u"D"_qs, {}}, {}};
-  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"b"_qs, u"c"_qs}), oracle.ask(),
-                  BatchOptions::all());
+  oracle.outcomes[u"e"_qs] = {
+      AddressFix{u"E X"_qs, {Candidate(u"E X"_qs, u"E X"_qs, {}, {})}}, {}, u"A number."_qs};
+  oracle.outcomes[u"e"_qs].isOpen = true;
+  oracle.outcomes[u"f"_qs] = kDown;
+  const QStringList texts{u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"e"_qs, QString(5000, u'x'),
+                          u"f"_qs};
+  OpenWindow open(EntriesOf(texts + QStringList{u"b"_qs, u"c"_qs, u"a"_qs}), oracle.ask(),
+                  Impatient());
+  QStringList whileRunning;
+  checkControls(open.window, whileRunning);
+  QVERIFY(open.person.find<QWidget>(u"bnStop"_qs)->isVisible());
+  oracle.answers.release(100);
   QTRY_VERIFY(open.person.hasFinished());
-  for (int row = -1; row < 4; ++row) {
+  QVERIFY(open.person.find<QWidget>(u"bnRetry"_qs)->isVisible());
+  QVERIFY(open.person.find<QWidget>(u"bnDoubtful"_qs)->isVisible());
+  for (int row = -1; row < texts.size(); ++row) {
     if (row < 0) {
       open.person.table()->selectAll();
     } else {
