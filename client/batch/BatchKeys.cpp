@@ -2,13 +2,30 @@
 
 #include <postwright/PostwrightController.h>
 
+#include <QAccessible>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTimer>
 
 #include "client/batch/BatchView.h"
 #include "ui_Postwright.h"
 
 namespace postwright {
+namespace {
+
+// Tells a screen reader of the row that the keyboard stands on in a table, which Qt does where the
+// row changes, and not where the keyboard comes back to it.
+void tellRow(QTableView& table) {
+  const QModelIndex current = table.currentIndex();
+  if (QAccessible::isActive() && table.hasFocus() && current.isValid()) {
+    QItemSelectionModel& selection = *table.selectionModel();
+    selection.clearCurrentIndex();
+    selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  }
+}
+
+}  // namespace
 
 BatchKeys::BatchKeys(PostwrightController& window, BatchView& view)
     : QObject(&window), _window(window), _view(view) {
@@ -21,25 +38,31 @@ BatchKeys::BatchKeys(PostwrightController& window, BatchView& view)
   onKey(Qt::SHIFT | Qt::Key_F8, [this] { _window.selectRecord(-1, true); });
   onKey(Qt::CTRL | Qt::Key_Return, [this] { checkAgain(); });
   onKey(Qt::CTRL | Qt::Key_Enter, [this] { checkAgain(); });
-  Ui::Postwright& layout = _view.layout();
-  for (QWidget* watched : QList<QWidget*>{layout.tvAddresses, layout.tvMatches}) {
-    watched->installEventFilter(this);
-  }
-  for (QWidget* watched : layout.vwContent->findChildren<QWidget*>()) {
+  for (QWidget* watched : _window.findChildren<QWidget*>()) {
     watched->installEventFilter(this);
   }
 }
 
 bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (auto* table = qobject_cast<QTableView*>(watched);
+      table != nullptr && event->type() == QEvent::FocusIn) {
+    QTimer::singleShot(0, table, [table] { tellRow(*table); });  // when the table itself is told
+  }
   if (event->type() == QEvent::KeyPress) {
     const auto* press = static_cast<QKeyEvent*>(event);
     const Ui::Postwright& layout = _view.layout();
     const bool plain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && watched == layout.leSearch && pressInSearch(press->key())) {
+      return true;
+    }
     if (plain && ((watched == layout.tvAddresses && pressInAddresses(press->key())) ||
                   (watched == layout.tvMatches && pressInMatches(press->key())))) {
       return true;
     }
-    if (plain && press->key() == Qt::Key_Escape && watched != layout.tvAddresses) {
+    const bool isInWindow =
+        static_cast<QWidget*>(watched)->window() == &_window;  // no list of a box
+    if (plain && press->key() == Qt::Key_Escape && watched != layout.tvAddresses && isInWindow &&
+        layout.tvAddresses->isVisible()) {
       layout.tvAddresses->setFocus();
       _view.detail().leaveEditor();
       return true;
@@ -75,6 +98,29 @@ bool BatchKeys::pressInAddresses(int key) {
     default:
       return chooseByDigit(key);
   }
+}
+
+bool BatchKeys::pressInSearch(int key) {
+  const Ui::Postwright& layout = _view.layout();
+  switch (key) {
+    case Qt::Key_Escape:
+      if (layout.leSearch->text().isEmpty()) {
+        return false;
+      }
+      layout.leSearch->clear();
+      break;
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (_view.addresses().rowCount() > 0 && _view.selectedRows().isEmpty()) {
+        _view.selectRow(0);
+      }
+      break;
+    default:
+      return false;
+  }
+  layout.tvAddresses->setFocus();
+  return true;
 }
 
 bool BatchKeys::pressInMatches(int key) {

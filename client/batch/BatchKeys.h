@@ -19,7 +19,8 @@ class PostwrightController;
 //   1 to 9                choose that candidate                (in both tables)
 //   Enter                 choose the selected candidate        (in the table of candidates)
 //   Ctrl+Enter            check the edited address again       (anywhere)
-//   Escape                back to the table, and there cancel
+//   Enter, Down           to the table                         (in the search)
+//   Escape                back to the table, out of the search with all shown, and there cancel
 class BatchKeys final : public QObject {
   Q_OBJECT
 
@@ -32,6 +33,7 @@ class BatchKeys final : public QObject {
 
  private:
   bool pressInAddresses(int key);
+  bool pressInSearch(int key);
   bool pressInMatches(int key);
   bool chooseByDigit(int key);
   void checkAgain();

@@ -68,8 +68,8 @@ BatchSummary::BatchSummary(const BatchResultRecordList& records, QWidget* parent
       buttons->addButton(localizedString("SSaveReport"), QDialogButtonBox::ActionRole);
   save->setObjectName(QStringLiteral("bnSaveReport"));
   QPushButton* close = buttons->addButton(localizedString("SClose"), QDialogButtonBox::RejectRole);
+  save->setAutoDefault(false);
   close->setDefault(true);
-  close->setFocus();
   rows->addWidget(buttons);
   connect(save, &QPushButton::clicked, this, &BatchSummary::saveReport);
   connect(buttons, &QDialogButtonBox::rejected, this, &BatchSummary::reject);

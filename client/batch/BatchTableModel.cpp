@@ -87,7 +87,8 @@ QVariant BatchTableModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return cellText(values, index.column());
     case Qt::AccessibleTextRole:
-      return index.column() != FixedColumn ? cellText(values, index.column())
+      return index.column() == AddressColumn  ? values.address
+             : index.column() == StatusColumn ? spokenStatus(values)
              : isMarked(values) ? spokenText(values.fixed, changesOf(*_records.at(index.row())))
              : values.fixed.isEmpty() ? hintText(values)
                                       : values.fixed;

@@ -131,6 +131,7 @@ void DetailView::showError(const BatchResultRecord::Values& values) {
   _layout.txtErrorHint->setText(localizedString(values.pending ? "SAskingAgain"
                                                 : service      ? "SErrorHintService"
                                                                : "SErrorHint"));
+  _layout.tvErrorAddress->setAccessibleDescription(values.failure());
   fillEditor(*_layout.tvErrorAddress, _drafts.value(_record.get(), values.address));
   showTwins(*_layout.ckErrorTwins, _selectsSeveral);
 }

@@ -93,6 +93,13 @@ QString unconfirmedText(const Confirmation& confirmation) {
   }
 }
 
+QString spokenStatus(const BatchResultRecord::Values& values) {
+  const QString known =
+      values.candidates.isEmpty() ? confirmationText(values) : unconfirmedText(values.confirmation);
+  const QString status = statusText(values);
+  return known.isEmpty() || values.pending ? status : status + QStringLiteral(". ") + known;
+}
+
 QString changeText(const Change& change) {
   const char* key = change.from.isEmpty() ? "SSpokenAdded"
                     : change.to.isEmpty() ? "SSpokenRemoved"

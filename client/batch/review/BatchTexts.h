@@ -21,6 +21,10 @@ QString hintText(const BatchResultRecord::Values& values);
 // Why a record stands as it does, where its status and its texts do not tell; else empty.
 QString whyText(const BatchResultRecord::Values& values);
 
+// What a screen reader says of how a record stands: its status, and how far the service knows the
+// address.
+QString spokenStatus(const BatchResultRecord::Values& values);
+
 // How far the service knows an address that it would not write otherwise or corrected; empty for
 // any other.
 QString confirmationText(const BatchResultRecord::Values& values);

@@ -189,6 +189,8 @@ void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
            "entry stays as it is."_qs);
   QCOMPARE(said(2, u"txtDoubt"_qs), u"The street is known, the number is not."_qs);
   QCOMPARE(said(3, u"txtFixedNote"_qs), u"Confirmed. According to the address base a.base."_qs);
+  QCOMPARE(person.table()->model()->index(1, 2).data(Qt::AccessibleTextRole).toString(),
+           u"Unchanged. Form only, nobody has checked the street."_qs);
   QCOMPARE(person.label(u"txtProgress"_qs),
            u"1 address was corrected. 1 was right. 1 is well written, but not confirmed. Left as "
            "they are: 1 open choice."_qs);
