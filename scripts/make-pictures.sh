@@ -12,6 +12,7 @@ pictures=docs/pictures
 input=scripts/pictures
 service_port=8479
 slow_port=8480
+town_port=8481
 
 work=$(mktemp -d)
 started=()
@@ -36,8 +37,12 @@ export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data"  # a user who b
 unset QT_SCALE_FACTOR QT_QPA_PLATFORM
 start "$bin/postwright-verifyd" --listen "127.0.0.1:$service_port"
 start "$input/slow-service.py" "$slow_port" "$service_port" 0.08
+"$bin/postwright-base" import "$work/town.base" data/sample/town.csv --source 'Made-up town' \
+  --licence 'public domain' 2>"$work/log"
+start "$bin/postwright-verifyd" --listen "127.0.0.1:$town_port" --base data/us-zips.tsv \
+  --base data/sample/zips.tsv --base "$work/town.base"
 until xdotool getmouselocation >/dev/null 2>&1; do sleep 0.1; done
-for port in "$service_port" "$slow_port"; do
+for port in "$service_port" "$slow_port" "$town_port"; do
   until (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do sleep 0.1; done
 done
 
@@ -109,6 +114,23 @@ keys Home Down Down Down
 shot batch-200-percent
 leave
 
+# Those that a person decides on, where the service has an address base.
+host --server "127.0.0.1:$town_port" "$input/town.txt"
+keys Home F8
+shot batch-candidates
+keys Return Return
+await "Choose One Address"
+xdotool type 121
+shot candidate-dialog
+keys Escape
+await "Fix Addresses"
+keys alt+b Escape Home
+shot batch-doubtful
+keys alt+b alt+y
+await "Address Check"
+shot batch-summary
+leave
+
 # The address book: its columns are chosen, its addresses fixed, its labels printed.
 cp examples/books/friends.csv "$work"
 "$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \
@@ -126,10 +148,10 @@ keys alt+l
 xdotool type M  # mixed case
 shot address-book-fix
 keys Return
-sleep 4
+sleep 10  # the window that follows has the same title
 await "Fix Addresses"
 keys alt+a
-sleep 1
+sleep 2
 window=$book
 xdotool windowfocus --sync "$window"
 keys Down Down Down Down
