@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cwchar>
 
 #include "fuzz/InputText.h"
@@ -21,6 +22,14 @@ using namespace postwright;
 constexpr size_t kLongestForPlainSearch = 60;
 constexpr suseconds_t kPatience = 200'000;  // microseconds of the processor
 constexpr int kDiffers = 77;
+
+// A process takes a hundred times as long as the parser: a hunt has one for every so many inputs,
+// the first among them, and a replay for each.
+#ifdef POSTWRIGHT_HUNTS
+constexpr size_t kJudgedOneIn = 64;
+#else
+constexpr size_t kJudgedOneIn = 1;
+#endif
 
 std::wstring Widen(const std::string& bytes) {
   std::wstring text(bytes.size(), L'\0');
@@ -40,8 +49,11 @@ bool IsShownToDiffer(const std::wstring& text, const AddressInfo& info) {
     setitimer(ITIMER_PROF, &patience, nullptr);
     _exit(info == ParsePlainly(text) ? 0 : kDiffers);
   }
+  fuzz::Require(child > 0, "there is room for a process");
   int status = 0;
-  fuzz::Require(child > 0 && waitpid(child, &status, 0) == child, "there is room for a process");
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    // The hunt's own clock rang.
+  }
   return WIFEXITED(status) && WEXITSTATUS(status) == kDiffers;
 }
 
@@ -51,7 +63,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   fuzz::UseCharacterLocale();
   const std::wstring text = Widen(std::string(fuzz::TextOf(data, size)));
   const AddressInfo info = AddressParser::GetInstance()->Parse(text);
-  fuzz::Require(text.size() > kLongestForPlainSearch || !IsShownToDiffer(text, info),
+  static size_t inputs = 0;
+  const bool isJudged = inputs++ % kJudgedOneIn == 0 && text.size() <= kLongestForPlainSearch;
+  fuzz::Require(!isJudged || !IsShownToDiffer(text, info),
                 "the parser reads what plain searches read");
   return 0;
 }
