@@ -1,11 +1,12 @@
 // Has every reader read each of its shapes in two sizes, 1 and 4, and callgrind count the steps of
 // each: check-scaling.sh compares them. Without callgrind it only reads.
 //
-//   count-steps [READER]
+//   count-steps [READER...]
 
 #include <valgrind/callgrind.h>
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <locale>
@@ -40,6 +41,10 @@ void Count(const Reader& reader, const Shape& shape) {
   }
 }
 
+bool IsNamed(const Reader& reader, char** begin, char** end) {
+  return std::find(begin, end, reader.name) != end;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -47,7 +52,7 @@ int main(int argc, char** argv) {
   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   for (const Reader& reader : Readers()) {
     for (const Shape& shape : Shapes()) {
-      if (shape.reader == reader.name && (argc < 2 || reader.name == argv[1])) {
+      if (shape.reader == reader.name && (argc < 2 || IsNamed(reader, argv + 1, argv + argc))) {
         Count(reader, shape);
       }
     }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Four times the text may take a reader five times the steps, no more: check-scaling.sh PROGRAM
-# [READER]. Prints what takes more, and with -v in front all.
+# [READER...]. Prints what takes more, and with -v in front all.
 set -euo pipefail
 all=0
 if [ "$1" = -v ]; then
