@@ -9,16 +9,18 @@ namespace {
 
 constexpr size_t kLongestReference = 16;  // %23x0010FFFF%3b
 
-// Returns the text up to the semicolon that ends a reference, escaped or not, and its length with
-// that; no text where none ends soon.
+// Returns the text up to the first semicolon, escaped or not, and its length with that; no text
+// where none ends a reference soon.
 std::pair<std::string_view, size_t> TakeReference(std::string_view text) {
   text = text.substr(0, kLongestReference);
+  std::pair<std::string_view, size_t> taken;
   for (const std::string_view end : {";", "%3b", "%3B"}) {
     if (const size_t at = text.find(end); at != std::string_view::npos) {
-      return {text.substr(0, at), at + end.size()};
+      text = text.substr(0, at);
+      taken = {text, at + end.size()};
     }
   }
-  return {};
+  return taken;
 }
 
 // Returns the number of `#x0A` and `%23x0A`; -1 for any other text.
