@@ -70,9 +70,9 @@ QStringConverter::Encoding converterFor(TextEncoding utf16) {
 }
 
 QByteArray utf16ToUtf8(const QByteArray& bytes, TextEncoding encoding) {
-  QStringDecoder decoder(converterFor(encoding));
+  QStringDecoder decoder(converterFor(encoding), QStringConverter::Flag::ConvertInitialBom);
   const QString text = decoder(bytes);
-  if (decoder.hasError() || bytes.size() % 2 != 0) {
+  if (decoder.hasError() || bytes.size() % 2 != 0 || !text.isValidUtf16()) {
     throw FileError(
         TextFile::tr("The file is marked as UTF-16 but is not valid in it, perhaps because its end "
                      "is missing. Save it again in the program that made it."));
@@ -105,7 +105,8 @@ QByteArray fromUtf8(const QByteArray& utf8, TextEncoding& encoding) {
   }
   if (encoding == TextEncoding::Utf16LittleEndian || encoding == TextEncoding::Utf16BigEndian) {
     QStringEncoder encoder(converterFor(encoding));
-    const QByteArray bytes = encoder(QString::fromUtf8(utf8));
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    const QByteArray bytes = encoder(decoder(utf8));
     return markOf(encoding).toByteArray() + bytes;
   }
   return markOf(encoding).toByteArray() + utf8;
