@@ -63,7 +63,7 @@ class POSTWRIGHT_CORE_EXPORT MacPlatformServices : public IPlatformServices {
   // (2 minutes unless set), where the answer breaks off, where it has a transfer coding other than
   // chunked, where a head with its trailers has more than 64 KiB or where more than 16 MiB arrive,
   // heads, redirects and all. After a fork only for the same reasons: a child opens its own
-  // connection.
+  // connection. Where local answers are set (LocalAnswers.h) they are asked, and nobody else.
   std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) override;
 
   // A number that a long cannot hold is read as the nearest that it can, then cut to its lower 32

@@ -2,6 +2,8 @@
 
 #include "common/FileDescriptor.h"
 
+#include <postwright/LocalAnswers.h>
+
 #include <netdb.h>
 #include <sys/socket.h>
 
@@ -46,6 +48,9 @@ bool HasRoute(const addrinfo& address) {
 }  // namespace
 
 FetchOutcome WhyUnreachable(const std::string& host) {
+  if (GetLocalAnswers()) {
+    return FetchOutcomeUnknown;
+  }
   AddressList list;
   const int fault = Resolve(WithoutPort(host), list);
   if (fault == EAI_NONAME || fault == EAI_NODATA) {

@@ -11,7 +11,8 @@ namespace postwright {
 // Returns why `host` is out of reach: FetchOutcomeNotResolved where there is no such name, or it
 // has no address; FetchOutcomeNoNetwork where the system has no route to any of its addresses, or
 // reaches nobody who knows names. FetchOutcomeUnknown where there is a route: the kernel is asked,
-// without sending a packet, so that does not promise that anyone answers.
+// without sending a packet, so that does not promise that anyone answers. Where the process
+// answers by itself (LocalAnswers.h), every host is in reach: none is asked.
 //
 // `host` is a name or an address, its port ignored where it has one: "example.com", "127.0.0.1:80",
 // "::1", "[::1]:80". Loopback is reachable on a machine without any other network. Blocks for as

@@ -1,6 +1,7 @@
 #include "platform/UrlFetch.h"
 
 #include <postwright/FetchTimeout.h>
+#include <postwright/LocalAnswers.h>
 #include <postwright/NetworkReachability.h>
 
 #include <new>
@@ -59,6 +60,40 @@ FetchOutcome WhyNotResolved(const std::string& url) {
   return why == FetchOutcomeNoNetwork ? why : FetchOutcomeNotResolved;
 }
 
+// What a fetch gives, however it came about.
+struct Fetched {
+  FetchReport report;
+  std::vector<std::uint8_t> body;
+};
+
+Fetched AskService(const std::string& url, const HttpLimits& limits,
+                   std::vector<std::string> headers) {
+  headers.emplace_back("Accept:");  // which libcurl would send by itself
+  const HttpFetch::Reply reply =
+      ThreadConnection().Send({.url = url, .headers = std::move(headers)}, limits);
+  const FetchReport report = {
+      reply.outcome == HttpOutcome::NotResolved ? WhyNotResolved(url) : OutcomeOf(reply.outcome),
+      reply.status,
+      static_cast<std::int32_t>(reply.retryAfter.value_or(std::chrono::seconds(0)).count())};
+  return reply.outcome == HttpOutcome::Answered
+             ? Fetched{report, {reply.body.begin(), reply.body.end()}}
+             : Fetched{report, {}};
+}
+
+Fetched AskHere(const LocalAnswers& answers, const std::string& url, const HttpLimits& limits,
+                const std::vector<std::string>& headers) {
+  if (limits.cancelled != nullptr && *limits.cancelled) {
+    return {{.outcome = FetchOutcomeAbandoned}, {}};
+  }
+  try {
+    const LocalAnswer answer = answers(url, headers);
+    return {{FetchOutcomeAnswered, answer.httpStatus, answer.retryAfter},
+            {answer.body.begin(), answer.body.end()}};
+  } catch (...) {
+    return {{.outcome = FetchOutcomeBrokeOff}, {}};
+  }
+}
+
 }  // namespace
 
 HttpLimits FetchLimits() {
@@ -71,19 +106,13 @@ HttpLimits FetchLimits() {
 std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
                                    FetchReport* report, std::vector<std::string> headers) noexcept {
   try {
-    headers.emplace_back("Accept:");  // which libcurl would send by itself
-    const HttpFetch::Reply reply =
-        ThreadConnection().Send({.url = url, .headers = std::move(headers)}, limits);
+    const LocalAnswers answers = GetLocalAnswers();
+    Fetched fetched = answers ? AskHere(answers, url, limits, headers)
+                              : AskService(url, limits, std::move(headers));
     if (report != nullptr) {
-      *report = {
-          reply.outcome == HttpOutcome::NotResolved ? WhyNotResolved(url)
-                                                    : OutcomeOf(reply.outcome),
-          reply.status,
-          static_cast<std::int32_t>(reply.retryAfter.value_or(std::chrono::seconds(0)).count())};
+      *report = fetched.report;
     }
-    if (reply.outcome == HttpOutcome::Answered) {
-      return {reply.body.begin(), reply.body.end()};
-    }
+    return std::move(fetched.body);
   } catch (const std::bad_alloc&) {
     // No memory is one more failed fetch: the caller keeps the user's text.
   }

@@ -7,7 +7,7 @@
 
 namespace postwright {
 
-// Where this process's fixes go.
+// Where this process's fixes go, unless it answers them by itself (LocalAnswers.h).
 //
 //   Deployment deployment = GetDeployment();
 //   deployment.verifyHost = "127.0.0.1:8470";
