@@ -7,15 +7,10 @@
 namespace postwright::service {
 namespace {
 
-constexpr int kInternalError = 500;
-
 // Sees to it that a request whose handler forgot it does not keep its client waiting.
 struct Guard {
   explicit Guard(std::shared_ptr<Exchange> owner) : exchange(std::move(owner)) {}
-  ~Guard() {
-    exchange->Answer(TextReply(kInternalError, "The service could not answer. Try again.\n",
-                               "failure=\"no answer\""));
-  }
+  ~Guard() { exchange->Answer(FailureReply("no answer")); }
   Guard(const Guard&) = delete;
   Guard& operator=(const Guard&) = delete;
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -33,6 +34,13 @@ struct HttpReply {
 // A reply of plain text, for people.
 inline HttpReply TextReply(int status, std::string text, std::string note = "") {
   return {status, "text/plain; charset=UTF-8", std::move(text), std::move(note)};
+}
+
+// The reply where the service itself failed. The client keeps its text, and sees that the address
+// was not found wrong.
+inline HttpReply FailureReply(std::string_view failure) {
+  return TextReply(500, "The service could not answer. Try again.\n",
+                   "failure=\"" + std::string(failure) + '"');
 }
 
 // Gives the answer to one request, from any thread and at any time, also when the server is no

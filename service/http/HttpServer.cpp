@@ -26,7 +26,6 @@ constexpr int kOk = 200;
 constexpr int kBadRequest = 400;
 constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
-constexpr int kInternalError = 500;
 
 // The methods that are known, by their own text; nothing that a client made up goes into a log.
 std::string KnownMethod(const std::string& method) {
@@ -231,10 +230,7 @@ class HttpServer::Impl {
     try {
       handler_(request, respond);
     } catch (const std::exception& failure) {
-      // The client keeps its text and sees that the service failed, not that the address is wrong.
-      HttpReply reply = TextReply(kInternalError, "The service could not answer. Try again.\n");
-      reply.note = std::string("failure=\"") + failure.what() + '"';
-      respond(std::move(reply));
+      respond(FailureReply(failure.what()));
     }
   }
 
