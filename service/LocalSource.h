@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "postal/base/AddressBase.h"
 #include "postal/places/ZipList.h"
 #include "service/AnswerSource.h"
 
@@ -21,15 +22,22 @@ namespace postwright::service {
 // Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
 class LocalSource final : public AnswerSource {
  public:
-  // Loads the files in their order: ZIP codes (ZipList) and at most one address base (AddressBase).
-  // Throws ZipListError or StoreError where one cannot be used.
-  explicit LocalSource(std::vector<std::filesystem::path> files);
+  // Loads the files in their order: ZIP codes (ZipList) and address bases (AddressBase). Throws
+  // ZipListError or StoreError where one cannot be used. Bases of up to `mostInMemory` bytes are
+  // read into memory.
+  explicit LocalSource(std::vector<std::filesystem::path> files,
+                       size_t mostInMemory = postal::AddressBase::kMostInMemory);
   ~LocalSource() override;
 
   // Loads them again. Throws as the constructor; what was loaded before stays in use then.
   void Reload();
 
-  // Answers within the call, as Verifier does.
+  // For a child of fork(), before it asks: files that are read as they are asked about are opened
+  // anew, since both processes would read through one. What is in memory is the child's already.
+  void TakeFromParent();
+
+  // Answers within the call, as Verifier does. Of several bases one decides: the first that has
+  // streets of the address's ZIP code, the one that was sent or else the one that was found.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
   // Returns the ZIP codes as they are now; they stay as they are while the pointer is held.
@@ -41,6 +49,7 @@ class LocalSource final : public AnswerSource {
   std::shared_ptr<Loaded> Get() const;
 
   const std::vector<std::filesystem::path> files_;
+  const size_t mostInMemory_;
   mutable std::mutex mutex_;
   std::shared_ptr<Loaded> loaded_;  // never null
 };

@@ -54,6 +54,7 @@ constexpr ResultRow kResults[] = {
     {POSTWRIGHT_NO_MEMORY, "There is not enough memory."},
     {POSTWRIGHT_CANCELLED, "The correction was cancelled."},
     {POSTWRIGHT_INTERNAL, "An internal error occurred."},
+    {POSTWRIGHT_BAD_FILE, "A file cannot be used."},
 };
 
 bool IsHost(std::string_view host) {

@@ -54,7 +54,8 @@ enum {
   POSTWRIGHT_BAD_TEXT = -2,     /* the text is not UTF-8, or holds a NUL */
   POSTWRIGHT_NO_MEMORY = -3,
   POSTWRIGHT_CANCELLED = -4,
-  POSTWRIGHT_INTERNAL = -5 /* a fault of the library or of what it stands on; please report it */
+  POSTWRIGHT_INTERNAL = -5, /* a fault of the library or of what it stands on; please report it */
+  POSTWRIGHT_BAD_FILE = -6  /* a file cannot be used */
 };
 
 // Returns a sentence in English on what a result means; for an unknown number it says so.

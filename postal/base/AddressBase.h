@@ -40,6 +40,9 @@ class AddressBase {
   const std::string& Name() const { return name_; }
   const std::string& Date() const { return date_; }
 
+  // Says whether the base was read into memory.
+  bool IsInMemory() const { return image_.has_value(); }
+
   class Lease;
 
   // Lends a connection to the calling thread until the lease ends, which must be before the base
