@@ -56,11 +56,9 @@ END
   cat << 'END'
 The service has been stopped. To go on by hand:
 
-  build/bin/postwright-verifyd &                            # 127.0.0.1:8470
   build/bin/postwright fix examples/labels/12-names-and-notes.txt
   build/bin/postwright parse examples/labels/01-house-and-unit.txt
   build/bin/postwright --help
-  kill %1                                                   # stops the service
 
 ./run.sh --window shows the address book; README.md tells of many labels at once; ./test.sh runs the
 tests.

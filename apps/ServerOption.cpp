@@ -32,12 +32,11 @@ std::string ServerOfEnvironment() {
 
 }  // namespace
 
-void AddServerOption(CLI::App& app, std::string& target) {
+void AddServerOption(CLI::App& app, std::string& target, const std::string& otherwise) {
   const std::string ofEnvironment = ServerOfEnvironment();
-  const std::string usual =
-      ofEnvironment.empty()
-          ? GetDeployment().verifyHost + " unless given here or as POSTWRIGHT_SERVER"
-          : ofEnvironment + ", as POSTWRIGHT_SERVER says, unless given here";
+  const std::string usual = ofEnvironment.empty()
+                                ? otherwise + " unless given here or as POSTWRIGHT_SERVER"
+                                : ofEnvironment + ", as POSTWRIGHT_SERVER says, unless given here";
   app.add_option("--server", target, "The Verify service to ask: " + usual)
       ->type_name("HOST[:PORT]")
       ->check(CLI::Validator(CheckServer, ""));
@@ -56,6 +55,10 @@ std::string HostOf(const std::string& server) {
 
 std::string CheckServer(const std::string& server) {
   return HostOf(server).empty() ? "'" + server + "' is not HOST[:PORT], as in 127.0.0.1:8470" : "";
+}
+
+bool IsServerInEnvironment() {
+  return !ServerOfEnvironment().empty();
 }
 
 std::string UseServerOfEnvironment() {

@@ -95,10 +95,8 @@ def page_commands(page):
 
 
 def add_programs(folder, programs, port):
-    """Puts the programs into the folder, those that by default use the port with another port."""
-    options = {
-        "postwright": f'[[ $1 != fix || "$*" == *--server* ]] || set -- "$@" --server {port}',
-        "postwright-verifyd": f'[[ "$*" == *--listen* ]] || set -- "$@" --listen {port}'}
+    """Puts the programs into the folder, the one that by default listens with another port."""
+    options = {"postwright-verifyd": f'[[ "$*" == *--listen* ]] || set -- "$@" --listen {port}'}
     folder.mkdir(parents=True)
     for program in Path(programs).resolve().iterdir():
         wrapper = folder / program.name
@@ -141,6 +139,7 @@ def run_page(page, sources, programs, scratch):
     path = f"{home}/build/bin:{home}/examples/shards:{os.environ['PATH']}"
     environment = os.environ | {
         "PATH": path, "HOME": str(home), "XDG_CACHE_HOME": str(home / ".cache"), "no_proxy": "*",
+        "XDG_DATA_HOME": str(home / ".local/share"), "POSTWRIGHT_SERVER": "",
         "XDG_RUNTIME_DIR": str(scratch), "QT_QPA_PLATFORM": "offscreen",
         "QT_LOGGING_RULES": "default.warning=false"}  # what the platform cannot do
     shell = subprocess.Popen(["bash", "-c", session(commands, streams)], cwd=home, env=environment,

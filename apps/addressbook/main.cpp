@@ -1,5 +1,6 @@
 // The program `postwright-addressbook`.
 
+#include <postwright/Deployment.h>
 #include <postwright/FetchTimeout.h>
 
 #include <CLI/CLI.hpp>
@@ -47,7 +48,7 @@ bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
   app.set_version_flag("--version", "postwright-addressbook " POSTWRIGHT_VERSION,
                        "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
-  AddServerOption(app, options.server);
+  AddServerOption(app, options.server, GetDeployment().verifyHost);
   AddTimeOption(app, "--timeout", options.timeout,
                 "How long a request to it may last, as 20s; 2min unless given");
   app.add_option("FILE", options.file, "The address book to open")->type_name("");

@@ -2,11 +2,13 @@
 
 #include <postwright/FetchTimeout.h>
 #include <postwright/PostwrightClient.h>
+#include <unistd.h>
 
 #include <iostream>
 #include <map>
 #include <utility>
 
+#include "apps/OwnService.h"
 #include "apps/ServerOption.h"
 #include "apps/postwright/CandidateList.h"
 #include "apps/postwright/CandidatePrompt.h"
@@ -128,6 +130,19 @@ ExitStatus FixRows(const AddressTable& table, const FixOptions& options, Postwri
                   });
 }
 
+// Nobody else is asked. Worker processes are born with what is read here.
+void AnswerHere(const FixOptions& options) {
+  std::string known;
+  try {
+    known = UseOwnService();
+  } catch (const std::exception& failure) {
+    throw Failure(failure.what());
+  }
+  if (options.explain || (isatty(STDERR_FILENO) == 1 && !options.quiet)) {
+    std::cerr << "postwright: " << known << '\n';
+  }
+}
+
 // Options that one label has no use for.
 void RefuseStreamOptions(const FixOptions& options) {
   const std::pair<const char*, bool> given[] = {
@@ -178,6 +193,8 @@ std::string CheckJobs(const std::string& jobs) {
 ExitStatus RunFix(const FixOptions& options) {
   if (!options.server.empty()) {
     UseServer(options.server);
+  } else if (!IsServerInEnvironment()) {
+    AnswerHere(options);
   } else if (const std::string problem = UseServerOfEnvironment(); !problem.empty()) {
     throw Failure(problem);
   }

@@ -11,7 +11,7 @@ namespace postwright {
 // Those of the second group are for many labels.
 struct FixOptions {
   std::string file = "-";              // "-" is standard input
-  std::string server;                  // HOST[:PORT]; "" is the build's own
+  std::string server;                  // HOST[:PORT]; "" is that of the environment, or none
   std::chrono::seconds timeout{0};     // of one request; 0 is the build's own
   std::string letters = "upper";       // the case of corrected text: upper, lower or mixed
   std::string punctuation = "postal";  // keep, postal or remove
@@ -42,7 +42,8 @@ std::string CheckNames(const std::string& names);
 std::string CheckSpellings(const std::string& spellings);
 std::string CheckJobs(const std::string& jobs);
 
-// `postwright fix`: corrects labels against the Verify service. Throws Failure and ClosedPipe;
+// `postwright fix`: corrects labels against the Verify service that is named, or the process's own
+// (OwnService). Throws Failure and ClosedPipe;
 // returns kExitNotALabel where a line was no label, a row could not be read or the fix of a plain
 // text failed, kExitDoubtful where that of a plain text is doubtful, and kExitOutage where many
 // labels were given up since the service gave no answer.

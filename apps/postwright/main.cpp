@@ -125,7 +125,12 @@ label or row; 2 wrong usage, or input or output that cannot be read or written; 
 doubtful and was not taken; 75 the service gave no answer for too long; 141 the reader of the output
 went away.
 
-The variable POSTWRIGHT_SERVER of the environment names the service where --server does not.
+The variable POSTWRIGHT_SERVER of the environment names the service where --server does not. Where
+neither does, no service is asked: the command answers by itself, from each NAME.base in
+$XDG_DATA_HOME/postwright (~/.local/share/postwright unless set) and in /var/lib/postwright, which
+'postwright-base import' makes, and from the ZIP codes that come along. Of several bases the first
+that has streets of the ZIP code answers. Without one, streets are not checked. On a terminal, and
+with --explain, standard error says in front which it is.
 
 Example: postwright fix --jsonl --jobs 8 --resume fixed.jsonl labels.jsonl)";
 
@@ -223,7 +228,7 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->add_flag("--accept-doubtful", options.acceptDoubtful,
                  "Take the corrections that a person should look at, too")
       ->disable_flag_override();
-  AddServerOption(*parser, options.server);
+  AddServerOption(*parser, options.server, "none, the command answers by itself,");
   AddTimeOption(*parser, "--timeout", options.timeout,
                 "How long a request to it may last, as 20s; 2min unless given");
 }

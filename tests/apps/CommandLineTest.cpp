@@ -415,12 +415,67 @@ TEST(CommandLineTest, AsksTheServerOfTheEnvironment) {
           {"no server", "POSTWRIGHT_SERVER='a b' $postwright fix", 2, "",
            "postwright: POSTWRIGHT_SERVER: 'a b' is not HOST[:PORT]"},
           {"help", "$postwright fix --help | tr -s '\n ' ' '", 0,
-           "to ask: 127.0.0.1:8470 unless given here or as POSTWRIGHT_SERVER", ""},
+           "to ask: none, the command answers by itself, unless given here or as "
+           "POSTWRIGHT_SERVER",
+           ""},
           {"help where it is set", here + "$postwright fix --help | tr -s '\n ' ' '", 0,
            "to ask: " + server.GetEndpoint() + ", as POSTWRIGHT_SERVER says", ""},
       },
       ScratchFolder());
   EXPECT_EQ(server.GetRequests().size(), 1U);
+}
+
+// No service is asked, nor any port: a base that is found answers, or the ZIP codes that come
+// along.
+TEST(CommandLineTest, AnswersByItself) {
+  const ScratchFolder folder;
+  const std::string home = "cd $folder; export XDG_DATA_HOME=$folder/data HOME=$folder/home; ";
+  const std::string base = "data/postwright/town.base";
+  const std::string label = "$'12 north main street\naustin tx 78701'";
+  CheckCommands(
+      {
+          {"ZIP codes alone", home + "$postwright fix <<< " + label, 0,
+           "12 N MAIN ST\nAUSTIN TX 78701\n", ""},
+          {"and says so", home + "$postwright fix --explain <<< " + label, 0, "12 N MAIN ST",
+           "postwright: ZIP codes only: streets are not checked. 'postwright-base import' brings "
+           "them, into a .base file in "},
+          {"on a terminal",
+           home + "echo 12 north main street, austin tx 78701 > label; export postwright; "
+                  "script -qec '$postwright fix label' /dev/null < /dev/null",
+           0, "streets are not checked", ""},
+          {"a ZIP code that is none", home + "$postwright fix <<< '12 Main St, Austin TX 10001'", 1,
+           "", "The service says: Invalid Zip Code."},
+          {"a base is made",
+           home + "mkdir -p data/postwright home/.local/share/postwright; grep -v 0001[2-9] '" +
+               POSTWRIGHT_SOURCE_DIR "/data/sample/town.csv' | sed 's/MILLRACE,OH,00011/Austin,TX,"
+                                     "78701/' > town.csv; \"${postwright}-base\" import --quiet " +
+               base + " town.csv --source town",
+           0, "", "0 rows left out"},
+          {"streets of a base", home + "$postwright fix --explain <<< " + label, 0,
+           "12 N MAIN ST\nAUSTIN TX 78701-1201\n", "postwright: streets are those of "},
+          {"in worker processes",
+           home + "yes '\"12 north main street, austin tx 78701\"' | head -n 40 | $postwright fix "
+                  "--jsonl --jobs 3 | grep -c 78701-1201",
+           0, "40\n", ""},
+          {"of the home folder",
+           home + "unset XDG_DATA_HOME; mv " + base +
+               " home/.local/share/postwright; $postwright "
+               "fix <<< " +
+               label,
+           0, "78701-1201\n", ""},
+          {"a server that is named", home + "$postwright fix --server 127.0.0.1:1 <<< " + label, 1,
+           "", "Nothing answers at 127.0.0.1:1 "},
+          {"half a base",
+           home + "head -c 9000 home/.local/share/postwright/town.base > " + base +
+               "; $postwright fix <<< " + label,
+           2, "", "/data/postwright/town.base: "},
+          {"no base", home + "echo no base > " + base + "; $postwright fix --jsonl <<< '\"x\"'", 2,
+           "", "/data/postwright/town.base: line 1: "},
+          {"a base that is gone",
+           home + "ln -sf nowhere " + base + "; $postwright fix <<< " + label, 2, "",
+           "/data/postwright/town.base: cannot be read"},
+      },
+      folder);
 }
 
 // The second label is never answered; the first one's record does not wait for it.

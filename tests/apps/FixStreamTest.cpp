@@ -282,9 +282,8 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
           {"no folder", there_ + fix_ + " --resume no/out labels", 2, "",
            "cannot open no/out: No such"},
           {"two runs",
-           there_ + fix_ +
-               " --resume twice < <(sleep 1) & sleep 0.5; $postwright fix --jsonl "
-               "--resume twice labels; status=$?; wait; exit $status",
+           there_ + fix_ + " --resume twice < <(sleep 1) & sleep 0.5; " + fix_ +
+               " --resume twice labels; status=$?; wait; exit $status",
            2, "", "another run is writing it"},
       },
       folder_);

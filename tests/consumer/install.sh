@@ -24,6 +24,16 @@ find "$prefix" -type f \( -perm /u+x -path '*/bin/*' -o -name 'libpostwright*.so
       { echo "NOTICE.md does not name lib$library"; exit 1; }
   done
 
+# The command answers by itself, and takes no server along for that.
+if [ -e "$prefix/bin/postwright" ]; then
+  echo '12 north main street, austin texas 78701' |
+    XDG_DATA_HOME=$prefix/none "$prefix/bin/postwright" fix | grep --quiet '^12 N MAIN ST$'
+  library=$(find "$prefix" -name 'libpostwright-local.so')
+  if readelf --dynamic "$library" | grep 'NEEDED.*microhttpd'; then
+    exit 1
+  fi
+fi
+
 # The daemon finds its base, and the command finds the daemon.
 if [ -e "$prefix/bin/postwright-verifyd" ]; then
   coproc daemon { exec "$prefix/bin/postwright-verifyd" --listen 127.0.0.1:0 2>&1; }
