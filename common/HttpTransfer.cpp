@@ -1,6 +1,7 @@
 #include "common/HttpTransfer.h"
 
 #include <algorithm>
+#include <charconv>
 #include <new>
 
 #include "common/SmallText.h"
@@ -26,6 +27,7 @@ void HttpTransfer::BeginHead(std::string_view statusLine) {
   const bool wasInterim = isInterim_;
   isInterim_ = blank != std::string_view::npos && statusLine.substr(blank + 1).starts_with('1');
   contentCodings_ = 0;
+  contentLength_.reset();
   hasWholeHead_ = false;
   if (!wasInterim) {
     headBytes_ = 0;
@@ -40,6 +42,15 @@ bool HttpTransfer::CheckField(std::string_view line) {
   const std::string_view value = Trim(line.substr(std::min(colon + 1, line.size())));
   if (EqualsIgnoringCase(name, "transfer-encoding") && !EqualsIgnoringCase(value, "chunked")) {
     return End(HttpOutcome::BadAnswer, "a transfer coding other than chunked");
+  }
+  if (EqualsIgnoringCase(name, "content-length")) {
+    // Of two libcurl would take the last one, and of a list the first (RFC 9112, 6.3: errors).
+    std::uint64_t length = 0;
+    const auto [end, fault] = std::from_chars(value.begin(), value.end(), length);
+    if (fault != std::errc() || end != value.end() || contentLength_.value_or(length) != length) {
+      return End(HttpOutcome::BadAnswer, "a length that is none, or two of them");
+    }
+    contentLength_ = length;
   }
   if (EqualsIgnoringCase(name, "content-encoding")) {
     contentCodings_ += 1 + static_cast<int>(std::count(value.begin(), value.end(), ','));

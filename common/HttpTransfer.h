@@ -2,6 +2,8 @@
 #define POSTWRIGHT_COMMON_HTTPTRANSFER_H_
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -49,6 +51,7 @@ class HttpTransfer {
   bool isInterim_ = false;  // the head at hand is followed by another of the same answer
   bool hasWholeHead_ = false;
   int contentCodings_ = 0;
+  std::optional<std::uint64_t> contentLength_;
   std::string body_;
   int requests_ = 0;
   HttpOutcome outcome_ = HttpOutcome::Answered;
