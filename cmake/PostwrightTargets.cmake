@@ -28,6 +28,24 @@ target_compile_options(
             $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>)
 target_include_directories(postwright-options INTERFACE "${PROJECT_SOURCE_DIR}")
 
+# A fault that hostile text might find in us shall end the program and not take it over: bounds that
+# the C library checks, guards on the stack and its pages, jumps that land only where they may, and
+# tables that are read-only once a program has started. Sanitizers look at the same places
+# themselves, and the C library's bounds want optimised code.
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  set(optimised "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
+  if(CMAKE_CXX_FLAGS MATCHES "-O[123s]")
+    set(optimised 1)
+  endif()
+  target_compile_options(
+    postwright-options INTERFACE "$<${optimised}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>" -fstack-protector-strong
+                                 -fstack-clash-protection)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")
+    target_compile_options(postwright-options INTERFACE -fcf-protection)
+  endif()
+  target_link_options(postwright-options INTERFACE LINKER:-z,relro LINKER:-z,now)
+endif()
+
 # Gives TARGET our language level and warnings, hidden symbols and position-independent code.
 function(postwright_configure target)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:postwright-options>)

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <regex>
 #include <string>
 #include <thread>
@@ -183,7 +184,8 @@ TEST_F(FixStreamTest, PutsNewAnswersInTheirPlaces) {
     SCOPED_TRACE(jobs);
     WriteFile(folder_.File("out"), out + "{\"id\":4,");
     chmod(folder_.File("out").c_str(), 0640);
-    symlink("out", folder_.File("link").c_str());
+    std::filesystem::remove(folder_.File("link"));
+    std::filesystem::create_symlink("out", folder_.File("link"));
     const std::size_t asked = server_.GetRequests().size();
     const std::string run = there_ + fix_ + " --jobs " + jobs + " --resume link labels";
     const std::string report = "line 4 is not a JSON string";

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 namespace postwright {
@@ -36,7 +37,9 @@ class ServiceProcess {
     posix_spawn_file_actions_destroy(&actions);
     close(ends[1]);
     _output = fdopen(ends[0], "r");
-    (void)fscanf(_output, "postwright-verifyd: listening on 127.0.0.1:%d", &_port);
+    if (fscanf(_output, "postwright-verifyd: listening on 127.0.0.1:%d", &_port) != 1) {
+      std::abort();  // it has said why
+    }
     SetDeployment({.verifyHost = "127.0.0.1:" + std::to_string(_port),
                    .userId = "TEST",
                    .probeHost = "127.0.0.1"});
