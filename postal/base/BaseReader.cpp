@@ -41,7 +41,6 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
       unitZip4_(file_,
                 "SELECT zip4 FROM point WHERE street=? AND number=? AND unit=? AND zip4<>''"),
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
-      cityNames_(file_, "SELECT DISTINCT name FROM city WHERE zip=?"),
       zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
 
 BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
@@ -52,6 +51,10 @@ BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
                        "GROUP BY zip.zip");
   while (rows.Step()) {
     facts.zips.emplace(rows.Text(0), rows.Number(1) != 0);
+  }
+  SqliteStatement names(file, "SELECT DISTINCT zip,name FROM city");
+  while (names.Step()) {
+    facts.cityNames[names.Text(0)].push_back(names.Text(1));
   }
   if (withStreets) {
     facts.streets.emplace(file);
@@ -154,12 +157,10 @@ std::string BaseReader::CityName(const std::string& zip, const std::string& key)
   return query.Step() ? cityName_.Text(0) : std::string();
 }
 
-std::vector<std::string> BaseReader::CityNames(const std::string& zip) {
-  std::vector<std::string> names;
-  for (SqliteQuery query(cityNames_, zip); query.Step();) {
-    names.push_back(cityNames_.Text(0));
-  }
-  return names;
+const std::vector<std::string>& BaseReader::CityNames(const std::string& zip) const {
+  static const std::vector<std::string> kNone;
+  const auto found = facts_->cityNames.find(zip);
+  return found == facts_->cityNames.end() ? kNone : found->second;
 }
 
 std::vector<std::string> BaseReader::ZipsOfCity(const std::string& key) {

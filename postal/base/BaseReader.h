@@ -43,6 +43,8 @@ class BaseReader {
   struct Facts {
     // Whether a source knows all streets of a ZIP code, for the ZIP codes that have any.
     std::unordered_map<std::string, bool> zips;
+    // The names that sources give the place of a ZIP code.
+    std::unordered_map<std::string, std::vector<std::string>> cityNames;
     bool hasRanges = false;
     std::optional<StreetIndex> streets;  // where the file is in memory, too
   };
@@ -82,7 +84,7 @@ class BaseReader {
   std::string CityName(const std::string& zip, const std::string& key);
 
   // Returns every name that a source gives a place of the ZIP code.
-  std::vector<std::string> CityNames(const std::string& zip);
+  const std::vector<std::string>& CityNames(const std::string& zip) const;
 
   // Returns the ZIP codes in which a source has a place of that key.
   std::vector<std::string> ZipsOfCity(const std::string& key);
@@ -113,7 +115,6 @@ class BaseReader {
   SqliteStatement numbers_;
   SqliteStatement unitZip4_;
   SqliteStatement cityName_;
-  SqliteStatement cityNames_;
   SqliteStatement zipsOfCity_;
 };
 

@@ -139,20 +139,34 @@ std::optional<CutAddress> LineCutter::CutAtName(const Question& question,
            : IsCityMissing(question) ? Compose(question, question.words.size(), "")
                                      : Compose(question, question.boundary, city);
   }
-  if (reader_ != nullptr && !KnowsStreet(question, question.Street())) {
-    for (size_t cut = kShortestStreet; cut < question.words.size(); ++cut) {
-      if (cut != question.boundary && IsName(question, From(question.words, cut)) &&
-          KnowsStreet(question, UpTo(question.words, cut))) {
-        return Compose(question, cut, CityOf(question, From(question.words, cut)));
-      }
-    }
-    const Words& line = question.lines[0].words;
-    if (question.lines.size() == 1 && !LetterAtEnd(line).empty() &&
-        KnowsStreet(question, WithLetter(line))) {
-      return CutAddress{question.above, JoinWords(WithLetter(line)), city};
+  const std::vector<size_t> others =
+      reader_ != nullptr ? OtherCuts(question) : std::vector<size_t>();
+  const Words& line = question.lines[0].words;
+  const bool mayHaveLetter =
+      reader_ != nullptr && question.lines.size() == 1 && !LetterAtEnd(line).empty();
+  if ((others.empty() && !mayHaveLetter) || KnowsStreet(question, question.Street())) {
+    return Compose(question, question.boundary, city);  // nearly always
+  }
+  for (const size_t cut : others) {
+    if (KnowsStreet(question, UpTo(question.words, cut))) {
+      return Compose(question, cut, CityOf(question, From(question.words, cut)));
     }
   }
+  if (mayHaveLetter && KnowsStreet(question, WithLetter(line))) {
+    return CutAddress{question.above, JoinWords(WithLetter(line)), city};
+  }
   return Compose(question, question.boundary, city);
+}
+
+// Returns where another name of the ZIP code would begin.
+std::vector<size_t> LineCutter::OtherCuts(const Question& question) {
+  std::vector<size_t> cuts;
+  for (size_t cut = kShortestStreet; cut < question.words.size(); ++cut) {
+    if (cut != question.boundary && IsName(question, From(question.words, cut))) {
+      cuts.push_back(cut);
+    }
+  }
+  return cuts;
 }
 
 // Says whether the city's name leaves no more of the street than its number: 288 SAN; JUAN.
@@ -260,7 +274,7 @@ std::vector<std::string> LineCutter::NamesOf(const std::string& zip) const {
     names.push_back(city->name);
   }
   if (reader_ != nullptr && !zip.empty()) {
-    const std::vector<std::string> more = reader_->CityNames(zip);
+    const std::vector<std::string>& more = reader_->CityNames(zip);
     names.insert(names.end(), more.begin(), more.end());
   }
   return names;

@@ -65,6 +65,7 @@ class LineCutter {
   static std::optional<std::string> NameOf(const Question& question, const Words& words);
   static bool IsName(const Question& question, const Words& words);
   static std::string CityOf(const Question& question, const Words& words);
+  static std::vector<size_t> OtherCuts(const Question& question);
   static bool IsStreetEaten(const Question& question);
   static bool IsOwnCity(const Question& question);
   bool IsCityMissing(const Question& question) const;
