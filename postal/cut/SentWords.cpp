@@ -52,6 +52,12 @@ void Append(Words& words, const Words& more) {
 }
 
 bool AreCity(const Words& words, const std::string& name) {
+  // Every form of a word begins alike, but XING and XRD (crossing, crossroad) and figures.
+  const auto isTelling = [](char c) { return IsUpper(c) && c != 'X'; };
+  const char first = words.empty() || words[0].empty() ? 'X' : words[0][0];
+  if (!name.empty() && first != name[0] && isTelling(first) && isTelling(name[0])) {
+    return false;  // nearly always
+  }
   if (CityKey(JoinWords(words)) == CityKey(name)) {
     return true;
   }
