@@ -5,6 +5,18 @@
 #include <algorithm>
 
 namespace postwright {
+namespace {
+
+bool takesRoom(const QLayoutItem* item) {
+  return item->expandingDirections().testFlag(Qt::Horizontal);
+}
+
+// One that takes what there is does with little.
+int widthOfItem(const QLayoutItem* item) {
+  return takesRoom(item) ? item->minimumSize().width() : item->sizeHint().width();
+}
+
+}  // namespace
 
 WrappingRow::WrappingRow(QWidget* parent) : QLayout(parent) {
   setContentsMargins(0, 0, 0, 0);
@@ -27,7 +39,7 @@ QList<QLayoutItem*> WrappingRow::shown() const {
 int WrappingRow::widthOf(const QList<QLayoutItem*>& row) const {
   int width = std::max(0, static_cast<int>(row.size()) - 1) * spacing();
   for (const QLayoutItem* item : row) {
-    width += item->sizeHint().width();
+    width += widthOfItem(item);
   }
   return width;
 }
@@ -72,9 +84,6 @@ int WrappingRow::layOut(const QRect& room, bool place) const {
 }
 
 void WrappingRow::placeRow(const QList<QLayoutItem*>& row, const QRect& room) const {
-  const auto takesRoom = [](const QLayoutItem* item) {
-    return item->expandingDirections().testFlag(Qt::Horizontal);
-  };
   const auto found = std::find_if(row.begin(), row.end(), takesRoom);
   const QLayoutItem* wide = row.size() == 1 ? row.first() : found != row.end() ? *found : nullptr;
   const int spare = room.width() - widthOf(row);
@@ -82,7 +91,7 @@ void WrappingRow::placeRow(const QList<QLayoutItem*>& row, const QRect& room) co
       parentWidget() != nullptr ? parentWidget()->layoutDirection() : Qt::LeftToRight;
   int left = room.left();
   for (QLayoutItem* item : row) {
-    const int width = item->sizeHint().width() + (item == wide ? spare : 0);
+    const int width = widthOfItem(item) + (item == wide ? spare : 0);
     left += wide == nullptr && item == row.last() ? spare : 0;
     item->setGeometry(
         QStyle::visualRect(direction, room, QRect(left, room.top(), width, room.height())));
