@@ -32,8 +32,8 @@ struct ComparableStreet {
 
 // Compares a street that was asked for with streets that are known.
 //
-//   StreetLikeness({"", "SUNSET", "HL"}).To(StreetName{"", "SUNSET HILL", "RD"});  //
-//   ElementMissing
+//   StreetLikeness asked({"", "SUNSET", "HL"});
+//   asked.To(StreetName{"", "SUNSET HILL", "RD"});  // ElementMissing
 //
 // Words are compared over the whole street, since its last word may be a suffix or a part of the
 // name whose suffix is missing; what is known tells which. Two mistakes are too many. Digits are no
