@@ -10,7 +10,8 @@ fails: then the fault was noticed. A fault that does not compile does not count.
 
 Works on a copy of what is committed, under .cache/mutate/, which is kept: the first run builds it
 whole. A seed always gives the same faults of the same sources. Results add up in
-.cache/mutate/results.tsv, where a seed that was broken off is gone on with.
+.cache/mutate/results.tsv; a fault that stands there is not tried again, so that a run that was
+broken off goes on where it ended.
 """
 
 import argparse
@@ -185,10 +186,11 @@ def keep(row):
 def try_faults(options):
     prepare()
     tests = Tests()
-    done = {(row["seed"], row["number"]) for row in results()}
+    done = {(row["place"], row["before"], row["after"]) for row in results()}
     for number, (file, line, before, after) in enumerate(
             draw(options.seed, options.count, options.folder or ROOMS)):
-        if (str(options.seed), str(number)) in done:
+        place = f"{file.relative_to(TREE)}:{line + 1}"
+        if (place, before.strip(), after.strip()) in done:
             continue
         programs = tests.of(file)
         whole = file.read_text()
@@ -200,7 +202,6 @@ def try_faults(options):
         finally:
             file.write_text(whole)
         outcome = "not built" if by is None else "noticed" if by else "survived"
-        place = f"{file.relative_to(TREE)}:{line + 1}"
         keep({"seed": options.seed, "number": number, "place": place, "before": before.strip(),
               "after": after.strip(), "outcome": outcome, "by": by or ""})
         print(f"{outcome:9} {place}: {before.strip()}  ->  {after.strip()}", flush=True)
