@@ -150,6 +150,14 @@ mode_t ModeOf(int flags, va_list rest) {
   return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
 }
 
+// Opens by the function of that name. `rest` is what was given behind the flags.
+int OpenOrFail(const char* name, const char* path, int flags, va_list rest) {
+  const mode_t mode = ModeOf(flags, rest);
+  return Fails("open", path, Use::Open)
+             ? -1
+             : Next<int(const char*, int, mode_t)>(name)(path, flags, mode);
+}
+
 __attribute__((constructor)) void Begin() {
   FaultShimBegin();
 }
@@ -188,21 +196,17 @@ long FaultShimMemoryCalls() {
 int open(const char* path, int flags, ...) {
   va_list rest;
   va_start(rest, flags);
-  const mode_t mode = ModeOf(flags, rest);
+  const int opened = OpenOrFail("open", path, flags, rest);
   va_end(rest);
-  return Fails("open", path, Use::Open)
-             ? -1
-             : Next<int(const char*, int, mode_t)>("open")(path, flags, mode);
+  return opened;
 }
 
 int open64(const char* path, int flags, ...) {
   va_list rest;
   va_start(rest, flags);
-  const mode_t mode = ModeOf(flags, rest);
+  const int opened = OpenOrFail("open64", path, flags, rest);
   va_end(rest);
-  return Fails("open", path, Use::Open)
-             ? -1
-             : Next<int(const char*, int, mode_t)>("open64")(path, flags, mode);
+  return opened;
 }
 
 // What code calls that is built with _FORTIFY_SOURCE, as Debian's libraries are, where it makes no
