@@ -1,6 +1,7 @@
 // What a fix costs beside the transport: Postwright::Fix() over loopback against a bare kept-alive
 // GET of the same URL from the same server, in processor time of the calling thread.
 
+#include "bench/FixLoop.h"
 #include "bench/RatioReporter.h"
 
 #include <postwright/Deployment.h>
@@ -94,13 +95,7 @@ void BareGet(benchmark::State& state) {
 }
 
 void Fix(benchmark::State& state) {
-  MacPlatformServices services;
-  for (auto _ : state) {
-    if (Postwright::Fix(kLabel, true, &services)->GetExactAddress().empty()) {
-      state.SkipWithError("the label was not corrected");
-      break;
-    }
-  }
+  FixAgainAndAgain(state, kLabel);
 }
 
 int Run(int argc, char** argv) {

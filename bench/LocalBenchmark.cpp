@@ -7,8 +7,6 @@
 #include <postwright/Deployment.h>
 #include <postwright/LocalAnswers.h>
 #include <postwright/LocalService.h>
-#include <postwright/MacPlatformServices.h>
-#include <postwright/Postwright.h>
 
 #include <filesystem>
 #include <functional>
@@ -16,6 +14,7 @@
 #include <locale>
 #include <vector>
 
+#include "bench/FixLoop.h"
 #include "bench/RatioReporter.h"
 #include "service/LocalSource.h"
 #include "service/VerifyService.h"
@@ -28,13 +27,7 @@ namespace {
 constexpr wchar_t kLabel[] = L"JOHN SMITH\n12 n main street apt 4\nmillrace oh 00011";
 
 void Fix(benchmark::State& state) {
-  MacPlatformServices services;
-  for (auto _ : state) {
-    if (Postwright::Fix(kLabel, true, &services)->GetExactAddress().empty()) {
-      state.SkipWithError("the label was not corrected");
-      break;
-    }
-  }
+  FixAgainAndAgain(state, kLabel);
 }
 
 int Run(int argc, char** argv) {
