@@ -9,8 +9,7 @@
 namespace postwright {
 
 // The platform services for a caller that wants a second look at the reply: VerifyReport reads what
-// Postwright::Fix passes over. Has a state: one
-// object belongs to one fix at a time.
+// Postwright::Fix passes over. Has a state: one object belongs to one fix at a time.
 class POSTWRIGHT_CORE_EXPORT ReportingServices : public AbandonableServices {
  public:
   // `abandoned` as in the base; null where nobody loses interest.

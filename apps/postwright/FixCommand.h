@@ -43,10 +43,9 @@ std::string CheckSpellings(const std::string& spellings);
 std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service that is named, or the process's own
-// (OwnService). Throws Failure and ClosedPipe;
-// returns kExitNotALabel where a line was no label, a row could not be read or the fix of a plain
-// text failed, kExitDoubtful where that of a plain text is doubtful, and kExitOutage where many
-// labels were given up since the service gave no answer.
+// (OwnService). Throws Failure and ClosedPipe; returns kExitNotALabel where a line was no label, a
+// row could not be read or the fix of a plain text failed, kExitDoubtful where that of a plain text
+// is doubtful, and kExitOutage where many labels were given up since the service gave no answer.
 ExitStatus RunFix(const FixOptions& options);
 
 }  // namespace postwright

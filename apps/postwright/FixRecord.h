@@ -23,8 +23,7 @@ struct RecordOptions {
 // code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
 // fixed and the member proposed, the corrected text. With `explain` each record has the members
 // confirmation_text and reason_text, the two in words, source and source_text, who said so, and
-// changes; with `candidates` the member of
-// that name, what could have been meant (CandidateList).
+// changes; with `candidates` the member of that name, what could have been meant (CandidateList).
 
 // Fixes `label` through `client` and returns its record; of a line that is no label, without asking
 // anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.

@@ -93,9 +93,9 @@ A doubtful correction has status 2, an empty fixed, and proposed (the text as co
 --explain each record has confirmation_text and reason_text, the two in words, source (base,
 zip-list, upstream or cache: whose word it is, where the service tells) and source_text, the same in
 words, and changes, a list of objects with rule, text, doubt, typed and corrected, their lines and
-offsets, and reason. With --candidates each has candidates, a list of objects with address (ranges in
-parentheses) and, for a range, number_low, number_high and number_parity or unit_low, unit_high and
-unit_parity.
+offsets, and reason. With --candidates each has candidates, a list of objects with address (ranges
+in parentheses) and, for a range, number_low, number_high and number_parity or unit_low, unit_high
+and unit_parity.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
 or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
@@ -106,9 +106,10 @@ what was turned down; the new records take the places of the old ones.
 A table, CSV or TSV in any usual encoding, is written as it was, with the addresses corrected in
 their own columns, and columns added: postwright_status (unchanged, fixed, to-decide, turned-down,
 not-answered), _confirmation, _reason, _zip4, _proposed and, with --explain, _reason_text,
-_source_text and _changes, with --candidates _candidates. It is told from one label by the names in its header; --csv says it is one, and --columns
-names the columns of the label. A ZIP code of five digits stays one. A row that cannot be read stays
-and is reported. --resume keeps the records of the rows in a file of their own, beside --output.
+_source_text and _changes, with --candidates _candidates. It is told from one label by the names in
+its header; --csv says it is one, and --columns names the columns of the label. A ZIP code of five
+digits stays one. A row that cannot be read stays and is reported. --resume keeps the records of the
+rows in a file of their own, beside --output.
 
 A service that leaves three labels in a row without an answer is waited for: it is asked again after
 a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there
