@@ -12,10 +12,10 @@ namespace postwright::service {
 
 struct HttpRequest {
   std::string method;  // GET, HEAD or POST
-  std::string path;    // as it was sent, without the query
+  std::string path;    // as it was sent, without the query and without a scheme and host
   std::string query;   // as it was sent, without the question mark
   std::string body;
-  std::string host = {};     // as it was sent, with a port where it has one
+  std::string host = {};     // of the target or the head, with a port where it has one
   std::string client = {};   // the peer's address without its port, "127.0.0.1"
   bool isForwarded = false;  // a proxy says that it asks for somebody else
   // The fields of the head that are this program's own, "Postwright-…", as they were sent.

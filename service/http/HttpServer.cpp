@@ -15,6 +15,7 @@
 #include "service/http/Exchange.h"
 #include "service/http/HeadCheck.h"
 #include "service/http/LibraryConnection.h"
+#include "service/http/RequestTarget.h"
 
 namespace postwright::service {
 namespace {
@@ -140,11 +141,11 @@ class HttpServer::Impl {
   // value at a zero byte.
   static void* OnUri(void*, const char* uri, MHD_Connection*) {
     try {
-      const std::string_view whole(uri);
-      const size_t mark = std::min(whole.find('?'), whole.size());
+      const RequestTarget target = RequestTarget::Of(uri);
       auto exchange = std::make_shared<Exchange>();
-      exchange->request.path = whole.substr(0, mark);
-      exchange->request.query = whole.substr(std::min(mark + 1, whole.size()));
+      exchange->request.host = target.host;
+      exchange->request.path = target.path;
+      exchange->request.query = target.query;
       return new ExchangePointer(std::move(exchange));
     } catch (const std::bad_alloc&) {
       return nullptr;  // OnRequest gives this connection up, the others go on
@@ -177,7 +178,9 @@ class HttpServer::Impl {
     const RequestHead head = LibraryConnection::HeadOf(connection, version, target);
     request.isForwarded = IsForwarded(head);
     request.extensions = ExtensionsOf(head);
-    request.host = LibraryConnection::ValueOf(connection, MHD_HTTP_HEADER_HOST);
+    if (request.host.empty()) {  // what an absolute form names goes before it: RFC 9112, 3.2.2
+      request.host = LibraryConnection::ValueOf(connection, MHD_HTTP_HEADER_HOST);
+    }
     exchange->objection = ObjectionTo(head);
     exchange->isTooLarge = LibraryConnection::LengthOf(connection) > limits_.bodyBytes;
     const bool isRefused = exchange->isTooLarge || !exchange->objection.empty();

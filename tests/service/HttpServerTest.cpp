@@ -13,6 +13,7 @@
 
 #include "service/http/ConnectionWatch.h"
 #include "service/http/HeadCheck.h"
+#include "service/http/RequestTarget.h"
 #include "tests/service/Socket.h"
 
 namespace postwright::service {
@@ -63,6 +64,7 @@ TEST_F(HttpServerTest, RefusesWhatIsTooLargeOrUnknown) {
     std::string reply;  // how the response begins, or ends
   } rows[] = {
       {"plain", "GET /?a=%00" + host + "\r\n", "GET a=%00 0"},
+      {"an absolute form", "GET http://b.example/?a" + host + "\r\n", "GET a 0"},
       {"body at the limit", "POST /" + host + "Content-Length: 100\r\n\r\n" + hundred, "POST  100"},
       {"body beyond it", "POST /" + host + "Content-Length: 101\r\n\r\n", "HTTP/1.1 413"},
       {"beyond it in chunks",
@@ -377,6 +379,27 @@ TEST(RequestLogTest, CountsWhatItLeavesOut) {
   reader.join();
   EXPECT_TRUE(isTold);
   EXPECT_EQ(told, lines);
+}
+
+TEST(RequestTargetTest, CutsWhatARequestLineAsksFor) {
+  const char* const rows[][4] = {
+      {"/a?b?c", "", "/a", "b?c"},
+      {"/a", "", "/a", ""},
+      {"*", "", "*", ""},
+      {"?b", "", "", "b"},
+      {"http://a.example:80/b?c=http://d", "a.example:80", "/b", "c=http://d"},
+      {"HTTPS://a.example", "a.example", "/", ""},
+      {"http://a?b/c", "a", "/", "b/c"},
+      {"http:///a", "", "/a", ""},
+      {"/http://a/b", "", "/http://a/b", ""},
+      {"", "", "", ""},
+  };
+  for (const auto& [target, host, path, query] : rows) {
+    const RequestTarget parts = RequestTarget::Of(target);
+    EXPECT_EQ(parts.host, host) << target;
+    EXPECT_EQ(parts.path, path) << target;
+    EXPECT_EQ(parts.query, query) << target;
+  }
 }
 
 TEST(HeadCheckTest, KnowsWhatAProxyAdds) {
