@@ -16,12 +16,12 @@ void CheckFields(const ReplyFields& fields) {
   for (const ReplyField& field : kReplyFields) {
     Require(IsUtf8(fields.*field.member), "a field is UTF-8");
   }
-  const std::string document = VerifyReply::Compose({{{}, fields}}, true);
+  const std::string document = VerifyReply::Compose({{{}, fields}}, {.isLong = true});
   Require(IsUtf8(document), "the reply is UTF-8");
   const UpstreamAnswer again = VerifyXml::Read(document);
   const auto* const read = std::get_if<ReplyFields>(&again);
   Require(read != nullptr, "what we write is read");
-  Require(VerifyReply::Compose({{{}, *read}}, true) == document,
+  Require(VerifyReply::Compose({{{}, *read}}, {.isLong = true}) == document,
           "and written again it is the same");
 }
 

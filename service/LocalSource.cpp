@@ -50,7 +50,7 @@ struct LocalSource::Loaded {
   }
 
   AddressAnswer Decide(const RequestAddress& asked) const {
-    if (regions.empty()) {
+    if (regions.empty() || asked.call == AddressCall::City) {
       return streetless.Verify(asked).outcome;
     }
     const Region* const usual = regions.size() > 1 ? RegionOf(asked.zip5) : nullptr;

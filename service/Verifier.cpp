@@ -113,8 +113,26 @@ void Verifier::Find(const RequestAddress& asked, const std::string&, Done done) 
   done(Decide(asked, nullptr));
 }
 
+// The city that mail to the ZIP code is addressed to.
+AddressAnswer Verifier::DecideCity(const RequestAddress& asked) const {
+  const postal::ZipList::City* const city = zips_.FindZip(asked.Zip());
+  if (city == nullptr || asked.cutShort) {
+    return postal::Rejection::InvalidZip;
+  }
+  AddressAnswer answer(std::in_place_type<ReplyFields>);
+  auto& fields = std::get<ReplyFields>(answer);
+  fields.city = city->name;
+  fields.state = city->state;
+  fields.zip5 = asked.Zip();
+  answer.source = {ReplySource::Kind::ZipList};
+  return answer;
+}
+
 // Never a ServiceFault.
 AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* explanation) const {
+  if (sent.call == AddressCall::City) {
+    return DecideCity(sent);
+  }
   const std::optional<FoldedAddress> folded = Fold(sent);
   if (!folded || sent.cutShort) {
     return postal::Rejection::InvalidAddress;

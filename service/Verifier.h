@@ -22,7 +22,7 @@ namespace postwright::service {
 // address that is placed is answered as not confirmed (DPVConfirmation N). With one, AddressMatcher
 // confirms and corrects it. A ZIP+4 add-on that was asked for is given back where no source has
 // another and neither street, number nor ZIP code is found wrong. Candidates are named to who asks
-// for them, as far as an address base knows any.
+// for them, as far as an address base knows any. The city of a ZIP code is the ZIP list's.
 //
 // Borrows both. Any thread may call Verify.
 class Verifier final : public AnswerSource {
@@ -48,6 +48,7 @@ class Verifier final : public AnswerSource {
   };
 
   AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
+  AddressAnswer DecideCity(const RequestAddress& asked) const;
   ReplySource SourceOf(const AddressAnswer& answer) const;
   AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
                             const Help& help) const;

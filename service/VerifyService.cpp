@@ -69,6 +69,10 @@ std::string_view FaultName(RequestFault fault) {
   return "";
 }
 
+std::string NoteOf(AddressCall call) {
+  return "api=" + std::string(WordsOf(call).api);
+}
+
 // A client's text cannot end a field or the quotes around all of them.
 void AppendField(std::string& text, std::string_view field) {
   if (!text.empty()) {
@@ -139,7 +143,7 @@ VerifyService::~VerifyService() {
 }
 
 void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
-  if (request.path != path_) {
+  if (!EqualsIgnoringCase(request.path, path_)) {
     return respond(TextReply(404, "Nothing is here. Ask for " + path_ + "?API=Verify&XML=...\n",
                              "path=other"));
   }
@@ -150,27 +154,31 @@ void VerifyService::Answer(const HttpRequest& request, const Respond& respond) {
     return inQuery ? inQuery : body.Find(name);
   };
   const std::string api = PrintableApi(field("API").value_or(""));
-  if (!EqualsIgnoringCase(api, "Verify")) {
+  const auto* const words =
+      std::find_if(std::begin(kAddressCalls), std::end(kAddressCalls),
+                   [&](const CallWords& each) { return EqualsIgnoringCase(api, each.api); });
+  if (words == std::end(kAddressCalls)) {
     return respond(XmlReply(VerifyReply::ComposeUnknownApi(api), "api=other"));
   }
   const bool bodyIsDocument = IsDocument(request.body);
-  AnswerVerify(
-      bodyIsDocument ? request.body : field("XML").value_or(""),
+  AnswerCall(
+      words->call, bodyIsDocument ? request.body : field("XML").value_or(""),
       {request.client, CandidatesWanted(request), ExtensionOf(request, kSourceHeader) == "1"},
       respond);
 }
 
-void VerifyService::AnswerVerify(std::string_view text, const Asker& from, const Respond& respond) {
-  auto read = VerifyRequest::Read(text);
+void VerifyService::AnswerCall(AddressCall call, std::string_view text, const Asker& from,
+                               const Respond& respond) {
+  auto read = VerifyRequest::Read(text, call);
   if (const auto* fault = std::get_if<RequestFault>(&read)) {
     ++counts_.unreadable;
     return respond(XmlReply(VerifyReply::ComposeFault(*fault),
-                            "api=Verify fault=" + std::string(FaultName(*fault))));
+                            NoteOf(call) + " fault=" + std::string(FaultName(*fault))));
   }
   if (users_ != nullptr && !users_->Allows(std::get<VerifyRequest>(read).userId)) {
     ++counts_.strangers;
-    return respond(
-        XmlReply(VerifyReply::ComposeFault(RequestFault::NoUser), "api=Verify fault=unknown-user"));
+    return respond(XmlReply(VerifyReply::ComposeFault(RequestFault::NoUser),
+                            NoteOf(call) + " fault=unknown-user"));
   }
   ++counts_.documents;
   for (RequestAddress& address : std::get<VerifyRequest>(read).addresses) {
@@ -209,7 +217,7 @@ void VerifyService::Finish(const Document& document) {
       retryAfter = std::max(retryAfter, fault->retryAfter);
     }
   }
-  HttpReply reply = XmlReply(VerifyReply::Compose(document.replies, document.request.revision1),
+  HttpReply reply = XmlReply(VerifyReply::Compose(document.replies, document.request.form),
                              options_.takesNotes ? Note(document) : std::string());
   reply.retryAfter = retryAfter;
   document.respond(std::move(reply));
@@ -230,7 +238,8 @@ std::string VerifyService::Note(const Document& document) const {
                    Describe(answer) + '"';
     }
   }
-  return "api=Verify addresses=" + std::to_string(document.replies.size()) +
+  return NoteOf(document.request.form.call) +
+         " addresses=" + std::to_string(document.replies.size()) +
          " rejected=" + std::to_string(rejected) + fault + addresses;
 }
 

@@ -22,7 +22,9 @@ struct TrafficCounts {
   std::atomic<uint64_t> unanswered = 0;
 };
 
-// The Verify interface as an HTTP handler: GET or POST /ShippingAPI.dll?API=Verify&XML=…
+// The address calls of the interface as an HTTP handler: GET or POST
+// /ShippingAPI.dll?API=Verify&XML=…, and the same with ZipCodeLookup and CityStateLookup. Clients
+// write the path in any case.
 //
 //   Verifier source(base);
 //   VerifyService service(source, nullptr, {});
@@ -62,7 +64,8 @@ class VerifyService {
     bool wantsSource;
   };
 
-  void AnswerVerify(std::string_view text, const Asker& from, const Respond& respond);
+  void AnswerCall(AddressCall call, std::string_view text, const Asker& from,
+                  const Respond& respond);
   void Finish(const Document& document);
   std::string Note(const Document& document) const;
 

@@ -34,6 +34,13 @@ std::string DayOf(Clock::Date date) {
   return FormatDate(date).substr(0, kDay);
 }
 
+// An answer without a delivery line is that of a ZIP code.
+ReplyForm FormOf(const AddressAnswer& answer) {
+  const auto* const fields = std::get_if<ReplyFields>(&answer);
+  const bool isOfZip = fields != nullptr && fields->address2.empty();
+  return {.call = isOfZip ? AddressCall::City : AddressCall::Verify, .isLong = true};
+}
+
 [[noreturn]] void TurnDown(const std::string& name, const std::string& why) {
   throw postal::StoreError(name + ": " + why, SQLITE_MISMATCH);
 }
@@ -244,7 +251,7 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
 }
 
 void AnswerCache::Keep(const std::string& key, const Kept& answer) {
-  const std::string text = VerifyReply::Compose({{std::nullopt, answer}}, true);
+  const std::string text = VerifyReply::Compose({{std::nullopt, answer}}, FormOf(answer));
   const int64_t now = Seconds(clock_.Today());
   Try(writer_, [&](Writer& writer) {
     writer.Keep(source_ + '\n' + key, now, text);

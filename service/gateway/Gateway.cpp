@@ -82,11 +82,16 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
     return done(*rejection);
   }
   RequestAddress address = std::get<NormalRequest>(normal).address;
-  // One question for however many candidates are wanted, which answers who wants none, too.
+  // One question for however many candidates are wanted, which answers who wants none, too, and who
+  // wants the ZIP+4 alone.
   const bool offers = upstream_.OffersCandidates();
-  const size_t wanted = offers ? asked.candidates : 0;
-  address.candidates = offers ? postal::Candidate::kMost : 0;
-  const std::string fullKey = KeyOf(address);
+  const size_t wanted = offers && asked.call == AddressCall::Verify ? asked.candidates : 0;
+  RequestAddress fullest = address;
+  if (fullest.call != AddressCall::City) {
+    fullest.call = AddressCall::Verify;
+    fullest.candidates = offers ? postal::Candidate::kMost : 0;
+  }
+  const std::string fullKey = KeyOf(fullest);
   address.candidates = wanted > 0 ? postal::Candidate::kMost : 0;
   const std::string key = KeyOf(address);
   done = [above = std::get<NormalRequest>(normal).above, wanted,

@@ -30,12 +30,8 @@ bool HasGrown(const RequestAddress& address) {
 
 // Takes Zip5 and Zip4 apart again where one field holds both, and drops what is not whole.
 void SplitZip(RequestAddress& address) {
-  constexpr size_t kZip = 5;
-  constexpr size_t kAddOn = 4;
-  std::string zip;
-  std::copy_if(address.zip5.begin(), address.zip5.end(), std::back_inserter(zip), IsDigit);
   address.zip4 = address.AddOn();
-  address.zip5 = zip.size() == kZip || zip.size() == kZip + kAddOn ? zip.substr(0, kZip) : "";
+  address.zip5 = address.Zip();
 }
 
 // Finds the state and says what is missing of the last line, where something is.
@@ -63,10 +59,24 @@ std::optional<postal::Rejection> CompleteLastLine(RequestAddress& address,
   return std::nullopt;
 }
 
+// Of a ZIP code whose city is asked for there is nothing else.
+std::variant<NormalRequest, postal::Rejection> NormaliseZip(const RequestAddress& asked) {
+  NormalRequest normal;
+  normal.address.call = asked.call;
+  normal.address.zip5 = asked.Zip();
+  if (normal.address.zip5.empty() || asked.cutShort) {
+    return postal::Rejection::InvalidZip;
+  }
+  return normal;
+}
+
 }  // namespace
 
 std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
                                                                 const postal::ZipList& zips) {
+  if (asked.call == AddressCall::City) {
+    return NormaliseZip(asked);
+  }
   NormalRequest normal{asked, {}};
   RequestAddress& address = normal.address;
   address.id.reset();
@@ -108,6 +118,9 @@ std::string KeyOf(const RequestAddress& normal) {
   }
   if (normal.candidates > 0) {
     key += "candidates";
+  }
+  if (normal.call != AddressCall::Verify) {
+    key += WordsOf(normal.call).api;
   }
   return key;
 }

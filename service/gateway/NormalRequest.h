@@ -29,12 +29,13 @@ struct NormalRequest {
 //
 // Returns the reason where no upstream could answer the address, so that no call is spent on it: no
 // delivery line, one that could be cut in several ways, a field too long or without Latin letters,
-// no such state, neither a ZIP code nor a city and state. Pure, for any thread.
+// no such state, neither a ZIP code nor a city and state; no ZIP code, where its city is asked for.
+// Pure, for any thread.
 std::variant<NormalRequest, postal::Rejection> NormaliseRequest(const RequestAddress& asked,
                                                                 const postal::ZipList& zips);
 
-// Returns what two normal requests have in common exactly if they are the same, and candidates are
-// wanted of both or of neither.
+// Returns what two normal requests have in common exactly if they are the same, of the same call,
+// and candidates are wanted of both or of neither.
 std::string KeyOf(const RequestAddress& normal);
 
 }  // namespace postwright::service

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/SmallText.h"
 #include "service/protocol/CandidateXml.h"
 #include "service/protocol/Xml.h"
 
@@ -35,22 +36,39 @@ const RejectionRow& RowOf(postal::Rejection rejection) {
   return kRejections[0];
 }
 
-void WriteRejection(std::string& xml, postal::Rejection rejection) {
+void WriteRejection(std::string& xml, postal::Rejection rejection, AddressCall call) {
   const RejectionRow& row = RowOf(rejection);
+  const bool isOfCity = call == AddressCall::City;
   xml += "<Error>";
   AppendElement(xml, "Number", row.number);
-  AppendElement(xml, "Source", "clsAMS");
-  AppendElement(xml, "Description", row.description);
+  AppendElement(xml, "Source", isOfCity ? "WebtoolsAMS;CityStateLookup" : "clsAMS");
+  AppendElement(xml, "Description", isOfCity ? Trim(row.description) : row.description);
   xml += "<HelpFile/><HelpContext/></Error>";
 }
 
-void WriteFields(std::string& xml, const ReplyFields& fields, bool revision1) {
-  const bool shortCity = !revision1 && !fields.cityAbbreviation.empty();
+// Says whether a field is in a form, where it is not empty.
+bool IsOfForm(const ReplyField& field, const ReplyForm& form) {
+  const bool isOfLongForm = field.presence == ReplyPresence::LongForm;
+  if (form.call != AddressCall::Verify) {
+    return !isOfLongForm && field.member != &ReplyFields::returnText;
+  }
+  return !isOfLongForm || form.isLong ||
+         (form.hasDeliveryPoint && field.member == &ReplyFields::deliveryPoint) ||
+         (form.hasCarrierRoute && field.member == &ReplyFields::carrierRoute);
+}
+
+void WriteCity(std::string& xml, const ReplyFields& fields) {
+  AppendElement(xml, "Zip5", fields.zip5);
+  AppendElement(xml, "City", fields.city);
+  AppendElement(xml, "State", fields.state);
+}
+
+void WriteFields(std::string& xml, const ReplyFields& fields, const ReplyForm& form) {
+  const bool shortCity = !form.isLong && !fields.cityAbbreviation.empty();
   for (const ReplyField& field : kReplyFields) {
     const bool isShortened = shortCity && field.member == &ReplyFields::city;
     const std::string& text = isShortened ? fields.cityAbbreviation : fields.*field.member;
-    const bool isOfForm = revision1 || field.presence != ReplyPresence::LongForm;
-    if (field.presence == ReplyPresence::Always || (isOfForm && !text.empty())) {
+    if (field.presence == ReplyPresence::Always || (!text.empty() && IsOfForm(field, form))) {
       AppendElement(xml, field.element, text);
     }
   }
@@ -78,7 +96,8 @@ void AddressAnswer::PutAbove(const std::string& lines) {
   }
 }
 
-std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, bool revision1) {
+std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses,
+                                 const ReplyForm& form) {
   constexpr size_t kUsualLength = 400;  // of one address
   const auto fault =
       std::find_if(addresses.rbegin(), addresses.rend(), [](const ReplyAddress& address) {
@@ -88,26 +107,29 @@ std::string VerifyReply::Compose(const std::vector<ReplyAddress>& addresses, boo
     const auto& told = std::get<ServiceFault>(fault->outcome);
     return RootError(told.number, told.description);
   }
+  const CallWords& words = WordsOf(form.call);
   std::string xml;
   xml.reserve(kUsualLength * (addresses.size() + 1));
   xml += kDeclaration;
-  xml += "<AddressValidateResponse>";
+  xml.append("<").append(words.response).append(">");
   for (const ReplyAddress& address : addresses) {
-    xml += "<Address";
+    xml.append("<").append(words.item);
     if (address.id) {
       xml.append(" ID=\"").append(EscapeXml(*address.id)).append("\"");
     }
     xml += ">";
-    if (const auto* fields = std::get_if<ReplyFields>(&address.outcome)) {
-      WriteFields(xml, *fields, revision1);
+    if (const auto* rejection = std::get_if<postal::Rejection>(&address.outcome)) {
+      WriteRejection(xml, *rejection, form.call);
+    } else if (form.call == AddressCall::City) {
+      WriteCity(xml, std::get<ReplyFields>(address.outcome));
     } else {
-      WriteRejection(xml, std::get<postal::Rejection>(address.outcome));
+      WriteFields(xml, std::get<ReplyFields>(address.outcome), form);
     }
     address.outcome.source.Write(xml);
     CandidateXml::Write(xml, address.outcome.candidates);
-    xml += "</Address>";
+    xml.append("</").append(words.item).append(">");
   }
-  xml += "</AddressValidateResponse>";
+  xml.append("</").append(words.response).append(">");
   return xml;
 }
 

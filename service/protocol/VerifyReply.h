@@ -47,20 +47,20 @@ struct ReplyAddress {
   AddressAnswer outcome;
 };
 
-// The reply documents of the Verify interface, as the postal service wrote them: the declaration,
-// a line feed, and everything else in one line.
+// The reply documents of the interface, as the postal service wrote them: the declaration, a line
+// feed, and everything else in one line.
 namespace VerifyReply {
 
-// Returns `AddressValidateResponse` with the addresses in their order. With `revision1` the long
-// form; without, the short one, whose City is the abbreviation and which has no footnotes and
-// nothing about delivery point validation. The root `Error` where nothing can be said of one of
-// them now.
-std::string Compose(const std::vector<ReplyAddress>& addresses, bool revision1);
+// Returns `AddressValidateResponse`, or the root of another call, with the addresses in their
+// order. The form that is not long has the abbreviation as its City, no footnotes and nothing about
+// delivery point validation; of a ZIP code there are city and state alone. The root `Error` where
+// nothing can be said of one of them now.
+std::string Compose(const std::vector<ReplyAddress>& addresses, const ReplyForm& form);
 
 // Returns the root `Error` for a document that cannot be answered as a whole.
 std::string ComposeFault(RequestFault fault);
 
-// Returns the root `Error` for an API other than Verify.
+// Returns the root `Error` for an API that is none of AddressCall.
 std::string ComposeUnknownApi(std::string_view api);
 
 // What stands for a rejection on the wire: "-2147219401", "Address Not Found.  ".

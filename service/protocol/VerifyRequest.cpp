@@ -3,10 +3,20 @@
 #include <algorithm>
 
 #include "common/AsciiText.h"
+#include "common/SmallText.h"
 #include "service/protocol/XmlDocument.h"
 
 namespace postwright::service {
 namespace {
+
+constexpr size_t kZip = 5;
+constexpr size_t kAddOn = 4;
+
+std::string DigitsOf(const std::string& text) {
+  std::string digits;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(digits), IsDigit);
+  return digits;
+}
 
 // Of an element that stands there twice the first one with a text counts.
 void ReadAddress(pugi::xml_node element, RequestAddress& address) {
@@ -23,18 +33,32 @@ void ReadAddress(pugi::xml_node element, RequestAddress& address) {
   }
 }
 
-std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document) {
+// The elements beside the addresses: what Verify's clients asked for before there was a revision,
+// and since.
+void ReadForm(std::string_view name, const std::string& text, ReplyForm& form) {
+  if (name == "Revision") {
+    form.isLong = text == "1";
+  } else if (name == "IncludeOptionalElements") {
+    form.hasDeliveryPoint = EqualsIgnoringCase(text, "true");
+  } else if (name == "ReturnCarrierRoute") {
+    form.hasCarrierRoute = EqualsIgnoringCase(text, "true");
+  }
+}
+
+std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document, AddressCall call) {
   VerifyRequest request;
+  request.form.call = call;
   request.userId = document.Root().attribute("USERID").value();
   for (const pugi::xml_node child : document.Root()) {
     const std::string_view name = child.name();
-    if (name == "Revision") {
-      request.revision1 = XmlDocument::TextOf(child) == "1";
-    } else if (name == "Address") {
+    if (name != WordsOf(call).item) {
+      ReadForm(name, XmlDocument::TextOf(child, VerifyRequest::kLongestField), request.form);
+    } else {
       if (request.addresses.size() == VerifyRequest::kMostAddresses) {
         return RequestFault::TooManyAddresses;
       }
       RequestAddress& address = request.addresses.emplace_back();
+      address.call = call;
       ReadAddress(child, address);
       address.cutShort = document.IsCutWithin(child);
     }
@@ -44,16 +68,14 @@ std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document) 
 
 }  // namespace
 
+std::string RequestAddress::Zip() const {
+  const std::string zip = DigitsOf(zip5);
+  return zip.size() == kZip || zip.size() == kZip + kAddOn ? zip.substr(0, kZip) : "";
+}
+
 std::string RequestAddress::AddOn() const {
-  constexpr size_t kZip = 5;
-  constexpr size_t kAddOn = 4;
-  const auto digits = [](const std::string& text) {
-    std::string found;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(found), IsDigit);
-    return found;
-  };
-  const std::string zip = digits(zip5);
-  std::string addOn = digits(zip4);
+  const std::string zip = DigitsOf(zip5);
+  std::string addOn = DigitsOf(zip4);
   if (zip.size() == kZip + kAddOn && addOn.empty()) {
     addOn = zip.substr(kZip);
   }
@@ -65,17 +87,17 @@ std::optional<std::string> FoldField(std::string_view sent) {
   return sent.size() <= VerifyRequest::kLongestField ? FoldToAscii(sent) : std::nullopt;
 }
 
-std::variant<VerifyRequest, RequestFault> VerifyRequest::Read(std::string_view document) {
+std::variant<VerifyRequest, RequestFault> VerifyRequest::Read(std::string_view document,
+                                                              AddressCall call) {
   if (document.size() > kLongestDocument) {
     return RequestFault::Syntax;
   }
   document.remove_prefix(std::min(document.find_first_not_of(" \t\r\n"), document.size()));
   const XmlDocument xml(document);
-  if (xml.Root().name() != std::string_view("AddressValidateRequest") ||
-      xml.IsDeeperThan(kDeepestElement)) {
+  if (xml.Root().name() != WordsOf(call).request || xml.IsDeeperThan(kDeepestElement)) {
     return RequestFault::Syntax;
   }
-  auto read = ReadRoot(xml);
+  auto read = ReadRoot(xml, call);
   if (const auto* request = std::get_if<VerifyRequest>(&read)) {
     if (xml.GetState() == XmlDocument::State::CutShort && request->addresses.empty()) {
       return RequestFault::Syntax;

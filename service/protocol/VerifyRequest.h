@@ -7,10 +7,13 @@
 #include <variant>
 #include <vector>
 
+#include "service/protocol/AddressCall.h"
+
 namespace postwright::service {
 
 // One address as it was asked for: UTF-8, as the client wrote it, lines within a field set apart by
-// line feeds. Elements that the client left out are empty.
+// line feeds. Elements that the client left out are empty; of a ZIP code whose city is asked for
+// there is nothing but zip5.
 struct RequestAddress {
   std::optional<std::string> id;  // the attribute ID; the answer has one only if the request had
   std::string firmName;
@@ -25,6 +28,10 @@ struct RequestAddress {
   // Of what could have been meant, how much the answer may name: not in the document, but in the
   // head of its request.
   size_t candidates = 0;
+  AddressCall call = AddressCall::Verify;  // what is asked about it
+
+  // Returns the ZIP code, of five digits or the first of nine in Zip5; empty where it is neither.
+  std::string Zip() const;
 
   // Returns the ZIP+4 add-on: four digits of Zip4, or the last four of nine in Zip5; empty where
   // there is none.
@@ -54,6 +61,14 @@ inline constexpr std::string_view kCandidatesHeader = "Postwright-Candidates";
 // The one that asks whose word each answer is: "1".
 inline constexpr std::string_view kSourceHeader = "Postwright-Source";
 
+// What a client wants in the answers to a document.
+struct ReplyForm {
+  AddressCall call = AddressCall::Verify;
+  bool isLong = false;            // <Revision>1</Revision>: every element there is
+  bool hasDeliveryPoint = false;  // <IncludeOptionalElements>true</IncludeOptionalElements>
+  bool hasCarrierRoute = false;   // <ReturnCarrierRoute>true</ReturnCarrierRoute>
+};
+
 // Why a document as a whole cannot be answered.
 enum class RequestFault {
   Syntax,            // not XML, or XML of another kind
@@ -61,9 +76,9 @@ enum class RequestFault {
   TooManyAddresses,  // more than kMostAddresses
 };
 
-// A request document of the Verify interface, `AddressValidateRequest`.
+// A request document of the interface: `AddressValidateRequest`, or that of another call.
 //
-//   const auto request = VerifyRequest::Read(document);
+//   const auto request = VerifyRequest::Read(document, AddressCall::Verify);
 //   if (const auto* good = std::get_if<VerifyRequest>(&request)) { … good->addresses … }
 struct VerifyRequest {
   static constexpr size_t kMostAddresses = 5;    // of the interface
@@ -72,11 +87,11 @@ struct VerifyRequest {
   static constexpr size_t kLongestDocument = 64 * 1024;  // bytes; five full addresses take 4 KiB
 
   std::string userId;
-  bool revision1 = false;  // <Revision>1</Revision>: the longer form of the answer
+  ReplyForm form;
   std::vector<RequestAddress> addresses;
 
-  // Reads a document of any content. UTF-8, UTF-16 with its mark, and what is neither as
-  // Windows-1252, whatever the declaration says: clients are careless with it.
+  // Reads a document of any content, sent with that call. UTF-8, UTF-16 with its mark, and what is
+  // neither as Windows-1252, whatever the declaration says: clients are careless with it.
   //
   // A document that ends too early is read as far as it goes, since clients that forget to escape
   // an ampersand have it cut there by the query's own syntax; an address that it ends in is marked.
@@ -84,7 +99,8 @@ struct VerifyRequest {
   // it entities), nests deeper than kDeepestElement or is longer than kLongestDocument is a fault.
   // Needs memory in proportion to the document, and no deeper a stack for deeper nesting. Any
   // thread.
-  static std::variant<VerifyRequest, RequestFault> Read(std::string_view document);
+  static std::variant<VerifyRequest, RequestFault> Read(std::string_view document,
+                                                        AddressCall call = AddressCall::Verify);
 };
 
 }  // namespace postwright::service

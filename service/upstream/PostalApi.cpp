@@ -175,6 +175,17 @@ UpstreamAnswer ReadAddress(const json& reply, const RequestAddress& asked,
   return fields;
 }
 
+UpstreamAnswer ReadCity(const json& reply, const RequestAddress& asked) {
+  ReplyFields fields;
+  fields.city = Value(reply, "city");
+  fields.state = Value(reply, "state");
+  fields.zip5 = asked.zip5;
+  if (fields.city.empty() || !IsPlaced(fields)) {
+    return UpstreamFault{FaultKind::BadReply, {}, "the reply holds no city"};
+  }
+  return fields;
+}
+
 // Every text of an error in which a reason may be told, in upper case.
 std::string TextsOf(const json& error) {
   std::string texts = JsonText(error, "message");
@@ -248,8 +259,12 @@ void AppendParameter(std::string& query, std::string_view name, const std::strin
 
 }  // namespace
 
-std::string PostalApi::QueryFor(const RequestAddress& normal) {
+std::string PostalApi::ResourceFor(const RequestAddress& normal) {
   std::string query;
+  if (normal.call == AddressCall::City) {
+    AppendParameter(query, "ZIPCode", normal.zip5);
+    return "city-state?" + query;
+  }
   AppendParameter(query, "firm", normal.firmName.size() > kLongestFirm ? "" : normal.firmName);
   AppendParameter(query, "streetAddress", normal.address2);
   AppendParameter(query, "secondaryAddress", normal.address1);
@@ -258,19 +273,24 @@ std::string PostalApi::QueryFor(const RequestAddress& normal) {
   AppendParameter(query, "urbanization", normal.urbanization);
   AppendParameter(query, "ZIPCode", normal.zip5);
   AppendParameter(query, "ZIPPlus4", normal.zip4);
-  return query;
+  const bool isOfZip = normal.call == AddressCall::ZipCode && !normal.city.empty();
+  return (isOfZip ? "zipcode?" : "address?") + query;
 }
 
 UpstreamAnswer PostalApi::Read(const HttpAnswer& answer, const RequestAddress& normal,
                                const postal::ZipList& base) {
   const std::optional<json> reply = ParseJsonObject(answer.body);
   if (answer.status == kOk && reply && !reply->contains("error")) {
-    return ReadAddress(*reply, normal, base);
+    return normal.call == AddressCall::City ? ReadCity(*reply, normal)
+                                            : ReadAddress(*reply, normal, base);
   }
   if (answer.status == kOk && !reply) {
     return UpstreamFault{FaultKind::BadReply, {}, "the reply is not JSON"};
   }
-  return ReadError(answer, reply.value_or(json::object()));
+  UpstreamAnswer error = ReadError(answer, reply.value_or(json::object()));
+  const bool isOfZip =
+      normal.call == AddressCall::City && std::holds_alternative<postal::Rejection>(error);
+  return isOfZip ? postal::Rejection::InvalidZip : error;
 }
 
 }  // namespace postwright::service

@@ -24,7 +24,7 @@ bool IsUnauthorised(const UpstreamOutcome& outcome) {
 PostalApiUpstream::PostalApiUpstream(const std::string& url, std::string credentials, Zips zips,
                                      const Clock& clock, const HttpClient::Limits& limits)
     : name_(std::string(kKind) + " " + url),
-      addressUrl_(url + "/addresses/v3/address?"),
+      addressesUrl_(url + "/addresses/v3/"),
       credentialsFile_(std::move(credentials)),
       zips_(std::move(zips)),
       client_(limits),
@@ -55,16 +55,17 @@ void PostalApiUpstream::ReloadCredentials() {
 
 UpstreamOutcome PostalApiUpstream::Call(const RequestAddress& normal, const std::string& token) {
   const auto answer =
-      client_.Send({addressUrl_ + PostalApi::QueryFor(normal),
+      client_.Send({addressesUrl_ + PostalApi::ResourceFor(normal),
                     {"Authorization: Bearer " + token, "Accept: application/json"}});
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
     return {UpstreamFault{failure->kind, {}, failure->detail}, failure->calls};
   }
   const auto& reply = std::get<HttpAnswer>(answer);
   UpstreamOutcome outcome{PostalApi::Read(reply, normal, *zips_()), reply.calls};
-  // The API says of every address whether mail can be delivered there.
+  // The API says of every address that it verifies whether mail can be delivered there.
   const auto* const fields = std::get_if<ReplyFields>(&outcome.answer);
-  outcome.isComplete = fields == nullptr || !fields->dpvConfirmation.empty();
+  outcome.isComplete =
+      fields == nullptr || normal.call != AddressCall::Verify || !fields->dpvConfirmation.empty();
   return outcome;
 }
 

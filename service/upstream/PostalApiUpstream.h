@@ -37,7 +37,7 @@ class PostalApiUpstream final : public Upstream {
   UpstreamOutcome Call(const RequestAddress& normal, const std::string& token);
 
   const std::string name_;
-  const std::string addressUrl_;
+  const std::string addressesUrl_;
   const std::string credentialsFile_;
   const Zips zips_;
   HttpClient client_;

@@ -1,5 +1,7 @@
 #include "service/upstream/VerifyXml.h"
 
+#include <algorithm>
+
 #include "service/protocol/CandidateXml.h"
 #include "service/protocol/Xml.h"
 #include "service/protocol/XmlDocument.h"
@@ -23,7 +25,7 @@ UpstreamAnswer RootFault(const std::string& number) {
   return UpstreamFault{kind, {}, "root error " + number.substr(0, kLongestNumber)};
 }
 
-UpstreamAnswer ReadAddress(pugi::xml_node address) {
+UpstreamAnswer ReadAddress(pugi::xml_node address, AddressCall call) {
   ReplyFields fields;
   for (const ReplyField& field : kReplyFields) {
     fields.*field.member = ValueOf(address.child(field.element));
@@ -31,8 +33,8 @@ UpstreamAnswer ReadAddress(pugi::xml_node address) {
   if (fields.address1 == "-") {
     fields.address1.clear();
   }
-  if (fields.address2.empty() || fields.city.empty() || fields.state.empty() ||
-      fields.zip5.empty()) {
+  const bool hasLine = call == AddressCall::City || !fields.address2.empty();
+  if (!hasLine || fields.city.empty() || fields.state.empty() || fields.zip5.empty()) {
     return UpstreamFault{FaultKind::BadReply, {}, "the reply holds no whole address"};
   }
   return fields;
@@ -42,15 +44,23 @@ UpstreamAnswer ReadAddress(pugi::xml_node address) {
 
 std::string VerifyXml::Compose(const RequestAddress& normal, std::string_view userId,
                                std::string_view password) {
-  std::string xml = "<AddressValidateRequest USERID=\"" + EscapeXml(userId) + '"';
+  const CallWords& words = WordsOf(normal.call);
+  const std::string request(words.request);
+  const std::string item(words.item);
+  std::string xml = "<" + request + " USERID=\"" + EscapeXml(userId) + '"';
   if (!password.empty()) {
     xml += " PASSWORD=\"" + EscapeXml(password) + '"';
   }
-  xml += "><Revision>1</Revision><Address ID=\"0\">";
-  for (const RequestField& field : kRequestFields) {
-    AppendElement(xml, field.element, normal.*field.member);
+  xml += normal.call == AddressCall::Verify ? "><Revision>1</Revision>" : ">";
+  xml += "<" + item + " ID=\"0\">";
+  if (normal.call == AddressCall::City) {
+    AppendElement(xml, "Zip5", normal.zip5);
+  } else {
+    for (const RequestField& field : kRequestFields) {
+      AppendElement(xml, field.element, normal.*field.member);
+    }
   }
-  return xml + "</Address></AddressValidateRequest>";
+  return xml + "</" + item + "></" + request + ">";
 }
 
 UpstreamAnswer VerifyXml::Read(std::string_view document,
@@ -62,7 +72,10 @@ UpstreamAnswer VerifyXml::Read(std::string_view document,
   if (reply.Root().name() == std::string_view("Error")) {
     return RootFault(ValueOf(reply.Root().child("Number")));
   }
-  const pugi::xml_node address = reply.Root().child("Address");
+  const auto* const words =
+      std::find_if(std::begin(kAddressCalls), std::end(kAddressCalls) - 1,
+                   [&](const CallWords& each) { return each.response == reply.Root().name(); });
+  const pugi::xml_node address = reply.Root().child(std::string(words->item).c_str());
   if (candidates != nullptr) {
     *candidates = CandidateXml::Read(address);
   }
@@ -71,7 +84,7 @@ UpstreamAnswer VerifyXml::Read(std::string_view document,
     return VerifyReply::RejectionOf(ValueOf(error.child("Number")))
         .value_or(postal::Rejection::InvalidAddress);
   }
-  return ReadAddress(address);
+  return ReadAddress(address, words->call);
 }
 
 }  // namespace postwright::service

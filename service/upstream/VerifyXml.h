@@ -11,8 +11,9 @@ namespace postwright::service {
 // The documents of the Verify interface from the client's side. Pure, for any thread.
 namespace VerifyXml {
 
-// Returns the request for one normal address, with <Revision>1</Revision> and the elements in the
-// order that the interface insists on. `password` is left out where it is empty.
+// Returns the request for one normal address, with <Revision>1</Revision> where its call has that,
+// and the elements in the order that the interface insists on. `password` is left out where it is
+// empty.
 std::string Compose(const RequestAddress& normal, std::string_view userId,
                     std::string_view password);
 

@@ -19,7 +19,7 @@ Credentials LoadCredentials(const std::string& file) {
 VerifyXmlUpstream::VerifyXmlUpstream(const std::string& url, std::string credentials,
                                      const HttpClient::Limits& limits)
     : name_(std::string(kKind) + " " + url),
-      verifyUrl_(url + "/ShippingAPI.dll?API=Verify&XML="),
+      url_(url + "/ShippingAPI.dll?API="),
       credentialsFile_(std::move(credentials)),
       client_(limits),
       credentials_(LoadCredentials(credentialsFile_)) {}
@@ -32,7 +32,8 @@ UpstreamOutcome VerifyXmlUpstream::Ask(const RequestAddress& normal) {
   if (normal.candidates > 0) {
     headers.push_back(std::string(kCandidatesHeader) + ": " + std::to_string(normal.candidates));
   }
-  const auto answer = client_.Send({verifyUrl_ + EscapeQuery(document), std::move(headers)});
+  const std::string query = std::string(WordsOf(normal.call).api) + "&XML=" + EscapeQuery(document);
+  const auto answer = client_.Send({url_ + query, std::move(headers)});
   if (const auto* failure = std::get_if<HttpClient::Failure>(&answer)) {
     return {UpstreamFault{failure->kind, {}, failure->detail}, failure->calls};
   }

@@ -36,7 +36,7 @@ class VerifyXmlUpstream final : public Upstream {
   Credentials GetCredentials() const;
 
   const std::string name_;
-  const std::string verifyUrl_;
+  const std::string url_;
   const std::string credentialsFile_;
   HttpClient client_;
   mutable std::mutex mutex_;

@@ -235,7 +235,6 @@ TEST(VerifyServiceTest, AnswersDocumentsByteForByte) {
   }
 }
 
-// The forms that were recorded of the postal service, each element in its place.
 // A source that always has a choice to offer: as many as are wanted.
 class ChoiceSource final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string&, Done done) override {
@@ -301,6 +300,52 @@ TEST(VerifyServiceTest, NamesCandidatesAndItsSourceToWhoAsksForThem) {
   }
 }
 
+// The two calls for ZIP codes, and what Verify's clients asked for before there was a revision.
+TEST(VerifyServiceTest, AnswersTheOtherCalls) {
+  const auto zips = [](const std::string& items) {
+    return "<CityStateLookupRequest USERID=\"1\">" + items + "</CityStateLookupRequest>";
+  };
+  const std::string noZip =
+      "<Error><Number>-2147219399</Number><Source>WebtoolsAMS;CityStateLookup</Source>"
+      "<Description>Invalid Zip Code.</Description><HelpFile/><HelpContext/></Error>";
+  const struct {
+    const char* api;
+    std::string document;
+    std::string reply;
+  } rows[] = {
+      {"CityStateLookup",
+       zips("<ZipCode "
+            "ID=\"0\"><Zip5>78701</Zip5></ZipCode><ZipCode><Zip5>02108-1234</Zip5></ZipCode>"
+            "<ZipCode ID=\"2\"><Zip5>00000</Zip5></ZipCode><ZipCode ID=\"3\"/>"),
+       "<CityStateLookupResponse><ZipCode ID=\"0\"><Zip5>78701</Zip5><City>AUSTIN</City><State>TX"
+       "</State></ZipCode><ZipCode><Zip5>02108</Zip5><City>BOSTON</City><State>MA</State></ZipCode>"
+       "<ZipCode ID=\"2\">" +
+           noZip + "</ZipCode><ZipCode ID=\"3\">" + noZip +
+           "</ZipCode>"
+           "</CityStateLookupResponse>"},
+      {"citystatelookup", zips("<ZipCode/><ZipCode/><ZipCode/><ZipCode/><ZipCode/><ZipCode/>"),
+       "<Error><Number>80040B18</Number><Description>A request may hold up to 5 addresses. Send "
+       "the others in another.</Description><Source>USPSCOM::DoAuth</Source></Error>"},
+      {"CityStateLookup", Request("<Address>" + kAsked + "</Address>"), kSyntax},
+      {"CityStateLookup", "<CityStateLookupRequest USERID=\"1\"><ZipCode><Zip5>78701",
+       "<CityStateLookupResponse><ZipCode>" + noZip + "</ZipCode></CityStateLookupResponse>"},
+      {"ZipCodeLookup",
+       "<ZipCodeLookupRequest USERID=\"1\"><Revision>1</Revision><Address "
+       "ID=\"7\"><FirmName>A</FirmName>"
+       "<Address1/><Address2>12 main street</Address2><City>hutto</City><State>TX</State>"
+       "<Zip5/><Zip4/></Address><Address ID=\"8\"/></ZipCodeLookupRequest>",
+       "<ZipCodeLookupResponse><Address ID=\"7\"><FirmName>A</FirmName><Address2>12 MAIN "
+       "ST</Address2>"
+       "<City>HUTTO</City><State>TX</State><Zip5>78634</Zip5><Zip4/></Address>"
+       "<Address ID=\"8\">" +
+           kInvalid + "</Address></ZipCodeLookupResponse>"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Answer({"POST", "/shippingapi.DLL", std::string("API=") + row.api, row.document}),
+              row.reply);
+  }
+}
+
 TEST(VerifyServiceTest, ComposesEveryElementInItsPlace) {
   ReplyFields fields;
   fields.firmName = "F";
@@ -326,7 +371,7 @@ TEST(VerifyServiceTest, ComposesEveryElementInItsPlace) {
       "needed (such as an apartment, suite, or box number) to match to a specific "
       "address.</ReturnText>";
   const std::string place = "<State>PA</State><Urbanization>U</Urbanization><Zip5>18302</Zip5>";
-  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, true),
+  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, {.isLong = true}),
             kDeclaration +
                 Response("<Address ID=\"0\"><FirmName>F</FirmName><Address1>STE 7</Address1>"
                          "<Address2>12 MAIN STREET</Address2>"
@@ -339,11 +384,17 @@ TEST(VerifyServiceTest, ComposesEveryElementInItsPlace) {
                          "<DPVFalse>N</DPVFalse><DPVFootnotes>AAN1</DPVFootnotes>"
                          "<Business>N</Business><CentralDeliveryPoint>N</CentralDeliveryPoint>"
                          "<Vacant>Y</Vacant></Address>"));
-  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, false),
+  EXPECT_EQ(VerifyReply::Compose({{"0", fields}}, {}),
             kDeclaration + Response("<Address ID=\"0\"><FirmName>F</FirmName>"
                                     "<Address1>STE 7</Address1><Address2>12 MAIN STREET</Address2>"
                                     "<City>E STROUDSBURG</City>" +
                                     place + "<Zip4>1234</Zip4>" + returnText + "</Address>"));
+  const std::string optional =
+      VerifyReply::Compose({{"0", fields}}, {.hasDeliveryPoint = true, .hasCarrierRoute = true});
+  EXPECT_TRUE(optional.ends_with("<Zip4>1234</Zip4><DeliveryPoint>99</DeliveryPoint>" + returnText +
+                                 "<CarrierRoute>C069</CarrierRoute></Address>"
+                                 "</AddressValidateResponse>"))
+      << optional;
 }
 
 struct QueryCase {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <future>
+#include <sstream>
 
 #include "service/VerifyService.h"
 #include "service/gateway/FallbackSource.h"
@@ -193,6 +194,36 @@ TEST_F(GatewayTest, AsksForOneAddressOnce) {
   EXPECT_EQ(state.cached + state.joined, 2U);  // joined while the answer is being written
   EXPECT_EQ(state.calls, 1U);
   EXPECT_EQ(state.turnedDownHere, 1U);
+}
+
+// Of three calls about one place two are made: the ZIP+4 stands in the answer that is kept.
+TEST_F(GatewayTest, MakesTheOtherCalls) {
+  Start();
+  const auto ask = [this](AddressCall call, const char* zip) {
+    RequestAddress asked;
+    asked.address2 = "1 Main St.";
+    asked.zip5 = zip;
+    asked.call = call;
+    const auto promise = std::make_shared<std::promise<AddressAnswer>>();
+    gateway_->Find(asked, "a", [promise](AddressAnswer answer) { promise->set_value(answer); });
+    return Get(promise->get_future());
+  };
+  std::istringstream zips("78701\tAUSTIN\tTX\n");
+  zips_->Read(zips, "");
+  for (const AddressCall call : {AddressCall::Verify, AddressCall::ZipCode}) {
+    EXPECT_EQ(std::get<ReplyFields>(ask(call, "78701-1234")).zip4, "1234");
+  }
+  EXPECT_EQ(Calls(), 1U);
+  ReplyFields place;
+  place.city = "AUSTIN";
+  place.state = "TX";
+  place.zip5 = "78701";
+  upstream_.Say({place, 1});
+  EXPECT_EQ(std::get<ReplyFields>(ask(AddressCall::City, "78701-1234")), place);
+  Start();
+  EXPECT_EQ(std::get<ReplyFields>(ask(AddressCall::City, " 78701")), place);
+  EXPECT_EQ(Calls(), 2U);
+  EXPECT_EQ(ask(AddressCall::City, "787"), AddressAnswer(postal::Rejection::InvalidZip));
 }
 
 TEST_F(GatewayTest, SaysWhoseWordAnAnswerIs) {

@@ -18,7 +18,7 @@ std::string Show(const UpstreamAnswer& answer) {
     return std::string(VerifyReply::NumberOf(*rejection));
   }
   const std::string xml =
-      VerifyReply::Compose({{std::nullopt, std::get<ReplyFields>(answer)}}, true);
+      VerifyReply::Compose({{std::nullopt, std::get<ReplyFields>(answer)}}, {.isLong = true});
   const size_t begin = xml.find("<Address>") + 9;
   return xml.substr(begin, xml.rfind("</Address>") - begin);
 }
@@ -187,15 +187,46 @@ TEST(PostalApiTest, ReadsErrors) {
 
 TEST(PostalApiTest, LeavesOutWhatTheValidatorTurnsDown) {
   const RequestAddress sparse{{}, "", "", "12 A/B ST # 4", "", "TX", "", "78701", ""};
-  EXPECT_EQ(PostalApi::QueryFor(sparse),
-            "streetAddress=12%20A%2FB%20ST%20%23%204&state=TX&ZIPCode=78701");
+  EXPECT_EQ(PostalApi::ResourceFor(sparse),
+            "address?streetAddress=12%20A%2FB%20ST%20%23%204&state=TX&ZIPCode=78701");
   RequestAddress full{{},   "A & B", "STE 1", "12 A/B ST # 4", "AUSTIN",
                       "TX", "URB A", "78701", "1234"};
-  EXPECT_EQ(PostalApi::QueryFor(full),
-            "firm=A%20%26%20B&streetAddress=12%20A%2FB%20ST%20%23%204&secondaryAddress=STE%201"
-            "&city=AUSTIN&state=TX&urbanization=URB%20A&ZIPCode=78701&ZIPPlus4=1234");
+  EXPECT_EQ(
+      PostalApi::ResourceFor(full),
+      "address?firm=A%20%26%20B&streetAddress=12%20A%2FB%20ST%20%23%204&secondaryAddress=STE%201"
+      "&city=AUSTIN&state=TX&urbanization=URB%20A&ZIPCode=78701&ZIPPlus4=1234");
   full.firmName = std::string(51, 'A');
-  EXPECT_TRUE(PostalApi::QueryFor(full).starts_with("streetAddress"));
+  EXPECT_TRUE(PostalApi::ResourceFor(full).starts_with("address?streetAddress"));
+  full.call = AddressCall::ZipCode;
+  EXPECT_TRUE(PostalApi::ResourceFor(full).starts_with("zipcode?streetAddress"));
+  full.city.clear();
+  EXPECT_TRUE(PostalApi::ResourceFor(full).starts_with("address?streetAddress"));
+  full.call = AddressCall::City;
+  EXPECT_EQ(PostalApi::ResourceFor(full), "city-state?ZIPCode=78701");
+}
+
+TEST(PostalApiTest, ReadsCities) {
+  RequestAddress asked;
+  asked.call = AddressCall::City;
+  asked.zip5 = "78701";
+  const struct {
+    int status;
+    const char* body;
+    const char* result;
+  } rows[] = {
+      {200, R"({"city":"Austin","state":"TX","ZIPCode":"78701"})",
+       "<Address2/><City>AUSTIN</City><State>TX</State><Zip5>78701</Zip5><Zip4/>"},
+      {200, R"({"city":"AUSTIN","state":"Texas"})", "bad-reply"},
+      {200, R"({"state":"TX"})", "bad-reply"},
+      {400, R"({"error":{"code":"400","message":"Bad Request"}})", "-2147219399"},
+      {404, R"({"error":{"code":"010002"}})", "-2147219399"},
+      {500, "{}", "server-error"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Show(PostalApi::Read({row.status, row.body, {}}, asked, postal::ShippedZips())),
+              row.result)
+        << row.body;
+  }
 }
 
 const struct {

@@ -302,6 +302,15 @@ TEST(VerifyXmlUpstreamTest, AsksAPartner) {
   ASSERT_EQ(Show(found), "found");
   EXPECT_EQ(std::get<ReplyFields>(found.answer),
             std::get<ReplyFields>(verifier.Verify(normal).outcome));
+  for (const AddressCall call : {AddressCall::ZipCode, AddressCall::City}) {
+    RequestAddress other = normal;
+    other.call = call;
+    const UpstreamOutcome told = upstream.Ask(other);
+    ASSERT_EQ(Show(told), "found");
+    EXPECT_EQ(std::get<ReplyFields>(told.answer).city, "SPRINGFIELD");
+    other.zip5 = call == AddressCall::City ? "00000" : "";
+    EXPECT_EQ(Show(upstream.Ask(other)), call == AddressCall::City ? "-2147219399" : "-2147219403");
+  }
   normal.zip5 = "";
   EXPECT_EQ(Show(upstream.Ask(normal)), "-2147219403");
   VerifyXmlUpstream lost(ReadPartnerUrl("http://" + server.Address()), credentials, {});
