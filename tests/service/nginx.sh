@@ -49,8 +49,9 @@ restart() {
 serve() {
   for _ in {1..10}; do
     port=$((20000 + RANDOM % 10000))
-    sed -e "s/listen 443/listen 127.0.0.1:$port/" -e "s/verify\.example\.com;/localhost;/" \
-      -e "s,/etc/ssl/[a-z]*/verify\.example\.com,$scratch/tls," -e "s,/var/log/nginx,$scratch," \
+    sed -e "s/listen 443/listen 127.0.0.1:$port/" -e "s/listen 80;/listen 127.0.0.1:$((port + 1));/" \
+      -e "s/verify\.example\.com;/localhost;/" -e "s/server_name secure/server_name localhost secure/" \
+      -e "s,/etc/ssl/[a-z]*/[a-z.-]*\(\.pem\|\.key\),$scratch/tls\1," -e "s,/var/log/nginx,$scratch," \
       -e "s/127\.0\.0\.1:847[01] /${address[a]} /" -e "s/127\.0\.0\.1:8472 /${address[b]} /" \
       "$examples/$1" > "$scratch/site.conf"
     cat > "$scratch/nginx.conf" << END
@@ -98,7 +99,7 @@ load() {
 }
 
 openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 1 -subj /CN=localhost \
-  -addext subjectAltName=DNS:localhost -keyout "$scratch/tls.key" -out "$scratch/tls.pem" 2> /dev/null
+  -addext subjectAltName=DNS:localhost,DNS:secure.shippingapis.com -keyout "$scratch/tls.key" -out "$scratch/tls.pem" 2> /dev/null
 document='<AddressValidateRequest USERID="1"><Address><Address2>12 main street</Address2>'
 document+='<Zip5>78701</Zip5></Address></AddressValidateRequest>'
 start a 127.0.0.1:0
@@ -115,6 +116,18 @@ status 200 --get "$site/ShippingAPI.dll" --data API=Verify --data "XML=$(tr ' ' 
 status 404 "$site/status"
 head -c 70000 /dev/zero > "$scratch/large"
 status 413 --data-binary "@$scratch/large" "$site/ShippingAPI.dll?API=Verify"
+kill -QUIT "${pids[nginx]}" && wait "${pids[nginx]}"
+
+serve old-names.conf
+old=secure.shippingapis.com
+for way in "https://$old:$port/shippingapi.dll --resolve $old:$port:127.0.0.1" \
+  "http://$old/ShippingAPITest.dll --noproxy none --proxy http://localhost:$((port + 1))" \
+  "http://$old/ShippingAPI.DLL --noproxy none --proxy http://${address[a]}"; do
+  read -r -a arguments <<< "$way"
+  status 200 --get "${arguments[@]}" --data API=Verify --data-urlencode "XML=$document"
+  grep --quiet '<Address2>12 MAIN ST</Address2><City>AUSTIN</City>' "$scratch/answer" ||
+    fail "no answer by $way: $(cat "$scratch/answer")"
+done
 kill -QUIT "${pids[nginx]}" && wait "${pids[nginx]}"
 
 serve two-instances.conf
