@@ -16,6 +16,8 @@ namespace {
 constexpr std::string_view kPath = "/ShippingAPI.dll";
 constexpr size_t kLongestApiName = 40;
 
+using Clock = std::chrono::steady_clock;
+
 HttpReply XmlReply(std::string body, std::string note) {
   return {200, "text/xml; charset=UTF-8", std::move(body), std::move(note)};
 }
@@ -125,6 +127,7 @@ struct VerifyService::Document {
     }
   }
 
+  const Clock::time_point begun = Clock::now();
   const VerifyRequest request;
   const bool wantsSource;
   std::vector<ReplyAddress> replies;  // the outcome of each written by one thread
@@ -210,16 +213,17 @@ void VerifyService::AnswerCall(AddressCall call, std::string_view text, const As
 void VerifyService::Finish(const Document& document) {
   std::chrono::seconds retryAfter(0);
   for (const ReplyAddress& reply : document.replies) {
-    ++(std::holds_alternative<ReplyFields>(reply.outcome)         ? counts_.found
-       : std::holds_alternative<postal::Rejection>(reply.outcome) ? counts_.rejected
-                                                                  : counts_.unanswered);
-    if (const auto* const fault = std::get_if<ServiceFault>(&reply.outcome)) {
-      retryAfter = std::max(retryAfter, fault->retryAfter);
-    }
+    const auto* const rejection = std::get_if<postal::Rejection>(&reply.outcome);
+    const auto* const fault = std::get_if<ServiceFault>(&reply.outcome);
+    ++(rejection != nullptr ? counts_.rejected[static_cast<size_t>(*rejection)]
+       : fault != nullptr   ? counts_.unanswered
+                            : counts_.found);
+    retryAfter = std::max(retryAfter, fault == nullptr ? retryAfter : fault->retryAfter);
   }
   HttpReply reply = XmlReply(VerifyReply::Compose(document.replies, document.request.form),
                              options_.takesNotes ? Note(document) : std::string());
   reply.retryAfter = retryAfter;
+  counts_.seconds.Note(std::chrono::duration<double>(Clock::now() - document.begun).count());
   document.respond(std::move(reply));
 }
 

@@ -1,11 +1,15 @@
 #ifndef POSTWRIGHT_SERVICE_VERIFYSERVICE_H_
 #define POSTWRIGHT_SERVICE_VERIFYSERVICE_H_
 
+#include <array>
 #include <atomic>
 #include <cstdint>
+#include <numeric>
 #include <string>
 #include <string_view>
 
+#include "common/Histogram.h"
+#include "postal/places/Rejection.h"
 #include "service/AnswerSource.h"
 #include "service/UserList.h"
 #include "service/http/HttpMessage.h"
@@ -18,8 +22,14 @@ struct TrafficCounts {
   std::atomic<uint64_t> unreadable = 0;
   std::atomic<uint64_t> strangers = 0;  // of a user who is not on the list
   std::atomic<uint64_t> found = 0;      // addresses, as the two below
-  std::atomic<uint64_t> rejected = 0;
+  std::array<std::atomic<uint64_t>, postal::kRejections> rejected = {};  // by postal::Rejection
   std::atomic<uint64_t> unanswered = 0;
+  // That an answered document took, from its arrival to its reply.
+  Histogram seconds{{0.0001, 0.00025, 0.0005, 0.001, 0.0025, 0.01, 0.1, 1, 5, 20}};
+
+  uint64_t Rejected() const {
+    return std::accumulate(rejected.begin(), rejected.end(), uint64_t{0});
+  }
 };
 
 // The address calls of the interface as an HTTP handler: GET or POST

@@ -1,6 +1,8 @@
 #ifndef POSTWRIGHT_POSTAL_PLACES_REJECTION_H_
 #define POSTWRIGHT_POSTAL_PLACES_REJECTION_H_
 
+#include <cstddef>
+
 namespace postwright::postal {
 
 // Why an address is turned down: the Verify interface's own reasons.
@@ -12,6 +14,7 @@ enum class Rejection {
   NotFound,        // the delivery line is of no known form
   Multiple,        // several places fit equally well
 };
+constexpr size_t kRejections = static_cast<size_t>(Rejection::Multiple) + 1;
 
 }  // namespace postwright::postal
 

@@ -243,6 +243,7 @@ std::optional<AnswerCache::Kept> AnswerCache::Find(const std::string& key) {
   if (rejection == nullptr && fields == nullptr) {
     return std::nullopt;
   }
+  hitAges_.Note(static_cast<double>(Seconds(clock_.Today()) - row->first));
   Kept kept = rejection != nullptr ? Kept(*rejection) : Kept(*fields);
   kept.candidates = std::move(candidates);
   kept.source = {ReplySource::Kind::Cache, source_,

@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "common/Histogram.h"
 #include "postal/places/Rejection.h"
 #include "service/protocol/VerifyReply.h"
 #include "service/upstream/Clock.h"
@@ -64,6 +65,9 @@ class AnswerCache {
 
   // Returns about how many answers the file holds, of all sources.
   int64_t Size() const { return size_; }
+
+  // The age, in seconds, of each answer that was found.
+  const Histogram& HitAges() const { return hitAges_; }
   uint64_t Failures() const { return failures_; }
   std::string LastFailure() const;  // empty where there was none
   const std::filesystem::path& File() const { return file_; }
@@ -99,6 +103,7 @@ class AnswerCache {
   std::string repair_;
   std::atomic<int64_t> size_ = 0;
   std::atomic<uint64_t> failures_ = 0;
+  Histogram hitAges_{{3600, 86400, 7 * 86400, 14 * 86400, 21 * 86400, 30 * 86400}};
   mutable std::mutex failureMutex_;
   std::string lastFailure_;
 };

@@ -63,6 +63,9 @@ class Gateway final : public AnswerSource {
 
   GatewayState State();
 
+  // The seconds that each call took.
+  const Histogram& CallSeconds() const { return record_.CallSeconds(); }
+
  private:
   struct Waiter {
     Done done;

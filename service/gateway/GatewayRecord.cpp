@@ -24,7 +24,7 @@ void GatewayRecord::TurnedAway(FaultKind kind, size_t addresses) {
 
 void GatewayRecord::CallEnds(Clock::Time begun) {
   --state_.calling;
-  state_.callSeconds += std::chrono::duration<double>(clock_.Now() - begun).count();
+  callSeconds_.Note(std::chrono::duration<double>(clock_.Now() - begun).count());
 }
 
 void GatewayRecord::Failed(const UpstreamFault& fault, std::optional<Clock::Time> pausedUntil) {

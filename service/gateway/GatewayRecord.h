@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "common/Histogram.h"
 #include "service/gateway/Budget.h"
 #include "service/http/RequestLog.h"
 #include "service/upstream/Clock.h"
@@ -18,7 +19,6 @@ struct GatewayState {
   std::string upstream;
 
   uint64_t calls = 0;                             // that counted against the upstream's quota
-  double callSeconds = 0;                         // that they took, together
   uint64_t cached = 0;                            // addresses answered from the cache
   uint64_t joined = 0;                            // addresses that were being asked for already
   uint64_t turnedDownHere = 0;                    // addresses that no upstream could answer
@@ -60,6 +60,9 @@ class GatewayRecord {
   void CallsCounted(size_t calls) { state_.calls += calls; }
   void Failed(const UpstreamFault& fault, std::optional<Clock::Time> pausedUntil);
 
+  // The seconds that each call took. Any thread.
+  const Histogram& CallSeconds() const { return callSeconds_; }
+
   // All of it, without what the queue and the pace know.
   const GatewayState& State() const { return state_; }
 
@@ -67,6 +70,7 @@ class GatewayRecord {
   const Clock& clock_;
   RequestLog& log_;
   GatewayState state_;
+  Histogram callSeconds_{{0.05, 0.1, 0.25, 0.5, 1, 2.5, 5, 10, 20}};
   Clock::Time loggedAt_ = Clock::Time::min();
 };
 

@@ -59,6 +59,26 @@ void Labelled(std::string& page, const std::string& name, const std::string& lab
       name + '{' + label + "=\"" + std::string(labelValue) + "\"} " + std::to_string(value) + '\n';
 }
 
+// A bound as a label says it, "0.00025" and "2.592e+06".
+std::string Short(double number) {
+  char text[40] = "";
+  return {text, static_cast<size_t>(std::snprintf(text, sizeof(text), "%g", number))};
+}
+
+// Values by their size: each bound's line counts all that lie below it.
+void AppendHistogram(std::string& page, const std::string& name, const std::string& help,
+                     const Histogram& values) {
+  page += "# HELP " + name + ' ' + help + "\n# TYPE " + name + " histogram\n";
+  uint64_t count = 0;
+  for (size_t i = 0; i <= values.Bounds().size(); ++i) {
+    count += values.Count(i);
+    const bool isLast = i == values.Bounds().size();
+    Labelled(page, name + "_bucket", "le", isLast ? "+Inf" : Short(values.Bounds()[i]), count);
+  }
+  page += name + "_sum " + Decimal(values.Sum()) + '\n' + name + "_count " + std::to_string(count) +
+          '\n';
+}
+
 std::string DescribeBudget(const GatewayState& state) {
   if (!state.budget) {
     return "no bound";
@@ -94,18 +114,17 @@ std::string DescribeErrors(const GatewayState& state) {
   return text;
 }
 
-void AppendGateway(std::string& page, const GatewayState& state) {
+void AppendGateway(std::string& page, const GatewayState& state, double callSeconds) {
   Line(page, "Upstream", state.upstream);
   Line(page, "", DescribeTurn(state));
   Line(page, "Budget", DescribeBudget(state));
   Line(page, "Waiting",
        std::to_string(state.waiting) + (state.waiting == 1 ? " address" : " addresses"));
-  Line(
-      page, "Asked",
-      Count(state.calls, "call") + ", " + std::to_string(state.calling) + " under way" +
-          (state.calls == 0 ? ""
-                            : ", " + Decimal(state.callSeconds / static_cast<double>(state.calls)) +
-                                  " s on average"));
+  Line(page, "Asked",
+       Count(state.calls, "call") + ", " + std::to_string(state.calling) + " under way" +
+           (state.calls == 0 ? ""
+                             : ", " + Decimal(callSeconds / static_cast<double>(state.calls)) +
+                                   " s on average"));
   Line(page, "Not asked",
        std::to_string(state.cached) + " answered from the cache, " + std::to_string(state.joined) +
            " asked for already, " + std::to_string(state.turnedDownHere) +
@@ -113,11 +132,12 @@ void AppendGateway(std::string& page, const GatewayState& state) {
   Line(page, "Errors", DescribeErrors(state));
 }
 
-void AppendGatewayMetrics(std::string& page, const GatewayState& state) {
+void AppendGatewayMetrics(std::string& page, Gateway& gateway) {
+  const GatewayState state = gateway.State();
   Metric(page, "postwright_upstream_calls_total", "counter", "Calls of the upstream.",
          std::to_string(state.calls));
-  Metric(page, "postwright_upstream_call_seconds_total", "counter", "Time that they took.",
-         Decimal(state.callSeconds));
+  AppendHistogram(page, "postwright_upstream_call_seconds", "Time that each took.",
+                  gateway.CallSeconds());
   Metric(page, "postwright_upstream_calls_under_way", "gauge", "Calls under way.",
          std::to_string(state.calling));
   Metric(page, "postwright_upstream_waiting", "gauge", "Addresses that wait for a call.",
@@ -188,13 +208,13 @@ std::string StatusPages::Status() const {
        std::to_string(traffic.documents) + " read, " + std::to_string(traffic.unreadable) +
            " that could not be, " + std::to_string(traffic.strangers) + " of unknown users");
   Line(page, "Addresses",
-       std::to_string(traffic.found) + " found, " + std::to_string(traffic.rejected) +
+       std::to_string(traffic.found) + " found, " + std::to_string(traffic.Rejected()) +
            " turned down, " + std::to_string(traffic.unanswered) + " without an answer");
   if (sources_.gateway == nullptr) {
     return page;
   }
   page += '\n';
-  AppendGateway(page, sources_.gateway->State());
+  AppendGateway(page, sources_.gateway->State(), sources_.gateway->CallSeconds().Sum());
   if (sources_.fallback != nullptr) {
     Line(page, "Fallback",
          std::to_string(sources_.fallback->Count()) + " answered from the local base");
@@ -221,10 +241,19 @@ std::string StatusPages::Metrics() const {
       "# HELP postwright_addresses_total Addresses by what became of them.\n"
       "# TYPE postwright_addresses_total counter\n";
   Labelled(page, "postwright_addresses_total", "outcome", "found", traffic.found);
-  Labelled(page, "postwright_addresses_total", "outcome", "rejected", traffic.rejected);
+  Labelled(page, "postwright_addresses_total", "outcome", "rejected", traffic.Rejected());
   Labelled(page, "postwright_addresses_total", "outcome", "unanswered", traffic.unanswered);
+  page +=
+      "# HELP postwright_rejections_total Addresses turned down, by the interface's number.\n"
+      "# TYPE postwright_rejections_total counter\n";
+  for (size_t i = 0; i < postal::kRejections; ++i) {
+    Labelled(page, "postwright_rejections_total", "number",
+             VerifyReply::NumberOf(static_cast<postal::Rejection>(i)), traffic.rejected[i]);
+  }
+  AppendHistogram(page, "postwright_document_seconds",
+                  "Time from a document's arrival to its reply.", traffic.seconds);
   if (sources_.gateway != nullptr) {
-    AppendGatewayMetrics(page, sources_.gateway->State());
+    AppendGatewayMetrics(page, *sources_.gateway);
   }
   if (sources_.fallback != nullptr) {
     Metric(page, "postwright_fallback_total", "counter", "Addresses answered from the local base.",
@@ -233,6 +262,8 @@ std::string StatusPages::Metrics() const {
   if (const AnswerCache* const cache = sources_.cache) {
     Metric(page, "postwright_cache_answers", "gauge", "Answers that the cache holds.",
            std::to_string(cache->Size()));
+    AppendHistogram(page, "postwright_cache_hit_age_seconds", "Age of each answer from the cache.",
+                    cache->HitAges());
     Metric(page, "postwright_cache_failures_total", "counter", "What could not be kept or read.",
            std::to_string(cache->Failures()));
   }

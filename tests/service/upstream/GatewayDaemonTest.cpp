@@ -3,6 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <regex>
 #include <thread>
 
 #include "common/SmallText.h"
@@ -113,7 +116,10 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
                 {"\npostwright_upstream_calls_total 4\n", "\npostwright_upstream_budget_left 0\n",
                  "\npostwright_errors_total{kind=\"budget-spent\"} 2\n",
                  "\npostwright_addresses_total{outcome=\"found\"} 4\n",
-                 "\npostwright_upstream_paused 1\n"});
+                 "\npostwright_rejections_total{number=\"-2147219401\"} 1\n",
+                 "\npostwright_document_seconds_bucket{le=\"+Inf\"} 4\n",
+                 "\npostwright_upstream_call_seconds_count 4\n",
+                 "\npostwright_cache_hit_age_seconds_count ", "\npostwright_upstream_paused 1\n"});
     for (const char* headers :
          {"Host: example.com\r\n", "Host: 127.example.com\r\n",
           "Host: localhost\r\nX-Forwarded-For: 192.0.2.1\r\n",
@@ -144,6 +150,17 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
   EXPECT_EQ(api_.Addresses(), 4);
   ExpectHolds(Get(address, "/status", "Host: A.example:80\r\nX-Forwarded-For: 192.0.2.1\r\n"),
               {"HTTP/1.1 200", "1 answered from the local base"});
+  // What the board for Grafana asks for is there.
+  std::ifstream file(POSTWRIGHT_SOURCE_DIR "/examples/grafana/postwright.json");
+  const std::string board{std::istreambuf_iterator<char>(file), {}};
+  const std::string metrics = Body(Get(address, "/metrics"));
+  const std::regex name("postwright_[a-z_]+");
+  const std::sregex_iterator end;
+  size_t count = 0;
+  for (std::sregex_iterator at(board.begin(), board.end(), name); at != end; ++at, ++count) {
+    EXPECT_NE(metrics.find('\n' + at->str()), std::string::npos) << at->str();
+  }
+  EXPECT_GT(count, 20U);
 }
 
 TEST_F(GatewayDaemonTest, ReadsItsCredentialsAgain) {
