@@ -37,15 +37,44 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)
 fi
 
-echo "Installing: ${missing[*]}"
-apt() {
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get --quiet --quiet "$@" > /dev/null
+apt() { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get --quiet "$@"; }
+
+# Says what will come over the network; fails where the lists of packages are absent or too old.
+announce() {
+  local files
+  files=$(apt-get install --print-uris --yes --no-install-recommends "${missing[@]}" 2> /dev/null) || return 1
+  files=$(grep "^'" <<< "$files") || { echo "Installing ${missing[*]}."; return 0; }  # fetched before
+  count=$(wc --lines <<< "$files")
+  echo "Installing ${missing[*]}: with what they need $count packages," \
+    "$(awk '{ bytes += $3 } END { print int(bytes / 1e6) + 1 }' <<< "$files") MB to fetch."
 }
-# The lists may be old or absent; they are fetched anew only where they do not serve.
-if ! apt install --yes --no-install-recommends "${missing[@]}" 2> /dev/null; then
-  if ! { apt update && apt install --yes --no-install-recommends "${missing[@]}"; }; then
-    echo "The packages could not be installed. Is the package registry within reach? By hand:" >&2
-    echo "  ${as_root[*]} apt-get update && ${as_root[*]} apt-get install ${missing[*]}" >&2
-    exit 1
-  fi
+
+# Says now and then how far it is.
+progress() {
+  local line fetched=0 done=0
+  while IFS= read -r line; do
+    case $line in
+      Get:*) ((++fetched % 40)) || echo "  $fetched of $count fetched" ;;
+      "Setting up "*) ((++done % 40)) || echo "  $done of $count set up" ;;
+    esac
+  done
+}
+
+install() { apt install --yes --no-install-recommends "${missing[@]}" > >(progress); }
+
+update() {
+  echo "Fetching Debian's lists of packages, some 10 MB."
+  apt update > /dev/null
+}
+
+count=0
+if ! announce; then
+  update || true
+  announce || true  # what is wrong then, the installation says
+fi
+# The lists may name packages that the registry has replaced.
+if ! install && ! { update && install; }; then
+  echo "The packages could not be installed. Is the package registry within reach? By hand:" >&2
+  echo "  ${as_root[*]} apt-get update && ${as_root[*]} apt-get install ${missing[*]}" >&2
+  exit 1
 fi
