@@ -1,55 +1,66 @@
 #!/usr/bin/env bash
-# Compares what programs that are built already need of the libraries with the last version's, by
-# libabigail:
+# Compares what programs that are built already need of the libraries with what the last release gave
+# them, as packaging/abi/VERSION/ has it, by libabigail:
 #
-#   scripts/check-abi.sh          with the last tag
-#   scripts/check-abi.sh COMMIT   with any commit
+#   scripts/check-abi.sh           compares
+#   scripts/check-abi.sh --write   records the version of CMakeLists.txt, as part of its release
 #
-# Both are built into build-abi/. Exit status 0: such programs go on working, or the SONAME has been
-# raised; 1: they do not. What has been added is no difference. Needs abidiff (Debian:
-# abigail-tools).
+# Builds the libraries into build-abi/, with all debug information. Exit status 0: such programs go on
+# working, or the SONAME has been raised, or nothing was released yet; 1: they do not. What has been
+# added is no difference. Needs abidiff (Debian: abigail-tools).
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 command -v abidiff > /dev/null || { echo "abidiff is not installed: apt-get install abigail-tools" >&2; exit 2; }
-
-if ! earlier=${1:-$(git describe --tags --abbrev=0 2> /dev/null)}; then
-  echo "There is no tag, so there is no earlier version to compare with. To compare with a commit:"
-  echo "scripts/check-abi.sh COMMIT"
+version=$(sed -nE 's/^  VERSION ([0-9.]+)$/\1/p' CMakeLists.txt)
+mkdir -p packaging/abi
+recorded=$(find packaging/abi -mindepth 1 -type d | sort --version-sort | tail -n 1)
+if [ "${1-}" != --write ] && [ ! "$recorded" ]; then
+  echo "packaging/abi/ has no release to compare with; --write records one."
   exit 0
 fi
-git rev-parse --quiet --verify "$earlier^{commit}" > /dev/null || { echo "There is no commit '$earlier'." >&2; exit 2; }
-
-# library_build SOURCES BUILD: leaves the libraries and their headers in BUILD/prefix.
-library_build() {
-  local component
-  cmake -S "$1" -B "$2" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_INSTALL_LIBDIR=lib \
-    -DPOSTWRIGHT_BUILD_APPS=OFF -DPOSTWRIGHT_BUILD_SERVICE=OFF -DPOSTWRIGHT_BUILD_TESTS=OFF > /dev/null
-  cmake --build "$2" --parallel "$(nproc)" --target postwright > /dev/null
-  rm -rf "$2/prefix"
-  for component in core core-dev client client-dev; do
-    cmake --install "$2" --prefix "$2/prefix" --component "$component" > /dev/null
-  done
-}
 
 if command -v ccache > /dev/null; then
   export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
-rm -rf build-abi/sources
-git worktree prune
-git worktree add --quiet --detach build-abi/sources "$earlier"
-trap 'git worktree remove --force build-abi/sources' EXIT
-library_build build-abi/sources build-abi/earlier
-library_build . build-abi/now
+prefix=build-abi/prefix
+cmake -S . -B build-abi -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_INSTALL_LIBDIR=lib \
+  -DPOSTWRIGHT_BUILD_APPS=OFF -DPOSTWRIGHT_BUILD_TESTS=OFF > /dev/null
+cmake --build build-abi --parallel "$(nproc)" --target postwright postwright-local > /dev/null
+rm -rf "$prefix"
+for component in core core-dev local local-dev client client-dev; do
+  cmake --install build-abi --prefix "$prefix" --component "$component" > /dev/null
+done
+libraries=$(find "$prefix" -name 'libpostwright*.so' | sort)
+
+# record LIBRARY FILE: writes down what the public headers declare of it.
+record() {
+  abidw --exported-interfaces-only --headers-dir "$prefix/include" --drop-private-types --no-corpus-path \
+    --no-comp-dir-path --no-show-locs --out-file "$2" "$1"
+}
+
+if [ "${1-}" = --write ]; then
+  mkdir -p "packaging/abi/$version"
+  for library in $libraries; do
+    file=packaging/abi/$version/$(basename "$library" .so).abi
+    record "$library" "$file"
+    xz -9 --force "$file"
+  done
+  echo "packaging/abi/$version has the libraries as they are now."
+  exit 0
+fi
 
 status=0
-for library in libpostwright-core libpostwright; do
-  before=$(readlink -f "build-abi/earlier/prefix/lib/$library.so")
-  after=$(readlink -f "build-abi/now/prefix/lib/$library.so")
-  echo "$library, $earlier and now:"
-  if [ "$(readlink "build-abi/earlier/prefix/lib/$library.so")" != "$(readlink "build-abi/now/prefix/lib/$library.so")" ]; then
+for library in $libraries; do
+  name=$(basename "$library" .so)
+  [ -f "$recorded/$name.abi.xz" ] || continue  # a library that the release did not have
+  before=build-abi/before.abi
+  xz --decompress --stdout "$recorded/$name.abi.xz" > "$before"
+  soname=$(sed -nE "s/.* soname='([^']+)'.*/\1/p" "$before" | head -n 1)
+  record "$library" build-abi/now.abi
+  echo "$name, $(basename "$recorded") and now:"
+  if ! grep --quiet --fixed-strings " soname='$soname'" build-abi/now.abi; then
     echo "  The SONAME differs: programs are to be built anew."
-  elif abidiff --no-added-syms --headers-dir1 build-abi/earlier/prefix/include \
-    --headers-dir2 build-abi/now/prefix/include "$before" "$after"; then
+  elif abidiff --no-added-syms "$before" build-abi/now.abi; then
     echo "  Nothing has changed for programs that are built already."
   else
     echo "  Programs that are built already would break. Take the change back, or raise"
