@@ -257,6 +257,10 @@ std::vector<LabelWord> ReadLabelWords(std::wstring_view text) {
   return LabelReader(text).Read();
 }
 
+std::wstring ComposedWord(std::wstring_view word) {
+  return Map(word, UTF8PROC_COMPOSE);
+}
+
 std::wstring WithoutSigns(std::wstring_view word) {
   std::wstring text(word);
   std::erase_if(text, [](wchar_t c) { return c == L'-' || c == L'/' || c == L'.'; });

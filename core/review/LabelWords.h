@@ -27,6 +27,9 @@ struct LabelWord {
 // words and belongs to none. The ranges of the words are in order and do not overlap.
 std::vector<LabelWord> ReadLabelWords(std::wstring_view text);
 
+// Returns the text composed (Unicode's form NFC); as it is where it holds what is no code point.
+std::wstring ComposedWord(std::wstring_view word);
+
 // Returns the word without the signs within numbers, and without the accents of its letters.
 std::wstring WithoutSigns(std::wstring_view word);
 std::wstring WithoutAccents(std::wstring_view word);
