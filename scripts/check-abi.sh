@@ -24,7 +24,7 @@ if command -v ccache > /dev/null; then
 fi
 prefix=build-abi/prefix
 cmake -S . -B build-abi -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_INSTALL_LIBDIR=lib \
-  -DPOSTWRIGHT_BUILD_APPS=OFF -DPOSTWRIGHT_BUILD_TESTS=OFF > /dev/null
+  -DPOSTWRIGHT_BUILD_APPS=OFF -DPOSTWRIGHT_BUILD_PYTHON=OFF -DPOSTWRIGHT_BUILD_TESTS=OFF > /dev/null
 cmake --build build-abi --parallel "$(nproc)" --target postwright postwright-local > /dev/null
 rm -rf "$prefix"
 for component in core core-dev local local-dev client client-dev; do

@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-ROOMS = ["apps", "client", "common", "core", "platform", "postal", "service"]
+ROOMS = ["apps", "client", "common", "core", "platform", "postal", "python", "service"]
 
 # A file to add, and what it includes.
 WRONG = [

@@ -1,0 +1,84 @@
+#ifndef POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_
+#define POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_
+
+#include <postwright/AddressFields.h>
+#include <postwright/AddressLines.h>
+#include <postwright/Confirmation.h>
+#include <postwright/CorrectionReview.h>
+#include <postwright/FixedAddress.h>
+#include <postwright/ReportingServices.h>
+#include <postwright/VerifyReport.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace postwright::python {
+
+// What became of a label. The numbers are those of the command's records.
+enum class FixStatus : std::int32_t {
+  kUnchanged = 0,
+  kFixed = 1,
+  kUndecided = 2,
+  kTurnedDown = 3,
+  kUnanswered = 4,
+};
+
+// One label, asked about with its address lines, the others kept as they were typed, or not asked
+// about where it is left alone. A correction that is doubtful is proposed and not made.
+class LabelFix {
+ public:
+  struct Asking {
+    bool wholeLabel = false;
+    bool keepPunctuation = false;
+    bool acceptDoubtful = false;
+  };
+
+  // Asks the service in force, once at the most, and blocks until it answers; within a Turn. Fails
+  // as unanswered within about a second once `abandoned`, which may be null, holds true.
+  LabelFix(const std::wstring& label, const Asking& asking, const std::atomic<bool>* abandoned);
+
+  FixStatus Status() const { return status_; }
+  const std::wstring& Text() const { return text_; }          // the text to go on with
+  const std::wstring& Proposed() const { return proposed_; }  // of an undecided label; else ""
+  const std::wstring& Mended() const { return mended_; }      // UnreadReason's proposal
+  const std::string& Reason() const { return reason_; }
+  const std::string& ReasonText() const { return reasonText_; }
+  const CorrectionReview& Review() const { return review_; }
+  const Confirmation& Confirmed() const { return confirmation_; }
+  const VerifySource& Source() const { return source_; }
+  bool IsAsked() const { return isAsked_; }
+  std::int32_t RetryAfter() const { return retryAfter_; }
+
+  // The service's own address where it may be taken: of a label that is fixed or unchanged.
+  const std::optional<AddressFields>& Address() const { return address_; }
+
+ private:
+  void Leave(const std::string& reason, const std::string& text);
+  void TakeAnswer(const AddressLines* lines, const AddressFields& answer);
+  void Judge();
+  void Propose(const std::string& reason, const std::string& text);
+  void ExplainFailure(const VerifyReport& report);
+  std::wstring InForm(const std::wstring& address) const;
+
+  const std::wstring label_;
+  const Asking asking_;
+  FixStatus status_ = FixStatus::kUnchanged;
+  std::wstring text_;
+  std::wstring proposed_;
+  std::wstring mended_;
+  std::string reason_;
+  std::string reasonText_;
+  CorrectionReview review_;
+  Confirmation confirmation_;
+  VerifySource source_;
+  bool isAsked_ = true;
+  std::int32_t retryAfter_ = 0;
+  std::optional<AddressFields> address_;
+};
+
+}  // namespace postwright::python
+
+#endif  // POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_

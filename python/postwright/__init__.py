@@ -1,0 +1,115 @@
+"""Finds the US postal address in a label's text, splits it, and gives the text back corrected.
+
+    >>> import postwright
+    >>> postwright.parse("Jane Doe, 12 n main street, austin texas 78701").street_line
+    '12 N MAIN ST'
+    >>> fix = postwright.fix("Jane Doe\\n12 n main street\\naustin, texas 78701")
+    >>> fix.status.name, fix.text
+    ('FIXED', 'Jane Doe\\n12 N MAIN ST\\nAUSTIN TX 78701')
+
+What becomes of a label is a value (Fix.status): a label that is turned down, not answered or in
+doubt raises nothing. Exceptions are for faults: a label that is no str, a file that cannot be used.
+
+Every call may be made from any thread, and in a child of fork(). Calls of one process take turns,
+without the interpreter's lock; fix_many() takes more than one processor. The process's locale plays
+no part, and is left alone.
+"""
+
+from __future__ import annotations
+
+import operator
+import os
+from collections.abc import Iterable, Iterator
+
+from . import _native
+from ._asking import Asking as _Asking
+from ._many import fix_in_order as _fix_in_order
+from ._reading import Reader as _Reader
+from ._records import (Address, BadFileError, Change, Confirmation, Fix, Part, PostwrightError,
+                       Source, StandardAddress, Status, WorkerError)
+
+__all__ = [
+    "Address", "BadFileError", "Change", "Confirmation", "Fix", "Part", "PostwrightError", "Source",
+    "StandardAddress", "Status", "WorkerError", "explain", "fix", "fix_many", "parse", "parse_many",
+]
+
+
+def parse(text: str) -> Address | None:
+    """Finds the address in a label's text and splits it; asks nobody. None where there is none.
+
+    `text` may have any line breaks, and any length: the time is in proportion to it.
+    """
+    return _native.parse(text)
+
+
+def parse_many(texts: Iterable[str]) -> Iterator[Address | None]:
+    """Yields what parse() returns for each text, in their order, several times as fast.
+
+    Up to 1,024 texts are read ahead. What `texts` raises is raised behind the results of the texts
+    before it, and so is the TypeError for what is no str.
+    """
+    reader = _Reader(texts)
+    while labels := reader.read(1024):
+        yield from _native.parse_list(labels)
+    reader.finish()
+
+
+def fix(text: str, *, server: str | None = None,
+        bases: Iterable[str | os.PathLike[str]] | None = None, whole_label: bool = False,
+        keep_punctuation: bool = False, accept_doubtful: bool = False,
+        timeout: float = 120.0) -> Fix:
+    """Asks for the standard form of the address in a label's text, and corrects the text.
+
+    Nobody is asked over a network unless `server`, HOST[:PORT], names a Verify service. The process
+    answers by itself, from the ZIP codes that come along and from address bases: the files `bases`,
+    or else those that the command `postwright fix` finds, in ~/.local/share/postwright and
+    /var/lib/postwright, as they are at the first call.
+
+    The lines that are the address are asked about and corrected, the others stay as they are; with
+    `whole_label` it is the whole text. Punctuation that the postal service leaves out goes, unless
+    with `keep_punctuation`. A correction that is doubtful is proposed (Status.UNDECIDED) and not
+    made, unless with `accept_doubtful`. A server has `timeout` seconds to answer; an interrupt
+    (KeyboardInterrupt) ends the wait.
+
+    Raises TypeError and ValueError for arguments that are none, and BadFileError.
+    """
+    return _Asking.of(server=server, bases=bases, whole_label=whole_label, timeout=timeout,
+                      keep_punctuation=keep_punctuation, accept_doubtful=accept_doubtful).fix(text)
+
+
+def fix_many(texts: Iterable[str], *, jobs: int = 1, patience: float = 600.0,
+             server: str | None = None, bases: Iterable[str | os.PathLike[str]] | None = None,
+             whole_label: bool = False, keep_punctuation: bool = False,
+             accept_doubtful: bool = False, timeout: float = 120.0) -> Iterator[Fix]:
+    """Yields what fix() returns for each text, one for each and in their order.
+
+    With `jobs` above 1 as many worker processes ask at once; 256 texts a job are read ahead at
+    most. They end with the generator. A worker that dies is replaced; the text that it died of has
+    Status.UNANSWERED, with the reason "worker-ended".
+
+    A server that gives no answer is asked again, after a second, then after 2, 4 and so on up to 60,
+    until it answers, for `patience` seconds at most since its last answer; after that, texts that
+    it does not answer come as Status.UNANSWERED, to be asked about another time. So does a text that
+    it leaves without an answer while it answers others. The logger "postwright" is warned of a wait.
+
+    Raises as fix() does, WorkerError where no worker can be started, and what `texts` raises, behind
+    the results of the texts before it.
+    """
+    jobs = operator.index(jobs)
+    if not 1 <= jobs <= 256:
+        raise ValueError("jobs is a number from 1 to 256")
+    asking = _Asking.of(server=server, bases=bases, whole_label=whole_label, timeout=timeout,
+                        keep_punctuation=keep_punctuation, accept_doubtful=accept_doubtful)
+    return _fix_in_order(texts, jobs, asking, patience)
+
+
+def explain(typed: str, corrected: str, footnotes: str = "") -> tuple[Change, ...]:
+    """Says which words of a corrected text stand for which of the typed one, by which rule, and what
+    of it is to be doubted; in the order of the corrected text, empty where both say the same.
+
+    `footnotes` are the letters of the service's Footnotes element, where they are known: some
+    changes are explained by them alone. Asks nobody.
+    """
+    return _native.explain(typed, corrected, footnotes)
+
+

@@ -1,0 +1,172 @@
+"""What the calls return. Plain values: frozen, compared by what they hold, picklable."""
+
+from __future__ import annotations
+
+import dataclasses
+import enum
+
+_record = dataclasses.dataclass(frozen=True, slots=True)
+
+
+class PostwrightError(Exception):
+    """What the package raises beside Python's own TypeError, ValueError and MemoryError."""
+
+
+class BadFileError(PostwrightError):
+    """A list of ZIP codes or an address base cannot be used; the message names it and says why."""
+
+
+class WorkerError(PostwrightError):
+    """A worker process of fix_many() could not be started."""
+
+
+@_record
+class Address:
+    """The elements of an address as the parser read them, in upper case (USPS Publication 28,
+    section 23); "" for an element that the address has not."""
+
+    prefix: str
+    """The text above the address."""
+    number: str
+    """The house number: "12 1/2"."""
+    predirectional: str
+    street: str
+    """The street's name, MAIN; the whole line of a post-office box, PO BOX 12."""
+    street_suffix: str
+    postdirectional: str
+    secondary_unit: str
+    secondary_number: str
+    street_line: str
+    """The delivery line: "12 N MAIN ST APT 4B"."""
+    city: str
+    state: str
+    zip: str
+    """As it was written: "62701", "62701-1234" or "627011234"."""
+    suffix: str
+    """The text below the address."""
+
+
+@_record
+class Part:
+    """A run of words in a text."""
+
+    text: str
+    """As it stands there; "" where the words are in the other text alone."""
+    line: int
+    """From 0 on."""
+    begin: int
+    """text[begin:end] of the whole text; where there are no words, the place for them."""
+    end: int
+
+
+@_record
+class Change:
+    """What stands in the corrected text for what stands in the typed one."""
+
+    rule: str
+    """A code that never changes its meaning: "suffix", "zip-of-street"."""
+    rule_text: str
+    """The same in English."""
+    typed: Part
+    corrected: Part
+    doubt: bool
+    """No rule accounts for it: a person should look before it is taken."""
+    reason: str
+    """Of a doubt, one English sentence; else ""."""
+
+
+class Status(enum.IntEnum):
+    """What became of a label."""
+
+    UNCHANGED = 0
+    """The service says the same, but for case, blanks and punctuation; or nobody was asked."""
+    FIXED = 1
+    """Corrected, and each change is accounted for."""
+    UNDECIDED = 2
+    """A person must decide: a doubtful correction, a number that is not on the street, or a unit
+    that is not in the building."""
+    TURNED_DOWN = 3
+    """The service does not know the address, or the text holds none."""
+    UNANSWERED = 4
+    """Nobody judged the address, and asking again later may help."""
+
+
+class Confirmation(enum.StrEnum):
+    """How far the service confirmed an address as one that exists."""
+
+    NONE = ""
+    """Nobody was asked, or no address came back."""
+    CONFIRMED = "confirmed"
+    UNIT_MISSING = "unit-missing"
+    """The building is known, and has units."""
+    UNIT_NOT_KNOWN = "unit-not-known"
+    """The building is known, the unit is not."""
+    NUMBER_NOT_KNOWN = "number-not-known"
+    """The street is known, the number is not."""
+    FORM_ONLY = "form-only"
+    """Well written; nobody has checked the street."""
+
+
+@_record
+class StandardAddress:
+    """An address in the service's standard form."""
+
+    street_line: str
+    urbanization: str
+    """Puerto Rico."""
+    city: str
+    state: str
+    zip: str
+    """With its ZIP+4 where the service knows one: "78701-1201"."""
+
+
+@_record
+class Source:
+    """Whose word an answer is."""
+
+    kind: str
+    """One of "base", "zip-list", "upstream" and "cache"."""
+    name: str
+    """The base's file, or the other service."""
+    date: str
+    """When the base was made or the answer was kept: "2026-11-20"."""
+    text: str
+    """The same in English, as what stands behind "according to"."""
+
+
+@_record
+class Fix:
+    """A label that was asked about."""
+
+    label: str
+    """As it was given."""
+    status: Status
+    text: str
+    """The text to go on with: corrected where the status is FIXED, else as it was given."""
+    proposed: str
+    """The text as corrected where a person must decide; else ""."""
+    mended: str
+    """The text with what it lacks, where nothing was read in it and only one thing can be meant; to
+    be offered. Mostly ""."""
+    confirmation: Confirmation
+    confirmation_text: str
+    """The same in English."""
+    reason: str
+    """A code: why it was left alone, turned down or not answered, or what is doubtful; or ""."""
+    reason_text: str
+    """The same in English, for a person."""
+    changes: tuple[Change, ...]
+    """What the correction changes, of a label whose status is FIXED or UNDECIDED."""
+    address: StandardAddress | None
+    """The address where it may be taken: FIXED, or UNCHANGED and asked about."""
+    source: Source | None
+    """Whose word it is, where the service tells."""
+    asked: bool
+    """False where the label was left alone."""
+    retry_after: int
+    """Seconds that the service wants to be left alone; 0 where it does not say."""
+
+    @property
+    def confirmed(self) -> bool:
+        """True where the service knows the address, down to the unit."""
+        return self.confirmation is Confirmation.CONFIRMED
