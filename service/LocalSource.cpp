@@ -36,7 +36,7 @@ struct Region {
 struct LocalSource::Loaded {
   Loaded(const std::vector<std::filesystem::path>& files, size_t mostInMemory) : streetless(zips) {
     for (const std::filesystem::path& file : files) {
-      if (postal::BaseFile::IsSqlite(file)) {
+      if (postal::BaseFile::IsMeant(file)) {
         regions.emplace_back(zips, file, mostInMemory);
       } else {
         zips.Load(file);

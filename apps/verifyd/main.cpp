@@ -146,7 +146,7 @@ int RunCommandLine(int argc, char** argv) {
   }
   // An address base says which streets a ZIP code has, not which ZIP codes there are.
   if (std::all_of(options.service.bases.begin(), options.service.bases.end(),
-                  postal::BaseFile::IsSqlite)) {
+                  postal::BaseFile::IsMeant)) {
     options.service.bases.emplace_back(DefaultZips());
   }
   Serve(options);

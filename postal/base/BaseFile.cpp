@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "common/SmallText.h"
 #include "postal/base/BaseSchema.h"
 #include "postal/places/ZipList.h"
 
@@ -41,8 +42,9 @@ int64_t NumberAt(const std::string& header, size_t offset) {
 
 }  // namespace
 
-bool IsSqlite(const std::filesystem::path& file) {
-  return ReadHeader(file).value_or("").starts_with(BaseSchema::kMagic);
+bool IsMeant(const std::filesystem::path& file) {
+  return EqualsIgnoringCase(file.extension().string(), ".base") ||
+         ReadHeader(file).value_or("").starts_with(BaseSchema::kMagic);
 }
 
 void Check(const std::filesystem::path& file) {

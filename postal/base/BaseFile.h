@@ -5,8 +5,9 @@
 
 namespace postwright::postal::BaseFile {
 
-// Says whether a file is an SQLite file, of whatever content. False for what cannot be read.
-bool IsSqlite(const std::filesystem::path& file);
+// Says whether a file is to be taken for a base and not for a list of ZIP codes: it is an SQLite
+// file of whatever content, or is called NAME.base, in any case of the letters, whatever it holds.
+bool IsMeant(const std::filesystem::path& file);
 
 // Throws ZipListError, which says what to do, unless `file` is a finished address base of this
 // version. Looks at its first hundred bytes alone.

@@ -470,7 +470,7 @@ TEST(CommandLineTest, AnswersByItself) {
                "; $postwright fix <<< " + label,
            2, "", "/data/postwright/town.base: "},
           {"no base", home + "echo no base > " + base + "; $postwright fix --jsonl <<< '\"x\"'", 2,
-           "", "/data/postwright/town.base: line 1: "},
+           "", "/data/postwright/town.base: is no address base"},
           {"a base that is gone",
            home + "ln -sf nowhere " + base + "; $postwright fix <<< " + label, 2, "",
            "/data/postwright/town.base: cannot be read"},

@@ -217,7 +217,7 @@ TEST_F(LocalServiceTest, SaysWhichFileCannotBeUsed) {
       {"no such file", Sample().With({"gone.base"}), "gone.base: cannot be read"},
       {"half a base", Sample().With({"cut.base"}), cut + ": "},
       {"the beginning of one", Sample().With({"begun.base"}), begun + ": is no address base"},
-      {"no base", Sample().With({"other.base"}), other + ": line 1: "},
+      {"no base", Sample().With({"other.base"}), other + ": is no address base"},
       {"a folder", {folder.File("")}, "cannot be read"},
       {"no ZIP codes", {Sample().File("whole.base")}, "no list of ZIP codes"},
       {"nothing", {}, "no list of ZIP codes"},
