@@ -124,11 +124,6 @@ void Summarise(const Importer& importer, const ImportOptions& options, ImportPro
 int RunImport(const ImportOptions& options) {
   ZipList zips;
   zips.Load(DefaultZips());
-  if (options.restart) {
-    for (const char* ending : {".import", ".import-journal", ".import-new"}) {
-      std::filesystem::remove(options.base + ending);
-    }
-  }
   std::optional<ColumnMap> map;
   if (!options.map.empty()) {
     map = ColumnMap::Parse(options.map);
@@ -138,7 +133,8 @@ int RunImport(const ImportOptions& options) {
   StopOnSignals(Stop);
   Importer importer(options.base,
                     {options.source, "", options.licence, options.attribution, !options.partial},
-                    {options.files.begin(), options.files.end()}, map, zips);
+                    {options.files.begin(), options.files.end()}, map, zips,
+                    options.restart ? Earlier::Discard : Earlier::GoOn);
   if (importer.GoesOn()) {
     progress.Say("goes on with the import that was stopped");
   }

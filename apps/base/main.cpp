@@ -43,7 +43,8 @@ street=PREDIR+NAME+TYPE.
 
 Rows without a house number, a street or a ZIP code are left out; the first twenty are named, all are
 counted. SIGINT stops the import between two rows; the same command goes on where it stopped. BASE
-is not touched before everything is read and sorted. Sorting takes room in SQLITE_TMPDIR or /var/tmp.
+is not touched before everything is read and sorted, and not at all where nothing of the files can be
+taken. Sorting takes room in SQLITE_TMPDIR or /var/tmp.
 
 Example: postwright-base import my.base houses.csv --source 'County GIS' --licence 'public domain' \
            --map number=HOUSENO,street=PREDIR+NAME+TYPE,zip=ZIP,city=POSTCITY)";

@@ -84,14 +84,12 @@ void Rename(const std::string& from, const std::string& to) {
 }  // namespace
 
 BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& source,
-                         const std::string& job, const ZipList& zips)
+                         const std::string& job, const ZipList& zips, Earlier earlier)
     : base_(base), source_(source), reader_(zips), stage_(Path(".import"), kPatience) {
   if (std::filesystem::exists(base_)) {
     BaseFile::Check(base_);
   }
-  // The lock is held until the end: nobody else may gather rows for the same base.
-  stage_.Run("PRAGMA locking_mode=EXCLUSIVE; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-32768");
-  LockStage();
+  OpenStage(earlier);
   if (stage_.Number("SELECT count(*) FROM sqlite_schema WHERE name='place'") == 0) {
     Begin(job);
   } else {
@@ -107,9 +105,21 @@ BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& s
   addZip_.emplace(stage_, "INSERT OR IGNORE INTO zip VALUES(?,?)");
 }
 
-void BaseBuilder::LockStage() {
+// The lock is held until the end: nobody else may gather rows for the same base, nor throw away
+// what is gathered.
+void BaseBuilder::OpenStage(Earlier earlier) {
+  stage_.Run("PRAGMA locking_mode=EXCLUSIVE");
+  if (earlier == Earlier::Discard) {
+    Lock([this] { stage_.Empty(); });
+  }
+  Lock([this] {
+    stage_.Run("PRAGMA synchronous=NORMAL; PRAGMA cache_size=-32768; BEGIN IMMEDIATE");
+  });
+}
+
+void BaseBuilder::Lock(const std::function<void()>& step) const {
   try {
-    stage_.Run("BEGIN IMMEDIATE");
+    step();
   } catch (const StoreError& error) {
     if (std::strstr(error.what(), "locked") == nullptr) {
       throw;
@@ -255,12 +265,25 @@ void BaseBuilder::Save(const ImportPlace& place) {
   stage_.Run("COMMIT; BEGIN");
 }
 
+// The journal is one of an import that was killed. While the lock is held, so that they are not
+// another's.
+void BaseBuilder::RemoveStage() {
+  std::filesystem::remove(Path(".import-journal"));
+  std::filesystem::remove(Path(".import"));
+}
+
 void BaseBuilder::Finish() {
+  if (counts_.points + counts_.ranges == 0) {
+    RemoveStage();
+    throw ImportError(base_.string() + ": stays as it is: nothing that can be imported is in the " +
+                      "files of " + source_.name + "; " + std::to_string(counts_.leftOut) +
+                      " rows are left out");
+  }
   const std::string made = Path(".import-new");
   const Unfinished unfinished(made);
   stage_.Run("COMMIT; PRAGMA locking_mode=NORMAL");
-  stage_.Number("SELECT count(*) FROM place");  // only now others may read what was gathered
-  stage_.Run("BEGIN IMMEDIATE");                // and still not write
+  stage_.Number("SELECT count(*) FROM place");      // only now others may read what was gathered
+  Lock([this] { stage_.Run("BEGIN IMMEDIATE"); });  // and still not write
   {
     SqliteFile whole(made, kPatience);
     Compose(whole);
@@ -271,9 +294,8 @@ void BaseBuilder::Finish() {
     std::filesystem::remove(Path(ending));  // of the old base; they must not be taken for the new
   }
   Rename(made, base_.string());
+  RemoveStage();
   stage_.Run("ROLLBACK");
-  std::filesystem::remove(Path(".import"));
-  std::filesystem::remove(Path(".import-journal"));  // of one that was killed
 }
 
 void BaseBuilder::Compose(SqliteFile& whole) const {

@@ -41,6 +41,9 @@ struct ImportCounts {
   int64_t leftOut = 0;
 };
 
+// What becomes of what an earlier import has gathered and not finished.
+enum class Earlier { GoOn, Discard };
+
 // Makes a base, or one with a source more or a source's newer rows, without anybody seeing it
 // before it is whole.
 //
@@ -60,7 +63,7 @@ class BaseBuilder {
  public:
   // `job` stands for the command: whatever must be the same for going on. Borrows `zips`.
   BaseBuilder(const std::filesystem::path& base, const SourceFacts& source, const std::string& job,
-              const ZipList& zips);
+              const ZipList& zips, Earlier earlier = Earlier::GoOn);
 
   // Where an earlier import was left, or the beginning.
   const ImportPlace& Place() const { return place_; }
@@ -75,11 +78,14 @@ class BaseBuilder {
   // Keeps what was added so far, up to that place in the files.
   void Save(const ImportPlace& place);
 
-  // Puts the base in place and the gathered rows away.
+  // Puts the base in place and the gathered rows away. Throws ImportError where no row was added:
+  // the base stays as it is then, with what it had of the source.
   void Finish();
 
  private:
-  void LockStage();
+  void OpenStage(Earlier earlier);
+  void Lock(const std::function<void()>& step) const;
+  void RemoveStage();
   void Begin(const std::string& job);
   void CopyStreets();
   void GoOn(const std::string& job);

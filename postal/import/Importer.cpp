@@ -28,13 +28,13 @@ const char* Describe(RowFault fault) {
 
 Importer::Importer(const std::filesystem::path& base, SourceFacts source,
                    std::vector<std::filesystem::path> files, std::optional<ColumnMap> map,
-                   const ZipList& zips)
+                   const ZipList& zips, Earlier earlier)
     : source_(std::move(source)), files_(std::move(files)), map_(std::move(map)) {
   for (const std::filesystem::path& file : files_) {
     Open(file);
     sizes_.push_back(static_cast<double>(std::filesystem::file_size(file)));
   }
-  builder_.emplace(base, source_, Job(), zips);
+  builder_.emplace(base, source_, Job(), zips, earlier);
   const ImportPlace& place = builder_->Place();
   goesOn_ = place.file > 0 || place.row.position > 0;
 }

@@ -43,14 +43,14 @@ class Importer {
   // known format, ImportError and StoreError as BaseBuilder, before anything is changed.
   Importer(const std::filesystem::path& base, SourceFacts source,
            std::vector<std::filesystem::path> files, std::optional<ColumnMap> map,
-           const ZipList& zips);
+           const ZipList& zips, Earlier earlier = Earlier::GoOn);
 
   // Says whether it goes on with an earlier import.
   bool GoesOn() const { return goesOn_; }
 
-  // Reads the files to their end, sorts, and puts the base in place; where `stop` becomes true in
-  // between, keeps what it has and returns. How often a row was left out for which reason is in
-  // `faults` as far as this run read.
+  // Reads the files to their end, sorts, and puts the base in place (BaseBuilder::Finish); where
+  // `stop` becomes true in between, keeps what it has and returns. How often a row was left out for
+  // which reason is in `faults` as far as this run read.
   End Run(const std::atomic<bool>& stop, const Listeners& listeners);
 
   const ImportCounts& Counts() const { return builder_->Counts(); }

@@ -108,6 +108,12 @@ void SqliteFile::Open(const std::string& name, int flags) {
   }
 }
 
+void SqliteFile::Empty() {
+  sqlite3_db_config(connection_.get(), SQLITE_DBCONFIG_RESET_DATABASE, 1, nullptr);
+  Run("VACUUM");
+  sqlite3_db_config(connection_.get(), SQLITE_DBCONFIG_RESET_DATABASE, 0, nullptr);
+}
+
 void SqliteFile::Run(const std::string& statements) {
   if (sqlite3_exec(connection_.get(), statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
     Fail();

@@ -56,6 +56,10 @@ class SqliteFile {
   // connections may share it. `name` stands for it in errors.
   static SqliteFile OpenImage(std::span<unsigned char> image, std::string name);
 
+  // Takes everything out of the file, also of one that is damaged or of another kind. Fails where
+  // another connection holds its lock. Not within a transaction.
+  void Empty();
+
   // Runs statements without parameters, whose rows go nowhere.
   void Run(const std::string& statements);
 

@@ -120,6 +120,38 @@ TEST_F(ImportTest, ReplacesASourceAndKeepsTheOthers) {
             "a00011MAIN5\nb00011MAIN1\nb00012OAK19\n00011FARLEY\na1 0\nb2 0\n");
   const AddressBase base(folder_.File("base"));
   EXPECT_TRUE(base.Borrow()->FindStreets("00011", "ELM").empty());
+
+  // A file of which nothing can be taken replaces nothing, and is not what the next goes on with.
+  const std::string before = Content(folder_.File("base"));
+  EXPECT_THROW(Run("base", "a", folder_.Write("a", heading + "x,MAIN ST,,,OH,00011,,\n")),
+               ImportError);
+  EXPECT_EQ(Content(folder_.File("base")), before);
+  Run("base", "a", folder_.Write("a", heading + "1,ELM ST,,,OH,00011,,\n"));
+}
+
+// Whatever is there of it is discarded, but not what another import is gathering or sorting.
+TEST_F(ImportTest, BeginsAnewWhereItIsTold) {
+  const std::string file = folder_.Write("many.csv", ManyRows(1'000));
+  const auto begin = [&](const char* source, Earlier earlier) {
+    return Importer(folder_.File("base"), {source, "", "", "", true}, {file}, std::nullopt, zips_,
+                    earlier);
+  };
+  begin("other", Earlier::GoOn);
+  EXPECT_THROW(begin("many", Earlier::GoOn), ImportError);
+  folder_.Write("damaged.import", "not what an import has left");
+  for (const char* left : {"base.import", "damaged.import"}) {
+    SCOPED_TRACE(left);
+    std::filesystem::rename(folder_.File(left), folder_.File("base.import"));
+    Importer first = begin("many", Earlier::Discard);
+    const auto checkOthers = [&] {
+      for (const Earlier earlier : {Earlier::GoOn, Earlier::Discard}) {
+        EXPECT_THROW(begin("many", earlier), ImportError);
+      }
+    };
+    checkOthers();
+    EXPECT_EQ(first.Run(false, {{}, {}, checkOthers}), Importer::End::Done);
+    EXPECT_EQ(AddressBase(folder_.File("base")).Borrow()->Count("point"), 1'000);
+  }
 }
 
 TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
@@ -167,7 +199,11 @@ TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
     const std::string file = folder_.Write("rows.csv", "\xEF\xBB\xBF" + (kHeading + row.rows));
     Importer importer(folder_.File("base"), {row.name, "", "", "", true}, {file}, std::nullopt,
                       zips_);
-    EXPECT_EQ(importer.Run(false, {}), Importer::End::Done);
+    if (row.taken == 0) {
+      EXPECT_THROW(importer.Run(false, {}), ImportError);
+    } else {
+      EXPECT_EQ(importer.Run(false, {}), Importer::End::Done);
+    }
     EXPECT_EQ(importer.Faults(), row.faults);
     EXPECT_EQ(importer.Counts().points + importer.Counts().ranges, row.taken);
   }

@@ -65,6 +65,8 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
       {"$base import town command --source a", 2, "columns are of no known format; say which"},
       {"$base import town $sample/town.csv --source a --map street=X", 2, "no column 'X'"},
       {"$base import town $sample/town.csv --source a --map stret=X", 2, "'stret' is no field"},
+      {"echo number,street,zip > none.csv; $base import town none.csv --source Town", 2,
+       "town: stays as it is: nothing that can be imported is in the files of Town"},
       {"$base", 2, "postwright-base --help' says more"},
       {"$base import --help", 0, "Rows without a house number"},
       {"$base import /nowhere/town $sample/town.csv --source a", 2, "/nowhere/town.import"},
