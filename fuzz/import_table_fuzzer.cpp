@@ -1,6 +1,7 @@
-// Bytes of a source of addresses (CSV with a heading, the National Address Database, the Census
-// Bureau's table or its archive). Every row is read or left out with a reason; read on from a place
-// in the middle, the rows behind it are the same; house number and unit in standard form stay so.
+// Bytes of a source of addresses (CSV with a heading, the National Address Database, GeoJSON, the
+// Census Bureau's table; plain, gzipped or in an archive). Every row is read or left out with a
+// reason; read on from a place in the middle, the rows behind it are the same; house number and
+// unit in standard form stay so.
 
 #include <algorithm>
 
@@ -69,7 +70,8 @@ std::vector<ReadRow> RowsOf(RowSource& source, std::size_t most) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const fuzz::InputFile file(fuzz::TextOf(data, size));
   try {
-    const std::unique_ptr<RowSource> source = OpenSource(file.Path(), std::nullopt);
+    const std::unique_ptr<RowSource> source =
+        OpenSource(FindSourceFiles(file.Path()).front(), std::nullopt);
     const std::vector<ReadRow> rows = RowsOf(*source, kMostRows);
     if (rows.size() < 2) {
       return 0;

@@ -34,10 +34,11 @@ constexpr const char* kImportFooter =
 import of the same --source brought are replaced. A service that has BASE open goes on with the old
 one until SIGHUP has it read its files again.
 
-A file is the address ranges of a county as the Census Bureau publishes them in TIGER/Line
-(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), or a CSV file whose first line names the columns:
-that of OpenAddresses, that of the National Address Database, one whose columns are called as the
-fields below, or any other with --map. Fields: number street unit city state zip zip4 urbanization,
+A FILE is the address ranges of a county as the Census Bureau publishes them in TIGER/Line
+(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), GeoJSON with a feature a line as OpenAddresses
+publishes it, or a CSV file whose first line names the columns: that of OpenAddresses, that of the
+National Address Database, one whose columns are called as the fields below, or any other with --map.
+It may be gzipped or in a ZIP archive, and a folder of such files may be given. Fields: number street unit city state zip zip4 urbanization,
 and for ranges of numbers low high parity (E, O or B). A field may be made of several columns:
 street=PREDIR+NAME+TYPE.
 

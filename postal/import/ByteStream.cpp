@@ -1,21 +1,25 @@
 #include "postal/import/ByteStream.h"
 
-#include <zip.h>
-
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 
-#include "common/SmallText.h"
+#include "postal/import/GzipStream.h"
 #include "postal/import/RowSource.h"
+#include "postal/import/ZipArchive.h"
 
 namespace postwright::postal {
 namespace {
 
 class FileStream : public ByteStream {
  public:
-  explicit FileStream(const std::filesystem::path& file)
-      : name_(file.string()), file_(file, std::ios::binary) {
+  explicit FileStream(const SourceFile& file) : name_(file.Name()), size_(file.size) {
+    errno = 0;
+    if (std::filesystem::exists(file.path) && !std::filesystem::is_regular_file(file.path)) {
+      throw SourceError(name_ + ": is no plain file");
+    }
+    file_.rdbuf()->pubsetbuf(nullptr, 0);  // who reads takes large pieces
+    file_.open(file.path, std::ios::binary);
     if (!file_) {
       throw SourceError(name_ + ": cannot be read: " + std::strerror(errno));
     }
@@ -24,95 +28,49 @@ class FileStream : public ByteStream {
   size_t Read(char* bytes, size_t size) override {
     file_.read(bytes, static_cast<std::streamsize>(size));
     if (file_.bad()) {
-      throw SourceError(name_ + ": cannot be read to its end");
+      throw SourceError(name_ + ": cannot be read to its end: " + std::strerror(errno));
     }
-    return static_cast<size_t>(file_.gcount());
+    const auto count = static_cast<size_t>(file_.gcount());
+    position_ += static_cast<double>(count);
+    return count;
+  }
+
+  double Share() const override { return position_ / std::max(size_, 1.0); }
+
+  bool Seek(int64_t position) override {
+    file_.clear();
+    file_.seekg(position);
+    position_ = static_cast<double>(position);
+    return static_cast<bool>(file_);
   }
 
  private:
   std::string name_;
+  double size_;
   std::ifstream file_;
+  double position_ = 0;
 };
 
-bool EndsWith(const std::string& name, const std::string& ending) {
-  return name.size() >= ending.size() &&
-         EqualsIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+std::unique_ptr<ByteStream> OpenAsItIs(const SourceFile& file) {
+  if (file.member.empty()) {
+    return std::make_unique<FileStream>(file);
+  }
+  return ZipArchive(file.path).Open(file.member);
 }
-
-class ZipStream : public ByteStream {
- public:
-  ZipStream(const std::filesystem::path& file, const std::string& ending) : name_(file.string()) {
-    int error = 0;
-    archive_.reset(zip_open(file.c_str(), ZIP_RDONLY, &error));
-    if (!archive_) {
-      zip_error_t reason;
-      zip_error_init_with_code(&reason, error);
-      const std::string text = zip_error_strerror(&reason);
-      zip_error_fini(&reason);
-      throw SourceError(name_ + ": is no zip archive that can be read: " + text);
-    }
-    Find(ending);
-  }
-
-  size_t Read(char* bytes, size_t size) override {
-    size_t done = 0;
-    while (done < size) {
-      const zip_int64_t count = zip_fread(entry_.get(), bytes + done, size - done);
-      if (count < 0) {
-        throw SourceError(name_ + ": is damaged: " + zip_file_strerror(entry_.get()));
-      }
-      if (count == 0) {
-        break;
-      }
-      done += static_cast<size_t>(count);
-    }
-    return done;
-  }
-
- private:
-  struct Close {
-    void operator()(zip_t* archive) const { zip_discard(archive); }
-    void operator()(zip_file_t* entry) const { zip_fclose(entry); }
-  };
-
-  void Find(const std::string& ending) {
-    const zip_int64_t count = zip_get_num_entries(archive_.get(), 0);
-    for (zip_int64_t i = 0; i < count && !entry_; ++i) {
-      const auto index = static_cast<zip_uint64_t>(i);
-      const char* const name = zip_get_name(archive_.get(), index, 0);
-      if (name != nullptr && EndsWith(name, ending)) {
-        entry_.reset(zip_fopen_index(archive_.get(), index, 0));
-        if (!entry_) {
-          throw SourceError(name_ + ": " + name +
-                            " cannot be read: " + zip_strerror(archive_.get()));
-        }
-      }
-    }
-    if (!entry_) {
-      throw SourceError(name_ + ": holds no file whose name ends in " + ending);
-    }
-  }
-
-  std::string name_;
-  std::unique_ptr<zip_t, Close> archive_;
-  std::unique_ptr<zip_file_t, Close> entry_;
-};
 
 }  // namespace
 
-// A file within comes first, or, in an archive without one, the end of its directory.
-bool ByteStream::IsArchive(std::string_view head) {
-  return head.starts_with("PK\x03\x04") || head.starts_with("PK\x05\x06");
-}
-
-std::unique_ptr<ByteStream> ByteStream::Open(const std::filesystem::path& file,
-                                             const std::string& ending) {
-  char head[4];
-  const size_t length = FileStream(file).Read(head, sizeof head);
-  if (IsArchive({head, length})) {
-    return std::make_unique<ZipStream>(file, ending);
+std::unique_ptr<ByteStream> ByteStream::Open(const SourceFile& file) {
+  char head[2];
+  std::unique_ptr<ByteStream> stream = OpenAsItIs(file);
+  const size_t length = stream->Read(head, sizeof head);
+  if (!stream->Seek(0)) {
+    stream = OpenAsItIs(file);
   }
-  return std::make_unique<FileStream>(file);
+  if (GzipStream::IsLikely({head, length})) {
+    return std::make_unique<GzipStream>(std::move(stream), file.Name());
+  }
+  return stream;
 }
 
 }  // namespace postwright::postal

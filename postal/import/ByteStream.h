@@ -2,28 +2,30 @@
 #define POSTWRIGHT_POSTAL_IMPORT_BYTESTREAM_H_
 
 #include <cstddef>
-#include <filesystem>
+#include <cstdint>
 #include <memory>
-#include <string>
-#include <string_view>
+
+#include "postal/import/SourceFile.h"
 
 namespace postwright::postal {
 
-// Bytes from the beginning to the end: a file's, or those of one file within a zip archive.
+// Bytes from the beginning to the end.
 class ByteStream {
  public:
-  // Says by the first bytes of a file whether it is a zip archive.
-  static bool IsArchive(std::string_view head);
-
-  // Opens `file`; of a zip archive the first file within whose name has the given ending, in
-  // capitals or not. Throws SourceError where it cannot be read or has no such file.
-  static std::unique_ptr<ByteStream> Open(const std::filesystem::path& file,
-                                          const std::string& ending);
+  // Opens a file of a source. What gzip has packed is unpacked, whatever it is called. Throws
+  // SourceError where it cannot be read.
+  static std::unique_ptr<ByteStream> Open(const SourceFile& file);
 
   virtual ~ByteStream() = default;
 
   // Reads up to `size` bytes, and fewer at the end alone. Throws SourceError.
   virtual size_t Read(char* bytes, size_t size) = 0;
+
+  // How much of the file was read, 0 to 1.
+  virtual double Share() const = 0;
+
+  // Goes to any place at no cost and returns true; false where there is but the way onwards.
+  virtual bool Seek(int64_t /*position*/) { return false; }
 };
 
 }  // namespace postwright::postal

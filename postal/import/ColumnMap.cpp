@@ -20,7 +20,8 @@ struct FormatRow {
 };
 
 // The National Address Database has parts of a unit in several columns; those that a delivery line
-// does not name (a room in a building that is named) are left where they are.
+// does not name (a room in a building that is named) are left where they are. Its columns had
+// other names once: StreetName is St_Name now.
 const std::vector<FormatRow>& Formats() {
   static const std::vector<FormatRow> formats = {
       {"OpenAddresses CSV",
@@ -43,6 +44,17 @@ const std::vector<FormatRow>& Formats() {
         {Field::Zip, {"Zip_Code"}},
         {Field::Zip4, {"Plus_4"}},
         {Field::Urbanization, {"Urbnztn_PR"}}}},
+      {"National Address Database",
+       {"Add_Number", "StreetName", "StN_PosTyp", "Zip_Code", "AddAuth"},
+       {{Field::Number, {"AddNum_Pre", "Add_Number", "AddNum_Suf"}},
+        {Field::Street,
+         {"StN_PreMod", "StN_PreDir", "StN_PreTyp", "StN_PreSep", "StreetName", "StN_PosTyp",
+          "StN_PosDir", "StN_PosMod"}},
+        {Field::Unit, {"Unit"}},
+        {Field::City, {"Post_Comm"}},
+        {Field::State, {"State"}},
+        {Field::Zip, {"Zip_Code"}},
+        {Field::Zip4, {"Plus_4"}}}},
   };
   return formats;
 }

@@ -1,8 +1,6 @@
 #include "postal/import/CsvRows.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <new>
 
 #include "common/Encoding.h"
@@ -10,7 +8,6 @@
 namespace postwright::postal {
 namespace {
 
-constexpr size_t kBuffer = 1024 * 1024;
 constexpr std::string_view kMarks[] = {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
 constexpr size_t kUtf16Mark = 2;
 
@@ -20,17 +17,7 @@ constexpr int kFieldBegun = 2;
 
 }  // namespace
 
-CsvRows::CsvRows(const std::filesystem::path& file)
-    : name_(file.string()), file_(std::fopen(file.c_str(), "rbe")) {
-  std::error_code failure;
-  if (!file_) {
-    throw SourceError(name_ + ": cannot be read: " + std::strerror(errno));
-  }
-  if (!std::filesystem::is_regular_file(file, failure)) {
-    throw SourceError(name_ + ": is no plain file");
-  }
-  std::setvbuf(file_.get(), nullptr, _IOFBF, kBuffer);
-  end_ = static_cast<int64_t>(std::filesystem::file_size(file));
+CsvRows::CsvRows(const SourceFile& file) : bytes_(file) {
   if (csv_init(&parser_, CSV_APPEND_NULL) != 0) {
     throw std::bad_alloc();
   }
@@ -43,8 +30,11 @@ CsvRows::~CsvRows() {
 }
 
 void CsvRows::ReadMark() {
-  char head[3];
-  const std::string_view begin(head, std::fread(head, 1, sizeof head, file_.get()));
+  std::string begin;
+  for (int byte = 0;
+       begin.size() < kMarks[0].size() && (byte = bytes_.Get()) != ByteReader::kEnd;) {
+    begin += static_cast<char>(byte);
+  }
   for (const std::string_view mark : kMarks) {
     if (begin.starts_with(mark)) {
       mark_ = mark;
@@ -117,18 +107,20 @@ bool CsvRows::PassOpenLines() {
 }
 
 int CsvRows::ReadUnit() {
-  const int first = getc_unlocked(file_.get());
-  if (!isUtf16_ || first == EOF) {
+  const int first = bytes_.Get();
+  if (!isUtf16_ || first == ByteReader::kEnd) {
     return first;
   }
-  const int second = getc_unlocked(file_.get());
+  const int second = bytes_.Get();
   const bool isBigEndian = mark_ == kMarks[2];
-  return second == EOF ? EOF : isBigEndian ? first << 8 | second : second << 8 | first;
+  return second == ByteReader::kEnd ? second
+         : isBigEndian              ? first << 8 | second
+                                    : second << 8 | first;
 }
 
 int CsvRows::TakeUnit() {
   const int unit = ahead_;
-  if (unit != EOF) {
+  if (unit != ByteReader::kEnd) {
     position_ += isUtf16_ ? 2 : 1;
     ahead_ = ReadUnit();
   }
@@ -138,7 +130,8 @@ int CsvRows::TakeUnit() {
 // Reads one line with its end; of an overlong one no more than shows that it is.
 bool CsvRows::ReadLine() {
   text_.clear();
-  for (int c = 0; c != '\n' && (c != '\r' || ahead_ == '\n') && (c = TakeUnit()) != EOF;) {
+  for (int c = 0;
+       c != '\n' && (c != '\r' || ahead_ == '\n') && (c = TakeUnit()) != ByteReader::kEnd;) {
     if (text_.size() > kLongestRow) {
       continue;
     }
@@ -149,9 +142,6 @@ bool CsvRows::ReadLine() {
   }
   if (isUtf16_ && !text_.empty()) {
     text_ = DecodeDocument("\xFE\xFF" + text_);
-  }
-  if (std::ferror(file_.get()) != 0) {
-    throw SourceError(name_ + ": cannot be read to its end: " + std::strerror(errno));
   }
   ++line_;
   return !text_.empty();
@@ -203,9 +193,7 @@ void CsvRows::GoTo(const RowPlace& place) {
 }
 
 void CsvRows::Seek(const RowPlace& place) {
-  if (fseeko(file_.get(), place.position, SEEK_SET) != 0) {
-    throw SourceError(name_ + ": cannot be read from the middle: " + std::strerror(errno));
-  }
+  bytes_.GoTo(place.position);
   ahead_ = ReadUnit();
   position_ = place.position;
   line_ = place.line;

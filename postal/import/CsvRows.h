@@ -3,24 +3,22 @@
 
 #include <csv.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "postal/import/ByteReader.h"
 #include "postal/import/RowSource.h"
 
 namespace postwright::postal {
 
-// The rows of a CSV file (RFC 4180) of any size, cell by cell. Memory is that of one row, of which
-// a bound keeps an unclosed quotation mark from taking the rest of the file with it.
+// The rows of a CSV file (RFC 4180) of any size, packed or not, cell by cell. Memory is that of one
+// row, of which a bound keeps an unclosed quotation mark from taking the rest of the file with it.
 //
-//   CsvRows rows("houses.csv");
+//   CsvRows rows(SourceFile{"houses.csv"});
 //   while (rows.Next()) { … rows.Cells() … }
 //
-// Next and the rest as RowSource has them; positions are bytes.
+// Next and the rest as RowSource has them; positions are bytes, unpacked.
 class CsvRows {
  public:
   static constexpr size_t kLongestRow = 64 * 1024;  // bytes
@@ -29,7 +27,7 @@ class CsvRows {
   // bar, a semicolon. A byte-order mark is passed over; that of UTF-16 has the rows turned into
   // UTF-8 (what is no character there into U+FFFD). A line ends in LF, CR LF or CR, whatever the
   // others end in. Throws SourceError.
-  explicit CsvRows(const std::filesystem::path& file);
+  explicit CsvRows(const SourceFile& file);
   ~CsvRows();
   CsvRows(const CsvRows&) = delete;
   CsvRows& operator=(const CsvRows&) = delete;
@@ -40,13 +38,9 @@ class CsvRows {
   int64_t Line() const { return rowBegin_.line; }
   RowPlace Place() const { return {position_, line_}; }
   void GoTo(const RowPlace& place);
-  int64_t End() const { return end_; }
+  double Share() const { return bytes_.Share(); }
 
  private:
-  struct Close {
-    void operator()(FILE* file) const { std::fclose(file); }
-  };
-
   static void OnCell(void* text, size_t length, void* self);
   static void OnRow(int, void* self);
 
@@ -65,12 +59,10 @@ class CsvRows {
   [[noreturn]] void RefuseRow(const char* why);
   char GuessDelimiter();
 
-  std::string name_;
-  std::unique_ptr<FILE, Close> file_;
-  int64_t end_ = 0;
+  ByteReader bytes_;
   std::string mark_;  // of byte order, at the beginning of the file
   bool isUtf16_ = false;
-  int ahead_ = 0;         // the byte at position_, or the unit of UTF-16; EOF at the end
+  int ahead_ = 0;         // the byte at position_, or the unit of UTF-16; kEnd at the end
   int64_t position_ = 0;  // behind the lines that were read
   int64_t line_ = 1;
   std::string text_;  // the line that was read last

@@ -1,7 +1,6 @@
 #ifndef POSTWRIGHT_POSTAL_IMPORT_CSVSOURCE_H_
 #define POSTWRIGHT_POSTAL_IMPORT_CSVSOURCE_H_
 
-#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -16,14 +15,14 @@ class CsvSource : public RowSource {
  public:
   // Without a map the heading tells what the columns are. Throws SourceError where it does not, and
   // where the map names a column that the heading lacks.
-  CsvSource(const std::filesystem::path& file, std::optional<ColumnMap> map);
+  CsvSource(const SourceFile& file, std::optional<ColumnMap> map);
 
   bool Next(AddressRow& row) override;
   std::string Format() const override { return map_.Format(); }
   int64_t Line() const override { return rows_.Line(); }
   RowPlace Place() const override { return rows_.Place(); }
   void GoTo(const RowPlace& place) override { rows_.GoTo(place); }
-  int64_t End() const override { return rows_.End(); }
+  double Share() const override { return rows_.Share(); }
 
  private:
   CsvRows rows_;

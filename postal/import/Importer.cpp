@@ -1,6 +1,6 @@
 #include "postal/import/Importer.h"
 
-#include <numeric>
+#include <algorithm>
 
 #include "postal/import/SourceFormats.h"
 
@@ -27,12 +27,15 @@ const char* Describe(RowFault fault) {
 }  // namespace
 
 Importer::Importer(const std::filesystem::path& base, SourceFacts source,
-                   std::vector<std::filesystem::path> files, std::optional<ColumnMap> map,
+                   const std::vector<std::filesystem::path>& paths, std::optional<ColumnMap> map,
                    const ZipList& zips, Earlier earlier)
-    : source_(std::move(source)), files_(std::move(files)), map_(std::move(map)) {
-  for (const std::filesystem::path& file : files_) {
+    : source_(std::move(source)), map_(std::move(map)) {
+  for (const std::filesystem::path& path : paths) {
+    const std::vector<SourceFile> found = FindSourceFiles(path);
+    files_.insert(files_.end(), found.begin(), found.end());
+  }
+  for (const SourceFile& file : files_) {
     Open(file);
-    sizes_.push_back(static_cast<double>(std::filesystem::file_size(file)));
   }
   builder_.emplace(base, source_, Job(), zips, earlier);
   const ImportPlace& place = builder_->Place();
@@ -43,15 +46,15 @@ Importer::Importer(const std::filesystem::path& base, SourceFacts source,
 std::string Importer::Job() const {
   std::string job = source_.name + '\n' + source_.licence + '\n' + source_.attribution + '\n' +
                     (source_.whole ? "whole" : "partial") + '\n' + (map_ ? map_->Text() : "");
-  for (const std::filesystem::path& file : files_) {
-    job += '\n' + std::filesystem::absolute(file).string() + ' ' +
-           std::to_string(std::filesystem::file_size(file)) + ' ' +
-           std::to_string(std::filesystem::last_write_time(file).time_since_epoch().count());
+  for (const SourceFile& file : files_) {
+    job += '\n' + std::filesystem::absolute(file.path).string() + ' ' + file.member + ' ' +
+           std::to_string(std::filesystem::file_size(file.path)) + ' ' +
+           std::to_string(std::filesystem::last_write_time(file.path).time_since_epoch().count());
   }
   return job;
 }
 
-std::unique_ptr<RowSource> Importer::Open(const std::filesystem::path& file) {
+std::unique_ptr<RowSource> Importer::Open(const SourceFile& file) {
   auto source = OpenSource(file, map_);
   source_.format = source->Format();
   return source;
@@ -112,7 +115,7 @@ void Importer::LeaveOut(size_t file, int64_t line, RowFault fault, const std::st
                         const Listeners& listeners) {
   ++faults_[static_cast<size_t>(fault)];
   if (listeners.onLeftOut) {
-    listeners.onLeftOut(files_[file].string(), line, why);
+    listeners.onLeftOut(files_[file].Name(), line, why);
   }
 }
 
@@ -120,13 +123,13 @@ void Importer::Tell(size_t file, const RowSource& source, const Listeners& liste
   if (!listeners.onProgress) {
     return;
   }
-  const double whole = std::accumulate(sizes_.begin(), sizes_.end(), 0.0);
-  const double before =
-      std::accumulate(sizes_.begin(), sizes_.begin() + static_cast<long>(file), 0.0);
-  const double within = static_cast<double>(source.Place().position) /
-                        static_cast<double>(std::max<int64_t>(source.End(), 1));
-  listeners.onProgress(
-      {file, (before + within * sizes_[file]) / std::max(whole, 1.0), builder_->Counts()});
+  double whole = 0;
+  double read = 0;
+  for (size_t i = 0; i < files_.size(); ++i) {
+    whole += files_[i].size;
+    read += i < file ? files_[i].size : i == file ? source.Share() * files_[i].size : 0;
+  }
+  listeners.onProgress({file, read / std::max(whole, 1.0), builder_->Counts()});
 }
 
 }  // namespace postwright::postal

@@ -12,6 +12,8 @@
 
 #include "postal/import/BaseBuilder.h"
 #include "postal/import/ColumnMap.h"
+#include "postal/import/RowSource.h"
+#include "postal/import/SourceFile.h"
 
 namespace postwright::postal {
 
@@ -20,13 +22,13 @@ namespace postwright::postal {
 //   Importer importer("texas.base", source, {"travis.csv"}, std::nullopt, zips);
 //   importer.Run(stop);
 //
-// Any number of files, of one format or several, each larger than memory or not. One thread, but
-// for `stop`.
+// Any number of files, archives and folders of them (FindSourceFiles), of one format or several,
+// each larger than memory or not. One thread, but for `stop`.
 class Importer {
  public:
   struct Progress {
     size_t file = 0;      // under way, of the files
-    double share = 0;     // of the bytes of all files, 0 to 1
+    double share = 0;     // of all files by their sizes, 0 to 1
     ImportCounts counts;  // so far
   };
 
@@ -42,7 +44,7 @@ class Importer {
   // Borrows `zips`. Opens every file: throws SourceError for one that cannot be read or is of no
   // known format, ImportError and StoreError as BaseBuilder, before anything is changed.
   Importer(const std::filesystem::path& base, SourceFacts source,
-           std::vector<std::filesystem::path> files, std::optional<ColumnMap> map,
+           const std::vector<std::filesystem::path>& paths, std::optional<ColumnMap> map,
            const ZipList& zips, Earlier earlier = Earlier::GoOn);
 
   // Says whether it goes on with an earlier import.
@@ -58,7 +60,7 @@ class Importer {
   const SourceFacts& Source() const { return source_; }
 
  private:
-  std::unique_ptr<RowSource> Open(const std::filesystem::path& file);
+  std::unique_ptr<RowSource> Open(const SourceFile& file);
   std::string Job() const;
   bool ReadFile(size_t file, const std::atomic<bool>& stop, const Listeners& listeners);
   void ReadRow(RowSource& source, size_t file, AddressRow& row, const Listeners& listeners);
@@ -67,11 +69,10 @@ class Importer {
   void Tell(size_t file, const RowSource& source, const Listeners& listeners) const;
 
   SourceFacts source_;
-  std::vector<std::filesystem::path> files_;
+  std::vector<SourceFile> files_;
   std::optional<ColumnMap> map_;
   std::optional<BaseBuilder> builder_;
   std::array<int64_t, kRowFaults> faults_{};
-  std::vector<double> sizes_;
   bool goesOn_ = false;
   bool atEnd_ = false;
 };

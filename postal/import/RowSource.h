@@ -47,8 +47,8 @@ class RowSource {
   // Goes on at a place that Place told of the same file.
   virtual void GoTo(const RowPlace& place) = 0;
 
-  // The position at the end, for showing how far it has come.
-  virtual int64_t End() const = 0;
+  // How much of the file was read, 0 to 1.
+  virtual double Share() const = 0;
 };
 
 }  // namespace postwright::postal

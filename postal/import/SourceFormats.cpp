@@ -1,13 +1,13 @@
 #include "postal/import/SourceFormats.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <string>
 
 #include "postal/import/ByteStream.h"
 #include "postal/import/CsvSource.h"
 #include "postal/import/DbfTable.h"
+#include "postal/import/GeoJsonSource.h"
 #include "postal/import/TigerSource.h"
 
 namespace postwright::postal {
@@ -22,28 +22,29 @@ bool IsText(std::string_view head) {
          head.substr(0, head.find('\n')).find('\0') == std::string_view::npos;
 }
 
-std::unique_ptr<RowSource> OpenTiger(const std::filesystem::path& file,
+std::unique_ptr<RowSource> OpenTiger(const SourceFile& file,
                                      const std::optional<ColumnMap>& /*map*/) {
   return std::make_unique<TigerSource>(file);
 }
 
-std::unique_ptr<RowSource> OpenCsv(const std::filesystem::path& file,
-                                   const std::optional<ColumnMap>& map) {
+std::unique_ptr<RowSource> OpenGeoJson(const SourceFile& file,
+                                       const std::optional<ColumnMap>& /*map*/) {
+  return std::make_unique<GeoJsonSource>(file);
+}
+
+std::unique_ptr<RowSource> OpenCsv(const SourceFile& file, const std::optional<ColumnMap>& map) {
   return std::make_unique<CsvSource>(file, map);
 }
 
 constexpr SourceFormat kFormats[] = {
-    {"an archive of TIGER/Line", &ByteStream::IsArchive, &OpenTiger},
-    {"the dBASE table in one", &DbfTable::IsLikely, &OpenTiger},
+    {"the dBASE table of TIGER/Line", &DbfTable::IsLikely, &OpenTiger},
+    {"GeoJSON with a feature a line", &GeoJsonSource::IsLikely, &OpenGeoJson},
     {"a CSV file", &IsText, &OpenCsv},
 };
 
-// Empty also for a file that cannot be read: opening it says why.
-std::string HeadOf(const std::filesystem::path& file) {
+std::string HeadOf(const SourceFile& file) {
   std::string head(kHead, '\0');
-  std::ifstream stream(file, std::ios::binary);
-  stream.read(head.data(), kHead);
-  head.resize(static_cast<size_t>(stream.gcount()));
+  head.resize(ByteStream::Open(file)->Read(head.data(), kHead));
   return head;
 }
 
@@ -53,8 +54,7 @@ std::span<const SourceFormat> SourceFormats() {
   return kFormats;
 }
 
-std::unique_ptr<RowSource> OpenSource(const std::filesystem::path& file,
-                                      const std::optional<ColumnMap>& map) {
+std::unique_ptr<RowSource> OpenSource(const SourceFile& file, const std::optional<ColumnMap>& map) {
   const std::string head = HeadOf(file);
   const auto* const format = std::ranges::find_if(
       kFormats, [&head](const SourceFormat& candidate) { return candidate.isLikely(head); });
@@ -65,7 +65,7 @@ std::unique_ptr<RowSource> OpenSource(const std::filesystem::path& file,
   for (const SourceFormat& candidate : kFormats) {
     known += (known.empty() ? "" : ", ") + std::string(candidate.name);
   }
-  throw SourceError(file.string() + ": is of no kind that can be imported: " + known);
+  throw SourceError(file.Name() + ": is of no kind that can be imported: " + known);
 }
 
 }  // namespace postwright::postal

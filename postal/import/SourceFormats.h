@@ -1,7 +1,6 @@
 #ifndef POSTWRIGHT_POSTAL_IMPORT_SOURCEFORMATS_H_
 #define POSTWRIGHT_POSTAL_IMPORT_SOURCEFORMATS_H_
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
@@ -9,17 +8,17 @@
 
 #include "postal/import/ColumnMap.h"
 #include "postal/import/RowSource.h"
+#include "postal/import/SourceFile.h"
 
 namespace postwright::postal {
 
 // A kind of file that addresses come in.
 struct SourceFormat {
   const char* name;  // for messages: "a CSV file"
-  // Says by the first bytes of a file whether it is of this kind.
+  // Says by the first bytes of a file, unpacked, whether it is of this kind.
   bool (*isLikely)(std::string_view head);
   // Opens a file. Throws SourceError.
-  std::unique_ptr<RowSource> (*open)(const std::filesystem::path& file,
-                                     const std::optional<ColumnMap>& map);
+  std::unique_ptr<RowSource> (*open)(const SourceFile& file, const std::optional<ColumnMap>& map);
 };
 
 // Every kind there is; the one that takes any text is the last. A new kind is a line of this table.
@@ -27,8 +26,7 @@ std::span<const SourceFormat> SourceFormats();
 
 // Opens a file, whose kind is told by what it holds and not by its name. `map` is for kinds whose
 // columns have no fixed names. Throws SourceError for a file that cannot be read or is of no kind.
-std::unique_ptr<RowSource> OpenSource(const std::filesystem::path& file,
-                                      const std::optional<ColumnMap>& map);
+std::unique_ptr<RowSource> OpenSource(const SourceFile& file, const std::optional<ColumnMap>& map);
 
 }  // namespace postwright::postal
 

@@ -1,13 +1,16 @@
 #include "postal/import/TigerSource.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace postwright::postal {
 
-TigerSource::TigerSource(const std::filesystem::path& file) : file_(file) {
+TigerSource::TigerSource(SourceFile file) : file_(std::move(file)) {
   Open();
 }
 
 void TigerSource::Open() {
-  table_ = std::make_unique<DbfTable>(ByteStream::Open(file_, ".dbf"), file_.string());
+  table_ = std::make_unique<DbfTable>(ByteStream::Open(file_), file_.Name());
   name_ = FindField("FULLNAME");
   sides_ = {FindSide('L'), FindSide('R')};
   nextSide_ = sides_.size();
@@ -22,7 +25,7 @@ TigerSource::Side TigerSource::FindSide(char side) const {
 size_t TigerSource::FindField(const std::string& name) const {
   const std::optional<size_t> field = table_->FindField(name);
   if (!field) {
-    throw SourceError(file_.string() + ": is no table of address ranges (ADDRFEAT): it has no " +
+    throw SourceError(file_.Name() + ": is no table of address ranges (ADDRFEAT): it has no " +
                       name);
   }
   return *field;
@@ -60,6 +63,11 @@ bool TigerSource::Read(const Side& side, AddressRow& row) const {
 RowPlace TigerSource::Place() const {
   const auto left = static_cast<int64_t>(sides_.size() - nextSide_);
   return {2 * table_->RecordsRead() - left, table_->RecordsRead()};
+}
+
+double TigerSource::Share() const {
+  return static_cast<double>(table_->RecordsRead()) /
+         static_cast<double>(std::max<int64_t>(table_->Records(), 1));
 }
 
 void TigerSource::GoTo(const RowPlace& place) {

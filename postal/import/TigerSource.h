@@ -2,13 +2,13 @@
 #define POSTWRIGHT_POSTAL_IMPORT_TIGERSOURCE_H_
 
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "postal/import/DbfTable.h"
 #include "postal/import/RowSource.h"
+#include "postal/import/SourceFile.h"
 
 namespace postwright::postal {
 
@@ -21,14 +21,14 @@ namespace postwright::postal {
 class TigerSource : public RowSource {
  public:
   // Throws SourceError for a file that is no such table.
-  explicit TigerSource(const std::filesystem::path& file);
+  explicit TigerSource(SourceFile file);
 
   bool Next(AddressRow& row) override;
   std::string Format() const override { return "TIGER/Line ADDRFEAT"; }
   int64_t Line() const override { return table_->RecordsRead(); }
   RowPlace Place() const override;
   void GoTo(const RowPlace& place) override;
-  int64_t End() const override { return 2 * table_->Records(); }
+  double Share() const override;
 
  private:
   // Where a side has its fields.
@@ -42,7 +42,7 @@ class TigerSource : public RowSource {
   size_t FindField(const std::string& name) const;
   bool Read(const Side& side, AddressRow& row) const;
 
-  std::filesystem::path file_;
+  SourceFile file_;
   std::unique_ptr<DbfTable> table_;
   size_t name_ = 0;
   std::array<Side, 2> sides_{};

@@ -126,7 +126,8 @@ void FixVCards(const std::string& text, const std::string& /*other*/) {
 void ImportRows(const std::string& text, const std::string& /*other*/) {
   static const postal::ZipList zips;
   const InputFile file(text);
-  const auto source = postal::OpenSource(file.Path(), std::nullopt);
+  const auto source =
+      postal::OpenSource(postal::FindSourceFiles(file.Path()).front(), std::nullopt);
   postal::RowReader reader(zips);
   postal::AddressRow row;
   for (bool goesOn = true; goesOn;) {

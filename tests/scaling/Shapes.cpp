@@ -27,6 +27,7 @@ struct Dbf {
   std::string record;
 };
 
+const std::string kFeature = R"({"type":"Feature","properties":{)";
 const std::string kCardHead = "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Jo\r\n";
 const std::string kCardEnd = "END:VCARD\r\n";
 const std::string kTown = "\nAUSTIN TX 78701";
@@ -167,6 +168,10 @@ const Shape kShapes[] = {
     {"import", "number signs", kRows + "1,A ST,APT ", "# ", "4,,TX,78701\n"},
     {"import", "streets of digits", kRows + "1,", "1", " ST,,,TX,78701\n"},
     {"import", "records", Dbf().heading, Dbf().record},
+    {"import", "features", "", kFeature + R"("number":"1","street":"A ST"}})" + "\n"},
+    {"import", "a feature's properties", kFeature + "\"a\":1", ",\"a\":1", "}}\n"},
+    {"import", "features inside one another", kFeature + "}}\n", R"({"properties":)"},
+    {"import", "a feature's text", kFeature + R"("street":")", "A ", "\"}}\n"},
     {"head", "fields", "", "Accept: a\n"},
     {"head", "hosts", "", "Host: a\n"},
     {"head", "a long field", "Accept: ", "a,", "\n"},

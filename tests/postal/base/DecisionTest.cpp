@@ -279,7 +279,7 @@ TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
   Import(base, "buildings", {kSample / "public-buildings.csv"}, *zips_, false);
   Import(base, "town", {kSample / "town.csv"}, *zips_);
   const AddressBase buildings(base);
-  CsvSource rows(kSample / "public-buildings.csv", std::nullopt);
+  CsvSource rows({kSample / "public-buildings.csv"}, std::nullopt);
   int count = 0;
   for (AddressRow row; rows.Next(row); ++count) {
     service::RequestAddress asked;

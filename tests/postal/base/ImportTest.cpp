@@ -7,6 +7,7 @@
 
 #include "postal/import/BaseBuilder.h"
 #include "postal/import/RowReader.h"
+#include "tests/postal/base/PackedFiles.h"
 #include "tests/postal/base/SampleBase.h"
 #include "tests/support/TempFolder.h"
 
@@ -255,16 +256,25 @@ TEST_F(ImportTest, ReadsTheFormatsThatItKnows) {
       "AddAuth\n"
       "1,,14,,14,,South,,,Mill,Street,Northwest,,South Mill Street Northwest,Apt 2,Farley,OH,00014,"
       "1234,x\n");
+  const std::string earlier = WriteZip(
+      folder_, "nad.zip",
+      {{"TXT/schema.txt", "[NAD_r6.txt]"},
+       {"TXT/NAD_r6.txt",
+        "OBJECTID,State,Post_Comm,Zip_Code,Plus_4,StN_PreMod,StN_PreDir,StN_PreTyp,StN_PreSep,"
+        "StreetName,StN_PosTyp,StN_PosDir,StN_PosMod,AddNum_Pre,Add_Number,AddNum_Suf,Unit,"
+        "AddAuth\n"
+        "1,OH,Farley,00014,1234,,South,,,Mill,Street,Northwest,,,16,1/2,,x\n"}});
   const std::string mapped =
       folder_.Write("county.csv", "HOUSE|PRE|NAME|TYPE|POSTAL\n9|E|OAK|LANE|00015\n");
   Run("base", "oa", openAddresses);
   Run("base", "nad", national);
+  Run("base", "nad r6", earlier);
   Importer(folder_.File("base"), {"county", "", "", "", true}, {mapped},
            ColumnMap::Parse("number=house,street=PRE+NAME+TYPE,zip=POSTAL"), zips_)
       .Run(false, {});
   EXPECT_EQ(Content(folder_.File("base")),
-            "county00015OAK9\nnad00014MILL14APT 2\noa00011MAIN12 1/2# 4\n"
-            "00011MILLRACE\n00014FARLEY\ncounty1 0\nnad1 0\noa1 0\n");
+            "county00015OAK9\nnad r600014MILL16 1/2\nnad00014MILL14APT 2\noa00011MAIN12 1/2# 4\n"
+            "00011MILLRACE\n00014FARLEY\n00014FARLEY\ncounty1 0\nnad r61 0\nnad1 0\noa1 0\n");
   const AddressBase base(folder_.File("base"));
   const StreetName street = base.Borrow()->FindStreets("00014", "MILL").at(0).street;
   EXPECT_EQ(ComposeStreet(street), "S MILL ST NW");

@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
-#include <zip.h>
-
-#include <atomic>
 
 #include "postal/import/SourceFormats.h"
 #include "postal/import/TigerSource.h"
+#include "tests/postal/base/PackedFiles.h"
 #include "tests/postal/base/SampleBase.h"
 #include "tests/support/TempFolder.h"
 
@@ -57,13 +55,11 @@ std::string Table(const std::vector<Record>& records) {
 }
 
 std::string Zip(const TempFolder& folder, const std::string& name, const std::string& content) {
-  const std::string path = folder.File(name);
-  zip_t* const archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
-  zip_file_add(archive, "readme.txt", zip_source_buffer(archive, "x", 1, 0), 0);
-  zip_file_add(archive, "tl_2025_39001_addrfeat.DBF",
-               zip_source_buffer(archive, content.data(), content.size(), 0), 0);
-  zip_close(archive);
-  return path;
+  return WriteZip(folder, name, {{"readme.txt", "x"}, {"tl_2025_39001_addrfeat.DBF", content}});
+}
+
+SourceFile First(const std::string& path) {
+  return FindSourceFiles(path).front();
 }
 
 std::string ReadAll(RowSource& source, size_t most = 100) {
@@ -83,12 +79,12 @@ TEST(TigerTest, ReadsBothSidesOfAStreet) {
       "State Hwy 60 N101-N199 O 00011 \nOak Ave 1-10 B 00013 \n";
   for (const std::string& file :
        {folder.Write("a.dbf", Table(kRecords)), Zip(folder, "a.zip", Table(kRecords))}) {
-    TigerSource source(file);
+    TigerSource source(First(file));
     EXPECT_EQ(ReadAll(source), expected);
-    TigerSource again(file);
+    TigerSource again(First(file));
     const std::string first = ReadAll(again, 1);  // between the sides of a record
     const RowPlace place = again.Place();
-    TigerSource later(file);
+    TigerSource later(First(file));
     later.GoTo(place);
     EXPECT_EQ(first + ReadAll(later), expected);
   }
@@ -110,27 +106,39 @@ TEST(TigerTest, AddsRangesToABase) {
   EXPECT_TRUE(reader->FindNumber(oak, "7").inRange);
 }
 
-// A file is what it holds, whatever it is called.
+// A file is what it holds, whatever it is called, and an archive what lies in it.
 TEST(SourceFormatsTest, TellsAFileByWhatItHolds) {
   constexpr const char* kTiger = "TIGER/Line ADDRFEAT";
+  constexpr const char* kGeoJson = "OpenAddresses GeoJSON";
+  const std::string csv = "number,street,zip\n7,OAK AVE,00011\n";
+  const std::string geo = R"({"type":"Feature","properties":{}})";
   const TempFolder folder;
+  const TempFolder empty;
   const std::pair<std::string, std::string> files[] = {
       {folder.Write("a.csv", Table(kRecords)), kTiger},
       {Zip(folder, "addrfeat", Table(kRecords)), kTiger},
       {Zip(folder, "A.ZIP", Table(kRecords)), kTiger},
-      {folder.Write("a.dbf", "number,street,zip\n7,OAK AVE,00011\n"), "CSV"},
-      {folder.Write("a.zip", "0,number,street,zip\n1,7,OAK AVE,00011\n"), "CSV"},  // dBASE has a 0
+      {folder.Write("a.dbf", csv), "CSV"},
+      {folder.Write("a.zip", "0," + csv), "CSV"},  // dBASE has a 0
+      {folder.Write("b.csv", geo), kGeoJson},
+      {folder.Write("b", Gzipped("\xEF\xBB\xBF\r\n" + geo)), kGeoJson},
+      {folder.Write("c.geojson", Gzipped(csv)), "CSV"},
+      {WriteZip(folder, "b.zip", {{"a.txt", csv + csv}, {"A.GeoJSON.GZ", Gzipped(geo)}}), kGeoJson},
+      {WriteZip(folder, "c.zip", {{"a.txt", csv}, {"a.csv", Gzipped(csv)}}), "CSV"},
+      {WriteZip(folder, "d.zip", {{"a.txt", geo}, {"b.txt", csv + csv}, {"c.txt", "x"}}), "CSV"},
+      {WriteZip(folder, "e.zip", {{"a.md", csv}, {"a.csv", ""}}), ""},
+      {folder.Write("f.gz", Gzipped(geo).substr(0, 20)), ""},
       {folder.Write("picture", "\x89PNG" + std::string(9, '\0')), ""},
       {folder.Write("damaged.csv", "PK\x03\x04 and no more"), ""},
       {folder.File("missing.zip"), ""},
-      {folder.File(""), ""},
+      {empty.File(""), ""},
   };
   for (const auto& [file, format] : files) {
     SCOPED_TRACE(file);
     if (format.empty()) {
-      EXPECT_THROW(OpenSource(file, std::nullopt), SourceError);
+      EXPECT_THROW(OpenSource(First(file), std::nullopt), SourceError);
     } else {
-      EXPECT_EQ(OpenSource(file, std::nullopt)->Format(), format);
+      EXPECT_EQ(OpenSource(First(file), std::nullopt)->Format(), format);
     }
   }
 }
@@ -157,10 +165,10 @@ TEST(TigerTest, RefusesWhatIsNoTable) {
   };
   for (const std::string& file : files) {
     SCOPED_TRACE(file);
-    EXPECT_THROW(TigerSource{file}, SourceError);
+    EXPECT_THROW(TigerSource{First(file)}, SourceError);
   }
   for (const size_t left : {good.size() - 2, good.size() / 2 + 300}) {
-    TigerSource source(folder.Write("cut.dbf", good.substr(0, left)));
+    TigerSource source(First(folder.Write("cut.dbf", good.substr(0, left))));
     EXPECT_THROW(ReadAll(source), SourceError);
   }
 }
