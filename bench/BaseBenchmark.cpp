@@ -56,7 +56,7 @@ int Run(int argc, char** argv) {
   }
   postal::ZipList zips;
   zips.Load(argv[2]);
-  const postal::AddressBase addresses(argv[1], postal::AddressBase::kMostInMemory);
+  const postal::JoinedBases addresses({argv[1]}, postal::AddressBase::kMostInMemory);
   const Verifier without(zips);
   const Verifier with(zips, &addresses);
   const Questions asItIs = MakeQuestions(

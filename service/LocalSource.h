@@ -22,7 +22,7 @@ namespace postwright::service {
 // Any thread may call any operation: whoever has begun with what was loaded before goes on with it.
 class LocalSource final : public AnswerSource {
  public:
-  // Loads the files in their order: ZIP codes (ZipList) and address bases (AddressBase). Throws
+  // Loads the files in their order: ZIP codes (ZipList) and address bases (JoinedBases). Throws
   // ZipListError or StoreError where one cannot be used. Bases of up to `mostInMemory` bytes are
   // read into memory.
   explicit LocalSource(std::vector<std::filesystem::path> files,
@@ -36,8 +36,7 @@ class LocalSource final : public AnswerSource {
   // anew, since both processes would read through one. What is in memory is the child's already.
   void TakeFromParent();
 
-  // Answers within the call, as Verifier does. Of several bases one decides: the first that has
-  // streets of the address's ZIP code, the one that was sent or else the one that was found.
+  // Answers within the call, as Verifier does.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
   // Returns the ZIP codes as they are now; they stay as they are while the pointer is held.

@@ -137,11 +137,11 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   if (!folded || sent.cutShort) {
     return postal::Rejection::InvalidAddress;
   }
-  std::optional<postal::AddressBase::Lease> lease;
-  if (addresses_ != nullptr) {
-    lease.emplace(addresses_->Borrow());
+  std::optional<postal::JoinedReader> bases;
+  if (addresses_ != nullptr && addresses_->Size() > 0) {
+    bases.emplace(*addresses_);
   }
-  postal::BaseReader* const reader = lease ? &**lease : nullptr;
+  postal::JoinedReader* const reader = bases ? &*bases : nullptr;
   const auto cut = postal::LineCutter(zips_, reader)
                        .Cut({sent.address1, sent.address2, sent.city, sent.state, sent.zip5});
   if (!cut) {
@@ -160,24 +160,29 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   if (candidates) {
     answer.candidates = candidates->Take();
   }
-  answer.source = SourceOf(answer);
+  answer.source = SourceOf(answer, folded->lastLine.zip, reader);
   answer.PutAbove(cut->above);
   return answer;
 }
 
 // The address base's, where a street was looked up in it; nobody's, where nothing was.
-ReplySource Verifier::SourceOf(const AddressAnswer& answer) const {
+ReplySource Verifier::SourceOf(const AddressAnswer& answer, const std::string& zip,
+                               const postal::JoinedReader* reader) {
   const auto* const fields = std::get_if<ReplyFields>(&answer);
   const auto* const rejection = std::get_if<postal::Rejection>(&answer);
   if (rejection != nullptr && *rejection == postal::Rejection::InvalidAddress) {
     return {};
   }
   const bool isOfBase =
-      addresses_ != nullptr && (fields != nullptr ? !fields->dpvFootnotes.empty()
-                                                  : *rejection == postal::Rejection::NotFound ||
-                                                        *rejection == postal::Rejection::Multiple);
-  return isOfBase ? ReplySource{ReplySource::Kind::Base, addresses_->Name(), addresses_->Date()}
-                  : ReplySource{ReplySource::Kind::ZipList};
+      reader != nullptr && (fields != nullptr ? !fields->dpvFootnotes.empty()
+                                              : *rejection == postal::Rejection::NotFound ||
+                                                    *rejection == postal::Rejection::Multiple);
+  if (!isOfBase) {
+    return {ReplySource::Kind::ZipList};
+  }
+  const postal::AddressBase& base = reader->BaseOf(
+      fields != nullptr ? fields->zip5 : postal::LastLineChecker::Zip5Of(TidyLine(zip)));
+  return {ReplySource::Kind::Base, base.Name(), base.Date()};
 }
 
 // `sent` are the lines before they were cut anew.

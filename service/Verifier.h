@@ -1,9 +1,10 @@
 #ifndef POSTWRIGHT_SERVICE_VERIFIER_H_
 #define POSTWRIGHT_SERVICE_VERIFIER_H_
 
-#include "postal/base/AddressBase.h"
 #include "postal/base/AddressMatcher.h"
 #include "postal/base/Explanation.h"
+#include "postal/base/JoinedBases.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/places/ZipList.h"
 #include "service/AnswerSource.h"
 #include "service/protocol/VerifyReply.h"
@@ -27,8 +28,8 @@ namespace postwright::service {
 // Borrows both. Any thread may call Verify.
 class Verifier final : public AnswerSource {
  public:
-  // `addresses` may be null.
-  explicit Verifier(const postal::ZipList& zips, const postal::AddressBase* addresses = nullptr)
+  // `addresses` may be null, or none.
+  explicit Verifier(const postal::ZipList& zips, const postal::JoinedBases* addresses = nullptr)
       : zips_(zips), addresses_(addresses) {}
 
   ReplyAddress Verify(const RequestAddress& asked) const;
@@ -42,21 +43,22 @@ class Verifier final : public AnswerSource {
  private:
   // What a decision may use and tell; each may be null.
   struct Help {
-    postal::BaseReader* reader;
+    postal::JoinedReader* reader;
     postal::Explanation* explanation;
     postal::CandidateFinder* candidates;
   };
 
   AddressAnswer Decide(const RequestAddress& sent, postal::Explanation* explanation) const;
   AddressAnswer DecideCity(const RequestAddress& asked) const;
-  ReplySource SourceOf(const AddressAnswer& answer) const;
+  static ReplySource SourceOf(const AddressAnswer& answer, const std::string& zip,
+                              const postal::JoinedReader* reader);
   AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
                             const Help& help) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
                                              const Help& help) const;
 
   const postal::ZipList& zips_;
-  const postal::AddressBase* addresses_;
+  const postal::JoinedBases* addresses_;
 };
 
 }  // namespace postwright::service

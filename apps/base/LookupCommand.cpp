@@ -44,7 +44,7 @@ int RunLookup(const LookupOptions& options) {
   if (!options.zips.empty()) {
     zips.Load(options.zips);
   }
-  const AddressBase addresses(options.base);
+  const JoinedBases addresses({options.base});
   service::RequestAddress asked;
   asked.address1 = options.unit;
   asked.address2 = options.street;

@@ -23,12 +23,12 @@ std::pair<dev_t, ino_t> IdentityOf(const std::filesystem::path& file) {
 
 }  // namespace
 
-AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory)
+AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory, int64_t place)
     : name_(file.filename().string()) {
   constexpr int kMostTries = 10;
   for (int tries = 1;; ++tries) {
     const auto before = IdentityOf(file);
-    Open(file, mostInMemory);
+    Open(file, mostInMemory, place);
     if (IdentityOf(file) == before) {
       for (const BaseReader::Source& source : connections_[0].reader->Sources()) {
         date_ = std::max(date_, source.imported);
@@ -45,7 +45,7 @@ AddressBase::AddressBase(const std::filesystem::path& file, size_t mostInMemory)
   }
 }
 
-void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
+void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory, int64_t place) {
   BaseFile::Check(file);
   std::error_code failure;
   const auto changes = std::filesystem::file_size(file.string() + "-wal", failure);
@@ -65,7 +65,7 @@ void AddressBase::Open(const std::filesystem::path& file, size_t mostInMemory) {
       facts =
           std::make_shared<BaseReader::Facts>(BaseReader::ReadFacts(opened, image_.has_value()));
     }
-    connection.reader = std::make_unique<BaseReader>(std::move(opened), facts, streets);
+    connection.reader = std::make_unique<BaseReader>(std::move(opened), facts, streets, place);
   }
 }
 

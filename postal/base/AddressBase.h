@@ -33,7 +33,9 @@ class AddressBase {
   //
   // A base of up to `mostInMemory` bytes is read into memory, which the connections share; of a
   // larger one each keeps the pages that it met last. The first answers faster, the second at once.
-  explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0);
+  // `place` is its own among those that are asked together (JoinedBases).
+  explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0,
+                       int64_t place = 0);
 
   // What tells people this base from another: the file's name, "texas.base", and the day, as in
   // "2026-11-20", on which the newest of its sources was imported.
@@ -59,7 +61,7 @@ class AddressBase {
     std::unique_ptr<BaseReader> reader;
   };
 
-  void Open(const std::filesystem::path& file, size_t mostInMemory);
+  void Open(const std::filesystem::path& file, size_t mostInMemory, int64_t place);
 
   std::string name_;
   std::string date_;

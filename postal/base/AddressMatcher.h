@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "postal/base/AskedAddress.h"
-#include "postal/base/BaseReader.h"
 #include "postal/base/CandidateFinder.h"
 #include "postal/base/CityZips.h"
 #include "postal/base/Explanation.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/base/StreetMatcher.h"
 #include "postal/places/LastLine.h"
 #include "postal/places/ZipList.h"
@@ -41,7 +41,7 @@ class AddressMatcher {
  public:
   using Answer = std::variant<MatchedAddress, Rejection>;
 
-  AddressMatcher(const ZipList& zips, BaseReader& reader, Explanation* explanation,
+  AddressMatcher(const ZipList& zips, JoinedReader& reader, Explanation* explanation,
                  CandidateFinder* candidates = nullptr)
       : zips_(zips),
         reader_(reader),
@@ -79,7 +79,7 @@ class AddressMatcher {
   static bool IsOnlyOne(const Matches& matches);
 
   const ZipList& zips_;
-  BaseReader& reader_;
+  JoinedReader& reader_;
   Explanation* explanation_;
   CandidateFinder* candidates_;
   CityZips places_;

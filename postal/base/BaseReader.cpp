@@ -4,11 +4,11 @@ namespace postwright::postal {
 namespace {
 
 template <typename... Texts>
-std::vector<KnownStreet> ReadStreets(SqliteStatement& rows, const Texts&... texts) {
+std::vector<KnownStreet> ReadStreets(SqliteStatement& rows, int64_t first, const Texts&... texts) {
   std::vector<KnownStreet> streets;
   for (SqliteQuery query(rows, texts...); query.Step();) {
-    streets.push_back(
-        {rows.Number(0), {rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5)}});
+    streets.push_back({first + rows.Number(0),
+                       {rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5)}});
   }
   return streets;
 }
@@ -16,10 +16,11 @@ std::vector<KnownStreet> ReadStreets(SqliteStatement& rows, const Texts&... text
 }  // namespace
 
 BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
-                       std::shared_ptr<StreetCache> streets)
+                       std::shared_ptr<StreetCache> streets, int64_t place)
     : file_(std::move(file)),
       facts_(std::move(facts)),
       cache_(std::move(streets)),
+      first_(place * kStreets),
       street_(file_,
               "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? AND "
               "suffix=? AND postdirectional=? AND urbanization=?"),
@@ -69,26 +70,27 @@ bool BaseReader::HoldsAllStreetsOf(const std::string& zip) const {
 
 std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const StreetName& street) {
   if (facts_->streets) {
-    return facts_->streets->Find(zip, street);
+    const auto found = facts_->streets->Find(zip, street);
+    return found ? std::optional(first_ + *found) : std::nullopt;
   }
   const std::string key = StreetKey(street.name);
   SqliteQuery query(street_, zip, key, street.name, street.predirectional, street.suffix,
                     street.postdirectional, street.urbanization);
-  return query.Step() ? std::optional(street_.Number(0)) : std::nullopt;
+  return query.Step() ? std::optional(first_ + street_.Number(0)) : std::nullopt;
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
   if (facts_->streets && !facts_->streets->HasKey(zip, key)) {
     return {};  // nearly always, where a street is looked for in a whole city
   }
-  return ReadStreets(streets_, zip, key);
+  return ReadStreets(streets_, first_, zip, key);
 }
 
 StreetCache::Streets BaseReader::StreetsOf(const std::string& zip) {
   StreetCache::Streets streets = cache_->Find(zip);
   if (!streets) {
     std::vector<ComparableStreet> read;
-    for (KnownStreet& street : ReadStreets(allStreets_, zip)) {
+    for (KnownStreet& street : ReadStreets(allStreets_, first_, zip)) {
       read.emplace_back(std::move(street));
     }
     streets = cache_->Keep(zip, std::move(read));
@@ -98,7 +100,7 @@ StreetCache::Streets BaseReader::StreetsOf(const std::string& zip) {
 
 NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
   NumberFacts facts;
-  for (SqliteQuery query(points_, street, number); query.Step();) {
+  for (SqliteQuery query(points_, street - first_, number); query.Step();) {
     facts.isPoint = true;
     std::string unit = points_.Text(0);
     if (unit.empty()) {
@@ -112,7 +114,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
     return facts;
   }
   const auto read = HouseNumber::Read(number);
-  for (SqliteQuery query(ranges_, street); query.Step();) {
+  for (SqliteQuery query(ranges_, street - first_); query.Step();) {
     facts.hasRanges = true;
     const auto range = NumberRange::Read(ranges_.Text(0), ranges_.Text(1), ranges_.Text(2));
     if (read && range && range->Holds(*read)) {
@@ -125,7 +127,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
 
 std::vector<KnownRange> BaseReader::RangesOf(int64_t street) {
   std::vector<KnownRange> known;
-  for (SqliteQuery query(ranges_, street); known.size() < kMostNumbers && query.Step();) {
+  for (SqliteQuery query(ranges_, street - first_); known.size() < kMostNumbers && query.Step();) {
     std::string low = ranges_.Text(0);
     std::string high = ranges_.Text(1);
     if (const auto range = NumberRange::Read(low, high, ranges_.Text(2))) {
@@ -140,7 +142,7 @@ std::vector<KnownRange> BaseReader::RangesOf(int64_t street) {
 
 std::vector<std::string> BaseReader::NumbersOf(int64_t street) {
   std::vector<std::string> numbers;
-  for (SqliteQuery query(numbers_, street, int64_t{kMostNumbers}); query.Step();) {
+  for (SqliteQuery query(numbers_, street - first_, int64_t{kMostNumbers}); query.Step();) {
     numbers.push_back(numbers_.Text(0));
   }
   return numbers;
@@ -148,7 +150,7 @@ std::vector<std::string> BaseReader::NumbersOf(int64_t street) {
 
 std::string BaseReader::UnitZip4(int64_t street, const std::string& number,
                                  const std::string& unit) {
-  SqliteQuery query(unitZip4_, street, number, unit);
+  SqliteQuery query(unitZip4_, street - first_, number, unit);
   return query.Step() ? unitZip4_.Text(0) : std::string();
 }
 

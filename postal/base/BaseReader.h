@@ -36,7 +36,8 @@ struct NumberFacts {
 };
 
 // One connection to an address base, for one thread at a time. Nothing is ever written. Throws
-// StoreError where the file is damaged.
+// StoreError where the file is damaged. A street is told from those of other bases by the place of
+// its base among them.
 class BaseReader {
  public:
   // What every question asks for, and is small: read once for all connections to a file.
@@ -52,7 +53,12 @@ class BaseReader {
 
   // `facts` are the file's own, and `streets` what its connections keep of it.
   BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
-             std::shared_ptr<StreetCache> streets);
+             std::shared_ptr<StreetCache> streets, int64_t place = 0);
+
+  const Facts& Known() const { return *facts_; }
+
+  // Returns the place of the base that a street is from.
+  static size_t PlaceOf(int64_t street) { return static_cast<size_t>(street / kStreets); }
 
   // Says whether the base has streets of the ZIP code, and whether a source knows all of them.
   bool HoldsStreetsOf(const std::string& zip) const { return facts_->zips.contains(zip); }
@@ -104,9 +110,12 @@ class BaseReader {
   int64_t Count(const std::string& what) { return file_.Number("SELECT count(*) FROM " + what); }
 
  private:
+  static constexpr int64_t kStreets = int64_t{1} << 48;  // more than a base can have
+
   SqliteFile file_;
   const std::shared_ptr<const Facts> facts_;
   const std::shared_ptr<StreetCache> cache_;
+  const int64_t first_;  // what is added to the numbers of the file's streets
   SqliteStatement street_;
   SqliteStatement streets_;
   SqliteStatement allStreets_;

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "postal/base/BaseReader.h"
 #include "postal/base/Candidate.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/base/StreetMatcher.h"
 #include "postal/lines/Standardiser.h"
 #include "postal/places/LastLine.h"
@@ -24,7 +24,7 @@ namespace postwright::postal {
 class CandidateFinder {
  public:
   // Gives `most` candidates at the most: of numbers those that are nearest to the one asked for.
-  CandidateFinder(BaseReader& reader, size_t most) : reader_(reader), most_(most) {}
+  CandidateFinder(JoinedReader& reader, size_t most) : reader_(reader), most_(most) {}
 
   // The address as it was asked for, on each street of `match` that has the number.
   void AddAddresses(const StandardLines& asked, const PlacedLine& placed, const StreetMatch& match);
@@ -49,7 +49,7 @@ class CandidateFinder {
   void Add(const StreetName& street, const PlacedLine& placed, StreetLine line, Candidate facts,
            uint64_t distance);
 
-  BaseReader& reader_;
+  JoinedReader& reader_;
   const size_t most_;
   std::vector<Found> found_;
 };

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "postal/base/BaseReader.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/places/LastLine.h"
 #include "postal/places/ZipList.h"
 
@@ -14,7 +14,7 @@ namespace postwright::postal {
 // thread.
 class CityZips {
  public:
-  CityZips(const ZipList& zips, BaseReader& reader) : zips_(zips), reader_(reader) {}
+  CityZips(const ZipList& zips, JoinedReader& reader) : zips_(zips), reader_(reader) {}
 
   // Returns the ZIP codes in ascending order; none for a name that nobody knows in the state.
   std::vector<std::string> ZipsOf(const std::string& city, const std::string& state);
@@ -27,7 +27,7 @@ class CityZips {
 
  private:
   const ZipList& zips_;
-  BaseReader& reader_;
+  JoinedReader& reader_;
 };
 
 }  // namespace postwright::postal

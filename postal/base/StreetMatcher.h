@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "postal/base/BaseReader.h"
 #include "postal/base/Explanation.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/base/StreetLikeness.h"
 
 namespace postwright::postal {
@@ -56,7 +56,7 @@ struct StreetQuestion {
 // changed. Borrows both; `explanation` may be null.
 class StreetMatcher {
  public:
-  StreetMatcher(BaseReader& reader, Explanation* explanation)
+  StreetMatcher(JoinedReader& reader, Explanation* explanation)
       : reader_(reader), explanation_(explanation) {}
 
   StreetMatch Match(const std::string& zip, const StreetQuestion& asked);
@@ -78,7 +78,7 @@ class StreetMatcher {
   StreetMatch Choose(std::vector<Candidate> candidates, const StreetQuestion& asked);
   static StreetMatch Take(Candidate candidate, const StreetName& asked);
 
-  BaseReader& reader_;
+  JoinedReader& reader_;
   Explanation* explanation_;
 };
 

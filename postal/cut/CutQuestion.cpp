@@ -48,7 +48,7 @@ bool CutQuestion::SetStreetAbove() {
   return true;
 }
 
-void CutQuestion::TakeLetter(BaseReader* reader) {
+void CutQuestion::TakeLetter(JoinedReader* reader) {
   Words street = Street();
   if (reader != nullptr && JoinKnownLetter(*reader, zip5, state, street)) {
     lines[0].words[0] = street[0];

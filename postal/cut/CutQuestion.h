@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "common/AsciiText.h"
-#include "postal/base/BaseReader.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/cut/SentLines.h"
 
 namespace postwright::postal {
@@ -22,7 +22,7 @@ struct CutQuestion {
 
   // Joins a number and its letter that came apart, where a base knows both as one. `reader` may be
   // null.
-  void TakeLetter(BaseReader* reader);
+  void TakeLetter(JoinedReader* reader);
 
   std::string above;                // lines set above
   std::vector<SentLine> lines;      // of the delivery line; at least one

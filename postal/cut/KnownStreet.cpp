@@ -5,7 +5,7 @@
 
 namespace postwright::postal {
 
-bool KnowsStreet(BaseReader& reader, const std::string& zip5, const std::string& state,
+bool KnowsStreet(JoinedReader& reader, const std::string& zip5, const std::string& state,
                  const Words& line) {
   const auto lines = Standardiser::Standardise({"", JoinWords(line), ""}, state);
   if (!lines || !lines->street) {
@@ -17,7 +17,7 @@ bool KnowsStreet(BaseReader& reader, const std::string& zip5, const std::string&
          StreetMatch::Kind::Found;
 }
 
-bool JoinKnownLetter(BaseReader& reader, const std::string& zip5, const std::string& state,
+bool JoinKnownLetter(JoinedReader& reader, const std::string& zip5, const std::string& state,
                      Words& line) {
   constexpr size_t kShortest = 3;  // number, letter, name
   if (line.size() < kShortest || !AllDigits(line[0]) || line[1].size() != 1 ||

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/AsciiText.h"
-#include "postal/base/BaseReader.h"
+#include "postal/base/JoinedReader.h"
 #include "postal/cut/SentLines.h"
 #include "postal/places/ZipList.h"
 
@@ -45,7 +45,7 @@ struct CutQuestion;
 // Borrows both; `reader` may be null. One thread where there is a reader, else any.
 class LineCutter {
  public:
-  LineCutter(const ZipList& zips, BaseReader* reader) : zips_(zips), reader_(reader) {}
+  LineCutter(const ZipList& zips, JoinedReader* reader) : zips_(zips), reader_(reader) {}
 
   // Returns nullopt where the words could be cut in several ways, and one of them would be a guess.
   std::optional<CutAddress> Cut(const SentAddress& sent) const;
@@ -72,7 +72,7 @@ class LineCutter {
   bool KnowsStreet(const Question& question, const Words& line) const;
 
   const ZipList& zips_;
-  BaseReader* const reader_;
+  JoinedReader* const reader_;
 };
 
 }  // namespace postwright::postal

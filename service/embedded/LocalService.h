@@ -24,9 +24,9 @@ class POSTWRIGHT_LOCAL_EXPORT LocalServiceError : public std::runtime_error {
 //
 // The files are lists of ZIP codes, of which there must be one, and any number of address bases
 // (postwright-base makes them): without a base nothing is known of streets, and no address is
-// confirmed. Of several bases, in their order, the first that has streets of an address's ZIP code
-// answers for it. A base of up to 512 MiB is read into memory, a larger one as it is asked about; a
-// base that is replaced meanwhile stays as it was until the next call.
+// confirmed. Several bases answer as one, in which the streets of a ZIP code are those of the first
+// that has any there. A base of up to 512 MiB is read into memory, a larger one as it is asked
+// about; a base that is replaced meanwhile stays as it was until the next call.
 //
 // Throws LocalServiceError where a file cannot be read, is damaged or is neither of these; then
 // everything stays as it was. Takes as long as reading the files does. Any thread, also while fixes

@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <filesystem>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "service/Verifier.h"
 #include "service/VerifyService.h"
@@ -39,7 +41,7 @@ const std::string& TownBase() {
 class Town {
  public:
   Town() {
-    _base.emplace(TownBase());
+    _base.emplace(std::vector<std::filesystem::path>{TownBase()});
     _verifier.emplace(_zips, &*_base);
     _service.emplace(*_verifier, nullptr, service::VerifyService::Options());
     _server.emplace(
@@ -61,7 +63,7 @@ class Town {
  private:
   const postal::ZipList _zips = postal::SampleZips();
   service::RequestLog _log{-1, ""};
-  std::optional<postal::AddressBase> _base;
+  std::optional<postal::JoinedBases> _base;
   std::optional<service::Verifier> _verifier;
   std::optional<service::VerifyService> _service;
   std::optional<service::HttpServer> _server;

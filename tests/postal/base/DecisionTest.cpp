@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <map>
 #include <tuple>
 
 #include "postal/base/CandidateSpans.h"
+#include "postal/base/JoinedBases.h"
 #include "postal/base/StreetLikeness.h"
 #include "postal/base/UnitMatch.h"
 #include "postal/import/CsvSource.h"
@@ -54,7 +58,7 @@ class DecisionTest : public testing::Test {
     zips_ = new ZipList(SampleZips());
     Import(folder_->File("base"), "town", {kSample / "town.csv"}, *zips_);
     Import(folder_->File("base"), "part", {kSample / "town-part.csv"}, *zips_, false);
-    base_ = new AddressBase(folder_->File("base"), AddressBase::kMostInMemory);
+    base_ = new JoinedBases({folder_->File("base")}, AddressBase::kMostInMemory);
   }
   static void TearDownTestSuite() {
     delete base_;
@@ -68,13 +72,13 @@ class DecisionTest : public testing::Test {
 
   static inline TempFolder* folder_ = nullptr;
   static inline ZipList* zips_ = nullptr;
-  static inline AddressBase* base_ = nullptr;
+  static inline JoinedBases* base_ = nullptr;
 };
 
 TEST_F(DecisionTest, EveryRuleOfThePage) {
   const auto rows = ReadDocTables("address-base.md", "asked", 6);
   EXPECT_GT(rows.size(), 60U);
-  const AddressBase onDisk(folder_->File("base"));
+  const JoinedBases onDisk({folder_->File("base")});
   for (const DocRow& row : rows) {
     SCOPED_TRACE(row.place);
     const service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
@@ -96,6 +100,41 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
   }
 }
 
+// A base of each ZIP code, in either order: what one of them lacks another has.
+TEST_F(DecisionTest, BasesBesideEachOtherAreAsGoodAsOne) {
+  std::vector<std::filesystem::path> files;
+  for (const auto& [source, whole] : {std::pair("town", true), std::pair("town-part", false)}) {
+    std::ifstream rows(kSample / (std::string(source) + ".csv"));
+    std::string header;
+    std::getline(rows, header);
+    std::map<std::string, std::string> ofZip;
+    for (std::string row; std::getline(rows, row);) {
+      const size_t zip = row.find(",000") + 1;
+      ofZip.try_emplace(row.substr(zip, 5), header + '\n').first->second += row + '\n';
+    }
+    for (const auto& [zip, text] : ofZip) {
+      files.emplace_back(folder_->File(zip + ".base"));
+      Import(files.back(), source, {folder_->Write(zip + ".csv", text)}, *zips_, whole);
+    }
+  }
+  std::sort(files.begin(), files.end());
+  files.erase(std::unique(files.begin(), files.end()), files.end());
+  ASSERT_GT(files.size(), 5U);
+  for (int order = 0; order < 2; ++order) {
+    const JoinedBases bases(files, order == 0 ? 0 : AddressBase::kMostInMemory);
+    for (const DocRow& row : ReadDocTables("address-base.md", "asked", 6)) {
+      SCOPED_TRACE(row.place);
+      service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
+      asked.candidates = Candidate::kMost;
+      const auto reply = service::Verifier(*zips_, &bases).Verify(asked).outcome;
+      const auto ofOne = Verify(asked).outcome;
+      EXPECT_EQ(reply, ofOne);
+      EXPECT_EQ(reply.candidates, ofOne.candidates);
+    }
+    std::reverse(files.begin(), files.end());
+  }
+}
+
 TEST_F(DecisionTest, SaysWhoseWordItIs) {
   using Kind = service::ReplySource::Kind;
   const std::tuple<const char*, const char*, Kind> rows[] = {
@@ -108,9 +147,9 @@ TEST_F(DecisionTest, SaysWhoseWordItIs) {
     const service::ReplySource source = Verify(ReadAsked(line, place)).outcome.source;
     EXPECT_EQ(source.kind, kind) << line << ", " << place;
     EXPECT_EQ(source.name, kind == Kind::Base ? "base" : "");
-    EXPECT_EQ(source.date, kind == Kind::Base ? base_->Date() : "");
+    EXPECT_EQ(source.date, kind == Kind::Base ? (*base_)[0].Date() : "");
   }
-  EXPECT_EQ(base_->Date().size(), std::string_view("2026-11-20").size());
+  EXPECT_EQ((*base_)[0].Date().size(), std::string_view("2026-11-20").size());
 }
 
 std::string Write(const Candidate& candidate) {
@@ -278,7 +317,7 @@ TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
   const std::filesystem::path base = folder_->File("buildings");
   Import(base, "buildings", {kSample / "public-buildings.csv"}, *zips_, false);
   Import(base, "town", {kSample / "town.csv"}, *zips_);
-  const AddressBase buildings(base);
+  const JoinedBases buildings({base});
   CsvSource rows({kSample / "public-buildings.csv"}, std::nullopt);
   int count = 0;
   for (AddressRow row; rows.Next(row); ++count) {

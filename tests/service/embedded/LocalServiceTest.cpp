@@ -171,37 +171,6 @@ TEST_F(LocalServiceTest, AnswersAsTheServiceDoesOverLoopback) {
   }
 }
 
-TEST_F(LocalServiceTest, AsksOfSeveralBasesTheOneForTheAddress) {
-  const std::wstring more[] = {L"12 S Main St\nMillrace OH 00013", L"5 riverside drive\nFarley OH",
-                               L"100 Main St\nElderburn OH"};
-  std::vector<std::wstring> labels(std::begin(kLabels), std::end(kLabels));
-  labels.insert(labels.end(), std::begin(more), std::end(more));
-  for (std::ifstream town(kData / "sample/town.csv"); town;) {
-    std::string row;
-    std::getline(town, row);
-    std::vector<std::wstring> cells(5);
-    std::istringstream text(row);
-    for (std::string cell; std::wstring & to : cells) {
-      std::getline(text, cell, ',');
-      to.assign(cell.begin(), cell.end());
-    }
-    labels.push_back(cells[0] + L' ' + cells[1] + L' ' + cells[2] + L'\n' + cells[3] + L' ' +
-                     cells[4]);
-  }
-  std::vector<std::string> ofOne;
-  UseLocalService(Sample().With({"whole.base"}));
-  for (const std::wstring& label : labels) {
-    ofOne.push_back(FixAndTell(label, 0));
-  }
-  for (const auto& bases : {std::vector<std::string>{"first.base", "rest.base"},
-                            std::vector<std::string>{"rest.base", "first.base"}}) {
-    UseLocalService(Sample().With(bases));
-    for (size_t i = 0; i < labels.size(); ++i) {
-      EXPECT_EQ(FixAndTell(labels[i], 0), ofOne[i]) << bases.front();
-    }
-  }
-}
-
 TEST_F(LocalServiceTest, SaysWhichFileCannotBeUsed) {
   const TempFolder& folder = Sample().Folder();
   std::ifstream input(Sample().File("whole.base"), std::ios::binary);

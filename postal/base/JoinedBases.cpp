@@ -1,0 +1,66 @@
+#include "postal/base/JoinedBases.h"
+
+#include <algorithm>
+
+#include "postal/places/CityName.h"
+
+namespace postwright::postal {
+namespace {
+
+const std::vector<std::string>& ListOf(
+    const std::unordered_map<std::string, std::vector<std::string>>& lists,
+    const std::string& name) {
+  static const std::vector<std::string> kNothing;
+  const auto found = lists.find(name);
+  return found == lists.end() ? kNothing : found->second;
+}
+
+void Add(std::vector<std::string>& list, const std::string& text) {
+  if (std::find(list.begin(), list.end(), text) == list.end()) {
+    list.push_back(text);
+  }
+}
+
+}  // namespace
+
+JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory) {
+  for (const std::filesystem::path& file : files) {
+    bases_.emplace_back(file, mostInMemory, static_cast<int64_t>(bases_.size()));
+  }
+  for (size_t place = 0; bases_.size() > 1 && place < bases_.size(); ++place) {
+    Join(place);
+  }
+}
+
+void JoinedBases::Join(size_t place) {
+  const AddressBase::Lease reader = bases_[place].Borrow();
+  for (const auto& [zip, whole] : reader->Known().zips) {
+    places_.emplace(zip, place);
+  }
+  for (const auto& [zip, names] : reader->Known().cityNames) {
+    for (const std::string& name : names) {
+      Add(cityNames_[zip], name);
+      Add(zipsOfCity_[CityKey(name)], zip);
+    }
+  }
+}
+
+bool JoinedBases::IsInMemory() const {
+  return std::all_of(bases_.begin(), bases_.end(),
+                     [](const AddressBase& base) { return base.IsInMemory(); });
+}
+
+size_t JoinedBases::PlaceOf(const std::string& zip) const {
+  const auto found = places_.find(zip);
+  return found == places_.end() ? kNone : found->second;
+}
+
+const std::vector<std::string>& JoinedBases::CityNames(const std::string& zip) const {
+  return ListOf(cityNames_, zip);
+}
+
+const std::vector<std::string>& JoinedBases::ZipsOfCity(const std::string& key) const {
+  return ListOf(zipsOfCity_, key);
+}
+
+}  // namespace postwright::postal

@@ -1,0 +1,56 @@
+#ifndef POSTWRIGHT_POSTAL_BASE_JOINEDBASES_H_
+#define POSTWRIGHT_POSTAL_BASE_JOINEDBASES_H_
+
+#include <cstddef>
+#include <deque>
+#include <filesystem>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "postal/base/AddressBase.h"
+
+namespace postwright::postal {
+
+// Address bases that are asked as one, as a base of each state beside each other.
+//
+//   const JoinedBases bases({"texas.base", "ohio.base"});
+//   JoinedReader(bases).FindStreets("78701", StreetKey("MAIN"));
+//
+// The streets of a ZIP code are those of the first base that has any there. Any thread may read.
+class JoinedBases {
+ public:
+  static constexpr size_t kNone = static_cast<size_t>(-1);
+
+  // Opens the files, as AddressBase does.
+  explicit JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory = 0);
+
+  size_t Size() const { return bases_.size(); }
+  const AddressBase& operator[](size_t place) const { return bases_[place]; }
+
+  // Says whether all of them were read into memory.
+  bool IsInMemory() const;
+
+  // Where there are several: returns the place of the one whose streets of the ZIP code count;
+  // kNone where none has any.
+  size_t PlaceOf(const std::string& zip) const;
+
+  // Where there are several: returns the names that any of them gives a place of the ZIP code, and
+  // the ZIP codes in which any has a place of that key.
+  const std::vector<std::string>& CityNames(const std::string& zip) const;
+  const std::vector<std::string>& ZipsOfCity(const std::string& key) const;
+
+ private:
+  using Lists = std::unordered_map<std::string, std::vector<std::string>>;
+
+  void Join(size_t place);
+
+  std::deque<AddressBase> bases_;
+  std::unordered_map<std::string, size_t> places_;
+  Lists cityNames_;
+  Lists zipsOfCity_;
+};
+
+}  // namespace postwright::postal
+
+#endif  // POSTWRIGHT_POSTAL_BASE_JOINEDBASES_H_
