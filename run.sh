@@ -3,8 +3,8 @@
 # local Verify service, corrects examples/labels/ and stops the service.
 #
 #   ./run.sh             shows the labels before and after
-#   ./run.sh --window    opens the address book on an example of 200 entries instead; the service
-#                        lives as long as the window
+#   ./run.sh --window    opens the address book on an example of 200 entries instead, which answers
+#                        by itself
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
@@ -66,15 +66,15 @@ END
 }
 
 open_window() {
-  scripts/build.sh postwright-addressbook postwright-verifyd
-  start_service
+  scripts/build.sh postwright-addressbook postwright-base
   book=build/friends.csv
   [ -f "$book" ] || cp examples/books/friends.csv "$book"
   cat << END
-A local Verify service answers on $server for as long as the window is open. The book is
-$book, a copy of the example: delete it, and the next run begins with a fresh one.
+
+The book is $book, a copy of the example: delete it, and the next run begins with a
+fresh one.
 END
-  build/bin/postwright-addressbook --server "$server" "$book"
+  build/bin/postwright-addressbook "$book"
 }
 
 case "$#:${1-}" in

@@ -44,10 +44,9 @@ std::vector<std::filesystem::path> BasesIn(const std::filesystem::path& folder) 
 
 std::string InWords(const std::vector<std::filesystem::path>& bases) {
   if (bases.empty()) {
-    const std::filesystem::path user = UserFolder();
     return "ZIP codes only: streets are not checked. 'postwright-base import' brings them, into a "
            ".base file in " +
-           (user.empty() ? kMachineFolder : user.string());
+           BaseFolder().string();
   }
   std::string names;
   for (const std::filesystem::path& base : bases) {
@@ -63,6 +62,11 @@ std::vector<std::filesystem::path> FindBases() {
   const std::vector<std::filesystem::path> ofMachine = BasesIn(kMachineFolder);
   bases.insert(bases.end(), ofMachine.begin(), ofMachine.end());
   return bases;
+}
+
+std::filesystem::path BaseFolder() {
+  const std::filesystem::path user = UserFolder();
+  return user.empty() ? std::filesystem::path(kMachineFolder) : user;
 }
 
 std::string UseOwnService() {

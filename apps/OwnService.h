@@ -16,6 +16,10 @@ namespace postwright {
 // folders is there and cannot be read.
 std::vector<std::filesystem::path> FindBases();
 
+// Returns the folder that a user's bases are put into to be found: the user's own, or where there
+// is no home the machine's.
+std::filesystem::path BaseFolder();
+
 // Has the fixes of this process answered by it, from those bases and the ZIP codes that come along.
 // Returns in words what is known so: which streets, or none. Throws LocalServiceError and as
 // FindBases() does where a file cannot be used: none of them is passed over.

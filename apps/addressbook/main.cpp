@@ -32,7 +32,7 @@ by what it holds. Without one the program begins with an empty address book.
 
 Exit status: 0 done; 1 there is no display or the program failed; 2 wrong usage.
 
-Example: postwright-addressbook --server 127.0.0.1:8470 friends.csv)";
+Example: postwright-addressbook friends.csv)";
 
 struct Options {
   std::string server;
@@ -48,7 +48,7 @@ bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
   app.set_version_flag("--version", "postwright-addressbook " POSTWRIGHT_VERSION,
                        "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
-  AddServerOption(app, options.server, GetDeployment().verifyHost);
+  AddServerOption(app, options.server, "none, the program answers by itself,");
   AddTimeOption(app, "--timeout", options.timeout,
                 "How long a request to it may last, as 20s; 2min unless given");
   app.add_option("FILE", options.file, "The address book to open")->type_name("");
@@ -96,7 +96,7 @@ int run(int argc, char** argv, const Options& options) {
   // Qt takes the locale of the environment; ours stays as SetCharacterLocale() has set it.
   SetCharacterLocale();
   installTranslations();
-  BatchFixer fixer(options.server);
+  BatchFixer fixer(options.server, IsServerInEnvironment() ? GetDeployment().verifyHost : "");
   AddressBookWindow window(fixer);
   window.show();
   if (!options.file.empty()) {

@@ -2,8 +2,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
+#include <QProcess>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -30,6 +33,7 @@ class BatchFixerTest : public QObject {
   void tellsWhatGotNoAnswer();
   void callsNothingRightThatAPersonKept();
   void asksTheServerOfTheOptions();
+  void answersByItself();
 
  private:
   // Has the user wait for the answers and press a button of the batch window, after the one that
@@ -111,9 +115,7 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
 
 // The server of the options counts where the command line names none.
 void BatchFixerTest::asksTheServerOfTheOptions() {
-  SetDeployment({.verifyHost = "127.0.0.1:1", .userId = "X", .probeHost = "127.0.0.1"});
-  BatchFixer fixer({});
-  QCOMPARE(BatchFixer("a.example").usualServer(), "a.example");
+  BatchFixer fixer({}, "127.0.0.1:1");
   FixSettings options{
       TextCase::Mixed, Punctuation::Keep, Names::SameCase, {}, QString::fromStdString(_server)};
   press("bnUpdate");
@@ -121,7 +123,50 @@ void BatchFixerTest::asksTheServerOfTheOptions() {
   const QList<FixOutcome> outcomes = fixer.fix({label}, options, nullptr);
   QCOMPARE(outcomes.value(0).text, "Lena Quinn\n7517 Adams Blvd\nNatural Bridge, VA 24578");
   QCOMPARE(GetDeployment().verifyHost, _server);
-  QCOMPARE(fixer.usualServer(), "127.0.0.1:1");
+  const BatchFixer all[] = {BatchFixer("a", "c"), BatchFixer("", "c"), BatchFixer("", "")};
+  QCOMPARE(all[0].serverFor("b") + all[1].serverFor("b") + all[1].serverFor(""), "abc");
+  QCOMPARE(all[2].serverFor(""), "");
+}
+
+// With the ZIP codes alone, then with a base that was brought meanwhile, then with one that was
+// spoilt; and a service that is named is asked all the same.
+void BatchFixerTest::answersByItself() {
+  const QTemporaryDir data;
+  const QString base = data.filePath("postwright/town.base");
+  qputenv("XDG_DATA_HOME", data.path().toUtf8());
+  QVERIFY(QDir(data.path()).mkpath("postwright"));
+  QFile town(QStringLiteral(POSTWRIGHT_SOURCE_DIR "/data/sample/town.csv"));
+  QFile rows(data.filePath("town.csv"));
+  QVERIFY(town.open(QIODevice::ReadOnly) && rows.open(QIODevice::WriteOnly));
+  rows.write(town.readAll().replace("MILLRACE,OH,00011", "AUSTIN,TX,78701"));
+  rows.close();
+  const QString label = "Jane Doe\n12 north main street\naustin tx 78701";
+  const auto fix = [&](BatchFixer& fixer) {
+    press("bnUpdate");
+    return fixer.fix({label}, {}, nullptr).value(0);
+  };
+  BatchFixer fixer({}, {});
+  QCOMPARE(fixer.ownStreets().bases, QStringList());
+  QCOMPARE(fixer.ownStreets().folder, data.filePath("postwright"));
+  QCOMPARE(fix(fixer).text, "Jane Doe\n12 N MAIN ST\nAUSTIN TX 78701");
+  QProcess import;
+  import.start(QStringLiteral(POSTWRIGHT_BASE),
+               {"import", base, rows.fileName(), "--source", "town"});
+  QVERIFY(import.waitForFinished() && import.exitCode() == 0);
+  QCOMPARE(fixer.ownStreets().bases, QStringList{base});
+  QCOMPARE(fix(fixer).text, "Jane Doe\n12 N MAIN ST\nAUSTIN TX 78701-1201");
+  QFile file(base);
+  QVERIFY(file.resize(9000));
+  QString said;
+  QTimer::singleShot(0, this, [&said] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    said = box->text() + box->informativeText();
+    QTest::mouseClick(box->buttons().first(), Qt::LeftButton);
+  });
+  QVERIFY(fixer.fix({label}, {}, nullptr).isEmpty());
+  QVERIFY2(said.startsWith("No address was checked." + base + ": "), qPrintable(said));
+  BatchFixer other(_server);
+  QCOMPARE(fix(other).text, "Jane Doe\n12 N MAIN ST\nAUSTIN TX 78701");
 }
 
 }  // namespace postwright::addressbook

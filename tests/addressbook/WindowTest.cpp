@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/dialogs/PrintDialog.h"
@@ -46,7 +47,13 @@ class ScriptedFixer final : public AddressFixer {
     asked = labels;
     return outcomes;
   }
-  QString usualServer() const override { return QStringLiteral("verify.example:80"); }
+  QString serverFor(const QString& server) const override {
+    return server.isEmpty() ? usual : server;
+  }
+  OwnStreets ownStreets() const override { return streets; }
+
+  QString usual;
+  OwnStreets streets;
 
   QStringList asked;
   QList<FixOutcome> outcomes;
@@ -80,7 +87,9 @@ class WindowTest : public QObject {
   void exportsOverNothingUnasked();
   void leavesWhenSavedElsewhere();
   void printsFromTheLabelChosen();
-  void namesTheServerThatIsAsked();
+  void saysWhoAnswers_data();
+  void saysWhoAnswers();
+  void saysThatNoStreetsAreKnown();
   void opensWhatIsDropped();
   void saysWhyAFileDoesNotOpen();
   void takesBigBooks();
@@ -131,6 +140,8 @@ void WindowTest::init() {
   const QStringList header = {"Name", "Street", "City", "State", "Zip", "Phone"};
   ColumnMemory::remember(kBook.first(kBook.indexOf('\n')),
                          {',', true, 0, tables::guessColumns(header, {})});
+  _fixer.usual.clear();
+  _fixer.streets = {};
   _window = std::make_unique<AddressBookWindow>(_fixer);
   _window->show();
   _table = find<EntryTable>("entryTable");
@@ -309,7 +320,7 @@ void WindowTest::showsHowALabelWillRead() {
   QSettings().setValue("fix/removePunctuation", false);
   QString sample;
   const auto choose = [&](int letters, int punctuation, int names) {
-    PreferencesDialog dialog(Preferences::load(), QStringLiteral("a.example:80"));
+    PreferencesDialog dialog(Preferences::load(), _fixer);
     const std::pair<const char*, int> keys[] = {
         {"case", letters}, {"punctuation", punctuation}, {"names", names}};
     for (const auto& [name, presses] : keys) {
@@ -329,7 +340,7 @@ void WindowTest::showsHowALabelWillRead() {
   QCOMPARE(Preferences::load().fix.textCase, TextCase::Mixed);
   QCOMPARE(Preferences::load().fix.punctuation, Punctuation::Remove);
   QCOMPARE(Preferences::load().fix.names, Names::SameCase);
-  PreferencesDialog dialog(Preferences::load(), QStringLiteral("a.example:80"));
+  PreferencesDialog dialog(Preferences::load(), _fixer);
   QTest::keyClicks(find<QLineEdit>("spellings", &dialog), "SainT");
   QVERIFY(find<QLabel>("sample", &dialog)->text().contains("SainT Louis"));
 }
@@ -530,14 +541,76 @@ void WindowTest::printsFromTheLabelChosen() {
   QCOMPARE(Preferences::load().sheet.name, "letter-10");
 }
 
-void WindowTest::namesTheServerThatIsAsked() {
-  QTimer::singleShot(0, this, [this] {
+void WindowTest::saysWhoAnswers_data() {
+  QTest::addColumn<QString>("usual");
+  QTest::addColumn<QStringList>("bases");
+  QTest::addColumn<QString>("problem");
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("said");
+  const QString itself = "This program answers by itself, ";
+  const QStringList bases = {"/home/me/texas.base", "/var/lib/postwright/ohio.base"};
+  QTest::newRow("itself") << "" << QStringList() << ""
+                          << "" << itself + "from its list of ZIP codes only.";
+  QTest::newRow("streets") << "" << bases << ""
+                           << "" << itself + "with the streets of texas.base, ohio.base.";
+  QTest::newRow("no folder") << "" << QStringList() << "/var: denied"
+                             << ""
+                             << "This program would answer by itself, but: /var: denied";
+  QTest::newRow("named") << "" << bases << ""
+                         << "a.example"
+                         << "a.example is asked.";
+  QTest::newRow("usual") << "b.example" << bases << ""
+                         << ""
+                         << "b.example is asked, as the program was started so.";
+  QTest::newRow("wrong") << "" << bases << ""
+                         << "a:b:c"
+                         << "This is no host with a port, as in 127.0.0.1:8470.";
+}
+
+void WindowTest::saysWhoAnswers() {
+  QFETCH(QString, usual);
+  QFETCH(QStringList, bases);
+  QFETCH(QString, problem);
+  QFETCH(QString, typed);
+  QFETCH(QString, said);
+  _fixer.usual = usual;
+  _fixer.streets = {bases, problem, {}};
+  QTimer::singleShot(0, this, [this, &typed, &said] {
     QWidget* const dialog = QApplication::activeModalWidget();
     const auto leave = qScopeGuard([dialog] { dialog->close(); });
-    QCOMPARE(find<QLineEdit>("server", dialog)->placeholderText(),
-             QStringLiteral("the usual one: verify.example:80"));
+    QTest::keyClicks(find<QLineEdit>("server", dialog), typed);
+    QCOMPARE(find<QLabel>("serverNote", dialog)->text(), said);
   });
   trigger("preferences");
+}
+
+// Until it is closed, or there are streets, or somebody else is asked.
+void WindowTest::saysThatNoStreetsAreKnown() {
+  auto* const bar = find<QWidget>("streetsBar");
+  const auto comesBack = [this] {
+    _window->setFocus();
+    QEvent back(QEvent::ActivationChange);
+    QApplication::sendEvent(_window.get(), &back);
+  };
+  QVERIFY(bar->isVisible());
+  QVERIFY(find<QLabel>("messageText", bar)
+              ->text()
+              .startsWith("ZIP codes only: streets are not checked."));
+  _fixer.streets.bases = QStringList{"texas.base"};
+  comesBack();
+  QVERIFY(!bar->isVisible());
+  _fixer.streets = {{}, "/var: denied", {}};
+  comesBack();
+  QCOMPARE(find<QLabel>("messageText", bar)->text(), "/var: denied");
+  _fixer.usual = "a.example";
+  comesBack();
+  QVERIFY(!bar->isVisible());
+  _fixer.usual.clear();
+  comesBack();
+  QVERIFY(bar->isVisible());
+  QTest::mouseClick(bar->findChildren<QToolButton*>().last(), Qt::LeftButton);
+  comesBack();
+  QVERIFY(!bar->isVisible());
 }
 
 void WindowTest::opensWhatIsDropped() {

@@ -11,6 +11,7 @@
 
 #include "apps/ServerOption.h"
 #include "apps/addressbook/dialogs/LookFields.h"
+#include "apps/addressbook/fix/WhoAnswers.h"
 
 namespace postwright::addressbook {
 
@@ -28,16 +29,16 @@ QLabel* makeHint(const QString& text, QWidget* parent) {
 
 }  // namespace
 
-PreferencesDialog::PreferencesDialog(const Preferences& preferences, const QString& usualServer,
+PreferencesDialog::PreferencesDialog(const Preferences& preferences, const AddressFixer& fixer,
                                      QWidget* parent)
-    : QDialog(parent), _preferences(preferences) {
+    : QDialog(parent), _preferences(preferences), _fixer(fixer) {
   setWindowTitle(tr("Preferences"));
   auto* const buttons = new QDialogButtonBox(this);
   _accept = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
   buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(buildLook());
-  layout->addWidget(buildService(usualServer));
+  layout->addWidget(buildService());
   layout->addWidget(buildWindow());
   layout->addStretch(1);
   layout->addWidget(buttons);
@@ -64,15 +65,19 @@ QWidget* PreferencesDialog::buildLook() {
   return group;
 }
 
-QWidget* PreferencesDialog::buildService(const QString& usualServer) {
-  auto* const group = new QGroupBox(tr("Verify service"), this);
+QWidget* PreferencesDialog::buildService() {
+  auto* const group = new QGroupBox(tr("Who answers"), this);
   auto* const layout = new QFormLayout(group);
   _server = new QLineEdit(_preferences.fix.server, group);
   _server->setObjectName(QStringLiteral("server"));
-  _server->setPlaceholderText(tr("the usual one: %1").arg(usualServer));
-  _serverProblem = makeHint(QString(), group);
-  layout->addRow(tr("&Host:"), _server);
-  layout->addRow(QString(), _serverProblem);
+  const QString usual = _fixer.serverFor({});
+  _server->setPlaceholderText(usual.isEmpty() ? tr("none: this program answers by itself")
+                                              : tr("the usual one: %1").arg(usual));
+  _serverNote = makeHint(QString(), group);
+  _serverNote->setObjectName(QStringLiteral("serverNote"));
+  _serverNote->setTextFormat(Qt::PlainText);
+  layout->addRow(tr("&Verify service:"), _server);
+  layout->addRow(QString(), _serverNote);
   connect(_server, &QLineEdit::textChanged, this, &PreferencesDialog::checkServer);
   return group;
 }
@@ -91,9 +96,9 @@ QWidget* PreferencesDialog::buildWindow() {
 void PreferencesDialog::checkServer() {
   const QString server = _server->text().trimmed();
   const bool isGood = server.isEmpty() || CheckServer(server.toStdString()).empty();
-  _serverProblem->setText(isGood ? tr("A host with a port, as in 127.0.0.1:8470.")
-                                 : tr("This is no host with a port, as in 127.0.0.1:8470."));
-  _serverProblem->setForegroundRole(isGood ? QPalette::PlaceholderText : QPalette::WindowText);
+  _serverNote->setText(isGood ? whoAnswers(_fixer, server)
+                              : tr("This is no host with a port, as in 127.0.0.1:8470."));
+  _serverNote->setForegroundRole(isGood ? QPalette::PlaceholderText : QPalette::WindowText);
   _accept->setEnabled(isGood);
 }
 

@@ -19,8 +19,8 @@ class PreferencesDialog : public QDialog {
   Q_OBJECT
 
  public:
-  // `usualServer` is the service that is asked where the settings name none.
-  PreferencesDialog(const Preferences& preferences, const QString& usualServer,
+  // `fixer` lives longer than the dialog, which says who answers with it.
+  PreferencesDialog(const Preferences& preferences, const AddressFixer& fixer,
                     QWidget* parent = nullptr);
 
   // The settings as the fields have them.
@@ -28,15 +28,16 @@ class PreferencesDialog : public QDialog {
 
  private:
   QWidget* buildLook();
-  QWidget* buildService(const QString& usualServer);
+  QWidget* buildService();
   QWidget* buildWindow();
   void checkServer();
 
   Preferences _preferences;
+  const AddressFixer& _fixer;
   LookFields* _look = nullptr;
   QLineEdit* _spellings = nullptr;
   QLineEdit* _server = nullptr;
-  QLabel* _serverProblem = nullptr;
+  QLabel* _serverNote = nullptr;  // who answers, or what is wrong with the host
   QComboBox* _appearance = nullptr;
   QPushButton* _accept = nullptr;
 };

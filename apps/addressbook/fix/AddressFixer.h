@@ -21,7 +21,14 @@ struct FixSettings {
   Punctuation punctuation = Punctuation::Postal;
   Names names = Names::AsTyped;
   QString spellings;  // the user's own, parted by ";": "DeWitt; MacArthur"
-  QString server;     // HOST[:PORT]; empty: the one that the library was built for
+  QString server;     // HOST[:PORT]; empty: the program answers by itself, or as it was started
+};
+
+// What the program knows of streets where it answers by itself.
+struct OwnStreets {
+  QStringList bases;  // the paths of the address bases; none: ZIP codes alone
+  QString problem;    // why they cannot be looked for, else empty
+  QString folder;     // where they are to be put
 };
 
 // What came of one label.
@@ -53,8 +60,12 @@ class AddressFixer {
   virtual QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                                 QWidget* parent) = 0;
 
-  // Returns the service that is asked where the options name none, with its port.
-  virtual QString usualServer() const = 0;
+  // Returns the service that is asked where the options name `server`, with its port; empty where
+  // the program answers by itself.
+  virtual QString serverFor(const QString& server) const = 0;
+
+  // What it then answers from, beside the list of ZIP codes that comes along. Reads no base.
+  virtual OwnStreets ownStreets() const = 0;
 };
 
 }  // namespace postwright::addressbook

@@ -1,11 +1,16 @@
 #include "apps/addressbook/fix/BatchFixer.h"
 
 #include <postwright/AddressEntry.h>
+#include <postwright/LocalAnswers.h>
 #include <postwright/PostwrightController.h>
 #include <postwright/ReviewedFix.h>
 
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QScopeGuard>
 #include <memory>
 
+#include "apps/OwnService.h"
 #include "apps/ServerOption.h"
 
 namespace postwright::addressbook {
@@ -77,13 +82,25 @@ FixOutcome outcomeOf(const BatchResultRecord& record) {
                   values.confirmation);
 }
 
+QString pathText(const std::filesystem::path& path) {
+  return QString::fromLocal8Bit(path.c_str());
+}
+
 }  // namespace
 
-BatchFixer::BatchFixer(std::string server) : _server(std::move(server)), _usual(GetDeployment()) {}
+BatchFixer::BatchFixer(std::string server, std::string usual)
+    : _server(std::move(server)), _usual(std::move(usual)) {}
 
 QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& options,
                                   QWidget* parent) {
-  pointTo(options.server);
+  if (const QString problem = pointTo(options.server); !problem.isEmpty()) {
+    QMessageBox box(QMessageBox::NoIcon, {}, tr("No address was checked."), {}, parent);
+    box.setInformativeText(problem);
+    box.setTextFormat(Qt::PlainText);
+    box.addButton(tr("Close"), QMessageBox::RejectRole);
+    box.exec();
+    return {};
+  }
   QList<std::shared_ptr<AddressEntry>> entries;
   for (const QString& label : labels) {
     entries.append(std::make_shared<LabelEntry>(label, entries.size()));
@@ -105,19 +122,44 @@ QList<FixOutcome> BatchFixer::fix(const QStringList& labels, const FixSettings& 
   return outcomes;
 }
 
-QString BatchFixer::usualServer() const {
-  return QString::fromStdString(_server.empty() ? _usual.verifyHost : _server);
+QString BatchFixer::serverFor(const QString& server) const {
+  return !_server.empty()    ? QString::fromStdString(_server)
+         : !server.isEmpty() ? server
+                             : QString::fromStdString(_usual);
+}
+
+OwnStreets BatchFixer::ownStreets() const {
+  OwnStreets streets;
+  streets.folder = pathText(BaseFolder());
+  try {
+    for (const std::filesystem::path& base : FindBases()) {
+      streets.bases.append(pathText(base));
+    }
+  } catch (const std::exception& failure) {
+    streets.problem = QString::fromLocal8Bit(failure.what());
+  }
+  return streets;
 }
 
 // Between two windows no fix is under way, so the process may be pointed elsewhere.
-void BatchFixer::pointTo(const QString& server) const {
-  if (!_server.empty()) {
-    UseServer(_server);
-  } else if (!server.isEmpty()) {
-    UseServer(server.toStdString());
-  } else {
-    SetDeployment(_usual);
+QString BatchFixer::pointTo(const QString& server) {
+  const std::string asked = serverFor(server).toStdString();
+  if (!asked.empty()) {
+    SetLocalAnswers({});
+    UseServer(asked);
+    return {};
   }
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);  // a large base is read into memory
+  const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+  try {
+    _own.use();
+  } catch (const std::exception& failure) {
+    return tr("%1\n\nTake that file away or make it anew with postwright-base, or name a service "
+              "in "
+              "the preferences.")
+        .arg(QString::fromLocal8Bit(failure.what()));
+  }
+  return {};
 }
 
 }  // namespace postwright::addressbook

@@ -1,12 +1,11 @@
 #ifndef POSTWRIGHT_APPS_ADDRESSBOOK_FIX_BATCHFIXER_H_
 #define POSTWRIGHT_APPS_ADDRESSBOOK_FIX_BATCHFIXER_H_
 
-#include <postwright/Deployment.h>
-
 #include <QCoreApplication>
 #include <string>
 
 #include "apps/addressbook/fix/AddressFixer.h"
+#include "apps/addressbook/fix/OwnAnswers.h"
 
 namespace postwright::addressbook {
 
@@ -15,18 +14,22 @@ class BatchFixer final : public AddressFixer {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::BatchFixer)
 
  public:
-  // `server`, from the command line, counts before the one of the options; empty: none was given.
-  explicit BatchFixer(std::string server);
+  // `server`, from the command line, counts before the one of the options, and that one before
+  // `usual`, from the environment; empty: none was given.
+  explicit BatchFixer(std::string server, std::string usual = {});
 
   QList<FixOutcome> fix(const QStringList& labels, const FixSettings& options,
                         QWidget* parent) override;
-  QString usualServer() const override;
+  QString serverFor(const QString& server) const override;
+  OwnStreets ownStreets() const override;
 
  private:
-  void pointTo(const QString& server) const;
+  // Returns why the service cannot be asked; the empty answer is consent.
+  QString pointTo(const QString& server);
 
   std::string _server;
-  Deployment _usual;  // what the library was built for, or the environment names
+  std::string _usual;
+  OwnAnswers _own;
 };
 
 }  // namespace postwright::addressbook

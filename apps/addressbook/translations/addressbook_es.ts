@@ -66,6 +66,22 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <source>Several addresses match</source>
         <translation>Coinciden varias direcciones</translation>
     </message>
+    <message>
+        <source>No address was checked.</source>
+        <translation>No se comprobó ninguna dirección.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>%1
+
+Take that file away or make it anew with postwright-base, or name a service in the preferences.</source>
+        <translation>%1
+
+Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio en las preferencias.</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::BookCounts</name>
@@ -790,16 +806,8 @@ Ciudad, estado y código ZIP</translation>
         <translation>Palabras que se escriben tal cual en mayúsculas y minúsculas, separadas por punto y coma.</translation>
     </message>
     <message>
-        <source>Verify service</source>
-        <translation>Servicio Verify</translation>
-    </message>
-    <message>
         <source>the usual one: %1</source>
         <translation>el habitual: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Host:</source>
-        <translation>&amp;Servidor:</translation>
     </message>
     <message>
         <source>Window</source>
@@ -822,12 +830,20 @@ Ciudad, estado y código ZIP</translation>
         <translation>Apa&amp;riencia:</translation>
     </message>
     <message>
-        <source>A host with a port, as in 127.0.0.1:8470.</source>
-        <translation>Un servidor con su puerto, como 127.0.0.1:8470.</translation>
-    </message>
-    <message>
         <source>This is no host with a port, as in 127.0.0.1:8470.</source>
         <translation>Esto no es un servidor con su puerto, como 127.0.0.1:8470.</translation>
+    </message>
+    <message>
+        <source>Who answers</source>
+        <translation>Quién responde</translation>
+    </message>
+    <message>
+        <source>none: this program answers by itself</source>
+        <translation>ninguno: este programa responde por sí mismo</translation>
+    </message>
+    <message>
+        <source>&amp;Verify service:</source>
+        <translation>Servicio &amp;Verify:</translation>
     </message>
 </context>
 <context>
@@ -1028,6 +1044,33 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Work</source>
         <translation>Trabajo</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::WhoAnswers</name>
+    <message>
+        <source>%1 is asked.</source>
+        <translation>Se pregunta a %1.</translation>
+    </message>
+    <message>
+        <source>%1 is asked, as the program was started so.</source>
+        <translation>Se pregunta a %1, porque así se inició el programa.</translation>
+    </message>
+    <message>
+        <source>This program would answer by itself, but: %1</source>
+        <translation>Este programa respondería por sí mismo, pero: %1</translation>
+    </message>
+    <message>
+        <source>This program answers by itself, from its list of ZIP codes only.</source>
+        <translation>Este programa responde por sí mismo, solo con su lista de códigos postales.</translation>
+    </message>
+    <message>
+        <source>This program answers by itself, with the streets of %1.</source>
+        <translation>Este programa responde por sí mismo, con las calles de %1.</translation>
+    </message>
+    <message>
+        <source>ZIP codes only: streets are not checked. “postwright-base import” brings them, into a .base file in %1.</source>
+        <translation>Solo códigos postales: no se comprueban las calles. «postwright-base import» las trae, a un archivo .base en %1.</translation>
     </message>
 </context>
 <context>

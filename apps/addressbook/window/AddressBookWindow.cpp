@@ -12,6 +12,7 @@
 
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/dialogs/PrintDialog.h"
+#include "apps/addressbook/fix/WhoAnswers.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/widgets/EmptyPage.h"
 #include "apps/addressbook/widgets/MessageBar.h"
@@ -73,6 +74,8 @@ AddressBookWindow::~AddressBookWindow() {
 
 QWidget* AddressBookWindow::buildMiddle() {
   _message = new MessageBar(this);
+  _streets = new MessageBar(this);
+  _streets->setObjectName(QStringLiteral("streetsBar"));
   _empty = new EmptyPage(this);
   _pages = new QStackedWidget(this);
   _pages->addWidget(_table);
@@ -88,6 +91,7 @@ QWidget* AddressBookWindow::buildMiddle() {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(_message);
+  layout->addWidget(_streets);
   layout->addWidget(_splitter, 1);
   return middle;
 }
@@ -208,7 +212,7 @@ void AddressBookWindow::print() {
 }
 
 void AddressBookWindow::editPreferences() {
-  PreferencesDialog dialog(Preferences::load(), _fixer.usualServer(), this);
+  PreferencesDialog dialog(Preferences::load(), _fixer, this);
   if (dialog.exec() == QDialog::Accepted) {
     dialog.preferences().save();
     takePreferences();
@@ -219,6 +223,21 @@ void AddressBookWindow::takePreferences() {
   const Preferences preferences = Preferences::load();
   applyAppearance(preferences.appearance);
   _panel->setPreferences(preferences);
+  tellMissingStreets();
+}
+
+// Once: where the user closes the bar, it stays away until something else is the case.
+void AddressBookWindow::tellMissingStreets() {
+  const QString missing = missingStreets(_fixer, Preferences::load().fix.server);
+  if (missing == _missingStreets) {
+    return;
+  }
+  _missingStreets = missing;
+  if (missing.isEmpty()) {
+    _streets->hide();
+  } else {
+    _streets->tell(missing);
+  }
 }
 
 void AddressBookWindow::refresh() {
@@ -268,6 +287,14 @@ void AddressBookWindow::restoreLayout() {
   }
   if (!_splitter->restoreState(settings.value(kSplitterKey).toByteArray())) {
     _splitter->setSizes({width() - kPanelWidth, kPanelWidth});
+  }
+}
+
+// The user may have been away to bring streets.
+void AddressBookWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    tellMissingStreets();
   }
 }
 

@@ -41,6 +41,7 @@ class AddressBookWindow : public QMainWindow {
   BookDocument& document() { return _document; }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -57,6 +58,7 @@ class AddressBookWindow : public QMainWindow {
   void print();
   void editPreferences();
   void takePreferences();
+  void tellMissingStreets();
   void refresh();
   void refreshPages();
   void restoreLayout();
@@ -73,6 +75,8 @@ class AddressBookWindow : public QMainWindow {
   QStackedWidget* _pages = nullptr;
   EmptyPage* _empty = nullptr;
   MessageBar* _message = nullptr;
+  MessageBar* _streets = nullptr;  // says that none are known
+  QString _missingStreets;         // what it said last
   SearchFields* _search;
   BookCounts* _counts;
 };
