@@ -147,11 +147,32 @@ struct NamedAddress {
   bool hasStreet() const { return roles.contains(ColumnRole::Street); }
 };
 
+// A column with the whole address says what others of it say once more: "Address" beside "Street",
+// and "Street" beside "Address 1".
+void leaveOutRepeated(const QList<NamedColumn>& columns, const QString& group,
+                      QList<ColumnRole>& roles) {
+  const auto has = [&](auto is) {
+    return std::any_of(columns.begin(), columns.end(), [&](const NamedColumn& column) {
+      return column.group == group && is(column.rest);
+    });
+  };
+  const bool hasStreet = has([](const QString& rest) { return rest.startsWith(u"STREET"); });
+  const bool hasLines = has([](const QString& rest) { return rest == u"ADDRESS1"; });
+  for (qsizetype column = 0; column < columns.size(); ++column) {
+    const QString& rest = columns[column].rest;
+    if (columns[column].group == group &&
+        ((hasStreet && rest == u"ADDRESS") || (hasLines && rest == u"STREET"))) {
+      roles[column] = ColumnRole::None;
+    }
+  }
+}
+
 QMap<QString, NamedAddress> addressesByName(const QList<NamedColumn>& columns) {
   QMap<QString, NamedAddress> addresses;
   for (qsizetype column = 0; column < columns.size(); ++column) {
     const NamedColumn& named = columns[column];
-    if (isPersonal(named.role) || (named.role == ColumnRole::None && !named.tellsKind)) {
+    const bool isOfAll = isPersonal(named.role) && named.group.isEmpty();
+    if (isOfAll || (named.role == ColumnRole::None && !named.tellsKind)) {
       continue;
     }
     NamedAddress& address = addresses[named.group];
@@ -159,17 +180,8 @@ QMap<QString, NamedAddress> addressesByName(const QList<NamedColumn>& columns) {
     address.roles[column] = named.role;
     address.kindColumn = named.tellsKind ? static_cast<int>(column) : address.kindColumn;
   }
-  // Beside the street, a column with the whole address says the same once more.
   for (auto each = addresses.begin(); each != addresses.end(); ++each) {
-    const bool hasStreet =
-        std::any_of(columns.begin(), columns.end(), [&each](const NamedColumn& column) {
-          return column.group == each.key() && column.rest.startsWith(u"STREET");
-        });
-    for (qsizetype column = 0; hasStreet && column < columns.size(); ++column) {
-      if (columns[column].group == each.key() && columns[column].rest == u"ADDRESS") {
-        each->roles[column] = ColumnRole::None;
-      }
-    }
+    leaveOutRepeated(columns, each.key(), each->roles);
   }
   // "Mailing Address, City, State, Zip": what has no street belongs to the one that has.
   if (addresses.contains(QString()) && !addresses[QString()].hasStreet()) {
@@ -187,6 +199,20 @@ QMap<QString, NamedAddress> addressesByName(const QList<NamedColumn>& columns) {
   return addresses;
 }
 
+// The columns of an address with those of the person. A name or company of its own ("Shipping
+// Name") counts more, and the company is not on the home label where there is another.
+QList<ColumnRole> withPersonal(QList<ColumnRole> roles, const QList<ColumnRole>& personal,
+                               bool isOnlyHome) {
+  const bool hasName = roles.contains(ColumnRole::Name) || roles.contains(ColumnRole::Given);
+  const bool hasCompany = roles.contains(ColumnRole::Company) || isOnlyHome;
+  for (qsizetype column = 0; column < roles.size(); ++column) {
+    const ColumnRole role = personal[column];
+    const bool isLeftOut = role == ColumnRole::Company ? hasCompany : hasName;
+    roles[column] = role == ColumnRole::None || isLeftOut ? roles[column] : role;
+  }
+  return roles;
+}
+
 }  // namespace
 
 QList<AddressColumns> guessColumns(const QStringList& header, const QList<QStringList>& rows) {
@@ -197,21 +223,17 @@ QList<AddressColumns> guessColumns(const QStringList& header, const QList<QStrin
     names.append(plainName(title));
     columns.append(readColumnName(title));
     const ColumnRole role = columns.last().role;
-    personal.append(isPersonal(role) ? role : ColumnRole::None);
+    personal.append(isPersonal(role) && columns.last().group.isEmpty() ? role : ColumnRole::None);
   }
   checkTitles(names, rows, personal);
   preferFullName(names, rows, personal);
   QList<AddressColumns> guessed;
   const QMap<QString, NamedAddress> addresses = addressesByName(columns);
   for (auto each = addresses.cbegin(); each != addresses.cend(); ++each) {
-    QList<ColumnRole> roles = each->roles;
-    for (qsizetype column = 0; column < roles.size(); ++column) {
-      const bool isOfWork = personal[column] == ColumnRole::Company && addresses.size() > 1 &&
-                            kindOfGroup(each.key()) == u"Home";
-      roles[column] =
-          personal[column] != ColumnRole::None && !isOfWork ? personal[column] : roles[column];
-    }
-    guessed.append({kindOfGroup(each.key()), each->kindColumn, ColumnMapping(roles)});
+    const QString kind = kindOfGroup(each.key());
+    const bool isOnlyHome = kind == u"Home" && addresses.size() > 1;
+    guessed.append(
+        {kind, each->kindColumn, ColumnMapping(withPersonal(each->roles, personal, isOnlyHome))});
   }
   std::stable_sort(guessed.begin(), guessed.end(),
                    [&rows](const AddressColumns& a, const AddressColumns& b) {

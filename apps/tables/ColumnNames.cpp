@@ -18,31 +18,40 @@ struct NamedRole {
 constexpr NamedRole kNamedRoles[] = {
     {ColumnRole::Title, "SALUTATION PREFIX NAMEPREFIX HONORIFIC TITLE TRATAMIENTO"},
     {ColumnRole::Given,
-     "FIRSTNAME FIRSTNAMES FIRST GIVENNAME GIVEN FORENAME MIDDLENAME MIDDLE MIDDLEINITIAL MI "
-     "NOMBRE NOMBRES"},
+     "FIRSTNAME FIRSTNAMES FIRST FNAME GIVENNAME GIVENNAMES GIVEN FORENAME MIDDLENAME MIDDLE "
+     "MIDDLEINITIAL MI ADDITIONALNAME NOMBRE NOMBRES"},
     {ColumnRole::Name,
      "NAME FULLNAME DISPLAYNAME MAILINGNAME LABELNAME ENVELOPENAME HOUSEHOLDNAME LASTNAME LAST "
-     "SURNAME FAMILYNAME FAMILY CONTACT CONTACTNAME RECIPIENT ADDRESSEE NOMBRECOMPLETO APELLIDO "
+     "LNAME SURNAME FAMILYNAME FAMILY CONTACT CONTACTNAME RECIPIENT ADDRESSEE NOMBRECOMPLETO "
+     "APELLIDO "
      "APELLIDOS DESTINATARIO"},
     {ColumnRole::Suffix, "SUFFIX NAMESUFFIX SUFIJO"},
     {ColumnRole::Company,
-     "COMPANY COMPANYNAME ORGANIZATION ORGANISATION ORGANIZATIONNAME ORG FIRM FIRMNAME BUSINESS "
+     "COMPANY COMPANYNAME ORGANIZATION ORGANISATION ORGANIZATIONNAME "
+     "ORGANIZATION1NAME ORGNAME ORG FIRM FIRMNAME BUSINESS "
      "BUSINESSNAME ACCOUNTNAME ASSOCIATEDCOMPANY EMPRESA ORGANIZACION COMPANIA"},
     {ColumnRole::Street,
      "ADDRESS ADDRESS1 ADDRESS2 ADDRESS3 ADDRESSLINE ADDRESSLINE1 ADDRESSLINE2 ADDRESSLINE3 ADDR "
-     "ADDR1 ADDR2 ADDR3 LINE1 LINE2 LINE3 STREET STREET1 STREET2 STREET3 STREETADDRESS "
+     "ADDR1 ADDR2 ADDR3 ADDRLINE1 ADDRLINE2 ADDRLINE3 ADD1 ADD2 STREETLINE1 STREETLINE2 LINE1 "
+     "LINE2 LINE3 STREET STREET1 STREET2 STREET3 STREETADDRESS "
      "STREETADDRESS1 STREETADDRESS2 STREETADDRESSLINE1 STREETADDRESSLINE2 DELIVERYADDRESS LABEL "
-     "ADDRESSLABEL APT APARTMENT UNIT SUITE STE POBOX ADDRESSPOBOX EXTENDEDADDRESS DIRECCION "
+     "ADDRESSLABEL APT APTNO APTNUMBER APTSUITE APTUNIT APARTMENT UNIT UNITNO UNITNUMBER SUITE STE "
+     "POBOX ADDRESSPOBOX EXTENDEDADDRESS DIRECCION "
      "DIRECCION1 DIRECCION2 CALLE ETIQUETA"},
     {ColumnRole::City,
      "CITY TOWN CITYTOWN LOCALITY POSTTOWN POSTOFFICE CITYSTATEZIP CITYSTATEANDZIP CITYSTZIP "
      "CIUDAD LOCALIDAD MUNICIPIO"},
-    {ColumnRole::State, "STATE ST STATECODE PROVINCE STATEPROVINCE STATEREGION REGION ESTADO"},
+    {ColumnRole::State,
+     "STATE ST STATECODE PROVINCE PROVINCECODE STATEPROV STATEPROVINCE STATEREGION REGION ESTADO"},
     {ColumnRole::Zip,
-     "ZIP ZIPCODE ZIP5 ZIP4 ZIPPLUS4 PLUS4 ZIPPOSTALCODE POSTALCODE POSTCODE POSTAL CODIGOPOSTAL "
+     "ZIP ZIPCODE ZIP5 ZIP4 ZIPPLUS4 PLUS4 ZIPPOSTALCODE ZIPPOSTAL POSTALZIP POSTALCODE POSTCODE "
+     "POSTAL CODIGOPOSTAL "
      "CP"},
     {ColumnRole::Country, "COUNTRY COUNTRYREGION COUNTRYCODE NATION PAIS"},
 };
+
+// What a customer database says of a column whose cells it does not take from a list of its own.
+constexpr QLatin1String kTextOnly("TEXTONLY");
 
 constexpr const char* kFullNames =
     " NAME FULLNAME DISPLAYNAME MAILINGNAME LABELNAME ENVELOPENAME HOUSEHOLDNAME NOMBRECOMPLETO ";
@@ -60,6 +69,10 @@ constexpr Group kGroups[] = {
     {"MAILING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Mailing")},
     {"SHIPPING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Shipping")},
     {"BILLING", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Billing")},
+    {"SHIPTO", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Shipping")},
+    {"SHIP", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Shipping")},
+    {"BILLTO", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Billing")},
+    {"BILL", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Billing")},
     {"OTHER", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Other")},
     {"PRIMARY", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Primary")},
     {"SECONDARY", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Secondary")},
@@ -71,6 +84,7 @@ constexpr Group kGroups[] = {
     {"POSTAL", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Postal")},
     {"CASA", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Home")},
     {"TRABAJO", QT_TRANSLATE_NOOP("postwright::tables::ColumnNames", "Work")},
+    {"DEFAULTADDRESS", ""},
     {"ADDRESS1", ""},
     {"ADDRESS2", ""},
     {"ADDRESS3", ""},
@@ -108,7 +122,10 @@ bool isPersonal(ColumnRole role) {
 }
 
 NamedColumn readColumnName(const QString& title) {
-  const QString name = plainName(title);
+  QString name = plainName(title);
+  if (name.endsWith(kTextOnly)) {
+    name.chop(kTextOnly.size());
+  }
   const auto& known = rolesByName();
   if (const auto found = known.constFind(name); found != known.cend()) {
     return {*found, {}, name, false};
@@ -124,7 +141,7 @@ NamedColumn readColumnName(const QString& title) {
       return {ColumnRole::None, group, rest, true};
     }
     const ColumnRole role = known.value(rest, ColumnRole::None);
-    if (role != ColumnRole::None && !isPersonal(role)) {
+    if (role != ColumnRole::None) {
       return {role, group, rest, false};
     }
   }

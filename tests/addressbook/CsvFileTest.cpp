@@ -216,6 +216,36 @@ void CsvFileTest::readsFilesAsTheyCome_data() {
              "Work State,Work ZipCode,Organization\n"
              "Zoe,Li,Zoe Li,z@x.example,1 Elm St,Apt 2,Reno,NV,89501,USA,,,,,,Acme\n")
       << QStringList{": Zoe Li\n1 Elm St\nApt 2\nReno, NV 89501"};
+  QTest::newRow("web mail of before")
+      << QByteArray(
+             "Name,Given Name,Additional Name,Family Name,Yomi Name,Name Prefix,Address 1 - Type,"
+             "Address 1 - Formatted,Address 1 - Street,Address 1 - City,Address 1 - Region,"
+             "Address 1 - Postal Code,Organization 1 - Type,Organization 1 - Name,"
+             "Organization 1 - Title\n"
+             "Zoe Li,Zoe,,Li,,,* Work,\"One Elm\nReno NV\",1 Elm St,Reno,NV,89501,,Acme,CEO\n")
+      << QStringList{"Work: Zoe Li\nAcme\n1 Elm St\nReno, NV 89501"};
+  QTest::newRow("customers, states as text")
+      << QByteArray(
+             "First Name,Last Name,Account Name,Mailing Street,Mailing City,"
+             "Mailing State/Province (text only),Mailing Zip/Postal Code,"
+             "Mailing Country (text only),Other Street,Other City\n"
+             "Zoe,Li,Acme,\"1 Elm St\nSuite 5\",Reno,NV,89501,USA,,\n")
+      << QStringList{": Zoe Li\nAcme\n1 Elm St\nSuite 5\nReno, NV 89501"};
+  QTest::newRow("orders, with names of their own")
+      << QByteArray(
+             "Name,Email,Billing Name,Billing Address1,Billing City,Billing Zip,Billing Province,"
+             "Shipping Name,Shipping Street,Shipping Address1,Shipping Company,Shipping City,"
+             "Shipping Zip,Shipping Province,Shipping Country\n"
+             "#1001,z@x.example,Al Roe,9 Oak St,Reno,89502,NV,"
+             "Zoe Li,One Elm,1 Elm St,Acme,Reno,89501,NV,US\n")
+      << QStringList{"Billing: Al Roe\n9 Oak St\nReno, NV 89502",
+                     "Shipping: Zoe Li\nAcme\n1 Elm St\nReno, NV 89501"};
+  QTest::newRow("club")
+      << QByteArray(
+             "Member #,Family Name,First Name(s),Addr Line 1,Addr Line 2,City/Town,State/Prov,"
+             "Zip/Postal,Home Phone,Primary Contact\n"
+             "7,Doe,Jo & Al,1 Elm St,Apt 4,Reno,NV,89501,555-0101,Al\n")
+      << QStringList{": Jo & Al Doe\n1 Elm St\nApt 4\nReno, NV 89501"};
   QTest::newRow("parish, title above")
       << QByteArray(
              "sep=;\nSt. Brigid 2026;;;;;;\n"
