@@ -2,15 +2,14 @@
 
 #include <postwright/BatchOptions.h>
 
-#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QItemSelectionModel>
 #include <QScreen>
-#include <QScrollArea>
 #include <QScrollBar>
 
 #include "client/LocalizedString.h"
 #include "client/batch/AddressDelegate.h"
+#include "client/batch/DetailArea.h"
 #include "client/batch/RowHeights.h"
 #include "client/batch/StatusDelegate.h"
 #include "client/batch/StatusIcons.h"
@@ -22,10 +21,7 @@ namespace postwright {
 namespace {
 
 constexpr int kDetailHeight = 230;
-constexpr int kAboveDetail = 6;
-constexpr QSize kLeastDetail(200, 60);
 constexpr int kLeastSearch = 90;
-constexpr int kLeastField = 56;
 constexpr AddressStatus kStatuses[] = {AddressStatusUnchanged, AddressStatusFixed,
                                        AddressStatusMultiple, AddressStatusError};
 
@@ -54,10 +50,10 @@ BatchView::BatchView(QDialog& window)
     _layout->scFilter->addSegment(statusIcon(status));
   }
   _layout->vwBanner->hide();
-  _layout->vwContent->setContentsMargins(0, kAboveDetail, 0, 0);
   layFilterOut();
   layTablesOut();
   layDetailOut();
+  WrappingRow::wrap(*_layout->loButtons);
   setOptions({});
   _detail->showNothing();
   fitToScreen(window);
@@ -98,25 +94,8 @@ void BatchView::layTablesOut() {
   table->setItemDelegateForColumn(BatchTableModel::StatusColumn, new StatusDelegate(table));
 }
 
-// The pages scroll where they do not fit, so that none of them makes the window grow.
 void BatchView::layDetailOut() {
-  const int place = _layout->spContent->indexOf(_layout->vwContent);
-  for (QAbstractScrollArea* field : _layout->vwContent->findChildren<QAbstractScrollArea*>()) {
-    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    field->setMinimumHeight(kLeastField);
-    for (QBoxLayout* layout : _layout->vwContent->findChildren<QBoxLayout*>()) {
-      layout->setStretchFactor(field, 1);
-    }
-  }
-  _layout->loFixed->setStretchFactor(_layout->loFixedTexts, 1);
-  auto* scroll = new QScrollArea;
-  scroll->setObjectName(QStringLiteral("vwDetail"));
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setWidgetResizable(true);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setMinimumSize(kLeastDetail);
-  scroll->setWidget(_layout->vwContent);
-  _layout->spContent->insertWidget(place, scroll);
+  new DetailArea(*_layout);
   _layout->spContent->setStretchFactor(0, 1);
   _layout->spContent->setStretchFactor(1, 0);
   if (!_layout->spContent->restoreState(memory().split)) {

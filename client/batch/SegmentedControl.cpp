@@ -33,8 +33,6 @@ void SegmentedControl::addSegment(const QIcon& icon) {
   segment->setCheckable(true);
   segment->setChecked(true);
   segment->setIcon(icon);
-  segment->setToolButtonStyle(icon.isNull() ? Qt::ToolButtonTextOnly
-                                            : Qt::ToolButtonTextBesideIcon);
   segment->setPalette(readableAtRest(palette()));
   segment->setFocusPolicy(_segments.isEmpty() ? Qt::StrongFocus : Qt::ClickFocus);
   segment->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);  // one height for all
@@ -48,6 +46,39 @@ void SegmentedControl::setText(int segment, const QString& text) {
   QToolButton* button = _segments.at(segment);
   button->setText(text);
   button->setAccessibleName(QString(text).remove(u'&'));
+  showIconsThatFit();
+}
+
+int SegmentedControl::widthWith(bool icons) const {
+  constexpr int kBesideIcon = 4;  // what a QToolButton leaves between icon and text
+  int width = 0;
+  for (const QToolButton* segment : _segments) {
+    const int icon = segment->icon().isNull() ? 0 : segment->iconSize().width() + kBesideIcon;
+    const bool isShown = segment->toolButtonStyle() == Qt::ToolButtonTextBesideIcon;
+    width += segment->sizeHint().width() - (isShown ? icon : 0) + (icons ? icon : 0);
+  }
+  return width;
+}
+
+QSize SegmentedControl::sizeHint() const {
+  return {widthWith(true), _row->sizeHint().height()};
+}
+
+QSize SegmentedControl::minimumSizeHint() const {
+  return {widthWith(false), _row->minimumSize().height()};
+}
+
+void SegmentedControl::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  showIconsThatFit();
+}
+
+void SegmentedControl::showIconsThatFit() {
+  const bool fit = width() >= widthWith(true);
+  for (QToolButton* segment : _segments) {
+    segment->setToolButtonStyle(fit && !segment->icon().isNull() ? Qt::ToolButtonTextBesideIcon
+                                                                 : Qt::ToolButtonTextOnly);
+  }
 }
 
 bool SegmentedControl::isSelected(int segment) const {

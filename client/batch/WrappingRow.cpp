@@ -11,9 +11,13 @@ bool takesRoom(const QLayoutItem* item) {
   return item->expandingDirections().testFlag(Qt::Horizontal);
 }
 
-// One that takes what there is does with little.
-int widthOfItem(const QLayoutItem* item) {
-  return takesRoom(item) ? item->minimumSize().width() : item->sizeHint().width();
+bool isSpacer(QLayoutItem* item) {
+  return item->spacerItem() != nullptr;
+}
+
+bool canShrink(QLayoutItem* item) {
+  return item->widget() != nullptr &&
+         (item->widget()->sizePolicy().horizontalPolicy() & QSizePolicy::ShrinkFlag) != 0;
 }
 
 }  // namespace
@@ -26,19 +30,36 @@ WrappingRow::~WrappingRow() {
   qDeleteAll(_items);
 }
 
+void WrappingRow::wrap(QBoxLayout& box) {
+  auto* row = new WrappingRow(nullptr);
+  row->setSpacing(box.spacing());
+  while (QLayoutItem* item = box.takeAt(0)) {
+    row->addItem(item);
+  }
+  box.addLayout(row);
+}
+
 QLayoutItem* WrappingRow::takeAt(int index) {
   return index >= 0 && index < count() ? _items.takeAt(index) : nullptr;
 }
 
 QList<QLayoutItem*> WrappingRow::shown() const {
   QList<QLayoutItem*> shown = _items;
-  shown.removeIf([](const QLayoutItem* item) { return item->isEmpty(); });
+  shown.removeIf([](QLayoutItem* item) { return item->isEmpty() && !isSpacer(item); });
   return shown;
+}
+
+// One that takes what there is does with little, and a spacer with nothing, not even a space of its
+// own.
+int WrappingRow::widthOfItem(QLayoutItem* item) const {
+  return isSpacer(item)    ? -spacing()
+         : takesRoom(item) ? item->minimumSize().width()
+                           : item->sizeHint().width();
 }
 
 int WrappingRow::widthOf(const QList<QLayoutItem*>& row) const {
   int width = std::max(0, static_cast<int>(row.size()) - 1) * spacing();
-  for (const QLayoutItem* item : row) {
+  for (QLayoutItem* item : row) {
     width += widthOfItem(item);
   }
   return width;
@@ -71,6 +92,12 @@ int WrappingRow::layOut(const QRect& room, bool place) const {
     while (end < items.size() && widthOf(row + QList{items.at(end)}) <= room.width()) {
       row.append(items.at(end++));
     }
+    // Where the row has a spacer, what follows it stays together at the end of the next row.
+    const auto spacer = std::find_if(row.begin() + 1, row.end(), isSpacer);
+    if (end < items.size() && spacer != row.end()) {
+      end -= row.end() - spacer;
+      row.erase(spacer, row.end());
+    }
     int height = 0;
     for (const QLayoutItem* item : row) {
       height = std::max(height, item->sizeHint().height());
@@ -85,7 +112,8 @@ int WrappingRow::layOut(const QRect& room, bool place) const {
 
 void WrappingRow::placeRow(const QList<QLayoutItem*>& row, const QRect& room) const {
   const auto found = std::find_if(row.begin(), row.end(), takesRoom);
-  const QLayoutItem* wide = row.size() == 1 ? row.first() : found != row.end() ? *found : nullptr;
+  const bool isAlone = row.size() == 1 && canShrink(row.first());
+  const QLayoutItem* wide = isAlone ? row.first() : found != row.end() ? *found : nullptr;
   const int spare = room.width() - widthOf(row);
   const Qt::LayoutDirection direction =
       parentWidget() != nullptr ? parentWidget()->layoutDirection() : Qt::LeftToRight;

@@ -13,6 +13,8 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTextEdit>
 
 #include "client/batch/BatchSummary.h"
@@ -602,23 +604,51 @@ void BatchOptionsTest::usesTheHostsFont() {
   QCOMPARE(open.window.size(), size);
 }
 
+// The program runs once more in Spanish for this.
 void BatchOptionsTest::staysSmallAndDoesNotGrow() {
   const QSize small(420, 345);
   Oracle oracle;
   oracle.outcomes[u"b"_qs] = Candidates();
   oracle.outcomes[u"c"_qs] = {std::nullopt, PostwrightClient::stringForResult(3)};
   oracle.outcomes[u"d"_qs] = kRefused;
-  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs}), oracle.ask(), Impatient());
+  oracle.outcomes[u"d"_qs].proposal = u"02134"_qs;
+  OpenWindow open(EntriesOf({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"d"_qs, u"b"_qs}), oracle.ask(),
+                  Impatient());
   open.window.resize(small);
   QTRY_VERIFY(open.person.hasFinished());
-  for (int row = 0; row < 4; ++row) {
-    open.person.clickRow(row);
-    open.person.press(Qt::Key_F2);
+  const auto* detail = open.person.find<QScrollArea>(u"vwDetail"_qs);
+  const auto fits = [&] {
     QTest::qWait(0);
     QCOMPARE(open.window.size(), small);
     const int room = open.person.table()->viewport()->height();
     QVERIFY2(room >= 48, qPrintable(QString::number(room)));
+    QVERIFY2(detail->horizontalScrollBar()->maximum() == 0, qPrintable(open.person.detail()));
+    QRegion taken;
+    const auto* page = open.person.find<QStackedWidget>(u"vwContent"_qs)->currentWidget();
+    for (const auto* control :
+         page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      if (control->isVisible()) {
+        QVERIFY2(!taken.intersects(control->geometry()), qPrintable(control->objectName()));
+        taken += control->geometry();
+      }
+    }
+  };
+  open.person.table()->selectAll();
+  fits();
+  for (int row = 0; row < 4; ++row) {
+    open.person.clickRow(row);
+    fits();
+    open.person.press(Qt::Key_F2);
+    fits();
   }
+  open.window.resize(920, 680);
+  QTest::qWait(0);
+  const QList<QWidget*> texts{open.person.find<QWidget>(u"tvMultipleAddress"_qs),
+                              open.person.find<QWidget>(u"tvMatches"_qs)};
+  open.person.clickRow(1);
+  QTest::qWait(0);
+  QVERIFY(texts.last()->mapTo(&open.window, QPoint()).x() >
+          texts.first()->mapTo(&open.window, QPoint(texts.first()->width(), 0)).x());
 }
 
 // In each state that shows other controls; the program runs once more in Spanish for this.
