@@ -25,8 +25,14 @@ class RecordType {
   template <typename Values>
   pybind11::object Fill(Values values) const {
     pybind11::object record = Empty();
+    bool mayBeInACycle = false;
     for (std::size_t i = 0; i < offsets_.size(); ++i) {
-      Slot(record, i) = values(i).release().ptr();
+      PyObject* const value = values(i).release().ptr();
+      mayBeInACycle = mayBeInACycle || PyObject_IS_GC(value) != 0;
+      Slot(record, i) = value;
+    }
+    if (!mayBeInACycle) {  // as with tuples: the collector would look through long lists in vain
+      PyObject_GC_UnTrack(record.ptr());
     }
     return record;
   }

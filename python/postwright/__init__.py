@@ -43,7 +43,7 @@ def parse(text: str) -> Address | None:
 
 
 def parse_many(texts: Iterable[str]) -> Iterator[Address | None]:
-    """Yields what parse() returns for each text, in their order, several times as fast.
+    """Yields what parse() returns for each text, in their order.
 
     Up to 1,024 texts are read ahead. What `texts` raises is raised behind the results of the texts
     before it, and so is the TypeError for what is no str.
