@@ -2,13 +2,13 @@
 # Builds the Debian packages into build-packages/ and has lintian look at them. A copy of the sources
 # is built, so nothing else is touched.
 #
-# Needs, besides what scripts/install-packages.sh installs, the Debian packages debhelper, doxygen
-# and lintian. It takes some minutes.
+# Needs, besides what scripts/install-packages.sh installs, the Debian packages debhelper, dh-python,
+# doxygen and lintian. It takes some minutes.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
 missing=()
-for package in debhelper doxygen lintian; do
+for package in debhelper dh-python doxygen lintian; do
   dpkg-query --show --showformat='${db:Status-Status}' "$package" 2> /dev/null | grep --quiet --line-regexp installed ||
     missing+=("$package")
 done

@@ -38,6 +38,7 @@ inside bash -euc '
   printf "jane doe\n12 north main street apartment 4\naustin texas 78701\n" > label.txt
   postwright fix --server "${line##* }" label.txt
   printf "\"12 north main street\\\\naustin texas 78701\"\n" | postwright fix --jsonl --server "${line##* }"
+  python3 -c "import postwright; print(postwright.fix(open(\"label.txt\").read()).text)"
   kill "$daemon_PID"
   # A window stays open until it is closed.
   status=0

@@ -34,6 +34,14 @@ if [ -e "$prefix/bin/postwright" ]; then
   fi
 fi
 
+# So does the Python package, from wherever the tree is.
+package=$(find "$prefix/lib" -path '*/postwright/__init__.py')
+if [ "$package" ]; then
+  XDG_DATA_HOME=$prefix/none PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=${package%/postwright/*} /usr/bin/python3 -c '
+import postwright
+assert postwright.fix("12 north main street, austin texas 78701").text == "12 N MAIN ST\nAUSTIN TX 78701"'
+fi
+
 # The daemon finds its base, and the command finds the daemon.
 if [ -e "$prefix/bin/postwright-verifyd" ]; then
   coproc daemon { exec "$prefix/bin/postwright-verifyd" --listen 127.0.0.1:0 2>&1; }
