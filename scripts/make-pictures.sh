@@ -131,6 +131,17 @@ await "Address Check"
 shot batch-summary
 leave
 
+# How a file is read, where that cannot be guessed.
+cp "$input/old-mac.csv" "$work"
+"$bin/postwright-addressbook" "$work/old-mac.csv" >"$work/out" 2>&1 &
+program=$!
+started+=($program)
+await "Columns of"
+keys alt+e
+xdotool type M
+shot address-book-encoding
+leave
+
 # The address book: its columns are chosen, its addresses fixed, its labels printed.
 cp examples/books/friends.csv "$work"
 "$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "apps/tables/ColumnMapping.h"
+#include "apps/tables/TextFile.h"
 
 namespace postwright::tables {
 
@@ -22,6 +23,8 @@ struct TableChoice {
   int skippedRows = 0;              // above the header, such as a title
   QList<AddressColumns> addresses;  // at least one
   bool isNamed = false;             // the header has names that are known, so nothing was guessed
+  TextEncoding encoding = TextEncoding::Utf8;  // of a text
+  int sheet = 0;                               // of a workbook
 };
 
 }  // namespace postwright::tables

@@ -12,7 +12,6 @@ namespace postwright::tables {
 
 namespace {
 
-constexpr int kGuessedRows = 200;
 constexpr int kMostRowsAbove = 10;
 constexpr int kLeastNames = 2;  // that make a row a header
 
@@ -54,7 +53,7 @@ QList<QStringList> firstRows(const QByteArray& utf8, char delimiter) {
 }
 
 TableChoice withColumns(TableChoice choice, QList<QStringList> rows) {
-  rows = rows.mid(choice.skippedRows);
+  rows = rows.mid(choice.skippedRows, kGuessedRows);
   QStringList header(rows.value(0).size(), QString());
   if (choice.hasHeader) {
     header = rows.value(0);
@@ -70,12 +69,22 @@ TableChoice withColumns(TableChoice choice, QList<QStringList> rows) {
 TableChoice guessTable(const QByteArray& utf8) {
   const char delimiter = delimiterOf(utf8);
   const QList<QStringList> rows = firstRows(utf8, delimiter);
+  TableChoice choice = guessTableOf(rows);
+  choice.delimiter = delimiter;
+  return choice;
+}
+
+TableChoice guessTableOf(const QList<QStringList>& rows) {
   const int above = rowsAbove(rows);
-  return withColumns({delimiter, looksLikeHeader(rows.value(above)), above, {}}, rows);
+  return withColumns({',', looksLikeHeader(rows.value(above)), above, {}}, rows);
 }
 
 TableChoice guessColumnsOf(const QByteArray& utf8, const TableChoice& choice) {
   return withColumns(choice, firstRows(utf8, choice.delimiter));
+}
+
+TableChoice guessColumnsOf(const QList<QStringList>& rows, const TableChoice& choice) {
+  return withColumns(choice, rows);
 }
 
 }  // namespace postwright::tables

@@ -39,6 +39,8 @@ class CsvFileTest : public QObject {
   void anOpenQuoteCostsItsRow();
   void refusesWithLine_data();
   void refusesWithLine();
+  void readsAsChosen_data();
+  void readsAsChosen();
   void growsOutOfWindows1252();
   void guardsFormulas();
 
@@ -69,6 +71,7 @@ void CsvFileTest::keepsWhatIsNotChanged_data() {
   QTest::newRow("Windows-1252") << QByteArray(
       "Name|Street\nPe\xF1"
       "a|old\n\x80\x81|\x93q\x94\n");
+  QTest::newRow("UTF-16 without a mark") << utf16(u"Name,Street\nJ,old\nLi,x");
   QTest::newRow("UTF-16") << utf16(u"\uFEFFName,Street\nJ,old\n\U0001F600,x");
 }
 
@@ -413,6 +416,56 @@ void CsvFileTest::refusesWithLine() {
   QFETCH(QString, says);
   const QString refusal = TestFolder::refusal(put(file));
   QVERIFY2(refusal.contains(says), qUtf8Printable(refusal));
+}
+
+// What a guess cannot know the user says: it is read so, written back so, and remembered.
+void CsvFileTest::readsAsChosen_data() {
+  using tables::TextEncoding;
+  QTest::addColumn<QByteArray>("file");
+  QTest::addColumn<int>("encoding");
+  QTest::addColumn<int>("skipped");
+  QTest::addColumn<QString>("label");  // empty: it cannot be read so
+  const QByteArray mac =
+      "Name,Street,M\nJos\x8E Pe\x96"
+      "a,old\n";
+  QTest::newRow("Mac Roman") << mac << int(TextEncoding::MacRoman) << 0 << "José Peña\nold";
+  QTest::newRow("not UTF-8") << mac << int(TextEncoding::Utf8) << 0 << "";
+  QTest::newRow("nor UTF-16") << mac + "x" << int(TextEncoding::Utf16LittleEndianBare) << 0 << "";
+  QTest::newRow("UTF-8 as Windows-1252") << QByteArray("Name,Street,W\nJos\xC3\xA9,old\n")
+                                         << int(TextEncoding::Windows1252) << 0 << "JosÃ©\nold";
+  QTest::newRow("a row more above")
+      << QByteArray("Name,Street,A\nnot,this\nName,Street,x\nLi,old,\n") << int(TextEncoding::Utf8)
+      << 2 << "Li\nold";
+  QTest::newRow("more rows than there are")
+      << QByteArray("Name,Street,R\nLi,old\n") << int(TextEncoding::Utf8) << 9 << "";
+}
+
+void CsvFileTest::readsAsChosen() {
+  QFETCH(QByteArray, file);
+  QFETCH(int, encoding);
+  QFETCH(int, skipped);
+  QFETCH(QString, label);
+  CsvFile book(tables::TextFile::read(put(file)));
+  tables::TableChoice choice = book.choice();
+  choice.encoding = static_cast<tables::TextEncoding>(encoding);
+  choice.skippedRows = skipped;
+  try {
+    book.choose(book.guess(choice));
+  } catch (const tables::FileError& error) {
+    QVERIFY2(label.isEmpty() && !error.message().isEmpty(), qUtf8Printable(error.message()));
+    QCOMPARE(book.choice().skippedRows, 0);
+    return;
+  }
+  QCOMPARE(book.entries().first().label, label);
+  book.rememberChoice();
+  const bool isGuessedElse = encoding == int(tables::TextEncoding::Windows1252);
+  CsvFile again(tables::TextFile::read(put(file)));
+  QCOMPARE(again.entries().first().label == label, !isGuessedElse);
+  QList<Entry> entries = book.entries();
+  entries[0].label.replace("old", "12 Oak");
+  book.write(put(file), entries);
+  QByteArray changed = file;
+  QCOMPARE(bytes(), changed.replace("old", "12 Oak"));
 }
 
 void CsvFileTest::growsOutOfWindows1252() {

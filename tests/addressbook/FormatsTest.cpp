@@ -13,6 +13,8 @@ class FormatsTest : public QObject {
  private slots:
   void tellsByContent_data();
   void tellsByContent();
+  void readsLdif_data();
+  void readsLdif();
   void saysWhatToDo_data();
   void saysWhatToDo();
   void theDesktopKnowsThem();
@@ -32,6 +34,10 @@ void FormatsTest::tellsByContent_data() {
       << "a.txt" << QByteArray(reinterpret_cast<const char*>(wide.utf16()), wide.size() * 2)
       << "vcf";
   QTest::newRow("CSV named for a book") << "a.pwbook" << QByteArray("Name,Street\na,b\n") << "csv";
+  QTest::newRow("LDIF named text") << "a.txt" << QByteArray("dn: cn=a\ncn: a\n") << "ldif";
+  QTest::newRow("CSV named for a workbook")
+      << "a.xlsx" << QByteArray("Name,Street\na,b\n") << "csv";
+  QTest::newRow("empty, named for a workbook") << "a.ods" << QByteArray() << "ods";
   QTest::newRow("empty, named") << "a.VCF" << QByteArray() << "vcf";
   QTest::newRow("empty, unnamed") << "a" << QByteArray("\n") << "pwbook";
 }
@@ -42,18 +48,58 @@ void FormatsTest::tellsByContent() {
   QTEST(openBookFile(_folder.put(name, bytes))->format().endings.first(), "ending");
 }
 
+// Records as mail programs and directories write them.
+void FormatsTest::readsLdif_data() {
+  QTest::addColumn<QByteArray>("records");
+  QTest::addColumn<QStringList>("entries");  // "Kind: label"
+  QTest::newRow("mail program, two addresses")
+      << QByteArray(
+             "dn: cn=Zoe Li,mail=z@x.example\r\nobjectclass: mozillaAbPersonAlpha\r\n"
+             "givenName: Zoe\r\nsn: Li\r\ncn: Zoe Li\r\nmail: z@x.example\r\n"
+             "mozillaHomeStreet: 1 Elm St\r\nmozillaHomeStreet2: Apt 4\r\n"
+             "mozillaHomeLocalityName: Reno\r\nmozillaHomeState: NV\r\n"
+             "mozillaHomePostalCode: 89501\r\nmozillaHomeCountryName: USA\r\n"
+             "street: 2 Oak St\r\nl: Elko\r\nst: NV\r\npostalCode: 89801\r\no: Acme\r\n")
+      << QStringList{"Home: Zoe Li\n1 Elm St\nApt 4\nReno, NV 89501",
+                     "Work: Zoe Li\nAcme\n2 Oak St\nElko, NV 89801"};
+  QTest::newRow("directory: folds, base64, several records, a group")
+      << QByteArray(
+             "version: 1\n# people\ndn:: Y249Sm9zw6k=\ncn:: Sm9zw6kgUGXDsWE=\n"
+             "homePostalAddress: 1 Elm\n  St $ Reno, NV 89501\n\n\n"
+             "dn: cn=Al\ngivenname: Al\nsn;lang-en: Roe\nsn: Other\npostOfficeBox: 7\nl: "
+             "Reno\nst: NV\n"
+             "postalCode: 89501\nc: DE\n\ndn: cn=All\ncn: All\nmember: cn=Al\n\n"
+             "dn: cn=Ed\ncn: Ed")
+      << QStringList{": José Peña\n1 Elm St\nReno, NV 89501",
+                     ": Al Roe\nPO Box 7\nReno, NV 89501\nGermany", ": Ed"};
+}
+
+void FormatsTest::readsLdif() {
+  QFETCH(QByteArray, records);
+  const std::unique_ptr<BookFile> book = openBookFile(_folder.put("a.ldif", records));
+  QStringList read;
+  for (const Entry& entry : book->entries()) {
+    read += entry.kind + ": " + entry.label;
+  }
+  QTEST(read, "entries");
+  QVERIFY(!book->format().isWritable());
+}
+
 void FormatsTest::saysWhatToDo_data() {
   QTest::addColumn<QByteArray>("bytes");
   QTest::addColumn<QString>("says");
   QTest::newRow("old workbook") << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0", 10)
-                                << "Save it as CSV";
+                                << "Save it as .xlsx or as CSV";
+  QTest::newRow("page named as a workbook")
+      << QByteArray("<html><table><tr><td>Name</td></tr></table>") << "save it as .xlsx";
+  QTest::newRow("LDIF without a record") << QByteArray("version: 1\n\n# none\n") << "dn:";
   QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1A\n\0\0", 10) << "The program opens: ";
 }
 
 void FormatsTest::saysWhatToDo() {
   QFETCH(QByteArray, bytes);
   QFETCH(QString, says);
-  const QString refusal = TestFolder::refusal(_folder.put("a.bin", bytes));
+  const QString refusal = TestFolder::refusal(_folder.put("a.xls", bytes));
   QVERIFY2(refusal.contains(says), qUtf8Printable(refusal));
 }
 

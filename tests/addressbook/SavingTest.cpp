@@ -89,6 +89,7 @@ void SavingTest::survivesBeingKilled() {
 
 void SavingTest::saysWhyItCannotWrite_data() {
   survivesBeingKilled_data();
+  QTest::newRow("workbook") << "book.xlsx";
 }
 
 // A disk without room, and a file that is not to be changed: the message says so, and nothing is
@@ -123,7 +124,8 @@ void SavingTest::saysWhyItCannotWrite() {
 }
 
 void SavingTest::leavesTheOldFileWhereItCannotWrite_data() {
-  survivesBeingKilled_data();
+  saysWhyItCannotWrite_data();
+  QTest::newRow("spreadsheet") << "book.ods";
 }
 
 void SavingTest::leavesTheOldFileWhereItCannotWrite() {

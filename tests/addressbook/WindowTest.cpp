@@ -22,7 +22,7 @@
 
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/dialogs/PrintDialog.h"
-#include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/addressbook/formats/rows/ColumnMemory.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"

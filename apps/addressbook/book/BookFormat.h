@@ -31,6 +31,9 @@ struct BookFormat {
   // Makes a new one, without entries, to be written at `path`. Null: the kind is read, not written.
   std::unique_ptr<BookFile> (*make)(const QString& path);
 
+  // False for an archive or a database: what a text named so is, it does not say.
+  bool isText = true;
+
   bool isWritable() const { return make != nullptr; }
 };
 

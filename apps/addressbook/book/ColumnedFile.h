@@ -20,6 +20,17 @@ class ColumnedFile {
   virtual QStringList header() const = 0;
   virtual int rowCount() const = 0;
   virtual QStringList cells(int row) const = 0;
+  // The label of a row by other columns than those that were chosen.
+  virtual QString label(int row, const tables::ColumnMapping& mapping) const {
+    return mapping.compose(cells(row));
+  }
+
+  // True for a text, whose encoding and delimiter can be chosen.
+  virtual bool isText() const { return true; }
+  // The encodings that it can be read in, which is the first of each kind where there are several.
+  virtual QList<tables::TextEncoding> encodings() const { return {}; }
+  // The names of its sheets, for a workbook.
+  virtual QStringList sheets() const { return {}; }
 
   // True where nobody has said yet which columns make the label.
   virtual bool needsChoice() const = 0;

@@ -1,22 +1,21 @@
 #include "apps/addressbook/dialogs/ColumnDialog.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "apps/addressbook/dialogs/ReadingFields.h"
 #include "apps/addressbook/widgets/LabelPreview.h"
 #include "apps/tables/ColumnNames.h"
-#include "apps/tables/CsvReader.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
@@ -25,15 +24,20 @@ namespace {
 
 enum TableColumn { kTitle, kExample, kRole, kTableColumns };
 
-constexpr QByteArrayView kOfferedDelimiters = ",;\t|";
 constexpr int kExampleRows = 20;
 constexpr QSize kSize(820, 520);
 constexpr int kPreviewWidth = 260;
+constexpr int kMargin = 40;  // of a screen, for the frame of the window
 
 }  // namespace
 
 ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* parent)
-    : QDialog(parent), _file(file), _choice(file.choice()), _table(new QTableWidget(this)) {
+    : QDialog(parent),
+      _file(file),
+      _choice(file.choice()),
+      _reading(new ReadingFields(file, this)),
+      _problem(new QLabel(this)),
+      _table(new QTableWidget(this)) {
   setWindowTitle(tr("Columns of “%1”").arg(name));
   auto* const lead = new QLabel(tr("Choose what each column is to the label. The choice is "
                                    "remembered for files with the same "
@@ -51,15 +55,20 @@ ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* par
   middle->addWidget(buildPreview());
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(lead);
-  layout->addWidget(buildDelimiter());
+  layout->addWidget(_reading);
+  layout->addWidget(_problem);
   layout->addWidget(buildAddresses());
   layout->addLayout(middle, 1);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &ColumnDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(_reading, &ReadingFields::changed, this, &ColumnDialog::readingChanged);
+  _problem->setWordWrap(true);
+  _problem->setObjectName(QStringLiteral("problem"));
   take(_choice);
+  _reading->setChoice(_choice);
   fillTable();
-  resize(kSize);
+  resize(kSize.boundedTo(screen()->availableSize() - QSize(kMargin, kMargin)));
 }
 
 // Where a row holds several addresses, the columns of one of them are shown at a time.
@@ -77,41 +86,6 @@ QWidget* ColumnDialog::buildAddresses() {
   layout->addStretch(1);
   connect(_which, &QComboBox::currentIndexChanged, this, &ColumnDialog::addressChanged);
   return _whichRow;
-}
-
-QWidget* ColumnDialog::buildDelimiter() {
-  auto* const row = new QWidget(this);
-  _delimiter = new QComboBox(row);
-  _delimiter->setObjectName(QStringLiteral("delimiter"));
-  _delimiter->addItems(
-      {tr("Comma"), tr("Semicolon"), tr("Tab"), tr("Vertical bar"), tr("Another…")});
-  _otherDelimiter = new QLineEdit(row);
-  _otherDelimiter->setMaxLength(1);
-  _otherDelimiter->setFixedWidth(_otherDelimiter->fontMetrics().averageCharWidth() * 6);
-  _otherDelimiter->setAccessibleName(tr("Another delimiter"));
-  const char delimiter = _choice.delimiter;
-  const qsizetype offered = kOfferedDelimiters.indexOf(delimiter);
-  const bool isOffered = offered >= 0;
-  _delimiter->setCurrentIndex(static_cast<int>(isOffered ? offered : kOfferedDelimiters.size()));
-  _otherDelimiter->setText(isOffered ? QString() : QString(QLatin1Char(delimiter)));
-  _otherDelimiter->setVisible(!isOffered);
-  _problem = new QLabel(row);
-  auto* const caption = new QLabel(tr("Columns are &parted by:"), row);
-  caption->setBuddy(_delimiter);
-  auto* const layout = new QHBoxLayout(row);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(caption);
-  layout->addWidget(_delimiter);
-  layout->addWidget(_otherDelimiter);
-  _header = new QCheckBox(tr("The first row &names the columns"), row);
-  _header->setObjectName(QStringLiteral("header"));
-  _header->setChecked(_choice.hasHeader);
-  layout->addWidget(_header);
-  layout->addWidget(_problem, 1);
-  connect(_header, &QCheckBox::toggled, this, &ColumnDialog::headerChanged);
-  connect(_delimiter, &QComboBox::activated, this, &ColumnDialog::delimiterChanged);
-  connect(_otherDelimiter, &QLineEdit::textEdited, this, &ColumnDialog::delimiterChanged);
-  return row;
 }
 
 QWidget* ColumnDialog::buildPreview() {
@@ -182,23 +156,20 @@ void ColumnDialog::fillTable() {
   showRow(0);
 }
 
-void ColumnDialog::delimiterChanged() {
-  const int offered = _delimiter->currentIndex();
-  const bool isOther = offered >= kOfferedDelimiters.size();
-  _otherDelimiter->setVisible(isOther);
-  const char delimiter =
-      isOther ? _otherDelimiter->text().leftJustified(1, QLatin1Char('"')).at(0).toLatin1()
-              : kOfferedDelimiters[offered];
-  _problem->clear();
-  if (!tables::CsvReader::isDelimiter(delimiter)) {
-    return;  // the user is about to type one
+// The columns are guessed anew; where the file cannot be read so, the reason is shown and the file
+// is as it was.
+void ColumnDialog::readingChanged() {
+  _problem->hide();
+  tables::TableChoice choice = _choice;
+  if (!_reading->read(choice)) {
+    return;
   }
   try {
-    tables::TableChoice choice = _choice;
-    choice.delimiter = delimiter;
     take(_file.guess(choice));
+    _reading->setChoice(_choice);
   } catch (const tables::FileError& error) {
-    _problem->setText(error.message());  // the file is as it was
+    _problem->setText(error.message());
+    _problem->show();
   }
   fillTable();
 }
@@ -220,7 +191,7 @@ void ColumnDialog::showRow(int row) {
   _rowText->setText(count == 0 ? tr("The file has no rows.")
                                : tr("Row %1 of %2").arg(_row + 1).arg(count));
   const tables::ColumnMapping mapping = this->mapping();
-  _preview->setLabel(count == 0 ? QString() : mapping.compose(_file.cells(_row)));
+  _preview->setLabel(count == 0 ? QString() : _file.label(_row, mapping));
   _accept->setEnabled(mapping.isUsable());
 }
 
@@ -236,18 +207,12 @@ void ColumnDialog::take(const tables::TableChoice& choice) {
     _which->addItem(kind.isEmpty() ? tr("Address %1").arg(_which->count() + 1) : kind);
   }
   _whichRow->setVisible(_which->count() > 1);
+  _problem->hide();
 }
 
 void ColumnDialog::addressChanged(int address) {
   _choice.addresses[_address].mapping = mapping();
   _address = address;
-  fillTable();
-}
-
-void ColumnDialog::headerChanged(bool hasHeader) {
-  tables::TableChoice choice = _choice;
-  choice.hasHeader = hasHeader;
-  take(_file.guess(choice));
   fillTable();
 }
 

@@ -5,10 +5,8 @@
 
 #include "apps/addressbook/book/ColumnedFile.h"
 
-class QCheckBox;
 class QComboBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QTableWidget;
 class QToolButton;
@@ -16,6 +14,7 @@ class QToolButton;
 namespace postwright::addressbook {
 
 class LabelPreview;
+class ReadingFields;
 
 // Asks which columns of a file make the label, and shows the labels that come of it.
 class ColumnDialog : public QDialog {
@@ -28,14 +27,12 @@ class ColumnDialog : public QDialog {
   void accept() override;
 
  private:
-  QWidget* buildDelimiter();
   QWidget* buildAddresses();
   QWidget* buildPreview();
   void take(const tables::TableChoice& choice);
   void addressChanged(int address);
-  void headerChanged(bool hasHeader);
   void fillTable();
-  void delimiterChanged();
+  void readingChanged();
   tables::ColumnMapping mapping() const;
   void showRow(int row);
   void refresh() { showRow(_row); }
@@ -45,16 +42,14 @@ class ColumnDialog : public QDialog {
   int _address = 0;  // the one whose columns are shown
   QWidget* _whichRow = nullptr;
   QComboBox* _which = nullptr;
-  QCheckBox* _header = nullptr;
   int _row = 0;
-  QComboBox* _delimiter = nullptr;
-  QLineEdit* _otherDelimiter = nullptr;
-  QTableWidget* _table = nullptr;
+  ReadingFields* _reading;
+  QLabel* _problem;
+  QTableWidget* _table;
   LabelPreview* _preview = nullptr;
   QLabel* _rowText = nullptr;
   QToolButton* _previous = nullptr;
   QToolButton* _next = nullptr;
-  QLabel* _problem = nullptr;
   QPushButton* _accept = nullptr;
 };
 

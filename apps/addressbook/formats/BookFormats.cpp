@@ -6,8 +6,10 @@
 #include <algorithm>
 
 #include "apps/addressbook/formats/csv/CsvFile.h"
+#include "apps/addressbook/formats/ldif/LdifFile.h"
 #include "apps/addressbook/formats/store/StoreFile.h"
 #include "apps/addressbook/formats/vcard/VCardFile.h"
+#include "apps/addressbook/formats/workbook/WorkbookFile.h"
 #include "apps/tables/FileError.h"
 #include "apps/tables/TextFile.h"
 
@@ -41,7 +43,8 @@ FileHead headOf(const QString& path) {
 
 const QList<const BookFormat*>& bookFormats() {
   static const QList<const BookFormat*> formats = {
-      &StoreFile::bookFormat(), &VCardFile::bookFormat(), &CsvFile::bookFormat()};
+      &StoreFile::bookFormat(),   &VCardFile::bookFormat(), &WorkbookFile::xlsxFormat(),
+      &WorkbookFile::odsFormat(), &LdifFile::bookFormat(),  &CsvFile::bookFormat()};
   return formats;
 }
 
@@ -74,8 +77,16 @@ std::unique_ptr<BookFile> openBookFile(const QString& path) {
   const FileHead head = headOf(path);
   if (head.bytes.startsWith(kCompoundFile)) {
     throw tables::FileError(BookFormats::tr(
-        "This is a workbook in the form of before 2007, or a file of another program. Save it "
-        "as CSV in the program that made it, and open that."));
+        "This is a workbook in the form of before 2007 (.xls), one that is protected by a "
+        "password, "
+        "or a file of another program. Save it as .xlsx or as CSV, without a password, in the "
+        "program that made it, and open that."));
+  }
+  // Web programs give a page or an XML text that name; one with tabs is read as what it is.
+  if (QFileInfo(path).suffix().toLower() == u"xls" && head.utf8.startsWith('<')) {
+    throw tables::FileError(
+        BookFormats::tr("This is a web page that is named as a workbook (.xls). Open it in a "
+                        "spreadsheet program, save it as .xlsx or as CSV, and open that."));
   }
   // An empty file, or one of which only the name tells what it should be.
   const BookFormat* const named = formatForPath(path);
@@ -86,7 +97,7 @@ std::unique_ptr<BookFile> openBookFile(const QString& path) {
   const auto& formats = bookFormats();
   const auto found = std::find_if(formats.begin(), formats.end(),
                                   [&](const BookFormat* format) { return format->isLikely(head); });
-  const bool isByName = *found == formats.last() && named != nullptr && named != formats.first();
+  const bool isByName = *found == formats.last() && named != nullptr && named->isText;
   if (*found == formats.last() && head.utf8.contains('\0')) {
     throw tables::FileError(BookFormats::tr("This is no text file.") + QLatin1Char(' ') +
                             knownFormatsSentence());

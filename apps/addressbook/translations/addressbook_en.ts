@@ -69,13 +69,6 @@
 <context>
     <name>postwright::addressbook::CsvFile</name>
     <message numerus="yes">
-        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
-        <translation>
-            <numerusform>%n label could not be divided into the columns of the file. It stands whole in one cell, line below line; nothing is lost.</numerusform>
-            <numerusform>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>In %n rows a quotation mark is opened and not closed, first on line %1. Each was read to the end of its line; look at them before you print.</source>
         <translation>
             <numerusform>In %n row, on line %1, a quotation mark is opened and not closed. It was read to the end of its line; look at it before you print.</numerusform>
@@ -172,6 +165,16 @@
         <translation>
             <numerusform>Remove %n entry</numerusform>
             <numerusform>Remove %n entries</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::RowEntries</name>
+    <message numerus="yes">
+        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
+        <translation>
+            <numerusform>%n label could not be divided into the columns of the file. It stands whole in one cell, line below line; nothing is lost.</numerusform>
+            <numerusform>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</numerusform>
         </translation>
     </message>
 </context>

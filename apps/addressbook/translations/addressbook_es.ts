@@ -142,12 +142,16 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
         <translation>El programa abre: %1.</translation>
     </message>
     <message>
-        <source>This is a workbook in the form of before 2007, or a file of another program. Save it as CSV in the program that made it, and open that.</source>
-        <translation>Este es un libro de cálculo en el formato anterior a 2007 o un archivo de otro programa. Guárdelo como CSV en el programa que lo creó y abra ese archivo.</translation>
-    </message>
-    <message>
         <source>This is no text file.</source>
         <translation>Este no es un archivo de texto.</translation>
+    </message>
+    <message>
+        <source>This is a workbook in the form of before 2007 (.xls), one that is protected by a password, or a file of another program. Save it as .xlsx or as CSV, without a password, in the program that made it, and open that.</source>
+        <translation>Este es un libro de cálculo en el formato anterior a 2007 (.xls), uno protegido con contraseña o un archivo de otro programa. Guárdelo como .xlsx o como CSV, sin contraseña, en el programa que lo creó y abra ese archivo.</translation>
+    </message>
+    <message>
+        <source>This is a web page that is named as a workbook (.xls). Open it in a spreadsheet program, save it as .xlsx or as CSV, and open that.</source>
+        <translation>Esta es una página web con nombre de libro de cálculo (.xls). Ábrala en un programa de hojas de cálculo, guárdela como .xlsx o como CSV y abra ese archivo.</translation>
     </message>
 </context>
 <context>
@@ -196,34 +200,6 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>Comma</source>
-        <translation>Coma</translation>
-    </message>
-    <message>
-        <source>Semicolon</source>
-        <translation>Punto y coma</translation>
-    </message>
-    <message>
-        <source>Tab</source>
-        <translation>Tabulador</translation>
-    </message>
-    <message>
-        <source>Vertical bar</source>
-        <translation>Barra vertical</translation>
-    </message>
-    <message>
-        <source>Another…</source>
-        <translation>Otro…</translation>
-    </message>
-    <message>
-        <source>Another delimiter</source>
-        <translation>Otro separador</translation>
-    </message>
-    <message>
-        <source>Columns are &amp;parted by:</source>
-        <translation>&amp;Separador de columnas:</translation>
     </message>
     <message>
         <source>Previous row</source>
@@ -302,10 +278,6 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
         <translation>Cada fila contiene varias direcciones. Columnas de la &amp;dirección:</translation>
     </message>
     <message>
-        <source>The first row &amp;names the columns</source>
-        <translation>La primera fila &amp;nombra las columnas</translation>
-    </message>
-    <message>
         <source>Title before the name</source>
         <translation>Tratamiento ante el nombre</translation>
     </message>
@@ -327,13 +299,6 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
     <message>
         <source>The file is empty. A CSV file begins with a line that names its columns.</source>
         <translation>El archivo está vacío. Un archivo CSV empieza con una línea que nombra sus columnas.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
-        <translation>
-            <numerusform>%n etiqueta no se pudo repartir entre las columnas del archivo. Está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
-            <numerusform>%n etiquetas no se pudieron repartir entre las columnas del archivo. Cada una está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
-        </translation>
     </message>
     <message>
         <source>CSV file</source>
@@ -722,6 +687,21 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::LdifFile</name>
+    <message>
+        <source>LDIF file</source>
+        <translation>Archivo LDIF</translation>
+    </message>
+    <message>
+        <source>The file holds no LDIF record: no line begins with “dn:”.</source>
+        <translation>El archivo no contiene ningún registro LDIF: ninguna línea empieza por «dn:».</translation>
+    </message>
+    <message>
+        <source>LDIF is read and not written. Save the address book as another kind.</source>
+        <translation>LDIF se lee y no se escribe. Guarde la libreta de direcciones como otro tipo.</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::LookFields</name>
     <message>
         <source>UPPER CASE, as the Postal Service prefers</source>
@@ -965,12 +945,85 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::ReadingFields</name>
+    <message>
+        <source>UTF-8</source>
+        <translation>UTF-8</translation>
+    </message>
+    <message>
+        <source>UTF-16</source>
+        <translation>UTF-16</translation>
+    </message>
+    <message>
+        <source>Western (Windows-1252)</source>
+        <translation>Occidental (Windows-1252)</translation>
+    </message>
+    <message>
+        <source>Mac Roman</source>
+        <translation>Mac Roman</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>Coma</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Punto y coma</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulador</translation>
+    </message>
+    <message>
+        <source>Vertical bar</source>
+        <translation>Barra vertical</translation>
+    </message>
+    <message>
+        <source>Another…</source>
+        <translation>Otro…</translation>
+    </message>
+    <message>
+        <source>Another delimiter</source>
+        <translation>Otro separador</translation>
+    </message>
+    <message>
+        <source>The first row &amp;names the columns</source>
+        <translation>La primera fila &amp;nombra las columnas</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet:</source>
+        <translation>&amp;Hoja:</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding:</source>
+        <translation>&amp;Codificación:</translation>
+    </message>
+    <message>
+        <source>Columns are &amp;parted by:</source>
+        <translation>&amp;Separador de columnas:</translation>
+    </message>
+    <message>
+        <source>Rows to s&amp;kip above:</source>
+        <translation>&amp;Filas que omitir arriba:</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::RemoveEntries</name>
     <message numerus="yes">
         <source>Remove %n entries</source>
         <translation>
             <numerusform>Quitar %n entrada</numerusform>
             <numerusform>Quitar %n entradas</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::RowEntries</name>
+    <message numerus="yes">
+        <source>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</source>
+        <translation>
+            <numerusform>%n etiqueta no se pudo repartir entre las columnas del archivo. Está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
+            <numerusform>%n etiquetas no se pudieron repartir entre las columnas del archivo. Cada una está entera en una celda, línea bajo línea; no se pierde nada.</numerusform>
         </translation>
     </message>
 </context>
@@ -1225,6 +1278,25 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::WorkbookFile</name>
+    <message>
+        <source>The workbook is larger than 128 MiB. Save the sheet as CSV, and open that.</source>
+        <translation>El libro de cálculo ocupa más de 128 MiB. Guarde la hoja como CSV y abra ese archivo.</translation>
+    </message>
+    <message>
+        <source>Excel workbook</source>
+        <translation>Libro de Excel</translation>
+    </message>
+    <message>
+        <source>OpenDocument spreadsheet</source>
+        <translation>Hoja de cálculo OpenDocument</translation>
+    </message>
+    <message>
+        <source>The sheet has no more rows than are skipped.</source>
+        <translation>La hoja no tiene más filas que las que se omiten.</translation>
+    </message>
+</context>
+<context>
     <name>postwright::tables::ColumnNames</name>
     <message>
         <source>Home</source>
@@ -1308,10 +1380,6 @@ Ciudad, estado y código ZIP</translation>
 <context>
     <name>postwright::tables::TextFile</name>
     <message>
-        <source>The file is marked as UTF-16 but is not valid in it, perhaps because its end is missing. Save it again in the program that made it.</source>
-        <translation>El archivo dice ser UTF-16 pero no es válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
-    </message>
-    <message>
         <source>This is a folder or a device and no file.</source>
         <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
     </message>
@@ -1324,12 +1392,65 @@ Ciudad, estado y código ZIP</translation>
         <translation>No se puede leer el archivo: %1.</translation>
     </message>
     <message>
-        <source>The file is UTF-8 now: Windows-1252, which it was before, has no code for one of its characters.</source>
-        <translation>El archivo es ahora UTF-8: Windows-1252, lo que era antes, no tiene código para uno de sus caracteres.</translation>
-    </message>
-    <message>
         <source>Line %1 holds a NUL byte, so this is no text file.</source>
         <translation>La línea %1 contiene un byte nulo, así que no es un archivo de texto.</translation>
+    </message>
+    <message>
+        <source>The file is not valid UTF-16, perhaps because its end is missing. Save it again in the program that made it.</source>
+        <translation>El archivo no es UTF-16 válido, quizá porque le falta el final. Guárdelo de nuevo en el programa que lo hizo.</translation>
+    </message>
+    <message>
+        <source>The file is not valid UTF-8.</source>
+        <translation>El archivo no es UTF-8 válido.</translation>
+    </message>
+    <message>
+        <source>The file is UTF-8 now: %1, which it was before, has no code for one of its characters.</source>
+        <translation>El archivo es ahora UTF-8: %1, lo que era antes, no tiene código para uno de sus caracteres.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::workbook::Workbook</name>
+    <message>
+        <source>This is an archive and no workbook that can be read. Save it as .xlsx or as CSV in the program that made it, and open that.</source>
+        <translation>Este es un archivo comprimido y no un libro de cálculo que se pueda leer. Guárdelo como .xlsx o como CSV en el programa que lo creó y abra ese archivo.</translation>
+    </message>
+    <message>
+        <source>The sheet cannot be changed so that it reads as it should. Save the address book as CSV; the workbook stays as it is.</source>
+        <translation>La hoja no se puede cambiar de modo que se lea como debe. Guarde la libreta de direcciones como CSV; el libro de cálculo queda como está.</translation>
+    </message>
+    <message>
+        <source>Cell %1%2 holds a formula, a date or an amount, which is never written over. Put its text in the cell with a spreadsheet program, or save the address book as CSV.</source>
+        <translation>La celda %1%2 contiene una fórmula, una fecha o un importe, que nunca se sobrescribe. Ponga su texto en la celda con un programa de hojas de cálculo o guarde la libreta de direcciones como CSV.</translation>
+    </message>
+    <message>
+        <source>The sheet has more than four million cells, or more rows or columns than a spreadsheet can hold. Save what you need of it as CSV, and open that.</source>
+        <translation>La hoja tiene más de cuatro millones de celdas, o más filas o columnas de las que caben en una hoja de cálculo. Guarde como CSV lo que necesite y abra ese archivo.</translation>
+    </message>
+    <message>
+        <source>The workbook is damaged: a part that it names is missing or does not fit the others. Open it in the program that made it and save it again.</source>
+        <translation>El libro de cálculo está dañado: falta una parte que nombra, o no encaja con las demás. Ábralo en el programa que lo creó y guárdelo de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::workbook::XmlText</name>
+    <message>
+        <source>The file is damaged: a part of it is no XML that can be read. Open it in the program that made it and save it again.</source>
+        <translation>El archivo está dañado: una de sus partes no es XML que se pueda leer. Ábralo en el programa que lo creó y guárdelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The sheet has too many cells to be edited here. Save it as CSV, and open that.</source>
+        <translation>La hoja tiene demasiadas celdas para editarla aquí. Guárdela como CSV y abra ese archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::workbook::ZipParts</name>
+    <message>
+        <source>The file is damaged, or protected by a password (%1). Open it in the program that made it and save it again.</source>
+        <translation>El archivo está dañado o protegido con contraseña (%1). Ábralo en el programa que lo creó y guárdelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>A part of the file is larger than 256 MiB. Save the sheet as CSV, and open that.</source>
+        <translation>Una parte del archivo ocupa más de 256 MiB. Guarde la hoja como CSV y abra ese archivo.</translation>
     </message>
 </context>
 </TS>

@@ -10,5 +10,5 @@ cd "$(dirname "$(readlink -f "$0")")/../../.."
 for table in $tables; do
   plurals=()
   case $table in *_en.ts) plurals=(-pluralonly) ;; esac
-  "$lupdate" -silent -I . apps/addressbook apps/tables "${plurals[@]}" -no-obsolete -locations none -ts "$table"
+  "$lupdate" -silent -I . apps/addressbook apps/tables apps/workbook "${plurals[@]}" -no-obsolete -locations none -ts "$table"
 done

@@ -3,23 +3,15 @@
 #include <algorithm>
 
 #include "apps/addressbook/book/BookFormat.h"
-#include "apps/addressbook/formats/csv/ColumnMemory.h"
-#include "apps/tables/ColumnNames.h"
+#include "apps/addressbook/formats/rows/ColumnMemory.h"
 #include "apps/tables/CsvWriter.h"
 #include "apps/tables/FileError.h"
 #include "apps/tables/FormulaGuard.h"
-#include "apps/tables/LabelText.h"
 #include "apps/tables/TableGuess.h"
 
 namespace postwright::addressbook {
 
 namespace {
-
-constexpr qsizetype kLetters = 26;
-
-QStringList newHeader() {
-  return QStringLiteral("Name,Company,Address 1,Address 2,City,State,ZIP").split(QLatin1Char(','));
-}
 
 bool isLineBreak(char c) {
   return c == '\n' || c == '\r';
@@ -36,12 +28,6 @@ QByteArray lineBreakOf(const QByteArray& text) {
 }
 
 }  // namespace
-
-// The text of a file that is being written.
-struct CsvFile::Output {
-  QByteArray text;
-  int wholeLabels = 0;  // those that would not divide into columns
-};
 
 const BookFormat& CsvFile::bookFormat() {
   static const BookFormat format = {
@@ -64,30 +50,39 @@ CsvFile::CsvFile(char delimiter) {
 }
 
 CsvFile::CsvFile(tables::TextFile text)
-    : _text(std::move(text)), _lineBreak(lineBreakOf(_text.utf8)) {
+    : _text(std::move(text)), _guessed(_text.encoding), _lineBreak(lineBreakOf(_text.utf8)) {
   tables::TableChoice choice = tables::guessTable(_text.utf8);
+  choice.encoding = _text.encoding;
   choose(choice);
-  if (const std::optional<tables::TableChoice> known = ColumnMemory::find(headerText())) {
+  _key = headerText();
+  _rowsAbove = choice.skippedRows;
+  if (const std::optional<tables::TableChoice> known = ColumnMemory::find(_key)) {
     choice.delimiter = known->delimiter;
     choice.hasHeader = known->hasHeader;
+    choice.skippedRows = std::max(_rowsAbove + known->skippedRows, 0);
     choice.addresses = known->addresses;
+    const bool isGuessed = _text.encoding == tables::TextEncoding::Windows1252;
+    choice.encoding = isGuessed ? known->encoding : _text.encoding;
     choose(choice);
   }
 }
 
+// UTF-8 and UTF-16 as the bytes have them, and those of single bytes, in which any file can be
+// read.
+QList<tables::TextEncoding> CsvFile::encodings() const {
+  const bool hasMark = _guessed == tables::TextEncoding::Utf8WithMark;
+  return {hasMark ? _guessed : tables::TextEncoding::Utf8,
+          tables::isUtf16(_guessed) ? _guessed : tables::TextEncoding::Utf16LittleEndianBare,
+          tables::TextEncoding::Windows1252, tables::TextEncoding::MacRoman};
+}
+
+tables::TextFile CsvFile::textIn(tables::TextEncoding encoding) const {
+  QStringList notes;
+  return encoding == _text.encoding ? _text : tables::TextFile::of(_text.bytes(notes), encoding);
+}
+
 QStringList CsvFile::header() const {
-  if (_choice.hasHeader) {
-    return _header;
-  }
-  QStringList letters;
-  for (qsizetype column = 0; column < _header.size(); ++column) {
-    QString name;
-    for (qsizetype rest = column + 1; rest > 0; rest = (rest - 1) / kLetters) {
-      name.prepend(QChar(u'A' + static_cast<char16_t>((rest - 1) % kLetters)));
-    }
-    letters.append(name);
-  }
-  return letters;
+  return _choice.hasHeader ? _header : columnLetters(_header.size());
 }
 
 QStringList CsvFile::cells(int row) const {
@@ -108,25 +103,28 @@ QByteArray CsvFile::headerText() const {
 
 // The columns that the program itself writes need no answer.
 bool CsvFile::needsChoice() const {
-  return _header != newHeader() && !ColumnMemory::find(headerText());
+  return _header != newHeader() && !ColumnMemory::find(_key);
 }
 
 void CsvFile::rememberChoice() const {
-  ColumnMemory::remember(headerText(), _choice);
+  tables::TableChoice kept = _choice;
+  kept.skippedRows -= _rowsAbove;
+  ColumnMemory::remember(_key, kept);
 }
 
 tables::TableChoice CsvFile::guess(const tables::TableChoice& choice) const {
-  return tables::guessColumnsOf(_text.utf8, choice);
+  return tables::guessColumnsOf(textIn(choice.encoding).utf8, choice);
 }
 
 // What is read by a choice takes the place of what was read before as a whole, or not at all.
 void CsvFile::choose(const tables::TableChoice& choice) {
-  CsvFile read(_text, choice, _lineBreak);
+  CsvFile read(textIn(choice.encoding), choice, _lineBreak);
+  _text = read._text;
   _choice = read._choice;
   _header = read._header;
   _headerRange = read._headerRange;
   _rows = read._rows;
-  _slots = read._slots;
+  _entries = read._entries;
   _brokenRows = read._brokenRows;
   _firstBrokenLine = read._firstBrokenLine;
 }
@@ -152,7 +150,7 @@ CsvFile::CsvFile(tables::TextFile text, const tables::TableChoice& choice, QByte
       }
     }
     _rows.append(row.range);
-    takeRow(row.cells);
+    _entries.takeRow(row.cells);
     return true;
   });
   if (_header.isEmpty()) {
@@ -168,29 +166,7 @@ void CsvFile::takeHeader() {
     roles.resize(_header.size());
     address.mapping = tables::ColumnMapping(roles);
   }
-}
-
-// An address that repeats an earlier one of its row is no entry of its own.
-void CsvFile::takeRow(const QStringList& cells) {
-  const int row = static_cast<int>(_rows.size()) - 1;
-  const qsizetype first = _slots.size();
-  for (int place = 0; place < _choice.addresses.size(); ++place) {
-    const tables::AddressColumns& address = _choice.addresses[place];
-    if (_choice.addresses.size() > 1 && !address.mapping.hasAddress(cells)) {
-      continue;
-    }
-    const QString label = address.mapping.compose(cells);
-    const bool isRepeated =
-        std::any_of(_slots.begin() + first, _slots.end(),
-                    [&label](const Slot& slot) { return tables::sameLetters(slot.label, label); });
-    if (!isRepeated) {
-      const QString told = cells.value(address.kindColumn).remove(QLatin1Char('*')).trimmed();
-      _slots.append({row, place, told.isEmpty() ? tables::kindText(address.kind) : told, label});
-    }
-  }
-  if (_slots.size() == first) {
-    _slots.append({row, 0, {}, _choice.addresses.first().mapping.compose(cells)});
-  }
+  _entries = RowEntries(_choice.addresses);
 }
 
 QStringList CsvFile::notes() const {
@@ -204,107 +180,49 @@ QStringList CsvFile::notes() const {
           .arg(_firstBrokenLine)};
 }
 
-QList<Entry> CsvFile::entries() const {
-  QList<Entry> entries;
-  entries.reserve(_slots.size());
-  for (const Slot& slot : _slots) {
-    entries.append({entries.size() + 1, slot.label, {}, slot.kind});
-  }
-  return entries;
-}
-
 QStringList CsvFile::write(const QString& path, const QList<Entry>& entries) {
-  const Output output = compose(entries);
-  return tables::TextFile{output.text, _text.encoding}.write(path) + notesOn(output);
+  QStringList notes;
+  const QByteArray text = compose(entries, notes);
+  return tables::TextFile{text, _text.encoding}.write(path) + notes;
 }
 
 QStringList CsvFile::writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const {
-  const Output output = compose(entries);
+  QStringList notes;
   // Spreadsheet programs know UTF-8 by its mark alone.
-  tables::TextFile{tables::guardFormulas(output.text, _choice.delimiter),
+  tables::TextFile{tables::guardFormulas(compose(entries, notes), _choice.delimiter),
                    tables::TextEncoding::Utf8WithMark}
       .write(path);
-  return notesOn(output);
+  return notes;
 }
 
-CsvFile::Output CsvFile::compose(const QList<Entry>& entries) const {
-  QList<const QString*> labels(_slots.size(), nullptr);  // null: removed
-  Output output;
-  QByteArray added;
-  for (const Entry& entry : entries) {
-    if (entry.id <= _slots.size()) {
-      labels[entry.id - 1] = &entry.label;
-    } else {
-      added += newRow(entry.label, output.wholeLabels) + _lineBreak;
+QByteArray CsvFile::compose(const QList<Entry>& entries, QStringList& notes) const {
+  RowEntries::Changes changes(_entries, entries);
+  QByteArray text;
+  text.reserve(_text.utf8.size());
+  text = _headerRange.of(_text.utf8);
+  for (const tables::TextRange& range : _rows) {
+    const QByteArray row = range.of(_text.utf8);
+    const RowEntries::Changes::Fate fate =
+        changes.next([&] { return tables::CsvReader(_choice.delimiter).firstRow(row); });
+    if (!fate.isRemoved) {
+      endLine(text);
+      text += fate.cells ? tables::csvRowWith(row, *fate.cells, _choice.delimiter) : row;
     }
   }
-  output.text.reserve(_text.utf8.size() + added.size());
-  output.text = _headerRange.of(_text.utf8);
-  auto slot = _slots.cbegin();
-  for (int row = 0; row < _rows.size(); ++row) {
-    const QByteArray text = rowText(row, slot, labels, output.wholeLabels);
-    endLine(output.text, text);
-    output.text += text;
+  for (const QStringList& cells : changes.added()) {
+    endLine(text);
+    text += tables::csvRow(cells, _choice.delimiter) + _lineBreak;
   }
-  endLine(output.text, added);
+  notes += changes.notes();
   const qsizetype end = _rows.isEmpty() ? _headerRange.end : _rows.last().end;
-  output.text += added + _text.utf8.sliced(end);  // blank lines behind the last row
-  return output;
+  return text + _text.utf8.sliced(end);  // blank lines behind the last row
 }
 
 // What was the last row may have had no line break.
-void CsvFile::endLine(QByteArray& text, const QByteArray& next) const {
-  if (!next.isEmpty() && !text.isEmpty() && !isLineBreak(text.back())) {
+void CsvFile::endLine(QByteArray& text) const {
+  if (!text.isEmpty() && !isLineBreak(text.back())) {
     text += _lineBreak;
   }
-}
-
-// Returns the row as it is to be written; empty where all of its entries were removed. `slot` is
-// moved behind those of the row.
-QByteArray CsvFile::rowText(int row, QList<Slot>::const_iterator& slot,
-                            const QList<const QString*>& labels, int& wholeLabels) const {
-  const QByteArray text = _rows[row].of(_text.utf8);
-  std::optional<QStringList> cells;  // read for a row that changes
-  bool isEmpty = true;
-  for (; slot != _slots.cend() && slot->row == row; ++slot) {
-    const QString* const label = labels[slot - _slots.cbegin()];
-    isEmpty = isEmpty && label == nullptr;
-    if (label != nullptr && *label == slot->label) {
-      continue;
-    }
-    if (!cells) {
-      cells = tables::CsvReader(_choice.delimiter).firstRow(text);
-    }
-    const tables::ColumnMapping& mapping = _choice.addresses[slot->address].mapping;
-    if (label == nullptr) {
-      cells = mapping.withoutAddress(*cells);
-      continue;
-    }
-    const tables::ColumnMapping::Division division = mapping.divide(*label, *cells);
-    wholeLabels += division.isWhole ? 1 : 0;
-    cells = division.cells;
-  }
-  if (isEmpty) {
-    return {};
-  }
-  return cells ? tables::csvRowWith(text, *cells, _choice.delimiter) : text;
-}
-
-QByteArray CsvFile::newRow(const QString& label, int& wholeLabels) const {
-  const tables::ColumnMapping::Division division =
-      _choice.addresses.first().mapping.divide(label, {});
-  wholeLabels += division.isWhole ? 1 : 0;
-  return tables::csvRow(division.cells, _choice.delimiter);
-}
-
-QStringList CsvFile::notesOn(const Output& output) const {
-  if (output.wholeLabels == 0) {
-    return {};
-  }
-  return {
-      tr("%n labels could not be divided into the columns of the file. Each stands whole in "
-         "one cell, line below line; nothing is lost.",
-         nullptr, output.wholeLabels)};
 }
 
 }  // namespace postwright::addressbook

@@ -6,6 +6,7 @@
 
 #include "apps/addressbook/book/BookFile.h"
 #include "apps/addressbook/book/ColumnedFile.h"
+#include "apps/addressbook/formats/rows/RowEntries.h"
 #include "apps/tables/CsvReader.h"
 #include "apps/tables/TextFile.h"
 
@@ -33,13 +34,14 @@ class CsvFile final : public BookFile, public ColumnedFile {
 
   const BookFormat& format() const override { return bookFormat(); }
   ColumnedFile* columns() override { return this; }
-  QList<Entry> entries() const override;
+  QList<Entry> entries() const override { return _entries.entries(); }
   QStringList write(const QString& path, const QList<Entry>& entries) override;
   QStringList notes() const override;
 
   QStringList header() const override;
   int rowCount() const override { return static_cast<int>(_rows.size()); }
   QStringList cells(int row) const override;
+  QList<tables::TextEncoding> encodings() const override;
   bool needsChoice() const override;
   const tables::TableChoice& choice() const override { return _choice; }
   tables::TableChoice guess(const tables::TableChoice& choice) const override;
@@ -48,32 +50,22 @@ class CsvFile final : public BookFile, public ColumnedFile {
   QStringList writeForSpreadsheet(const QString& path, const QList<Entry>& entries) const override;
 
  private:
-  struct Output;
-  // An address of a row, and so an entry.
-  struct Slot {
-    int row = 0;
-    int address = 0;  // of TableChoice::addresses
-    QString kind;
-    QString label;  // as it was read
-  };
-
   CsvFile(tables::TextFile text, const tables::TableChoice& choice, QByteArray lineBreak);
   QByteArray headerText() const;
+  tables::TextFile textIn(tables::TextEncoding encoding) const;
   void takeHeader();
-  void endLine(QByteArray& text, const QByteArray& next) const;
-  void takeRow(const QStringList& cells);
-  Output compose(const QList<Entry>& entries) const;
-  QByteArray rowText(int row, QList<Slot>::const_iterator& slot,
-                     const QList<const QString*>& labels, int& wholeLabels) const;
-  QByteArray newRow(const QString& label, int& wholeLabels) const;
-  QStringList notesOn(const Output& output) const;
+  void endLine(QByteArray& text) const;
+  QByteArray compose(const QList<Entry>& entries, QStringList& notes) const;
 
   tables::TextFile _text;
+  tables::TextEncoding _guessed = tables::TextEncoding::Utf8;
   tables::TableChoice _choice;
+  QByteArray _key;     // for ColumnMemory: the header that was guessed,
+  int _rowsAbove = 0;  // and how many rows stand above it
   QStringList _header;
   tables::TextRange _headerRange;  // with all that stands above it; empty without one
   QList<tables::TextRange> _rows;
-  QList<Slot> _slots;              // in the order of their rows
+  RowEntries _entries;
   int _brokenRows = 0;             // those with a quotation mark that nothing closes,
   qsizetype _firstBrokenLine = 0;  // and where the first one begins
   QByteArray _lineBreak = "\r\n";

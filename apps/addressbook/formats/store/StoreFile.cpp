@@ -79,7 +79,8 @@ const BookFormat& StoreFile::bookFormat() {
       [](const QString& path) -> std::unique_ptr<BookFile> {
         return std::make_unique<StoreFile>(path);
       },
-      [](const QString&) -> std::unique_ptr<BookFile> { return std::make_unique<StoreFile>(); }};
+      [](const QString&) -> std::unique_ptr<BookFile> { return std::make_unique<StoreFile>(); },
+      false};
   return format;
 }
 

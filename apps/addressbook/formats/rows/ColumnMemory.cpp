@@ -1,4 +1,4 @@
-#include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/addressbook/formats/rows/ColumnMemory.h"
 
 #include <QCryptographicHash>
 #include <QSettings>
@@ -14,6 +14,11 @@ const QLatin1Char kSeparator(' ');
 const QString kKinds = QStringLiteral("-kinds");
 const QString kKindColumns = QStringLiteral("-kindColumns");
 const QString kHasHeader = QStringLiteral("-hasHeader");
+const QString kSkippedRows = QStringLiteral("-skippedRows");
+const QString kEncoding = QStringLiteral("-encoding");
+const QString kMacRoman = QStringLiteral("macintosh");
+const QString kWindows = QStringLiteral("windows-1252");
+constexpr qsizetype kLetters = 26;
 
 QString keyFor(const QByteArray& header) {
   const QByteArray digest =
@@ -49,6 +54,11 @@ std::optional<tables::TableChoice> ColumnMemory::find(const QByteArray& header) 
     choice.addresses[each].kindColumn = kindColumns.value(each, QStringLiteral("-1")).toInt();
   }
   choice.hasHeader = settings.value(key + kHasHeader, true).toBool();
+  choice.skippedRows = settings.value(key + kSkippedRows, 0).toInt();
+  // Others are told by the bytes of each file.
+  choice.encoding = settings.value(key + kEncoding).toString() == kMacRoman
+                        ? tables::TextEncoding::MacRoman
+                        : tables::TextEncoding::Windows1252;
   const bool isUsable = std::any_of(choice.addresses.begin(), choice.addresses.end(),
                                     [](const auto& each) { return each.mapping.isUsable(); });
   if (!tables::CsvReader::isDelimiter(choice.delimiter) || !isUsable) {
@@ -76,6 +86,25 @@ void ColumnMemory::remember(const QByteArray& header, const tables::TableChoice&
   settings.setValue(key + kKinds, kinds);
   settings.setValue(key + kKindColumns, kindColumns);
   settings.setValue(key + kHasHeader, choice.hasHeader);
+  settings.setValue(key + kSkippedRows, choice.skippedRows);
+  settings.setValue(key + kEncoding,
+                    choice.encoding == tables::TextEncoding::MacRoman ? kMacRoman : kWindows);
+}
+
+QStringList newHeader() {
+  return QStringLiteral("Name,Company,Address 1,Address 2,City,State,ZIP").split(QLatin1Char(','));
+}
+
+QStringList columnLetters(qsizetype count) {
+  QStringList letters;
+  for (qsizetype column = 0; column < count; ++column) {
+    QString name;
+    for (qsizetype rest = column + 1; rest > 0; rest = (rest - 1) / kLetters) {
+      name.prepend(QChar(u'A' + static_cast<char16_t>((rest - 1) % kLetters)));
+    }
+    letters.append(name);
+  }
+  return letters;
 }
 
 }  // namespace postwright::addressbook
