@@ -42,7 +42,10 @@ StoreError ErrorOf(sqlite3* connection, const std::string& name) {
   }
   std::string why = sqlite3_errmsg(connection);
   const int code = sqlite3_extended_errcode(connection);
-  const int cause = sqlite3_system_errno(connection);
+  int cause = sqlite3_system_errno(connection);
+  if (cause == 0) {  // forgotten since; the file may still know
+    sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &cause);
+  }
   if (((code & 0xFF) == SQLITE_CANTOPEN || (code & 0xFF) == SQLITE_IOERR) && cause != 0) {
     why += std::string(": ") + std::strerror(cause);  // SQLite's own words do not tell it
   }

@@ -39,7 +39,7 @@ said=$(ulimit -f 16 && "$programs/postwright" parse --jsonl labels.jsonl 2>&1 > 
 [ "$status" -eq 2 ] && [[ $said == *"standard output"*"File too large"* ]]
 
 mkdir bases
-refused "bases/base.import: disk I/O error" "$programs/postwright-base" import --source a bases/base rows.csv
+refused "bases/base.import: disk I/O error: File too large" "$programs/postwright-base" import --source a bases/base rows.csv
 [ ! -e bases/base ]
 "$programs/postwright-base" import --source a bases/base rows.csv 2> /dev/null  # the same command goes on
 [ "$(ls -A bases)" = base ]
