@@ -1,8 +1,48 @@
 #!/usr/bin/env bash
-# Runs every test: installs what is missing, builds, and hands over to ctest.
+# Installs what is missing, builds, and runs every test, in three parts:
+#
+#   address  AddressSanitizer and UndefinedBehaviorSanitizer, on all that is compiled
+#   threads  ThreadSanitizer, on the tests that have threads
+#   plain    everything, with the checks of sources, pages and packages
+#
+#   ./test.sh                          plain
+#   ./test.sh address threads plain    these, in this order
+#   POSTWRIGHT_TEST_PARTS="threads plain" ./test.sh
+#
+# Ends at the first part that fails.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
+read -ra parts <<< "${*:-${POSTWRIGHT_TEST_PARTS:-plain}}"
+for part in "${parts[@]}"; do
+  case $part in
+    address | threads | plain) ;;
+    *)
+      sed -n '2,/^set /{ s/^# \{0,1\}//p }' test.sh
+      [ "$part" = --help ] && exit 0
+      exit 2
+      ;;
+  esac
+done
+
 scripts/install-packages.sh --test
-scripts/build.sh
-exec ctest --preset dev --parallel "$(nproc)"
+if [ "${parts[*]}" != plain ]; then scripts/install-packages.sh --fuzz; fi  # clang
+
+# Builds a preset and runs its tests.
+run() {
+  local preset=$1 what=$2 since=$SECONDS
+  echo "== $what: building"
+  if [ "$preset" = dev ]; then scripts/build.sh; else scripts/build.sh --preset "$preset"; fi
+  echo "== $what: built in $((SECONDS - since)) s; testing"
+  since=$SECONDS
+  ctest --preset "$preset" --parallel "$(nproc)"
+  [ "$preset" = dev ] || echo "== $what: tested in $((SECONDS - since)) s"
+}
+
+for part in "${parts[@]}"; do
+  case $part in
+    address) run asan "AddressSanitizer and UndefinedBehaviorSanitizer" ;;
+    threads) run tsan "ThreadSanitizer" ;;
+    plain) run dev "The plain tests" ;;
+  esac
+done

@@ -9,7 +9,7 @@
 namespace postwright::service {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef POSTWRIGHT_SANITIZED
 constexpr int kGoodOnes = 100;
 constexpr long kGrowth = 350'000;  // kB; a sanitizer keeps 256 MiB of what was freed
 #else
