@@ -7,6 +7,7 @@
 #include <new>
 
 #include "common/HttpTransfer.h"
+#include "common/SmallText.h"
 
 namespace postwright {
 
@@ -161,7 +162,7 @@ void HttpFetch::Handle::Prepare(const Request& request, const HttpLimits& limits
 
 HttpFetch::Reply HttpFetch::Handle::Send(const Request& request, const HttpLimits& limits) {
   Reply reply;
-  HttpTransfer transfer(limits);
+  HttpTransfer transfer(limits, request.sink);
   // Parsed here and not by the transfer, which would take a URL without a scheme for http.
   const UrlParts url(curl_url());
   if (url == nullptr) {
@@ -183,6 +184,7 @@ HttpFetch::Reply HttpFetch::Handle::Send(const Request& request, const HttpLimit
   if (end == CURLE_OK) {
     reply.outcome = HttpOutcome::Answered;
     reply.body = transfer.TakeBody();
+    reply.head = transfer.TakeHead();
     ReadHead(reply);
   } else if (transfer.Outcome() != HttpOutcome::Answered) {
     reply.outcome = transfer.Outcome();
@@ -192,6 +194,7 @@ HttpFetch::Reply HttpFetch::Handle::Send(const Request& request, const HttpLimit
     reply.detail = curl_easy_strerror(end);
   }
   curl_easy_reset(curl_);  // so that nothing points at what goes away here
+  transfer.Rethrow();
   return reply;
 }
 
@@ -205,6 +208,15 @@ void HttpFetch::Handle::ReadHead(Reply& reply) const {
     reply.retryAfter =
         std::min<std::chrono::seconds>(kLongestRetryAfter, std::chrono::seconds(retryAfter));
   }
+}
+
+std::string_view HttpHead::Find(std::string_view name) const {
+  for (const auto& [field, value] : fields) {
+    if (EqualsIgnoringCase(field, name)) {
+      return value;
+    }
+  }
+  return {};
 }
 
 HttpFetch::HttpFetch() : handle_(std::make_unique<Handle>()) {}

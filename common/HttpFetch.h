@@ -4,9 +4,12 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace postwright {
@@ -39,6 +42,18 @@ enum class HttpOutcome {
   Cancelled
 };
 
+// The head of an answer, interim answers and trailers apart.
+struct HttpHead {
+  int status = 0;
+  std::vector<std::pair<std::string, std::string>> fields;  // as they came
+
+  // Returns the value of the first field of that name, in any case; empty where there is none.
+  std::string_view Find(std::string_view name) const;
+};
+
+// Takes a piece of a body as it comes, which is not kept then. Returns whether the call may go on.
+using HttpSink = std::function<bool(const HttpHead& head, std::string_view bytes)>;
+
 // Asks HTTP/1.1 servers, one call at a time, and keeps the connection between calls. Certificates
 // are checked; the proxy is that of the environment (http_proxy, https_proxy, no_proxy). The one
 // transfer coding taken is chunked.
@@ -56,13 +71,15 @@ class HttpFetch {
     std::vector<std::string> headers = {};  // "Accept: text/xml"; "Accept:" leaves out libcurl's
     std::optional<std::string> body = {};   // POST where there is one, else GET
     bool takesPacked = false;               // asks for a compressed answer, and unpacks it
+    HttpSink sink = {};                     // empty: the body is in the reply
   };
 
   struct Reply {
     HttpOutcome outcome = HttpOutcome::BadUrl;
-    std::string detail;                              // for a log; empty where Answered
-    int requests = 0;                                // sent: 0 means that the server saw nothing
-    int status = 0;                                  // the rest only where Answered
+    std::string detail;  // for a log; empty where Answered
+    int requests = 0;    // sent: 0 means that the server saw nothing
+    int status = 0;      // the rest only where Answered
+    HttpHead head;
     std::string body;                                // byte for byte
     std::optional<std::chrono::seconds> retryAfter;  // the header, either form of it; a day at most
   };
@@ -76,7 +93,8 @@ class HttpFetch {
   // False in a child of the process that made it, whose socket still serves the parent.
   bool IsOurs() const;
 
-  // Blocks until the whole answer is there or a limit ends the call. Throws std::bad_alloc alone.
+  // Blocks until the whole answer is there or a limit ends the call. Throws std::bad_alloc alone,
+  // and what the sink does, once the call is over.
   Reply Send(const Request& request, const HttpLimits& limits);
 
  private:

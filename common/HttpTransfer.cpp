@@ -29,6 +29,9 @@ void HttpTransfer::BeginHead(std::string_view statusLine) {
   contentCodings_ = 0;
   contentLength_.reset();
   hasWholeHead_ = false;
+  head_ = {};
+  std::from_chars(statusLine.data() + std::min(blank, statusLine.size() - 1) + 1,
+                  statusLine.data() + statusLine.size(), head_.status);
   if (!wasInterim) {
     headBytes_ = 0;
   }
@@ -40,6 +43,9 @@ bool HttpTransfer::CheckField(std::string_view line) {
   const std::size_t colon = std::min(line.find(':'), line.size());
   const std::string_view name = Trim(line.substr(0, colon));
   const std::string_view value = Trim(line.substr(std::min(colon + 1, line.size())));
+  if (colon < line.size() && !hasWholeHead_) {
+    head_.fields.emplace_back(name, value);
+  }
   if (EqualsIgnoringCase(name, "transfer-encoding") && !EqualsIgnoringCase(value, "chunked")) {
     return End(HttpOutcome::BadAnswer, "a transfer coding other than chunked");
   }
@@ -73,9 +79,22 @@ bool HttpTransfer::TakeHeadLine(std::string_view line) {
   return CheckField(line);
 }
 
+bool HttpTransfer::HandOver(std::string_view bytes) {
+  try {
+    return sink_(head_, bytes) || End(HttpOutcome::Cancelled, "no more is wanted");
+  } catch (...) {
+    thrown_ = std::current_exception();
+    return false;
+  }
+}
+
 bool HttpTransfer::TakeBody(std::string_view bytes) {
-  if (bytes.size() > limits_.bytes - body_.size()) {
+  if (bytes.size() > limits_.bytes - handedOver_ - body_.size()) {
     return End(HttpOutcome::TooLong, "the answer is too long");
+  }
+  if (sink_) {
+    handedOver_ += bytes.size();
+    return HandOver(bytes);
   }
   try {
     body_.append(bytes);

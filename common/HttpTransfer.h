@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,7 +17,8 @@ namespace postwright {
 // the call may go on; once it may not, Outcome() and Detail() say why.
 class HttpTransfer {
  public:
-  explicit HttpTransfer(const HttpLimits& limits) : limits_(limits) {}
+  // Borrows both. Without a sink the body is kept.
+  HttpTransfer(const HttpLimits& limits, const HttpSink& sink) : limits_(limits), sink_(sink) {}
 
   // Every byte as it comes from the connection, before anything is decoded.
   void CountReceived(std::size_t bytes) { received_ += bytes; }
@@ -39,13 +41,27 @@ class HttpTransfer {
   bool HasWholeHead() const { return hasWholeHead_; }
   bool HasReceived() const { return received_ > 0; }
   std::string TakeBody() { return std::move(body_); }
+  HttpHead TakeHead() { return std::move(head_); }
+
+  // Throws what the sink has thrown; through libcurl nothing may be thrown.
+  void Rethrow() const {
+    if (thrown_) {
+      std::rethrow_exception(thrown_);
+    }
+  }
 
  private:
   bool End(HttpOutcome outcome, const char* detail);
   void BeginHead(std::string_view statusLine);
   bool CheckField(std::string_view line);
 
+  bool HandOver(std::string_view bytes);
+
   const HttpLimits& limits_;
+  const HttpSink& sink_;
+  std::size_t handedOver_ = 0;  // to the sink, decoded
+  HttpHead head_;
+  std::exception_ptr thrown_;
   std::size_t received_ = 0;
   std::size_t headBytes_ = 0;
   bool isInterim_ = false;  // the head at hand is followed by another of the same answer
