@@ -8,7 +8,7 @@ enum BaseExit : int {
   kExitDone = 0,
   kExitNotConfirmed = 1,  // the address is not confirmed, or turned down
   kExitFailed = 2,        // wrong usage, or a file that cannot be read, written or used
-  kExitStopped = 130      // a signal stopped the import; the same command goes on with it
+  kExitStopped = 130      // a signal stopped a fetch or an import; the same command goes on
 };
 
 }  // namespace postwright::postal

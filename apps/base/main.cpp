@@ -4,14 +4,15 @@
 #include <algorithm>
 #include <csignal>
 #include <exception>
-#include <functional>
 #include <iostream>
 
 #include "apps/CharacterLocale.h"
 #include "apps/TerminalText.h"
 #include "apps/base/BaseExit.h"
+#include "apps/base/FetchCommandLine.h"
 #include "apps/base/ImportCommand.h"
 #include "apps/base/InfoCommand.h"
+#include "apps/base/ListCommand.h"
 #include "apps/base/LookupCommand.h"
 
 namespace postwright::postal {
@@ -25,9 +26,10 @@ constexpr const char* kFooter =
 the others say more.
 
 Exit status: 0 done; 1 of lookup: the address is not confirmed; 2 wrong usage, or a file that cannot
-be read, written or used; 130 a signal stopped an import, which the same command goes on with.
+be read, written, fetched or used; 130 a signal stopped a fetch or an import, which the same command
+goes on with.
 
-Example: postwright-base import texas.base travis.csv --source 'Travis County' --licence 'CC BY 4.0')";
+Example: postwright-base fetch texas)";
 
 constexpr const char* kImportFooter =
     R"(Adds the files to BASE, which is made where there is none, as one source. Rows that an earlier
@@ -70,11 +72,6 @@ std::string CheckMap(const std::string& map) {
 std::string CheckName(const std::string& name) {
   return name.empty() ? "a name is missing" : "";
 }
-
-struct Command {
-  CLI::App* parser;
-  std::function<int()> run;
-};
 
 Command AddImport(CLI::App& app, ImportOptions& options) {
   CLI::App* const command = app.add_subcommand("import", "Make a base, or add files to one");
@@ -137,7 +134,7 @@ Command AddLookup(CLI::App& app, LookupOptions& options) {
 }
 
 int RunCommandLine(int argc, char** argv) {
-  CLI::App app("Makes address bases for the local Verify service, and tells what is in one.",
+  CLI::App app("Fetches and makes address bases for the programs and the local Verify service.",
                kName);
   app.set_version_flag("--version", std::string(kName) + " " POSTWRIGHT_VERSION,
                        "Print the version and exit");
@@ -147,7 +144,11 @@ int RunCommandLine(int argc, char** argv) {
   ImportOptions import;
   std::string base;
   LookupOptions lookup;
-  const Command commands[] = {AddImport(app, import), AddInfo(app, base), AddLookup(app, lookup)};
+  FetchOptions fetch;
+  UpdateOptions update;
+  const Command commands[] = {AddFetch(app, fetch), AddUpdate(app, update),
+                              AddList(app),         AddImport(app, import),
+                              AddInfo(app, base),   AddLookup(app, lookup)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& question) {

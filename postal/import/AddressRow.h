@@ -52,8 +52,9 @@ enum class RowFault {
   NoZip,      // no ZIP code, and the city does not have one alone
   NoStreet,   // no street that could be read
   NoNumber,   // neither a number nor a range
+  Elsewhere,  // not of the states that are wanted
 };
-constexpr size_t kRowFaults = 4;
+constexpr size_t kRowFaults = 5;
 
 }  // namespace postwright::postal
 

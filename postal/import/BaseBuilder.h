@@ -9,6 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "common/StringHash.h"
 #include "postal/import/AddressRow.h"
@@ -26,6 +27,8 @@ struct SourceFacts {
   std::string licence;      // "CC BY 4.0"
   std::string attribution;  // what must be said wherever its data go
   bool whole = true;        // it knows every street of the ZIP codes that it has streets of
+  // The codes of the states whose rows are taken, by what the rows say; none: all rows are.
+  std::vector<std::string> states = {};
 };
 
 // Where an import stands in its files.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/SmallText.h"
 #include "postal/import/SourceFormats.h"
 
 namespace postwright::postal {
@@ -20,6 +21,8 @@ const char* Describe(RowFault fault) {
       return "has no street that can be read";
     case RowFault::NoNumber:
       return "has neither a house number nor a range of them";
+    case RowFault::Elsewhere:
+      return "is of another state";
   }
   return "";
 }
@@ -46,6 +49,9 @@ Importer::Importer(const std::filesystem::path& base, SourceFacts source,
 std::string Importer::Job() const {
   std::string job = source_.name + '\n' + source_.licence + '\n' + source_.attribution + '\n' +
                     (source_.whole ? "whole" : "partial") + '\n' + (map_ ? map_->Text() : "");
+  for (const std::string& state : source_.states) {
+    job += '\n' + state;
+  }
   for (const SourceFile& file : files_) {
     job += '\n' + std::filesystem::absolute(file.path).string() + ' ' + file.member + ' ' +
            std::to_string(std::filesystem::file_size(file.path)) + ' ' +
@@ -102,6 +108,9 @@ void Importer::ReadRow(RowSource& source, size_t file, AddressRow& row,
   try {
     if (!source.Next(row)) {
       atEnd_ = true;
+    } else if (!IsWanted(row)) {
+      builder_->LeaveOut();
+      ++faults_[static_cast<size_t>(RowFault::Elsewhere)];  // told by their number alone
     } else if (const auto fault = builder_->Add(row)) {
       LeaveOut(file, source.Line(), *fault, Describe(*fault), listeners);
     }
@@ -109,6 +118,13 @@ void Importer::ReadRow(RowSource& source, size_t file, AddressRow& row,
     builder_->LeaveOut();
     LeaveOut(file, source.Line(), RowFault::Malformed, error.what(), listeners);
   }
+}
+
+bool Importer::IsWanted(const AddressRow& row) const {
+  return source_.states.empty() ||
+         std::any_of(source_.states.begin(), source_.states.end(), [&row](const auto& state) {
+           return EqualsIgnoringCase(Trim(row[Field::State]), state);
+         });
 }
 
 void Importer::LeaveOut(size_t file, int64_t line, RowFault fault, const std::string& why,

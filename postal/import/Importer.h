@@ -63,6 +63,7 @@ class Importer {
   std::unique_ptr<RowSource> Open(const SourceFile& file);
   std::string Job() const;
   bool ReadFile(size_t file, const std::atomic<bool>& stop, const Listeners& listeners);
+  bool IsWanted(const AddressRow& row) const;
   void ReadRow(RowSource& source, size_t file, AddressRow& row, const Listeners& listeners);
   void LeaveOut(size_t file, int64_t line, RowFault fault, const std::string& why,
                 const Listeners& listeners);

@@ -437,8 +437,9 @@ TEST(CommandLineTest, AnswersByItself) {
           {"ZIP codes alone", home + "$postwright fix <<< " + label, 0,
            "12 N MAIN ST\nAUSTIN TX 78701\n", ""},
           {"and says so", home + "$postwright fix --explain <<< " + label, 0, "12 N MAIN ST",
-           "postwright: ZIP codes only: streets are not checked. 'postwright-base import' brings "
-           "them, into a .base file in "},
+           "postwright: ZIP codes only: streets are not checked. 'postwright-base fetch texas' "
+           "brings "
+           "the streets\n"},
           {"on a terminal",
            home + "echo 12 north main street, austin tx 78701 > label; export postwright; "
                   "script -qec '$postwright fix label' /dev/null < /dev/null",

@@ -1,0 +1,108 @@
+#include "apps/base/FetchCommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "apps/base/ListCommand.h"
+#include "common/AsciiText.h"
+#include "postal/fetch/SiteClient.h"
+
+namespace postwright::postal {
+namespace {
+
+constexpr const char* kFetchFooter =
+    R"(A PLACE is a state by its name or code, a county ('travis, tx', or 48453, its FIPS number), or all.
+Without --base the base is PLACE.base in ~/.local/share/postwright (or $XDG_DATA_HOME/postwright), where
+'postwright fix' and the address book find it.
+
+  tiger          address ranges of the Census Bureau, a file a county; some 3,200 files, 2 to 3 GB for all
+  nad            the National Address Database, one file of some 8 GB for all; name states
+  openaddresses  what cities, counties and states publish; wants an account's token; name states
+
+Files are fetched one at a time, with pauses. What was fetched is kept in BASE.fetch until the base is
+made: whatever ends the command, given again it goes on. Only https is spoken, only with the server
+itself and with what --host names, and every archive is read to its end before it is used.
+
+Example: postwright-base fetch texas)";
+
+constexpr const char* kUpdateFooter =
+    R"(Asks whether there is something newer than what a base was fetched from, another year or changed
+files, and then fetches it and makes the base anew. Without BASE: every base of
+~/.local/share/postwright that was fetched.)";
+
+constexpr const char* kListFooter =
+    R"(Of each base that 'postwright fix' finds: its sources, when they were imported, their licence, and what
+has to be said wherever they go.)";
+
+std::string CheckYear(const std::string& year) {
+  constexpr size_t kDigits = 4;
+  return year.size() == kDigits && AllDigits(year) ? "" : "'" + year + "' is no year";
+}
+
+std::string CheckKind(const std::string& name) {
+  if (FindFetchKind(name) != nullptr) {
+    return "";
+  }
+  std::string known;
+  for (const FetchKind& kind : FetchKinds()) {
+    known += std::string(" ") + kind.name;
+  }
+  return "'" + name + "' publishes nothing; there are" + known;
+}
+
+void AddServerOptions(CLI::App& command, std::string& tokenFile, std::vector<std::string>& hosts,
+                      bool& quiet) {
+  command
+      .add_option("--token-file", tokenFile, "Whose first line is the token of an account there")
+      ->type_name("FILE");
+  command.add_option("--host", hosts, "Another host that the server may send us on to")
+      ->type_name("HOST")
+      ->expected(1)
+      ->take_all();
+  command.add_flag("--quiet", quiet, "Do not show how far it is")->disable_flag_override();
+}
+
+}  // namespace
+
+Command AddFetch(CLI::App& app, FetchOptions& options) {
+  CLI::App* const command =
+      app.add_subcommand("fetch", "Fetch the addresses of a place, and make a base of them");
+  FetchRequest& request = options.request;
+  command->add_option("PLACE", request.places, "Whose addresses")->required();
+  command->add_option("--from", request.from, "Who publishes them; by default tiger")
+      ->type_name("tiger|nad|openaddresses")
+      ->check(CLI::Validator(CheckKind, ""));
+  command->add_option("--year", request.year, "Of tiger, that year and not the newest")
+      ->type_name("YEAR")
+      ->check(CLI::Validator(CheckYear, ""));
+  command->add_option("--base", options.base, "The base")->type_name("FILE");
+  command
+      ->add_option(
+          "--mirror", request.mirror,
+          "A server that has the same files at the same paths, in the place of the publisher's")
+      ->type_name("URL")
+      ->check(CLI::Validator(CheckOrigin, ""));
+  AddServerOptions(*command, options.tokenFile, options.hosts, options.quiet);
+  command
+      ->add_flag("--restart", options.restart,
+                 "Begin anew, and throw away what a stopped fetch has brought")
+      ->disable_flag_override();
+  command->footer(kFetchFooter);
+  return {command, [&options] { return RunFetch(options); }};
+}
+
+Command AddUpdate(CLI::App& app, UpdateOptions& options) {
+  CLI::App* const command = app.add_subcommand("update", "Fetch what is newer than a base");
+  command->add_option("BASE", options.bases, "The base");
+  AddServerOptions(*command, options.tokenFile, options.hosts, options.quiet);
+  command->footer(kUpdateFooter);
+  return {command, [&options] { return RunUpdate(options); }};
+}
+
+Command AddList(CLI::App& app) {
+  CLI::App* const command = app.add_subcommand("list", "Tell which bases are there, and how old");
+  command->footer(kListFooter);
+  return {command, [] { return RunList(); }};
+}
+
+}  // namespace postwright::postal
