@@ -6,7 +6,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QToolButton>
@@ -15,6 +14,7 @@
 
 #include "apps/addressbook/dialogs/ReadingFields.h"
 #include "apps/addressbook/widgets/LabelPreview.h"
+#include "apps/addressbook/widgets/ScrollingForm.h"
 #include "apps/tables/ColumnNames.h"
 #include "apps/tables/FileError.h"
 
@@ -27,7 +27,6 @@ enum TableColumn { kTitle, kExample, kRole, kTableColumns };
 constexpr int kExampleRows = 20;
 constexpr QSize kSize(820, 520);
 constexpr int kPreviewWidth = 260;
-constexpr int kMargin = 40;  // of a screen, for the frame of the window
 
 }  // namespace
 
@@ -68,7 +67,7 @@ ColumnDialog::ColumnDialog(ColumnedFile& file, const QString& name, QWidget* par
   take(_choice);
   _reading->setChoice(_choice);
   fillTable();
-  resize(kSize.boundedTo(screen()->availableSize() - QSize(kMargin, kMargin)));
+  resizeToScreen(*this, kSize);
 }
 
 // Where a row holds several addresses, the columns of one of them are shown at a time.

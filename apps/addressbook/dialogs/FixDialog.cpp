@@ -10,6 +10,7 @@
 
 #include "apps/addressbook/dialogs/LookFields.h"
 #include "apps/addressbook/fix/FixPlan.h"
+#include "apps/addressbook/widgets/ScrollingForm.h"
 
 namespace postwright::addressbook {
 
@@ -25,14 +26,18 @@ FixDialog::FixDialog(const Book& book, const QList<int>& selected, const FixSett
   _start = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
   _start->setObjectName(QStringLiteral("start"));
   buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+  auto* const groups = new QWidget;
+  auto* const column = new QVBoxLayout(groups);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(buildScope());
+  column->addWidget(buildLook());
   auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(buildScope());
-  layout->addWidget(buildLook());
+  layout->addWidget(new ScrollingForm(groups, this), 1);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  layout->setSizeConstraint(QLayout::SetFixedSize);
   refresh();
+  resizeToScreen(*this, sizeHint());
 }
 
 QWidget* FixDialog::buildScope() {

@@ -12,6 +12,7 @@
 #include "apps/ServerOption.h"
 #include "apps/addressbook/dialogs/LookFields.h"
 #include "apps/addressbook/fix/WhoAnswers.h"
+#include "apps/addressbook/widgets/ScrollingForm.h"
 
 namespace postwright::addressbook {
 
@@ -36,15 +37,20 @@ PreferencesDialog::PreferencesDialog(const Preferences& preferences, const Addre
   auto* const buttons = new QDialogButtonBox(this);
   _accept = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
   buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+  auto* const groups = new QWidget;
+  auto* const column = new QVBoxLayout(groups);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(buildLook());
+  column->addWidget(buildService());
+  column->addWidget(buildWindow());
+  column->addStretch(1);
   auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(buildLook());
-  layout->addWidget(buildService());
-  layout->addWidget(buildWindow());
-  layout->addStretch(1);
+  layout->addWidget(new ScrollingForm(groups, this), 1);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   checkServer();
+  resizeToScreen(*this, sizeHint());
 }
 
 QWidget* PreferencesDialog::buildLook() {

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -283,7 +284,7 @@ void AddressBookWindow::refreshPages() {
 void AddressBookWindow::restoreLayout() {
   const QSettings settings;
   if (!restoreGeometry(settings.value(kGeometryKey).toByteArray())) {
-    resize(kUsualSize);
+    resize(kUsualSize.boundedTo(screen()->availableSize()));
   }
   if (!_splitter->restoreState(settings.value(kSplitterKey).toByteArray())) {
     _splitter->setSizes({width() - kPanelWidth, kPanelWidth});
