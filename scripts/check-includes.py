@@ -22,7 +22,7 @@ LIBRARIES = {
     "Q": "Qt", "ui_": "Qt", "boost/": "Boost", "CLI/": "CLI11", "csv.h": "libcsv", "curl/": "libcurl",
     "microhttpd.h": "libmicrohttpd", "nlohmann/": "nlohmann_json", "pugixml.hpp": "pugixml",
     "pybind11/": "pybind11", "simdjson.h": "simdjson", "sqlite3.h": "SQLite", "tinyxml.h": "TinyXML",
-    "utf8proc.h": "utf8proc", "zip.h": "libzip", "zlib.h": "zlib",
+    "utf8proc.h": "utf8proc", "zint.h": "Zint", "zip.h": "libzip", "zlib.h": "zlib",
 }
 
 INCLUDE = re.compile(r'#include ([<"])([^>"]+)[>"]')

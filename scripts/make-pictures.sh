@@ -143,7 +143,7 @@ shot address-book-encoding
 leave
 
 # The address book: its columns are chosen, its addresses fixed, its labels printed.
-cp examples/books/friends.csv "$work"
+sed 's/,wa,98247,/,wa,98247-1234,/' examples/books/friends.csv >"$work/friends.csv"
 "$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \
   >"$work/out" 2>&1 &
 program=$!
@@ -171,13 +171,51 @@ keys ctrl+p
 await "Print Labels"
 keys alt+b
 xdotool type 4
-keys alt+e
 shot address-book-print
+keys alt+y alt+g
 keys alt+d
 await "Save the sheets"
 xdotool type "$work/labels.pdf"
 keys Return
-sleep 1
-leave
+sleep 2
 pdftoppm -r 80 -png -singlefile "$work/labels.pdf" "$pictures/label-sheet"
 echo "$pictures/label-sheet.png"
+
+# Measures that do not fit; then an envelope with all that can be on it.
+await "friends.csv"
+keys ctrl+p
+await "Print Labels"
+keys alt+o
+await "Own Measures"
+keys alt+n
+xdotool type "Herbarium"
+keys alt+f ctrl+a
+xdotool type "2.5"
+keys Tab
+shot address-book-measures
+keys Escape
+await "Print Labels"
+keys alt+s ctrl+a
+xdotool type "No. 10"
+keys Tab Tab alt+n alt+a
+for line in "Rosa Ortega" "40 Elm St" "Reno, NV 89501"; do
+  xdotool type --delay 30 "$line"
+  keys Return
+done
+keys alt+i
+xdotool type "$PWD/apps/addressbook/icons/addressbook.svg"
+keys Tab alt+e alt+m alt+i
+xdotool type "123456"
+keys alt+v
+xdotool type "040"
+keys Tab
+shot address-book-barcode
+keys alt+d
+await "Save the sheets"
+keys ctrl+a
+xdotool type "$work/envelopes.pdf"
+keys Return
+sleep 4
+leave
+pdftoppm -r 80 -png -f 7 -singlefile "$work/envelopes.pdf" "$pictures/envelope"
+echo "$pictures/envelope.png"

@@ -13,7 +13,6 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSettings>
-#include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,7 +20,6 @@
 #include <QToolButton>
 
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
-#include "apps/addressbook/dialogs/PrintDialog.h"
 #include "apps/addressbook/formats/rows/ColumnMemory.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/settings/Translations.h"
@@ -86,7 +84,6 @@ class WindowTest : public QObject {
   void savesAsTheTypeChosen();
   void exportsOverNothingUnasked();
   void leavesWhenSavedElsewhere();
-  void printsFromTheLabelChosen();
   void saysWhoAnswers_data();
   void saysWhoAnswers();
   void saysThatNoStreetsAreKnown();
@@ -521,24 +518,6 @@ void WindowTest::savesAsTheTypeChosen() {
   trigger("saveAs");
   QVERIFY2(bytes(qPrintable(written)).startsWith(begins), qPrintable(written));
   QCOMPARE(_window->document().title(), written);
-}
-
-void WindowTest::printsFromTheLabelChosen() {
-  _table->selectAll();
-  QTimer::singleShot(0, this, [this] {
-    auto* const dialog = qobject_cast<PrintDialog*>(QApplication::activeModalWidget());
-    const auto leave = qScopeGuard([dialog] { dialog->close(); });
-    auto* const sheet = dialog->findChild<QWidget*>("sheetView");
-    sheet->setFocus();
-    QTest::keyClick(sheet, Qt::Key_Down);
-    QTest::keyClick(sheet, Qt::Key_Right);
-    QCOMPARE(find<QSpinBox>("start", dialog)->value(), 5);  // three labels across
-    find<QComboBox>("sheet", dialog)->setCurrentIndex(2);
-    dialog->savePdfTo(path("labels.pdf"));
-  });
-  trigger("print");
-  QVERIFY(bytes("labels.pdf").startsWith("%PDF"));
-  QCOMPARE(Preferences::load().sheet.name, "letter-10");
 }
 
 void WindowTest::saysWhoAnswers_data() {

@@ -46,7 +46,7 @@ QWidget* FixDialog::buildScope() {
   _allButton = addScope(layout, "all", tr("&All entries (%1)"), _book.size());
   _selectedButton =
       addScope(layout, "selected", tr("The &selected entries (%1)"), _selected.size());
-  _failedButton = addScope(layout, "failed", tr("Those that &failed before (%1)"), _failed.size());
+  _failedButton = addScope(layout, "failed", tr("Those that failed &before (%1)"), _failed.size());
   _includesRight = new QCheckBox(tr("Ask again about those &checked in the last half year"), group);
   _includesRight->setObjectName(QStringLiteral("includesRight"));
   _skipped = new QLabel(group);

@@ -15,10 +15,6 @@ const QString kNames = QStringLiteral("fix/names");
 const QString kSpellings = QStringLiteral("fix/spellings");
 const QString kServer = QStringLiteral("fix/server");
 const QString kAppearance = QStringLiteral("window/appearance");
-const QString kSheet = QStringLiteral("print/sheet");
-const QString kFamily = QStringLiteral("print/font");
-const QString kPoints = QStringLiteral("print/points");
-const QString kShift = QStringLiteral("print/shift");
 const QString kRecent = QStringLiteral("recentFiles");
 
 // A number from the settings, which anyone may have edited.
@@ -42,12 +38,7 @@ Preferences Preferences::load() {
   fix.spellings = settings.value(kSpellings).toString();
   fix.server = settings.value(kServer).toString();
   preferences.appearance = static_cast<Appearance>(bounded(settings, kAppearance, 0, 3));
-  preferences.sheet = LabelSheet::named(settings.value(kSheet).toString());
-  LabelStyle& style = preferences.style;
-  style.family = settings.value(kFamily, style.family).toString();
-  style.largestPoints = std::clamp(settings.value(kPoints, style.largestPoints).toDouble(),
-                                   LabelStyle::kLeastPoints, LabelStyle::kMostPoints);
-  preferences.shift = settings.value(kShift).toPointF();
+  preferences.print = PrintSettings::load(settings);
   return preferences;
 }
 
@@ -59,10 +50,7 @@ void Preferences::save() const {
   settings.setValue(kSpellings, fix.spellings);
   settings.setValue(kServer, fix.server);
   settings.setValue(kAppearance, static_cast<int>(appearance));
-  settings.setValue(kSheet, QString::fromLatin1(sheet.name));
-  settings.setValue(kFamily, style.family);
-  settings.setValue(kPoints, style.largestPoints);
-  settings.setValue(kShift, shift);
+  print.save(settings);
 }
 
 QStringList RecentFiles::list() {

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 #include "apps/addressbook/fix/AddressFixer.h"
-#include "apps/addressbook/sheet/SheetJob.h"
+#include "apps/addressbook/settings/PrintSettings.h"
 
 namespace postwright::addressbook {
 
@@ -18,11 +18,7 @@ struct Preferences {
 
   FixSettings fix;
   Appearance appearance = Appearance::System;
-
-  // How labels are printed; the place of the first one is asked for each time.
-  LabelSheet sheet = LabelSheet::all().first();
-  LabelStyle style;
-  QPointF shift;
+  PrintSettings print;
 };
 
 // The files that were opened last, the latest one first.

@@ -4,7 +4,7 @@
 #include <QFont>
 #include <QList>
 #include <QPointF>
-#include <QSizeF>
+#include <QRectF>
 #include <QString>
 
 class QPainter;
@@ -13,7 +13,7 @@ namespace postwright::addressbook {
 
 // How labels are lettered.
 struct LabelStyle {
-  static constexpr double kLeastPoints = 5;
+  static constexpr double kLeastPoints = 7;
   static constexpr double kMostPoints = 36;
 
   QString family = QStringLiteral("Sans Serif");
@@ -23,19 +23,28 @@ struct LabelStyle {
 // A line of a label, ready to be drawn.
 struct FittedLine {
   QString text;
-  double points;     // its size
   QPointF baseline;  // where it begins: inches from the top left corner of the label
 };
 
-// Sets the lines of `label` on a piece of paper of `size` inches: from a margin on the left, the
-// block half way between top and bottom, every line inside. The type of all lines shrinks together
-// where there are many, and by a fifth where one is long; a line that is still too long shrinks by
-// itself. Of a text that no label was ever meant for, the first 60 lines of 300 characters are set.
-QList<FittedLine> fitLabel(const QString& label, const QSizeF& size, const LabelStyle& style);
+// The lines of a label, all in one size.
+struct FittedLabel {
+  QList<FittedLine> lines;
+  double points = 0;
+  double top = 0;    // of the block
+  bool fits = true;  // false: what there is room for stands in `lines`
+};
+
+// Sets the lines of `label` within `area`, which is in inches: from its left edge, the block half
+// way between top and bottom with `headroom` kept free above it. A long line breaks at a word,
+// except the one of city, state and ZIP code; what still does not fit has its type made smaller,
+// and does not fit where it would be under 7 points. Nor does a text that no label was ever meant
+// for: of more than 60 lines or of lines beyond 300 characters.
+FittedLabel fitLabel(const QString& label, const QRectF& area, const LabelStyle& style,
+                     double headroom = 0);
 
 // Draws the lines on a painter whose unit is the inch, the label's corner at `corner`, in the
 // painter's pen.
-void drawLabel(QPainter& painter, const QPointF& corner, const QList<FittedLine>& lines,
+void drawLabel(QPainter& painter, const QPointF& corner, const FittedLabel& label,
                const LabelStyle& style);
 
 }  // namespace postwright::addressbook

@@ -3,28 +3,40 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QPageLayout>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 
 namespace postwright::addressbook {
 
-// A kind of label sheet on letter paper. Lengths are inches, from the top left corner of the paper.
+// The papers that are printed on. The numbers are kept in the settings.
+enum class Paper { Letter = 0, A4 = 1, Envelope10 = 2, Envelope634 = 3 };
+
+// A kind of label sheet, or an envelope, which is a sheet of one label. Lengths are inches, from
+// the top left corner of the paper.
 struct LabelSheet {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::LabelSheet)
 
  public:
-  // The kinds that are sold everywhere, the most common one first.
+  // The sheets that are sold, by their product numbers, and the envelopes; the most common one
+  // first.
   static const QList<LabelSheet>& all();
 
-  // The kind of this name, the most common one where there is none.
-  static const LabelSheet& named(const QString& name);
+  // Which of `own` and then of all() has this name or product number, the most common one where
+  // there is none.
+  static LabelSheet named(const QString& name, const QList<LabelSheet>& own = {});
 
-  // 8 1/2 by 11.
-  static QSizeF paper() { return {8.5, 11.0}; }
+  QSizeF paperSize() const;
+  bool isEnvelope() const { return paper == Paper::Envelope10 || paper == Paper::Envelope634; }
 
-  // "1 x 2-5/8 in, 30 labels", in the user's language.
+  // The paper as a printer takes it, without margins: an envelope goes in with its short side
+  // first.
+  QPageLayout pageLayout() const;
+
+  // "5160, 8160: 1 x 2-5/8 in, 30 a sheet", in the user's language.
   QString title() const;
 
   int size() const { return columns * rows; }
@@ -32,14 +44,31 @@ struct LabelSheet {
   // Where a label lies; labels are counted from 0, row by row.
   QRectF place(int index) const;
 
-  const char* name;      // what the settings know it by, for good
-  const char* measures;  // "1 x 2-5/8", the height first, as on the box
-  int columns;
-  int rows;
-  QSizeF label;
-  QPointF first;  // top left corner of the first label
-  QSizeF pitch;   // from a label to its neighbours
+  // Why nothing can be printed on such a sheet: labels that overlap or leave the paper. Empty where
+  // all is well.
+  QString problem() const;
+
+  // Where the address stands on a label, from its corner. On an envelope that is the area that the
+  // Postal Service's readers look at, without the corner that they print in: from 5/8 to 2-3/4 inch
+  // above the lower edge, half an inch from the right one (DMM 202.2.1).
+  QRectF addressArea(bool hasSender) const;
+
+  // Where the return address stands: upper left. Empty where a label has no room for one.
+  QRectF senderArea() const;
+
+  QString name = {};              // what the settings know it by, for good
+  QStringList otherNumbers = {};  // other product numbers of the same measures
+  Paper paper = Paper::Letter;
+  int columns = 1;
+  int rows = 1;
+  QSizeF label = {};
+  QPointF first = {};  // top left corner of the first label
+  QSizeF pitch = {};   // from a label to its neighbours
 };
+
+// Millimetres on the papers that are measured so.
+bool isMetric(Paper paper);
+inline constexpr double kMillimetresPerInch = 25.4;
 
 }  // namespace postwright::addressbook
 

@@ -1,24 +1,17 @@
 #include "apps/addressbook/sheet/SheetJob.h"
 
-#include <QPageLayout>
-#include <QPageSize>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
 
+#include "apps/addressbook/sheet/PdfFile.h"
 #include "apps/tables/FileError.h"
 
 namespace postwright::addressbook {
 
 namespace {
 
-constexpr int kPdfResolution = 1200;
 constexpr double kOutlineWidth = 0.005;
-
-QPageLayout letterWithoutMargins() {
-  return {QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(), QPageLayout::Inch};
-}
 
 [[noreturn]] void failPrinting() {
   throw tables::FileError(
@@ -29,57 +22,53 @@ QPageLayout letterWithoutMargins() {
 }  // namespace
 
 int SheetJob::pages() const {
-  const int places = start + static_cast<int>(labels.size());
-  return (places + sheet.size() - 1) / sheet.size();
+  return (start + pieces() + sheet.size() - 1) / sheet.size();
+}
+
+LabelFace SheetJob::face(int piece) const {
+  const QString& label = labels[piece / copies];
+  const QString routing = mail ? routingCode(label) : QString();
+  const QString bars = routing.isEmpty()
+                           ? QString()
+                           : barStates(mail->tracking(static_cast<quint64>(piece)), routing);
+  return layOut(sheet, look ? look(label) : label, bars, sender, style);
+}
+
+std::optional<QList<int>> SheetJob::misfits(const Progress& progress) const {
+  QList<int> rows;
+  for (int row = 0; row < labels.size(); ++row) {
+    if (progress && !progress(row)) {
+      return std::nullopt;
+    }
+    if (!face(row * copies).fits()) {
+      rows.append(row);
+    }
+  }
+  return rows;
 }
 
 void SheetJob::paintPage(QPainter& painter, int page) const {
   for (int place = 0; place < sheet.size(); ++place) {
     const QRectF area = sheet.place(place).translated(shift);
-    const int label = page * sheet.size() + place - start;
+    const int piece = page * sheet.size() + place - start;
     if (hasOutlines) {
       painter.setPen(QPen(Qt::lightGray, kOutlineWidth));
       painter.drawRect(area);
     }
-    if (label >= 0 && label < labels.size()) {
-      painter.setPen(Qt::black);
-      drawLabel(painter, area.topLeft(), fitLabel(labels[label], area.size(), style), style);
+    if (piece >= 0 && piece < pieces()) {
+      drawFace(painter, area, face(piece), sender, style);
     }
   }
 }
 
 bool SheetJob::writePdf(const QString& path, const Progress& progress) const {
-  QSaveFile file(path);
-  const auto fail = [&file] {
-    throw tables::FileError(
-        LabelSheet::tr("The PDF could not be written: %1. Free some space or save under "
-                       "another name.")
-            .arg(file.errorString()));
-  };
-  if (!file.open(QIODevice::WriteOnly)) {
-    fail();
-  }
-  bool isWhole = false;
-  {
-    QPdfWriter writer(&file);
-    writer.setResolution(kPdfResolution);
-    writer.setTitle(LabelSheet::tr("Address labels"));
-    writer.setPageLayout(letterWithoutMargins());
-    isWhole = paintPages(writer, progress);
-  }  // the writer ends the file
-  if (!isWhole) {
-    file.cancelWriting();
-    return false;
-  }
-  if (!file.commit()) {
-    fail();
-  }
-  return true;
+  return writePdfFile(path, LabelSheet::tr("Address labels"), sheet.pageLayout(),
+                      [&](QPagedPaintDevice& device) { return paintPages(device, progress); });
 }
 
 bool SheetJob::print(QPrinter& printer, const Progress& progress) const {
   printer.setFullPage(true);
-  printer.setPageLayout(letterWithoutMargins());
+  printer.setPageLayout(sheet.pageLayout());
   return paintPages(printer, progress);
 }
 

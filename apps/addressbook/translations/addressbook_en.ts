@@ -12,6 +12,16 @@
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::BarcodeFields</name>
+    <message numerus="yes">
+        <source>%1 of %n labels have a ZIP+4 and get a barcode.</source>
+        <translation>
+            <numerusform>%1 of %n label has a ZIP+4 and gets a barcode.</numerusform>
+            <numerusform>%1 of %n labels have a ZIP+4 and get a barcode.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::BookCounts</name>
     <message numerus="yes">
         <source>%n entries</source>
@@ -149,12 +159,81 @@
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::LabelSheet</name>
+    <message numerus="yes">
+        <source>%1: %2 x %3 %4, %n a sheet</source>
+        <translation>
+            <numerusform>%1: %2 x %3 %4, %n a sheet</numerusform>
+            <numerusform>%1: %2 x %3 %4, %n a sheet</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PresortDialog</name>
+    <message numerus="yes">
+        <source>%n pieces, by the first three digits of their ZIP codes.</source>
+        <translation>
+            <numerusform>%n piece, by the first three digits of its ZIP code.</numerusform>
+            <numerusform>%n pieces, by the first three digits of their ZIP codes.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::PrintDialog</name>
     <message numerus="yes">
         <source>%n labels sent to the printer.</source>
         <translation>
             <numerusform>%n label sent to the printer.</numerusform>
             <numerusform>%n labels sent to the printer.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels to print.</source>
+        <translation>
+            <numerusform>%n label to print.</numerusform>
+            <numerusform>%n labels to print.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out: the address was refused.</source>
+        <translation>
+            <numerusform>%n left out: the address was refused.</numerusform>
+            <numerusform>%n left out: the address was refused.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out: no address.</source>
+        <translation>
+            <numerusform>%n left out: no address.</numerusform>
+            <numerusform>%n left out: no address.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Print %n labels whose address was refused?</source>
+        <translation>
+            <numerusform>Print %n label whose address was refused?</numerusform>
+            <numerusform>Print %n labels whose address was refused?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels do not fit, even in 7-point type.</source>
+        <translation>
+            <numerusform>%n label does not fit, even in 7-point type.</numerusform>
+            <numerusform>%n labels do not fit, even in 7-point type.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels saved to “%1”.</source>
+        <translation>
+            <numerusform>%n label saved to “%1”.</numerusform>
+            <numerusform>%n labels saved to “%1”.</numerusform>
         </translation>
     </message>
 </context>
@@ -175,6 +254,16 @@
         <translation>
             <numerusform>%n label could not be divided into the columns of the file. It stands whole in one cell, line below line; nothing is lost.</numerusform>
             <numerusform>%n labels could not be divided into the columns of the file. Each stands whole in one cell, line below line; nothing is lost.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::SheetFields</name>
+    <message numerus="yes">
+        <source>&amp;Also %n labels whose address was refused</source>
+        <translation>
+            <numerusform>&amp;Also %n label whose address was refused</numerusform>
+            <numerusform>&amp;Also %n labels whose address was refused</numerusform>
         </translation>
     </message>
 </context>

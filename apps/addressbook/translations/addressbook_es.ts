@@ -30,10 +30,6 @@ Corrige direcciones postales de Estados Unidos y las imprime en hojas de etiquet
         <translation>Mostrar las que tienen &amp;error</translation>
     </message>
     <message>
-        <source>%1[*] — Address Book</source>
-        <translation>%1[*] — Libreta de direcciones</translation>
-    </message>
-    <message>
         <source>Nothing found</source>
         <translation>No se encontró nada</translation>
     </message>
@@ -58,6 +54,56 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     <message>
         <source>Give it its first one.</source>
         <translation>Añada la primera.</translation>
+    </message>
+    <message>
+        <source>%1[*] — Address Book</source>
+        <translation>%1[*] — Libreta de direcciones</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::BarcodeFields</name>
+    <message>
+        <source>Print an Intelligent &amp;Mail barcode</source>
+        <translation>Imprimir un código de &amp;barras Intelligent Mail</translation>
+    </message>
+    <message>
+        <source>6 or 9 digits, from the Postal Service</source>
+        <translation>6 o 9 cifras, del servicio postal</translation>
+    </message>
+    <message>
+        <source>3 digits: class and services</source>
+        <translation>3 cifras: clase y servicios</translation>
+    </message>
+    <message>
+        <source>Mailer &amp;identifier:</source>
+        <translation>Ide&amp;ntificador del remitente:</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vice type:</source>
+        <translation>Tipo de ser&amp;vicio:</translation>
+    </message>
+    <message>
+        <source>It tells the Postal Service who mails and where to. It takes a mailer identifier, and a ZIP+4 in the address.</source>
+        <translation>Dice al servicio postal quién envía y adónde. Requiere un identificador de remitente y un ZIP+4 en la dirección.</translation>
+    </message>
+    <message>
+        <source>No barcode is printed. %1</source>
+        <translation>No se imprime ningún código de barras. %1</translation>
+    </message>
+    <message>
+        <source>No barcode is printed: with the room to be left beside it, it takes a label 3-1/4 inches (81 mm) wide.</source>
+        <translation>No se imprime ningún código de barras: con el espacio que debe quedar a los lados, necesita una etiqueta de 3-1/4 pulgadas (81 mm) de ancho.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n labels have a ZIP+4 and get a barcode.</source>
+        <translation>
+            <numerusform>%1 de %n etiqueta tiene ZIP+4 y lleva código de barras.</numerusform>
+            <numerusform>%1 de %n etiquetas tienen ZIP+4 y llevan código de barras.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Next serial n&amp;umber:</source>
+        <translation>Siguiente número de &amp;serie:</translation>
     </message>
 </context>
 <context>
@@ -626,10 +672,6 @@ Ciudad, estado y código ZIP</translation>
         <translation>Las entradas &amp;seleccionadas (%1)</translation>
     </message>
     <message>
-        <source>Those that &amp;failed before (%1)</source>
-        <translation>Las que dieron &amp;error antes (%1)</translation>
-    </message>
-    <message>
         <source>Corrected labels</source>
         <translation>Etiquetas corregidas</translation>
     </message>
@@ -650,7 +692,7 @@ Ciudad, estado y código ZIP</translation>
     </message>
     <message>
         <source>Ask again about those &amp;checked in the last half year</source>
-        <translation>Preguntar otra vez por las &amp;comprobadas en el último medio año</translation>
+        <translation>Preguntar otra vez por las comp&amp;robadas en el último medio año</translation>
     </message>
     <message numerus="yes">
         <source>%n are skipped: checked lately, or without an address.</source>
@@ -658,6 +700,10 @@ Ciudad, estado y código ZIP</translation>
             <numerusform>Se omite %n: comprobada hace poco o sin dirección.</numerusform>
             <numerusform>Se omiten %n: comprobadas hace poco o sin dirección.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Those that failed &amp;before (%1)</source>
+        <translation>Las que tuvieron &amp;error antes (%1)</translation>
     </message>
 </context>
 <context>
@@ -670,10 +716,6 @@ Ciudad, estado y código ZIP</translation>
 <context>
     <name>postwright::addressbook::LabelSheet</name>
     <message>
-        <source>%1 in, %2 labels a sheet</source>
-        <translation>%1 pulg., %2 etiquetas por hoja</translation>
-    </message>
-    <message>
         <source>The printer does not take the sheets. See whether it is switched on, or save them as a PDF.</source>
         <translation>La impresora no acepta las hojas. Compruebe que esté encendida o guárdelas como PDF.</translation>
     </message>
@@ -684,6 +726,33 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Address labels</source>
         <translation>Etiquetas de direcciones</translation>
+    </message>
+    <message>
+        <source>Envelope %1: %2 x %3 in</source>
+        <translation>Sobre %1: %2 x %3 pulg.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %2 x %3 %4, %n a sheet</source>
+        <translation>
+            <numerusform>%1: %2 x %3 %4, %n por hoja</numerusform>
+            <numerusform>%1: %2 x %3 %4, %n por hoja</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A sheet has from 1 to %1 labels.</source>
+        <translation>Una hoja tiene de 1 a %1 etiquetas.</translation>
+    </message>
+    <message>
+        <source>A label is at least 0.4 in (10 mm) wide and high.</source>
+        <translation>Una etiqueta mide al menos 0.4 pulg. (10 mm) de ancho y de alto.</translation>
+    </message>
+    <message>
+        <source>The labels overlap: from one to the next is less than a label&apos;s size.</source>
+        <translation>Las etiquetas se solapan: de una a la siguiente hay menos que el tamaño de una etiqueta.</translation>
+    </message>
+    <message>
+        <source>The labels do not fit on the paper.</source>
+        <translation>Las etiquetas no caben en el papel.</translation>
     </message>
 </context>
 <context>
@@ -750,6 +819,17 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>&amp;Letters:</source>
         <translation>&amp;Letras:</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::MailCode</name>
+    <message>
+        <source>The service type is three digits.</source>
+        <translation>El tipo de servicio son tres cifras.</translation>
+    </message>
+    <message>
+        <source>A mailer identifier is six digits, or nine digits that begin with 9.</source>
+        <translation>Un identificador de remitente son seis cifras, o nueve que empiezan por 9.</translation>
     </message>
 </context>
 <context>
@@ -827,6 +907,91 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::Presort</name>
+    <message>
+        <source>No ZIP code</source>
+        <translation>Sin código ZIP</translation>
+    </message>
+    <message>
+        <source>Pieces by three-digit ZIP code prefix</source>
+        <translation>Piezas por prefijo ZIP de tres cifras</translation>
+    </message>
+    <message>
+        <source>Prefix</source>
+        <translation>Prefijo</translation>
+    </message>
+    <message>
+        <source>Pieces</source>
+        <translation>Piezas</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Todas</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PresortDialog</name>
+    <message>
+        <source>Presort Sheet</source>
+        <translation>Hoja de preclasificación</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pieces, by the first three digits of their ZIP codes.</source>
+        <translation>
+            <numerusform>%n pieza, por las tres primeras cifras de su código ZIP.</numerusform>
+            <numerusform>%n piezas, por las tres primeras cifras de su código ZIP.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Imprimir…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Guardar como P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Pieces by prefix</source>
+        <translation>Piezas por prefijo</translation>
+    </message>
+    <message>
+        <source>Prefix</source>
+        <translation>Prefijo</translation>
+    </message>
+    <message>
+        <source>Pieces</source>
+        <translation>Piezas</translation>
+    </message>
+    <message>
+        <source>No ZIP code</source>
+        <translation>Sin código ZIP</translation>
+    </message>
+    <message>
+        <source>Save the presort sheet</source>
+        <translation>Guardar la hoja de preclasificación</translation>
+    </message>
+    <message>
+        <source>Presort.pdf</source>
+        <translation>Preclasificación.pdf</translation>
+    </message>
+    <message>
+        <source>PDF file (*.pdf)</source>
+        <translation>Archivo PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>The sheet cannot be saved.</source>
+        <translation>La hoja no se puede guardar.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::PrintDialog</name>
     <message>
         <source>Print Labels</source>
@@ -843,58 +1008,6 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>All shown (%1)</source>
-        <translation>Todas las mostradas (%1)</translation>
-    </message>
-    <message>
-        <source>The selected ones (%1)</source>
-        <translation>Las seleccionadas (%1)</translation>
-    </message>
-    <message>
-        <source> pt</source>
-        <translation> pt</translation>
-    </message>
-    <message>
-        <source>Print the &amp;edges, for a trial on plain paper</source>
-        <translation>Imprimir los &amp;bordes, para probar en papel normal</translation>
-    </message>
-    <message>
-        <source>&amp;Labels:</source>
-        <translation>E&amp;tiquetas:</translation>
-    </message>
-    <message>
-        <source>&amp;Sheet:</source>
-        <translation>&amp;Hoja:</translation>
-    </message>
-    <message>
-        <source>&amp;Begin at label:</source>
-        <translation>&amp;Empezar en la etiqueta:</translation>
-    </message>
-    <message>
-        <source>&amp;Typeface:</source>
-        <translation>Tipo de &amp;letra:</translation>
-    </message>
-    <message>
-        <source>Largest si&amp;ze:</source>
-        <translation>Tamaño &amp;máximo:</translation>
-    </message>
-    <message>
-        <source>Move &amp;right:</source>
-        <translation>Mover a la de&amp;recha:</translation>
-    </message>
-    <message>
-        <source>Move do&amp;wn:</source>
-        <translation>Mover hacia aba&amp;jo:</translation>
-    </message>
-    <message>
-        <source>For a printer that does not feed the sheets quite straight</source>
-        <translation>Para una impresora que no toma las hojas bien rectas</translation>
-    </message>
-    <message>
-        <source> in</source>
-        <translation> pulg.</translation>
     </message>
     <message>
         <source>Previous page</source>
@@ -928,10 +1041,6 @@ Ciudad, estado y código ZIP</translation>
         <translation>Archivo PDF (*.pdf)</translation>
     </message>
     <message>
-        <source>Saved to “%1”.</source>
-        <translation>Guardado en «%1».</translation>
-    </message>
-    <message>
         <source>Setting the labels…</source>
         <translation>Componiendo las etiquetas…</translation>
     </message>
@@ -942,6 +1051,95 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels to print.</source>
+        <translation>
+            <numerusform>%n etiqueta por imprimir.</numerusform>
+            <numerusform>%n etiquetas por imprimir.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out: the address was refused.</source>
+        <translation>
+            <numerusform>%n omitida: la dirección fue rechazada.</numerusform>
+            <numerusform>%n omitidas: la dirección fue rechazada.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out: no address.</source>
+        <translation>
+            <numerusform>%n omitida: sin dirección.</numerusform>
+            <numerusform>%n omitidas: sin dirección.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Print %n labels whose address was refused?</source>
+        <translation>
+            <numerusform>¿Imprimir %n etiqueta cuya dirección fue rechazada?</numerusform>
+            <numerusform>¿Imprimir %n etiquetas cuya dirección fue rechazada?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The service did not find these addresses, or nobody answered. Mail to them may come back.</source>
+        <translation>El servicio no encontró estas direcciones, o nadie respondió. El correo puede volver.</translation>
+    </message>
+    <message>
+        <source>&amp;Print Them</source>
+        <translation>&amp;Imprimirlas</translation>
+    </message>
+    <message>
+        <source>&amp;Leave Them Out</source>
+        <translation>&amp;Omitirlas</translation>
+    </message>
+    <message>
+        <source>Measuring the labels…</source>
+        <translation>Midiendo las etiquetas…</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>y %n más</numerusform>
+            <numerusform>y %n más</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels do not fit, even in 7-point type.</source>
+        <translation>
+            <numerusform>%n etiqueta no cabe, ni con letra de 7 puntos.</numerusform>
+            <numerusform>%n etiquetas no caben, ni con letra de 7 puntos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose a sheet with larger labels, or shorten them in the list.</source>
+        <translation>Elija una hoja con etiquetas mayores o acórtelas en la lista.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n labels saved to “%1”.</source>
+        <translation>
+            <numerusform>%n etiqueta guardada en «%1».</numerusform>
+            <numerusform>%n etiquetas guardadas en «%1».</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Labels</source>
+        <translation>&amp;Etiquetas</translation>
+    </message>
+    <message>
+        <source>T&amp;ype</source>
+        <translation>&amp;Letra</translation>
+    </message>
+    <message>
+        <source>Se&amp;nder</source>
+        <translation>Re&amp;mitente</translation>
+    </message>
+    <message>
+        <source>Barcod&amp;e</source>
+        <translation>Códig&amp;o</translation>
+    </message>
+    <message>
+        <source>Presort S&amp;heet…</source>
+        <translation>Preclasi&amp;ficar…</translation>
     </message>
 </context>
 <context>
@@ -1051,6 +1249,190 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::SenderFields</name>
+    <message>
+        <source>Print a return add&amp;ress</source>
+        <translation>Imprimir un &amp;remitente</translation>
+    </message>
+    <message>
+        <source>Name
+Street
+City, state and ZIP code</source>
+        <translation>Nombre
+Calle
+Ciudad, estado y código ZIP</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>ninguna</translation>
+    </message>
+    <message>
+        <source>P&amp;icture beside it:</source>
+        <translation>Ima&amp;gen al lado:</translation>
+    </message>
+    <message>
+        <source>Return &amp;address:</source>
+        <translation>Direcció&amp;n del remitente:</translation>
+    </message>
+    <message>
+        <source>Choose a picture</source>
+        <translation>Elegir una imagen</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.svg *.bmp)</source>
+        <translation>Imágenes (*.png *.jpg *.jpeg *.svg *.bmp)</translation>
+    </message>
+    <message>
+        <source>The picture cannot be read: %1. Choose a PNG, JPEG or SVG file.</source>
+        <translation>La imagen no se puede leer: %1. Elija un archivo PNG, JPEG o SVG.</translation>
+    </message>
+    <message>
+        <source>Labels of this sheet have no room for a return address: it takes 3 by 1-1/2 inches.</source>
+        <translation>En las etiquetas de esta hoja no cabe un remitente: necesita 3 por 1-1/2 pulgadas.</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>&amp;Buscar…</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::SheetDialog</name>
+    <message>
+        <source>Own Measures</source>
+        <translation>Medidas propias</translation>
+    </message>
+    <message>
+        <source>&amp;Keep This Sheet</source>
+        <translation>&amp;Guardar la hoja</translation>
+    </message>
+    <message>
+        <source>&amp;Remove It</source>
+        <translation>&amp;Quitarla</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>as on the box</source>
+        <translation>como en la caja</translation>
+    </message>
+    <message>
+        <source>Letter, 8-1/2 x 11 in</source>
+        <translation>Carta, 8-1/2 x 11 pulg.</translation>
+    </message>
+    <message>
+        <source>A4, 210 x 297 mm</source>
+        <translation>A4, 210 x 297 mm</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nombre:</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>&amp;Papel:</translation>
+    </message>
+    <message>
+        <source>Labels &amp;across:</source>
+        <translation>Etiquetas a lo &amp;ancho:</translation>
+    </message>
+    <message>
+        <source>Labels &amp;down:</source>
+        <translation>Etiquetas a lo a&amp;lto:</translation>
+    </message>
+    <message>
+        <source>&amp;Width of a label:</source>
+        <translation>An&amp;cho de una etiqueta:</translation>
+    </message>
+    <message>
+        <source>&amp;Height of a label:</source>
+        <translation>Al&amp;to de una etiqueta:</translation>
+    </message>
+    <message>
+        <source>&amp;Left margin:</source>
+        <translation>Margen &amp;izquierdo:</translation>
+    </message>
+    <message>
+        <source>&amp;Top margin:</source>
+        <translation>Margen &amp;superior:</translation>
+    </message>
+    <message>
+        <source>&amp;From one to the next, across:</source>
+        <translation>&amp;De una a otra, a lo ancho:</translation>
+    </message>
+    <message>
+        <source>From &amp;one to the next, down:</source>
+        <translation>De una a &amp;otra, a lo alto:</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> in</source>
+        <translation> pulg.</translation>
+    </message>
+    <message>
+        <source>Give the sheet a name.</source>
+        <translation>Dé un nombre a la hoja.</translation>
+    </message>
+    <message>
+        <source>A sheet “%1” is known already, with measures of its own.</source>
+        <translation>Ya se conoce una hoja «%1», con sus propias medidas.</translation>
+    </message>
+    <message>
+        <source>The labels fit on the paper.</source>
+        <translation>Las etiquetas caben en el papel.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::SheetFields</name>
+    <message>
+        <source>All shown (%1)</source>
+        <translation>Todas las mostradas (%1)</translation>
+    </message>
+    <message>
+        <source>The selected ones (%1)</source>
+        <translation>Las seleccionadas (%1)</translation>
+    </message>
+    <message>
+        <source>In the order of &amp;ZIP codes</source>
+        <translation>Por orden de códigos &amp;ZIP</translation>
+    </message>
+    <message>
+        <source>Type the product number on the box, or choose</source>
+        <translation>Escriba el número de producto de la caja, o elija</translation>
+    </message>
+    <message>
+        <source>&amp;Own Measures…</source>
+        <translation>Medidas &amp;propias…</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet:</source>
+        <translation>&amp;Hoja:</translation>
+    </message>
+    <message>
+        <source>&amp;Begin at label:</source>
+        <translation>Empezar en la eti&amp;queta:</translation>
+    </message>
+    <message>
+        <source>&amp;Copies of each:</source>
+        <translation>Copias de cada &amp;una:</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Also %n labels whose address was refused</source>
+        <translation>
+            <numerusform>&amp;También %n etiqueta cuya dirección fue rechazada</numerusform>
+            <numerusform>&amp;También %n etiquetas cuya dirección fue rechazada</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Which:</source>
+        <translation>&amp;Cuáles:</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::SheetView</name>
     <message>
         <source>Sheet of labels</source>
@@ -1078,6 +1460,81 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>The file could not be copied: %1.</source>
         <translation>No se pudo copiar el archivo: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::TypeFields</name>
+    <message>
+        <source> pt</source>
+        <translation> pt</translation>
+    </message>
+    <message>
+        <source>&amp;Typeface:</source>
+        <translation>Tipo de le&amp;tra:</translation>
+    </message>
+    <message>
+        <source>Largest si&amp;ze:</source>
+        <translation>Tamaño má&amp;ximo:</translation>
+    </message>
+    <message>
+        <source>Move &amp;right:</source>
+        <translation>Mover a la derec&amp;ha:</translation>
+    </message>
+    <message>
+        <source>Move do&amp;wn:</source>
+        <translation>Mover hacia aba&amp;jo:</translation>
+    </message>
+    <message>
+        <source>Write all labels &amp;alike</source>
+        <translation>Escribir todas i&amp;gual</translation>
+    </message>
+    <message>
+        <source>The entries stay as they are; labels of other countries do so here, too</source>
+        <translation>Las entradas quedan como están; las etiquetas de otros países, aquí también</translation>
+    </message>
+    <message>
+        <source>UPPER CASE</source>
+        <translation>MAYÚSCULAS</translation>
+    </message>
+    <message>
+        <source>lower case</source>
+        <translation>minúsculas</translation>
+    </message>
+    <message>
+        <source>Mixed Case</source>
+        <translation>Mayúsculas y minúsculas</translation>
+    </message>
+    <message>
+        <source>All of it</source>
+        <translation>Toda</translation>
+    </message>
+    <message>
+        <source>As the Postal Service prefers</source>
+        <translation>Como prefiere el servicio postal</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguna</translation>
+    </message>
+    <message>
+        <source>P&amp;unctuation:</source>
+        <translation>P&amp;untuación:</translation>
+    </message>
+    <message>
+        <source> in</source>
+        <translation> pulg.</translation>
+    </message>
+    <message>
+        <source>For a printer that does not feed the sheets quite straight</source>
+        <translation>Para una impresora que no toma las hojas bien rectas</translation>
+    </message>
+    <message>
+        <source>Print the ed&amp;ges, for a trial on plain paper</source>
+        <translation>Imprimir los &amp;bordes, para probar en papel normal</translation>
+    </message>
+    <message>
+        <source>Letter&amp;s:</source>
+        <translation>Let&amp;ras:</translation>
     </message>
 </context>
 <context>

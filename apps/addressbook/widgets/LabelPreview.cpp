@@ -55,8 +55,7 @@ void LabelPreview::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QPen(palette().color(QPalette::Mid), 1 / scale));
   painter.setBrush(Qt::white);
   painter.drawRoundedRect(QRectF(QPointF(), paper), kCornerInches, kCornerInches);
-  painter.setPen(Qt::black);
-  drawLabel(painter, QPointF(), fitLabel(_label, paper, _style), _style);
+  drawFace(painter, QRectF(QPointF(), paper), layOut(_sheet, _label, {}, {}, _style), {}, _style);
 }
 
 }  // namespace postwright::addressbook

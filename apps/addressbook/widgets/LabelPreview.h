@@ -3,8 +3,7 @@
 
 #include <QWidget>
 
-#include "apps/addressbook/sheet/LabelFit.h"
-#include "apps/addressbook/sheet/LabelSheet.h"
+#include "apps/addressbook/sheet/LabelFace.h"
 
 namespace postwright::addressbook {
 

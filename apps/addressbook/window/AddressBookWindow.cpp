@@ -12,8 +12,8 @@
 #include <QVBoxLayout>
 
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
-#include "apps/addressbook/dialogs/PrintDialog.h"
 #include "apps/addressbook/fix/WhoAnswers.h"
+#include "apps/addressbook/printing/PrintDialog.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/widgets/EmptyPage.h"
 #include "apps/addressbook/widgets/MessageBar.h"
@@ -202,14 +202,18 @@ void AddressBookWindow::showTouched(const QList<int>& rows) {
 
 void AddressBookWindow::print() {
   const Book& book = _document.book();
-  const PrintableLabels labels{labelsAt(book, _model.shownBookRows()),
-                               labelsAt(book, _table->selectedBookRows())};
-  PrintDialog dialog(labels, Preferences::load(), this);
+  Preferences preferences = Preferences::load();
+  PrintDialog dialog(printableLabels(book, _model.shownBookRows()),
+                     printableLabels(book, _table->selectedBookRows()), preferences, this);
   if (dialog.exec() == QDialog::Accepted) {
-    dialog.preferences().save();
-    takePreferences();
+    preferences = dialog.preferences();
     _message->tell(dialog.note());
+  } else {
+    // What was measured stays, though nothing was printed.
+    preferences.print.ownSheets = dialog.preferences().print.ownSheets;
   }
+  preferences.save();
+  takePreferences();
 }
 
 void AddressBookWindow::editPreferences() {

@@ -109,8 +109,8 @@ void EntryPanel::refresh() {
 }
 
 void EntryPanel::setPreferences(const Preferences& preferences) {
-  _preview->setSheet(preferences.sheet, preferences.style);
-  _sheetTitle->setText(preferences.sheet.title());
+  _preview->setSheet(preferences.print.sheet, preferences.print.style);
+  _sheetTitle->setText(preferences.print.sheet.title());
   refresh();  // the palette may have changed
 }
 

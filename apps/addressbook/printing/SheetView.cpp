@@ -1,4 +1,4 @@
-#include "apps/addressbook/dialogs/SheetView.h"
+#include "apps/addressbook/printing/SheetView.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -31,17 +31,17 @@ void SheetView::show(const SheetJob& job, int page) {
 }
 
 QSize SheetView::sizeHint() const {
-  return (LabelSheet::paper() * kPixelsPerInch).toSize();
+  return (_job.sheet.paperSize() * kPixelsPerInch).toSize();
 }
 
 double SheetView::scale() const {
-  const QSizeF paper = LabelSheet::paper();
+  const QSizeF paper = _job.sheet.paperSize();
   return std::min((width() - 2 * kShadow) / paper.width(),
                   (height() - 2 * kShadow) / paper.height());
 }
 
 QPointF SheetView::corner() const {
-  const QSizeF paper = LabelSheet::paper() * scale();
+  const QSizeF paper = _job.sheet.paperSize() * scale();
   return {(width() - paper.width()) / 2, (height() - paper.height()) / 2};
 }
 
@@ -51,9 +51,9 @@ void SheetView::paintEvent(QPaintEvent* /*event*/) {
   painter.translate(corner());
   painter.scale(scale(), scale());
   const double pixel = 1 / scale();
-  painter.fillRect(QRectF(QPointF(pixel, pixel) * kShadow, LabelSheet::paper()),
+  painter.fillRect(QRectF(QPointF(pixel, pixel) * kShadow, _job.sheet.paperSize()),
                    palette().color(QPalette::Mid));
-  painter.fillRect(QRectF(QPointF(), LabelSheet::paper()), Qt::white);
+  painter.fillRect(QRectF(QPointF(), _job.sheet.paperSize()), Qt::white);
   for (int place = 0; place < _job.sheet.size(); ++place) {
     const QRectF area = _job.sheet.place(place);
     painter.setPen(QPen(Qt::lightGray, pixel));
@@ -65,9 +65,20 @@ void SheetView::paintEvent(QPaintEvent* /*event*/) {
   SheetJob job = _job;
   job.hasOutlines = false;
   job.paintPage(painter, _page);
+  paintMisfits(painter);
   if (_page == 0 && hasFocus()) {
     painter.setPen(QPen(palette().color(QPalette::Highlight), kFocusWidth));
     painter.drawRect(_job.sheet.place(_job.start));
+  }
+}
+
+void SheetView::paintMisfits(QPainter& painter) const {
+  painter.setPen(QPen(Qt::red, kFocusWidth));
+  for (int place = 0; place < _job.sheet.size(); ++place) {
+    const int piece = _page * _job.sheet.size() + place - _job.start;
+    if (piece >= 0 && piece < _job.pieces() && !_job.face(piece).fits()) {
+      painter.drawRect(_job.sheet.place(place));
+    }
   }
 }
 

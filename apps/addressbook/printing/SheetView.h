@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_SHEETVIEW_H_
-#define POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_SHEETVIEW_H_
+#ifndef POSTWRIGHT_APPS_ADDRESSBOOK_PRINTING_SHEETVIEW_H_
+#define POSTWRIGHT_APPS_ADDRESSBOOK_PRINTING_SHEETVIEW_H_
 
 #include <QWidget>
 
@@ -7,8 +7,9 @@
 
 namespace postwright::addressbook {
 
-// Shows a page of labels as it will be printed. On the first page a click, or the arrow keys,
-// chooses the label to begin with; those before it are shown as used up.
+// Shows a page of labels as it will be printed, those that do not fit with a red edge. On the first
+// page a click, or the arrow keys, chooses the label to begin with; those before it are shown as
+// used up.
 class SheetView : public QWidget {
   Q_OBJECT
 
@@ -28,6 +29,7 @@ class SheetView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void paintMisfits(QPainter& painter) const;
   double scale() const;
   QPointF corner() const;
   void choose(int start);
@@ -38,4 +40,4 @@ class SheetView : public QWidget {
 
 }  // namespace postwright::addressbook
 
-#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_DIALOGS_SHEETVIEW_H_
+#endif  // POSTWRIGHT_APPS_ADDRESSBOOK_PRINTING_SHEETVIEW_H_
