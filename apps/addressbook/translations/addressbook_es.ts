@@ -56,8 +56,12 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
         <translation>Añada la primera.</translation>
     </message>
     <message>
-        <source>%1[*] — Address Book</source>
-        <translation>%1[*] — Libreta de direcciones</translation>
+        <source>%1[*] — %2</source>
+        <translation>%1[*] — %2</translation>
+    </message>
+    <message>
+        <source>Postwright Address Book</source>
+        <translation>Libreta de direcciones Postwright</translation>
     </message>
 </context>
 <context>

@@ -131,7 +131,8 @@ void AddressBookWindow::connectDocument() {
 }
 
 void AddressBookWindow::connectActions() {
-  _table->addActions({_actions.edit, _actions.remove, _actions.selectAll});
+  _table->addActions({_actions.edit, _actions.remove, _actions.fixSelected, _actions.selectAll});
+  _table->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(_actions.newBook, &QAction::triggered, _files, &FileController::newBook);
   connect(_actions.open, &QAction::triggered, _files, &FileController::open);
   connect(_actions.save, &QAction::triggered, _files, &FileController::save);
@@ -248,7 +249,7 @@ void AddressBookWindow::tellMissingStreets() {
 void AddressBookWindow::refresh() {
   const QList<int> selected = _table->selectedBookRows();
   const bool hasEntries = _document.book().size() > 0;
-  setWindowTitle(tr("%1[*] — Address Book").arg(_document.title()));
+  setWindowTitle(tr("%1[*] — %2").arg(_document.title(), programName()));
   setWindowModified(!_document.undoStack().isClean());
   _panel->showRows(selected);
   _actions.columns->setEnabled(_document.file() != nullptr &&

@@ -34,6 +34,9 @@ class AddressBookWindow : public QMainWindow {
   explicit AddressBookWindow(AddressFixer& fixer);
   ~AddressBookWindow() override;
 
+  // The program's name in the user's language, with which window titles end.
+  static QString programName() { return tr("Postwright Address Book"); }
+
   // Opens an address book in place of the present one, which is not asked about. False where it
   // could not be opened; the user was told.
   bool openPath(const QString& path);

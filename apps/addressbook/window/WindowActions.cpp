@@ -49,7 +49,8 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
       tr("Write a CSV copy in which no cell is run as a formula: those that begin with = + - or @ "
          "get an apostrophe in front"));
   print = make(window, "print", tr("&Print Labels…"), QKeySequence::Print, "print");
-  quit = make(window, "quit", tr("&Quit"), QKeySequence::Quit);
+  quit = make(window, "quit", tr("&Quit"));
+  quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q), QKeySequence(Qt::CTRL | Qt::Key_W)});
   QMenu* const menu = window->menuBar()->addMenu(tr("&File"));
   menu->addActions({newBook, open});
   recent = menu->addMenu(tr("Open &Recent"));
