@@ -482,9 +482,7 @@ void BatchOptionsTest::isNotMistakenAboutAnOutage() {
                  u"c"_qs, u"2 alone"_qs, u"d"_qs}),
       [&](PostwrightClient&, const QString& address) {
         if (address.endsWith(u"alone")) {
-          AddressOutcome outcome;
-          outcome.answer = AddressFix{address, {}};
-          outcome.remark = u"Not asked."_qs;
+          AddressOutcome outcome{AddressFix{address, {}}, {}, u"Not asked."_qs};
           outcome.isAsked = false;
           return outcome;
         }
