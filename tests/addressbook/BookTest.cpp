@@ -6,6 +6,7 @@
 
 #include "apps/addressbook/book/Book.h"
 #include "apps/addressbook/book/CheckHistory.h"
+#include "apps/addressbook/book/Database.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
@@ -152,12 +153,30 @@ void BookTest::remembersChecksBetweenRuns() {
   const auto checked = [today](const QString& label, int daysAgo, const QString& failure = {}) {
     return Entry{1, label, {today.addDays(-daysAgo), textFingerprint(label), failure}};
   };
-  CheckHistory(path).remember({checked("a", 3), checked("b", 400), checked("c", 1)}, today);
+  {
+    Database earlier(path, Database::Access::ReadWrite);  // as the first version made it
+    earlier.run("CREATE TABLE checks (text BLOB PRIMARY KEY, day INTEGER NOT NULL) WITHOUT ROWID");
+    earlier.run("INSERT INTO checks VALUES (?, ?)",
+                {textFingerprint("e"), today.addDays(-9).toJulianDay()});
+  }
+  QList<Entry> said = {checked("a", 3), checked("b", 400), checked("c", 1),
+                       checked("f", 0, "away")};
+  said[0].check.known = Known::UnitMissing;
+  said[0].check.source = "According to the base.";
+  said[3].check.isUnanswered = true;
+  QList<Entry> entries = {{1, "e", {}}};
+  CheckHistory(path).fill(entries);
+  QCOMPARE(entries[0].check.day, today.addDays(-9));
+  CheckHistory(path).remember(said, today);
   CheckHistory(path).remember({checked("c", 0, "Invalid Address")}, today);
-  QList<Entry> entries = {{1, "A", {}}, {2, "b", {}}, {3, "c", {}}, {4, "d", {}}};
+  entries = {{1, "A", {}}, {2, "b", {}}, {3, "c", {}}, {4, "d", {}}, {5, "e", {}}, {6, "f", {}}};
   CheckHistory(path).fill(entries);
   QCOMPARE(entries[0].check.day, today.addDays(-3));
-  for (const int forgotten : {1, 2, 3}) {
+  QCOMPARE(entries[0].check.known, Known::UnitMissing);
+  QCOMPARE(entries[0].check.source, "According to the base.");
+  QCOMPARE(entries[2].check.failure, "Invalid Address");
+  QCOMPARE(entries[4].check.day, today.addDays(-9));
+  for (const int forgotten : {1, 3, 5}) {
     QVERIFY(!entries[forgotten].check.day.isValid());
   }
   CheckHistory(folder.filePath("no such folder/checks.sqlite")).remember(entries, today);

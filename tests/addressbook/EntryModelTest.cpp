@@ -62,7 +62,7 @@ void EntryModelTest::followsTheBook() {
     entries.append({id, QString::number(id * 7919 % 1000), {}});
   }
   book.reset(entries, QDate::currentDate());
-  model.search(search, EntryModel::Filter::All);
+  model.search(search, {});
   model.sort(column, Qt::DescendingOrder);
   const QStringList before = labelsOf(book, model.shownBookRows());
   QRandomGenerator random(3);

@@ -13,16 +13,19 @@ namespace {
 QList<Entry> someEntries() {
   return {{3, QStringLiteral("Peña\nO'Neil"), {QDate(2026, 2, 28), QByteArray("x\0y", 3), "no"}},
           {7, QString(), {}},
-          {9, QStringLiteral("c"), {QDate(2026, 2, 28), "z", {}}}};
+          {9,
+           QStringLiteral("c"),
+           {QDate(2026, 2, 28), "z", {}, Known::FormOnly, QStringLiteral("Says the list.")}}};
 }
 
 QString textOf(const QList<Entry>& entries) {
   QString text;
   for (const Entry& entry : entries) {
-    text += QStringLiteral("%1 %2 %3 %4 %5;")
+    text += QStringLiteral("%1 %2 %3 %4 %5 %6 %7;")
                 .arg(entry.id)
+                .arg(static_cast<int>(entry.check.known))
                 .arg(entry.label, entry.check.day.toString(), entry.check.text.toHex(),
-                     entry.check.failure);
+                     entry.check.failure, entry.check.source);
   }
   return text;
 }
@@ -35,6 +38,7 @@ class StoreFileTest : public QObject {
  private slots:
   void init();
   void roundTrip();
+  void readsTheFirstVersion();
   void keepsWhatIsNotKnown();
   void outlivesItsName_data();
   void outlivesItsName();
@@ -62,6 +66,27 @@ void StoreFileTest::roundTrip() {
   file->write(_path, entries);
   QCOMPARE(textOf(openBookFile(_path)->entries()), textOf(entries));
   QCOMPARE(QDir(_folder->path()).entryList(QDir::Files).size(), 1);  // nothing is left beside it
+}
+
+// Which did not say how far an address was confirmed. Nor is it kept that nobody answered.
+void StoreFileTest::readsTheFirstVersion() {
+  {
+    Database database(_path, Database::Access::ReadWrite);
+    for (const char* statement :
+         {"ALTER TABLE entries DROP COLUMN confirmation",
+          "ALTER TABLE entries DROP COLUMN confirmation_source", "PRAGMA user_version = 1"}) {
+      database.run(statement);
+    }
+  }
+  const std::unique_ptr<BookFile> file = openBookFile(_path);
+  QList<Entry> entries = file->entries();
+  QCOMPARE(entries[2].check.known, Known::NotTold);
+  QCOMPARE(entries[0].check.failure, "no");
+  entries[0].check.isUnanswered = true;
+  entries[2].check.known = Known::UnitMissing;
+  file->write(_path, entries);
+  QCOMPARE(openBookFile(_path)->entries()[2].check.known, Known::UnitMissing);
+  QVERIFY(!openBookFile(_path)->entries()[0].check.day.isValid());
 }
 
 void StoreFileTest::keepsWhatIsNotKnown() {
@@ -122,7 +147,7 @@ void StoreFileTest::outlivesItsName() {
 void StoreFileTest::refuses_data() {
   QTest::addColumn<QString>("statement");
   QTest::addColumn<QString>("says");
-  QTest::newRow("later version") << "PRAGMA user_version = 2"
+  QTest::newRow("later version") << "PRAGMA user_version = 3"
                                  << "later version";
   QTest::newRow("other application") << "PRAGMA application_id = 1"
                                      << "not an address book";

@@ -296,6 +296,17 @@ void WindowTest::aBatchIsOneStep() {
               .contains("Confirmed\nAccording to the base."));
   QCOMPARE(find<QLabel>("messageText")->text(),
            "1 address corrected. 1 already right. 1 of these in the chosen form now. 1 failed.");
+  const std::pair<const char*, int> filters[] = {
+      {"Confirmed (1)", 2},
+      {"Form only, nobody has checked the street (1)", 0},
+      {"Failed: Invalid Address (1)", 1}};
+  auto* const filter = find<QComboBox>("filter");
+  for (const auto& [text, row] : filters) {
+    filter->setCurrentText(text);
+    QCOMPARE(_window->document().book().at(row).label.section('\n', 0, 0),
+             shown(0, EntryModel::Name));
+    QCOMPARE(_table->model()->rowCount(), 1);
+  }
   QTest::mouseClick(find<QAbstractButton>("messageStep"), Qt::LeftButton);
   QCOMPARE(_table->model()->rowCount(), 1);
   _fixer.outcomes = {{Kind::Corrected, "AL ROE\n9 ELM ST\nRENO NV 89501"}};

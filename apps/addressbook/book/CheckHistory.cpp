@@ -16,33 +16,53 @@ Q_LOGGING_CATEGORY(lcHistory, "postwright.addressbook.history")
 
 constexpr int kMonthsKept = 6;
 
-using DayOfText = QHash<QByteArray, QDate>;
+using CheckOfText = QHash<QByteArray, Check>;
 
-DayOfText readAll(const QString& path) {
-  DayOfText days;
+CheckOfText readAll(const QString& path) {
+  CheckOfText checks;
   if (!QFile::exists(path)) {
-    return days;
+    return checks;
   }
   Database database(path, Database::Access::ReadOnly);
-  QSqlQuery query = database.run(QStringLiteral("SELECT text, day FROM checks"));
+  const bool isOld = database.pragma(QStringLiteral("user_version")) == 0;
+  QSqlQuery query =
+      database.run(isOld ? QStringLiteral("SELECT text, day, '', 0, '' FROM checks")
+                         : QStringLiteral("SELECT text, day, failure, known, source FROM checks"));
   while (query.next()) {
-    days.insert(query.value(0).toByteArray(), QDate::fromJulianDay(query.value(1).toLongLong()));
+    const QByteArray text = query.value(0).toByteArray();
+    checks.insert(
+        text, {QDate::fromJulianDay(query.value(1).toLongLong()), text, query.value(2).toString(),
+               knownOfNumber(query.value(3).toLongLong()), query.value(4).toString()});
   }
-  return days;
+  return checks;
 }
 
-void write(Database& database, const QList<Entry>& entries, QDate today) {
+// The first form of the table had the day alone.
+void makeTable(Database& database) {
+  if (database.pragma(QStringLiteral("user_version")) > 0) {
+    return;
+  }
   database.run(
       QStringLiteral("CREATE TABLE IF NOT EXISTS checks "
                      "(text BLOB PRIMARY KEY, day INTEGER NOT NULL) WITHOUT ROWID"));
-  QSqlQuery keep = database.prepare(QStringLiteral("INSERT OR REPLACE INTO checks VALUES (?, ?)"));
-  QSqlQuery forget = database.prepare(QStringLiteral("DELETE FROM checks WHERE text = ?"));
+  for (const char* column : {"failure TEXT NOT NULL DEFAULT ''", "known INTEGER NOT NULL DEFAULT 0",
+                             "source TEXT NOT NULL DEFAULT ''"}) {
+    database.run(QStringLiteral("ALTER TABLE checks ADD COLUMN ") + QLatin1String(column));
+  }
+  database.run(QStringLiteral("PRAGMA user_version = 1"));
+}
+
+void write(Database& database, const QList<Entry>& entries, QDate today) {
+  makeTable(database);
+  QSqlQuery keep = database.prepare(
+      QStringLiteral("INSERT OR REPLACE INTO checks (text, day, failure, known, source) "
+                     "VALUES (?, ?, ?, ?, ?)"));
   for (const Entry& entry : entries) {
     const Check& check = entry.check;
-    if (check.failure.isEmpty()) {
-      database.runPrepared(keep, {check.text, check.day.toJulianDay()});
-    } else {
-      database.runPrepared(forget, {check.text});
+    if (!check.isUnanswered) {
+      database.runPrepared(keep,
+                           {check.text, check.day.toJulianDay(), Database::text(check.failure),
+                            static_cast<int>(check.known), Database::text(check.source)});
     }
   }
   database.run(QStringLiteral("DELETE FROM checks WHERE day < ?"),
@@ -58,17 +78,17 @@ QString CheckHistory::usualPath() {
 }
 
 void CheckHistory::fill(QList<Entry>& entries) const try {
-  const DayOfText days = readAll(_path);
-  if (days.isEmpty()) {
+  const CheckOfText checks = readAll(_path);
+  if (checks.isEmpty()) {
     return;
   }
   for (Entry& entry : entries) {
     if (entry.check.day.isValid()) {
       continue;
     }
-    const QByteArray text = textFingerprint(entry.label);
-    if (const auto found = days.constFind(text); found != days.cend()) {
-      entry.check = {*found, text, {}};
+    const auto found = checks.constFind(textFingerprint(entry.label));
+    if (found != checks.cend()) {
+      entry.check = *found;
     }
   }
 } catch (const tables::FileError& error) {

@@ -9,9 +9,10 @@
 
 namespace postwright::addressbook {
 
-// Remembers between runs which labels were found right and when, for the files that have no place
-// for it: CSV and vCard. Kept are fingerprints and days, no label; what is older than half a year
-// is forgotten.
+// Remembers between runs what the service said of which label and when, for the files that have no
+// place for it: CSV and vCard. A label is kept as its fingerprint, so that what was said of it is
+// found again in a copy of the file, and is lost with an edit; what is older than half a year is
+// forgotten. A reason may name a word of the label that it is about.
 //
 //   CheckHistory history(CheckHistory::usualPath());
 //   history.fill(entries);      // after a file was read
@@ -29,7 +30,7 @@ class CheckHistory {
   // Gives each entry that knows of no check the one that is remembered for its label.
   void fill(QList<Entry>& entries) const;
 
-  // Remembers the entries whose check says that the label is right; forgets those that failed.
+  // Remembers what was said of the entries, but for those about which nobody answered.
   void remember(const QList<Entry>& entries, QDate today) const;
 
  private:

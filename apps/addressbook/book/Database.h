@@ -33,6 +33,9 @@ class Database {
   QSqlQuery prepare(const QString& statement);
   void runPrepared(QSqlQuery& query, const QVariantList& values);
 
+  // A null string would be bound as NULL, which columns of text that is always there do not take.
+  static QString text(const QString& text) { return text.isNull() ? QStringLiteral("") : text; }
+
   // Returns the number that a pragma such as "user_version" holds.
   qint64 pragma(const QString& name);
 

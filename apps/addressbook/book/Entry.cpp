@@ -13,6 +13,12 @@ constexpr int kMonthsUntilDueAgain = 6;
 
 }  // namespace
 
+Known knownOfNumber(qint64 number) {
+  const bool isOne = number >= static_cast<qint64>(Known::NotTold) &&
+                     number <= static_cast<qint64>(Known::FormOnly);
+  return isOne ? static_cast<Known>(number) : Known::NotTold;
+}
+
 QByteArray textFingerprint(const QString& label) {
   return QCryptographicHash::hash(tables::lettersOf(label).toUtf8(),
                                   QCryptographicHash::Blake2b_160);
@@ -31,6 +37,10 @@ CheckState checkState(const Entry& entry, QDate today) {
   }
   return check.day.addMonths(kMonthsUntilDueAgain) > today ? CheckState::Right
                                                            : CheckState::DueAgain;
+}
+
+bool saysConfirmation(CheckState state) {
+  return state == CheckState::Right || state == CheckState::DueAgain;
 }
 
 bool hasAddress(const Entry& entry) {

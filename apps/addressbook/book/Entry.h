@@ -7,23 +7,28 @@
 
 namespace postwright::addressbook {
 
-// How far the service knows an address.
+// How far the service knows an address. The numbers stand in files.
 enum class Known {
-  NotTold,      // nobody was asked, or it was in another run of the program
-  Whole,        // confirmed
-  UnitMissing,  // confirmed but for its unit
-  UnitNotKnown,
-  NumberNotKnown,  // the street is known
-  FormOnly,        // nobody has checked the street
+  NotTold = 0,
+  Whole = 1,        // confirmed
+  UnitMissing = 2,  // confirmed but for its unit
+  UnitNotKnown = 3,
+  NumberNotKnown = 4,  // the street is known
+  FormOnly = 5,        // nobody has checked the street
 };
+
+// The same from a file, which may hold any number.
+Known knownOfNumber(qint64 number);
 
 // What came of the last time the service was asked about an entry.
 struct Check {
   QDate day;        // invalid: never asked
   QByteArray text;  // fingerprint of the label that it was asked about or that it gave
   QString failure;  // why the service turned it down; empty when there is nothing to correct
-  Known known = Known::NotTold;  // of that label; no file keeps it
-  QString source = {};           // who said so, in a sentence; nor this
+  Known known = Known::NotTold;  // of that label
+  QString source = {};           // who said so, in a sentence
+  // The failure is that nobody answered, which says nothing of the address and is not kept.
+  bool isUnanswered = false;
 };
 
 // One address of a book.
@@ -45,6 +50,9 @@ enum class CheckState {
 
 // Returns the place of a state where what needs the user's attention comes first, from 0.
 int urgency(CheckState state);
+
+// Tells whether a confirmation is one of the label as it is.
+bool saysConfirmation(CheckState state);
 
 // Returns what stays the same of a label when only case, spacing or punctuation changes: a digest
 // of its letters and digits. 20 bytes.

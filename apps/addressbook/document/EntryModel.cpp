@@ -14,11 +14,6 @@ namespace {
 // Removing more runs of rows than this one by one is slower than laying the table out anew.
 constexpr qsizetype kMostRuns = 50;
 
-// A tool tip is read as HTML where it looks like it, and a label may hold anything.
-QString asToolTip(const QString& label) {
-  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(label.toHtmlEscaped());
-}
-
 }  // namespace
 
 EntryModel::EntryModel(const Book& book, QObject* parent)
@@ -30,7 +25,7 @@ EntryModel::EntryModel(const Book& book, QObject* parent)
   arrange();
 }
 
-void EntryModel::search(const QString& text, Filter filter) {
+void EntryModel::search(const QString& text, const Filter& filter) {
   _words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
   _filter = filter;
   showAnew();
@@ -115,16 +110,31 @@ void EntryModel::arrange() {
 }
 
 bool EntryModel::passes(int bookRow) const {
-  const CheckState state = _book.stateAt(bookRow);
-  if ((_filter == Filter::Failed && state != CheckState::Failed) ||
-      (_filter == Filter::ToCheck && state != CheckState::NotChecked &&
-       state != CheckState::DueAgain)) {
+  if (!passesFilter(bookRow)) {
     return false;
   }
   const QString& label = _book.at(bookRow).label;
   return std::all_of(_words.begin(), _words.end(), [&label](const QString& word) {
     return label.contains(word, Qt::CaseInsensitive);
   });
+}
+
+bool EntryModel::passesFilter(int bookRow) const {
+  const CheckState state = _book.stateAt(bookRow);
+  const Check& check = _book.at(bookRow).check;
+  switch (_filter.kind) {
+    case Filter::ToCheck:
+      return state == CheckState::NotChecked || state == CheckState::DueAgain;
+    case Filter::Failed:
+      return state == CheckState::Failed;
+    case Filter::Confirmation:
+      return saysConfirmation(state) && check.known == _filter.known;
+    case Filter::Reason:
+      return state == CheckState::Failed && check.failure == _filter.reason;
+    case Filter::All:
+      break;
+  }
+  return true;
 }
 
 QList<int> EntryModel::bookRows(const QModelIndexList& indexes) const {
@@ -164,7 +174,7 @@ QVariant EntryModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return !hasTip       ? QVariant()
              : isOfService ? serviceTip(row, index.column())
-                           : asToolTip(_book.at(row).label);
+                           : toolTip(_book.at(row).label);
     case kStateRole:
       return static_cast<int>(_book.stateAt(row));
     default:
@@ -193,72 +203,6 @@ QString EntryModel::text(int bookRow, int column) const {
       return summary.place;
     default:
       return summary.zip;
-  }
-}
-
-// The text of the cell, and behind a confirmation who said so.
-QString EntryModel::serviceTip(int bookRow, int column) const {
-  const QString shown = text(bookRow, column);
-  const QString& source = _book.at(bookRow).check.source;
-  const bool isTold = column == Confirmed && !shown.isEmpty() && !source.isEmpty();
-  return isTold ? asToolTip(shown + u'\n' + source) : shown;
-}
-
-QString EntryModel::stateText(const Entry& entry, CheckState state) {
-  const QString day = QLocale().toString(entry.check.day, QLocale::ShortFormat);
-  switch (state) {
-    case CheckState::Right:
-      return (entry.check.known == Known::Whole ? tr("Right, %1") : tr("Checked, %1")).arg(day);
-    case CheckState::DueAgain:
-      return tr("Due again, checked %1").arg(day);
-    case CheckState::Failed:
-      return entry.check.failure;
-    case CheckState::Foreign:
-      return tr("Another country");
-    case CheckState::NotChecked:
-      break;
-  }
-  return hasAddress(entry) ? tr("Not checked") : tr("No address");
-}
-
-QString EntryModel::confirmationText(const Entry& entry, CheckState state) {
-  const bool isOfLabel = state == CheckState::Right || state == CheckState::DueAgain;
-  switch (isOfLabel ? entry.check.known : Known::NotTold) {
-    case Known::Whole:
-      return tr("Confirmed");
-    case Known::UnitMissing:
-      return tr("Confirmed but for its unit, which is missing");
-    case Known::UnitNotKnown:
-      return tr("Confirmed but for its unit, which is not known");
-    case Known::NumberNotKnown:
-      return tr("The street is known, the number is not");
-    case Known::FormOnly:
-      return tr("Form only, nobody has checked the street");
-    case Known::NotTold:
-      break;
-  }
-  return {};
-}
-
-QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Vertical || role != Qt::DisplayRole) {
-    return QAbstractTableModel::headerData(section, orientation, role);
-  }
-  switch (section) {
-    case Name:
-      return tr("Name");
-    case Street:
-      return tr("Address");
-    case Place:
-      return tr("City and state");
-    case Zip:
-      return tr("ZIP code");
-    case Kind:
-      return tr("Kind");
-    case Confirmed:
-      return tr("Confirmation");
-    default:
-      return tr("Checked");
   }
 }
 

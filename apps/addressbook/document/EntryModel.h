@@ -21,7 +21,14 @@ class EntryModel : public QAbstractTableModel {
   enum Column { Name, Street, Place, Zip, Kind, Checked, Confirmed, kColumns };
 
   // Which entries are shown, beside what is searched for.
-  enum class Filter { All, ToCheck, Failed };
+  struct Filter {
+    enum Kind { All, ToCheck, Failed, Confirmation, Reason };
+    Kind kind = All;
+    Known known = Known::NotTold;  // of a Confirmation
+    QString reason = {};           // of a Reason: the failure, as the service gave it
+
+    bool operator==(const Filter&) const = default;
+  };
 
   // A CheckState, of any column.
   static constexpr int kStateRole = Qt::UserRole;
@@ -31,12 +38,12 @@ class EntryModel : public QAbstractTableModel {
   explicit EntryModel(const Book& book, QObject* parent = nullptr);
 
   // Shows the entries whose labels hold every word of `text`, in any case.
-  void search(const QString& text, Filter filter);
+  void search(const QString& text, const Filter& filter);
   // True where the file tells the addresses of somebody apart.
   bool hasKinds() const;
   // True where it is known how far the service knows an entry.
   bool hasConfirmations() const;
-  bool isSearching() const { return !_words.isEmpty() || _filter != Filter::All; }
+  bool isSearching() const { return !_words.isEmpty() || _filter.kind != Filter::All; }
 
   // Rows of the book, and places in the table.
   int bookRow(const QModelIndex& index) const { return _shown[index.row()]; }
@@ -53,11 +60,14 @@ class EntryModel : public QAbstractTableModel {
 
   // What the columns of the service say.
   static QString stateText(const Entry& entry, CheckState state);
-  QString serviceTip(int bookRow, int column) const;
   static QString confirmationText(const Entry& entry, CheckState state);
+  static QString confirmationText(Known known);
 
  private:
+  static QString toolTip(const QString& text);
+  QString serviceTip(int bookRow, int column) const;
   bool passes(int bookRow) const;
+  bool passesFilter(int bookRow) const;
   QString text(int bookRow, int column) const;
   void arrange();
   void showAnew();
@@ -69,7 +79,7 @@ class EntryModel : public QAbstractTableModel {
   const Book& _book;
   QList<int> _shown;  // rows of the book
   QStringList _words;
-  Filter _filter = Filter::All;
+  Filter _filter;
   int _sortColumn = kBookOrder;
   Qt::SortOrder _sortOrder = Qt::AscendingOrder;
 };

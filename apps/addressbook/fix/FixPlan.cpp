@@ -71,8 +71,12 @@ BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixO
     if (isRight) {
       ++(outcome.known == Known::Whole ? changes.right : changes.unconfirmed);
     }
-    entry.check = {today, textFingerprint(entry.label), isFailed ? outcome.text : QString(),
-                   outcome.known, outcome.source};
+    entry.check = {today,
+                   textFingerprint(entry.label),
+                   isFailed ? outcome.text : QString(),
+                   outcome.known,
+                   outcome.source,
+                   isUnanswered};
     changes.checked.append(placed);
   }
   return changes;

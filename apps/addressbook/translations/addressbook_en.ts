@@ -97,6 +97,16 @@
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::FileController</name>
+    <message numerus="yes">
+        <source>%n entries exported to “%1”.</source>
+        <translation>
+            <numerusform>%n entry exported to “%1”.</numerusform>
+            <numerusform>%n entries exported to “%1”.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::FixController</name>
     <message numerus="yes">
         <source>%n addresses corrected.</source>

@@ -603,6 +603,17 @@ Ciudad, estado y código ZIP</translation>
         <source>&amp;Write It Anew</source>
         <translation>&amp;Escribirlo de nuevo</translation>
     </message>
+    <message>
+        <source>Export for mail merge</source>
+        <translation>Exportar para combinar correspondencia</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entries exported to “%1”.</source>
+        <translation>
+            <numerusform>%n entrada exportada a «%1».</numerusform>
+            <numerusform>%n entradas exportadas a «%1».</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::FixController</name>
@@ -834,6 +845,61 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>A mailer identifier is six digits, or nine digits that begin with 9.</source>
         <translation>Un identificador de remitente son seis cifras, o nueve que empiezan por 9.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::MergeFile</name>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Name %1</source>
+        <translation>Nombre %1</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Calle</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Unidad</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ciudad</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>ZIP code</source>
+        <translation>Código ZIP</translation>
+    </message>
+    <message>
+        <source>Below it</source>
+        <translation>Debajo</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Confirmation</source>
+        <translation>Confirmación</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Motivo</translation>
+    </message>
+    <message>
+        <source>Turned down</source>
+        <translation>Rechazada</translation>
+    </message>
+    <message>
+        <source>Not checked</source>
+        <translation>Sin comprobar</translation>
     </message>
 </context>
 <context>
@@ -1250,6 +1316,10 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Search</source>
         <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fallida: %1</translation>
     </message>
 </context>
 <context>
@@ -1736,6 +1806,14 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Print Labels</source>
         <translation>Imprimir etiquetas</translation>
+    </message>
+    <message>
+        <source>Export for &amp;Mail Merge…</source>
+        <translation>Exportar para co&amp;mbinar correspondencia…</translation>
+    </message>
+    <message>
+        <source>Write the entries that are shown as a CSV file with name, street, unit, city, state, ZIP code and confirmation in columns of their own</source>
+        <translation>Escribir las entradas que se muestran en un archivo CSV con nombre, calle, unidad, ciudad, estado, código ZIP y confirmación en columnas propias</translation>
     </message>
 </context>
 <context>

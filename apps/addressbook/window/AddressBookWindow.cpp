@@ -101,10 +101,12 @@ void AddressBookWindow::connectDocument() {
   const Book& book = _document.book();
   for (const auto signal : {&Book::changed, &Book::inserted, &Book::removed}) {
     connect(&book, signal, this, &AddressBookWindow::refresh);
+    connect(&book, signal, this, [this, &book] { _search->offer(book); });
   }
-  connect(&book, &Book::wasReset, this, [this] {
+  connect(&book, &Book::wasReset, this, [this, &book] {
     _message->hide();
     showAll();
+    _search->offer(book);
     if (_model.rowCount() > 0) {
       _table->selectRow(0);
     }
@@ -140,6 +142,8 @@ void AddressBookWindow::connectActions() {
   connect(_actions.columns, &QAction::triggered, _files, &FileController::chooseColumns);
   connect(_actions.exportSafely, &QAction::triggered, _files,
           &FileController::exportForSpreadsheet);
+  connect(_actions.exportMerge, &QAction::triggered, this,
+          [this] { _files->exportForMailMerge(_model.shownBookRows()); });
   connect(_actions.print, &QAction::triggered, this, &AddressBookWindow::print);
   connect(_actions.quit, &QAction::triggered, this, &QWidget::close);
   connect(_actions.add, &QAction::triggered, this, &AddressBookWindow::addEntry);
@@ -170,7 +174,7 @@ void AddressBookWindow::connectFixing() {
       return;
     }
     _message->tell(note, tr("Show the &Failed"),
-                   [this] { _search->show(EntryModel::Filter::Failed); });
+                   [this] { _search->show({EntryModel::Filter::Failed}); });
   });
 }
 
@@ -186,7 +190,7 @@ void AddressBookWindow::search() {
 }
 
 void AddressBookWindow::showAll() {
-  _search->show(EntryModel::Filter::All);
+  _search->show({});
   _table->setFocus();
 }
 
@@ -262,6 +266,7 @@ void AddressBookWindow::refresh() {
     action->setEnabled(hasEntries);
   }
   _actions.print->setEnabled(_model.rowCount() > 0);
+  _actions.exportMerge->setEnabled(_model.rowCount() > 0);
   refreshPages();
   _counts->show(_document.book(), _model.rowCount(), static_cast<int>(selected.size()));
 }

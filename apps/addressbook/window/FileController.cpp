@@ -12,9 +12,11 @@
 #include "apps/addressbook/document/BookDocument.h"
 #include "apps/addressbook/formats/BookFormats.h"
 #include "apps/addressbook/formats/csv/CsvFile.h"
+#include "apps/addressbook/lists/MergeFile.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/widgets/Question.h"
 #include "apps/tables/FileError.h"
+#include "apps/tables/ReplacementFile.h"
 
 namespace postwright::addressbook {
 
@@ -280,12 +282,33 @@ bool FileController::mayLeaveBehind(const QString& path, const BookFormat& forma
   return question.ask() == save;
 }
 
-void FileController::exportForSpreadsheet() {
+QString FileController::askExportPath(const QString& title) {
   const BookFormat& format = CsvFile::bookFormat();
-  const QString chosen = QFileDialog::getSaveFileName(_window, tr("Export for spreadsheets"),
-                                                      folder(), nameFilter(format));
+  const QString chosen = QFileDialog::getSaveFileName(_window, title, folder(), nameFilter(format));
   const QString path = chosen.isEmpty() ? chosen : withEnding(chosen, format);
-  if (path.isEmpty() || (path != chosen && !mayReplace(path))) {
+  return path == chosen || mayReplace(path) ? path : QString();
+}
+
+void FileController::exportForMailMerge(const QList<int>& rows) {
+  const QString path = askExportPath(tr("Export for mail merge"));
+  if (path.isEmpty()) {
+    return;
+  }
+  try {
+    const BusyCursor busy;
+    tables::ReplacementFile file(path);
+    file.write(MergeFile::write(_document.book(), rows));
+    file.commit();
+    emit told(tr("%n entries exported to “%1”.", nullptr, static_cast<int>(rows.size()))
+                  .arg(shown(path)));
+  } catch (const tables::FileError& error) {
+    showError(tr("“%1” cannot be saved.").arg(shown(path)), error);
+  }
+}
+
+void FileController::exportForSpreadsheet() {
+  const QString path = askExportPath(tr("Export for spreadsheets"));
+  if (path.isEmpty()) {
     return;
   }
   try {

@@ -41,6 +41,8 @@ class FileController : public QObject {
   // Asks anew which columns of the file make the label. Only for a book without changes.
   void chooseColumns();
   void exportForSpreadsheet();
+  // Writes the entries of `rows`, in that order, for mail merge.
+  void exportForMailMerge(const QList<int>& rows);
 
  signals:
   // What the user should know about what was done; empty: that it went well.
@@ -57,6 +59,8 @@ class FileController : public QObject {
   Overwriting mayOverwrite();
   bool mayReplace(const QString& path);
   bool mayLeaveBehind(const QString& path, const BookFormat& format);
+  // The path of a CSV file that may be written; empty where the user does not want to.
+  QString askExportPath(const QString& title);
   void showError(const QString& what, const tables::FileError& error);
   QString folder() const;
 

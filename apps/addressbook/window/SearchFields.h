@@ -10,7 +10,8 @@ class QLineEdit;
 
 namespace postwright::addressbook {
 
-// Which entries are shown: a search field and a list of states, at the end of the tool bar.
+// Which entries are shown: a search field and a list of states, confirmations and reasons, at the
+// end of the tool bar.
 class SearchFields : public QWidget {
   Q_OBJECT
 
@@ -20,8 +21,12 @@ class SearchFields : public QWidget {
   QString text() const;
   EntryModel::Filter filter() const;
 
+  // Offers the confirmations and reasons that there are in `book`, with how many have each. What is
+  // chosen stays so.
+  void offer(const Book& book);
+
   // Empties the field and shows the entries that `filter` lets pass.
-  void show(EntryModel::Filter filter);
+  void show(const EntryModel::Filter& filter);
 
   // Turns the keyboard to the field.
   void beginSearch();
@@ -32,7 +37,10 @@ class SearchFields : public QWidget {
   void left();     // Escape: all are to be shown again
 
  private:
+  void add(const QString& text, const EntryModel::Filter& filter);
+
   QComboBox* _filter;
+  QList<EntryModel::Filter> _filters;  // what the places of the list stand for
   QLineEdit* _search;
 };
 

@@ -48,6 +48,10 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
   exportSafely->setStatusTip(
       tr("Write a CSV copy in which no cell is run as a formula: those that begin with = + - or @ "
          "get an apostrophe in front"));
+  exportMerge = make(window, "exportMerge", tr("Export for &Mail Merge…"));
+  exportMerge->setStatusTip(
+      tr("Write the entries that are shown as a CSV file with name, street, unit, city, state, ZIP "
+         "code and confirmation in columns of their own"));
   print = make(window, "print", tr("&Print Labels…"), QKeySequence::Print, "print");
   quit = make(window, "quit", tr("&Quit"));
   quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q), QKeySequence(Qt::CTRL | Qt::Key_W)});
@@ -57,7 +61,7 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
   menu->addSeparator();
   menu->addActions({save, saveAs});
   menu->addSeparator();
-  menu->addActions({columns, exportSafely});
+  menu->addActions({columns, exportSafely, exportMerge});
   menu->addSeparator();
   menu->addAction(print);
   menu->addSeparator();

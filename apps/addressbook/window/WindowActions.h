@@ -28,6 +28,7 @@ class WindowActions {
   QAction* saveAs;
   QAction* columns;
   QAction* exportSafely;
+  QAction* exportMerge;
   QAction* print;
   QAction* quit;
 

@@ -16,11 +16,17 @@ namespace {
 
 constexpr QByteArrayView kSignature("SQLite format 3\0", 16);
 constexpr qint64 kApplicationId = 0x50574142;  // "PWAB"
-constexpr qint64 kSchemaVersion = 1;
+constexpr qint64 kSchemaVersion = 2;
 
-const QStringList kColumns = {QStringLiteral("id"), QStringLiteral("label"),
-                              QStringLiteral("checked_on"), QStringLiteral("checked_text"),
-                              QStringLiteral("failure")};
+const QStringList kColumns = {QStringLiteral("id"),
+                              QStringLiteral("label"),
+                              QStringLiteral("checked_on"),
+                              QStringLiteral("checked_text"),
+                              QStringLiteral("failure"),
+                              QStringLiteral("confirmation"),
+                              QStringLiteral("confirmation_source")};
+const QString kConfirmation = QStringLiteral("confirmation INTEGER NOT NULL DEFAULT 0");
+const QString kSource = QStringLiteral("confirmation_source TEXT NOT NULL DEFAULT ''");
 
 QString quoted(const QString& identifier) {
   QString doubled = identifier;
@@ -31,14 +37,30 @@ QString quoted(const QString& identifier) {
 void createSchema(Database& database) {
   database.run(QStringLiteral("PRAGMA application_id = %1").arg(kApplicationId));
   database.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
-  database.run(
-      QStringLiteral("CREATE TABLE entries (id INTEGER PRIMARY KEY, label TEXT NOT NULL, "
-                     "checked_on TEXT, checked_text BLOB, failure TEXT NOT NULL DEFAULT '')"));
+  database.run(QStringLiteral(
+                   "CREATE TABLE entries (id INTEGER PRIMARY KEY, label TEXT NOT NULL, "
+                   "checked_on TEXT, checked_text BLOB, failure TEXT NOT NULL DEFAULT '', %1, %2)")
+                   .arg(kConfirmation, kSource));
+}
+
+bool isFirstSchema(Database& database) {
+  return database.pragma(QStringLiteral("user_version")) < kSchemaVersion;
+}
+
+// Version 1 did not say how far an address was confirmed.
+void bringUp(Database& database) {
+  if (isFirstSchema(database)) {
+    for (const QString& column : {kConfirmation, kSource}) {
+      database.run(QStringLiteral("ALTER TABLE entries ADD COLUMN ") + column);
+    }
+    database.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
+  }
 }
 
 Check checkOf(const QSqlQuery& row) {
   return {QDate::fromString(row.value(2).toString(), Qt::ISODate), row.value(3).toByteArray(),
-          row.value(4).toString()};
+          row.value(4).toString(), knownOfNumber(row.value(5).toLongLong()),
+          row.value(6).toString()};
 }
 
 std::unique_ptr<QFile> openSource(const QString& path) {
@@ -54,18 +76,19 @@ bool isSameFile(const QFile& open, const QString& path) {
          ofOpen.st_dev == ofPath.st_dev && ofOpen.st_ino == ofPath.st_ino;
 }
 
-// A null string would be bound as NULL, which the columns do not take.
-QString bound(const QString& text) {
-  return text.isNull() ? QStringLiteral("") : text;
-}
-
 QVariantList cellsOf(const Entry& entry) {
   const Check& check = entry.check;
-  if (!check.day.isValid()) {
-    return {entry.id, bound(entry.label), QVariant(), QVariant(), bound({})};
+  const QString label = Database::text(entry.label);
+  if (!check.day.isValid() || check.isUnanswered) {
+    return {entry.id, label, QVariant(), QVariant(), Database::text({}), 0, Database::text({})};
   }
-  return {entry.id, bound(entry.label), check.day.toString(Qt::ISODate), check.text,
-          bound(check.failure)};
+  return {entry.id,
+          label,
+          check.day.toString(Qt::ISODate),
+          check.text,
+          Database::text(check.failure),
+          static_cast<int>(check.known),
+          Database::text(check.source)};
 }
 
 }  // namespace
@@ -104,7 +127,12 @@ void StoreFile::read(Database& database) {
            "nothing is lost."));
   }
   readColumns(database);
-  QString columns = kColumns.join(QLatin1Char(','));
+  QStringList own = kColumns;
+  if (isFirstSchema(database)) {
+    own.replace(own.size() - 2, QStringLiteral("0"));
+    own.replace(own.size() - 1, QStringLiteral("''"));
+  }
+  QString columns = own.join(QLatin1Char(','));
   for (const QString& other : _otherColumns) {
     columns += QLatin1Char(',') + quoted(other);
   }
@@ -139,6 +167,7 @@ QStringList StoreFile::write(const QString& path, const QList<Entry>& entries) {
     if (!_source) {
       createSchema(database);
     }
+    bringUp(database);
     Database::Transaction transaction(database);
     update(database, entries);
     transaction.commit();
@@ -201,9 +230,12 @@ QString StoreFile::upsert() const {
   return QStringLiteral(
              "INSERT INTO entries (%1) VALUES (%2) ON CONFLICT (id) DO UPDATE SET "
              "label = excluded.label, checked_on = excluded.checked_on, "
-             "checked_text = excluded.checked_text, failure = excluded.failure "
-             "WHERE (label, checked_on, checked_text, failure) IS NOT "
-             "(excluded.label, excluded.checked_on, excluded.checked_text, excluded.failure)")
+             "checked_text = excluded.checked_text, failure = excluded.failure, "
+             "confirmation = excluded.confirmation, "
+             "confirmation_source = excluded.confirmation_source "
+             "WHERE (label, checked_on, checked_text, failure, confirmation, confirmation_source) "
+             "IS NOT (excluded.label, excluded.checked_on, excluded.checked_text, "
+             "excluded.failure, excluded.confirmation, excluded.confirmation_source)")
       .arg(columns.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
 }
 

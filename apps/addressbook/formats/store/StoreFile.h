@@ -15,10 +15,12 @@ namespace postwright::addressbook {
 class Database;
 
 // The program's own file: an SQLite database that keeps with each entry when it was last found
-// right or turned down. Its table:
+// right or turned down, how far it was confirmed, and by whom. Its table:
 //
-//   entries (id INTEGER PRIMARY KEY, label TEXT, checked_on TEXT, checked_text BLOB, failure TEXT)
+//   entries (id INTEGER PRIMARY KEY, label TEXT, checked_on TEXT, checked_text BLOB, failure TEXT,
+//            confirmation INTEGER, confirmation_source TEXT)
 //
+// The last two are those of version 2; a file of version 1 gets them when it is saved.
 // The order of the book is that of the ids. Other tables, and other columns of this one, are kept.
 class StoreFile final : public BookFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::StoreFile)
