@@ -42,9 +42,10 @@ std::optional<Rejection> AddressMatcher::Decide(const AskedAddress& subject,
     return MatchInZip(subject, answer);
   }
   Explain(explanation_, answer.placed.zip5, ": the base holds no streets");
-  const Matches elsewhere = places_.IsNameOfPlace(answer.placed)
-                                ? Matches()
-                                : FindElsewhere(subject, places_.OtherZipsOf(answer.placed));
+  const Matches elsewhere =
+      places_.IsNameOfPlace(answer.placed)
+          ? Matches()
+          : streets_.MatchAsWritten(places_.OtherZipsOf(answer.placed), subject.address);
   if (IsOnlyOne(elsewhere)) {
     TakeZip(subject, elsewhere[0], answer);
   } else {
@@ -81,7 +82,7 @@ std::optional<Rejection> AddressMatcher::MatchInZip(const AskedAddress& subject,
   if (match.kind == StreetMatch::Kind::Several) {
     return LeaveOpen(subject, answer.placed, {{answer.placed.zip5, match}});
   }
-  Matches elsewhere = FindElsewhere(subject, places_.OtherZipsOf(answer.placed));
+  Matches elsewhere = streets_.MatchAsWritten(places_.OtherZipsOf(answer.placed), subject.address);
   if (match.kind == StreetMatch::Kind::NoNumber && match.street.id != 0) {
     std::erase_if(elsewhere, [&subject](const Matches::value_type& other) {
       return !other.second.IsWhole(subject.address.unit);
@@ -137,7 +138,7 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const AskedAddress& subject
   if (elsewhere != nullptr) {
     zips.push_back(askedZip);
   }
-  const Matches found = FindElsewhere(subject, zips);
+  const Matches found = streets_.MatchAsWritten(zips, subject.address);
   if (!IsOnlyOne(found)) {
     Explain(explanation_, found.empty() ? "no ZIP code of " : "several ZIP codes of ", city,
             found.empty() ? " is known to have it" : " have it");
@@ -149,19 +150,6 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const AskedAddress& subject
   answer.placed = {place.name, place.state, found[0].first, !isAsked, &place != known};
   Confirm(subject, found[0].second, answer);
   return std::nullopt;
-}
-
-// Finds the street as it is written in other ZIP codes.
-AddressMatcher::Matches AddressMatcher::FindElsewhere(const AskedAddress& subject,
-                                                      const std::vector<std::string>& zips) {
-  Matches found;
-  for (const std::string& zip : zips) {
-    StreetMatch match = streets_.MatchAsWritten(zip, subject.address);
-    if (match.kind == StreetMatch::Kind::Found || match.kind == StreetMatch::Kind::Several) {
-      found.emplace_back(zip, std::move(match));
-    }
-  }
-  return found;
 }
 
 bool AddressMatcher::IsOnlyOne(const Matches& matches) {
@@ -198,7 +186,7 @@ std::optional<Rejection> AddressMatcher::CheckCity(const AskedAddress& subject,
   if (zips.empty()) {
     return std::nullopt;  // a name that nobody knows may be accepted
   }
-  Matches elsewhere = FindElsewhere(subject, zips);
+  Matches elsewhere = streets_.MatchAsWritten(zips, subject.address);
   if (match.guessed || !elsewhere.empty()) {
     Explain(explanation_, placed.city,
             match.guessed ? " may be right, and the street in it"

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -53,7 +52,7 @@ class AddressMatcher {
   Answer Match(const AddressQuestion& question);
 
  private:
-  using Matches = std::vector<std::pair<std::string, StreetMatch>>;  // by their ZIP codes
+  using Matches = StreetMatcher::Matches;
 
   // These fill `answer`, or tell why there is none.
   std::optional<Rejection> Decide(const AskedAddress& subject, MatchedAddress& answer);
@@ -74,7 +73,6 @@ class AddressMatcher {
   void DoubtUnit(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
 
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
-  Matches FindElsewhere(const AskedAddress& subject, const std::vector<std::string>& zips);
   Rejection LeaveOpen(const AskedAddress& subject, const PlacedLine& place, const Matches& matches);
   static bool IsOnlyOne(const Matches& matches);
 

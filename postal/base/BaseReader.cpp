@@ -80,10 +80,12 @@ std::optional<int64_t> BaseReader::FindStreet(const std::string& zip, const Stre
 }
 
 std::vector<KnownStreet> BaseReader::FindStreets(const std::string& zip, const std::string& key) {
-  if (facts_->streets && !facts_->streets->HasKey(zip, key)) {
-    return {};  // nearly always, where a street is looked for in a whole city
-  }
   return ReadStreets(streets_, first_, zip, key);
+}
+
+std::optional<StreetIndex::Written> BaseReader::FindWritten(const Words& writings) const {
+  return facts_->streets ? std::optional(facts_->streets->FindWritten(writings, first_))
+                         : std::nullopt;
 }
 
 StreetCache::Streets BaseReader::StreetsOf(const std::string& zip) {

@@ -71,6 +71,9 @@ class BaseReader {
   // Returns the streets of the ZIP code that have the key.
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
 
+  // Returns where streets of those writings are; nullopt where the base is not in memory.
+  std::optional<StreetIndex::Written> FindWritten(const Words& writings) const;
+
   // Returns all streets of the ZIP code.
   StreetCache::Streets StreetsOf(const std::string& zip);
 

@@ -46,6 +46,31 @@ std::vector<KnownStreet> JoinedReader::FindStreets(const std::string& zip, const
                [&](BaseReader& reader) { return reader.FindStreets(zip, key); });
 }
 
+std::optional<StreetIndex::Written> JoinedReader::FindWritten(const Words& writings) {
+  if (only_) {
+    return (*only_)->FindWritten(writings);
+  }
+  if (!bases_.IsInMemory()) {
+    return std::nullopt;
+  }
+  StreetIndex::Written written;
+  for (size_t place = 0; place < bases_.Size(); ++place) {
+    written.Add(*bases_[place].Borrow()->FindWritten(writings));
+  }
+  return written;
+}
+
+std::vector<KnownStreet> JoinedReader::FindStreets(const std::string& zip,
+                                                   const StreetIndex::Written& written) const {
+  std::vector<KnownStreet> streets = written.In(zip);
+  if (!only_) {
+    std::erase_if(streets, [counts = bases_.PlaceOf(zip)](const KnownStreet& street) {
+      return BaseReader::PlaceOf(street.id) != counts;
+    });
+  }
+  return streets;
+}
+
 StreetCache::Streets JoinedReader::StreetsOf(const std::string& zip) {
   return InZip(zip, std::make_shared<const std::vector<ComparableStreet>>(),
                [&](BaseReader& reader) { return reader.StreetsOf(zip); });

@@ -28,6 +28,12 @@ class JoinedReader {
 
   std::optional<int64_t> FindStreet(const std::string& zip, const StreetName& street);
   std::vector<KnownStreet> FindStreets(const std::string& zip, const std::string& key);
+
+  // Returns where streets of those writings are; nullopt where not all bases are in memory.
+  std::optional<StreetIndex::Written> FindWritten(const Words& writings);
+  std::vector<KnownStreet> FindStreets(const std::string& zip,
+                                       const StreetIndex::Written& written) const;
+
   StreetCache::Streets StreetsOf(const std::string& zip);
 
   NumberFacts FindNumber(int64_t street, const std::string& number);

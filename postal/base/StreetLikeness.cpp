@@ -1,6 +1,7 @@
 #include "postal/base/StreetLikeness.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 #include "postal/places/CityName.h"
@@ -15,6 +16,15 @@ std::string Join(const Words& words) {
     joined += word;
   }
   return joined;
+}
+
+// A bit for each letter and digit that is there.
+uint64_t LettersOf(std::string_view text) {
+  uint64_t letters = 0;
+  for (const char c : text) {
+    letters |= uint64_t{1} << (static_cast<unsigned char>(c) % 64U);
+  }
+  return letters;
 }
 
 bool IsDirection(const std::string& word) {
@@ -78,13 +88,29 @@ struct NumberedRoad {
   bool isBare = false;
 };
 
+// Returns what is alike in all writings of a numbered road.
+std::string RoadWriting(const StreetName& street) {
+  return "ROAD " + street.predirectional + SplitLine(street.name).back() + street.suffix +
+         street.postdirectional;
+}
+
+std::string Writing(const std::string& joined, const std::string& urbanization) {
+  return joined + " " + urbanization;
+}
+
 }  // namespace
+
+std::string ShortStreetName(const std::string& name) {
+  return Join(ShortStreetWords(SplitLine(name)));
+}
 
 ComparableStreet::ComparableStreet(KnownStreet street)
     : known(std::move(street)),
       key(StreetKey(known.street.name)),
-      shortName(Join(ShortStreetWords(SplitLine(known.street.name)))),
-      spelt(SpellOut(WordsOf(known.street))) {}
+      shortName(ShortStreetName(known.street.name)),
+      spelt(SpellOut(WordsOf(known.street))),
+      shortLetters(LettersOf(shortName)),
+      speltLetters(LettersOf(Join(spelt))) {}
 
 StreetLikeness::StreetLikeness(const StreetName& asked)
     : asked_(asked),
@@ -92,9 +118,14 @@ StreetLikeness::StreetLikeness(const StreetName& asked)
       words_(ShortStreetWords(WordsOf(asked))),
       joined_(Join(words_)),
       spelt_(SpellOut(WordsOf(asked))),
+      joinedLetters_(LettersOf(joined_)),
+      speltLetters_(LettersOf(Join(spelt_))),
       isRoad_(NumberedRoad(asked).IsRoad()) {}
 
 Likeness StreetLikeness::To(const ComparableStreet& there) const {
+  if (!MayBeLike(there)) {
+    return Likeness::Different;  // nearly always
+  }
   const StreetName& known = there.known.street;
   const bool isOfUrbanization = urbanization_ == known.urbanization;
   if (!isOfUrbanization && !urbanization_.empty()) {
@@ -119,17 +150,46 @@ Likeness StreetLikeness::To(const ComparableStreet& there) const {
   return missing ? Likeness::ElementsMissing : Likeness::Different;
 }
 
+// Says whether the letters leave room for a likeness: a name that stands in what was asked for
+// brings no letter of its own, and one letter that is another takes one away and brings one.
+bool StreetLikeness::MayBeLike(const ComparableStreet& there) const {
+  return (there.shortLetters & ~joinedLetters_) == 0 ||
+         std::popcount(there.speltLetters ^ speltLetters_) <= 2 || isRoad_;
+}
+
 bool StreetLikeness::IsSameAs(const StreetName& known) const {
   const bool mayBe = joined_.starts_with(known.predirectional) &&
                      joined_.ends_with(known.suffix + known.postdirectional);
   return (mayBe || isRoad_) && To(known) == Likeness::Same;  // nearly never
 }
 
+Words StreetLikeness::Writings() const {
+  StreetName bare = asked_;
+  bare.suffix.clear();
+  const std::string shortName = ShortStreetName(asked_.name);
+  Words writings = WritingsOf(asked_, shortName);
+  const Words others = WritingsOf(bare, shortName);
+  writings.insert(writings.end(), others.begin(), others.end());
+  writings.push_back(Writing(joined_, urbanization_));
+  std::sort(writings.begin(), writings.end());
+  writings.erase(std::unique(writings.begin(), writings.end()), writings.end());
+  return writings;
+}
+
+Words StreetLikeness::WritingsOf(const StreetName& known, const std::string& shortName) {
+  Words writings = {Writing(known.predirectional + shortName + known.suffix + known.postdirectional,
+                            known.urbanization)};
+  if (NumberedRoad(known).IsRoad()) {
+    writings.push_back(RoadWriting(known));
+  }
+  return writings;
+}
+
 // Returns how many elements of the known street are missing, at least; nullopt where that does not
 // make it the one that was asked for.
 std::optional<int> StreetLikeness::MissingOf(const ComparableStreet& there) const {
   if (joined_.find(there.shortName) == std::string::npos) {
-    return std::nullopt;  // nearly always
+    return std::nullopt;
   }
   const StreetName& known = there.known.street;
   const std::string* const elements[] = {&known.predirectional, &known.suffix,
@@ -153,7 +213,7 @@ std::optional<int> StreetLikeness::MissingOf(const ComparableStreet& there) cons
 // Says whether the street is the known one with one element another, or one too many.
 bool StreetLikeness::HasAnotherThan(const ComparableStreet& there) const {
   if (joined_.find(there.shortName) == std::string::npos) {
-    return false;  // nearly always
+    return false;
   }
   const StreetName& known = there.known.street;
   const std::string_view joined = joined_;

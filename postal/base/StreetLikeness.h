@@ -1,8 +1,11 @@
 #ifndef POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
 #define POSTWRIGHT_POSTAL_BASE_STREETLIKENESS_H_
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "common/AsciiText.h"
 #include "postal/base/StreetName.h"
@@ -19,6 +22,9 @@ enum class Likeness {
   Different,
 };
 
+// Returns a street's name as all its writings are compared: in short forms and without blanks.
+std::string ShortStreetName(const std::string& name);
+
 // A known street with what every comparison needs of it, since that takes longer to make than to
 // compare.
 struct ComparableStreet {
@@ -28,6 +34,10 @@ struct ComparableStreet {
   std::string key;        // of its name
   std::string shortName;  // joined from the short forms of its words
   Words spelt;            // the whole street in words spelled out
+
+  // Which letters and digits are there at all, a bit each: this tells most streets apart.
+  uint64_t shortLetters = 0;
+  uint64_t speltLetters = 0;
 };
 
 // Compares a street that was asked for with streets that are known.
@@ -48,7 +58,14 @@ class StreetLikeness {
   // Says whether To() gives Same, in a fraction of the time.
   bool IsSameAs(const StreetName& known) const;
 
+  // What a known street is to be looked up by where nothing but Same will do: each street that is
+  // the same as one asked for, or is that without its suffix, has a writing that is one of the
+  // latter's. `shortName` is ShortStreetName of its name.
+  Words Writings() const;
+  static Words WritingsOf(const StreetName& known, const std::string& shortName);
+
  private:
+  bool MayBeLike(const ComparableStreet& there) const;
   std::optional<int> MissingOf(const ComparableStreet& there) const;
   bool HasAnotherThan(const ComparableStreet& there) const;
   bool IsMisspelt(const ComparableStreet& there) const;
@@ -58,6 +75,8 @@ class StreetLikeness {
   Words words_;  // in their short forms
   std::string joined_;
   Words spelt_;  // spelled out
+  uint64_t joinedLetters_;
+  uint64_t speltLetters_;
   bool isRoad_;  // a numbered one
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "postal/base/UnitMatch.h"
@@ -114,37 +116,94 @@ StreetMatch StreetMatcher::Match(const std::string& zip, const StreetQuestion& a
   return guess;
 }
 
+// How else a street may be written, found once for all ZIP codes.
+struct StreetMatcher::Writings {
+  Writings(const StreetName& asked, JoinedReader& reader)
+      : likeness(asked), keys(KeysOf(asked)), written(reader.FindWritten(likeness.Writings())) {}
+
+  bool IsSame(const StreetName& known) const {
+    return likeness.IsSameAs(known) &&
+           std::find(keys.begin(), keys.end(), StreetKey(known.name)) != keys.end();
+  }
+
+  StreetLikeness likeness;
+  std::vector<std::string> keys;
+  std::optional<StreetIndex::Written> written;
+};
+
 StreetMatch StreetMatcher::MatchAsWritten(const std::string& zip, const StreetQuestion& asked) {
   StreetMatch exact = MatchExactly(zip, asked);
+  return exact.kind == StreetMatch::Kind::Found
+             ? exact
+             : MatchAsWritten(zip, asked, Writings(asked.street, reader_));
+}
+
+StreetMatcher::Matches StreetMatcher::MatchAsWritten(const std::vector<std::string>& zips,
+                                                     const StreetQuestion& asked) {
+  Matches matches;
+  const Writings writings(asked.street, reader_);
+  for (const std::string& zip : zips) {
+    StreetMatch match = MatchAsWritten(zip, asked, writings);
+    if (match.kind == StreetMatch::Kind::Found || match.kind == StreetMatch::Kind::Several) {
+      matches.emplace_back(zip, std::move(match));
+    }
+  }
+  return matches;
+}
+
+StreetMatch StreetMatcher::MatchAsWritten(const std::string& zip, const StreetQuestion& asked,
+                                          const Writings& writings) {
+  Streets streets;
+  if (writings.written) {
+    streets = reader_.FindStreets(zip, *writings.written);
+  } else if (reader_.HoldsStreetsOf(zip)) {
+    for (const std::string& key : writings.keys) {
+      std::ranges::move(reader_.FindStreets(zip, key), std::back_inserter(streets));
+    }
+  }
+  if (streets.empty()) {
+    return {};  // nearly always
+  }
+  StreetMatch exact = MatchExactly(zip, asked, &streets);
   if (exact.kind == StreetMatch::Kind::Found) {
     return exact;
   }
-  const StreetLikeness likeness(asked.street);
   std::vector<Candidate> same;
-  for (const std::string& key : KeysOf(asked.street)) {
-    for (KnownStreet& street : reader_.FindStreets(zip, key)) {
-      if (likeness.IsSameAs(street.street)) {
-        NumberFacts facts = reader_.FindNumber(street.id, asked.number);
-        if (facts.IsKnown()) {
-          same.push_back({std::move(street), Likeness::Same, std::move(facts)});
-        }
-      }
+  for (KnownStreet& street : streets) {
+    if (street.id == exact.street.id || !writings.IsSame(street.street)) {
+      continue;  // its numbers were looked through, or it cannot be meant
+    }
+    NumberFacts facts = reader_.FindNumber(street.id, asked.number);
+    if (facts.IsKnown()) {
+      same.push_back({std::move(street), Likeness::Same, std::move(facts)});
     }
   }
   StreetMatch match = Choose(std::move(same), asked);
   return match.kind == StreetMatch::Kind::NoStreet ? exact : match;
 }
 
-StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetQuestion& asked) {
+std::optional<int64_t> StreetMatcher::FindExactly(const std::string& zip, const StreetName& asked,
+                                                  const Streets* among) {
+  if (among == nullptr) {
+    return reader_.FindStreet(zip, asked);
+  }
+  const auto found = std::find_if(among->begin(), among->end(), [&asked](const KnownStreet& known) {
+    return known.street == asked;
+  });
+  return found == among->end() ? std::nullopt : std::optional(found->id);
+}
+
+StreetMatch StreetMatcher::MatchExactly(const std::string& zip, const StreetQuestion& asked,
+                                        const Streets* among) {
   StreetMatch match;
-  if (const auto id = reader_.FindStreet(zip, asked.street)) {
+  if (const auto id = FindExactly(zip, asked.street, among)) {
     match.facts = reader_.FindNumber(*id, asked.number);
     match.kind = match.facts.IsKnown() ? StreetMatch::Kind::Found : StreetMatch::Kind::NoNumber;
     match.street = {*id, asked.street};
     Explain(explanation_, zip, ": ", Quote(asked.street), " is there, and ", asked.number, " ",
             Describe(match.facts), " on it");
     if (match.kind == StreetMatch::Kind::NoNumber) {
-      LookWithoutSuffix(zip, asked, match);
+      LookWithoutSuffix(zip, asked, among, match);
     }
   }
   return match;
@@ -170,10 +229,10 @@ std::string StreetMatcher::FindSwapped(const StreetMatch& match, const StreetQue
 
 // Some sources have a street with its suffix and without it, each with a part of the numbers.
 void StreetMatcher::LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked,
-                                      StreetMatch& match) {
+                                      const Streets* among, StreetMatch& match) {
   StreetName bare = asked.street;
   bare.suffix.clear();
-  const auto id = asked.street.suffix.empty() ? std::nullopt : reader_.FindStreet(zip, bare);
+  const auto id = asked.street.suffix.empty() ? std::nullopt : FindExactly(zip, bare, among);
   if (!id) {
     return;  // nearly always
   }
@@ -214,12 +273,16 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
     if (hasName || like != Likeness::OneLetter) {
       named.push_back(street);
     }
+    const bool canBeMeant =
+        like != Likeness::Different && (whole || like != Likeness::ElementWrong);
+    if (!canBeMeant && explanation_ == nullptr) {
+      continue;
+    }
     NumberFacts facts = reader_.FindNumber(street.id, asked.number);
     endsName = endsName || (like == Likeness::ElementMissing && !hasName && !facts.IsKnown());
     Explain(explanation_, "there is ", Quote(street.street), "; ", asked.number, " ",
             Describe(facts), " on it");
-    if (facts.IsKnown() && like != Likeness::Different &&
-        (whole || like != Likeness::ElementWrong)) {
+    if (facts.IsKnown() && canBeMeant) {
       const size_t level = like == Likeness::Same ? 0 : like == Likeness::ElementsMissing ? 2 : 1;
       candidates[level].push_back({street, like, std::move(facts)});
     }

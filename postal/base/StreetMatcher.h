@@ -1,7 +1,10 @@
 #ifndef POSTWRIGHT_POSTAL_BASE_STREETMATCHER_H_
 #define POSTWRIGHT_POSTAL_BASE_STREETMATCHER_H_
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "postal/base/Explanation.h"
@@ -64,6 +67,10 @@ class StreetMatcher {
   // The same without a guess.
   StreetMatch MatchAsWritten(const std::string& zip, const StreetQuestion& asked);
 
+  // The same in several ZIP codes: those in which one or several streets have the number.
+  using Matches = std::vector<std::pair<std::string, StreetMatch>>;  // by their ZIP codes
+  Matches MatchAsWritten(const std::vector<std::string>& zips, const StreetQuestion& asked);
+
   // Returns the number of the same street that has the unit and differs from the one asked for by
   // two neighbouring digits that changed places, where no unit of the latter is known; empty for
   // none.
@@ -71,9 +78,18 @@ class StreetMatcher {
 
  private:
   struct Candidate;
+  struct Writings;
 
-  StreetMatch MatchExactly(const std::string& zip, const StreetQuestion& asked);
-  void LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked, StreetMatch& match);
+  // `among` are the streets that can be meant by the same words; null: any of the ZIP code.
+  using Streets = std::vector<KnownStreet>;
+  StreetMatch MatchAsWritten(const std::string& zip, const StreetQuestion& asked,
+                             const Writings& writings);
+  StreetMatch MatchExactly(const std::string& zip, const StreetQuestion& asked,
+                           const Streets* among = nullptr);
+  void LookWithoutSuffix(const std::string& zip, const StreetQuestion& asked, const Streets* among,
+                         StreetMatch& match);
+  std::optional<int64_t> FindExactly(const std::string& zip, const StreetName& asked,
+                                     const Streets* among);
   StreetMatch Guess(const std::string& zip, const StreetQuestion& asked, Likeness most);
   StreetMatch Choose(std::vector<Candidate> candidates, const StreetQuestion& asked);
   static StreetMatch Take(Candidate candidate, const StreetName& asked);

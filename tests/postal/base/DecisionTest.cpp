@@ -308,6 +308,11 @@ TEST(StreetLikenessTest, TellsHowTwoStreetsDiffer) {
     EXPECT_EQ(StreetLikeness(row.asked).To(row.known), row.likeness)
         << ComposeStreet(row.asked) << " | " << ComposeStreet(row.known);
     EXPECT_EQ(StreetLikeness(row.asked).IsSameAs(row.known), row.likeness == Same);
+    const Words asked = StreetLikeness(row.asked).Writings();
+    const Words known = StreetLikeness::WritingsOf(row.known, ShortStreetName(row.known.name));
+    const bool share =
+        std::find_first_of(asked.begin(), asked.end(), known.begin(), known.end()) != asked.end();
+    EXPECT_TRUE(share || row.likeness != Same) << "it would not be found";
   }
 }
 
