@@ -48,8 +48,8 @@ QString missingStreets(const AddressFixer& fixer, const QString& server) {
   }
   return streets.bases.isEmpty()
              ? WhoAnswers::tr(
-                   "ZIP codes only: streets are not checked. “postwright-base import” "
-                   "brings them, into a .base file in %1.")
+                   "ZIP codes only: streets are not checked. “postwright-base fetch texas” "
+                   "brings the streets, into %1.")
                    .arg(streets.folder)
              : QString();
 }

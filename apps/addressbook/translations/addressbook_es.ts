@@ -1653,8 +1653,8 @@ Ciudad, estado y código ZIP</translation>
         <translation>Este programa responde por sí mismo, con las calles de %1.</translation>
     </message>
     <message>
-        <source>ZIP codes only: streets are not checked. “postwright-base import” brings them, into a .base file in %1.</source>
-        <translation>Solo códigos postales: no se comprueban las calles. «postwright-base import» las trae, a un archivo .base en %1.</translation>
+        <source>ZIP codes only: streets are not checked. “postwright-base fetch texas” brings the streets, into %1.</source>
+        <translation>Solo códigos postales: no se comprueban las calles. «postwright-base fetch texas» trae las calles, a %1.</translation>
     </message>
 </context>
 <context>
