@@ -27,7 +27,7 @@
 #include <QTimer>
 #include <QTranslator>
 
-#include "apps/addressbook/formats/csv/ColumnMemory.h"
+#include "apps/addressbook/formats/rows/ColumnMemory.h"
 #include "apps/addressbook/printing/PresortDialog.h"
 #include "apps/addressbook/printing/PrintDialog.h"
 #include "apps/addressbook/settings/Translations.h"
@@ -209,7 +209,11 @@ void PrintTest::init() {
   QVERIFY(_window->openPath(_folder->put("book.csv", kBook)));
   Entry refused = _window->document().book().at(1);
   refused.check = {QDate::currentDate(), textFingerprint(refused.label), "Not found"};
-  _window->document().keepChecks({{1, refused}});
+  // That nobody answered says nothing of an address.
+  Entry unanswered = _window->document().book().at(2);
+  unanswered.check = {
+      QDate::currentDate(), textFingerprint(unanswered.label), "Away", Known::NotTold, {}, true};
+  _window->document().keepChecks({{1, refused}, {2, unanswered}});
 }
 
 void PrintTest::printing(const std::function<void(PrintDialog*)>& act) {

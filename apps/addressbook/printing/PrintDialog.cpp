@@ -209,8 +209,7 @@ bool PrintDialog::mayPrintRefused() {
   }
   Question question(
       this, tr("Print %n labels whose address was refused?", nullptr, _fields->labels().refused),
-      tr("The service did not find these addresses, or nobody answered. Mail to them "
-         "may come back."));
+      tr("The service did not find these addresses. Mail to them may come back."));
   QAbstractButton* const print = question.addStep(tr("&Print Them"));
   QAbstractButton* const without = question.addStep(tr("&Leave Them Out"));
   question.addWayOut(tr("Cancel"));

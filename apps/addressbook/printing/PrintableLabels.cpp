@@ -25,7 +25,7 @@ PrintableLabels printableLabels(const Book& book, const QList<int>& rows) {
       ++labels.withoutAddress;
       continue;
     }
-    const bool isRefused = book.stateAt(row) == CheckState::Failed;
+    const bool isRefused = book.stateAt(row) == CheckState::Failed && !entry.check.isUnanswered;
     labels.texts.append(entry.label);
     labels.areRefused.append(isRefused);
     labels.refused += isRefused ? 1 : 0;

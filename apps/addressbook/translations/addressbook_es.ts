@@ -1151,8 +1151,8 @@ Ciudad, estado y código ZIP</translation>
         </translation>
     </message>
     <message>
-        <source>The service did not find these addresses, or nobody answered. Mail to them may come back.</source>
-        <translation>El servicio no encontró estas direcciones, o nadie respondió. El correo puede volver.</translation>
+        <source>The service did not find these addresses. Mail to them may come back.</source>
+        <translation>El servicio no encontró estas direcciones. El correo puede volver.</translation>
     </message>
     <message>
         <source>&amp;Print Them</source>
