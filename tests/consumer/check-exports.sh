@@ -11,7 +11,8 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
 # The names behind POSTWRIGHT_..._EXPORT: of a class, a function or a variable. A declaration may
-# begin on one line and give its name on the next; the functions of Utils stand in a namespace.
+# begin on one line and give its name on the next; the functions of Utils and TextForm stand
+# in namespaces.
 cat "$headers"/*.h | sed '/^#/d; s|//.*||' | tr '\n' ' ' |
   grep --extended-regexp --only-matching 'POSTWRIGHT_[A-Z]+_EXPORT [^;({]*[;({]' |
   sed -E 's/^POSTWRIGHT_[A-Z]+_EXPORT *//; s/ *(final *)?(: [^{]*)?[;({]$//; s/.*[ *&]//' |
@@ -20,7 +21,7 @@ cat "$headers"/*.h | sed '/^#/d; s|//.*||' | tr '\n' ' ' |
 # What the libraries offer, each symbol by the name that a header would declare.
 nm --dynamic --demangle --defined-only --format=posix "${libraries[@]}" | sed -E '/:$/d; s/ [A-Za-z] [0-9a-f]+( [0-9a-f]+)?$//' |
   sed -E 's/^(typeinfo name for|typeinfo for|vtable for|(non-)?virtual thunk to) //' > "$scratch/offered"
-sed -nE 's/^postwright::(Utils::)?(\w+).*/\2/p; s/^(postwright_\w+)$/\1/p' "$scratch/offered" |
+sed -nE 's/^postwright::((Utils|TextForm)::)?(\w+).*/\3/p; s/^(postwright_\w+)$/\1/p' "$scratch/offered" |
   sort --unique > "$scratch/names"
 
 status=0
