@@ -131,7 +131,7 @@ QByteArray ZipParts::closed(Archive archive, zip_source_t* source) {
   if (zip_close(archive.get()) != 0) {
     failAs(zip_strerror(archive.get()));
   }
-  archive.release();  // closing has freed it
+  static_cast<void>(archive.release());  // closing has freed it
   zip_stat_t stat;
   if (zip_source_stat(source, &stat) != 0 || zip_source_open(source) != 0) {
     failAs(zip_error_strerror(zip_source_error(source)));

@@ -41,7 +41,7 @@ QSize TurningColumns::minimumSize() const {
 // Not as a QBoxLayout would, which gives a column less than its least height where another has a
 // share in what is left.
 void TurningColumns::setGeometry(const QRect& room) {
-  QLayout::setGeometry(room);
+  QLayout::setGeometry(room);  // NOLINT(bugprone-parent-virtual-call): see above
   const bool fits = fitsSideBySide(room.width());
   const int spare = std::max(0, room.height() - minimumHeightForWidth(room.width())) / count();
   QRect place(room.topLeft(), QSize(widthOfEach(room.width()), room.height()));

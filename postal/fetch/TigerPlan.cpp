@@ -95,8 +95,10 @@ FetchPlan PlanTiger(SiteClient& client, const FetchRequest& request) {
       TakeFiles(entries, client.Origin() + FolderOf(year), place, plan);
     }
     std::ranges::sort(plan.files, {}, &RemoteFile::name);
-    const auto again = std::ranges::unique(plan.files, {}, &RemoteFile::name);
-    plan.files.erase(again.begin(), again.end());
+    const auto again = std::unique(
+        plan.files.begin(), plan.files.end(),
+        [](const RemoteFile& one, const RemoteFile& other) { return one.name == other.name; });
+    plan.files.erase(again, plan.files.end());
     const bool isAll = places.size() == States().size();
     plan.facts = {"TIGER/Line, " + NameOf(request.places),  "",    "public domain",
                   "U.S. Census Bureau, TIGER/Line " + year, isAll, {}};
