@@ -20,7 +20,7 @@ void AddServerOption(CLI::App& app, std::string& target, const std::string& othe
 // The host alone of HOST, HOST:PORT, [IPV6] or [IPV6]:PORT; empty where `server` is none of these.
 std::string HostOf(const std::string& server);
 
-// Says what is wrong with `server` as a value of the option; the empty answer is consent.
+// Returns what is wrong with `server` as a value of the option; empty if nothing is.
 std::string CheckServer(const std::string& server);
 
 // Has the fixes of this process ask `server`, which CheckServer() finds right; its host's
@@ -31,7 +31,7 @@ void UseServer(const std::string& server);
 bool IsServerInEnvironment();
 
 // Has them ask the one that POSTWRIGHT_SERVER names; does nothing where that is unset or empty. As
-// UseServer(). Returns what is wrong with its value; the empty answer is consent.
+// UseServer(). Returns what is wrong with its value; empty if nothing is.
 std::string UseServerOfEnvironment();
 
 }  // namespace postwright

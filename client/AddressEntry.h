@@ -22,7 +22,7 @@ class POSTWRIGHT_CLIENT_EXPORT AddressEntry {
   AddressEntry& operator=(const AddressEntry&) = delete;
   virtual ~AddressEntry();
 
-  // The address text, of several lines, parted by line feeds.
+  // The address text; its lines are separated by line feeds.
   virtual QString value() const = 0;
 
   // Takes the corrected text.

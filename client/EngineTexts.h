@@ -17,7 +17,7 @@ QList<PostwrightSelectorPointer> selectorsForCandidates(const FixedAddress& fixe
 
 // The host's string for the core's, and the other way round, through UTF-8 and so by the process's
 // character locale: empty where that cannot express the text. A NUL, at which the core's strings
-// end, is left out, so that nothing behind it is lost.
+// end, is left out, so that nothing after it is lost.
 QString hostString(const std::wstring& text, IPlatformServices& services);
 std::wstring coreString(const QString& text, IPlatformServices& services);
 

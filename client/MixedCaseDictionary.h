@@ -10,7 +10,7 @@ namespace postwright {
 // Spellings of words that the capitalized form gets wrong, by that form: "Mcdonald" to "McDonald".
 using MixedCaseDictionary = QHash<QString, QString>;
 
-// Returns the form in which a word is looked up: capitalized, and with a second capital behind a
+// Returns the form in which a word is looked up: capitalized, and with a second capital after a
 // leading "O'" where nothing but letters follows, at least two of them ("O'NEIL" gives "O'Neil").
 QString mixedCaseKey(const QString& word);
 

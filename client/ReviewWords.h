@@ -25,7 +25,7 @@ QString reasonOf(const CorrectionReview& review);
 
 QString sentenceOf(LeftAloneReason reason);
 
-// "form only, nobody has checked the street", and the same as a sentence, behind which stands who
+// "form only, nobody has checked the street", and the same as a sentence, after which stands who
 // says so; empty where nobody was asked.
 QString wordsOf(const Confirmation& confirmation);
 QString sentenceOf(const Confirmation& confirmation);

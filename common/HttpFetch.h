@@ -22,7 +22,7 @@ struct HttpLimits {
   // Everything that the other side sends: heads, interim answers, redirects, chunk extensions and
   // trailers count. A body counts once more as it is unpacked, against the same bound.
   std::size_t bytes = std::size_t{16} << 20U;
-  // One head with the interim answers before it and the trailers behind it.
+  // One head with the interim answers before it and the trailers after it.
   std::size_t headBytes = std::size_t{64} << 10U;
   long redirects = 0;  // followed, to http and https only; 0 gives the redirect itself
   // Null, or set from any thread to end the call within about a second. Outlives the call.

@@ -21,7 +21,7 @@ inline std::string_view TextOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-// Parts an input that stands for several texts, at most `count`, at lines that hold "---" alone.
+// Splits an input that stands for several texts, at most `count`, at lines that hold "---" alone.
 inline std::vector<std::string> PartsOf(std::string_view text, std::size_t count) {
   constexpr std::string_view kSeparator = "\n---\n";
   std::vector<std::string> parts;

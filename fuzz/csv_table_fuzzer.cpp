@@ -1,4 +1,4 @@
-// Bytes of a table, into the reader of CSV. Its rows are the whole text, one behind the other; a
+// Bytes of a table, into the reader of CSV. Its rows are the whole text, one after the other; a
 // row reads by itself as it does among the others; written again it is the same byte for byte, and
 // with a cell changed it reads as that. The first line of an input is its delimiter and the new
 // cell.

@@ -1,6 +1,6 @@
 // Bytes of a source of addresses (CSV with a heading, the National Address Database, GeoJSON, the
 // Census Bureau's table; plain, gzipped or in an archive). Every row is read or left out with a
-// reason; read on from a place in the middle, the rows behind it are the same; house number and
+// reason; read on from a place in the middle, the rows after it are the same; house number and
 // unit in standard form stay so.
 
 #include <algorithm>

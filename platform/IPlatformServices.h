@@ -52,7 +52,7 @@ class POSTWRIGHT_CORE_EXPORT IPlatformServices {
   // of an error page is a body.
   virtual std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t* url) = 0;
 
-  // Reads an optionally signed decimal number from the start of `text`, behind any white space, up
+  // Reads an optionally signed decimal number from the start of `text`, after any white space, up
   // to the first character that is not a digit. 0 where there is none.
   virtual std::int32_t StringToInt(const wchar_t* text) = 0;
 

@@ -77,7 +77,7 @@ void ReplaceSpecialChars(std::string& escaped) {
   ReplaceAll(escaped, "&%23x09;", "%20");
 }
 
-// Returns the bytes that `text` stands for; empty where a percent sign has no two digits behind it.
+// Returns the bytes that `text` stands for; empty where a percent sign has no two digits after it.
 std::string PercentUnescape(const std::string& text) {
   std::string bytes;
   for (std::size_t at = 0; at < text.size(); ++at) {

@@ -96,7 +96,7 @@ int run(int argc, char** argv, const Options& options) {
   // Qt takes the locale of the environment; ours stays as SetCharacterLocale() has set it.
   SetCharacterLocale();
   installTranslations();
-  // Desktops put it behind the title of each window and dialog that does not end with it.
+  // Desktops put it after the title of each window and dialog that does not end with it.
   QGuiApplication::setApplicationDisplayName(AddressBookWindow::programName());
   BatchFixer fixer(options.server, IsServerInEnvironment() ? GetDeployment().verifyHost : "");
   AddressBookWindow window(fixer);

@@ -16,7 +16,7 @@ void WriteLine(const char* name, const Value& value) {
   std::cout << std::left << std::setw(kNameWidth) << name << value << '\n';
 }
 
-// What a source did not say is told in words: nobody shall take it for "free".
+// A licence that was not stated is said to be unknown, so that nobody mistakes it for a free one.
 std::string OrUnknown(const std::string& text) {
   return text.empty() ? "not stated when it was imported" : text;
 }

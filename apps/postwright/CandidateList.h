@@ -10,7 +10,7 @@ namespace postwright {
 
 // How the command shows what could have been meant.
 
-// A line for each candidate behind its number, for a person to read.
+// A line for each candidate after its number, for a person to read.
 std::string CandidatesInWords(const QList<AddressMatch>& candidates);
 
 // The candidates as a JSON array of an object for each: address, the label with its ranges in

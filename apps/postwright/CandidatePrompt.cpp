@@ -135,7 +135,7 @@ std::optional<std::wstring> CandidatePrompt::ReadLine() {
   try {
     return WideFromUtf8(Trim(line));
   } catch (const boost::locale::conv::conversion_error&) {
-    return L"?";  // no number, and no consent
+    return L"?";  // neither a number nor a yes
   }
 }
 

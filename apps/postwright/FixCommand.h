@@ -34,8 +34,8 @@ struct FixOptions {
   bool quiet = false;                                           // no progress
 };
 
-// What is wrong with the value of --case, --punctuation, --names, --mixed-case or --jobs; the empty
-// answer is consent.
+// What is wrong with the value of --case, --punctuation, --names, --mixed-case or --jobs;
+// empty if nothing is.
 std::string CheckLetters(const std::string& letters);
 std::string CheckPunctuation(const std::string& punctuation);
 std::string CheckNames(const std::string& names);

@@ -18,7 +18,7 @@ struct RecordOptions {
 };
 
 // The output line of `postwright fix --jsonl` for one label: the members address, fixed, result and
-// status, which mean what they mean in the client's BatchResultRecord, behind the id where there
+// status, which mean what they mean in the client's BatchResultRecord, after the id where there
 // is one, the confirmation, Confirmation::Code(), "" where no address came back, and the reason, a
 // code, or "" where there is nothing to tell. A correction that is doubtful has status 2, an empty
 // fixed and the member proposed, the corrected text. With `explain` each record has the members

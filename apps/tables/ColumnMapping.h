@@ -18,7 +18,7 @@ enum class ColumnRole {
   Street = 4,   // lines of their own: street, unit, box; or the whole label in one cell
   City = 5,
   State = 6,
-  Zip = 7,       // a second one holds the four digits behind the hyphen
+  Zip = 7,       // a second one holds the four digits after the hyphen
   Below = 8,     // a line below the place
   Title = 9,     // "Dr.": the first of the name's line, wherever the column stands
   Suffix = 10,   // "Jr.": the last of it

@@ -78,7 +78,7 @@ class RowScanner {
     }
   }
 
-  // Takes a cell and the delimiter or line break behind it; false behind the last one of the row.
+  // Takes a cell and the delimiter or line break after it; false after the last one of the row.
   bool takeCell(CsvRow& row) {
     const qsizetype begin = _at;
     const qsizetype first = behindBlanks(begin);
@@ -183,8 +183,8 @@ class RowScanner {
   qsizetype _shown = -1;     // and where it was found to be one
 };
 
-// How well a delimiter parts the first rows: how many have as many cells as the first, and how many
-// cells that is. Nothing where it parts nothing.
+// How well a delimiter divides the first rows: how many have as many cells as the first, and how
+// many cells that is. Nothing where it parts nothing.
 std::pair<int, qsizetype> evenness(QByteArrayView utf8, char delimiter) {
   int rows = 0;
   int even = 0;

@@ -26,7 +26,7 @@ struct CsvRow {
 //   CsvReader(';').readRows(utf8, [](const CsvRow& row) { take(row.cells); return true; });
 //
 // Blanks around a cell are not part of it, unless they are inside its quotation marks. A quotation
-// mark that nothing closes costs the row it stands in, not those behind it: there the mark is left
+// mark that nothing closes costs the row it stands in, not those after it: there the mark is left
 // out and the row ends with its line. As unclosed counts one that is followed by the end of the
 // text, by 1 MiB, or, on a later line, by a mark that neither is doubled nor ends a cell, as that
 // which opens the next cell is. However many of them there are, reading is linear.
@@ -39,8 +39,8 @@ class CsvReader {
   static constexpr QByteArrayView kUsualDelimiters = ",;\t|:^~";
   static bool isDelimiter(char character);
 
-  // Returns the one of the usual delimiters that parts the first rows of `utf8` most evenly; the
-  // comma where none parts them at all.
+  // Returns the one of the usual delimiters that divides the first rows of `utf8` most evenly; the
+  // comma where none divides them at all.
   static char guessDelimiter(QByteArrayView utf8);
 
   explicit CsvReader(char delimiter) : _delimiter(delimiter) {}

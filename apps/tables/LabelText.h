@@ -42,7 +42,7 @@ QString lettersOf(QStringView text);
 // Tells whether two texts differ in nothing but case, spacing and punctuation.
 bool sameLetters(QStringView a, QStringView b);
 
-// Reads a line of city, state and ZIP code; the state in two letters, or in full behind a comma.
+// Reads a line of city, state and ZIP code; the state in two letters, or in full after a comma.
 // Nil for any other line.
 std::optional<PlaceParts> readPlace(const QString& line);
 

@@ -195,7 +195,7 @@ TextFile TextFile::read(const QString& path) {
     throw FileError(tr("This is a folder or a device and no file."));
   }
   if (info.size() > kLargest) {
-    throw FileError(tr("The file is larger than 512 MiB. Part it into smaller ones."));
+    throw FileError(tr("The file is larger than 512 MiB. Split it into smaller ones."));
   }
   QFile file(path);
   const bool isOpen = file.open(QIODevice::ReadOnly);

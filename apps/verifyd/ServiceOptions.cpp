@@ -15,7 +15,7 @@ constexpr size_t kLeastHeader = 4096;
 constexpr size_t kLeastBody = 1024;
 constexpr size_t kMostBytes = 1024 * 1024;
 
-// Says what is wrong with the value of --listen; the empty answer is consent.
+// Returns what is wrong with the value of --listen; empty if nothing is.
 std::string CheckListen(const std::string& address) {
   try {
     ListenAddress::Parse(address);

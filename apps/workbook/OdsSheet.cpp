@@ -268,7 +268,7 @@ QByteArray OdsSheet::changedCells(const Run& run, int row,
       ++column;
       continue;
     }
-    // Behind the last cell of the row, all are alike.
+    // After the last cell of the row, all are alike.
     const int first = column;
     const int known = cells ? static_cast<int>(cells->size()) : 0;
     while (column < end && isSame(column)) {

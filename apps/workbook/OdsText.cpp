@@ -57,7 +57,7 @@ QString odsParagraphs(pugi::xml_node cell) {
   return lines.join(u'\n');
 }
 
-// A blank at an end of a line, or behind another one, needs an element.
+// A blank at an end of a line, or after another one, needs an element.
 QByteArray odsParagraph(const QByteArray& prefix, const QString& line) {
   static const QRegularExpression blanks(QStringLiteral("^ +| +$| {2,}|\\t"));
   QByteArray text;

@@ -63,7 +63,7 @@ class Workbook {
   // or holds more than kMostCells.
   virtual QList<SheetRow> rows(int sheet) const = 0;
 
-  // Returns the file with changed rows, in order, and with new ones behind the last that holds
+  // Returns the file with changed rows, in order, and with new ones after the last that holds
   // something. Throws FileError where a cell that would change is kept, or where the file as
   // written would not read as it should.
   QByteArray with(int sheet, const QList<RowChange>& changes,

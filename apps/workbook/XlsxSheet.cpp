@@ -60,7 +60,7 @@ int columnOf(const char* reference) {
   return column;
 }
 
-// A cell that does not say where it stands is behind the one before.
+// A cell that does not say where it stands is after the one before.
 int columnOf(pugi::xml_node cell, int before) {
   const int said = columnOf(cell.attribute("r").value());
   const int column = said > 0 ? said - 1 : before + 1;

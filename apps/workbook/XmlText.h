@@ -36,7 +36,7 @@ class XmlText {
   QByteArrayView textOf(pugi::xml_node element) const;
 
   void replace(pugi::xml_node element, const QByteArray& text);
-  // Puts text in front of an element, behind one, or behind all that stands in one.
+  // Puts text in front of an element, after one, or after all that stands in one.
   void insertBefore(pugi::xml_node element, const QByteArray& text);
   void insertBehind(pugi::xml_node element, const QByteArray& text);
   void append(pugi::xml_node parent, const QByteArray& text);

@@ -282,7 +282,7 @@ def puerto_rico(chance, state):
         parts = [element("number", value, value), element("name", "CARR " + typed.split()[1], typed, "CARRETERA " + typed.split()[1])]
     elif form == 4:
         parts = [element("number", value, value), name(f"Paseo {chance.choice(['del Rey', 'de la Fuente', 'Real'])}")]
-    elif form == 5:  # the number behind the street
+    elif form == 5:  # the number after the street
         street_name = chance.choice(["Sol", "Luna", "Cristo"])
         typed = f"Calle {street_name} #{value}"
         return [element("name", f"{value} CALLE {street_name}", typed)], [], [typed]

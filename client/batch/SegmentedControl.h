@@ -19,7 +19,7 @@ class SegmentedControl final : public QWidget {
  public:
   explicit SegmentedControl(QWidget* parent = nullptr);
 
-  // Adds a segment, selected, behind the others.
+  // Adds a segment, selected, after the others.
   void addSegment(const QIcon& icon);
   void setText(int segment, const QString& text);
 

@@ -8,7 +8,7 @@ namespace postwright {
 
 // Lays its items out side by side and goes on in another row where they do not fit, so that a row
 // of controls does not keep a window wide. The room that a row has left goes to the item that takes
-// any, such as a spacer, else in front of the last one. What is behind a spacer stays together.
+// any, such as a spacer, else in front of the last one. What is after a spacer stays together.
 // Items that are hidden take none.
 class WrappingRow final : public QLayout {
   Q_OBJECT

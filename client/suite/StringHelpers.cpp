@@ -3,7 +3,7 @@
 namespace postwright::StringHelpers {
 namespace {
 
-// Reads the character at `position` and moves `position` behind it. A surrogate without its other
+// Reads the character at `position` and moves `position` past it. A surrogate without its other
 // half is a character of its own: not a letter, and copied like any other.
 char32_t NextCharacter(QStringView text, qsizetype& position) {
   const QChar first = text[position++];
@@ -30,7 +30,7 @@ bool IsLineTerminator(QChar character) {
          character == u'\u2028' || character == u'\u2029';
 }
 
-// Appends `run`, letters and digits alone, capitalized. What stands behind the first letter is
+// Appends `run`, letters and digits alone, capitalized. What stands after the first letter is
 // lowered in one piece, so that a letter whose lower case is longer than itself comes out whole.
 void AppendCapitalizedRun(QStringView run, QString& result) {
   qsizetype position = 0;
@@ -46,7 +46,7 @@ void AppendCapitalizedRun(QStringView run, QString& result) {
   result.append(run.mid(position).toString().toLower());
 }
 
-// True when the character at `position` is an apostrophe with a letter or digit behind it.
+// True when the character at `position` is an apostrophe with a letter or digit after it.
 bool IsInnerApostrophe(QStringView text, qsizetype position) {
   qsizetype next = position;
   return IsApostrophe(NextCharacter(text, next)) && next < text.size() &&

@@ -8,7 +8,7 @@
 namespace postwright {
 
 // What the suite asks of a string beyond what QString offers. Pure functions for any thread. Text
-// outside the 16-bit range goes through whole: no function parts the two halves of a character.
+// outside the 16-bit range goes through whole: no function separates the two halves of a character.
 //
 // A letter is a character of Unicode's categories L and M (so a combining mark belongs to its
 // letter), a digit one of category N (so the fraction in "12½" counts).
@@ -18,7 +18,7 @@ namespace StringHelpers {
 QString trim(const QString& text);
 
 // Splits `text` into lines; the terminators CR LF, LF, CR, U+0085, U+2028 and U+2029 are removed.
-// They end lines rather than part them: a text that ends in one has no empty line behind it, and
+// They end lines rather than separate them: a text that ends in one has no empty line after it, and
 // the empty text has no line at all.
 QStringList lines(const QString& text);
 

@@ -133,7 +133,7 @@ enum {
 
 // The texts of the lines.
 enum {
-  POSTWRIGHT_LINES_ABOVE = 0,   /* above, address and below, one behind the other, are the text */
+  POSTWRIGHT_LINES_ABOVE = 0,   /* above, address and below, one after the other, are the text */
   POSTWRIGHT_LINES_ADDRESS = 1, /* as typed */
   POSTWRIGHT_LINES_BELOW = 2,
   POSTWRIGHT_LINES_BETWEEN = 3,     /* lines between street and city that are not asked about */

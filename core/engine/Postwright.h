@@ -28,7 +28,7 @@ namespace postwright {
 //   }
 //
 // The character locale must be UTF-8 before the first fix and stay so, std::locale's and the C
-// library's alike. One line sets both, behind the making of a QApplication, which sets the latter
+// library's alike. One line sets both, after the making of a QApplication, which sets the latter
 // from the environment:
 //
 //   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));

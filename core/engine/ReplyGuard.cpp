@@ -57,7 +57,7 @@ class TagScanner {
     const unsigned c = at < text_.size() ? static_cast<unsigned char>(text_[at]) : 0;
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c >= 0x7F;
   }
-  // Goes on behind the next `closing` that starts at `from` or later, or at the end of the
+  // Goes on after the next `closing` that starts at `from` or later, or at the end of the
   // document.
   void PassTo(std::string_view closing, std::size_t from) {
     const std::size_t found = text_.find(closing, from);

@@ -22,7 +22,7 @@ struct VerifyCandidate {
   AddressRangeType primaryType = AddressRangeTypeNone;  // house numbers, in front of the street
   std::string primaryLow;  // "100"; empty for no range, as the high end
   std::string primaryHigh;
-  AddressRangeType secondaryType = AddressRangeTypeNone;  // units, behind it
+  AddressRangeType secondaryType = AddressRangeTypeNone;  // units, after it
   std::string secondaryLow;
   std::string secondaryHigh;
   std::string recordType;  // one letter: S a street, H a building with units, P a box

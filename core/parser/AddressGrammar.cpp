@@ -35,7 +35,7 @@ std::wstring Directions(const Table& directions) {
   return Alternation(alternatives);
 }
 
-// Each written form, and each standard form once, behind the first form that stands for it.
+// Each written form, and each standard form once, after the first form that stands for it.
 std::wstring Suffixes(const Table& suffixes) {
   std::vector<std::wstring> alternatives;
   for (const auto& [written, standard] : suffixes) {
@@ -92,8 +92,8 @@ AddressGrammar::AddressGrammar(const Table& directions, const Table& suffixes, c
       LR"(|(?P<NUMBER3>\d+-?\d*))"
       LR"(|(?P<NUMBER4>[NSWE]\ ?\d+\ ?[NSWE]\ ?\d+))";
 
-  // A directional that is the street's name; or, behind an optional directional, a name that ends
-  // in a digit with a directional behind it, a name with a suffix, or any other name.
+  // A directional that is the street's name; or, after an optional directional, a name that ends
+  // in a digit with a directional after it, a name with a suffix, or any other name.
   const std::wstring STREET =
       L"(?:(?P<STREET1>" + DIRECTIONS + L")\\W+"
       L"(?P<SUFFIX1>" + SUFFIXES + L")\\b)"

@@ -132,7 +132,7 @@ bool AddressReader::ReadStreetAddress() {
 // The engine does not try every place. Each time it tries one of the greedy pieces that stand at
 // the front of an alternative it notes how far the piece read, and its next attempt begins at the
 // last place noted. This follows those notes: what was tried last is the shortest house number with
-// the street directly behind it.
+// the street directly after it.
 int AddressReader::NextSearchStart(int failed) const {
   if (text_.Is(failed, CharacterClasses::kDigit)) {
     return NextSearchStartBehindStreet(failed + 1);
@@ -142,7 +142,7 @@ int AddressReader::NextSearchStart(int failed) const {
 }
 
 // The street's last form runs up to the next comma, and the optional colon of a unit is tried
-// behind that. Where there is no comma before the last state, nothing is left to search.
+// after that. Where there is no comma before the last state, nothing is left to search.
 int AddressReader::NextSearchStartBehindStreet(int street) const {
   if (text_.Is(street, CharacterClasses::kComma)) {
     return street + 1;
@@ -202,7 +202,7 @@ bool AddressReader::ReadGridNumber(int at) {
          ReadStreetBehindNumber(Group::kNumber4, at, lastDigits + 1, text_.SkipDigits(lastDigits));
 }
 
-// Reads the rest behind the longest number that ends in [shortest, longest] and leaves a street.
+// Reads the rest after the longest number that ends in [shortest, longest] and leaves a street.
 bool AddressReader::ReadStreetBehindNumber(Group group, int begin, int shortest, int longest) {
   for (int end = longest; end >= shortest; --end) {
     const int street = street_.BeginBehindNumber(end);

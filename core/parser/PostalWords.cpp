@@ -41,7 +41,7 @@ PostalWords::Steps PostalWords::TakeApart(std::wstring_view pattern) {
     } else if (pattern[i] == L'*') {
       steps.back().repeated = true;
     } else if (pattern[i] == L'(') {
-      const size_t inner = i + 3;  // behind "(?:"
+      const size_t inner = i + 3;  // after "(?:"
       i = pattern.find(L')', inner);
       std::vector<std::wstring> texts = {L""};
       for (const Step& step : TakeApart(pattern.substr(inner, i - inner))) {

@@ -7,7 +7,7 @@
 
 namespace postwright {
 
-// A text by what its characters are. At a place outside it, before or behind, stands nothing.
+// A text by what its characters are. At a place outside it, before or after, stands nothing.
 class ScannedText {
  public:
   explicit ScannedText(const CharacterClasses& classes) : classes_(classes) {}

@@ -8,7 +8,7 @@ constexpr int kNowhere = TailTable::kNowhere;
 
 }  // namespace
 
-// Where the street behind the number that ends at `at` begins: behind as much of the W there as
+// Where the street after the number that ends at `at` begins: after as much of the W there as
 // leaves a street to be read.
 int StreetReader::BeginBehindNumber(int at) const {
   if (at >= table_.End()) {
@@ -147,7 +147,7 @@ void StreetReader::ReadCityStateZip(int at) {
   ReadZip(text_.SkipNonWord(stateEnd));
 }
 
-// Reads the ZIP code and the W behind it, which belongs to the match.
+// Reads the ZIP code and the W after it, which belongs to the match.
 void StreetReader::ReadZip(int at) {
   int end = at + 5;
   const int addOn =

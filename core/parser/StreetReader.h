@@ -9,7 +9,7 @@
 namespace postwright {
 
 // Walks forward from a street to the end of its address, and captures what it passes: the half of
-// the patterns that stands behind the house number. The table says at each choice which way leads
+// the patterns that stands after the house number. The table says at each choice which way leads
 // to a match, so nothing here is tried and taken back.
 //
 // Borrows everything; `captures` is what it writes into.
@@ -19,14 +19,14 @@ class StreetReader {
                AddressCaptures& captures)
       : words_(words), table_(table), text_(text), captures_(captures) {}
 
-  // Where the street behind a number that ends at `at` begins; TailTable::kNowhere where none does
+  // Where the street after a number that ends at `at` begins; TailTable::kNowhere where none does
   // that leads to a match.
   int BeginBehindNumber(int at) const;
 
-  // Reads the street that begins at `at`, as BeginBehindNumber() gave it, and all behind it.
+  // Reads the street that begins at `at`, as BeginBehindNumber() gave it, and all after it.
   void Read(int at);
 
-  // Reads what stands behind a post-office box, and at the end of every form, from its first
+  // Reads what stands after a post-office box, and at the end of every form, from its first
   // character on.
   void ReadCityStateZip(int at);
   void ReadZip(int at);

@@ -26,7 +26,7 @@ bool TailTable::Build(std::wstring_view text) {
   return true;
 }
 
-// A ZIP code can only stand behind W that stands directly behind a state: the patterns want a word
+// A ZIP code can only stand after W that stands directly after a state: the patterns want a word
 // boundary at the state's end, and a digit beside a letter is none.
 void TailTable::FindStates() {
   states_.clear();
@@ -95,7 +95,7 @@ bool TailTable::HasStateBehind(int at) const {
   return place.Is(CharacterClasses::kNonWord) && (*this)[place.runEnd].stateEnd != kNowhere;
 }
 
-// Behind a unit there may be a comma, and there is W with the city behind it. The comma is itself a
+// After a unit there may be a comma, and there is W with the city after it. The comma is itself a
 // character of W, so whether it is taken first makes no difference.
 void TailTable::BuildUnit(int at) {
   Place& place = At(at);
@@ -118,7 +118,7 @@ void TailTable::BuildStreet(int at) {
   Place& place = At(at);
   const Place& next = At(at + 1);
   if (place.Is(CharacterClasses::kNonWord)) {
-    // A unit is looked for behind W alone.
+    // A unit is looked for after W alone.
     At(at + 1).startsSecondary = StartsSecondary(at + 1);
     place.tailBehind = next.tailBehind;
     if (place.tailBehind == kNowhere && (next.startsSecondary || next.cityEnd != kNowhere)) {

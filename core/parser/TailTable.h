@@ -12,7 +12,7 @@ namespace postwright {
 
 // For every place of a text and every piece of the street and box patterns: can the rest of the
 // pattern be matched from here, and where would the piece that begins here end? Built in one pass
-// from the end of the text to its beginning, each place from the place behind it.
+// from the end of the text to its beginning, each place from the place after it.
 //
 // "Greedy" and "lazy" are meant as in the patterns: of the places from which the rest can be
 // matched, a member holds the one that a backtracking engine tries first. W stands for a run of
@@ -23,22 +23,22 @@ class TailTable {
 
   struct Place {
     uint8_t flags = 0;                 // CharacterClasses
-    bool startsSecondary = false;      // SECONDARY, with W and the city behind it
-    bool startsSuffix = false;         // blanks and SUFFIX, with the rest behind them
-    bool endsStreet = false;           // the rest behind a street name of the last form
+    bool startsSecondary = false;      // SECONDARY, with W and the city after it
+    bool startsSuffix = false;         // blanks and SUFFIX, with the rest after them
+    bool endsStreet = false;           // the rest after a street name of the last form
     int runEnd = 0;                    // W: its end; here, where none begins
     int blankEnd = 0;                  // blanks: their end; here, where none begin
     int wordEnd = 0;                   // word characters: their end
-    int stateEnd = kNowhere;           // STATE, with W before it and W and a ZIP behind it
-    int cityEnd = kNowhere;            // CITY, lazy, with W and the state behind it
-    int cityBehind = kNowhere;         // W, greedy: where the city behind it begins
-    int unitNumberEnd = kNowhere;      // SECONDARYNUMBER2, greedy, with the rest behind it
-    int unitNumberBehind = kNowhere;   // \W*, greedy: where the unit's number behind it begins
-    int tailBehind = kNowhere;         // W, greedy: where the unit or the city behind it begins
-    int digitStreetEnd = kNowhere;     // STREET2, greedy, with POSTDIRECTIONAL1 behind it
-    int suffixedStreetEnd = kNowhere;  // STREET3, greedy, with SUFFIX2 behind it
+    int stateEnd = kNowhere;           // STATE, with W before it and W and a ZIP after it
+    int cityEnd = kNowhere;            // CITY, lazy, with W and the state after it
+    int cityBehind = kNowhere;         // W, greedy: where the city after it begins
+    int unitNumberEnd = kNowhere;      // SECONDARYNUMBER2, greedy, with the rest after it
+    int unitNumberBehind = kNowhere;   // \W*, greedy: where the unit's number after it begins
+    int tailBehind = kNowhere;         // W, greedy: where the unit or the city after it begins
+    int digitStreetEnd = kNowhere;     // STREET2, greedy, with POSTDIRECTIONAL1 after it
+    int suffixedStreetEnd = kNowhere;  // STREET3, greedy, with SUFFIX2 after it
     int plainStreetEnd = kNowhere;     // STREET4, lazy
-    int streetBehind = kNowhere;       // W, greedy: where one of these three behind it begins
+    int streetBehind = kNowhere;       // W, greedy: where one of these three after it begins
 
     bool Is(uint8_t flag) const { return (flags & flag) != 0; }
     bool StartsStreet() const {
@@ -51,22 +51,22 @@ class TailTable {
       : words_(words), classes_(classes) {}
 
   // Builds the table of `text`, which must outlive its use. Returns false, without building, where
-  // no state has a ZIP code behind it: then neither pattern matches anywhere.
+  // no state has a ZIP code after it: then neither pattern matches anywhere.
   bool Build(std::wstring_view text);
 
   // The place `at`, from 0 to End().
   const Place& operator[](int at) const { return places_[static_cast<size_t>(at)]; }
 
-  // Where the last state with a ZIP code behind it begins. Nothing can begin there or later.
+  // Where the last state with a ZIP code after it begins. Nothing can begin there or later.
   int End() const { return static_cast<int>(places_.size()) - 1; }
 
-  // Where the designator that SECONDARY takes at `at` ends: one with a number behind it, or one
+  // Where the designator that SECONDARY takes at `at` ends: one with a number after it, or one
   // that stands alone.
   int NumberedUnitEnd(int at) const;
   int PlainUnitEnd(int at) const;
 
   // The directional at `at`, and at the end of the blanks at `at`: where it ends, if it is a whole
-  // word with the unit or the city behind it.
+  // word with the unit or the city after it.
   int PostdirectionalEnd(int at) const;
   int PostdirectionalEndBehindBlanks(int at) const;
 

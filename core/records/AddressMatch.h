@@ -58,7 +58,7 @@ class POSTWRIGHT_CORE_EXPORT AddressMatch : public AddressFields {
   static bool IsPOBox(const std::wstring& recordType) { return recordType == L"P"; }
 
   // The operations below change the primary street line and nothing else. House numbers are put in
-  // front of the street and units behind it; box numbers are put behind the box text, and a box's
+  // front of the street and units after it; box numbers are put after the box text, and a box's
   // secondary range is left out: a box has no units.
 
   // Returns the candidate for display, its ranges written out: L"(100 - 198) MAIN ST (1A - 1F)".

@@ -48,7 +48,7 @@ bool IsLetter(const std::wstring& text) {
   return text.size() == 1 && text[0] >= L'A' && text[0] <= L'Z';
 }
 
-// Whether letters behind a number lie between those of the ends, of which each may be none.
+// Whether letters after a number lie between those of the ends, of which each may be none.
 bool LettersFit(const Number& number, const Number& low, const Number& high) {
   if (low.letters == high.letters) {
     return number.letters == low.letters || (low.letters.empty() && IsLetter(number.letters));

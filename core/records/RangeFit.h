@@ -24,7 +24,7 @@ enum RangeFit : std::int32_t {
 //   FitOfRange(L"121", L"100", L"198", AddressRangeTypeEven);   // RangeFitParity
 //   FitOfRange(L"1d", L"1A", L"1F", AddressRangeTypeNone);      // RangeFitInside
 //
-// One letter or a fraction behind a number does not take it out of a range of plain numbers, but
+// One letter or a fraction after a number does not take it out of a range of plain numbers, but
 // what stands before it, as the block of 112-10, must be that of the ends (USPS Publication 28,
 // appendix E). Ends that have no order stand for themselves alone. Pure, for any thread.
 POSTWRIGHT_CORE_EXPORT RangeFit FitOfRange(const std::wstring& value, const std::wstring& low,

@@ -24,7 +24,7 @@ POSTWRIGHT_CORE_EXPORT std::wstring TrimString(const std::wstring& text);
 // locale: the length never changes, and in the "C" locale only a to z do.
 POSTWRIGHT_CORE_EXPORT std::wstring ToUpper(const std::wstring& text);
 
-// Splits `text` at each line feed, carriage return, or carriage return with a line feed behind it.
+// Splits `text` at each line feed, carriage return, or carriage return with a line feed after it.
 // Lines are neither trimmed nor dropped, so a text that ends in a break ends in an empty line. The
 // empty text has no lines.
 POSTWRIGHT_CORE_EXPORT std::vector<std::wstring> SeparateStringToLines(const std::wstring& text);

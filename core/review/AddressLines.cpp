@@ -64,7 +64,7 @@ std::vector<AddressRun> FindInLabel(const std::wstring& text,
   return runs;
 }
 
-// The addresses in a label of one line, in which anything may stand behind the ZIP code.
+// The addresses in a label of one line, in which anything may stand after the ZIP code.
 std::vector<AddressRun> FindInOneLine(const std::wstring& text, const LabelPiece& line) {
   std::vector<AddressRun> runs;
   std::size_t tries = 0;

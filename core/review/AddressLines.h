@@ -17,12 +17,12 @@ enum AddressRespelling : std::int32_t {
   AddressRespellingState = 1,    // "D.C.", "N. Y.", "Calif.", MARSHALL ISLANDS: the two-letter code
   AddressRespellingComma = 2,    // a comma between state and ZIP code: left out
   AddressRespellingZip = 3,      // "787011234", "78701 - 1234", TX78701: with its hyphen or blank
-  AddressRespellingZipLine = 4,  // a ZIP code on a line of its own: behind the state
-  AddressRespellingUnitLine = 5,      // a unit above its street: behind it
+  AddressRespellingZipLine = 4,  // a ZIP code on a line of its own: after the state
+  AddressRespellingUnitLine = 5,      // a unit above its street: after it
   AddressRespellingUnit = 6,          // "2nd Floor", "Apt. #4": designator and number
   AddressRespellingBox = 7,           // "P.O.Box #12", "Post Office Box 12": PO BOX 12
   AddressRespellingHouseNumber = 8,   // "#12", "No. 12", "One Main St"; a fraction that is one
-                                      // character or stands behind a hyphen: 12 1/2; "352A", of
+                                      // character or stands after a hyphen: 12 1/2; "352A", of
                                       // which the grammar makes an apartment: 352-A, or 352 A where
                                       // there is a unit
   AddressRespellingMilitary = 9,      // a military unit and its box on two lines: on one
@@ -80,12 +80,12 @@ POSTWRIGHT_CORE_EXPORT const char* TextOfReason(LeftAloneReason reason);
 // is a house number and a street, a post-office box or a military unit: where a label has a street
 // and a box, the one directly above the last line is delivered to (USPS Publication 28, section
 // 211). A unit on a line of its own below or above the street belongs to it. The parser must read
-// the question as one address with nothing before or behind it, and the city as it stands on the
+// the question as one address with nothing before or after it, and the city as it stands on the
 // last line; where it does not, or where a label holds two addresses, the outcome is
 // AddressLinesUnclear.
 //
 // Lines are never cut in two, with two exceptions: a label that is written in one line, which is
-// cut in front of the address, and a name of the United States or anything else behind the ZIP code
+// cut in front of the address, and a name of the United States or anything else after the ZIP code
 // of a one-line label or of the last line, which is not asked about.
 //
 // A plain value, read from any thread. The constructor uses AddressParser::GetInstance(), and so
@@ -100,7 +100,7 @@ class POSTWRIGHT_CORE_EXPORT AddressLines {
   AddressLinesOutcome GetOutcome() const { return outcome_; }
   LeftAloneReason GetReason() const { return reason_; }
 
-  // The text above the address, the address, and the text below, as typed: one behind the other
+  // The text above the address, the address, and the text below, as typed: one after the other
   // they are the text. Unless the outcome is AddressLinesFound, the address is the whole text.
   const std::wstring& GetAbove() const { return above_; }
   const std::wstring& GetRun() const { return run_; }

@@ -9,7 +9,7 @@ namespace postwright {
 
 namespace {
 
-// The words [begin, end) of a text; where there are none, the place behind the word before.
+// The words [begin, end) of a text; where there are none, the place after the word before.
 CorrectionPart Part(std::wstring_view text, const std::vector<LabelWord>& words, std::size_t begin,
                     std::size_t end) {
   if (begin < end) {

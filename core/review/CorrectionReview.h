@@ -12,7 +12,7 @@
 namespace postwright {
 
 // A run of words in one of the two texts. Offsets count the elements of the wide string, code
-// points, from the beginning of the whole text; `end` is behind the last one. A run that goes over
+// points, from the beginning of the whole text; `end` is after the last one. A run that goes over
 // a line break begins on `line`.
 struct CorrectionPart {
   std::wstring text;      // as it stands there, first word to last; empty where there is none

@@ -27,7 +27,7 @@ constexpr RuleRow kRules[] = {
     {CorrectionRule::Word, "word", "word of the street in standard form"},
     {CorrectionRule::Spacing, "spacing", "written in one or apart"},
     {CorrectionRule::Accent, "accent", "accent"},
-    {CorrectionRule::UnitPlace, "unit-place", "unit behind the street"},
+    {CorrectionRule::UnitPlace, "unit-place", "unit after the street"},
     {CorrectionRule::UrbPlace, "urbanization-place", "order of a Puerto Rican address"},
     {CorrectionRule::SpellingOfStreet, "spelling", "spelling of the street"},
     {CorrectionRule::SpellingOfCity, "city-spelling", "spelling of the city"},

@@ -23,7 +23,7 @@ enum class CorrectionRule : std::int32_t {
   Word = 9,         // another word of the street written out or abbreviated
   Spacing = 10,     // MAC ARTHUR is MACARTHUR
   Accent = 11,      // an accent left out or put on
-  UnitPlace = 12,   // the unit behind its street; section 213
+  UnitPlace = 12,   // the unit after its street; section 213
   UrbPlace = 13,    // the urbanization on its own line, the house number in front; section 29
 
   // What the service knew.

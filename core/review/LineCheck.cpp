@@ -69,7 +69,7 @@ bool LineCheck::IsCutWithin(const AlignedPiece& piece) const {
          !isOneLine(corrected_, piece.correctedBegin, piece.correctedEnd);
 }
 
-// # 4 behind a street is a unit; 4 alone may be anything.
+// # 4 after a street is a unit; 4 alone may be anything.
 bool LineCheck::LosesUnitSign(const AlignedPiece& piece) const {
   const std::size_t at = piece.correctedBegin;
   if (!typed_.words[piece.typedBegin].afterNumberSign || corrected_.words[at].afterNumberSign ||
@@ -174,7 +174,8 @@ bool LineCheck::MayCut(const AlignedPiece& before, const AlignedPiece& piece) co
     const bool hasCity = std::find(roles.begin(), roles.end(), Role::City) != roles.end();
     return (IsLastLine(right) && hasCity) || right == Role::Urbanization;
   }
-  // In a label of one line nothing parts the name from the street. But PO, HC or BOX is no name.
+  // In a label of one line nothing separates the name from the street. But PO, HC or BOX is no
+  // name.
   static constexpr std::wstring_view kLeaders[] = {L"PO", L"O",   L"OFFICE", L"BOX",   L"HC",
                                                    L"RR", L"R",   L"RFD",    L"ROUTE", L"RTE",
                                                    L"C",  L"HCR", L"NO",     L"POB"};

@@ -51,7 +51,7 @@ struct Patterns {
                             LR"((?:\. ?| ?#|[ :-])(?:NO\.? ?|# ?)?(?:)" + number +
                             LR"(|[A-Z]{1,2})|)" + Designators() + LR"(\d[A-Z0-9-]*|# ?)" + number +
                             LR"(|# ?[A-Z]|)" + PlainDesignators() + L")";
-  // Two letters behind KEY are a word: Key West.
+  // Two letters after KEY are a word: Key West.
   const std::wstring key = LR"(KEY(?:\. ?| ?#|[ :-])(?:# ?)?(?:)" + number + LR"(|[A-Z]))";
   const std::wstring box =
       LR"((?:(?:P[. ]{0,2}O[. ]{0,2}|POST OFFICE )(?:BOX|DRAWER|LOCK ?BOX|CALLER|BIN)|POB|BOX|DRAWER|)"

@@ -12,9 +12,9 @@ namespace postwright {
 // What a line of a label can be, told from itself alone.
 enum class LineKind : std::uint8_t {
   kOther,            // a name, a company, a note
-  kHouse,            // a house number and something behind it
+  kHouse,            // a house number and something after it
   kHouseInWords,     // the same with the number in words: "One Main St", "Two 20th St"
-  kHouseBehind,      // a Spanish street with its number behind: "Calle Sol #288"
+  kHouseBehind,      // a Spanish street with its number after: "Calle Sol #288"
   kBlockHouse,       // a Spanish street by block or kilometre: "C10 Calle 6", "Carr 129 Km 20.1"
   kBox,              // a post-office box with a number
   kLetteredBox,      // a post-office box with a letter in its number
@@ -27,14 +27,14 @@ enum class LineKind : std::uint8_t {
 
 LineKind KindOf(const LabelPiece& piece);
 
-// Is the last word of `upper` a street suffix or a directional behind a name, or is there one with
-// a unit behind it? Such a line is a street's, and not a company's.
+// Is the last word of `upper` a street suffix or a directional after a name, or is there one with
+// a unit after it? Such a line is a street's, and not a company's.
 bool EndsAsStreet(const std::wstring& upper);
 
 // Is the last word of `upper` one that companies and institutions end with ("Inc", "Church")?
 bool EndsAsCompany(const std::wstring& upper);
 
-// Where in a line a house number, box, route or military unit begins behind words without digits;
+// Where in a line a house number, box, route or military unit begins after words without digits;
 // npos where none does.
 std::size_t FindDelivery(const LabelPiece& piece);
 

@@ -73,7 +73,7 @@ class LineRespeller {
     return std::move(line_);
   }
 
-  // "Calle Sol #288": in Puerto Rico the number may stand behind.
+  // "Calle Sol #288": in Puerto Rico the number may stand after.
   std::wstring RespellHouseBehind() {
     wsmatch match;
     const std::wstring upper = Upper();
@@ -119,7 +119,7 @@ class LineRespeller {
             L"FL " + number, AddressRespellingUnit);
   }
 
-  // Behind a street, the grammar takes KEY for a suffix and the number sign for the unit.
+  // After a street, the grammar takes KEY for a suffix and the number sign for the unit.
   void RespellKey() {
     wsmatch match;
     const std::wstring upper = Upper();
@@ -136,7 +136,7 @@ class LineRespeller {
     }
   }
 
-  // A fraction that is one character becomes three; one behind a hyphen would be cut at its stroke.
+  // A fraction that is one character becomes three; one after a hyphen would be cut at its stroke.
   void RespellFraction() {
     constexpr std::array kFractions = {L"1/4", L"1/2", L"3/4"};
     const std::size_t at = line_.find_first_of(L"\u00BC\u00BD\u00BE");
@@ -152,7 +152,7 @@ class LineRespeller {
     }
   }
 
-  // "352A": behind a hyphen the letter is known for the number's own, and not for an apartment's.
+  // "352A": after a hyphen the letter is known for the number's own, and not for an apartment's.
   void RespellLetter() {
     wsmatch match;
     const std::wstring upper = Upper();
@@ -195,7 +195,7 @@ class LineRespeller {
                : std::wstring();
   }
 
-  // Behind the house number, and in front of a name: NORTH EAST ST is in the north.
+  // After the house number, and in front of a name: NORTH EAST ST is in the north.
   static bool StandsInFront(const std::vector<std::wstring_view>& words, std::size_t at) {
     const bool behindNumber =
         std::all_of(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(at),
@@ -218,7 +218,7 @@ class LineRespeller {
            });
   }
 
-  // Behind a suffix or a numbered road, and at the end or in front of a unit.
+  // After a suffix or a numbered road, and at the end or in front of a unit.
   static bool StandsBehind(const std::wstring& line, const std::vector<std::wstring_view>& words,
                            std::size_t at) {
     const WordForms& forms = WordForms::Get();

@@ -45,7 +45,7 @@ class RoleFinder {
  private:
   const std::wstring& Text(std::size_t i) const { return words_[i].text; }
 
-  // The line that ends behind its last word, `end` - 1.
+  // The line that ends after its last word, `end` - 1.
   Range LineBefore(std::size_t end) const {
     std::size_t begin = end;
     while (begin > 0 && words_[begin - 1].line == words_[end - 1].line) {
@@ -170,7 +170,7 @@ class RoleFinder {
     ReadStreet({street, unit});
   }
 
-  // Where the units of a line begin; `rest` is the line behind the house number.
+  // Where the units of a line begin; `rest` is the line after the house number.
   std::size_t FindUnit(Range rest) const {
     const WordForms& forms = WordForms::Get();
     for (std::size_t i = rest.begin + 1; i < rest.end; ++i) {

@@ -33,7 +33,7 @@ inline bool IsLastLine(Role role) {
 
 // Returns the role of each word of a label: the last line that ends in state and ZIP code is the
 // last line of the address, the line above it the delivery line; in a label of one line a comma
-// parts the two. Where there is no such line, all words are names.
+// separates the two. Where there is no such line, all words are names.
 std::vector<Role> FindRoles(const std::vector<LabelWord>& words);
 
 }  // namespace postwright

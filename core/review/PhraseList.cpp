@@ -218,7 +218,7 @@ class PhraseFinder {
     }
   }
 
-  // Words of a highway's name and its number or letter behind them; I-10 in one.
+  // Words of a highway's name and its number or letter after them; I-10 in one.
   void FindHighway() {
     std::wstring_view kind;
     for (std::size_t i = 0; i < Left(); ++i) {

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::wstring_view kPunctuation = L" ,.;:()-";
 constexpr std::wstring_view kDashes = L"-\u2010\u2011\u2012\u2013\u2014\u2212";
-constexpr std::size_t kLongestEnd = 60;  // of characters behind the state's name, at the most
+constexpr std::size_t kLongestEnd = 60;  // of characters after the state's name, at the most
 
 std::wstring_view DigitsAtEnd(std::wstring_view text) {
   std::size_t begin = text.size();
@@ -27,7 +27,7 @@ std::wstring_view DigitsAtEnd(std::wstring_view text) {
   return text.substr(begin);
 }
 
-// The digits of a ZIP code whose add-on `text` ends with a dash or a blank behind: "78701 - ".
+// The digits of a ZIP code whose add-on `text` ends with a dash or a blank after: "78701 - ".
 std::wstring_view ZipInFrontOfAddOn(std::wstring_view text) {
   std::wstring_view front = TrimEnd(text, L" ");
   if (!front.empty() && kDashes.find(front.back()) != kDashes.npos) {

@@ -32,7 +32,7 @@ std::wstring FirstDigits(std::wstring_view text) {
 
 }  // namespace
 
-// Puts the question together. A comma behind the street tells the grammar where the city begins
+// Puts the question together. A comma after the street tells the grammar where the city begins
 // ("12 Hill Ave / Glen Burnie", where Glen can be a suffix); one in front of the unit tells where
 // the street ends. Of several units the grammar reads the last alone: the others stay with the
 // street, and so does whatever else a comma sets apart there.

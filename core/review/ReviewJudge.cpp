@@ -153,7 +153,7 @@ class Judge {
     }
   }
 
-  // A unit that was typed in front of its street or on a line of its own goes behind it, or its
+  // A unit that was typed in front of its street or on a line of its own goes after it, or its
   // street in front of it; in Puerto Rico the house number goes in front and the urbanization on
   // its line.
   CorrectionRule MoveRule(const AlignedPiece& from, const AlignedPiece& to) const {
@@ -177,7 +177,7 @@ class Judge {
     const bool isWhole = change.typedEnd - change.typedBegin > 1 || IsPlainUnit(change);
     return word.afterNumberSign || (isWhole && !WordForms::Get().Unit(word.text).empty());
   }
-  // Whether nothing of the delivery line stands behind, but for another unit.
+  // Whether nothing of the delivery line stands after, but for another unit.
   bool EndsUnit(const AlignedPiece& change) const {
     const std::size_t next = change.correctedEnd;
     return next == corrected_.roles.size() || !IsDeliveryLine(corrected_.roles[next]) ||

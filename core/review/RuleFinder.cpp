@@ -204,7 +204,7 @@ bool RuleFinder::IsNoiseWord(const AlignedPiece& change) const {
          change.typedEnd < typed_.words.size() && HasDigit(typed_.words[change.typedEnd].text);
 }
 
-// The same words stand right in front of the added ones, or right behind them.
+// The same words stand right in front of the added ones, or right after them.
 bool RuleFinder::IsDoubled(const AlignedPiece& change) const {
   const std::vector<LabelWord>& words = corrected_.words;
   const std::size_t begin = change.correctedBegin;

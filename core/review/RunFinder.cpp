@@ -241,7 +241,7 @@ bool RunFinder::HasStreetAbove(std::size_t at) const {
   return false;
 }
 
-// A box behind its route, on the same line or the next.
+// A box after its route, on the same line or the next.
 bool RunFinder::IsRouteAt(std::size_t at) const {
   const bool isBox = kind_ == LineKind::kBox || kind_ == LineKind::kLetteredBox;
   return kind_ == LineKind::kRoute || (isBox && at > 0 && line_.upper.starts_with(L"BOX") &&
@@ -273,7 +273,7 @@ bool RunFinder::IsDoubtful() const {
 }
 
 std::optional<AddressRun> RunFinder::Ask() {
-  if (kind_ == LineKind::kBox) {  // the grammar knows no unit behind a box
+  if (kind_ == LineKind::kBox) {  // the grammar knows no unit after a box
     between_.insert(between_.end(), units_.begin(), units_.end());
     std::sort(
         between_.begin(), between_.end(),

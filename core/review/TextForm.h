@@ -18,7 +18,7 @@ POSTWRIGHT_CORE_EXPORT std::wstring Composed(std::wstring_view text);
 // Returns the lines of an address without the punctuation that USPS Publication 28 leaves out
 // (sections 354 and D1), blanks reduced to one: the hyphen beside a digit (12-34, ZIP+4), the slash
 // between two letters or digits, the point between digits (39.2 RD), "#" and "&" stay; an
-// apostrophe and the points of initials go; any other sign parts words.
+// apostrophe and the points of initials go; any other sign separates words.
 POSTWRIGHT_CORE_EXPORT std::wstring Postal(std::wstring_view address);
 
 // Returns `corrected` with those lines above and below its address as they stand in `typed` that

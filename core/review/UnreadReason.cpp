@@ -34,7 +34,7 @@ constexpr Row kRows[] = {
     {UnreadCauseShortZip, "zip-short",
      "The ZIP code has four digits; in this state it begins with 0. Put the 0 back."},
     {UnreadCauseNoZip, "zip-missing",
-     "There is no ZIP code. Write its five digits behind the state."},
+     "There is no ZIP code. Write its five digits after the state."},
     {UnreadCauseNoState, "state-missing",
      "There is no state in front of the ZIP code. Write its two letters there."},
     {UnreadCauseNumberInWords, "number-in-words",

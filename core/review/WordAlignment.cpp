@@ -284,7 +284,7 @@ class WordAligner {
     }
   }
 
-  // Whether punctuation alone parts the words of either side.
+  // Whether punctuation alone separates the words of either side.
   static bool IsGlued(const std::vector<LabelWord>& typed, std::size_t i, std::size_t typedCount,
                       const std::vector<LabelWord>& corrected, std::size_t j,
                       std::size_t correctedCount) {

@@ -120,7 +120,7 @@ void askServer(const QString& server) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   // The library reads letters by the character locale, which is the host's to set: UTF-8, before
-  // the first fix and behind the application, which takes the environment's.
+  // the first fix and after the application, which takes the environment's.
   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QCommandLineParser parser;
   addOptions(parser);

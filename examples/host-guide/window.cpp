@@ -101,7 +101,7 @@ void fixWithDirectory(QList<Contact>& contacts) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  // Behind the application, which sets the C library's locale from the environment.
+  // After the application, which sets the C library's locale from the environment.
   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   if (argc != 2) {
     QTextStream(stderr) << "usage: guide-window HOST:PORT\n";

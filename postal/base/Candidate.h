@@ -32,7 +32,7 @@ struct Candidate {
   std::string state;
   std::string zip5;
   CandidateSpan primary;    // in front of the street
-  CandidateSpan secondary;  // behind it
+  CandidateSpan secondary;  // after it
   char recordType = 'S';    // S a street, H a building with units, P a box, as in ZIP+4 files
 
   bool operator==(const Candidate&) const = default;

@@ -9,7 +9,7 @@
 namespace postwright::postal {
 
 // A standard house number in its parts: what stands before the number that counts, the number, and
-// what stands behind it. 112-10 is {"112-", 10}, 12A is {"", 12, "A"}, N6W23001 {"N6W", 23001}.
+// what stands after it. 112-10 is {"112-", 10}, 12A is {"", 12, "A"}, N6W23001 {"N6W", 23001}.
 struct HouseNumber {
   std::string prefix;
   int64_t value = 0;
@@ -37,7 +37,7 @@ struct NumberRange {
                                          std::string_view parity);
 
   // Says whether a house of that number lies in the range (USPS Publication 28, appendix E). One
-  // letter behind a number and a fraction do not take it out of a range of plain numbers, as long
+  // letter after a number and a fraction do not take it out of a range of plain numbers, as long
   // as it is not beyond the end: 102B is in 100 to 198, 99 1/2 not in 1 to 99. In a range with
   // letters the pattern must be the same: 15A is in 10A to 20A, 115D in 115C to 115F.
   bool Holds(const HouseNumber& number) const;

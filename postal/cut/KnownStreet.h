@@ -14,7 +14,7 @@ namespace postwright::postal {
 bool KnowsStreet(JoinedReader& reader, const std::string& zip5, const std::string& state,
                  const Words& line);
 
-// Joins a house number and the letter behind it where the base has the street with both as one
+// Joins a house number and the letter after it where the base has the street with both as one
 // alone: 356 A LINCOLN WAY is 356A LINCOLN WAY. Returns false where nothing was done.
 bool JoinKnownLetter(JoinedReader& reader, const std::string& zip5, const std::string& state,
                      Words& line);

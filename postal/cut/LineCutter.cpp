@@ -94,7 +94,7 @@ std::optional<CutAddress> LineCutter::CutWithoutCity(const Question& question) c
              : Compose(street, street.words.size(), "");
 }
 
-// A line break within the city: the last line begins behind it.
+// A line break within the city: the last line begins after it.
 std::optional<CutAddress> LineCutter::CutAtBreak(const Question& question) {
   Lines middle(question.cityLines.begin(), question.cityLines.end() - 1);
   Lines behind(question.lines.begin() + 1, question.lines.end());
@@ -216,7 +216,7 @@ std::optional<size_t> LineCutter::FindCut(const Question& question) const {
   });
 }
 
-// An apartment's letter behind words of the city was behind the house number.
+// An apartment's letter after words of the city was after the house number.
 std::optional<CutAddress> LineCutter::CutBeforeLetter(const Question& question) const {
   constexpr size_t kUnit = 2;
   const std::string letter = LetterAtEnd(question.lines[0].words);

@@ -36,7 +36,7 @@ bool EndsInType(Words words) {
   return !lexicon.Suffix(words.back()).empty() || lexicon.IsOtherType(words.back());
 }
 
-// `street` was cut behind a directional and a suffix, or is named by them: 12 E CT.
+// `street` was cut after a directional and a suffix, or is named by them: 12 E CT.
 LinePlace PlaceBehindCut(const Words& street, const Words& words) {
   const Lexicon& lexicon = Lexicon::Get();
   const bool isWhole = lexicon.IsPlainType(lexicon.Suffix(street.back()));

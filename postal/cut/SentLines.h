@@ -29,12 +29,12 @@ enum class LinePlace {
   Unsure,
 };
 
-// Decides on words that came between the delivery line and the city, behind a break within the
+// Decides on words that came between the delivery line and the city, after a break within the
 // city's field: the street may have been cut too early, and they are the rest of it, or they are a
 // line of their own.
 LinePlace PlaceBehind(const Words& street, const Words& words, std::string_view state);
 
-// Decides on a line that came behind the delivery line, set apart from it by a line break.
+// Decides on a line that came after the delivery line, set apart from it by a line break.
 LinePlace PlaceOfNext(const Words& words);
 
 // Returns which of the lines above a military last line is the first of its delivery line: what

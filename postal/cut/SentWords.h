@@ -10,7 +10,7 @@
 namespace postwright::postal {
 
 // What the sender's parser made of words, and what they were before. It abbreviates what it takes
-// for a suffix, a directional or a unit's designator, and writes the letter or digit behind a house
+// for a suffix, a directional or a unit's designator, and writes the letter or digit after a house
 // number as an apartment. Pure functions, for any thread.
 
 // The words from one on, and those in front of one.
@@ -22,8 +22,8 @@ void Append(Words& words, const Words& more);
 // word that was read as a unit (STE LLA NIAGARA, FRNT ROYAL).
 bool AreCity(const Words& words, const std::string& name);
 
-// Joins the words that stand behind the delivery line to it. Of a street that the parser took to be
-// named by a directional (6101 S MSN, and WAY behind it) the type is spelled out again: 6101 S
+// Joins the words that stand after the delivery line to it. Of a street that the parser took to be
+// named by a directional (6101 S MSN, and WAY after it) the type is spelled out again: 6101 S
 // MISSION WAY. nullopt where it could have been several words (LN is LANE and LA).
 std::optional<Words> JoinStreet(const Words& line, const Words& behind);
 
@@ -34,7 +34,7 @@ bool IsCutAtType(const Words& line);
 // Says whether the parser may have abbreviated the word, so that what it was is not known.
 bool MayBeAbbreviated(const std::string& word);
 
-// Puts what stood behind the house number there again where that is certain:
+// Puts what stood after the house number there again where that is certain:
 //
 //   352 LINCOLN WAY APT -B           352B LINCOLN WAY
 //   193 ORCHARD DR APT -6            193-6 ORCHARD DR
@@ -49,7 +49,7 @@ std::string RestoreNumber(std::string_view folded);
 //   680 CALLE LAS FL ES         680 CALLE LAS FLORES
 Words RestoreName(Words line);
 
-// Returns the letter of an APT at the line's end, which the parser writes there also for one behind
+// Returns the letter of an APT at the line's end, which the parser writes there also for one after
 // the house number; empty for any other line.
 std::string LetterAtEnd(const Words& line);
 

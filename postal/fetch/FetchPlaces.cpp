@@ -14,7 +14,7 @@ constexpr size_t kStateDigits = 2;
 constexpr size_t kCountyDigits = 5;
 constexpr size_t kMostNamed = 8;  // of counties that have a name in common
 
-// What stands behind the name of a county and its like.
+// What stands after the name of a county and its like.
 constexpr std::string_view kKinds[] = {" COUNTY",           " PARISH",          " BOROUGH",
                                        " CENSUS AREA",      " MUNICIPALITY",    " MUNICIPIO",
                                        " CITY AND BOROUGH", " PLANNING REGION", " CITY"};

@@ -89,7 +89,7 @@ class BodyTaker {
 };
 
 // Says whether the part is the whole file, as far as its size tells: all came, or there is no rest
-// (status 416), since an earlier fetch ended behind the last byte.
+// (status 416), since an earlier fetch ended after the last byte.
 bool IsWhole(const HttpFetch::Reply& reply, const BodyTaker& taker, const FilePart& part) {
   if (reply.status == 416 && part.Size() > 0) {
     return reply.head.Find("Content-Range") == "bytes */" + std::to_string(part.Size());

@@ -30,7 +30,7 @@ struct FileBounds {
 // Fetches a file into a folder, unless it is there.
 //
 // It is there under its name once it is whole and was checked; until then it is NAME.part, beside
-// which NAME.part-of says which version that is. What was begun goes on behind its last byte (RFC
+// which NAME.part-of says which version that is. What was begun goes on after its last byte (RFC
 // 9110, section 14) if the server still has that version, and otherwise from the beginning.
 //
 // `onBytes` is told how many bytes there are and how many there will be, 0 where the server does

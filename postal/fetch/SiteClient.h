@@ -26,7 +26,7 @@ std::string CheckOrigin(const std::string& origin);
 // How long is waited, and how what happens is told.
 struct FetchManners {
   std::chrono::seconds pause{1};      // between two requests
-  std::chrono::seconds firstWait{5};  // behind one that failed; each further wait is twice as long
+  std::chrono::seconds firstWait{5};  // after one that failed; each further wait is twice as long
   std::chrono::seconds longestWait{600};
   int tries = 8;
   // Waits; returns false where the user has stopped it.
@@ -52,7 +52,7 @@ class SiteClient {
   enum class Missing { Fails, IsNone };
   std::optional<std::string> Page(const std::string& path, Missing missing);
 
-  // Asks once, behind a pause. `bytes` bounds what may come. Throws FetchError where it leads away
+  // Asks once, after a pause. `bytes` bounds what may come. Throws FetchError where it leads away
   // and FetchStopped.
   HttpFetch::Reply Ask(const std::string& url, std::vector<std::string> headers, size_t bytes,
                        const HttpSink& sink);

@@ -56,7 +56,7 @@ enum class Earlier { GoOn, Discard };
 //   builder.Finish();
 //
 // Rows are gathered in FILE.import. What Save has told is kept there, whatever ends the process:
-// the next builder for the same base and job goes on behind it. Finish sorts all rows into
+// the next builder for the same base and job goes on after it. Finish sorts all rows into
 // FILE.import-new, which takes the place of FILE in one step; a service that has the old one open
 // reads on in that.
 //

@@ -10,7 +10,7 @@ namespace postwright::postal {
 namespace {
 
 constexpr size_t kBuffer = size_t{1} * 1024 * 1024;
-constexpr size_t kKept = kBuffer / 4;  // of what was read, behind which Fill reads on
+constexpr size_t kKept = kBuffer / 4;  // of what was read, after which Fill reads on
 constexpr int kMostBeginnings = 20;
 
 }  // namespace

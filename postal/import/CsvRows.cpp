@@ -59,7 +59,7 @@ bool CsvRows::Next() {
   const RowPlace begin = Place();
   bool hasPassed = false;
   bool isRead = ReadRow(&hasPassed);
-  if (hasPassed) {  // it is closed behind what was passed over: that is part of it
+  if (hasPassed) {  // it is closed after what was passed over: that is part of it
     GoTo(begin);
     isRead = ReadRow(nullptr);
   }

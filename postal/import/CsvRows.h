@@ -63,7 +63,7 @@ class CsvRows {
   std::string mark_;  // of byte order, at the beginning of the file
   bool isUtf16_ = false;
   int ahead_ = 0;         // the byte at position_, or the unit of UTF-16; kEnd at the end
-  int64_t position_ = 0;  // behind the lines that were read
+  int64_t position_ = 0;  // after the lines that were read
   int64_t line_ = 1;
   std::string text_;  // the line that was read last
   csv_parser parser_{};

@@ -62,7 +62,7 @@ DbfTable::DbfTable(std::unique_ptr<ByteStream> stream, std::string name)
 }
 
 void DbfTable::ReadFields(std::string_view descriptions) {
-  size_t offset = 1;  // behind the mark of a deleted record
+  size_t offset = 1;  // after the mark of a deleted record
   for (; descriptions.size() > kDescription && descriptions[0] != kEndOfFields;
        descriptions.remove_prefix(kDescription)) {
     const std::string_view name = descriptions.substr(0, kFieldName);

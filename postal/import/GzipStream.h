@@ -11,7 +11,7 @@
 
 namespace postwright::postal {
 
-// What gzip (RFC 1952) has packed, unpacked as it is read; several packed files one behind the
+// What gzip (RFC 1952) has packed, unpacked as it is read; several packed files one after the
 // other are one, as for gunzip. Memory is that of the window, whatever it unpacks to.
 class GzipStream : public ByteStream {
  public:

@@ -34,7 +34,7 @@ class RowSource {
   virtual ~RowSource() = default;
 
   // Reads the next row; false at the end. Throws RowError for a row that is none, after which the
-  // next call goes on behind it, and SourceError where the file cannot be read.
+  // next call goes on after it, and SourceError where the file cannot be read.
   virtual bool Next(AddressRow& row) = 0;
 
   // What the file's format is called, as the base keeps it: "TIGER/Line ADDRFEAT".

@@ -21,7 +21,7 @@ struct SourceFile {
 // Returns the files that `path` stands for, at least one, in the order of their names.
 //
 // A folder stands for those in it and in its folders whose names end as such files do: ".zip",
-// ".dbf", ".geojson", ".csv", the latter two also with ".gz" behind, in any case of the letters. A
+// ".dbf", ".geojson", ".csv", the latter two also with ".gz" after, in any case of the letters. A
 // ZIP archive, whatever it is called, stands for the table in it (.dbf), or else for all of its
 // GeoJSON files, or for all of its CSV files, or for the largest text (.txt) in it. Empty files
 // within stand for nothing. Any other path is one file, also where nothing is there: opening it

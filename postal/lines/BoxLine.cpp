@@ -66,7 +66,7 @@ std::string WithoutLeadingZeros(const std::string& number) {
   return first == std::string::npos || !IsDigit(number[first]) ? number : number.substr(first);
 }
 
-// Reads "BOX n" at `at`; moves `at` behind it. Returns the number, empty where there is no box.
+// Reads "BOX n" at `at`; moves `at` past it. Returns the number, empty where there is no box.
 std::string TakeBox(const Words& words, size_t& at) {
   const size_t box = LongestPhrase(words, at, kBox);
   const size_t number = at + box + NumberSignLength(words, at + box);

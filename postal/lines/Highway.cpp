@@ -23,7 +23,7 @@ struct HighwayRow {
   Numbered numbered;
 };
 
-// A phrase that begins like a longer one stands behind it. Written forms are those of ShortForm.
+// A phrase that begins like a longer one stands after it. Written forms are those of ShortForm.
 constexpr HighwayRow kHighways[] = {
     {"COUNTY HWY", "COUNTY HIGHWAY", Numbered::ByEither},
     {"COUNTY RD", "COUNTY ROAD", Numbered::ByEither},
@@ -80,7 +80,7 @@ bool IsRoadNumber(const std::string& word, Numbered numbered) {
          (numbered != Numbered::ByDigits && IsRoadLetter(word));
 }
 
-// Parts a directional from an interstate's number: 35N -> 35 N.
+// Separates a directional from an interstate's number: 35N -> 35 N.
 void PartDirection(Words& name) {
   const std::string number = name[1];
   const std::string digits = number.substr(0, number.size() - 1);
@@ -90,7 +90,7 @@ void PartDirection(Words& name) {
   }
 }
 
-// Parts a road's letters from its number: "I-10" "I10" -> I 10, and "TX-71" in Texas.
+// Separates a road's letters from its number: "I-10" "I10" -> I 10, and "TX-71" in Texas.
 void PartNumber(Words& name, std::string_view state) {
   static constexpr std::string_view kGlued[] = {"CR",  "FM", "HWY", "I",   "IH", "RT",
                                                 "RTE", "SH", "SR",  "TSR", "US"};

@@ -35,7 +35,7 @@ std::string WithoutHyphenBehindLetter(const std::string& number) {
              : number;
 }
 
-// "BLQ 199 CASA 31", in front or behind the street, becomes the number 199-31 in front, "BLQ A CASA
+// "BLQ 199 CASA 31", in front or after the street, becomes the number 199-31 in front, "BLQ A CASA
 // 5" A5.
 void JoinBlock(Words& words) {
   const auto block = std::find_if(words.begin(), words.end(),

@@ -76,7 +76,7 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
     }
   }
   if (auto box = ReadPostOfficeBox(words)) {
-    // What stands behind a box may be a second address: it stays on the line (section 215).
+    // What stands after a box may be a second address: it stays on the line (section 215).
     const Words rest = ReadSecondLine(box->aside, state);
     box->line.insert(box->line.end(), rest.begin(), rest.end());
     return BoxLine{box->line, {}};

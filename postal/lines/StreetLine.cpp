@@ -108,7 +108,7 @@ Words TakeNumber(Words& words, bool puertoRico) {
   return number;
 }
 
-// Moves units that were written in front of the house number behind the street: APT 4 12 MAIN ST.
+// Moves units that were written in front of the house number after the street: APT 4 12 MAIN ST.
 void MoveLeadingUnits(Words& words) {
   size_t number = 0;
   while (number + 1 < words.size() && !Lexicon::Get().NumberedUnit(words[number]).empty()) {
@@ -126,7 +126,7 @@ std::string Combine(std::string_view first, std::string_view second) {
   return makesOne ? std::string(first) + std::string(second) : std::string();
 }
 
-// Reads the street's name with what stands before and behind it.
+// Reads the street's name with what stands before and after it.
 class NameReader {
  public:
   NameReader(Words words, std::string_view state, StreetLine& line)
@@ -191,7 +191,7 @@ class NameReader {
           std::move(rest_);  // NORTH LAKE, SOUTH WEST: which of them is the name is not certain
       return false;
     }
-    // One written out behind one that is not is the name, as in S WEST TEMPLE.
+    // One written out after one that is not is the name, as in S WEST TEMPLE.
     const bool alike = (rest_[0].size() == 1) == (rest_[1].size() == 1);
     const std::string both =
         alike ? Combine(Direction(rest_[0]), Direction(rest_[1])) : std::string();
@@ -242,7 +242,7 @@ class NameReader {
     }
   }
 
-  // A number behind the street that no word announces: 12 MAIN ST 4B. Behind ROAD, LOOP and their
+  // A number after the street that no word announces: 12 MAIN ST 4B. After ROAD, LOOP and their
   // like it may as well be the road's own, as in PRIVATE ROAD 5.
   void TakeBareUnit() {
     static constexpr std::string_view kTypes[] = {"AVE",  "BLVD", "CIR", "CT",  "DR", "LN",

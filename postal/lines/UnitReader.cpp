@@ -155,7 +155,7 @@ class LastUnit {
   }
 
   // The standard form of the designator `n` words from the end. KEY is a street type as well, and
-  // one with a letter is a unit behind a street or a numbered road alone.
+  // one with a letter is a unit after a street or a numbered road alone.
   std::string_view Designator(size_t n) const {
     const std::string& word = FromEnd(n);
     if (word == "#") {
@@ -168,7 +168,7 @@ class LastUnit {
     return Lexicon::Get().NumberedUnit(word);
   }
 
-  // Says whether the words in front of the last `n` end a road: ST, a number, or behind a name any
+  // Says whether the words in front of the last `n` end a road: ST, a number, or after a name any
   // other suffix.
   bool IsBehindRoad(size_t n) const {
     return Size() > n && (EndsRoad(FromEnd(n + 1)) ||

@@ -12,7 +12,7 @@ namespace postwright::postal {
 // The first `kept` words are never part of a unit, since the street needs a name.
 //
 // USPS Publication 28, appendix C2 and section 213. A word such as FRONT or SIDE that may end a
-// street's name counts as a unit behind a plain street type alone ("12 MAIN ST FRONT", but "12
+// street's name counts as a unit after a plain street type alone ("12 MAIN ST FRONT", but "12
 // OCEAN FRONT"). A second address that names a box ends the line like a unit: "PO BOX 12".
 Words TakeUnits(Words& words, size_t kept);
 

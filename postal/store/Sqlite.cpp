@@ -77,7 +77,7 @@ SqliteFile SqliteFile::OpenUnchanging(const std::filesystem::path& file) {
 }
 
 SqliteFile SqliteFile::OpenImage(std::span<unsigned char> image, std::string name) {
-  constexpr size_t kWriteVersion = 18;  // of the file format, and behind it the read version
+  constexpr size_t kWriteVersion = 18;  // of the file format, and after it the read version
   constexpr size_t kHeader = 100;
   if (image.size() >= kHeader) {
     image[kWriteVersion] = image[kWriteVersion + 1] = 1;  // there is no WAL beside an image

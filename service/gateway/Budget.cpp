@@ -48,7 +48,7 @@ std::string Budget::Format(const Rate& rate) {
   return text + std::to_string(rate.stretch.count()) + 's';
 }
 
-// The window at any moment holds the calls of the stretch before it, so the call behind n others
+// The window at any moment holds the calls of the stretch before it, so the call after n others
 // comes when the one that stands `calls` places before it leaves.
 Clock::Time Budget::WhenFree(Clock::Time now, size_t ahead) {
   if (!rate_) {

@@ -17,7 +17,7 @@ namespace postwright::service {
 //   Budget budget(Budget::Rate{60, std::chrono::hours(1)});
 //   if (budget.WhenFree(now, 0) <= now) { budget.Take(now); … }
 //
-// A sliding window: every call is remembered until the stretch has passed behind it. A bucket that
+// A sliding window: every call is remembered until the stretch has passed after it. A bucket that
 // refills would let twice the number through in the hour that begins with a full one, and an
 // upstream that counts by the clock hour and one that counts the last hour both refuse that; a
 // window keeps within either. For one thread at a time.

@@ -203,7 +203,7 @@ std::optional<ServiceFault> Gateway::MakeRoom(const std::string& asker, Clock::T
   return std::nullopt;
 }
 
-// Why the call behind `ahead` others cannot be made in time.
+// Why the call after `ahead` others cannot be made in time.
 ServiceFault Gateway::Blocked(Clock::Time now, size_t ahead) {
   return TurnAway(pace_.ReasonAt(now, ahead), pace_.ReadyAt(now, ahead));
 }

@@ -19,7 +19,7 @@ class Pace {
  public:
   explicit Pace(Budget budget) : budget_(std::move(budget)) {}
 
-  // Returns when the call behind `ahead` others can be made: `now` if at once.
+  // Returns when the call after `ahead` others can be made: `now` if at once.
   Clock::Time ReadyAt(Clock::Time now, size_t ahead);
 
   // Returns why it cannot be made earlier.

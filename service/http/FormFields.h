@@ -9,8 +9,8 @@
 
 namespace postwright::service {
 
-// The fields of a query or of a form's body: `name=value` parted by `&`, percent escapes, `+` for a
-// blank. A `%` that no two hexadecimal digits follow stands for itself.
+// The fields of a query or of a form's body: `name=value` separated by `&`, percent escapes, `+`
+// for a blank. A `%` that no two hexadecimal digits follow stands for itself.
 //
 //   FormFields("API=Verify&XML=%3Ca/%3E").Find("xml");   // "<a/>"
 class FormFields {

@@ -152,7 +152,7 @@ class HttpServer::Impl {
     }
   }
 
-  // Called once when the headers are there, again for each piece of the body, once more behind it,
+  // Called once when the headers are there, again for each piece of the body, once more after it,
   // and again when a connection wakes: then the answer is due.
   static MHD_Result OnRequest(void* self, MHD_Connection* connection, const char*,
                               const char* method, const char* version, const char* data,

@@ -23,8 +23,8 @@ struct UpstreamParts {
 // A kind of service that can be asked.
 struct UpstreamKind {
   std::string_view name;    // as the command line has it: "postal-v3"
-  const char* description;  // for the help, behind the name
-  bool takesHost;           // HOST[:PORT] stands behind the name; else it has a place of its own
+  const char* description;  // for the help, after the name
+  bool takesHost;           // HOST[:PORT] stands after the name; else it has a place of its own
   const char* url;          // that place; "" where it takes a host
   // Returns the URL that `text` means. Throws std::invalid_argument, whose what() says what would
   // be right.

@@ -39,7 +39,7 @@ class VCardFileTest : public QObject {
 void VCardFileTest::reads_data() {
   QTest::addColumn<QByteArray>("version");
   QTest::addColumn<QByteArray>("lines");
-  QTest::addColumn<QString>("labels");  // parted by a bar
+  QTest::addColumn<QString>("labels");  // separated by a bar
   QTest::newRow("composed") << QByteArray("4.0")
                             << QByteArray(
                                    "FN:Jane Doe\r\nORG:ABC\\, Inc.;North\r\nADR:;;12 Main St,Apt "

@@ -95,7 +95,7 @@ TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
   }
 }
 
-// A silent label holds up what stands behind it, and nothing that stands before it. A killed
+// A silent label holds up what stands after it, and nothing that stands before it. A killed
 // process leaves no worker that runs on.
 TEST_F(FixStreamTest, EndsWithItsWorkers) {
   WriteFile(folder_.File("labels"), LabelLine(1) + LabelLine(kSilentNumber) + LabelLine(2));

@@ -90,7 +90,7 @@ void FixTest::textThatIsNotAsciiGoesThroughWhole() {
                                   "austin tx 78701\nBÊN CẠNH NHÀ THỜ"_qs),
            std::optional(u"NGUYỄN THI\u0323 ÁNH \U0001F600\U00020BB7\n12 MAIN ST NE\n"
                          "PEÑA, TX 78701-1234\nBÊN CẠNH NHÀ THỜ"_qs));
-  // A NUL ends the core's strings; what stands behind it is not lost.
+  // A NUL ends the core's strings; what stands after it is not lost.
   QCOMPARE(client.fixAddressQuick(u"A"_qs + QChar(u'\0') + u"B\n12 main st\naustin tx 78701"_qs),
            std::optional(u"AB\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs));
 }

@@ -10,7 +10,7 @@ mapfile -t libraries < <(find "$1" -name 'libpostwright*.so')
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# The names behind POSTWRIGHT_..._EXPORT: of a class, a function or a variable. A declaration may
+# The names after POSTWRIGHT_..._EXPORT: of a class, a function or a variable. A declaration may
 # begin on one line and give its name on the next; the functions of Utils and TextForm stand
 # in namespaces.
 cat "$headers"/*.h | sed '/^#/d; s|//.*||' | tr '\n' ' ' |

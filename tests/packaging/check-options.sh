@@ -17,7 +17,7 @@ status=0
 # The long options at the start of the lines of a --help on standard input.
 help_options() { grep --extended-regexp --only-matching '^  (-[a-z],)?--[a-z-]+' | sed 's/.*--/--/'; }
 
-# SHELL_offers WORD...: what a shell offers behind the words, the last of which has been begun.
+# SHELL_offers WORD...: what a shell offers after the words, the last of which has been begun.
 bash_offers() {
   COMP_WORDS=("$@")
   COMP_CWORD=$(($# - 1))
@@ -54,7 +54,7 @@ same() {
   status=1
 }
 
-# The options of the manual page's section OPTIONS: of the line behind each .TP.
+# The options of the manual page's section OPTIONS: of the line after each .TP.
 page_options() {
   sed -n '/^\.SH OPTIONS/,/^\.SH [^O]/p' "$page" | grep --after-context=1 '^\.TP' | sed 's/\\-/-/g' |
     grep --extended-regexp --only-matching -- '--[a-z][a-z-]+'

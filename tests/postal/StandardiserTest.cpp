@@ -55,7 +55,7 @@ TEST(StandardiserTest, EveryRuleOfTwoLines) {
   }
 }
 
-// Every suffix in every written form, with every directional before and behind and every kind of
+// Every suffix in every written form, with every directional before and after and every kind of
 // unit: what comes out is standard, and stays.
 TEST(StandardiserTest, StandardAddressesStay) {
   const std::vector<std::string> directions = {"", "N", "NORTH", "SOUTHEAST", "S E", "W"};

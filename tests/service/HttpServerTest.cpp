@@ -85,7 +85,7 @@ TEST_F(HttpServerTest, RefusesWhatIsTooLargeOrUnknown) {
   EXPECT_EQ(Ask("hello\r\n\r\n"), "");  // not HTTP: closed without a word
 }
 
-// Heads that two readers could understand in two ways. None is acted on, and nothing behind them
+// Heads that two readers could understand in two ways. None is acted on, and nothing after them
 // is.
 TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
   Start({});

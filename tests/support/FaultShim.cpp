@@ -150,7 +150,7 @@ mode_t ModeOf(int flags, va_list rest) {
   return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
 }
 
-// Opens by the function of that name. `rest` is what was given behind the flags.
+// Opens by the function of that name. `rest` is what was given after the flags.
 int OpenOrFail(const char* name, const char* path, int flags, va_list rest) {
   const mode_t mode = ModeOf(flags, rest);
   return Fails("open", path, Use::Open)

@@ -10,7 +10,7 @@
 //
 //   POSTWRIGHT_FAULT_FOLDER  the folder, links resolved; without it nothing is done
 //   POSTWRIGHT_FAULT_CALL    1: the first call that can go wrong in that way
-//   POSTWRIGHT_FAULT_KIND    "fail": that one fails; "full": a write, and every one behind it;
+//   POSTWRIGHT_FAULT_KIND    "fail": that one fails; "full": a write, and every one after it;
 //                            "kill": the process ends in it, a write having been done by half
 //   POSTWRIGHT_FAULT_REPORT  a file that is then told which one it was: "write book.csv"
 //

@@ -20,8 +20,8 @@ class LoopbackServer {
  public:
   struct Answer {
     std::string bytes;       // empty and not closed: silence
-    bool close = false;      // behind the bytes
-    std::string again = {};  // sent behind them, again and again, for as long as the client reads
+    bool close = false;      // after the bytes
+    std::string again = {};  // sent after them, again and again, for as long as the client reads
     std::chrono::milliseconds pause{0};  // before each time
   };
   // Called in the connection's thread with a whole request, head and body.

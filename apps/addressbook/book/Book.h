@@ -17,7 +17,7 @@ struct PlacedEntry {
 // The entries of an open address book, in order, and word of every change to them.
 //
 // Each operation takes time in proportion to the book at worst, however many rows it is given. Rows
-// are given in ascending order, without doubles.
+// are given in ascending order, each once.
 class Book : public QObject {
   Q_OBJECT
 

@@ -124,7 +124,7 @@ void ColumnDialog::fillTable() {
                              tr("ZIP code"),
                              tr("Line below"),
                              tr("Title before the name"),
-                             tr("Suffix behind the name"),
+                             tr("Suffix after the name"),
                              tr("Country")};
   const QStringList header = _file.header();
   _table->clear();

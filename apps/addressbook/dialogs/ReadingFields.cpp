@@ -56,7 +56,7 @@ ReadingFields::ReadingFields(const ColumnedFile& file, QWidget* parent)
   }
   if (file.isText()) {
     addField(layout, tr("&Encoding:"), _encoding);
-    addField(layout, tr("Columns are &parted by:"), delimiters);
+    addField(layout, tr("Columns are se&parated by:"), delimiters);
   }
   addField(layout, tr("Rows to s&kip above:"), _skipped);
   addField(layout, QString(), _header);

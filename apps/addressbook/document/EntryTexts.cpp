@@ -11,7 +11,7 @@ QString EntryModel::toolTip(const QString& label) {
   return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(label.toHtmlEscaped());
 }
 
-// The text of the cell, and behind a confirmation who said so.
+// The text of the cell, and after a confirmation who said so.
 QString EntryModel::serviceTip(int bookRow, int column) const {
   const QString shown = text(bookRow, column);
   const QString& source = _book.at(bookRow).check.source;

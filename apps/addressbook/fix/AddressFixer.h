@@ -20,7 +20,7 @@ struct FixSettings {
   TextCase textCase = TextCase::Upper;
   Punctuation punctuation = Punctuation::Postal;
   Names names = Names::AsTyped;
-  QString spellings;  // the user's own, parted by ";": "DeWitt; MacArthur"
+  QString spellings;  // the user's own, separated by ";": "DeWitt; MacArthur"
   QString server;     // HOST[:PORT]; empty: the program answers by itself, or as it was started
 };
 

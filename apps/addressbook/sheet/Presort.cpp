@@ -11,7 +11,7 @@ namespace postwright::addressbook {
 namespace {
 
 constexpr qsizetype kPrefix = 3;
-const QString kLast = QStringLiteral("~");  // sorts behind every digit
+const QString kLast = QStringLiteral("~");  // sorts after every digit
 
 // The digits of a label's ZIP code.
 QString zipOf(const QString& label) {

@@ -332,7 +332,7 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
         <translation>Tratamiento ante el nombre</translation>
     </message>
     <message>
-        <source>Suffix behind the name</source>
+        <source>Suffix after the name</source>
         <translation>Sufijo tras el nombre</translation>
     </message>
     <message>
@@ -1267,7 +1267,7 @@ Ciudad, estado y código ZIP</translation>
         <translation>&amp;Codificación:</translation>
     </message>
     <message>
-        <source>Columns are &amp;parted by:</source>
+        <source>Columns are se&amp;parated by:</source>
         <translation>&amp;Separador de columnas:</translation>
     </message>
     <message>
@@ -1923,7 +1923,7 @@ Ciudad, estado y código ZIP</translation>
         <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
     </message>
     <message>
-        <source>The file is larger than 512 MiB. Part it into smaller ones.</source>
+        <source>The file is larger than 512 MiB. Split it into smaller ones.</source>
         <translation>El archivo pasa de 512 MiB. Divídalo en otros más pequeños.</translation>
     </message>
     <message>

@@ -13,7 +13,7 @@
 namespace postwright {
 
 // The records that an interrupted run of `postwright fix --jsonl` left in its output file, and the
-// place behind them where another run goes on.
+// place after them where another run goes on.
 //
 //   EarlierRecords earlier("fixed.jsonl", reader.Descriptor());
 //   while (earlier.Next()) earlier.Check(the label of the next input line);
@@ -62,7 +62,7 @@ class EarlierRecords {
   // before that, it has those of the first ones only, and Settle puts them in their places.
   void EndAgain();
 
-  // Returns the descriptor, the object's own, standing behind the last record.
+  // Returns the descriptor, the object's own, standing after the last record.
   int Continue();
 
  private:

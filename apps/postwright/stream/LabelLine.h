@@ -19,7 +19,7 @@ using LabelParts = std::array<std::wstring, kPartNames.size()>;
 // One line of labels.jsonl: a JSON string, the label's text; or an object whose member `address`
 // is that string, or that has the label in parts, and whose member `id`, any JSON value, is given
 // back with the answer. Other members are read past. Of members with the same name the last one
-// counts, and of an address and parts the address. A record is such a line, too: its member
+// counts, and of an address and its parts the address. A record is such a line, too: its member
 // `parts`, an object, says in which parts its label was given.
 struct LabelLine {
   std::wstring address;             // composed of the parts, where there are any
@@ -32,7 +32,7 @@ struct LabelLine {
 bool IsBareUnit(std::wstring_view unit);
 
 // Reads such lines, to the letter of RFC 8259: text that is not UTF-8, half a surrogate pair or
-// anything behind the value makes a line that is no label. So do numbers beyond the range of a
+// anything after the value makes a line that is no label. So do numbers beyond the range of a
 // double and more than 1,000 arrays and objects inside one another.
 class LabelLineParser {
  public:

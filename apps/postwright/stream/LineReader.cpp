@@ -107,7 +107,7 @@ std::optional<std::size_t> LineReader::CountLinesAhead() const {
   return lines + (last == '\n' ? 0 : 1);
 }
 
-// Reads on behind what is held. False at the end of the input.
+// Reads on after what is held. False at the end of the input.
 bool LineReader::Fill() {
   if (isEnded_) {
     return false;

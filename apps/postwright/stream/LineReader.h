@@ -21,7 +21,7 @@ class LineReader {
   // The longest line, in bytes; a label can be no longer either.
   static constexpr std::size_t kLimit = std::size_t{16} << 20U;
 
-  // Readable bytes behind every line, for readers that look ahead.
+  // Readable bytes after every line, for readers that look ahead.
   static constexpr std::size_t kPadding = 64;
 
   // Opens the file `name`; "-" is standard input. Throws Failure where it cannot be opened.
@@ -76,7 +76,7 @@ class LineReader {
   std::vector<char> buffer_;
   std::size_t begin_ = 0;    // the first byte not handed out
   std::size_t scanned_ = 0;  // no line feed stands in [begin_, scanned_)
-  std::size_t end_ = 0;      // behind the last byte read
+  std::size_t end_ = 0;      // after the last byte read
   bool isStarted_ = false;
   bool isEnded_ = false;
   bool isPassingOver_ = false;  // what was read of the coming line is beyond the limit, and gone

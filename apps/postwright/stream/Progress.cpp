@@ -20,7 +20,7 @@ namespace {
 const std::string kEraseLine = "\r\033[K";
 constexpr std::chrono::seconds kBeforeEstimate{2};
 
-// Whether the cursor stands behind the line, for the signal handler.
+// Whether the cursor stands after the line, for the signal handler.
 volatile std::sig_atomic_t gIsDrawn = 0;
 
 void EndLine() {

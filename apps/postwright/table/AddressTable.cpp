@@ -108,7 +108,7 @@ std::string AddressTable::Description() const {
   return name_ + ": " + descriptions.join(QStringLiteral("; ")).toStdString();
 }
 
-// Whether the cells behind the table's own columns are those of an earlier run, and not of a row
+// Whether the cells after the table's own columns are those of an earlier run, and not of a row
 // that has more cells than it should.
 bool AddressTable::HasOwnCells(const tables::CsvRow& row) const {
   if (row.cells.size() != titles_.size()) {

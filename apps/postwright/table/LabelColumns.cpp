@@ -136,7 +136,7 @@ LabelColumns::LabelColumns(const tables::AddressColumns& guessed, const QStringL
     roles.append(guessed.mapping.roles()[column]);
     designators_.append(designator);
   };
-  QList<int> units;  // behind the streets, wherever they stand
+  QList<int> units;  // after the streets, wherever they stand
   for (int column = 0; column < known; ++column) {
     const ColumnRole role = guessed.mapping.roles()[column];
     if (role == ColumnRole::Street && !DesignatorOf(titles.value(column)).isEmpty()) {
@@ -196,7 +196,7 @@ QString LabelColumns::LabelOf(const QStringList& row) const {
   return mapping_.hasAddress(cells) ? mapping_.compose(cells) : QString();
 }
 
-// A unit that had a column keeps it: the corrected line has it behind the street.
+// A unit that had a column keeps it: the corrected line has it after the street.
 void LabelColumns::PutUnit(const QStringList& old, const QString& unit, QStringList& cells) const {
   if (unit.isEmpty()) {
     return;

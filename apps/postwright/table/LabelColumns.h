@@ -53,7 +53,7 @@ class LabelColumns {
   QStringList designators_;  // what a bare number is in a column of units; empty for all others
 };
 
-// What is wrong with the value of --columns; the empty answer is consent.
+// What is wrong with the value of --columns; empty if nothing is.
 std::string CheckColumns(const std::string& named);
 
 // Whether it names a column by its title, so that the table has a header.

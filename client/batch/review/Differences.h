@@ -38,8 +38,8 @@ struct Differences {
 };
 
 // Tells what a person has to look at when `before` became `after`: by word, and inside words that
-// are more than half alike by character. Words are parted by white space. A line that was broken or
-// joined is the same text; a word that left its line for another is not, above all a number that
+// are more than half alike by character. Words are separated by white space. A line that was broken
+// or joined is the same text; a word that left its line for another is not, above all a number that
 // went from a name into the street, and is marked as moved. Case does not matter: the user has set
 // the case of all texts, and marks on every word would hide the others. A combining mark belongs to
 // its letter, and a letter is the same however it is composed.

@@ -73,7 +73,7 @@ class BatchRuns final : public QObject {
   QVariantMap _settings;
   std::unique_ptr<BatchWorker> _list;
   std::unique_ptr<BatchWorker> _again;
-  BatchResultRecordList _againToCome;  // behind those of _again
+  BatchResultRecordList _againToCome;  // after those of _again
   QString _whyUnanswered;              // of the list's last run
   bool _closed = false;
 };

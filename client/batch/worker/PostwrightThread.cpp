@@ -122,7 +122,7 @@ void PostwrightThread::fixRecords(const BatchResultRecordList& records, Run& run
   }
 }
 
-// A record behind others that are held waits with them, whatever became of it: messages come in the
+// A record after others that are held waits with them, whatever became of it: messages come in the
 // list's order. One that nobody was asked about says nothing of the service.
 void PostwrightThread::fixPatiently(const BatchResultRecordList& records, Run& run) {
   constexpr int kInARow = 3;

@@ -46,7 +46,7 @@ inline const QString KeepsPendingKey = QStringLiteral("keeps");     // true: see
 // one that the service puts off until later, make the run pause until one of them or a new one gets
 // an answer, and then all of them are asked about once more. Where none gets one for as long as the
 // patience lasts, the time that the service asked for itself not counted, the run ends, they stay
-// pending, and they and all behind them have no message.
+// pending, and they and all after them have no message.
 class PostwrightThread final : public WorkerThread {
  public:
   // An object serves one run: cancel() may come before the new thread has begun, and must not be

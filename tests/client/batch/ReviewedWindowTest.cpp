@@ -161,7 +161,7 @@ void ReviewedWindowTest::saysWhyOfEachChange() {
   open.person.clickRow(2);
   QCOMPARE(person.label(u"txtErrorText"_qs), u"Invalid Address"_qs);
   QCOMPARE(person.label(u"txtErrorReason"_qs),
-           u"There is no ZIP code. Write its five digits behind the state."_qs);
+           u"There is no ZIP code. Write its five digits after the state."_qs);
   QVERIFY(csvReport(open.window.records()).contains(u"\"suffix in standard form\""));
   const QList<SummaryLine> lines = summaryLines(open.window.records());
   const auto rule = std::find_if(lines.begin(), lines.end(), [](const SummaryLine& line) {

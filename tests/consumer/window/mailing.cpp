@@ -41,7 +41,7 @@ AddressOutcome askDirectory(PostwrightClient& client, const QString& address) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  // Behind the application, which sets the C library's locale from the environment.
+  // After the application, which sets the C library's locale from the environment.
   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   const QList<std::shared_ptr<AddressEntry>> recipients{
       std::make_shared<Recipient>(QStringLiteral("12 n main street\naustin texas 78701")),

@@ -14,7 +14,7 @@ class LabelGenerator {
 
   std::wstring Address();  // the elements of an address in their order, some missing, some odd
   std::wstring Mixture();  // elements of addresses and odd words in any order
-  std::wstring Noise();    // single characters, often with a state and a ZIP code behind them
+  std::wstring Noise();    // single characters, often with a state and a ZIP code after them
 
  private:
   size_t Below(size_t limit) { return random_() % limit; }

@@ -20,7 +20,7 @@ std::string Address(const std::string& number) {
                  R"("region":"OH","postcode":"00011","id":"7")");
 }
 
-// A line a row, or its fault behind an exclamation mark.
+// A line a row, or its fault after an exclamation mark.
 std::string ReadAll(RowSource& source, size_t most = 100'000) {
   std::string text;
   AddressRow row;

@@ -44,7 +44,7 @@ class FetchProgramTest : public testing::Test {
   }
 
   // Runs a command in which $base is the program, $at names the stand-in, and the bases of the user
-  // lie in data/postwright. Returns what it said, and behind it its status.
+  // lie in data/postwright. Returns what it said, and after it its status.
   std::string Run(const std::string& command) {
     const std::string line = "cd '" + folder_.File("") +
                              "'; export XDG_DATA_HOME=\"$PWD/data\"; base=" POSTWRIGHT_BASE

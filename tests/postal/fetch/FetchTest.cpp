@@ -135,7 +135,7 @@ TEST_F(FetchTest, BringsAFileWhateverTheServerDoes) {
   }
 }
 
-// As where it was killed behind the last byte, while it looked whether the file is whole.
+// As where it was killed after the last byte, while it looked whether the file is whole.
 TEST_F(FetchTest, AsksForNoRestOfAWholeFile) {
   const std::string good = Archive("a.dbf", Noise(9'000));
   server_.Put(kPath, good);

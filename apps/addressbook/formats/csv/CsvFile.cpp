@@ -215,7 +215,7 @@ QByteArray CsvFile::compose(const QList<Entry>& entries, QStringList& notes) con
   }
   notes += changes.notes();
   const qsizetype end = _rows.isEmpty() ? _headerRange.end : _rows.last().end;
-  return text + _text.utf8.sliced(end);  // blank lines behind the last row
+  return text + _text.utf8.sliced(end);  // blank lines after the last row
 }
 
 // What was the last row may have had no line break.

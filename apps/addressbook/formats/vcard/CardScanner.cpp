@@ -51,7 +51,7 @@ bool isSoftBroken(QByteArrayView physicalLine) {
   return physicalLine.trimmed().endsWith('=');
 }
 
-// The end of the line that begins at `begin`, with what is folded behind it.
+// The end of the line that begins at `begin`, with what is folded after it.
 qsizetype endOfLine(const QByteArray& text, qsizetype begin, bool isQuotedPrintable) {
   qsizetype last = begin;
   qsizetype end = endOfPhysicalLine(text, begin);

@@ -20,7 +20,7 @@ struct CardLine {
 
 // A vCard in a text: where it stands and where its lines are that matter here.
 struct Card {
-  tables::TextRange range;  // from BEGIN:VCARD to the line break behind END:VCARD
+  tables::TextRange range;  // from BEGIN:VCARD to the line break after END:VCARD
   qsizetype endLine = 0;    // where the line END:VCARD begins
   CardVersion version = CardVersion::V30;
   QList<CardLine> lines;

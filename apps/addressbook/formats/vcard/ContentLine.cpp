@@ -15,7 +15,7 @@ bool isLineBreak(char c) {
   return c == '\n' || c == '\r';
 }
 
-// Takes the folds out: a line break and the blank behind it. Version 2.1 folds at a blank, which
+// Takes the folds out: a line break and the blank after it. Version 2.1 folds at a blank, which
 // stays.
 QByteArray unfold(const QByteArray& folded, CardVersion version) {
   QByteArray line;

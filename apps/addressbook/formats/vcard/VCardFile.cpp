@@ -87,7 +87,7 @@ QStringList VCardFile::write(const QString& path, const QList<Entry>& entries) {
 }
 
 // Returns the card as it is to be written; empty where all of its entries were removed. `address`
-// is moved behind the card's addresses.
+// is moved after the card's addresses.
 QByteArray VCardFile::cardText(int card, QList<Address>::const_iterator& address,
                                const QList<const QString*>& labels) const {
   std::optional<CardEditor> editor;  // made for a card that changes: it reads the card once more
