@@ -48,12 +48,10 @@ void WriteRejection(std::string& xml, postal::Rejection rejection, AddressCall c
 
 // Says whether a field is in a form, where it is not empty.
 bool IsOfForm(const ReplyField& field, const ReplyForm& form) {
-  const bool isOfLongForm = field.presence == ReplyPresence::LongForm;
-  if (form.call != AddressCall::Verify) {
-    return !isOfLongForm && field.member != &ReplyFields::returnText;
+  if (field.presence != ReplyPresence::LongForm) {
+    return form.call == AddressCall::Verify || field.member != &ReplyFields::returnText;
   }
-  return !isOfLongForm || form.isLong ||
-         (form.hasDeliveryPoint && field.member == &ReplyFields::deliveryPoint) ||
+  return form.isLong || (form.hasDeliveryPoint && field.member == &ReplyFields::deliveryPoint) ||
          (form.hasCarrierRoute && field.member == &ReplyFields::carrierRoute);
 }
 

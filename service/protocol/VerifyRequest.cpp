@@ -51,9 +51,7 @@ std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document, 
   request.userId = document.Root().attribute("USERID").value();
   for (const pugi::xml_node child : document.Root()) {
     const std::string_view name = child.name();
-    if (name != WordsOf(call).item) {
-      ReadForm(name, XmlDocument::TextOf(child, VerifyRequest::kLongestField), request.form);
-    } else {
+    if (name == WordsOf(call).item) {
       if (request.addresses.size() == VerifyRequest::kMostAddresses) {
         return RequestFault::TooManyAddresses;
       }
@@ -61,6 +59,8 @@ std::variant<VerifyRequest, RequestFault> ReadRoot(const XmlDocument& document, 
       address.call = call;
       ReadAddress(child, address);
       address.cutShort = document.IsCutWithin(child);
+    } else if (call == AddressCall::Verify) {  // the others have one form
+      ReadForm(name, XmlDocument::TextOf(child, VerifyRequest::kLongestField), request.form);
     }
   }
   return request;

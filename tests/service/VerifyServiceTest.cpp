@@ -340,6 +340,13 @@ TEST(VerifyServiceTest, AnswersTheOtherCalls) {
        "<Address ID=\"8\">" +
            kInvalid + "</Address></ZipCodeLookupResponse>"},
   };
+  // Whatever a revision asks for, a ZipCodeLookup has the short form and its city.
+  const std::string revised = Answer(
+      {"POST", "/ShippingAPI.dll", "API=ZipCodeLookup",
+       "<ZipCodeLookupRequest USERID=\"1\"><Revision>1</Revision><Address><Address2>12 MAIN ST"
+       "</Address2><City>East Stroudsburg</City><State>PA</State><Zip5>18302</Zip5></Address>"
+       "</ZipCodeLookupRequest>"});
+  EXPECT_NE(revised.find("<City>E STROUDSBURG</City>"), std::string::npos) << revised;
   for (const auto& row : rows) {
     EXPECT_EQ(Answer({"POST", "/shippingapi.DLL", std::string("API=") + row.api, row.document}),
               row.reply);
