@@ -23,9 +23,7 @@ using Answer = LoopbackServer::Answer;
 
 const std::string kOk = "HTTP/1.1 200 OK\r\n";
 
-std::string Fetch(const std::string& url) {
-  HttpLimits limits = FetchLimits();
-  limits.silence = std::chrono::seconds(1);
+std::string Fetch(const std::string& url, const HttpLimits& limits = FetchLimits()) {
   const std::vector<std::uint8_t> body = FetchUrl(url, limits);
   return std::string(body.begin(), body.end());
 }
@@ -118,7 +116,9 @@ TEST(UrlFetchTest, FollowsRedirectsWithinItsLimits) {
 // The silence that ends a fetch, and the time that it may last as a whole.
 TEST(UrlFetchTest, EndsWhereNothingMoreComes) {
   const LoopbackServer server(Answer{kOk + "Content-Length: 9\r\n\r\nhello"});
-  EXPECT_EQ(Fetch(Url(server)), "");
+  HttpLimits limits = FetchLimits();
+  limits.silence = std::chrono::seconds(1);
+  EXPECT_EQ(Fetch(Url(server), limits), "");
   const std::chrono::milliseconds usual = GetFetchTimeout();
   SetFetchTimeout(std::chrono::milliseconds(200));
   const std::wstring url = MacPlatformServices().UTF8ToUCS2(Url(server));
