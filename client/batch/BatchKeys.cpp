@@ -61,7 +61,9 @@ bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool isInWindow =
         static_cast<QWidget*>(watched)->window() == &_window;  // no list of a box
-    if (plain && press->key() == Qt::Key_Escape && watched != layout.tvAddresses && isInWindow &&
+    // A key that the table leaves alone goes on to the widgets around it, which are watched, too.
+    const bool isAtTable = _window.focusWidget() == layout.tvAddresses;
+    if (plain && press->key() == Qt::Key_Escape && !isAtTable && isInWindow &&
         layout.tvAddresses->isVisible()) {
       layout.tvAddresses->setFocus();
       _view.detail().leaveEditor();

@@ -146,10 +146,14 @@ void BatchWindowTest::cancelsInEveryState() {
       QVERIFY(!person.hasFinished());
     }
     if (by == u"escape") {
+      if (state == u"re-fixing") {
+        person.press(Qt::Key_Escape);  // back to the list
+      }
       person.press(Qt::Key_Escape);
     } else if (by == u"button") {
       person.click(u"bnCancel"_qs);
     }
+    QCOMPARE(window->isVisible(), by == u"close");
   });
   PostwrightClient client;
   QVERIFY(!client.fixAddressWithDialog(entries, true, CapitalizationUpper, std::nullopt));
@@ -237,6 +241,7 @@ void BatchWindowTest::ignoresRowByRow() {
   QCOMPARE(person.detail(), u"vwFixed"_qs);  // as it was, and out of use
   QVERIFY(!person.find<QWidget>(u"vwContent"_qs)->isEnabled());
   QCOMPARE(person.label(u"txtEmpty"_qs), u"There are no addresses to check."_qs);
+  QVERIFY(!person.find<QWidget>(u"txtNone"_qs)->isVisible());
   open.window.reFixAddress(u"x"_qs);
   open.window.bnIgnoreClick();
   open.window.bnChooseSelectedAddressClick();
