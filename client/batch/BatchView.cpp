@@ -305,6 +305,7 @@ void BatchView::showListOrReason(qsizetype total) {
   _layout->bnShowAll->setVisible(total > 0);
   _layout->vwList->setCurrentWidget(empty ? static_cast<QWidget*>(_layout->vwEmpty)
                                           : _layout->vwTable);
+  _layout->txtNone->setVisible(!empty);  // there is none to select
 }
 
 }  // namespace postwright
