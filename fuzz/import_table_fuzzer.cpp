@@ -1,7 +1,7 @@
 // Bytes of a source of addresses (CSV with a heading, the National Address Database, GeoJSON, the
-// Census Bureau's table; plain, gzipped or in an archive). Every row is read or left out with a
-// reason; read on from a place in the middle, the rows after it are the same; house number and
-// unit in standard form stay so.
+// Census Bureau's table, the postal service's records; plain, gzipped or in an archive). Every row
+// is read or left out with a reason; read on from a place in the middle, the rows after it are the
+// same; house number and unit in standard form stay so.
 
 #include <algorithm>
 
@@ -21,11 +21,11 @@ constexpr std::size_t kMostRows = 2'000;  // an archive may unpack to many times
 
 struct ReadRow {
   std::string text;  // of all fields, or why it is left out
-  RowPlace behind;
+  RowPlace after;
 
   bool operator==(const ReadRow& other) const {
-    return text == other.text && behind.position == other.behind.position &&
-           behind.line == other.behind.line;
+    return text == other.text && after.position == other.after.position &&
+           after.line == other.after.line;
   }
 };
 
@@ -33,6 +33,7 @@ void CheckStandard(const AddressRow& row) {
   static const ZipList zips;
   RowReader reader(zips);
   reader.ReadStreet(row);
+  reader.ReadBox(row);
   const std::string number = reader.ReadNumber(row[Field::Number]);
   Require(number.empty() || reader.ReadNumber(number) == number, "a standard number stays so");
   const std::string unit = reader.ReadUnit(row[Field::Unit]);
@@ -77,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       return 0;
     }
     const std::size_t middle = rows.size() / 2;
-    source->GoTo(rows[middle - 1].behind);
+    source->GoTo(rows[middle - 1].after);
     const std::vector<ReadRow> again = RowsOf(*source, rows.size() - middle);
     Require(std::equal(again.begin(), again.end(), rows.begin() + static_cast<long>(middle),
                        rows.end()),

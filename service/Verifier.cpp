@@ -226,6 +226,7 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
   }
   const bool standardised = *lines != sent;
   question.lines = std::move(*lines);
+  question.firm = SingleBlanks(folded->firmName);
   postal::AddressMatcher::Answer matched = MatchStreet(question, help);
   if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {
     return *rejection;

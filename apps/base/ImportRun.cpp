@@ -12,7 +12,7 @@ namespace {
 constexpr int64_t kMostRowsNamed = 20;
 
 int64_t Rows(const ImportCounts& counts) {
-  return counts.points + counts.ranges + counts.leftOut;
+  return counts.points + counts.ranges + counts.names + counts.leftOut;
 }
 
 // Names the rows that are left out, as long as they are few.
@@ -71,9 +71,11 @@ int RunImporter(Importer& importer, const std::string& base, ProgressLine& progr
     return kExitStopped;
   }
   const ImportCounts& counts = importer.Counts();
-  progress.Say(base + ": " + Thousands(counts.points) + " addresses and " +
-               Thousands(counts.ranges) + " ranges of " + importer.Source().name + ", " +
-               Thousands(counts.leftOut) + " rows left out");
+  progress.Say(
+      base + ": " + Thousands(counts.points) + " addresses and " + Thousands(counts.ranges) +
+      " ranges of " + importer.Source().name + ", " +
+      (counts.names > 0 ? Thousands(counts.names) + " names of places and streets, " : "") +
+      Thousands(counts.leftOut) + " rows left out");
   return kExitDone;
 }
 

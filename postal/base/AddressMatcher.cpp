@@ -2,24 +2,17 @@
 
 #include <algorithm>
 
-#include "postal/base/UnitMatch.h"
-#include "postal/lines/StreetLine.h"
 #include "postal/places/CityName.h"
 
 namespace postwright::postal {
-namespace {
-
-// A unit that is bare stays bare, as the line above is the place for it.
-bool HasDesignator(const std::string& unit) {
-  return unit.find(' ') != std::string::npos;
-}
-
-}  // namespace
 
 AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
   MatchedAddress answer;
   answer.lines = question.lines.Lines();
   const std::optional<Rejection> rejection = Decide(AskedAddress(question), answer);
+  if (!rejection && reader_.KnowsPostal()) {
+    PreferCity(question.asked, answer.placed);
+  }
   return rejection ? Answer(*rejection) : Answer(std::move(answer));
 }
 
@@ -35,7 +28,7 @@ std::optional<Rejection> AddressMatcher::Decide(const AskedAddress& subject,
     KeepAcceptedCity(question.asked, answer.placed);
   }
   if (!subject.HasStreet()) {
-    Explain(explanation_, "the delivery line names no street, so the base cannot confirm it");
+    confirmer_.ConfirmBox(answer);
     return std::nullopt;
   }
   if (reader_.HoldsStreetsOf(answer.placed.zip5)) {
@@ -72,9 +65,45 @@ std::optional<PlacedLine> AddressMatcher::PlaceInNewZip(const AddressQuestion& q
   return PlacedLine{city->name, city->state, zip};
 }
 
+// A street that goes by another name is found by that.
+StreetMatch AddressMatcher::MatchStreet(const std::string& zip, const StreetQuestion& asked) {
+  const auto alias = reader_.KnowsPostal() && !reader_.FindStreet(zip, asked.street)
+                         ? reader_.FindAlias(zip, asked.street, asked.number)
+                         : std::nullopt;
+  if (alias) {
+    StreetQuestion renamed = asked;
+    renamed.street = alias->street;
+    StreetMatch match = streets_.MatchAsWritten(zip, renamed);
+    if (match.kind == StreetMatch::Kind::Found) {
+      Explain(explanation_, "'", ComposeStreet(asked.street), "' is another name of '",
+              ComposeStreet(alias->street), "'");
+      match.nameChanged = !alias->isPreferred;
+      match.elementChanged = false;
+      return match;
+    }
+  }
+  return streets_.Match(zip, asked);
+}
+
+// Of a name that must not stand in an address the postal service says which one does; and which of
+// a ZIP code's names it prefers, where none was given that counts.
+void AddressMatcher::PreferCity(const LastLine& asked, PlacedLine& placed) {
+  const std::string key = CityKey(placed.city);
+  const bool isGiven = !asked.city.empty() && !placed.cityCorrected;
+  std::string preferred = reader_.PreferredCity(placed.zip5, key);
+  if (preferred.empty() && !isGiven && reader_.CityName(placed.zip5, key).empty()) {
+    preferred = reader_.PreferredCity(placed.zip5, "");
+  }
+  if (!preferred.empty() && preferred != placed.city) {
+    Explain(explanation_, "the postal service writes ", preferred, " for ", placed.city);
+    placed.city = std::move(preferred);
+    placed.cityCorrected = placed.cityCorrected || isGiven;
+  }
+}
+
 std::optional<Rejection> AddressMatcher::MatchInZip(const AskedAddress& subject,
                                                     MatchedAddress& answer) {
-  const StreetMatch match = streets_.Match(answer.placed.zip5, subject.address);
+  const StreetMatch match = MatchStreet(answer.placed.zip5, subject.address);
   const bool isFound = match.kind == StreetMatch::Kind::Found;
   if (isFound && !match.guessed) {
     return Accept(subject, match, answer);
@@ -110,7 +139,7 @@ std::optional<Rejection> AddressMatcher::Accept(const AskedAddress& subject,
   if (const auto rejection = CheckCity(subject, match, answer)) {
     return rejection;
   }
-  Confirm(subject, match, answer);
+  confirmer_.Confirm(subject, match, answer);
   return std::nullopt;
 }
 
@@ -120,7 +149,7 @@ void AddressMatcher::TakeZip(const AskedAddress& subject, const Matches::value_t
           " alone has it: it is taken");
   answer.placed.zip5 = found.first;
   answer.placed.zipCorrected = true;
-  Confirm(subject, found.second, answer);
+  confirmer_.Confirm(subject, found.second, answer);
 }
 
 // City, state and ZIP did not tell a place: the street may, where the city's ZIP codes are many.
@@ -148,7 +177,7 @@ std::optional<Rejection> AddressMatcher::MatchInCity(const AskedAddress& subject
   const bool isAsked = found[0].first == askedZip;
   const ZipList::City& place = isAsked ? *elsewhere : *known;
   answer.placed = {place.name, place.state, found[0].first, !isAsked, &place != known};
-  Confirm(subject, found[0].second, answer);
+  confirmer_.Confirm(subject, found[0].second, answer);
   return std::nullopt;
 }
 
@@ -237,78 +266,6 @@ std::optional<Rejection> AddressMatcher::LeaveUnconfirmed(const AskedAddress& su
     candidates_->AddNumbers(subject.question.lines, answer.placed, match);
   }
   return std::nullopt;
-}
-
-void AddressMatcher::Confirm(const AskedAddress& subject, const StreetMatch& match,
-                             MatchedAddress& answer) {
-  answer.nameChanged = match.nameChanged;
-  answer.elementChanged = match.elementChanged;
-  if (match.nameChanged || match.elementChanged) {
-    StreetLine line = *subject.question.lines.street;
-    const StreetName& street = match.street.street;
-    line.predirectional = street.predirectional;
-    line.name = SplitLine(street.name);
-    line.suffix = street.suffix;
-    line.postdirectional = street.postdirectional;
-    answer.lines.urbanization = street.urbanization;
-    answer.lines.address2 = JoinWords(line.Compose());
-  }
-  answer.zip4 = match.facts.zip4;
-  if (match.facts.isPoint) {
-    ConfirmUnit(subject, match, answer);
-  } else {
-    Explain(explanation_, "ranges say what is possible, not what is there: not confirmed");
-    answer.dpvFootnotes = "AA";
-  }
-}
-
-// A unit that is none of those that a source gives the building is wrong, or the number is. Where
-// none is given nothing speaks against it.
-void AddressMatcher::DoubtUnit(const AskedAddress& subject, const StreetMatch& match,
-                               MatchedAddress& answer) {
-  const bool wrong = !match.facts.units.empty() && reader_.HoldsAllStreetsOf(answer.placed.zip5);
-  const std::string swapped = streets_.FindSwapped(match, subject.address);
-  answer.confirmation = 'S';
-  answer.dpvFootnotes = wrong || !swapped.empty() ? "AAC1" : "AACC";
-  if (candidates_ != nullptr && !swapped.empty()) {
-    StandardLines other = subject.question.lines;
-    other.street->number = {swapped};
-    candidates_->AddAddresses(other, answer.placed, match);
-  }
-}
-
-void AddressMatcher::ConfirmUnit(const AskedAddress& subject, const StreetMatch& match,
-                                 MatchedAddress& answer) {
-  const std::vector<std::string>& units = match.facts.units;
-  const std::string unit =
-      subject.address.unit.empty() ? "" : FindUnit(units, subject.address.unit);
-  if (subject.address.unit.empty() && units.empty()) {
-    answer.confirmation = 'Y';
-    answer.dpvFootnotes = "AABB";
-  } else if (subject.address.unit.empty()) {
-    Explain(explanation_, "the building has ", std::to_string(units.size()),
-            " units that are known, and none is given");
-    answer.confirmation = 'D';
-    answer.dpvFootnotes = "AAN1";
-    answer.unitIsMissing = true;
-  } else if (unit.empty()) {
-    Explain(explanation_, "the building is known, '", subject.address.unit, "' in it is not");
-    DoubtUnit(subject, match, answer);
-  } else {
-    answer.confirmation = 'Y';
-    answer.dpvFootnotes = "AABB";
-    answer.zip4 = reader_.UnitZip4(match.street.id, subject.address.number, unit);
-    if (unit != subject.address.unit && HasDesignator(subject.address.unit) &&
-        !unit.starts_with("# ")) {
-      Explain(explanation_, "'", subject.address.unit, "' is '", unit, "'");
-      std::string& line = subject.unitIsAbove ? answer.lines.address1 : answer.lines.address2;
-      line.replace(line.size() - subject.address.unit.size(), subject.address.unit.size(), unit);
-      answer.elementChanged = true;
-    }
-  }
-  if (candidates_ != nullptr && answer.confirmation != 'Y') {
-    candidates_->AddUnits(subject.question.lines, answer.placed, match);
-  }
 }
 
 }  // namespace postwright::postal

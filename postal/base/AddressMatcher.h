@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "postal/base/AddressConfirmer.h"
 #include "postal/base/AskedAddress.h"
 #include "postal/base/CandidateFinder.h"
 #include "postal/base/CityZips.h"
@@ -16,18 +17,6 @@
 #include "postal/places/ZipList.h"
 
 namespace postwright::postal {
-
-// An address with what the base knows of it.
-struct MatchedAddress {
-  PlacedLine placed;
-  DeliveryLines lines;
-  std::string zip4;             // empty where no source gives it
-  char confirmation = 'N';      // Y, D, S or N
-  std::string dpvFootnotes;     // empty where nothing was looked up
-  bool nameChanged = false;     // the street was misspelt
-  bool elementChanged = false;  // a directional, suffix or designator was missing or wrong
-  bool unitIsMissing = false;   // the building has units, and none was asked for
-};
 
 // Decides on an address with an address base; docs/address-base.md is the table of its rules.
 //
@@ -47,7 +36,8 @@ class AddressMatcher {
         explanation_(explanation),
         candidates_(candidates),
         places_(zips, reader),
-        streets_(reader, explanation) {}
+        streets_(reader, explanation),
+        confirmer_(reader, explanation, candidates, streets_) {}
 
   Answer Match(const AddressQuestion& question);
 
@@ -68,9 +58,8 @@ class AddressMatcher {
                                      MatchedAddress& answer);
   void TakeZip(const AskedAddress& subject, const Matches::value_type& found,
                MatchedAddress& answer);
-  void Confirm(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
-  void ConfirmUnit(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
-  void DoubtUnit(const AskedAddress& subject, const StreetMatch& match, MatchedAddress& answer);
+  StreetMatch MatchStreet(const std::string& zip, const StreetQuestion& asked);
+  void PreferCity(const LastLine& asked, PlacedLine& placed);
 
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
   Rejection LeaveOpen(const AskedAddress& subject, const PlacedLine& place, const Matches& matches);
@@ -82,6 +71,7 @@ class AddressMatcher {
   CandidateFinder* candidates_;
   CityZips places_;
   StreetMatcher streets_;
+  AddressConfirmer confirmer_;
 };
 
 }  // namespace postwright::postal

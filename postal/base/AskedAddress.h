@@ -16,6 +16,7 @@ struct AddressQuestion {
   std::variant<PlacedLine, Rejection> lastLine;  // what LastLineChecker said of it
   std::string state;                             // that the lines were standardised for
   StandardLines lines;
+  std::string firm = {};  // folded
 };
 
 // The delivery line of a question, read. Borrows the question.

@@ -42,7 +42,11 @@ BaseReader::BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
       unitZip4_(file_,
                 "SELECT zip4 FROM point WHERE street=? AND number=? AND unit=? AND zip4<>''"),
       cityName_(file_, "SELECT name FROM city WHERE zip=? AND key=? LIMIT 1"),
-      zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {}
+      zipsOfCity_(file_, "SELECT DISTINCT zip FROM city WHERE key=?") {
+  if (facts_->hasPostal) {
+    postal_.emplace(file_);
+  }
+}
 
 BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
   Facts facts;
@@ -56,6 +60,10 @@ BaseReader::Facts BaseReader::ReadFacts(SqliteFile& file, bool withStreets) {
   SqliteStatement names(file, "SELECT DISTINCT zip,name FROM city");
   while (names.Step()) {
     facts.cityNames[names.Text(0)].push_back(names.Text(1));
+  }
+  facts.hasPostal = PostalReader::IsIn(file);
+  if (facts.hasPostal) {
+    facts.preferredCities = PostalReader::ReadPreferredCities(file);
   }
   if (withStreets) {
     facts.streets.emplace(file);
@@ -112,6 +120,9 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
       facts.units.push_back(std::move(unit));
     }
   }
+  if (postal_) {
+    facts.unitRanges = postal_->UnitsOf(street - first_, number);
+  }
   if (!facts_->hasRanges) {
     return facts;
   }
@@ -159,6 +170,21 @@ std::string BaseReader::UnitZip4(int64_t street, const std::string& number,
 std::string BaseReader::CityName(const std::string& zip, const std::string& key) {
   SqliteQuery query(cityName_, zip, key);
   return query.Step() ? cityName_.Text(0) : std::string();
+}
+
+std::string BaseReader::PreferredCity(const std::string& zip, const std::string& key) const {
+  const auto found = facts_->preferredCities.find(zip + ' ' + key);
+  return found == facts_->preferredCities.end() ? std::string() : found->second;
+}
+
+std::string BaseReader::FirmZip4(int64_t street, const std::string& number, const std::string& unit,
+                                 const std::string& firm) {
+  return postal_ ? postal_->FirmZip4(street - first_, number, unit, firm) : std::string();
+}
+
+std::optional<StreetAlias> BaseReader::FindAlias(const std::string& zip, const StreetName& street,
+                                                 const std::string& number) {
+  return postal_ ? postal_->FindAlias(zip, street, number) : std::nullopt;
 }
 
 const std::vector<std::string>& BaseReader::CityNames(const std::string& zip) const {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "postal/base/HouseNumber.h"
+#include "postal/base/PostalReader.h"
 #include "postal/base/StreetCache.h"
 #include "postal/base/StreetIndex.h"
 #include "postal/base/StreetName.h"
@@ -31,6 +32,7 @@ struct NumberFacts {
   bool isBuilding = false;         // a source names the address without a unit
   std::string zip4;                // of the address without a unit, where a source gives it
   std::vector<std::string> units;  // of the building, standard: "APT 4"
+  std::vector<UnitRange> unitRanges;
 
   bool IsKnown() const { return isPoint || inRange; }
 };
@@ -47,6 +49,8 @@ class BaseReader {
     // The names that sources give the place of a ZIP code.
     std::unordered_map<std::string, std::vector<std::string>> cityNames;
     bool hasRanges = false;
+    bool hasPostal = false;  // anything that a PostalReader reads
+    std::unordered_map<std::string, std::string> preferredCities;
     std::optional<StreetIndex> streets;  // where the file is in memory, too
   };
   static Facts ReadFacts(SqliteFile& file, bool withStreets);
@@ -92,6 +96,16 @@ class BaseReader {
   // none does.
   std::string CityName(const std::string& zip, const std::string& key);
 
+  // Returns the name to write in the place of one that must not stand in an address of the ZIP
+  // code, or with an empty key the preferred one there; empty where nothing is known.
+  std::string PreferredCity(const std::string& zip, const std::string& key) const;
+
+  // As PostalReader; nothing where the base has none of it.
+  std::string FirmZip4(int64_t street, const std::string& number, const std::string& unit,
+                       const std::string& firm);
+  std::optional<StreetAlias> FindAlias(const std::string& zip, const StreetName& street,
+                                       const std::string& number);
+
   // Returns every name that a source gives a place of the ZIP code.
   const std::vector<std::string>& CityNames(const std::string& zip) const;
 
@@ -128,6 +142,7 @@ class BaseReader {
   SqliteStatement unitZip4_;
   SqliteStatement cityName_;
   SqliteStatement zipsOfCity_;
+  std::optional<PostalReader> postal_;
 };
 
 }  // namespace postwright::postal

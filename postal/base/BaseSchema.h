@@ -59,7 +59,7 @@ CREATE TABLE staged_range(
 CREATE TABLE place(
   job TEXT NOT NULL, source INTEGER NOT NULL, file INTEGER NOT NULL, position INTEGER NOT NULL,
   line INTEGER NOT NULL, points INTEGER NOT NULL, ranges INTEGER NOT NULL,
-  left_out INTEGER NOT NULL);
+  names INTEGER NOT NULL, left_out INTEGER NOT NULL);
 )";
 
 }  // namespace postwright::postal::BaseSchema

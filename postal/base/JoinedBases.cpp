@@ -27,6 +27,11 @@ JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t
   for (const std::filesystem::path& file : files) {
     bases_.emplace_back(file, mostInMemory, static_cast<int64_t>(bases_.size()));
   }
+  for (size_t place = 0; place < bases_.size(); ++place) {
+    if (bases_[place].Borrow()->Known().hasPostal) {
+      postal_.push_back(place);
+    }
+  }
   for (size_t place = 0; bases_.size() > 1 && place < bases_.size(); ++place) {
     Join(place);
   }
@@ -37,6 +42,8 @@ void JoinedBases::Join(size_t place) {
   for (const auto& [zip, whole] : reader->Known().zips) {
     places_.emplace(zip, place);
   }
+  preferredCities_.insert(reader->Known().preferredCities.begin(),
+                          reader->Known().preferredCities.end());
   for (const auto& [zip, names] : reader->Known().cityNames) {
     for (const std::string& name : names) {
       Add(cityNames_[zip], name);
@@ -53,6 +60,11 @@ bool JoinedBases::IsInMemory() const {
 size_t JoinedBases::PlaceOf(const std::string& zip) const {
   const auto found = places_.find(zip);
   return found == places_.end() ? kNone : found->second;
+}
+
+std::string JoinedBases::PreferredCity(const std::string& zip, const std::string& key) const {
+  const auto found = preferredCities_.find(zip + ' ' + key);
+  return found == preferredCities_.end() ? std::string() : found->second;
 }
 
 const std::vector<std::string>& JoinedBases::CityNames(const std::string& zip) const {

@@ -40,6 +40,12 @@ class JoinedBases {
   const std::vector<std::string>& CityNames(const std::string& zip) const;
   const std::vector<std::string>& ZipsOfCity(const std::string& key) const;
 
+  // Where there are several: as BaseReader::PreferredCity, of the first that knows.
+  std::string PreferredCity(const std::string& zip, const std::string& key) const;
+
+  // The places of those that have anything of the postal service's own.
+  const std::vector<size_t>& Postal() const { return postal_; }
+
  private:
   using Lists = std::unordered_map<std::string, std::vector<std::string>>;
 
@@ -49,6 +55,8 @@ class JoinedBases {
   std::unordered_map<std::string, size_t> places_;
   Lists cityNames_;
   Lists zipsOfCity_;
+  std::unordered_map<std::string, std::string> preferredCities_;
+  std::vector<size_t> postal_;
 };
 
 }  // namespace postwright::postal

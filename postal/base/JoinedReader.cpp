@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "postal/base/BoxAddress.h"
 #include "postal/places/CityName.h"
 
 namespace postwright::postal {
@@ -95,6 +96,37 @@ std::string JoinedReader::UnitZip4(int64_t street, const std::string& number,
                                    const std::string& unit) {
   return InBase(BaseReader::PlaceOf(street),
                 [&](BaseReader& reader) { return reader.UnitZip4(street, number, unit); });
+}
+
+std::optional<int64_t> JoinedReader::FindBoxes(const std::string& zip, const std::string& name) {
+  StreetName street;
+  street.name = name;
+  return InZip(zip, std::optional<int64_t>(), [&](BaseReader& reader) {
+    return reader.FindStreet(BoxAddress::ZipOf(zip), street);
+  });
+}
+
+std::string JoinedReader::FirmZip4(int64_t street, const std::string& number,
+                                   const std::string& unit, const std::string& firm) {
+  return InBase(BaseReader::PlaceOf(street),
+                [&](BaseReader& reader) { return reader.FirmZip4(street, number, unit, firm); });
+}
+
+// The names may stand in a base of their own.
+std::optional<StreetAlias> JoinedReader::FindAlias(const std::string& zip, const StreetName& street,
+                                                   const std::string& number) {
+  std::optional<StreetAlias> alias;
+  for (const size_t place : bases_.Postal()) {
+    if (!alias) {
+      alias =
+          InBase(place, [&](BaseReader& reader) { return reader.FindAlias(zip, street, number); });
+    }
+  }
+  return alias;
+}
+
+std::string JoinedReader::PreferredCity(const std::string& zip, const std::string& key) const {
+  return only_ ? (*only_)->PreferredCity(zip, key) : bases_.PreferredCity(zip, key);
 }
 
 std::string JoinedReader::CityName(const std::string& zip, const std::string& key) {

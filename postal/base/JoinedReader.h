@@ -41,6 +41,17 @@ class JoinedReader {
   std::vector<std::string> NumbersOf(int64_t street);
   std::string UnitZip4(int64_t street, const std::string& number, const std::string& unit);
 
+  // Says whether any base has anything of the postal service's own.
+  bool KnowsPostal() const { return !bases_.Postal().empty(); }
+
+  // Returns the boxes of that name in the ZIP code (BoxAddress), a street as others.
+  std::optional<int64_t> FindBoxes(const std::string& zip, const std::string& name);
+  std::string FirmZip4(int64_t street, const std::string& number, const std::string& unit,
+                       const std::string& firm);
+  std::optional<StreetAlias> FindAlias(const std::string& zip, const StreetName& street,
+                                       const std::string& number);
+  std::string PreferredCity(const std::string& zip, const std::string& key) const;
+
   std::string CityName(const std::string& zip, const std::string& key);
   const std::vector<std::string>& CityNames(const std::string& zip) const;
   std::vector<std::string> ZipsOfCity(const std::string& key);

@@ -30,9 +30,41 @@ constexpr std::array<std::string_view, kFields> kFieldNames = {
     "zip4",   "urbanization", "low",  "high", "parity",
 };
 
+// What a record of the postal service's own products (docs/licensed-data.md) says beside a row's
+// fields.
+struct PostalRecord {
+  enum class Kind : char {
+    None = 0,  // the row is another source's
+    Firm = 'F',
+    GeneralDelivery = 'G',
+    HighRise = 'H',
+    Box = 'P',
+    Route = 'R',
+    Street = 'S',
+    Deletion,  // of the record with the key
+    Place,     // a name of a ZIP code's place
+    Alias,     // a name of a street
+  };
+
+  bool IsBox() const {
+    return kind == Kind::GeneralDelivery || kind == Kind::Box || kind == Kind::Route;
+  }
+
+  Kind kind = Kind::None;
+  std::string key;
+  std::string firm;
+  std::string unitLow;  // of a range of units, whose designator is Field::Unit
+  std::string unitHigh;
+  std::string unitParity;
+  std::string other;  // the preferred name of the place, or the street that the alias stands for
+  bool isUsable = false;  // the name may stand in an address
+};
+
 // A row of a source, UTF-8 as it stands there; what the source does not tell is empty.
 class AddressRow {
  public:
+  PostalRecord postal;
+
   std::string& operator[](Field field) { return texts_[static_cast<size_t>(field)]; }
   const std::string& operator[](Field field) const { return texts_[static_cast<size_t>(field)]; }
 
@@ -40,6 +72,7 @@ class AddressRow {
     for (std::string& text : texts_) {
       text.clear();
     }
+    postal = {};
   }
 
  private:
@@ -53,8 +86,9 @@ enum class RowFault {
   NoStreet,   // no street that could be read
   NoNumber,   // neither a number nor a range
   Elsewhere,  // not of the states that are wanted
+  NoRecord,   // deletes a record that is not there
 };
-constexpr size_t kRowFaults = 5;
+constexpr size_t kRowFaults = 6;
 
 }  // namespace postwright::postal
 

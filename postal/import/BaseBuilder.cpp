@@ -14,14 +14,14 @@
 #include "postal/base/BaseFile.h"
 #include "postal/base/BaseSchema.h"
 #include "postal/base/HouseNumber.h"
+#include "postal/base/PostalTables.h"
 #include "postal/places/CityName.h"
 
 namespace postwright::postal {
 namespace {
 
 constexpr std::chrono::milliseconds kPatience(
-    0);  // a second import of the same base is told at once
-constexpr size_t kMostStreetsKept = 500'000;
+    0);                                       // a second import of the same base is told at once
 constexpr std::string_view kNoZip4 = "0000";  // is how the National Address Database writes "none"
 
 std::string Today() {
@@ -95,14 +95,10 @@ BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& s
   } else {
     GoOn(job);
   }
+  streets_.emplace(stage_, reader_, sourceId_);
+  postal_.emplace(stage_, reader_, sourceId_);
   addPoint_.emplace(stage_, "INSERT INTO staged_point VALUES(?,?,?,?)");
   addRange_.emplace(stage_, "INSERT INTO staged_range VALUES(?,?,?,?,?)");
-  findStreet_.emplace(stage_,
-                      "SELECT id FROM street WHERE zip=? AND key=? AND name=? AND predirectional=? "
-                      "AND suffix=? AND postdirectional=? AND urbanization=?");
-  addStreet_.emplace(stage_, "INSERT OR IGNORE INTO street VALUES(NULL,?,?,?,?,?,?,?)");
-  addCity_.emplace(stage_, "INSERT OR IGNORE INTO city VALUES(?,?,?,?)");
-  addZip_.emplace(stage_, "INSERT OR IGNORE INTO zip VALUES(?,?)");
 }
 
 // The lock is held until the end: nobody else may gather rows for the same base, nor throw away
@@ -138,10 +134,11 @@ void BaseBuilder::Begin(const std::string& job) {
   }
   stage_.Run(std::string(BaseSchema::kTables));
   stage_.Run(std::string(BaseSchema::kStage));
+  stage_.Run(std::string(PostalTables::kTables) + std::string(PostalStage::kTables));
   if (isUpdate) {
     CopyStreets();
   }
-  SqliteStatement place(stage_, "INSERT INTO place VALUES(?,?,0,0,1,0,0,0)");
+  SqliteStatement place(stage_, "INSERT INTO place VALUES(?,?,0,0,1,0,0,0,0)");
   SqliteQuery(place, job, sourceId_).Step();
   stage_.Run(isUpdate ? "COMMIT; DETACH old; BEGIN" : "COMMIT; BEGIN");
 }
@@ -167,12 +164,17 @@ void BaseBuilder::GoOn(const std::string& job) {
   }
   sourceId_ = place.Number(1);
   place_ = {place.Number(2), {place.Number(3), place.Number(4)}};
-  counts_ = {place.Number(5), place.Number(6), place.Number(7)};
+  counts_ = {place.Number(5), place.Number(6), place.Number(7), place.Number(8)};
 }
 
 std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
+  if (row.postal.kind != PostalRecord::Kind::None) {
+    const auto fault = AddPostal(row);
+    counts_.leftOut += fault ? 1 : 0;
+    return fault;
+  }
   std::optional<RowFault> fault;
-  const std::optional<int64_t> street = FindStreet(row, fault);
+  const std::optional<int64_t> street = streets_->Find(row, fault);
   const std::string_view zip4 = row[Field::Zip4];
   const std::string_view knownZip4 =
       zip4.size() == 4 && AllDigits(zip4) && zip4 != kNoZip4 ? zip4 : std::string_view("");
@@ -198,69 +200,53 @@ std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
   return std::nullopt;
 }
 
-std::optional<int64_t> BaseBuilder::FindStreet(const AddressRow& row,
-                                               std::optional<RowFault>& fault) {
-  key_.clear();
-  for (const Field field :
-       {Field::Street, Field::Zip, Field::City, Field::State, Field::Urbanization}) {
-    key_.append(row[field]).append(1, '\0');
+// A record of the postal service's own is a range, if of one number.
+std::optional<RowFault> BaseBuilder::AddPostal(const AddressRow& row) {
+  std::optional<RowFault> fault;
+  switch (row.postal.kind) {
+    case PostalRecord::Kind::Deletion:
+      fault = postal_->Delete(row.postal.key) ? fault : RowFault::NoRecord;
+      counts_.ranges -= fault ? 0 : 1;
+      return fault;
+    case PostalRecord::Kind::Place:
+      AddPlace(row);
+      ++counts_.names;
+      return std::nullopt;
+    case PostalRecord::Kind::Alias:
+      fault = postal_->AddAlias(row);
+      counts_.names += fault ? 0 : 1;
+      return fault;
+    default:
+      break;
   }
-  auto known = streets_.find(std::string_view(key_));
-  if (known == streets_.end()) {
-    if (streets_.size() >= kMostStreetsKept) {
-      streets_.clear();
-    }
-    const auto read = reader_.ReadStreet(row);
-    const auto* const street = std::get_if<RowStreet>(&read);
-    known = streets_
-                .emplace(key_, street != nullptr
-                                   ? std::variant<int64_t, RowFault>(StreetId(*street))
-                                   : std::variant<int64_t, RowFault>(std::get<RowFault>(read)))
-                .first;
+  if (const auto street = streets_->Find(row, fault)) {
+    fault = postal_->AddNumbers(*street, row);
+    counts_.ranges += fault ? 0 : 1;
   }
-  if (const auto* id = std::get_if<int64_t>(&known->second)) {
-    return *id;
-  }
-  fault = std::get<RowFault>(known->second);
-  return std::nullopt;
+  return fault;
 }
 
-int64_t BaseBuilder::StreetId(const RowStreet& read) {
-  NoteCity(read);
-  const StreetName& street = read.street;
-  const std::string key = StreetKey(street.name);
-  const auto ask = [&](SqliteStatement& statement) {
-    return SqliteQuery(statement, read.zip, key, street.name, street.predirectional, street.suffix,
-                       street.postdirectional, street.urbanization);
-  };
-  ask(*addStreet_).Step();
-  if (stage_.Changes() > 0) {
-    return stage_.LastRow();
+// The first name that a ZIP code's preferred one is read beside counts: it is the same on each.
+void BaseBuilder::AddPlace(const AddressRow& row) {
+  const std::string& zip = row[Field::Zip];
+  const std::string name = StandardCity(row[Field::City]);
+  const std::string preferred = StandardCity(row.postal.other);
+  if (row.postal.isUsable) {
+    streets_->AddCity(zip, name);
+  } else if (!preferred.empty()) {
+    postal_->AddPlaceName(zip, CityKey(name), preferred);
   }
-  SqliteQuery query = ask(*findStreet_);
-  query.Step();
-  return findStreet_->Number(0);
-}
-
-void BaseBuilder::NoteCity(const RowStreet& read) {
-  if (notedCities_.size() >= kMostStreetsKept) {
-    notedCities_.clear();
-  }
-  if (!notedCities_.insert(read.zip + read.city).second) {
-    return;
-  }
-  SqliteQuery(*addZip_, read.zip, sourceId_).Step();
-  if (!read.city.empty()) {
-    SqliteQuery(*addCity_, read.zip, CityKey(read.city), read.city, sourceId_).Step();
+  if (!preferred.empty()) {
+    postal_->AddPlaceName(zip, "", preferred);
   }
 }
 
 void BaseBuilder::Save(const ImportPlace& place) {
   place_ = place;
-  SqliteStatement save(stage_,
-                       "UPDATE place SET file=?,position=?,line=?,points=?,ranges=?,left_out=?");
+  SqliteStatement save(
+      stage_, "UPDATE place SET file=?,position=?,line=?,points=?,ranges=?,names=?,left_out=?");
   SqliteQuery(save, place.file, place.row.position, place.row.line, counts_.points, counts_.ranges,
-              counts_.leftOut)
+              counts_.names, counts_.leftOut)
       .Step();
   stage_.Run("COMMIT; BEGIN");
 }
@@ -273,7 +259,7 @@ void BaseBuilder::RemoveStage() {
 }
 
 void BaseBuilder::Finish() {
-  if (counts_.points + counts_.ranges == 0) {
+  if (counts_.points + counts_.ranges + counts_.names == 0) {
     RemoveStage();
     throw ImportError(base_.string() + ": stays as it is: nothing that can be imported is in the " +
                       "files of " + source_.name + "; " + std::to_string(counts_.leftOut) +
@@ -321,6 +307,8 @@ void BaseBuilder::Compose(SqliteFile& whole) const {
   whole.Run("INSERT OR IGNORE INTO number_range SELECT street,low,high,parity," + id +
             " AS source,zip4 FROM staged_range" + old("*", "number_range", "source") +
             " ORDER BY 1,2,3,4,5");
+  whole.Run(std::string(PostalTables::kTables));
+  PostalStage::Compose(whole, sourceId_, update);
   whole.Run(std::string(BaseSchema::kTables));
   whole.Run(
       "INSERT INTO main.street SELECT * FROM stage.street s WHERE EXISTS "
@@ -333,7 +321,8 @@ void BaseBuilder::Compose(SqliteFile& whole) const {
   }
   SqliteStatement source(whole, "INSERT INTO main.source VALUES(?,?,?,?,?,?,?,?,?)");
   SqliteQuery(source, sourceId_, source_.name, source_.format, source_.licence, source_.attribution,
-              Today(), int64_t{source_.whole}, counts_.points + counts_.ranges, counts_.leftOut)
+              Today(), int64_t{source_.whole}, counts_.points + counts_.ranges + counts_.names,
+              counts_.leftOut)
       .Step();
   whole.Run("PRAGMA main.application_id=" + std::to_string(BaseSchema::kApplicationId) +
             "; PRAGMA main.user_version=" + std::to_string(BaseSchema::kVersion) +

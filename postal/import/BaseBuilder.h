@@ -7,14 +7,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
-#include "common/StringHash.h"
 #include "postal/import/AddressRow.h"
+#include "postal/import/PostalStage.h"
 #include "postal/import/RowReader.h"
 #include "postal/import/RowSource.h"
+#include "postal/import/StreetStage.h"
 #include "postal/places/ZipList.h"
 #include "postal/store/Sqlite.h"
 
@@ -41,6 +40,7 @@ struct ImportPlace {
 struct ImportCounts {
   int64_t points = 0;
   int64_t ranges = 0;
+  int64_t names = 0;  // of places and streets
   int64_t leftOut = 0;
 };
 
@@ -92,9 +92,8 @@ class BaseBuilder {
   void Begin(const std::string& job);
   void CopyStreets();
   void GoOn(const std::string& job);
-  std::optional<int64_t> FindStreet(const AddressRow& row, std::optional<RowFault>& fault);
-  int64_t StreetId(const RowStreet& read);
-  void NoteCity(const RowStreet& read);
+  std::optional<RowFault> AddPostal(const AddressRow& row);
+  void AddPlace(const AddressRow& row);
   void Compose(SqliteFile& whole) const;
   std::string Path(std::string_view ending) const { return base_.string() + std::string(ending); }
 
@@ -105,17 +104,10 @@ class BaseBuilder {
   int64_t sourceId_ = 1;
   ImportPlace place_;
   ImportCounts counts_;
+  std::optional<StreetStage> streets_;
+  std::optional<PostalStage> postal_;
   std::optional<SqliteStatement> addPoint_;
   std::optional<SqliteStatement> addRange_;
-  std::optional<SqliteStatement> findStreet_;
-  std::optional<SqliteStatement> addStreet_;
-  std::optional<SqliteStatement> addCity_;
-  std::optional<SqliteStatement> addZip_;
-  std::unordered_set<std::string> notedCities_;  // with their ZIP codes
-  std::string key_;
-  std::unordered_map<std::string, std::variant<int64_t, RowFault>, StringHash<char>,
-                     std::equal_to<>>
-      streets_;
 };
 
 // An import that cannot begin, or not go on; what() says what to do.

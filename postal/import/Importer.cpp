@@ -23,6 +23,8 @@ const char* Describe(RowFault fault) {
       return "has neither a house number nor a range of them";
     case RowFault::Elsewhere:
       return "is of another state";
+    case RowFault::NoRecord:
+      return "deletes a record that is not there";
   }
   return "";
 }
@@ -37,9 +39,7 @@ Importer::Importer(const std::filesystem::path& base, SourceFacts source,
     const std::vector<SourceFile> found = FindSourceFiles(path);
     files_.insert(files_.end(), found.begin(), found.end());
   }
-  for (const SourceFile& file : files_) {
-    Open(file);
-  }
+  source_.format = FormatsOfFiles();
   builder_.emplace(base, source_, Job(), zips, earlier);
   const ImportPlace& place = builder_->Place();
   goesOn_ = place.file > 0 || place.row.position > 0;
@@ -60,10 +60,20 @@ std::string Importer::Job() const {
   return job;
 }
 
-std::unique_ptr<RowSource> Importer::Open(const SourceFile& file) {
-  auto source = OpenSource(file, map_);
-  source_.format = source->Format();
-  return source;
+// Each once, in the order of the files, all of which can be opened then.
+std::string Importer::FormatsOfFiles() const {
+  std::vector<std::string> formats;
+  for (const SourceFile& file : files_) {
+    const std::string format = OpenSource(file, map_)->Format();
+    if (std::find(formats.begin(), formats.end(), format) == formats.end()) {
+      formats.push_back(format);
+    }
+  }
+  std::string text;
+  for (const std::string& format : formats) {
+    text += (text.empty() ? "" : ", ") + format;
+  }
+  return text;
 }
 
 Importer::End Importer::Run(const std::atomic<bool>& stop, const Listeners& listeners) {
@@ -80,7 +90,7 @@ Importer::End Importer::Run(const std::atomic<bool>& stop, const Listeners& list
 }
 
 bool Importer::ReadFile(size_t file, const std::atomic<bool>& stop, const Listeners& listeners) {
-  const std::unique_ptr<RowSource> source = Open(files_[file]);
+  const std::unique_ptr<RowSource> source = OpenSource(files_[file], map_);
   const ImportPlace& place = builder_->Place();
   if (place.file == static_cast<int64_t>(file) && place.row.position > 0) {
     source->GoTo(place.row);

@@ -60,7 +60,7 @@ class Importer {
   const SourceFacts& Source() const { return source_; }
 
  private:
-  std::unique_ptr<RowSource> Open(const SourceFile& file);
+  std::string FormatsOfFiles() const;
   std::string Job() const;
   bool ReadFile(size_t file, const std::atomic<bool>& stop, const Listeners& listeners);
   bool IsWanted(const AddressRow& row) const;

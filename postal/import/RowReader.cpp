@@ -4,6 +4,8 @@
 
 #include "common/AsciiText.h"
 #include "common/Encoding.h"
+#include "postal/base/BoxAddress.h"
+#include "postal/lines/BoxLine.h"
 #include "postal/lines/PuertoRico.h"
 #include "postal/lines/StreetLine.h"
 #include "postal/lines/UnitReader.h"
@@ -35,6 +37,22 @@ Words StandardUnit(Words words) {
   }
   words.insert(words.begin(), "#");
   return ReadUnitLine(words).value_or(words);
+}
+
+// Returns what the boxes of a route or a post office are called together: "RR 3" of "RR 03".
+std::string BoxName(Words words) {
+  if (words.empty() || words.back() != "BOX") {
+    words.emplace_back("BOX");
+  }
+  words.emplace_back("1");
+  for (const auto read : {ReadPostOfficeBox, ReadRoute, ReadMilitary}) {
+    const auto line = read(words);
+    const auto box = line ? BoxAddress::Read(JoinWords(line->line)) : std::nullopt;
+    if (box) {
+      return box->name;
+    }
+  }
+  return {};
 }
 
 }  // namespace
@@ -71,6 +89,23 @@ std::variant<RowStreet, RowFault> RowReader::ReadStreet(const AddressRow& row) c
   read.city = city && *city != kNoCity ? StandardCity(*city) : std::string();
   read.street =
       StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
+  return read;
+}
+
+std::variant<RowStreet, RowFault> RowReader::ReadBox(const AddressRow& row) const {
+  std::string state;
+  RowStreet read;
+  read.isBox = true;
+  read.zip = PlaceZip(row, state);
+  if (read.zip.empty()) {
+    return RowFault::NoZip;
+  }
+  read.street.name = row.postal.kind == PostalRecord::Kind::GeneralDelivery
+                         ? "GENERAL DELIVERY"
+                         : BoxName(WordsOf(row[Field::Street]));
+  if (read.street.name.empty()) {
+    return RowFault::NoStreet;
+  }
   return read;
 }
 

@@ -19,6 +19,7 @@ struct RowStreet {
   std::string zip;
   std::string city;  // as the source names it; empty where it does not
   StreetName street;
+  bool isBox = false;  // a BoxAddress
 };
 
 // Brings the rows of a source into the form in which the service compares addresses: through the
@@ -32,6 +33,9 @@ class RowReader {
   explicit RowReader(const ZipList& zips) : zips_(zips) {}
 
   std::variant<RowStreet, RowFault> ReadStreet(const AddressRow& row) const;
+
+  // The same of boxes, routes and general delivery, which are streets of their own in a base.
+  std::variant<RowStreet, RowFault> ReadBox(const AddressRow& row) const;
 
   // Returns "12 1/2" of "12½", the empty text for what is no house number.
   std::string ReadNumber(const std::string& text) const;

@@ -5,10 +5,12 @@
 #include <string>
 
 #include "postal/import/ByteStream.h"
+#include "postal/import/CityStateSource.h"
 #include "postal/import/CsvSource.h"
 #include "postal/import/DbfTable.h"
 #include "postal/import/GeoJsonSource.h"
 #include "postal/import/TigerSource.h"
+#include "postal/import/ZipPlus4Source.h"
 
 namespace postwright::postal {
 namespace {
@@ -36,9 +38,21 @@ std::unique_ptr<RowSource> OpenCsv(const SourceFile& file, const std::optional<C
   return std::make_unique<CsvSource>(file, map);
 }
 
+std::unique_ptr<RowSource> OpenZipPlus4(const SourceFile& file,
+                                        const std::optional<ColumnMap>& /*map*/) {
+  return std::make_unique<ZipPlus4Source>(file);
+}
+
+std::unique_ptr<RowSource> OpenCityState(const SourceFile& file,
+                                         const std::optional<ColumnMap>& /*map*/) {
+  return std::make_unique<CityStateSource>(file);
+}
+
 constexpr SourceFormat kFormats[] = {
     {"the dBASE table of TIGER/Line", &DbfTable::IsLikely, &OpenTiger},
     {"GeoJSON with a feature a line", &GeoJsonSource::IsLikely, &OpenGeoJson},
+    {"the postal service's ZIP+4 records", &ZipPlus4Source::IsLikely, &OpenZipPlus4},
+    {"its City State records", &CityStateSource::IsLikely, &OpenCityState},
     {"a CSV file", &IsText, &OpenCsv},
 };
 

@@ -51,6 +51,32 @@ std::string Write(const service::ReplyFields& fields) {
 }
 
 // The made-up town, imported once for all tests.
+// Runs every row of a page's tables by two verifiers, which must agree. Returns how many there are.
+size_t CheckPage(const std::string& page, const service::Verifier& verifier,
+                 const service::Verifier& other) {
+  const auto rows = ReadDocTables(page, "asked", 6);
+  for (const DocRow& row : rows) {
+    SCOPED_TRACE(row.place);
+    const service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
+    const service::ReplyAddress reply = verifier.Verify(asked);
+    EXPECT_EQ(other.Verify(asked).outcome, reply.outcome);
+    const auto* fields = std::get_if<service::ReplyFields>(&reply.outcome);
+    if (fields == nullptr) {
+      EXPECT_EQ(service::VerifyReply::NumberOf(std::get<Rejection>(reply.outcome)), row.cells[2]);
+      continue;
+    }
+    EXPECT_EQ(Write(*fields), row.cells[2]);
+    EXPECT_EQ(
+        fields->dpvConfirmation + (fields->dpvFootnotes.empty() ? "" : " " + fields->dpvFootnotes),
+        row.cells[3]);
+    EXPECT_EQ(fields->footnotes, row.cells[4]);
+    EXPECT_EQ(fields->returnText.empty(), fields->dpvConfirmation != "D");
+    EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
+    EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
+  }
+  return rows.size();
+}
+
 class DecisionTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -76,27 +102,36 @@ class DecisionTest : public testing::Test {
 };
 
 TEST_F(DecisionTest, EveryRuleOfThePage) {
-  const auto rows = ReadDocTables("address-base.md", "asked", 6);
-  EXPECT_GT(rows.size(), 60U);
   const JoinedBases onDisk({folder_->File("base")});
-  for (const DocRow& row : rows) {
-    SCOPED_TRACE(row.place);
-    const service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
-    const service::ReplyAddress reply = Verify(asked);
-    EXPECT_EQ(service::Verifier(*zips_, &onDisk).Verify(asked).outcome, reply.outcome);
-    const auto* fields = std::get_if<service::ReplyFields>(&reply.outcome);
-    if (fields == nullptr) {
-      EXPECT_EQ(service::VerifyReply::NumberOf(std::get<Rejection>(reply.outcome)), row.cells[2]);
-      continue;
-    }
-    EXPECT_EQ(Write(*fields), row.cells[2]);
-    EXPECT_EQ(
-        fields->dpvConfirmation + (fields->dpvFootnotes.empty() ? "" : " " + fields->dpvFootnotes),
-        row.cells[3]);
-    EXPECT_EQ(fields->footnotes, row.cells[4]);
-    EXPECT_EQ(fields->returnText.empty(), fields->dpvConfirmation != "D");
-    EXPECT_EQ(fields->dpvFalse, fields->dpvConfirmation == "N" ? "N" : "");
-    EXPECT_EQ(fields->deliveryPoint + fields->carrierRoute + fields->business + fields->vacant, "");
+  EXPECT_GT(CheckPage("address-base.md", service::Verifier(*zips_, base_),
+                      service::Verifier(*zips_, &onDisk)),
+            60U);
+}
+
+// The names may stand in a base of their own.
+TEST_F(DecisionTest, EveryRuleOfLicensedData) {
+  const std::filesystem::path licensed = kSample / "licensed";
+  const std::vector<std::filesystem::path> streets = {licensed / "zip4.txt",
+                                                      licensed / "zip4-changes.txt"};
+  std::vector<std::filesystem::path> all = streets;
+  all.push_back(licensed / "ctystate.txt");
+  ZipList zips = SampleZips();
+  zips.Load(licensed / "zips.tsv");
+  const ImportCounts counts = Import(folder_->File("usps"), "usps", all, zips);
+  EXPECT_EQ(std::tuple(counts.points, counts.ranges, counts.names, counts.leftOut),
+            std::tuple(0, 16, 7, 4));
+  Import(folder_->File("usps"), "town", {kSample / "town.csv"}, zips);  // and another source
+  Import(folder_->File("streets"), "usps", streets, zips);
+  Import(folder_->File("names"), "usps", {all.back()}, zips);
+  const JoinedBases one({folder_->File("usps")}, AddressBase::kMostInMemory);
+  const JoinedBases two({folder_->File("names"), folder_->File("streets")});
+  const service::Verifier verifier(zips, &one);
+  EXPECT_GT(CheckPage("licensed-data.md", verifier, service::Verifier(zips, &two)), 25U);
+  service::RequestAddress asked = ReadAsked("150 N Main St Ste 900", "Copperfield OH 00018");
+  for (const auto& [firm, zip4] :
+       {std::pair("acme  Widgets", "1260"), std::pair("Copper Bank", "")}) {
+    asked.firmName = firm;
+    EXPECT_EQ(std::get<service::ReplyFields>(verifier.Verify(asked).outcome).zip4, zip4);
   }
 }
 

@@ -14,7 +14,7 @@ class ImportFaultsTest : public testing::Test {
  protected:
   ImportFaultsTest() {
     zips_.Load(POSTWRIGHT_SOURCE_DIR "/data/sample/zips.tsv");
-    input_ =
+    csv_ =
         elsewhere_.Write("new.csv", "number,street,city,state,zip\n7,NEW ST,MILLRACE,OH,00011\n");
     const std::string other = elsewhere_.Write("old.csv", "number,street,zip\n1,OLD ST,00011\n");
     Import(elsewhere_.File("old"), "old", {other}, zips_);
@@ -23,7 +23,8 @@ class ImportFaultsTest : public testing::Test {
     runs_.check = [this](const FaultRuns::End& end) { return Complaint(end); };
   }
 
-  void Begin(bool isThere) {
+  void Begin(bool isThere, const std::string& input) {
+    input_ = input;
     const std::string before = elsewhere_.File("old");
     before_ = isThere ? Content(before) : "";
     std::filesystem::remove(elsewhere_.File("new"));
@@ -75,6 +76,7 @@ class ImportFaultsTest : public testing::Test {
   const TempFolder folder_;
   const TempFolder elsewhere_;
   const std::string base_ = std::filesystem::canonical(folder_.File("")) / "town";
+  std::string csv_;
   std::string input_;
   std::string before_;
   std::string after_;
@@ -82,9 +84,18 @@ class ImportFaultsTest : public testing::Test {
 };
 
 TEST_F(ImportFaultsTest, LeavesTheOldBaseOrTheNewOne) {
-  for (const bool isThere : {true, false}) {
-    SCOPED_TRACE(isThere);
-    Begin(isThere);
+  const struct {
+    const char* name;
+    bool isThere;
+    std::string input;
+  } rows[] = {
+      {"a base that is there", true, csv_},
+      {"none, and the postal service's own names", false,
+       POSTWRIGHT_SOURCE_DIR "/data/sample/licensed/ctystate.txt"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Begin(row.isThere, row.input);
     EXPECT_EQ(runs_.Run(), "");
   }
 }

@@ -65,6 +65,13 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
       {"$base import town command --source a", 2, "columns are of no known format; say which"},
       {"$base import town $sample/town.csv --source a --map street=X", 2, "no column 'X'"},
       {"$base import town $sample/town.csv --source a --map stret=X", 2, "'stret' is no field"},
+      {"l=$sample/licensed; $base import usps $l/zip4.txt $l/zip4-changes.txt $l/ctystate.txt "
+       "--source USPS",
+       0,
+       "usps: 0 addresses and 16 ranges of USPS, 7 names of places and streets, 4 rows left out"},
+      {"$base info usps", 0, "USPS ZIP+4, USPS City State\n"},
+      {"$base lookup usps 'rr 1 box 20' Copperfield OH 00018 --zips $sample/licensed/zips.tsv", 0,
+       "have it among those of 'RR 1'"},
       {"echo number,street,zip > none.csv; $base import town none.csv --source Town", 2,
        "town: stays as it is: nothing that can be imported is in the files of Town"},
       {"$base", 2, "postwright-base --help' says more"},

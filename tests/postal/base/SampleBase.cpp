@@ -31,6 +31,8 @@ std::string Content(const std::string& file) {
         "SELECT source.name||zip||street.name||low||high FROM number_range JOIN street ON "
         "street.id=street JOIN source ON source.id=source ORDER BY 1",
         "SELECT zip||city.name FROM city ORDER BY 1",
+        "SELECT zip||key||preferred FROM city_use ORDER BY 1",
+        "SELECT zip||name||of_name FROM alias ORDER BY 1",
         "SELECT name||rows||' '||left_out FROM source ORDER BY 1"}) {
     for (SqliteStatement rows(base, facts); rows.Step();) {
       content += rows.Text(0) + '\n';
