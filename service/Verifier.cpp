@@ -11,8 +11,6 @@
 namespace postwright::service {
 namespace {
 
-constexpr char kSeveralAddresses[] = "the lines could be those of several addresses";
-
 // The fields of a request in the letters that addresses are written in.
 struct FoldedAddress {
   std::string firmName;
@@ -100,20 +98,6 @@ bool KeepsAddOn(const postal::StandardLines& asked, const postal::MatchedAddress
          !IsStreetChanged(asked, match);
 }
 
-// Says whether the answer's lines, once its delivery line is in standard form, still read as that
-// line and what stands above it: BLQ 199 CASA 31 CA becomes 199-31 CA, which another line with a
-// number may precede as well.
-bool IsCutTheSame(const postal::LineCutter& cutter, const AddressAnswer& answer,
-                  const std::string& above) {
-  const auto* const fields = std::get_if<ReplyFields>(&answer);
-  if (fields == nullptr) {
-    return true;
-  }
-  const auto again =
-      cutter.Cut({fields->address1, fields->address2, fields->city, fields->state, fields->zip5});
-  return again && again->above == above;
-}
-
 }  // namespace
 
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
@@ -158,10 +142,10 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
     bases.emplace(*addresses_);
   }
   postal::JoinedReader* const reader = bases ? &*bases : nullptr;
-  const postal::LineCutter cutter(zips_, reader);
-  const auto cut = cutter.Cut({sent.address1, sent.address2, sent.city, sent.state, sent.zip5});
+  const auto cut = postal::LineCutter(zips_, reader)
+                       .Cut({sent.address1, sent.address2, sent.city, sent.state, sent.zip5});
   if (!cut) {
-    postal::Explain(explanation, kSeveralAddresses);
+    postal::Explain(explanation, "the lines could be those of several addresses");
     return postal::Rejection::InvalidAddress;
   }
   RequestAddress asked = sent;
@@ -178,10 +162,6 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   }
   answer.source = SourceOf(answer, folded->lastLine.zip, reader);
   answer.PutAbove(cut->above);
-  if (!cut->above.empty() && !IsCutTheSame(cutter, answer, cut->above)) {
-    postal::Explain(explanation, kSeveralAddresses);
-    return postal::Rejection::InvalidAddress;
-  }
   return answer;
 }
 
