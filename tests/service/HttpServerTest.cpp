@@ -21,6 +21,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
+using std::string_literals::operator""s;
 
 // A server on a free port whose answer is the method, the query and the body's length.
 class HttpServerTest : public testing::Test {
@@ -110,7 +111,7 @@ TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
       post + "Host: b\r\n\r\n",
       post + "A: \x01\r\n\r\n",
       post + "A: b\rContent-Length: 5\r\n\r\n",
-      post + std::string("A\0: b\r\n\r\n", 10),
+      post + "A\0: b\r\n\r\n"s,
       post + " A: b\r\n\r\n" + "B c\r\n\r\n",
       post + "\xC3\x84: b\r\n\r\n",
       "GET /\x7F HTTP/1.1\r\nHost: a\r\n\r\n",
@@ -124,7 +125,7 @@ TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
     EXPECT_EQ(reply.find("GET hidden"), std::string::npos) << row << reply;
   }
   // The library ends a line at a zero byte.
-  EXPECT_TRUE(Ask(std::string("GET /?a\0b HTTP/1.1\r\nHost: a\r\n\r\n", 33)).ends_with("GET a 0"));
+  EXPECT_TRUE(Ask("GET /?a\0b HTTP/1.1\r\nHost: a\r\n\r\n"s).ends_with("GET a 0"));
   // What is no fault.
   EXPECT_TRUE(Ask("\r\n" + post + "transfer-encoding: Chunked\r\n" + end).ends_with("POST  0"));
 }
