@@ -1,6 +1,5 @@
 #include "apps/workbook/ZipParts.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -34,14 +33,15 @@ ZipParts::ZipParts(QByteArray archive)
       _archive(open(_source.get(), ZIP_RDONLY)) {}
 
 // The library frees bytes that were lent to an archive once that is written (1.7.3), so each has a
-// copy of its own.
+// copy of its own; of no bytes it takes none, and frees none.
 ZipParts::Source ZipParts::sourceOf(const QByteArray& archive) {
   const auto size = static_cast<size_t>(archive.size());
-  void* const copy = std::malloc(std::max(size, size_t{1}));
-  if (copy == nullptr) {
+  void* const copy = size == 0 ? nullptr : std::malloc(size);
+  if (copy != nullptr) {
+    std::memcpy(copy, archive.constData(), size);
+  } else if (size > 0) {
     throw std::bad_alloc();
   }
-  std::memcpy(copy, archive.constData(), size);
   zip_error_t error;
   zip_error_init(&error);
   Source source(zip_source_buffer_create(copy, size, 1, &error));
