@@ -152,7 +152,7 @@ TEST_F(FixStreamTest, GivesTheAnswerOfAWorkerThatDiedBehindIt) {
   CheckCommands({{"killed",
                   there_ + "coproc " + fix_ +
                       " --jobs 2; input=${COPROC[1]}; cat labels >&$input; sleep 0.3; "
-                      "kill -STOP $COPROC_PID; sleep 1.2; pkill -9 -P $COPROC_PID; "
+                      "kill -STOP $COPROC_PID; sleep 3; pkill -9 -P $COPROC_PID; "
                       "kill -CONT $COPROC_PID; read -r -t 30 -u ${COPROC[0]} one; "
                       "exec {input}>&-; echo \"$one\"",
                   0, Record(kSlowNumber), ""}},
