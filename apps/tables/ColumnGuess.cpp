@@ -48,6 +48,12 @@ bool isZip(const QString& cell) {
   return form.match(cell).hasMatch();
 }
 
+// Of a ZIP code that lost its zero in a spreadsheet four digits are left.
+bool isShortZip(const QString& cell) {
+  static const QRegularExpression form(QStringLiteral(R"(^\d{4,5}(-\d{4})?$)"));
+  return form.match(cell).hasMatch();
+}
+
 bool isState(const QString& cell) {
   static const QStringList codes =
       QStringLiteral(
@@ -109,6 +115,15 @@ void preferFullName(const QStringList& names, const QList<QStringList>& rows,
   }
 }
 
+// Four digits may be anything; after a state they are a ZIP code.
+void takeShortZips(const QList<QStringList>& rows, QList<ColumnRole>& roles) {
+  const qsizetype zip = roles.indexOf(ColumnRole::State) + 1;
+  if (zip > 0 && zip < roles.size() && !roles.contains(ColumnRole::Zip) &&
+      roles[zip] == ColumnRole::None && shareOf(rows, zip, isShortZip) >= kMost) {
+    roles[zip] = ColumnRole::Zip;
+  }
+}
+
 // Columns without a name that says something, by what they hold.
 QList<ColumnRole> rolesByContent(const QList<QStringList>& rows, QList<ColumnRole> roles) {
   for (qsizetype column = 0; column < roles.size(); ++column) {
@@ -124,6 +139,7 @@ QList<ColumnRole> rolesByContent(const QList<QStringList>& rows, QList<ColumnRol
             ? ColumnRole::City
             : ColumnRole::None;
   }
+  takeShortZips(rows, roles);
   const qsizetype street = roles.indexOf(ColumnRole::Street);
   const qsizetype state = std::max(roles.indexOf(ColumnRole::State), qsizetype{0});
   if (state > 0 && !roles.contains(ColumnRole::City) && roles[state - 1] == ColumnRole::None &&
@@ -214,6 +230,15 @@ QList<ColumnRole> withPersonal(QList<ColumnRole> roles, const QList<ColumnRole>&
 }
 
 }  // namespace
+
+bool hasStateAndZip(const QStringList& row) {
+  for (qsizetype cell = 1; cell < row.size(); ++cell) {
+    if (isState(row[cell - 1].trimmed()) && isShortZip(row[cell].trimmed())) {
+      return true;
+    }
+  }
+  return false;
+}
 
 QList<AddressColumns> guessColumns(const QStringList& header, const QList<QStringList>& rows) {
   QStringList names;

@@ -19,6 +19,10 @@ namespace postwright::tables {
 // column.
 QList<AddressColumns> guessColumns(const QStringList& header, const QList<QStringList>& rows);
 
+// Tells whether a row holds a state and right after it four or five digits: a ZIP code, which may
+// have lost its zero in a spreadsheet.
+bool hasStateAndZip(const QStringList& row);
+
 }  // namespace postwright::tables
 
 #endif  // POSTWRIGHT_APPS_TABLES_COLUMNGUESS_H_

@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "apps/tables/Country.h"
+#include "apps/tables/PackedAddress.h"
 
 namespace postwright::tables {
 
@@ -64,6 +65,15 @@ QString ColumnMapping::composePlace(const QStringList& cells) const {
   return cityAndState.isEmpty() || zip.isEmpty() ? cityAndState + zip : cityAndState + kBlank + zip;
 }
 
+// A single cell with the whole address may hold it in its parts.
+QStringList ColumnMapping::composeStreet(const QStringList& cells) const {
+  const QStringList streets = valuesOf(cells, ColumnRole::Street);
+  const QStringList lines = streets.size() == 1 && !has(ColumnRole::City)
+                                ? unpackedAddress(streets.first())
+                                : QStringList();
+  return lines.isEmpty() ? streets : lines;
+}
+
 // The country is the last line, and not one within the United States.
 QString ColumnMapping::composeCountry(const QStringList& cells) const {
   const QString country = valuesOf(cells, ColumnRole::Country).join(kBlank);
@@ -98,7 +108,7 @@ QString ColumnMapping::compose(const QStringList& cells) const {
   }
   QStringList lines{name.join(kBlank)};
   lines += valuesOf(cells, ColumnRole::Company);
-  lines += valuesOf(cells, ColumnRole::Street);
+  lines += composeStreet(cells);
   lines += composePlace(cells);
   lines += valuesOf(cells, ColumnRole::Below);
   lines += composeCountry(cells);
@@ -125,6 +135,7 @@ ColumnMapping::Division ColumnMapping::divide(const QString& label,
     putPlace(division.cells, *parts.place);
   }
   putLines(division.cells, ColumnRole::Below, parts.below);
+  packAddress(division.cells, cells);
   if (!equalLines(compose(division.cells), label)) {
     division = {blanked(cells), true};
     division.cells[columnForWhole()] = label;
@@ -168,6 +179,17 @@ void ColumnMapping::keepForeign(QStringList& cells, const QStringList& old,
       cells[column] = old.value(column);
     }
   }
+}
+
+// An address that was in its parts in one cell goes there in the same way.
+void ColumnMapping::packAddress(QStringList& cells, const QStringList& old) const {
+  const QList<int> columns = columnsOf(ColumnRole::Street);
+  if (has(ColumnRole::City) || columns.size() != 1) {
+    return;
+  }
+  QString& cell = cells[columns.first()];
+  const QString packed = packedAddress(cell.split(kLineFeed), old.value(columns.first()).trimmed());
+  cell = packed.isEmpty() ? cell : packed;
 }
 
 QStringList ColumnMapping::blanked(QStringList cells) const {

@@ -69,6 +69,7 @@ class ColumnMapping {
   bool has(ColumnRole role) const { return _roles.contains(role); }
   QStringList valuesOf(const QStringList& cells, ColumnRole role) const;
   QString composePlace(const QStringList& cells) const;
+  QStringList composeStreet(const QStringList& cells) const;
 
   QList<int> nameColumns() const;
   QString composeCountry(const QStringList& cells) const;
@@ -80,6 +81,7 @@ class ColumnMapping {
   void putName(QStringList& cells, const QStringList& old, const QString& name) const;
   void putLinesAbove(QStringList& cells, const QStringList& old, QStringList lines) const;
   void putCompany(QStringList& cells, const QStringList& old, QStringList& lines) const;
+  void packAddress(QStringList& cells, const QStringList& old) const;
   int columnForWhole() const;
 
   QList<ColumnRole> _roles;

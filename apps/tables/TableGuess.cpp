@@ -38,9 +38,11 @@ int rowsAbove(const QList<QStringList>& rows) {
 // A row that holds a ZIP code or the place of a label is an entry, unless it names columns.
 bool looksLikeHeader(const QStringList& row) {
   static const QRegularExpression number(QStringLiteral(R"(^\s*\d{5}(-\d{4})?\s*$)"));
-  return knownNames(row) > 0 || std::none_of(row.begin(), row.end(), [](const QString& cell) {
-           return number.match(cell).hasMatch() || readPlace(cell).has_value();
-         });
+  const bool isEntry =
+      hasStateAndZip(row) || std::any_of(row.begin(), row.end(), [](const QString& cell) {
+        return number.match(cell).hasMatch() || readPlace(cell).has_value();
+      });
+  return knownNames(row) > 0 || !isEntry;
 }
 
 QList<QStringList> firstRows(const QByteArray& utf8, char delimiter) {

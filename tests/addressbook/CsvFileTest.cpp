@@ -255,6 +255,19 @@ void CsvFileTest::readsFilesAsTheyCome_data() {
              "First Name(s);Last Name;Mailing Name;Salutation;Mailing Address;City;State;Zip\n"
              "Jo & Al;Doe;The Doe Family;Jo and Al;1 Elm St;Reno;NV;89501\n")
       << QStringList{": The Doe Family\n1 Elm St\nReno, NV 89501"};
+  QTest::newRow("newsletter, the address in one cell")
+      << QByteArray(
+             "Email Address,First Name,Last Name,Address,Phone Number\n"
+             "z@x.example,Zoe,Li,1 Elm St  Apt 2  Reno  NV  89501  US,555-0101\n"
+             "a@x.example,Al,Roe,1 Elm St  Reno  NV  89501-1234,\n"
+             "b@x.example,Bo,Low,Weg 1  Berlin  10115  DE,\n"
+             "c@x.example,Cy,Poe,somewhere  in Reno,\n")
+      << QStringList{": Zoe Li\n1 Elm St\nApt 2\nReno, NV 89501",
+                     ": Al Roe\n1 Elm St\nReno, NV 89501-1234",
+                     ": Bo Low\nWeg 1\nBerlin\n10115\nGermany", ": Cy Poe\nsomewhere  in Reno"};
+  QTest::newRow("no names, zeros lost")
+      << QByteArray("Zoe Li,1 Elm St,Boston,MA,2134\nAl Roe,1 Elm St,Salem,MA,1970\n")
+      << QStringList{": Zoe Li\n1 Elm St\nBoston, MA 2134", ": Al Roe\n1 Elm St\nSalem, MA 1970"};
   QTest::newRow("no names at all")
       << QByteArray(
              "Zoe Li,1 Elm St,Reno,NV,89501,555-0101\n"

@@ -158,6 +158,8 @@ void WorkbookFileTest::shows_data() {
   };
   ofXlsx("general number", "<c r=\"E3\"><v>89501</v></c>", "89501");
   ofXlsx("lost its zero", "<c r=\"E3\"><v>2134</v></c>", "02134");
+  QTest::newRow("lost its zero, no names above")
+      << xlsx(entry("<c r=\"E3\"><v>2134</v></c>")) << "02134";
   ofXlsx("lost both", "<c r=\"E3\"><v>501</v></c>", "00501");
   ofXlsx("nine digits without one", "<c r=\"E3\"><v>21341234</v></c>", "02134-1234");
   ofXlsx("00000", "<c r=\"E3\" s=\"1\"><v>2134</v></c>", "02134");
