@@ -39,6 +39,10 @@ bool Holds(std::string_view footnotes, std::string_view pair) {
   return false;
 }
 
+bool IsDeliveryPoint(std::string_view digits) {
+  return digits.size() == 2 && digits.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 bool DeniesNumber(std::string_view footnotes) {
   // Number missing, number not there, and the same of a box.
   constexpr std::string_view kPairs[] = {"M1", "M3", "P1", "P3"};
@@ -55,6 +59,7 @@ Confirmation::Confirmation(const VerifyReport& report) {
   source_ = report.Source();
   if (report.DpvConfirmation() == "Y") {
     kind_ = ConfirmationFull;
+    deliveryPoint_ = IsDeliveryPoint(report.DeliveryPoint()) ? report.DeliveryPoint() : "";
   } else if (report.DpvConfirmation() == "D") {
     kind_ = ConfirmationUnitMissing;
   } else if (report.DpvConfirmation() == "S") {

@@ -5,6 +5,7 @@
 #include <postwright/VerifySource.h>
 
 #include <cstdint>
+#include <string>
 
 namespace postwright {
 
@@ -50,6 +51,10 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
   // Who says so, where the service tells.
   const VerifySource& Source() const { return source_; }
 
+  // The two digits that make eleven of a ZIP+4 and tell the box that a mail carrier puts mail in:
+  // where the service told them of an address that is confirmed, else "".
+  const std::string& DeliveryPoint() const { return deliveryPoint_; }
+
   // The kind's stable name, for records that programs read: "confirmed", "unit-missing",
   // "unit-not-known", "number-not-known", "form-only"; "" for ConfirmationNone.
   const char* Code() const;
@@ -62,6 +67,7 @@ class POSTWRIGHT_CORE_EXPORT Confirmation {
   bool contradictsNumber_ = false;
   bool contradictsUnit_ = false;
   VerifySource source_;
+  std::string deliveryPoint_;
 };
 
 }  // namespace postwright

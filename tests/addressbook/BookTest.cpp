@@ -163,6 +163,7 @@ void BookTest::remembersChecksBetweenRuns() {
                        checked("f", 0, "away")};
   said[0].check.known = Known::UnitMissing;
   said[0].check.source = "According to the base.";
+  said[0].check.deliveryPoint = "07";
   said[3].check.isUnanswered = true;
   QList<Entry> entries = {{1, "e", {}}};
   CheckHistory(path).fill(entries);
@@ -174,6 +175,7 @@ void BookTest::remembersChecksBetweenRuns() {
   QCOMPARE(entries[0].check.day, today.addDays(-3));
   QCOMPARE(entries[0].check.known, Known::UnitMissing);
   QCOMPARE(entries[0].check.source, "According to the base.");
+  QCOMPARE(entries[0].check.deliveryPoint, "07");
   QCOMPARE(entries[2].check.failure, "Invalid Address");
   QCOMPARE(entries[4].check.day, today.addDays(-9));
   for (const int forgotten : {1, 3, 5}) {

@@ -29,6 +29,7 @@ struct Check {
   QString source = {};           // who said so, in a sentence
   // The failure is that nobody answered, which says nothing of the address and is not kept.
   bool isUnanswered = false;
+  QString deliveryPoint = {};  // of a confirmed address, two digits; empty: not told
 };
 
 // One address of a book.

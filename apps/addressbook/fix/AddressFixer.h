@@ -43,7 +43,8 @@ struct FixOutcome {
   Kind kind = Kind::Open;
   QString text;
   Known known = Known::NotTold;
-  QString source = {};  // who said so, in a sentence
+  QString source = {};         // who said so, in a sentence
+  QString deliveryPoint = {};  // of a confirmed address, two digits; empty: not told
 };
 
 // Asks the service about labels and lets the user review the answers: the one place where the

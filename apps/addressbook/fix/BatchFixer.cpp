@@ -52,7 +52,8 @@ Known knownOf(const Confirmation& confirmation) {
 }
 
 FixOutcome answered(FixOutcome::Kind kind, const QString& text, const Confirmation& confirmation) {
-  return {kind, text, knownOf(confirmation), sourceText(confirmation.Source())};
+  return {kind, text, knownOf(confirmation), sourceText(confirmation.Source()),
+          QString::fromStdString(confirmation.DeliveryPoint())};
 }
 
 FixOutcome outcomeOf(const BatchResultRecord& record) {

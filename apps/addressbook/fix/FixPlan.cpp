@@ -76,7 +76,8 @@ BookChanges changesOf(const Book& book, const QList<int>& rows, const QList<FixO
                    isFailed ? outcome.text : QString(),
                    outcome.known,
                    outcome.source,
-                   isUnanswered};
+                   isUnanswered,
+                   outcome.deliveryPoint};
     changes.checked.append(placed);
   }
   return changes;

@@ -157,6 +157,7 @@ SheetJob PrintDialog::job() const {
   job.hasOutlines = _type->hasOutlines();
   job.sender = _sender->sender(job.sheet);
   job.mail = _barcode->mail(job.sheet);
+  job.deliveryPoints = _fields->labels().deliveryPoints;
   if (chosen.hasLook) {
     job.look = labelLook(chosen.look, _preferences.fix.spellings);
   }

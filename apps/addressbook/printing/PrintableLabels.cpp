@@ -29,6 +29,9 @@ PrintableLabels printableLabels(const Book& book, const QList<int>& rows) {
     labels.texts.append(entry.label);
     labels.areRefused.append(isRefused);
     labels.refused += isRefused ? 1 : 0;
+    if (saysConfirmation(book.stateAt(row)) && !entry.check.deliveryPoint.isEmpty()) {
+      labels.deliveryPoints.insert(entry.label, entry.check.deliveryPoint);
+    }
   }
   return labels;
 }

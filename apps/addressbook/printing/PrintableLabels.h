@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_APPS_ADDRESSBOOK_PRINTING_PRINTABLELABELS_H_
 #define POSTWRIGHT_APPS_ADDRESSBOOK_PRINTING_PRINTABLELABELS_H_
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -13,6 +14,7 @@ class Book;
 struct PrintableLabels {
   QStringList texts;       // in the order of the list, those that were refused among them
   QList<bool> areRefused;  // for each: the service turned its address down
+  QHash<QString, QString> deliveryPoints;  // of the labels of which they are known
   int refused = 0;
   int withoutAddress = 0;  // left out: a name alone is no label
 

@@ -52,11 +52,11 @@ QString MailCode::tracking(quint64 piece) const {
                     .rightJustified(kTrackingDigits - head.size(), QLatin1Char('0'));
 }
 
-QString routingCode(const QString& label) {
+QString routingCode(const QString& label, const QString& deliveryPoint) {
   const auto place = tables::partLabel(label).place;
   QString zip = place ? place->zip : QString();
   zip.remove(QLatin1Char('-')).remove(QLatin1Char(' '));
-  return zip.size() == 9 ? zip : QString();
+  return zip.size() == 9 ? zip + deliveryPoint : QString();
 }
 
 QString barStates(const QString& tracking, const QString& routing) {

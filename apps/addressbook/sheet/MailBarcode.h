@@ -32,8 +32,9 @@ struct MailCode {
   quint64 serial = 1;    // of the first piece
 };
 
-// The routing code of a label: the nine digits of its ZIP+4. Empty where it has none.
-QString routingCode(const QString& label);
+// The routing code of a label: the nine digits of its ZIP+4, and the two of its delivery point
+// where that is known. Empty where it has no ZIP+4.
+QString routingCode(const QString& label, const QString& deliveryPoint = {});
 
 // The bars of a barcode from left to right: F full, A ascender, D descender, T tracker. Empty for
 // digits that no barcode can be made of.

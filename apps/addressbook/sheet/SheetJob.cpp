@@ -27,7 +27,7 @@ int SheetJob::pages() const {
 
 LabelFace SheetJob::face(int piece) const {
   const QString& label = labels[piece / copies];
-  const QString routing = mail ? routingCode(label) : QString();
+  const QString routing = mail ? routingCode(label, deliveryPoints.value(label)) : QString();
   const QString bars = routing.isEmpty()
                            ? QString()
                            : barStates(mail->tracking(static_cast<quint64>(piece)), routing);

@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_APPS_ADDRESSBOOK_SHEET_SHEETJOB_H_
 #define POSTWRIGHT_APPS_ADDRESSBOOK_SHEET_SHEETJOB_H_
 
+#include <QHash>
 #include <QList>
 #include <QPointF>
 #include <QStringList>
@@ -35,6 +36,7 @@ struct SheetJob {
   Sender sender = {};
   // Gives a label the case and punctuation of the sheet; absent: labels are printed as they are.
   std::function<QString(const QString&)> look = {};
+  QHash<QString, QString> deliveryPoints = {};  // of the labels of which they are known, two digits
   // With it, each label that has a ZIP+4 gets a barcode, the serial number counting all pieces.
   std::optional<MailCode> mail = {};
 

@@ -53,4 +53,18 @@ TEST(ConfirmationTest, CallsNothingConfirmedThatIsNot) {
   EXPECT_STREQ(Confirmation(VerifyReport()).Code(), "");
 }
 
+TEST(ConfirmationTest, TellsTheDeliveryPointOfWhatIsConfirmed) {
+  const std::pair<std::string, const char*> rows[] = {
+      {Dpv("Y", "AABB") + "<DeliveryPoint>07</DeliveryPoint>", "07"},
+      {Dpv("D", "AAN1") + "<DeliveryPoint>99</DeliveryPoint>", ""},
+      {Dpv("Y", "AABB") + "<DeliveryPoint>7</DeliveryPoint>", ""},
+      {Dpv("Y", "AABB") + "<DeliveryPoint>7A</DeliveryPoint>", ""},
+      {Dpv("Y", "AABB"), ""},
+  };
+  for (const auto& [address, digits] : rows) {
+    const VerifyReport report("<R><Address>" + address + "</Address></R>");
+    EXPECT_EQ(Confirmation(report).DeliveryPoint(), digits) << address;
+  }
+}
+
 }  // namespace postwright

@@ -16,7 +16,7 @@ namespace {
 
 constexpr QByteArrayView kSignature("SQLite format 3\0", 16);
 constexpr qint64 kApplicationId = 0x50574142;  // "PWAB"
-constexpr qint64 kSchemaVersion = 2;
+constexpr qint64 kSchemaVersion = 3;
 
 const QStringList kColumns = {QStringLiteral("id"),
                               QStringLiteral("label"),
@@ -24,9 +24,11 @@ const QStringList kColumns = {QStringLiteral("id"),
                               QStringLiteral("checked_text"),
                               QStringLiteral("failure"),
                               QStringLiteral("confirmation"),
-                              QStringLiteral("confirmation_source")};
+                              QStringLiteral("confirmation_source"),
+                              QStringLiteral("delivery_point")};
 const QString kConfirmation = QStringLiteral("confirmation INTEGER NOT NULL DEFAULT 0");
 const QString kSource = QStringLiteral("confirmation_source TEXT NOT NULL DEFAULT ''");
+const QString kPoint = QStringLiteral("delivery_point TEXT NOT NULL DEFAULT ''");
 
 QString quoted(const QString& identifier) {
   QString doubled = identifier;
@@ -37,30 +39,39 @@ QString quoted(const QString& identifier) {
 void createSchema(Database& database) {
   database.run(QStringLiteral("PRAGMA application_id = %1").arg(kApplicationId));
   database.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
-  database.run(QStringLiteral(
-                   "CREATE TABLE entries (id INTEGER PRIMARY KEY, label TEXT NOT NULL, "
-                   "checked_on TEXT, checked_text BLOB, failure TEXT NOT NULL DEFAULT '', %1, %2)")
-                   .arg(kConfirmation, kSource));
+  database.run(
+      QStringLiteral(
+          "CREATE TABLE entries (id INTEGER PRIMARY KEY, label TEXT NOT NULL, "
+          "checked_on TEXT, checked_text BLOB, failure TEXT NOT NULL DEFAULT '', %1, %2, %3)")
+          .arg(kConfirmation, kSource, kPoint));
 }
 
-bool isFirstSchema(Database& database) {
-  return database.pragma(QStringLiteral("user_version")) < kSchemaVersion;
+// Version 1 did not say how far an address was confirmed, version 2 not where it is delivered.
+QStringList missingColumns(Database& database) {
+  const qint64 version = database.pragma(QStringLiteral("user_version"));
+  return version >= kSchemaVersion ? QStringList()
+         : version == 2            ? QStringList{kPoint}
+                                   : QStringList{kConfirmation, kSource, kPoint};
 }
 
-// Version 1 did not say how far an address was confirmed.
 void bringUp(Database& database) {
-  if (isFirstSchema(database)) {
-    for (const QString& column : {kConfirmation, kSource}) {
-      database.run(QStringLiteral("ALTER TABLE entries ADD COLUMN ") + column);
-    }
+  const QStringList missing = missingColumns(database);
+  for (const QString& column : missing) {
+    database.run(QStringLiteral("ALTER TABLE entries ADD COLUMN ") + column);
+  }
+  if (!missing.isEmpty()) {
     database.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
   }
 }
 
 Check checkOf(const QSqlQuery& row) {
-  return {QDate::fromString(row.value(2).toString(), Qt::ISODate), row.value(3).toByteArray(),
-          row.value(4).toString(), knownOfNumber(row.value(5).toLongLong()),
-          row.value(6).toString()};
+  return {QDate::fromString(row.value(2).toString(), Qt::ISODate),
+          row.value(3).toByteArray(),
+          row.value(4).toString(),
+          knownOfNumber(row.value(5).toLongLong()),
+          row.value(6).toString(),
+          false,
+          row.value(7).toString()};
 }
 
 std::unique_ptr<QFile> openSource(const QString& path) {
@@ -80,7 +91,8 @@ QVariantList cellsOf(const Entry& entry) {
   const Check& check = entry.check;
   const QString label = Database::text(entry.label);
   if (!check.day.isValid() || check.isUnanswered) {
-    return {entry.id, label, QVariant(), QVariant(), Database::text({}), 0, Database::text({})};
+    return {entry.id,           label, QVariant(),         QVariant(),
+            Database::text({}), 0,     Database::text({}), Database::text({})};
   }
   return {entry.id,
           label,
@@ -88,7 +100,8 @@ QVariantList cellsOf(const Entry& entry) {
           check.text,
           Database::text(check.failure),
           static_cast<int>(check.known),
-          Database::text(check.source)};
+          Database::text(check.source),
+          Database::text(check.deliveryPoint)};
 }
 
 }  // namespace
@@ -128,9 +141,9 @@ void StoreFile::read(Database& database) {
   }
   readColumns(database);
   QStringList own = kColumns;
-  if (isFirstSchema(database)) {
-    own.replace(own.size() - 2, QStringLiteral("0"));
-    own.replace(own.size() - 1, QStringLiteral("''"));
+  for (const QString& column : missingColumns(database)) {
+    const QString name = column.section(u' ', 0, 0);
+    own.replace(own.indexOf(name), column.section(u' ', -1));
   }
   QString columns = own.join(QLatin1Char(','));
   for (const QString& other : _otherColumns) {
@@ -232,10 +245,12 @@ QString StoreFile::upsert() const {
              "label = excluded.label, checked_on = excluded.checked_on, "
              "checked_text = excluded.checked_text, failure = excluded.failure, "
              "confirmation = excluded.confirmation, "
-             "confirmation_source = excluded.confirmation_source "
-             "WHERE (label, checked_on, checked_text, failure, confirmation, confirmation_source) "
-             "IS NOT (excluded.label, excluded.checked_on, excluded.checked_text, "
-             "excluded.failure, excluded.confirmation, excluded.confirmation_source)")
+             "confirmation_source = excluded.confirmation_source, "
+             "delivery_point = excluded.delivery_point "
+             "WHERE (label, checked_on, checked_text, failure, confirmation, confirmation_source, "
+             "delivery_point) IS NOT (excluded.label, excluded.checked_on, excluded.checked_text, "
+             "excluded.failure, excluded.confirmation, excluded.confirmation_source, "
+             "excluded.delivery_point)")
       .arg(columns.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
 }
 
