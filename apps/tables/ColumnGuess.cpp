@@ -183,6 +183,11 @@ void leaveOutRepeated(const QList<NamedColumn>& columns, const QString& group,
   }
 }
 
+bool isUnitName(const QString& name) {
+  return name.startsWith(u"APT") || name.startsWith(u"APARTMENT") || name.startsWith(u"UNIT") ||
+         name.startsWith(u"SUITE") || name == u"STE";
+}
+
 QMap<QString, NamedAddress> addressesByName(const QList<NamedColumn>& columns) {
   QMap<QString, NamedAddress> addresses;
   for (qsizetype column = 0; column < columns.size(); ++column) {
@@ -199,15 +204,18 @@ QMap<QString, NamedAddress> addressesByName(const QList<NamedColumn>& columns) {
   for (auto each = addresses.begin(); each != addresses.end(); ++each) {
     leaveOutRepeated(columns, each.key(), each->roles);
   }
-  // "Mailing Address, City, State, Zip": what has no street belongs to the one that has.
-  if (addresses.contains(QString()) && !addresses[QString()].hasStreet()) {
+  // "Mailing Address, Unit, City, State, Zip": what has no street belongs to the one that has.
+  const bool hasStreet = std::any_of(columns.begin(), columns.end(), [](const NamedColumn& column) {
+    return column.group.isEmpty() && column.role == ColumnRole::Street && !isUnitName(column.rest);
+  });
+  if (addresses.size() > 1 && addresses.contains(QString()) && !hasStreet) {
     const NamedAddress rest = addresses.take(QString());
     for (NamedAddress& address : addresses) {
       for (qsizetype column = 0; column < rest.roles.size(); ++column) {
         const ColumnRole role = rest.roles[column];
-        address.roles[column] = role != ColumnRole::None && !address.roles.contains(role)
-                                    ? role
-                                    : address.roles[column];
+        const bool isMissing = role == ColumnRole::Street || !address.roles.contains(role);
+        address.roles[column] =
+            role != ColumnRole::None && isMissing ? role : address.roles[column];
       }
     }
   }

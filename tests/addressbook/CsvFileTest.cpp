@@ -295,6 +295,10 @@ void CsvFileTest::readsOddFiles_data() {
              "Name,Address,Street,City,State,Zip\nZoe Li,\"One Elm, Reno\",1 Elm "
              "St,Reno,NV,89501\n")
       << QStringList{zoe};
+  QTest::newRow("a unit in a column of its own")
+      << QByteArray(
+             "Name,Mailing Address,Unit,City,State,Zip\nZoe Li,1 Elm St,Apt 2,Reno,NV,89501\n")
+      << QStringList{": Zoe Li\n1 Elm St\nApt 2\nReno, NV 89501"};
   QTest::newRow("a title that is none")
       << QByteArray("Title,Name,Street,City,State,Zip\nBoss,Zoe Li,1 Elm St,Reno,NV,89501\n")
       << QStringList{zoe};
