@@ -142,8 +142,19 @@ xdotool type M
 shot address-book-encoding
 leave
 
+# A workbook, whose list is on its second sheet.
+"$input/workbook.py" "$work/parish.xlsx"
+"$bin/postwright-addressbook" "$work/parish.xlsx" >"$work/out" 2>&1 &
+program=$!
+started+=($program)
+await "Columns of"
+keys alt+s Down
+shot address-book-workbook
+leave
+
 # The address book: its columns are chosen, its addresses fixed, its labels printed.
 sed 's/,wa,98247,/,wa,98247-1234,/' examples/books/friends.csv >"$work/friends.csv"
+echo "Eli Abbott,,7431 Monroe Boulevard,,Torreon,NM,87061,555-0120," >>"$work/friends.csv"
 "$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \
   >"$work/out" 2>&1 &
 program=$!
@@ -167,6 +178,19 @@ window=$book
 xdotool windowfocus --sync "$window"
 keys Down Down Down Down
 shot address-book
+keys alt+f k
+await "Addresses to Ask About"
+shot address-book-ask
+keys Escape
+await "friends.csv"
+keys alt+v s ctrl+Home shift+Down
+shot address-book-same
+keys alt+e g
+await "Merge Entries"
+shot address-book-merge
+keys Escape
+await "friends.csv"
+keys alt+v f ctrl+Home Down Down Down Down
 keys ctrl+p
 await "Print Labels"
 keys alt+b

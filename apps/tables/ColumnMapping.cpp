@@ -116,6 +116,14 @@ QString ColumnMapping::compose(const QStringList& cells) const {
   return lines.join(kLineFeed);
 }
 
+QString ColumnMapping::lastName(const QStringList& cells) const {
+  const QString last = valuesOf(cells, ColumnRole::Name).join(kBlank);
+  const bool isNamed = !last.isEmpty() || !valuesOf(cells, ColumnRole::Given).isEmpty();
+  return !isNamed                 ? valuesOf(cells, ColumnRole::Company).value(0)
+         : has(ColumnRole::Given) ? last
+                                  : QString();
+}
+
 ColumnMapping::Division ColumnMapping::divide(const QString& label,
                                               const QStringList& cells) const {
   Division division{blanked(cells), false};

@@ -59,6 +59,10 @@ class ColumnMapping {
   // Returns the label of a row. Rows may be shorter than the header, and longer.
   QString compose(const QStringList& cells) const;
 
+  // Returns the last name of a row, or the company of one without a name; empty where the columns
+  // do not tell it from the first name.
+  QString lastName(const QStringList& cells) const;
+
   // Divides an edited or corrected label into the cells of a row that held `cells`, such that
   // compose() gives the label again, but for case, spacing and punctuation within a line. A mapping
   // that is not usable leaves the cells as they are.

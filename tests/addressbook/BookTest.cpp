@@ -7,6 +7,8 @@
 #include "apps/addressbook/book/Book.h"
 #include "apps/addressbook/book/CheckHistory.h"
 #include "apps/addressbook/book/Database.h"
+#include "apps/addressbook/book/LastName.h"
+#include "apps/addressbook/book/SameAddress.h"
 #include "apps/tables/LabelText.h"
 
 namespace postwright::addressbook {
@@ -37,6 +39,8 @@ class BookTest : public QObject {
   void tellsWhatIsDue();
   void neverAsksAboutOtherCountries_data();
   void neverAsksAboutOtherCountries();
+  void findsLastNames();
+  void tellsAddressesApart();
   void insertsWhatWasRemoved();
   void remembersChecksBetweenRuns();
 };
@@ -112,7 +116,6 @@ void BookTest::tellsWhatIsDue() {
   QTEST(checkState(entry, QDate(2026, 1, 31)), "state");
 }
 
-// Removing rows and inserting what came of it gives the book as it was, with word of each row.
 void BookTest::neverAsksAboutOtherCountries_data() {
   QTest::addColumn<QString>("label");
   QTest::addColumn<bool>("isForeign");
@@ -131,6 +134,65 @@ void BookTest::neverAsksAboutOtherCountries() {
   QTEST(checkState(entry, QDate(2026, 1, 1)) == CheckState::Foreign, "isForeign");
 }
 
+void BookTest::findsLastNames() {
+  const struct {
+    const char* name;
+    const char* told;
+    const char* key;
+  } rows[] = {
+      {"Jane Doe", "", "Doe Jane Doe"},
+      {"DR. LUDWIG VAN DER BERG JR.", "", "VAN DER BERG LUDWIG VAN DER BERG"},
+      {"Maria de la Cruz", "", "de la Cruz Maria de la Cruz"},
+      {"Sean O'Brien, III", "", "O'Brien Sean O'Brien,"},
+      {"Al Roe", "", "Roe Al Roe"},
+      {"Kim Do", "", "Do Kim Do"},
+      {"Ann Lee, DO", "", "Lee Ann Lee, DO"},
+      {"Cher", "", "Cher"},
+      {"de la Cruz", "", "de la Cruz de la Cruz"},
+      {"John E. Smith", "", "Smith John E. Smith"},
+      {"John and Mary Smith", "", "Smith John and Mary Smith"},
+      {"Mr. & Mrs. John Smith", "", "Smith & Mrs. John Smith"},
+      {"Ann Roe & Bob Lee", "", "Roe Ann Roe & Bob Lee"},
+      {"Ann Roe c/o Bob Lee", "", "Roe Ann Roe c/o Bob Lee"},
+      {"The Smith Family", "", "Smith Smith"},
+      {"Smith, John", "", "Smith John"},
+      {"The Home Company", "", "Home Company"},
+      {"Smith & Sons", "", "Smith & Sons"},
+      {"3M", "", "3M"},
+      {"AT&T", "", "AT&T"},
+      {"Maria Garcia Lopez", "Garcia Lopez", "Garcia Lopez Maria Garcia Lopez"},
+      {"Frank Church", "Church", "Church Frank Church"},
+      {"Frank Roe", "Church", "Roe Frank Roe"},  // renamed since the file was read
+      {"The Ark", "The Ark", "Ark"},
+      {"", "", ""},
+  };
+  for (const auto& row : rows) {
+    QCOMPARE(lastNameKey(row.name, row.told), row.key);
+  }
+}
+
+void BookTest::tellsAddressesApart() {
+  const QString first = "Jane Doe\n12 North Main Street, Apt. 4\nReno, NV 89501";
+  const std::pair<const char*, bool> rows[] = {
+      {"Al Doe\nDOE INC\n12 N MAIN ST # 4\nRENO NV 89501-1234", true},
+      {"Al Doe\n12 N Main St\nUnit 4\nVerdi, NV 89501\nUSA", true},
+      {"Al Doe\n12 N Main St\nReno, NV 89501", false},
+      {"Al Doe\n12 N Main St Apt 5\nReno, NV 89501", false},
+      {"Al Doe\n12 N Main St Apt 4\nReno, NV 89502", false},
+      {"Al Doe\n12-4 N Main St\nReno, NV 89501", false},
+      {"12 N Main St Apt 4\nPO Box 12\nReno, NV 89501", false},
+      {"Al Doe\n12 N Main St Apt 4", false},
+  };
+  for (const auto& [label, isSame] : rows) {
+    QVERIFY2((addressKey(label) == addressKey(first)) == isSame, label);
+  }
+  QVERIFY(addressKey("Al Doe\n3rd Floor\nReno, NV 89501").isEmpty());
+  QVERIFY(addressKey("Jane Doe\nReno, NV 89501").isEmpty());
+  QCOMPARE(mergedLabel({first, "JANE DOE\n12 N MAIN ST\nReno, NV 89501", rows[0].first}),
+           "Jane Doe\nAl Doe\nDOE INC\n12 North Main Street, Apt. 4\nReno, NV 89501");
+}
+
+// Removing rows and inserting what came of it gives the book as it was, with word of each row.
 void BookTest::insertsWhatWasRemoved() {
   Book book;
   book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}}, QDate(2026, 5, 1));

@@ -1,9 +1,10 @@
-// What a word processor gets of each label.
+// What a word processor gets of each label, and people who are asked about some.
 
 #include <QTest>
 
 #include "apps/CharacterLocale.h"
 #include "apps/addressbook/book/Book.h"
+#include "apps/addressbook/lists/AskList.h"
 #include "apps/addressbook/lists/MergeFile.h"
 #include "apps/addressbook/lists/MergeParts.h"
 
@@ -70,6 +71,11 @@ void MergeFileTest::saysHowEachStands() {
            "Bo,,3 A St,,Reno,NV,89501,,,Not checked,Away\r\n"
            "Al,,2 A St,,Reno,NV,89501,,,Turned down,No such street.\r\n"
            "\"'=Li\",Inc,1 A St,,Reno,NV,89501,,,Confirmed,\r\n");
+  const QList<int> asked = AskList::of(book, {3, 2, 1, 0});
+  QCOMPARE(asked, QList<int>{1});
+  QCOMPARE(AskList::text(book, asked),
+           "Al\n2 A St\nReno NV 89501\nWhat is wrong: No such street.\nThe right address:\n");
+  QVERIFY(AskList::page(book, asked).contains("<td width='30%'>No such street.</td>"));
 }
 
 }  // namespace postwright::addressbook

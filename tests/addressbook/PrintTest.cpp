@@ -28,7 +28,7 @@
 #include <QTranslator>
 
 #include "apps/addressbook/formats/rows/ColumnMemory.h"
-#include "apps/addressbook/printing/PresortDialog.h"
+#include "apps/addressbook/printing/PageButtons.h"
 #include "apps/addressbook/printing/PrintDialog.h"
 #include "apps/addressbook/settings/Translations.h"
 #include "apps/addressbook/window/AddressBookWindow.h"
@@ -371,7 +371,7 @@ void PrintTest::countsForPresorting() {
       const auto* const table = find<QTableWidget>(presort, "prefixes");
       QCOMPARE(table->rowCount(), 2);
       QCOMPARE(table->item(0, 0)->text() + " " + table->item(0, 1)->text(), "021 3");
-      qobject_cast<PresortDialog*>(presort)->savePdfTo(_folder->path("presort.pdf"));
+      presort->findChild<PageButtons*>()->savePdfTo(_folder->path("presort.pdf"));
     });
     find<QAbstractButton>(dialog, "presort")->click();
     dialog->savePdfTo(pdf());

@@ -70,6 +70,8 @@ class WindowTest : public QObject {
   void addsAndRemovesByKeys();
   void searches();
   void sortsOnRequestOnly();
+  void sortsByLastName();
+  void mergesOneAddressByHand();
   void asksForColumnsOnce();
   void aBatchIsOneStep();
   void showsHowALabelWillRead();
@@ -247,6 +249,53 @@ void WindowTest::sortsOnRequestOnly() {
   QCOMPARE(shown(0, EntryModel::Street), "500 Main St");
   QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, onStreet);
   QCOMPARE(shown(1, EntryModel::Name), "Al Roe");  // the order of the book again
+}
+
+// By menu, and from then on by the heading, in the next run as well.
+void WindowTest::sortsByLastName() {
+  trigger("sortByLastName");
+  QCOMPARE(shown(0, EntryModel::Name), "Jane Doe");
+  QCOMPARE(shown(2, EntryModel::Name), "Al Roe");
+  QVERIFY(find<QAction>("sortByLastName")->isChecked());
+  trigger("sortByName");
+  QCOMPARE(shown(0, EntryModel::Name), "Al Roe");
+  trigger("sortByLastName");
+  trigger("sortByFile");
+  _window = std::make_unique<AddressBookWindow>(_fixer);
+  _table = find<EntryTable>("entryTable");
+  QVERIFY(_window->openPath(path("book.csv")));
+  _table->sortByColumn(EntryModel::Name, Qt::DescendingOrder);
+  QCOMPARE(shown(0, EntryModel::Name), "Al Roe");
+  QVERIFY(find<QAction>("sortByLastName")->isChecked());
+  trigger("sortByZip");
+  QCOMPARE(shown(0, EntryModel::Zip), "78701");
+}
+
+// What the merged row held beside the label is back with one step of undoing.
+void WindowTest::mergesOneAddressByHand() {
+  QVERIFY(_table->isColumnHidden(EntryModel::Sharing));
+  put("book.csv", kBook + "Kim Li,100 OAK STREET,Boise,ID,83702,555-0104\n");
+  QVERIFY(_window->openPath(path("book.csv")));
+  QVERIFY(!_table->isColumnHidden(EntryModel::Sharing));
+  QCOMPARE(shown(0, EntryModel::Sharing), "");
+  QCOMPARE(shown(3, EntryModel::Sharing), "2 at this address");
+  trigger("sortBySharing");
+  QCOMPARE(shown(0, EntryModel::Name), "Zoe Li");
+  find<QComboBox>("filter")->setCurrentText("Several at one address (2)");
+  QCOMPARE(_table->model()->rowCount(), 2);
+  _table->selectRow(0);
+  QVERIFY(!find<QAction>("merge")->isEnabled());
+  trigger("selectAll");
+  answer("Cancel");
+  trigger("merge");
+  QVERIFY(!_window->isWindowModified());
+  answer("Merge");
+  trigger("merge");
+  QCOMPARE(_window->document().book().at(2).label, "Zoe Li\nKim Li\n100 Oak St\nBoise, ID 83702");
+  QCOMPARE(_window->document().book().size(), 3);
+  trigger("undo");
+  trigger("save");
+  QVERIFY(bytes("book.csv").endsWith("Kim Li,100 OAK STREET,Boise,ID,83702,555-0104\n"));
 }
 
 void WindowTest::asksForColumnsOnce() {

@@ -1,8 +1,10 @@
 #ifndef POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOK_H_
 #define POSTWRIGHT_APPS_ADDRESSBOOK_BOOK_BOOK_H_
 
+#include <QHash>
 #include <QList>
 #include <QObject>
+#include <algorithm>
 
 #include "apps/addressbook/book/Entry.h"
 
@@ -27,10 +29,18 @@ class Book : public QObject {
   const QList<Entry>& entries() const { return _entries; }
   const Entry& at(int row) const { return _entries[row]; }
   // Where the entry stood with the service on the day the book was begun.
-  CheckState stateAt(int row) const { return _states[row]; }
+  CheckState stateAt(int row) const { return _told[row].state; }
   // How many entries stand so.
-  int count(CheckState state) const { return static_cast<int>(_states.count(state)); }
+  int count(CheckState state) const;
+  // What tells the address of an entry from others; empty where it has none.
+  const QString& addressAt(int row) const { return _told[row].address; }
+  // How many entries have the address of this one, itself counted; 1 where it has none.
+  int sharing(int row) const { return std::max(_sharing.value(addressAt(row)), 1); }
   int size() const { return static_cast<int>(_entries.size()); }
+  // How many entries have an address that another one has, too.
+  int shared() const { return _shared; }
+  // True for several entries of one address.
+  bool haveOneAddress(const QList<int>& rows) const;
 
   // The row of the entry, or -1 where it is not in the book.
   int rowOf(qint64 id) const;
@@ -58,10 +68,19 @@ class Book : public QObject {
   void removed(const QList<int>& rows);   // as they were numbered before
 
  private:
-  void readStates(const QList<PlacedEntry>& placed);
+  // What is told of an entry, kept because telling takes a digest each.
+  struct Told {
+    CheckState state;
+    QString address;
+  };
+  Told tell(const Entry& entry);
+  void tellAnew(const QList<PlacedEntry>& placed);
+  void forget(const Told& told);
 
   QList<Entry> _entries;
-  QList<CheckState> _states;  // of the entries, kept because telling them takes a digest each
+  QList<Told> _told;
+  QHash<QString, int> _sharing;  // how many entries have an address
+  int _shared = 0;
   QDate _today;
   qint64 _nextId = 1;
 };

@@ -37,7 +37,8 @@ struct Entry {
   qint64 id = 0;  // its identity, as long as the book is open; 0 is nobody's
   QString label;  // what is printed: lines separated by line feeds, no break at the end
   Check check;
-  QString kind = {};  // "Home", where the file tells one address of somebody from another
+  QString kind = {};      // "Home", where the file tells one address of somebody from another
+  QString lastName = {};  // by which its name is sorted, where the file says it apart
 };
 
 // Where an entry stands with the service.

@@ -87,6 +87,16 @@ void BookDocument::remove(const QList<int>& rows) {
   }
 }
 
+void BookDocument::merge(const QList<int>& rows, const QString& label) {
+  endEdit();
+  Entry kept = _book.at(rows.first());
+  kept.label = label;
+  _undoStack.beginMacro(tr("Merge %n entries", nullptr, static_cast<int>(rows.size())));
+  _undoStack.push(new ChangeLabels(_book, toucher(), {{rows.first(), kept}}));
+  _undoStack.push(new RemoveEntries(_book, toucher(), rows.mid(1)));
+  _undoStack.endMacro();
+}
+
 void BookDocument::correct(const QList<PlacedEntry>& corrected) {
   endEdit();
   if (!corrected.isEmpty()) {

@@ -59,6 +59,10 @@ class BookDocument : public QObject {
   void add(const QString& label);
   void remove(const QList<int>& rows);
 
+  // Puts one entry with this label in the place of those at `rows`, as one step for undoing: the
+  // first of them stays, with what else its file holds of it.
+  void merge(const QList<int>& rows, const QString& label);
+
   // Takes the labels that a batch has corrected, as one step for undoing.
   void correct(const QList<PlacedEntry>& corrected);
 

@@ -1,7 +1,5 @@
 #include "apps/addressbook/document/EntryModel.h"
 
-#include <QCollator>
-#include <QLocale>
 #include <algorithm>
 #include <numeric>
 
@@ -71,44 +69,6 @@ void EntryModel::showAnew() {
   emit layoutChanged();
 }
 
-void EntryModel::arrange() {
-  _shown.clear();
-  for (int row = 0; row < _book.size(); ++row) {
-    if (passes(row)) {
-      _shown.append(row);
-    }
-  }
-  if (_sortColumn == kBookOrder) {
-    return;
-  }
-  // The collation of the locale "C" knows neither case nor numbers.
-  const QLocale locale;
-  QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-  collator.setNumericMode(true);
-  collator.setCaseSensitivity(Qt::CaseInsensitive);
-  struct Keyed {
-    int row;
-    int urgency;
-    QCollatorSortKey key;
-  };
-  std::vector<Keyed> keyed;
-  keyed.reserve(_shown.size());
-  for (const int row : _shown) {
-    const bool byState = _sortColumn == Checked;
-    keyed.push_back({row, byState ? urgency(_book.stateAt(row)) : 0,
-                     collator.sortKey(text(row, byState ? Name : _sortColumn))});
-  }
-  const auto isBefore = [](const Keyed& a, const Keyed& b) {
-    const int order = a.urgency != b.urgency ? a.urgency - b.urgency : a.key.compare(b.key);
-    return order != 0 ? order < 0 : a.row < b.row;
-  };
-  std::sort(keyed.begin(), keyed.end(), isBefore);
-  std::transform(keyed.begin(), keyed.end(), _shown.begin(), [](const Keyed& k) { return k.row; });
-  if (_sortOrder == Qt::DescendingOrder) {
-    std::reverse(_shown.begin(), _shown.end());
-  }
-}
-
 bool EntryModel::passes(int bookRow) const {
   if (!passesFilter(bookRow)) {
     return false;
@@ -131,6 +91,8 @@ bool EntryModel::passesFilter(int bookRow) const {
       return saysConfirmation(state) && check.known == _filter.known;
     case Filter::Reason:
       return state == CheckState::Failed && check.failure == _filter.reason;
+    case Filter::Shared:
+      return _book.sharing(bookRow) > 1;
     case Filter::All:
       break;
   }
@@ -190,6 +152,9 @@ QString EntryModel::text(int bookRow, int column) const {
   if (column == Confirmed) {
     return confirmationText(entry, _book.stateAt(bookRow));
   }
+  if (column == Sharing) {
+    return sharingText(_book.sharing(bookRow));
+  }
   if (column == Kind) {
     return entry.kind;
   }
@@ -217,6 +182,8 @@ void EntryModel::bookChanged(const QList<int>& rows) {
     const QModelIndex index = indexOf(rows.first());
     if (index.isValid()) {
       emit dataChanged(index, index.siblingAtColumn(kColumns - 1));
+      // Others may have its address now, or no longer.
+      emit dataChanged(this->index(0, Sharing), this->index(rowCount() - 1, Sharing));
     }
   } else if (!_shown.isEmpty()) {
     emit dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));

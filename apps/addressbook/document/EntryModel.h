@@ -18,17 +18,20 @@ class EntryModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  enum Column { Name, Street, Place, Zip, Kind, Checked, Confirmed, kColumns };
+  enum Column { Name, Street, Place, Zip, Sharing, Kind, Checked, Confirmed, kColumns };
 
   // Which entries are shown, beside what is searched for.
   struct Filter {
-    enum Kind { All, ToCheck, Failed, Confirmation, Reason };
+    enum Kind { All, ToCheck, Failed, Confirmation, Reason, Shared };
     Kind kind = All;
     Known known = Known::NotTold;  // of a Confirmation
     QString reason = {};           // of a Reason: the failure, as the service gave it
 
     bool operator==(const Filter&) const = default;
   };
+
+  // What the names are sorted by.
+  enum class NameOrder { AsWritten, LastName };
 
   // A CheckState, of any column.
   static constexpr int kStateRole = Qt::UserRole;
@@ -41,9 +44,15 @@ class EntryModel : public QAbstractTableModel {
   void search(const QString& text, const Filter& filter);
   // True where the file tells the addresses of somebody apart.
   bool hasKinds() const;
+  // True where several entries have one address.
+  bool hasSharing() const { return _book.shared() > 0; }
   // True where it is known how far the service knows an entry.
   bool hasConfirmations() const;
   bool isSearching() const { return !_words.isEmpty() || _filter.kind != Filter::All; }
+
+  // Counts from the next sort() on.
+  void setNameOrder(NameOrder order) { _nameOrder = order; }
+  NameOrder nameOrder() const { return _nameOrder; }
 
   // Rows of the book, and places in the table.
   int bookRow(const QModelIndex& index) const { return _shown[index.row()]; }
@@ -62,6 +71,8 @@ class EntryModel : public QAbstractTableModel {
   static QString stateText(const Entry& entry, CheckState state);
   static QString confirmationText(const Entry& entry, CheckState state);
   static QString confirmationText(Known known);
+  // "3 at this address"; empty for one.
+  static QString sharingText(int sharing);
 
  private:
   static QString toolTip(const QString& text);
@@ -70,6 +81,9 @@ class EntryModel : public QAbstractTableModel {
   bool passesFilter(int bookRow) const;
   QString text(int bookRow, int column) const;
   void arrange();
+  QString sortText(int bookRow) const;
+  int sortRank(int bookRow) const;
+  void bringTogether();
   void showAnew();
   void bookWasReset();
   void bookChanged(const QList<int>& rows);
@@ -80,6 +94,7 @@ class EntryModel : public QAbstractTableModel {
   QList<int> _shown;  // rows of the book
   QStringList _words;
   Filter _filter;
+  NameOrder _nameOrder = NameOrder::AsWritten;
   int _sortColumn = kBookOrder;
   Qt::SortOrder _sortOrder = Qt::AscendingOrder;
 };

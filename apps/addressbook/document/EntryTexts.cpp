@@ -1,4 +1,4 @@
-// What the table of entries says: the other half of EntryModel.
+// What the table of entries says: a part of EntryModel.
 
 #include <QLocale>
 
@@ -58,6 +58,10 @@ QString EntryModel::confirmationText(Known known) {
   return {};
 }
 
+QString EntryModel::sharingText(int sharing) {
+  return sharing < 2 ? QString() : tr("%n at this address", nullptr, sharing);
+}
+
 QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical || role != Qt::DisplayRole) {
     return QAbstractTableModel::headerData(section, orientation, role);
@@ -71,6 +75,8 @@ QVariant EntryModel::headerData(int section, Qt::Orientation orientation, int ro
       return tr("City and state");
     case Zip:
       return tr("ZIP code");
+    case Sharing:
+      return tr("Same address");
     case Kind:
       return tr("Kind");
     case Confirmed:

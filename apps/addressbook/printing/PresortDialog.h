@@ -17,16 +17,10 @@ class PresortDialog : public QDialog {
   // The sheet is printed on letter paper, or on A4 where `paper` is that.
   PresortDialog(QList<Presort::Count> counts, Paper paper, QWidget* parent = nullptr);
 
-  // Writes the sheet to a PDF file; shows what goes wrong.
-  void savePdfTo(const QString& path);
-
  private:
   QWidget* buildTable();
-  void print();
-  void savePdf();
 
   QList<Presort::Count> _counts;
-  LabelSheet _sheet;  // of which the paper counts alone
 };
 
 }  // namespace postwright::addressbook

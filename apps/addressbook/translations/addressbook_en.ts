@@ -12,6 +12,16 @@
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::AskDialog</name>
+    <message numerus="yes">
+        <source>%n of the addresses that are shown were turned down. Print the list, or copy it into a mail, and ask the people who know.</source>
+        <translation>
+            <numerusform>%n of the addresses that are shown was turned down. Print the list, or copy it into a mail, and ask the people who know.</numerusform>
+            <numerusform>%n of the addresses that are shown were turned down. Print the list, or copy it into a mail, and ask the people who know.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::BarcodeFields</name>
     <message numerus="yes">
         <source>%1 of %n labels have a ZIP+4 and get a barcode.</source>
@@ -67,6 +77,16 @@
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::BookDocument</name>
+    <message numerus="yes">
+        <source>Merge %n entries</source>
+        <translation>
+            <numerusform>Merge %n entry</numerusform>
+            <numerusform>Merge %n entries</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::ChangeLabels</name>
     <message numerus="yes">
         <source>Correct %n addresses</source>
@@ -83,6 +103,16 @@
         <translation>
             <numerusform>In %n row, on line %1, a quotation mark is opened and not closed. It was read to the end of its line; look at it before you print.</numerusform>
             <numerusform>In %n rows a quotation mark is opened and not closed, first on line %1. Each was read to the end of its line; look at them before you print.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::EntryModel</name>
+    <message numerus="yes">
+        <source>%n at this address</source>
+        <translation>
+            <numerusform>%n at this address</numerusform>
+            <numerusform>%n at this address</numerusform>
         </translation>
     </message>
 </context>
@@ -175,6 +205,16 @@
         <translation>
             <numerusform>%1: %2 x %3 %4, %n a sheet</numerusform>
             <numerusform>%1: %2 x %3 %4, %n a sheet</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::MergeDialog</name>
+    <message numerus="yes">
+        <source>One entry with this label takes the place of %n. What else the file holds of the others, such as telephone numbers, goes with them; it can be undone.</source>
+        <translation>
+            <numerusform>One entry with this label takes the place of %n. What else the file holds of the others, such as telephone numbers, goes with them; it can be undone.</numerusform>
+            <numerusform>One entry with this label takes the place of %n. What else the file holds of the others, such as telephone numbers, goes with them; it can be undone.</numerusform>
         </translation>
     </message>
 </context>

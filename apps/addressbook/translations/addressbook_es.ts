@@ -42,9 +42,9 @@ Corrige direcciones postales de Estados Unidos y las imprime en hojas de etiquet
         <translation>No hay ninguna libreta abierta</translation>
     </message>
     <message>
-        <source>Open a CSV, vCard or address book file, or drop one here.
+        <source>Open a CSV file, a workbook, vCards or an address book, or drop one here.
 You can also begin with Edit &gt; Add Entry.</source>
-        <translation>Abra un archivo CSV, vCard o de libreta de direcciones, o suéltelo aquí.
+        <translation>Abra un archivo CSV, un libro de cálculo, tarjetas vCard o una libreta de direcciones, o suéltelo aquí.
 También puede empezar con Editar &gt; Añadir entrada.</translation>
     </message>
     <message>
@@ -62,6 +62,59 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     <message>
         <source>Postwright Address Book</source>
         <translation>Libreta de direcciones Postwright</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::AskDialog</name>
+    <message>
+        <source>Addresses to Ask About</source>
+        <translation>Direcciones por las que preguntar</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of the addresses that are shown were turned down. Print the list, or copy it into a mail, and ask the people who know.</source>
+        <translation>
+            <numerusform>%n de las direcciones que se muestran fue rechazada. Imprima la lista, o cópiela en un correo, y pregunte a quienes lo saben.</numerusform>
+            <numerusform>%n de las direcciones que se muestran fueron rechazadas. Imprima la lista, o cópiela en un correo, y pregunte a quienes lo saben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Addresses to ask about.pdf</source>
+        <translation>Direcciones por las que preguntar.pdf</translation>
+    </message>
+    <message>
+        <source>C&amp;opy as Text</source>
+        <translation>C&amp;opiar como texto</translation>
+    </message>
+    <message>
+        <source>The list is copied. Paste it into a mail.</source>
+        <translation>La lista está copiada. Péguela en un correo.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::AskList</name>
+    <message>
+        <source>Addresses to ask about</source>
+        <translation>Direcciones por las que preguntar</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>Como está</translation>
+    </message>
+    <message>
+        <source>What is wrong</source>
+        <translation>Qué está mal</translation>
+    </message>
+    <message>
+        <source>The right address</source>
+        <translation>La dirección correcta</translation>
+    </message>
+    <message>
+        <source>What is wrong: %1</source>
+        <translation>Qué está mal: %1</translation>
+    </message>
+    <message>
+        <source>The right address:</source>
+        <translation>La dirección correcta:</translation>
     </message>
 </context>
 <context>
@@ -183,6 +236,13 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
     <message>
         <source>Untitled</source>
         <translation>Sin título</translation>
+    </message>
+    <message numerus="yes">
+        <source>Merge %n entries</source>
+        <translation>
+            <numerusform>Combinar %n entrada</numerusform>
+            <numerusform>Combinar %n entradas</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -442,6 +502,17 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
     <message>
         <source>Confirmation</source>
         <translation>Confirmación</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n at this address</source>
+        <translation>
+            <numerusform>%n en esta dirección</numerusform>
+            <numerusform>%n en esta dirección</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Same address</source>
+        <translation>Misma dirección</translation>
     </message>
 </context>
 <context>
@@ -848,6 +919,32 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::MergeDialog</name>
+    <message>
+        <source>Merge Entries</source>
+        <translation>Combinar entradas</translation>
+    </message>
+    <message numerus="yes">
+        <source>One entry with this label takes the place of %n. What else the file holds of the others, such as telephone numbers, goes with them; it can be undone.</source>
+        <translation>
+            <numerusform>Una entrada con esta etiqueta ocupa el lugar de %n. Lo demás que el archivo guarda de las otras, como teléfonos, se va con ellas; se puede deshacer.</numerusform>
+            <numerusform>Una entrada con esta etiqueta ocupa el lugar de %n. Lo demás que el archivo guarda de las otras, como teléfonos, se va con ellas; se puede deshacer.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Lines of the label</source>
+        <translation>Líneas de la etiqueta</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>Co&amp;mbinar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::MergeFile</name>
     <message>
         <source>Name</source>
@@ -907,6 +1004,37 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Close this message</source>
         <translation>Cerrar este mensaje</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::PageButtons</name>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Imprimir…</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF…</source>
+        <translation>Guardar como P&amp;DF…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Save as a PDF file</source>
+        <translation>Guardar como archivo PDF</translation>
+    </message>
+    <message>
+        <source>PDF file (*.pdf)</source>
+        <translation>Archivo PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>The page cannot be saved.</source>
+        <translation>No se puede guardar la página.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
@@ -1013,18 +1141,6 @@ Ciudad, estado y código ZIP</translation>
         </translation>
     </message>
     <message>
-        <source>&amp;Print…</source>
-        <translation>&amp;Imprimir…</translation>
-    </message>
-    <message>
-        <source>Save as P&amp;DF…</source>
-        <translation>Guardar como P&amp;DF…</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Cerrar</translation>
-    </message>
-    <message>
         <source>Pieces by prefix</source>
         <translation>Piezas por prefijo</translation>
     </message>
@@ -1041,24 +1157,15 @@ Ciudad, estado y código ZIP</translation>
         <translation>Sin código ZIP</translation>
     </message>
     <message>
-        <source>Save the presort sheet</source>
-        <translation>Guardar la hoja de preclasificación</translation>
-    </message>
-    <message>
         <source>Presort.pdf</source>
         <translation>Preclasificación.pdf</translation>
     </message>
+</context>
+<context>
+    <name>postwright::addressbook::PrintController</name>
     <message>
-        <source>PDF file (*.pdf)</source>
-        <translation>Archivo PDF (*.pdf)</translation>
-    </message>
-    <message>
-        <source>The sheet cannot be saved.</source>
-        <translation>La hoja no se puede guardar.</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Cerrar</translation>
+        <source>None of the addresses that are shown was turned down.</source>
+        <translation>Ninguna de las direcciones que se muestran fue rechazada.</translation>
     </message>
 </context>
 <context>
@@ -1321,6 +1428,10 @@ Ciudad, estado y código ZIP</translation>
         <source>Failed: %1</source>
         <translation>Fallida: %1</translation>
     </message>
+    <message>
+        <source>Several at one address</source>
+        <translation>Varias en una dirección</translation>
+    </message>
 </context>
 <context>
     <name>postwright::addressbook::SenderFields</name>
@@ -1518,6 +1629,29 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::SortMenu</name>
+    <message>
+        <source>In the Order of the &amp;File</source>
+        <translation>En el orden del &amp;archivo</translation>
+    </message>
+    <message>
+        <source>By &amp;Last Name</source>
+        <translation>Por a&amp;pellido</translation>
+    </message>
+    <message>
+        <source>By &amp;Name as Written</source>
+        <translation>Por &amp;nombre tal como está escrito</translation>
+    </message>
+    <message>
+        <source>By &amp;ZIP Code</source>
+        <translation>Por código &amp;ZIP</translation>
+    </message>
+    <message>
+        <source>&amp;Same Addresses First</source>
+        <translation>Primero las &amp;mismas direcciones</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::StoreFile</name>
     <message>
         <source>This is a database, but not an address book.</source>
@@ -1680,8 +1814,8 @@ Ciudad, estado y código ZIP</translation>
         <translation>Colu&amp;mnas…</translation>
     </message>
     <message>
-        <source>Choose which columns of the CSV file make the label</source>
-        <translation>Elegir qué columnas del archivo CSV forman la etiqueta</translation>
+        <source>Choose which columns of the file make the label</source>
+        <translation>Elegir qué columnas del archivo forman la etiqueta</translation>
     </message>
     <message>
         <source>&amp;Export for Spreadsheets…</source>
@@ -1809,11 +1943,31 @@ Ciudad, estado y código ZIP</translation>
     </message>
     <message>
         <source>Export for &amp;Mail Merge…</source>
-        <translation>Exportar para co&amp;mbinar correspondencia…</translation>
+        <translation>Exportar para combinar corres&amp;pondencia…</translation>
     </message>
     <message>
         <source>Write the entries that are shown as a CSV file with name, street, unit, city, state, ZIP code and confirmation in columns of their own</source>
         <translation>Escribir las entradas que se muestran en un archivo CSV con nombre, calle, unidad, ciudad, estado, código ZIP y confirmación en columnas propias</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>Addresses to As&amp;k About…</source>
+        <translation>&amp;Direcciones por las que preguntar…</translation>
+    </message>
+    <message>
+        <source>Print, save or copy a list of the addresses that are shown and were turned down</source>
+        <translation>Imprimir, guardar o copiar una lista de las direcciones que se muestran y fueron rechazadas</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge Entries…</source>
+        <translation>Comb&amp;inar entradas…</translation>
+    </message>
+    <message>
+        <source>Make one entry of the selected ones, which have the same address</source>
+        <translation>Hacer una sola entrada de las seleccionadas, que tienen la misma dirección</translation>
     </message>
 </context>
 <context>

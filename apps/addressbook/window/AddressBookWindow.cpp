@@ -11,9 +11,9 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "apps/addressbook/dialogs/MergeDialog.h"
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
 #include "apps/addressbook/fix/WhoAnswers.h"
-#include "apps/addressbook/printing/PrintDialog.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/widgets/EmptyPage.h"
 #include "apps/addressbook/widgets/MessageBar.h"
@@ -24,7 +24,9 @@
 #include "apps/addressbook/window/EntryTable.h"
 #include "apps/addressbook/window/FileController.h"
 #include "apps/addressbook/window/FixController.h"
+#include "apps/addressbook/window/PrintController.h"
 #include "apps/addressbook/window/SearchFields.h"
+#include "apps/addressbook/window/SortMenu.h"
 
 namespace postwright::addressbook {
 
@@ -49,6 +51,7 @@ AddressBookWindow::AddressBookWindow(AddressFixer& fixer)
       _actions(this, _document.undoStack()),
       _files(new FileController(_document, this)),
       _fixes(new FixController(_document, fixer, this)),
+      _prints(new PrintController(_document.book(), this)),
       _table(new EntryTable(_model, this)),
       _panel(new EntryPanel(_document, this)),
       _search(new SearchFields(this)),
@@ -58,6 +61,7 @@ AddressBookWindow::AddressBookWindow(AddressFixer& fixer)
   setUnifiedTitleAndToolBarOnMac(true);
   _table->setObjectName(QStringLiteral("entryTable"));
   _files->setRecentMenu(_actions.recent);
+  new SortMenu(_actions.view, _model, *_table);
   setCentralWidget(buildMiddle());
   _actions.toolBar->addWidget(_search);
   connectDocument();
@@ -133,7 +137,8 @@ void AddressBookWindow::connectDocument() {
 }
 
 void AddressBookWindow::connectActions() {
-  _table->addActions({_actions.edit, _actions.remove, _actions.fixSelected, _actions.selectAll});
+  _table->addActions(
+      {_actions.edit, _actions.remove, _actions.merge, _actions.fixSelected, _actions.selectAll});
   _table->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(_actions.newBook, &QAction::triggered, _files, &FileController::newBook);
   connect(_actions.open, &QAction::triggered, _files, &FileController::open);
@@ -144,12 +149,19 @@ void AddressBookWindow::connectActions() {
           &FileController::exportForSpreadsheet);
   connect(_actions.exportMerge, &QAction::triggered, this,
           [this] { _files->exportForMailMerge(_model.shownBookRows()); });
-  connect(_actions.print, &QAction::triggered, this, &AddressBookWindow::print);
+  connect(_actions.print, &QAction::triggered, this,
+          [this] { _prints->printLabels(_model.shownBookRows(), _table->selectedBookRows()); });
+  connect(_actions.listToAsk, &QAction::triggered, this,
+          [this] { _prints->listToAsk(_model.shownBookRows()); });
+  connect(_prints, &PrintController::told, _message,
+          [this](const QString& note) { _message->tell(note); });
+  connect(_prints, &PrintController::preferencesChanged, this, &AddressBookWindow::takePreferences);
   connect(_actions.quit, &QAction::triggered, this, &QWidget::close);
   connect(_actions.add, &QAction::triggered, this, &AddressBookWindow::addEntry);
   connect(_actions.edit, &QAction::triggered, _panel, &EntryPanel::beginEditing);
   connect(_actions.remove, &QAction::triggered, this,
           [this] { _document.remove(_table->selectedBookRows()); });
+  connect(_actions.merge, &QAction::triggered, this, &AddressBookWindow::merge);
   connect(_actions.selectAll, &QAction::triggered, _table, &QTableView::selectAll);
   connect(_actions.find, &QAction::triggered, _search, &SearchFields::beginSearch);
   connect(_actions.showAll, &QAction::triggered, this, &AddressBookWindow::showAll);
@@ -205,20 +217,12 @@ void AddressBookWindow::showTouched(const QList<int>& rows) {
   refresh();
 }
 
-void AddressBookWindow::print() {
-  const Book& book = _document.book();
-  Preferences preferences = Preferences::load();
-  PrintDialog dialog(printableLabels(book, _model.shownBookRows()),
-                     printableLabels(book, _table->selectedBookRows()), preferences, this);
+void AddressBookWindow::merge() {
+  const QList<int> rows = _table->selectedBookRows();
+  MergeDialog dialog(_document.book(), rows, this);
   if (dialog.exec() == QDialog::Accepted) {
-    preferences = dialog.preferences();
-    _message->tell(dialog.note());
-  } else {
-    // What was measured stays, though nothing was printed.
-    preferences.print.ownSheets = dialog.preferences().print.ownSheets;
+    _document.merge(rows, dialog.label());
   }
-  preferences.save();
-  takePreferences();
 }
 
 void AddressBookWindow::editPreferences() {
@@ -260,12 +264,15 @@ void AddressBookWindow::refresh() {
                                _document.file()->columns() != nullptr);
   _actions.edit->setEnabled(selected.size() == 1);
   _actions.remove->setEnabled(!selected.isEmpty());
+  _actions.merge->setEnabled(_document.book().haveOneAddress(selected));
   _actions.fixSelected->setEnabled(!selected.isEmpty());
   _actions.fixFailed->setEnabled(_document.book().count(CheckState::Failed) > 0);
   for (QAction* const action : {_actions.exportSafely, _actions.fix, _actions.selectAll}) {
     action->setEnabled(hasEntries);
   }
-  _actions.print->setEnabled(_model.rowCount() > 0);
+  for (QAction* const action : {_actions.print, _actions.listToAsk}) {
+    action->setEnabled(_model.rowCount() > 0);
+  }
   _actions.exportMerge->setEnabled(_model.rowCount() > 0);
   refreshPages();
   _counts->show(_document.book(), _model.rowCount(), static_cast<int>(selected.size()));
@@ -282,7 +289,8 @@ void AddressBookWindow::refreshPages() {
     _empty->explain(tr("Nothing found"), tr("No entry is what you search for."), _actions.showAll);
   } else if (_document.path().isEmpty()) {
     _empty->explain(tr("No address book is open"),
-                    tr("Open a CSV, vCard or address book file, or drop one here.\nYou can also "
+                    tr("Open a CSV file, a workbook, vCards or an address book, or drop one "
+                       "here.\nYou can also "
                        "begin with Edit > Add Entry."),
                     _actions.open);
   } else {

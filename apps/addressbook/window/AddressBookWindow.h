@@ -20,6 +20,7 @@ class EntryTable;
 class FileController;
 class FixController;
 class MessageBar;
+class PrintController;
 class SearchFields;
 
 // The window of the program: an address book in a table, the selected entry beside it.
@@ -58,7 +59,7 @@ class AddressBookWindow : public QMainWindow {
   void showAll();
   void addEntry();
   void showTouched(const QList<int>& rows);
-  void print();
+  void merge();
   void editPreferences();
   void takePreferences();
   void tellMissingStreets();
@@ -72,6 +73,7 @@ class AddressBookWindow : public QMainWindow {
   WindowActions _actions;
   FileController* _files;
   FixController* _fixes;
+  PrintController* _prints;
   EntryTable* _table;
   EntryPanel* _panel;
   QSplitter* _splitter = nullptr;

@@ -15,7 +15,11 @@ namespace {
 // Selecting more scattered rows than this takes long and helps nobody; the first one is shown.
 constexpr qsizetype kMostRanges = 500;
 
-const QString kHeaderKey = QStringLiteral("window/entryColumns");
+constexpr int kMeasuredRows = 500;  // in view and around it, by which a column is fitted
+constexpr int kLeastLetters = 10;
+constexpr int kMostLetters = 40;
+
+const QString kHeaderKey = QStringLiteral("window/entryWidths");
 
 // Puts the icon of an entry's state before what the column says.
 class StateDelegate final : public QStyledItemDelegate {
@@ -52,27 +56,60 @@ EntryTable::EntryTable(EntryModel& model, QWidget* parent) : QTableView(parent),
   header->setSortIndicator(EntryModel::kBookOrder, Qt::AscendingOrder);
   setSortingEnabled(true);
   if (!header->restoreState(QSettings().value(kHeaderKey).toByteArray())) {
-    const int letter = fontMetrics().averageCharWidth();
-    const int widths[EntryModel::kColumns] = {24 * letter, 34 * letter, 22 * letter, 12 * letter,
-                                              12 * letter, 24 * letter, 24 * letter};
-    for (int column = 0; column < EntryModel::kColumns; ++column) {
-      header->resizeSection(column, widths[column]);
-    }
+    _areWidthsUsers = false;
   }
   header->setSortIndicator(EntryModel::kBookOrder, Qt::AscendingOrder);
   header->setStretchLastSection(true);
-  connect(&model, &QAbstractItemModel::modelReset, this, &EntryTable::showColumns);
+  header->setResizeContentsPrecision(kMeasuredRows);
+  connect(&model, &QAbstractItemModel::modelReset, this, &EntryTable::fitColumns);
+  for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+    connect(&model, signal, this, &EntryTable::showColumns);
+  }
   connect(&model, &QAbstractItemModel::dataChanged, this, &EntryTable::showColumns);
-  showColumns();
+  fitColumns();
+  connect(header, &QHeaderView::sectionResized, this, &EntryTable::takeWidth);
   connect(this, &QTableView::doubleClicked, this, &EntryTable::editRequested);
 }
 
 EntryTable::~EntryTable() {
-  QSettings().setValue(kHeaderKey, horizontalHeader()->saveState());
+  if (_areWidthsUsers) {
+    QSettings().setValue(kHeaderKey, horizontalHeader()->saveState());
+  }
+}
+
+// Widths as the entries need them, within what leaves room for the others, until the user gives
+// the columns widths.
+void EntryTable::fitColumns() {
+  showColumns();
+  if (_areWidthsUsers) {
+    return;
+  }
+  _isFitting = true;
+  const int letter = fontMetrics().averageCharWidth();
+  for (int column = 0; column < EntryModel::kColumns; ++column) {
+    if (!isColumnHidden(column)) {
+      const int needed =
+          std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column));
+      setColumnWidth(column,
+                     std::clamp(needed + letter, kLeastLetters * letter, kMostLetters * letter));
+    }
+  }
+  _isFitting = false;
+}
+
+// The last column takes what is left of the window, whatever the user does.
+void EntryTable::takeWidth(int column, int before, int now) {
+  int last = EntryModel::kColumns - 1;
+  while (last > 0 && isColumnHidden(horizontalHeader()->logicalIndex(last))) {
+    --last;
+  }
+  const bool isUsers = horizontalHeader()->visualIndex(column) != last && before > 0 && now > 0;
+  _areWidthsUsers = _areWidthsUsers || (isUsers && !_isFitting);
 }
 
 // Those in which there is something.
 void EntryTable::showColumns() {
+  setColumnHidden(EntryModel::Sharing, !_model.hasSharing());
   setColumnHidden(EntryModel::Kind, !_model.hasKinds());
   setColumnHidden(EntryModel::Confirmed, !_model.hasConfirmations());
 }

@@ -37,8 +37,12 @@ class EntryTable : public QTableView {
 
  private:
   void showColumns();
+  void fitColumns();
+  void takeWidth(int column, int before, int now);
 
   EntryModel& _model;
+  bool _areWidthsUsers = true;  // given or kept, not fitted
+  bool _isFitting = false;
 };
 
 }  // namespace postwright::addressbook

@@ -80,6 +80,9 @@ void SearchFields::offer(const Book& book) {
   add(tr("To check"), {EntryModel::Filter::ToCheck});
   add(tr("Failed"), {EntryModel::Filter::Failed});
   const QString counted = QStringLiteral("%1 (%2)");
+  if (book.shared() > 0 || chosen.kind == EntryModel::Filter::Shared) {
+    add(counted.arg(tr("Several at one address")).arg(book.shared()), {EntryModel::Filter::Shared});
+  }
   for (const Known known : kTold) {
     if (confirmations.contains(known)) {
       add(counted.arg(EntryModel::confirmationText(known)).arg(confirmations[known]),

@@ -21,8 +21,8 @@ class SearchFields : public QWidget {
   QString text() const;
   EntryModel::Filter filter() const;
 
-  // Offers the confirmations and reasons that there are in `book`, with how many have each. What is
-  // chosen stays so.
+  // Offers the shared addresses, confirmations and reasons that there are in `book`, with how many
+  // have each. What is chosen stays so.
   void offer(const Book& book);
 
   // Empties the field and shows the entries that `filter` lets pass.

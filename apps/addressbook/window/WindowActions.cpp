@@ -32,6 +32,7 @@ QAction* make(QMainWindow* window, const char* name, const QString& text,
 WindowActions::WindowActions(QMainWindow* window, QUndoStack& undoStack) {
   makeFileMenu(window);
   makeEditMenu(window, undoStack);
+  view = window->menuBar()->addMenu(tr("&View"));
   makeFixMenu(window);
   makeHelpMenu(window);
   makeToolBar(window);
@@ -43,7 +44,7 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
   save = make(window, "save", tr("&Save"), QKeySequence::Save, "save");
   saveAs = make(window, "saveAs", tr("Save &As…"), Qt::CTRL | Qt::SHIFT | Qt::Key_S);
   columns = make(window, "columns", tr("&Columns…"));
-  columns->setStatusTip(tr("Choose which columns of the CSV file make the label"));
+  columns->setStatusTip(tr("Choose which columns of the file make the label"));
   exportSafely = make(window, "exportSafely", tr("&Export for Spreadsheets…"));
   exportSafely->setStatusTip(
       tr("Write a CSV copy in which no cell is run as a formula: those that begin with = + - or @ "
@@ -53,6 +54,9 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
       tr("Write the entries that are shown as a CSV file with name, street, unit, city, state, ZIP "
          "code and confirmation in columns of their own"));
   print = make(window, "print", tr("&Print Labels…"), QKeySequence::Print, "print");
+  listToAsk = make(window, "listToAsk", tr("Addresses to As&k About…"));
+  listToAsk->setStatusTip(
+      tr("Print, save or copy a list of the addresses that are shown and were turned down"));
   quit = make(window, "quit", tr("&Quit"));
   quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q), QKeySequence(Qt::CTRL | Qt::Key_W)});
   QMenu* const menu = window->menuBar()->addMenu(tr("&File"));
@@ -63,7 +67,7 @@ void WindowActions::makeFileMenu(QMainWindow* window) {
   menu->addSeparator();
   menu->addActions({columns, exportSafely, exportMerge});
   menu->addSeparator();
-  menu->addAction(print);
+  menu->addActions({print, listToAsk});
   menu->addSeparator();
   menu->addAction(quit);
 }
@@ -83,6 +87,8 @@ void WindowActions::makeEditMenu(QMainWindow* window, QUndoStack& undoStack) {
   add = make(window, "add", tr("&Add Entry"), Qt::CTRL | Qt::SHIFT | Qt::Key_N, "add");
   edit = make(window, "edit", tr("E&dit Label"), Qt::Key_F2);
   remove = make(window, "remove", tr("Re&move Entries"), QKeySequence::Delete, "remove");
+  merge = make(window, "merge", tr("Mer&ge Entries…"));
+  merge->setStatusTip(tr("Make one entry of the selected ones, which have the same address"));
   selectAll = make(window, "selectAll", tr("Select A&ll"), QKeySequence::SelectAll);
   for (QAction* const ofTable : {edit, remove, selectAll}) {
     ofTable->setShortcutContext(Qt::WidgetShortcut);  // elsewhere these keys edit text
@@ -94,7 +100,7 @@ void WindowActions::makeEditMenu(QMainWindow* window, QUndoStack& undoStack) {
   QMenu* const menu = window->menuBar()->addMenu(tr("&Edit"));
   menu->addActions({undo, redo});
   menu->addSeparator();
-  menu->addActions({add, edit, remove, selectAll});
+  menu->addActions({add, edit, remove, merge, selectAll});
   menu->addSeparator();
   menu->addActions({find, showAll});
   menu->addSeparator();

@@ -30,6 +30,7 @@ class WindowActions {
   QAction* exportSafely;
   QAction* exportMerge;
   QAction* print;
+  QAction* listToAsk;
   QAction* quit;
 
   QAction* undo;
@@ -38,10 +39,13 @@ class WindowActions {
   // The keys of these three count in the table alone, once they are among its actions.
   QAction* edit;
   QAction* remove;
+  QAction* merge;
   QAction* selectAll;
   QAction* find;
   QAction* showAll;
   QAction* preferences;
+
+  QMenu* view;
 
   QAction* fix;
   QAction* fixSelected;

@@ -104,11 +104,14 @@ QString firstOf(const Record& record, const QByteArrayList& names) {
   return found->endsWith("postaladdress") ? linesOf(value) : value;
 }
 
+QString lastNameOf(const Record& record) {
+  return firstOf(record, {"sn", "surname"});
+}
+
 QString nameOf(const Record& record) {
   const QString whole = firstOf(record, {"cn", "commonname", "displayname"});
   return whole.isEmpty()
-             ? QString(firstOf(record, {"givenname"}) + u' ' + firstOf(record, {"sn", "surname"}))
-                   .trimmed()
+             ? QString(firstOf(record, {"givenname"}) + u' ' + lastNameOf(record)).trimmed()
              : whole;
 }
 
@@ -131,14 +134,18 @@ void takeRecord(const Record& record, QList<Entry>& entries) {
     const QString label = labelOf(record, kind);
     if (!label.isEmpty() && qstrcmp(last, kind.kind) != 0) {
       last = kind.kind;
-      entries.append({entries.size() + 1, label, {}, tables::kindText(QLatin1String(last))});
+      entries.append({entries.size() + 1,
+                      label,
+                      {},
+                      tables::kindText(QLatin1String(last)),
+                      lastNameOf(record)});
     }
   }
   if (entries.size() == before + 1) {
     entries.last().kind.clear();  // there is nothing to tell it from
   }
   if (entries.size() == before && !nameOf(record).isEmpty()) {
-    entries.append({entries.size() + 1, nameOf(record), {}});
+    entries.append({entries.size() + 1, nameOf(record), {}, {}, lastNameOf(record)});
   }
 }
 

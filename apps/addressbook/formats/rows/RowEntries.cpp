@@ -21,11 +21,13 @@ void RowEntries::takeRow(const QStringList& cells) {
                     [&label](const Slot& slot) { return tables::sameLetters(slot.label, label); });
     if (!isRepeated) {
       const QString told = cells.value(address.kindColumn).remove(QLatin1Char('*')).trimmed();
-      _slots.append({row, place, told.isEmpty() ? tables::kindText(address.kind) : told, label});
+      _slots.append({row, place, told.isEmpty() ? tables::kindText(address.kind) : told, label,
+                     address.mapping.lastName(cells)});
     }
   }
   if (_slots.size() == first) {
-    _slots.append({row, 0, {}, _addresses.first().mapping.compose(cells)});
+    const tables::ColumnMapping& mapping = _addresses.first().mapping;
+    _slots.append({row, 0, {}, mapping.compose(cells), mapping.lastName(cells)});
   }
 }
 
@@ -33,7 +35,7 @@ QList<Entry> RowEntries::entries() const {
   QList<Entry> entries;
   entries.reserve(_slots.size());
   for (const Slot& slot : _slots) {
-    entries.append({entries.size() + 1, slot.label, {}, slot.kind});
+    entries.append({entries.size() + 1, slot.label, {}, slot.kind, slot.lastName});
   }
   return entries;
 }

@@ -39,6 +39,7 @@ class RowEntries {
     int address = 0;  // of _addresses
     QString kind;
     QString label;  // as it was read
+    QString lastName;
   };
 
   QList<tables::AddressColumns> _addresses;

@@ -166,6 +166,13 @@ QString CardContent::name() const {
   return found ? tables::tidyLabel(unescapeText(found->value())).trimmed() : QString();
 }
 
+QString CardContent::lastName() const {
+  const std::optional<ContentLine>& found = line(placeOf(CardProperty::Name));
+  const QStringList family =
+      found ? splitComponents(found->value(), _version).value(0) : QStringList();
+  return tables::tidyLabel(family.join(QLatin1Char(' '))).trimmed();
+}
+
 QString CardContent::organization() const {
   const std::optional<ContentLine>& found = line(placeOf(CardProperty::Organization));
   if (!found) {

@@ -67,6 +67,8 @@ class CardContent {
   int placeOf(CardProperty property) const;
 
   QString name() const;
+  // The family names of N.
+  QString lastName() const;
   QString organization() const;
   // Unescaped; always kAddressComponents of them.
   QList<QStringList> components(int place) const;

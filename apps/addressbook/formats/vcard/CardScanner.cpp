@@ -77,6 +77,9 @@ std::optional<CardProperty> propertyOf(const QByteArray& name) {
   if (name == "FN") {
     return CardProperty::FormattedName;
   }
+  if (name == "N") {
+    return CardProperty::Name;
+  }
   return name == "ORG" ? std::optional(CardProperty::Organization) : std::nullopt;
 }
 

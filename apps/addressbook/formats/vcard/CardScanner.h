@@ -11,7 +11,7 @@
 namespace postwright::addressbook {
 
 // The properties that have to do with an address; all others are kept as they are, unread.
-enum class CardProperty : quint8 { Address, Label, FormattedName, Organization };
+enum class CardProperty : quint8 { Address, Label, FormattedName, Name, Organization };
 
 struct CardLine {
   CardProperty property;

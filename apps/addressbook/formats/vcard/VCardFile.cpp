@@ -46,7 +46,8 @@ VCardFile::VCardFile(tables::TextFile text) : _text(std::move(text)) {
   for (int card = 0; card < _cards.size(); ++card) {
     const CardContent content(_text.utf8, _cards[card]);
     for (const AddressLines& lines : content.addresses()) {
-      _addresses.append({card, lines, content.label(lines), kindText(content.kind(lines))});
+      _addresses.append(
+          {card, lines, content.label(lines), kindText(content.kind(lines)), content.lastName()});
     }
   }
 }
@@ -55,7 +56,7 @@ QList<Entry> VCardFile::entries() const {
   QList<Entry> entries;
   entries.reserve(_addresses.size());
   for (const Address& address : _addresses) {
-    entries.append({entries.size() + 1, address.label, {}, address.kind});
+    entries.append({entries.size() + 1, address.label, {}, address.kind, address.lastName});
   }
   return entries;
 }

@@ -37,6 +37,7 @@ class VCardFile final : public BookFile {
     AddressLines lines;
     QString label;  // as it was read
     QString kind;
+    QString lastName;
   };
 
   static QString kindText(const QString& type);
