@@ -11,7 +11,7 @@
 #include <future>
 #include <utility>
 
-#include "python/native/LabelFix.h"
+#include "core/label/CarefulFix.h"
 #include "python/native/Record.h"
 #include "python/native/Text.h"
 #include "python/native/Turn.h"
@@ -166,25 +166,25 @@ py::tuple Explain(py::handle typed, py::handle corrected, const std::string& foo
 // --- Correcting
 // -----------------------------------------------------------------------------------
 
-LabelFix FixInTurn(const std::wstring& label, const Service& service,
-                   const LabelFix::Asking& asking, const std::atomic<bool>* abandoned) {
+CarefulFix FixInTurn(const std::wstring& label, const Service& service,
+                     const CarefulFix::Asking& asking, const std::atomic<bool>* abandoned) {
   const Utf8Locale locale;  // of this thread, which need not be the one that has the turn
   service.Use();
-  return LabelFix(label, asking, abandoned);
+  return CarefulFix(label, asking, abandoned);
 }
 
 // A service over the network can take minutes, in which an interrupt is to be heard: the fix then
 // has a thread of its own, and is given up.
-LabelFix FixInterruptibly(const std::wstring& label, const Service& service,
-                          const LabelFix::Asking& asking) {
+CarefulFix FixInterruptibly(const std::wstring& label, const Service& service,
+                            const CarefulFix::Asking& asking) {
   constexpr std::chrono::milliseconds kSignalCheck(50);
   std::atomic<bool> abandoned = false;
   bool isInterrupted = false;
-  std::optional<LabelFix> fix;
+  std::optional<CarefulFix> fix;
   {
     const Turn turn;
-    std::future<LabelFix> asked = std::async(std::launch::async, FixInTurn, std::cref(label),
-                                             std::cref(service), std::cref(asking), &abandoned);
+    std::future<CarefulFix> asked = std::async(std::launch::async, FixInTurn, std::cref(label),
+                                               std::cref(service), std::cref(asking), &abandoned);
     while (!isInterrupted && asked.wait_for(kSignalCheck) == std::future_status::timeout) {
       const py::gil_scoped_acquire held;
       isInterrupted = PyErr_CheckSignals() != 0;
@@ -198,7 +198,7 @@ LabelFix FixInterruptibly(const std::wstring& label, const Service& service,
   return std::move(*fix);
 }
 
-py::object RecordOf(const LabelFix& fix, const py::object& label) {
+py::object RecordOf(const CarefulFix& fix, const py::object& label) {
   const std::optional<AddressFields>& address = fix.Address();
   const VerifySource& source = fix.Source();
   return Types().fix.New(
@@ -220,10 +220,10 @@ py::object RecordOf(const LabelFix& fix, const py::object& label) {
 }
 
 // `interruptible` where an interrupt ends the wait for a service over the network.
-py::object Fix(const py::object& text, const Service& service, const LabelFix::Asking& asking,
+py::object Fix(const py::object& text, const Service& service, const CarefulFix::Asking& asking,
                bool interruptible) {
   const std::wstring label = WideOf(text);
-  std::optional<LabelFix> fix;
+  std::optional<CarefulFix> fix;
   if (interruptible && !service.answers) {
     fix.emplace(FixInterruptibly(label, service, asking));
   } else {
@@ -243,9 +243,9 @@ PYBIND11_MODULE(_native, module) {
       py::arg("after_in_parent") = py::cpp_function(Turn::LetGo),
       py::arg("after_in_child") = py::cpp_function(Turn::LetGo));
   const py::class_<Service> service(module, "Service");
-  py::class_<LabelFix::Asking>(module, "Asking")
+  py::class_<CarefulFix::Asking>(module, "Asking")
       .def(py::init([](bool wholeLabel, bool keepPunctuation, bool acceptDoubtful) {
-             return LabelFix::Asking{wholeLabel, keepPunctuation, acceptDoubtful};
+             return CarefulFix::Asking{wholeLabel, keepPunctuation, acceptDoubtful};
            }),
            py::kw_only(), py::arg("whole_label"), py::arg("keep_punctuation"),
            py::arg("accept_doubtful"));

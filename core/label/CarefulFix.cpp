@@ -1,5 +1,6 @@
-#include "python/native/LabelFix.h"
+#include "core/label/CarefulFix.h"
 
+#include <postwright/CandidateFix.h>
 #include <postwright/Deployment.h>
 #include <postwright/Postwright.h>
 #include <postwright/PostwrightException.h>
@@ -12,8 +13,9 @@
 #include <utility>
 
 #include "common/WideText.h"
+#include "core/label/LabelCandidates.h"
 
-namespace postwright::python {
+namespace postwright {
 
 namespace {
 
@@ -24,8 +26,8 @@ bool IsNoText(wchar_t c) {
 
 }  // namespace
 
-LabelFix::LabelFix(const std::wstring& label, const Asking& asking,
-                   const std::atomic<bool>* abandoned)
+CarefulFix::CarefulFix(const std::wstring& label, const Asking& asking,
+                       const std::atomic<bool>* abandoned)
     : label_(label), asking_(asking), text_(label) {
   if (std::any_of(label.begin(), label.end(), IsNoText)) {
     status_ = FixStatus::kTurnedDown;
@@ -40,31 +42,42 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking,
       return;
     }
   }
+  Ask(lines ? &*lines : nullptr, abandoned);
+}
+
+void CarefulFix::Ask(const AddressLines* lines, const std::atomic<bool>* abandoned) {
+  const std::wstring question = TextForm::Composed(lines ? lines->GetQuestion() : label_);
   ReportingServices services(abandoned);
   services.WantSource();
   std::unique_ptr<FixedAddress> answer;
   try {
-    answer =
-        Postwright::Fix(TextForm::Composed(lines ? lines->GetQuestion() : label), true, &services);
+    answer = asking_.candidates > 0
+                 ? FixWithCandidates(question, true, asking_.candidates, &services)
+                 : Postwright::Fix(question, true, &services);
   } catch (const PostwrightException&) {
     ExplainFailure(VerifyReport(services.Reply(), services.Fetch()));
     return;
   }
   const VerifyReport report(services.Reply(), services.Fetch());
+  TakeCandidates(lines, *answer);
+  if (!answer->IsExactMatchAddressValid() && !candidates_.empty()) {
+    ExplainFailure(report);
+    return;
+  }
   confirmation_ = Confirmation(report);
   source_ = report.Source();
-  TakeAnswer(lines ? &*lines : nullptr, answer->GetExactMatchAddress());
-  review_ = CorrectionReview(label, text_, report.Footnotes());
+  TakeAnswer(lines, answer->GetExactMatchAddress());
+  review_ = CorrectionReview(label_, text_, report.Footnotes());
   Judge();
 }
 
-void LabelFix::Leave(const std::string& reason, const std::string& text) {
+void CarefulFix::Leave(const std::string& reason, const std::string& text) {
   isAsked_ = false;
   reason_ = reason;
   reasonText_ = text;
 }
 
-void LabelFix::TakeAnswer(const AddressLines* lines, const AddressFields& answer) {
+void CarefulFix::TakeAnswer(const AddressLines* lines, const AddressFields& answer) {
   address_ = answer;
   text_ = InForm(answer.ComposeAddressBlock());
   if (lines != nullptr) {
@@ -76,13 +89,22 @@ void LabelFix::TakeAnswer(const AddressLines* lines, const AddressFields& answer
   status_ = TextForm::SaysTheSame(text_, label_) ? FixStatus::kUnchanged : FixStatus::kFixed;
 }
 
-std::wstring LabelFix::InForm(const std::wstring& address) const {
+void CarefulFix::TakeCandidates(const AddressLines* lines, const FixedAddress& answer) {
+  candidates_ = answer.GetAddressMatches();
+  if (lines != nullptr) {
+    std::transform(
+        candidates_.begin(), candidates_.end(), candidates_.begin(),
+        [lines](const AddressMatch& candidate) { return WithinLabel(*lines, candidate); });
+  }
+}
+
+std::wstring CarefulFix::InForm(const std::wstring& address) const {
   return asking_.keepPunctuation ? address : Utils::ToUpper(TextForm::Postal(address));
 }
 
 // A number that the service does not have is open also where nothing was changed: one that was
 // mistyped comes back as it is.
-void LabelFix::Judge() {
+void CarefulFix::Judge() {
   const bool mayPropose = !asking_.acceptDoubtful;
   if (mayPropose && review_.Doubtful() && status_ == FixStatus::kFixed) {
     Propose(review_.ReasonCode(), Utf8FromAnyWide(review_.Reason()));
@@ -97,7 +119,7 @@ void LabelFix::Judge() {
   }
 }
 
-void LabelFix::Propose(const std::string& reason, const std::string& text) {
+void CarefulFix::Propose(const std::string& reason, const std::string& text) {
   status_ = FixStatus::kUndecided;
   proposed_ = std::exchange(text_, label_);
   address_.reset();
@@ -106,7 +128,7 @@ void LabelFix::Propose(const std::string& reason, const std::string& text) {
 }
 
 // What the text lacks says more than a service that was asked about nothing.
-void LabelFix::ExplainFailure(const VerifyReport& report) {
+void CarefulFix::ExplainFailure(const VerifyReport& report) {
   const VerifyFailure failure(report, GetDeployment().verifyHost);
   reason_ = failure.Code();
   reasonText_ = failure.Text();
@@ -126,4 +148,4 @@ void LabelFix::ExplainFailure(const VerifyReport& report) {
   reasonText_ = unread.GetText();
 }
 
-}  // namespace postwright::python
+}  // namespace postwright

@@ -1,8 +1,9 @@
-#ifndef POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_
-#define POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_
+#ifndef POSTWRIGHT_CORE_LABEL_CAREFULFIX_H_
+#define POSTWRIGHT_CORE_LABEL_CAREFULFIX_H_
 
 #include <postwright/AddressFields.h>
 #include <postwright/AddressLines.h>
+#include <postwright/AddressMatch.h>
 #include <postwright/Confirmation.h>
 #include <postwright/CorrectionReview.h>
 #include <postwright/FixedAddress.h>
@@ -14,8 +15,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
-namespace postwright::python {
+namespace postwright {
 
 // What became of a label. The numbers are those of the command's records.
 enum class FixStatus : std::int32_t {
@@ -27,18 +29,21 @@ enum class FixStatus : std::int32_t {
 };
 
 // One label, asked about with its address lines, the others kept as they were typed, or not asked
-// about where it is left alone. A correction that is doubtful is proposed and not made.
-class LabelFix {
+// about where it is left alone. A correction that is doubtful is proposed and not made. For
+// programs without Qt, which have ReviewedFix otherwise.
+class CarefulFix {
  public:
   struct Asking {
     bool wholeLabel = false;
     bool keepPunctuation = false;
     bool acceptDoubtful = false;
+    int candidates = 0;  // as many are asked for at most, up to VerifyCandidate::kMost
   };
 
-  // Asks the service in force, once at the most, and blocks until it answers; within a Turn. Fails
-  // as unanswered within about a second once `abandoned`, which may be null, holds true.
-  LabelFix(const std::wstring& label, const Asking& asking, const std::atomic<bool>* abandoned);
+  // Asks the service in force, once at the most, and blocks until it answers. Uses
+  // AddressParser::GetInstance(): one thread at a time. Fails as unanswered within about a second
+  // once `abandoned`, which may be null, holds true.
+  CarefulFix(const std::wstring& label, const Asking& asking, const std::atomic<bool>* abandoned);
 
   FixStatus Status() const { return status_; }
   const std::wstring& Text() const { return text_; }          // the text to go on with
@@ -52,12 +57,18 @@ class LabelFix {
   bool IsAsked() const { return isAsked_; }
   std::int32_t RetryAfter() const { return retryAfter_; }
 
+  // What could have been meant, each within the label, where the service has a choice to offer. The
+  // rest is as if it had not: an address that was turned down was.
+  const std::vector<AddressMatch>& Candidates() const { return candidates_; }
+
   // The service's own address where it may be taken: of a label that is fixed or unchanged.
   const std::optional<AddressFields>& Address() const { return address_; }
 
  private:
   void Leave(const std::string& reason, const std::string& text);
+  void Ask(const AddressLines* lines, const std::atomic<bool>* abandoned);
   void TakeAnswer(const AddressLines* lines, const AddressFields& answer);
+  void TakeCandidates(const AddressLines* lines, const FixedAddress& answer);
   void Judge();
   void Propose(const std::string& reason, const std::string& text);
   void ExplainFailure(const VerifyReport& report);
@@ -77,8 +88,9 @@ class LabelFix {
   bool isAsked_ = true;
   std::int32_t retryAfter_ = 0;
   std::optional<AddressFields> address_;
+  std::vector<AddressMatch> candidates_;
 };
 
-}  // namespace postwright::python
+}  // namespace postwright
 
-#endif  // POSTWRIGHT_PYTHON_NATIVE_LABELFIX_H_
+#endif  // POSTWRIGHT_CORE_LABEL_CAREFULFIX_H_
