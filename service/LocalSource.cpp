@@ -64,6 +64,15 @@ std::shared_ptr<const postal::ZipList> LocalSource::Zips() const {
   return {loaded, &loaded->zips};
 }
 
+std::vector<LocalSource::BaseName> LocalSource::Bases() const {
+  const std::shared_ptr<Loaded> loaded = Get();
+  std::vector<BaseName> names;
+  for (size_t i = 0; i < loaded->bases.Size(); ++i) {
+    names.push_back({loaded->bases[i].Name(), loaded->bases[i].Date()});
+  }
+  return names;
+}
+
 std::shared_ptr<LocalSource::Loaded> LocalSource::Get() const {
   const std::lock_guard lock(mutex_);
   return loaded_;

@@ -39,6 +39,15 @@ class LocalSource final : public AnswerSource {
   // Answers within the call, as Verifier does.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
+  // What tells people a base from another, as AddressBase has it.
+  struct BaseName {
+    std::string name;
+    std::string date;
+  };
+
+  // Returns those of the bases that are in use now, in their order.
+  std::vector<BaseName> Bases() const;
+
   // Returns the ZIP codes as they are now; they stay as they are while the pointer is held.
   std::shared_ptr<const postal::ZipList> Zips() const;
 

@@ -97,6 +97,11 @@ void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
   app.add_flag("--log-addresses", options.answers.logAddresses,
                "Write addresses into the log; no line tells one otherwise")
       ->disable_flag_override();
+  app.add_option("--open-page", options.openPage,
+                 "Show the page for people, /, to every client that asks for HOST, not to this "
+                 "machine alone; again for more")
+      ->type_name("HOST")
+      ->allow_extra_args(false);
   app.add_flag("--quiet", options.limits.quiet,
                "Write no line of a request that is answered; /metrics counts them")
       ->disable_flag_override()

@@ -21,6 +21,7 @@ struct ServiceOptions {
   std::string listen = "127.0.0.1:8470";
   std::vector<std::filesystem::path> bases;
   std::string users;  // empty: everybody
+  std::vector<std::string> openPage;
   VerifyService::Options answers;
   HttpServer::Limits limits;
   std::vector<std::string> proxies;      // limits.proxies, as they are given

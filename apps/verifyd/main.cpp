@@ -20,6 +20,8 @@
 #include "service/UserList.h"
 #include "service/VerifyService.h"
 #include "service/http/HttpServer.h"
+#include "service/page/PeoplePage.h"
+#include "service/status/StateView.h"
 #include "service/status/StatusPages.h"
 
 namespace postwright::service {
@@ -35,13 +37,14 @@ constexpr const char* kName = "postwright-verifyd";
 constexpr const char* kUsage =
     "postwright-verifyd [--listen ADDRESS:PORT] [--users FILE] [--base FILE]... "
     "[--path-prefix PATH] [--log-addresses | --quiet] [--open-status HOST]... "
+    "[--open-page HOST]... "
     "[--upstream KIND [HOST] --credentials FILE ...] [LIMITS]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
 writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT'
 once it can be asked. SIGTERM or SIGINT ends it when the requests that have begun are answered; a
-second one, at once. SIGHUP reads the base, the users and the credentials again. /status and
-/metrics show what it has done and is doing.
+second one, at once. SIGHUP reads the base, the users and the credentials again. / is a page for
+people on this machine, /status and /metrics show what it has done and is doing.
 
 A base file is an address base, as postwright-base makes it, or has a line a ZIP code: ZIP, city and
 state, set apart by tabs. The ZIP codes that come along are taken where none are given.
@@ -108,19 +111,24 @@ void Serve(const Options& options) {
   const Clock clock;
   GatewayParts parts(options.gateway, local, clock, log);
   VerifyService service(parts.Source(), knownUsers, options.service.answers);
-  const StatusPages pages(
-      {service.Counts(), parts.GetGateway(), parts.GetCache(), parts.GetFallback()}, clock,
-      POSTWRIGHT_VERSION,
-      {ListenAddress::Parse(options.service.listen).Host(), options.gateway.openStatus});
+  const std::string host = ListenAddress::Parse(options.service.listen).Host();
+  const StatusPages::Sources sources = {service.Counts(), parts.GetGateway(), parts.GetCache(),
+                                        parts.GetFallback()};
+  const StatusPages pages(sources, clock, POSTWRIGHT_VERSION, {host, options.gateway.openStatus});
+  PeoplePage people(parts.Source(), POSTWRIGHT_VERSION, {host, options.service.openPage},
+                    [&pages, state = StateView(sources, local)](const HttpRequest& request) {
+                      return pages.Allows(request) ? state.Section() : std::string();
+                    });
   const auto answer = [&](const HttpRequest& request, const Respond& respond) {
     if (std::optional<HttpReply> page = pages.Answer(request)) {
       respond(std::move(*page));
-    } else {
+    } else if (!people.Answer(request, respond)) {
       service.Answer(request, respond);
     }
   };
-  HttpServer server(ListenAddress::Parse(options.service.listen), options.service.limits, answer,
-                    log);
+  HttpServer::Limits limits = options.service.limits;
+  limits.roomierBody = [&people](const HttpRequest& request) { return people.RoomFor(request); };
+  HttpServer server(ListenAddress::Parse(options.service.listen), limits, answer, log);
   log.Write("listening on " + server.Address());
   WaitForEnd(signals, [&] { Reload(local, knownUsers, parts.GetGateway(), log); });
   std::thread([signals] {

@@ -3,7 +3,7 @@
 _postwright_verifyd() {
   local words='--help --version --listen --users --base --path-prefix --log-addresses --quiet'
   words+=' --threads --connections --connections-per-address --idle-time --request-time'
-  words+=' --header-size --body-size --open-status --trusted-proxy'
+  words+=' --header-size --body-size --open-page --open-status --trusted-proxy'
   words+=' --upstream --upstream-url --credentials --budget --cache --cache-lifetime --deadline'
   words+=' --fallback'
 

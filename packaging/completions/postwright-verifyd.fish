@@ -9,6 +9,7 @@ complete -c postwright-verifyd -l base -r -F -d 'What to know instead of the bas
 complete -c postwright-verifyd -l path-prefix -x -d 'What stands in front of /ShippingAPI.dll'
 complete -c postwright-verifyd -l log-addresses -d 'Write addresses into the log'
 complete -c postwright-verifyd -l quiet -d 'Write no line of a request that is answered'
+complete -c postwright-verifyd -l open-page -x -d 'Show the page for people to every client that asks for a host'
 complete -c postwright-verifyd -l open-status -x -d 'Show the status pages to every client that asks for a host'
 complete -c postwright-verifyd -l threads -x -d 'Threads that answer'
 complete -c postwright-verifyd -l connections -x -d 'Connections in all'

@@ -21,6 +21,7 @@ class Exchange {
   // Written by the connection's thread alone; of the request nothing once it was handed out.
   HttpRequest request;
   bool hasHeaders = false;
+  size_t bodyBytes = 0;  // that it may have
   bool isTooLarge = false;
   std::string objection;  // to its head, for the client; empty where there is none
   bool isHandedOut = false;

@@ -20,6 +20,7 @@ struct HttpRequest {
   bool isForwarded = false;  // a proxy says that it asks for somebody else
   // The fields of the head that are this program's own, "Postwright-…", as they were sent.
   std::vector<std::pair<std::string, std::string>> extensions = {};
+  std::string origin = {};  // of the page that sent it, RFC 6454: "http://127.0.0.1:8470"
 };
 
 struct HttpReply {
@@ -29,6 +30,7 @@ struct HttpReply {
   std::string note;  // what the log's line says of it
   // What the header Retry-After says, RFC 9110, section 10.2.3; 0 for none.
   std::chrono::seconds retryAfter = std::chrono::seconds(0);
+  std::vector<std::pair<std::string, std::string>> fields = {};  // more of its head
 };
 
 // A reply of plain text, for people.

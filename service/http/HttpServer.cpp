@@ -181,8 +181,11 @@ class HttpServer::Impl {
     if (request.host.empty()) {  // what an absolute form names goes before it: RFC 9112, 3.2.2
       request.host = LibraryConnection::ValueOf(connection, MHD_HTTP_HEADER_HOST);
     }
+    request.origin = LibraryConnection::ValueOf(connection, "Origin");
     exchange->objection = ObjectionTo(head);
-    exchange->isTooLarge = LibraryConnection::LengthOf(connection) > limits_.bodyBytes;
+    exchange->bodyBytes =
+        std::max(limits_.bodyBytes, limits_.roomierBody ? limits_.roomierBody(request) : size_t{0});
+    exchange->isTooLarge = LibraryConnection::LengthOf(connection) > exchange->bodyBytes;
     const bool isRefused = exchange->isTooLarge || !exchange->objection.empty();
     return isRefused ? Proceed(connection, exchange) : MHD_YES;
   }
@@ -193,7 +196,8 @@ class HttpServer::Impl {
     if (*size == 0) {
       return Proceed(connection, exchange);
     }
-    exchange->isTooLarge = exchange->isTooLarge || request.body.size() + *size > limits_.bodyBytes;
+    exchange->isTooLarge =
+        exchange->isTooLarge || request.body.size() + *size > exchange->bodyBytes;
     if (!exchange->isTooLarge) {
       request.body.append(data, *size);
     }
@@ -221,7 +225,7 @@ class HttpServer::Impl {
       respond(TextReply(kBadRequest, "The request has " + exchange->objection + ".\n"));
     } else if (exchange->isTooLarge) {
       respond(TextReply(kContentTooLarge, "The body of a request may have up to " +
-                                              std::to_string(limits_.bodyBytes) + " bytes.\n"));
+                                              std::to_string(exchange->bodyBytes) + " bytes.\n"));
     } else if (KnownMethod(exchange->request.method) == "other") {
       respond(TextReply(kMethodNotAllowed, "Ask with GET or POST.\n"));
     } else {
@@ -268,6 +272,9 @@ class HttpServer::Impl {
     if (reply.retryAfter.count() > 0) {
       MHD_add_response_header(response, MHD_HTTP_HEADER_RETRY_AFTER,
                               std::to_string(reply.retryAfter.count()).c_str());
+    }
+    for (const auto& [name, value] : reply.fields) {
+      MHD_add_response_header(response, name.c_str(), value.c_str());
     }
     if (reply.status == kMethodNotAllowed) {
       MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");

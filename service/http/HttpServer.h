@@ -37,6 +37,8 @@ class HttpServer {
     std::vector<std::string> proxies = {};  // addresses, as HttpRequest::client, that are trusted
     size_t bytesPerConnection = 16 * 1024;  // request line and headers together must fit
     size_t bodyBytes = 64 * 1024;
+    // The same for a request whose head alone is known, where that may be more; empty for none.
+    std::function<size_t(const HttpRequest&)> roomierBody = {};
     std::chrono::seconds idle{30};  // without a byte
     std::chrono::milliseconds yielding{10 *
                                        1000};      // without a head, until others may have its room

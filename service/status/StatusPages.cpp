@@ -1,25 +1,14 @@
 #include "service/status/StatusPages.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 
-#include "common/Loopback.h"
-#include "common/SmallText.h"
 #include "service/gateway/GatewayFault.h"
 
 namespace postwright::service {
 namespace {
 
 constexpr int kForbidden = 403;
-
-// The host of a Host header, without its port and the brackets of IPv6.
-std::string_view WithoutPort(std::string_view host) {
-  if (host.starts_with('[')) {
-    return host.substr(1, host.find(']') - 1);
-  }
-  return host.substr(0, host.find(':'));
-}
 
 std::string Count(uint64_t number, const std::string& of) {
   return std::to_string(number) + ' ' + of + (number == 1 ? "" : "s");
@@ -166,7 +155,7 @@ void AppendGatewayMetrics(std::string& page, Gateway& gateway) {
 }  // namespace
 
 StatusPages::StatusPages(const Sources& sources, const Clock& clock, std::string version,
-                         Access access)
+                         HostAccess access)
     : sources_(sources),
       clock_(clock),
       version_(std::move(version)),
@@ -179,7 +168,7 @@ std::optional<HttpReply> StatusPages::Answer(const HttpRequest& request) const {
     return std::nullopt;
   }
   const std::string note = isStatus ? "path=status" : "path=metrics";
-  if (!IsAllowed(request)) {
+  if (!access_.Allows(request)) {
     return TextReply(
         kForbidden,
         "This page is shown on the service's own machine alone, for an address of it.\n"
@@ -188,16 +177,6 @@ std::optional<HttpReply> StatusPages::Answer(const HttpRequest& request) const {
   }
   return isStatus ? TextReply(200, Status(), note)
                   : HttpReply{200, "text/plain; version=0.0.4; charset=utf-8", Metrics(), note};
-}
-
-bool StatusPages::IsAllowed(const HttpRequest& request) const {
-  const std::string_view host = WithoutPort(request.host);
-  const auto isHost = [&](const std::string& name) { return EqualsIgnoringCase(name, host); };
-  if (std::any_of(access_.openTo.begin(), access_.openTo.end(), isHost)) {
-    return true;
-  }
-  return !request.isForwarded && IsLoopback(request.client) &&
-         (IsLoopback(host) || isHost(access_.host));
 }
 
 std::string StatusPages::Status() const {

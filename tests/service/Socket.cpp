@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace postwright::service {
@@ -61,7 +62,7 @@ std::string Socket::ReceiveResponse() {
     const size_t end = bytes.find("\r\n\r\n");
     const size_t length = bytes.find("Content-Length: ");
     if (end != std::string::npos && length < end) {
-      wanted = end + 4 + std::stoul(bytes.substr(length + 16));
+      wanted = end + 4 + std::strtoul(bytes.c_str() + length + 16, nullptr, 10);
     }
   }
   return bytes;
