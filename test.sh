@@ -9,7 +9,8 @@
 #   ./test.sh address threads plain    these, in this order
 #   POSTWRIGHT_TEST_PARTS="threads plain" ./test.sh
 #
-# Ends at the first part that fails.
+# Ends at the first part that fails. What needs systems of others, such as a browser, it leaves out:
+# scripts/test-wide.sh runs that.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
@@ -46,3 +47,4 @@ for part in "${parts[@]}"; do
     plain) run dev "The plain tests" ;;
   esac
 done
+echo "Left out: scripts/test-wide.sh, the tests that need systems of others (Chromium, npm)."

@@ -4,13 +4,15 @@
 #   scripts/install-packages.sh          what building and running take
 #   scripts/install-packages.sh --test   and what ./test.sh takes besides
 #   scripts/install-packages.sh --fuzz   and what scripts/fuzz-all.sh does
+#   scripts/install-packages.sh --wide   and what scripts/test-wide.sh does
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
 
 case ${1-} in
-  --test) unwanted='^#|# fuzz:' ;;
-  --fuzz) unwanted='^#|# test:' ;;
-  *) unwanted='^#|# (test|fuzz):' ;;
+  --test) unwanted='^#|# (fuzz|wide):' ;;
+  --fuzz) unwanted='^#|# (test|wide):' ;;
+  --wide) unwanted='^#|# (test|fuzz):' ;;
+  *) unwanted='^#|# (test|fuzz|wide):' ;;
 esac
 mapfile -t wanted < <(grep -Ev "$unwanted" "$here/packages.txt" | awk '{ print $1 }' | sort --unique)
 

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Tests that need systems of others, which ./test.sh leaves out: the page for people in Chromium, by
+# keys and clicks, light and dark, narrow and wide, without script and by axe-core. Needs the packages
+# that packages.txt marks "wide:", and the network for npm.
+#
+#   scripts/test-wide.sh [PYTEST-OPTION ...]
+#   POSTWRIGHT_PICTURES=docs/pictures scripts/test-wide.sh -k picture    makes the page's picture anew
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+for tool in chromium chromedriver npm; do
+  command -v "$tool" > /dev/null || { echo "$tool is not installed: scripts/install-packages.sh --wide"; exit 77; }
+done
+ninja -C build postwright-verifyd postwright-base
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+npm install --silent --no-audit --no-fund --ignore-scripts --no-package-lock --prefix "$scratch" axe-core
+POSTWRIGHT_AXE=$scratch/node_modules/axe-core/axe.min.js POSTWRIGHT_BIN=$PWD/build/bin \
+  /usr/bin/python3 -B -m pytest -p no:cacheprovider --quiet "$@" tests/wide
