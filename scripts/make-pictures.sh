@@ -131,6 +131,18 @@ await "Address Check"
 shot batch-summary
 leave
 
+# Whose streets are fetched, where there are none.
+"$bin/postwright-addressbook" >"$work/out" 2>&1 &
+program=$!
+started+=($program)
+await "Postwright Address Book"
+keys alt+t
+await "Fetch Streets"
+xdotool type Tex
+shot address-book-streets
+keys Escape
+leave
+
 # How a file is read, where that cannot be guessed.
 cp "$input/old-mac.csv" "$work"
 "$bin/postwright-addressbook" "$work/old-mac.csv" >"$work/out" 2>&1 &

@@ -1,6 +1,7 @@
 #include "apps/base/FetchCommand.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 
 #include "apps/BaseFolders.h"
@@ -44,22 +45,33 @@ std::string TimeLeft(double seconds) {
                        : std::to_string(minutes / 60) + " h left";
 }
 
-// How far a fetch is: files and bytes, and by the bytes or the files how long it will take.
-std::string InWords(const FetchJob::Progress& now, double seconds) {
-  std::string text = std::to_string(now.files) + " of " + std::to_string(now.of) + " files, " +
-                     Megabytes(now.bytes) + " fetched";
+// How much of a fetch is done, 0 to 1, by its files and the bytes of the one under way.
+double ShareOf(const FetchJob::Progress& now) {
   const double ofFile = now.wholeOfFile == 0 ? 0
                                              : static_cast<double>(now.bytesOfFile) /
                                                    static_cast<double>(now.wholeOfFile);
-  const double done = static_cast<double>(now.files) + ofFile;
+  return now.of == 0 ? 0 : (static_cast<double>(now.files) + ofFile) / static_cast<double>(now.of);
+}
+
+// Tells files and bytes, and how long the rest will take, as far as that can be told.
+void Show(const FetchJob::Progress& now, double seconds, ProgressLine& progress) {
+  constexpr double kLeast = 10;  // seconds; before, nothing can be told
+  const double share = ShareOf(now);
+  ProgressLine::Figures figures = {{"percent", std::lround(100 * share)},
+                                   {"files", static_cast<int64_t>(now.files)},
+                                   {"of", static_cast<int64_t>(now.of)},
+                                   {"bytes", static_cast<int64_t>(now.bytes)}};
+  std::string text = std::to_string(now.files) + " of " + std::to_string(now.of) + " files, " +
+                     Megabytes(now.bytes) + " fetched";
   if (now.of == 1 && now.wholeOfFile > 0) {
     text += " of " + Megabytes(now.wholeOfFile);
   }
-  constexpr double kLeast = 10;  // seconds; before, nothing can be told
-  if (done > 0 && seconds > kLeast) {
-    text += ", some " + TimeLeft(seconds / done * (static_cast<double>(now.of) - done));
+  if (share > 0 && seconds > kLeast) {
+    const double left = seconds / share * (1 - share);
+    text += ", some " + TimeLeft(left);
+    figures.emplace_back("secondsLeft", std::lround(left));
   }
-  return text;
+  progress.Draw(text, "fetching", figures);
 }
 
 // A server, and how it is asked.
@@ -110,7 +122,7 @@ int FetchAndImport(const FetchOptions& options, const std::string& base, Progres
   const double begun = progress.Elapsed().count();
   job.Fetch([&](const FetchJob::Progress& now) {
     if (progress.IsDue()) {
-      progress.Draw(InWords(now, progress.Elapsed().count() - begun));
+      Show(now, progress.Elapsed().count() - begun, progress);
     }
   });
   ZipList zips;
@@ -147,14 +159,14 @@ int UpdateBase(const std::string& base, const UpdateOptions& options, ProgressLi
     progress.Say(base + ": nothing is newer");
     return kExitDone;
   }
-  return FetchAndImport({request, base, options.tokenFile, options.hosts, false, options.quiet},
+  return FetchAndImport({request, base, options.tokenFile, options.hosts, false, options.progress},
                         base, progress);
 }
 
 }  // namespace
 
 int RunFetch(const FetchOptions& options) {
-  ProgressLine progress(options.quiet);
+  ProgressLine progress(options.progress);
   return UnlessStopped(progress, [&] {
     const std::string base =
         options.base.empty() ? (BaseFolder() / (NameOf(options.request.places) + ".base")).string()
@@ -164,7 +176,7 @@ int RunFetch(const FetchOptions& options) {
 }
 
 int RunUpdate(const UpdateOptions& options) {
-  ProgressLine progress(options.quiet);
+  ProgressLine progress(options.progress);
   return UnlessStopped(progress, [&] {
     std::vector<std::string> bases = options.bases;
     if (bases.empty()) {

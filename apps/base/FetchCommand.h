@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/base/ProgressLine.h"
 #include "postal/fetch/FetchPlan.h"
 
 namespace postwright::postal {
@@ -14,14 +15,14 @@ struct FetchOptions {
   std::string tokenFile;           // empty: no login
   std::vector<std::string> hosts;  // that the server may send us to
   bool restart = false;
-  bool quiet = false;
+  ProgressLine::Form progress = ProgressLine::Form::Text;
 };
 
 struct UpdateOptions {
   std::vector<std::string> bases;  // none: all of the user's that were fetched
   std::string tokenFile;
   std::vector<std::string> hosts;
-  bool quiet = false;
+  ProgressLine::Form progress = ProgressLine::Form::Text;
 };
 
 // Run `postwright-base fetch` and `postwright-base update`: fetch the files, and make the base of

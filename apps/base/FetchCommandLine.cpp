@@ -51,7 +51,7 @@ std::string CheckKind(const std::string& name) {
 }
 
 void AddServerOptions(CLI::App& command, std::string& tokenFile, std::vector<std::string>& hosts,
-                      bool& quiet) {
+                      ProgressLine::Form& progress) {
   command
       .add_option("--token-file", tokenFile, "Whose first line is the token of an account there")
       ->type_name("FILE");
@@ -59,7 +59,16 @@ void AddServerOptions(CLI::App& command, std::string& tokenFile, std::vector<std
       ->type_name("HOST")
       ->expected(1)
       ->take_all();
-  command.add_flag("--quiet", quiet, "Do not show how far it is")->disable_flag_override();
+  using Form = ProgressLine::Form;
+  CLI::Option* const quiet = command.add_flag_callback(
+      "--quiet", [&progress] { progress = Form::Quiet; }, "Do not show how far it is");
+  quiet->disable_flag_override();
+  command
+      .add_flag_callback(
+          "--json", [&progress] { progress = Form::Json; },
+          "Tell how far it is on standard output, a JSON line five times a second")
+      ->excludes(quiet)
+      ->disable_flag_override();
 }
 
 }  // namespace
@@ -82,7 +91,7 @@ Command AddFetch(CLI::App& app, FetchOptions& options) {
           "A server that has the same files at the same paths, in the place of the publisher's")
       ->type_name("URL")
       ->check(CLI::Validator(CheckOrigin, ""));
-  AddServerOptions(*command, options.tokenFile, options.hosts, options.quiet);
+  AddServerOptions(*command, options.tokenFile, options.hosts, options.progress);
   command
       ->add_flag("--restart", options.restart,
                  "Begin anew, and throw away what a stopped fetch has brought")
@@ -94,7 +103,7 @@ Command AddFetch(CLI::App& app, FetchOptions& options) {
 Command AddUpdate(CLI::App& app, UpdateOptions& options) {
   CLI::App* const command = app.add_subcommand("update", "Fetch what is newer than a base");
   command->add_option("BASE", options.bases, "The base");
-  AddServerOptions(*command, options.tokenFile, options.hosts, options.quiet);
+  AddServerOptions(*command, options.tokenFile, options.hosts, options.progress);
   command->footer(kUpdateFooter);
   return {command, [&options] { return RunUpdate(options); }};
 }

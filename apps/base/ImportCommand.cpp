@@ -15,7 +15,7 @@ int RunImport(const ImportOptions& options) {
   if (!options.map.empty()) {
     map = ColumnMap::Parse(options.map);
   }
-  ProgressLine progress(options.quiet);
+  ProgressLine progress(options.quiet ? ProgressLine::Form::Quiet : ProgressLine::Form::Text);
   StopSignals::Catch();
   Importer importer(
       options.base,

@@ -1,6 +1,7 @@
 #include "apps/base/ImportRun.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "apps/base/BaseExit.h"
@@ -39,8 +40,9 @@ void Show(const Importer::Progress& now, int64_t before, double seconds, Progres
       static_cast<int64_t>(static_cast<double>(rows - before) / std::max(seconds, 0.001));
   char percent[16];
   std::snprintf(percent, sizeof percent, "%5.1f %%", 100 * now.share);
-  progress.Draw(std::string(percent) + ", " + Thousands(rows) + " rows, " + Thousands(speed) +
-                " a second");
+  progress.Draw(
+      std::string(percent) + ", " + Thousands(rows) + " rows, " + Thousands(speed) + " a second",
+      "reading", {{"percent", std::lround(100 * now.share)}, {"rows", rows}});
 }
 
 }  // namespace
@@ -64,7 +66,7 @@ int RunImporter(Importer& importer, const std::string& base, ProgressLine& progr
        },
        [&] {
          StopSignals::Release();  // from here on nothing is lost by an end at any moment
-         progress.Draw("sorting");
+         progress.Draw("sorting", "sorting");
        }});
   if (end == Importer::End::Stopped) {
     progress.Say("stopped; " + base + " is as it was. The same command goes on");

@@ -12,20 +12,29 @@ constexpr std::string_view kEraseLine = "\r\033[K";
 
 }  // namespace
 
-ProgressLine::ProgressLine(bool quiet) : quiet_(quiet), terminal_(isatty(STDERR_FILENO) == 1) {}
+ProgressLine::ProgressLine(Form form)
+    : form_(form),
+      terminal_(form == Form::Text && isatty(STDERR_FILENO) == 1),
+      shown_(form == Form::Json ? Clock::time_point() : begun_) {}
 
 bool ProgressLine::IsDue() {
-  const std::chrono::milliseconds period(terminal_ ? 200 : 10'000);
+  const std::chrono::milliseconds period(terminal_ || form_ == Form::Json ? 200 : 10'000);
   const Clock::time_point now = Clock::now();
-  if (quiet_ || now - shown_ < period) {
+  if (form_ == Form::Quiet || now - shown_ < period) {
     return false;
   }
   shown_ = now;
   return true;
 }
 
-void ProgressLine::Draw(const std::string& text) {
-  if (!quiet_) {
+void ProgressLine::Draw(const std::string& text, const char* step, const Figures& figures) {
+  if (form_ == Form::Json) {
+    std::cout << "{\"step\":\"" << step << '"';
+    for (const auto& [name, figure] : figures) {
+      std::cout << ",\"" << name << "\":" << figure;
+    }
+    std::cout << "}\n" << std::flush;
+  } else if (form_ == Form::Text) {
     std::cerr << (terminal_ ? kEraseLine : kName) << text << (terminal_ ? "" : "\n") << std::flush;
     drawn_ = terminal_;
   }

@@ -19,13 +19,13 @@ _postwright_base() {
   esac
   case ${COMP_WORDS[1]-} in
     fetch)
-      words+=' --from --year --base --mirror --host --token-file --restart --quiet'
+      words+=' --from --year --base --mirror --host --token-file --restart --quiet --json'
       if [[ $2 != -* && $3 != --base && $3 != --token-file ]]; then
         mapfile -t COMPREPLY < <(compgen -W "all $_postwright_states" -- "$2")
         return
       fi
       ;;
-    update) words+=' --host --token-file --quiet' ;;
+    update) words+=' --host --token-file --quiet --json' ;;
     list) ;;
     import) words+=' --source --licence --attribution --map --partial --restart --quiet' ;;
     info) ;;

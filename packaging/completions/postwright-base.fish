@@ -25,6 +25,7 @@ complete -c postwright-base -n "$asks" -l host -x -d 'Another host that the serv
 complete -c postwright-base -n "$asks" -l token-file -r -F -d 'Whose first line is the token of an account there'
 complete -c postwright-base -n "$fetch" -l restart -d 'Begin anew, and throw away what a stopped fetch has brought'
 complete -c postwright-base -n "$asks" -l quiet -d 'Do not show how far it is'
+complete -c postwright-base -n "$asks" -l json -d 'Tell how far it is as JSON lines'
 
 complete -c postwright-base -n "$import" -l source -x -d 'What the files are called as a whole'
 complete -c postwright-base -n "$import" -l licence -x -d 'Under which licence they are'

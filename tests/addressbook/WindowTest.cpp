@@ -613,7 +613,7 @@ void WindowTest::saysWhoAnswers() {
   QFETCH(QString, typed);
   QFETCH(QString, said);
   _fixer.usual = usual;
-  _fixer.streets = {bases, problem, {}};
+  _fixer.streets = {bases, problem};
   QTimer::singleShot(0, this, [this, &typed, &said] {
     QWidget* const dialog = QApplication::activeModalWidget();
     const auto leave = qScopeGuard([dialog] { dialog->close(); });
@@ -638,7 +638,7 @@ void WindowTest::saysThatNoStreetsAreKnown() {
   _fixer.streets.bases = QStringList{"texas.base"};
   comesBack();
   QVERIFY(!bar->isVisible());
-  _fixer.streets = {{}, "/var: denied", {}};
+  _fixer.streets = {{}, "/var: denied"};
   comesBack();
   QCOMPARE(find<QLabel>("messageText", bar)->text(), "/var: denied");
   _fixer.usual = "a.example";

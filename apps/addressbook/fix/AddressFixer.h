@@ -28,7 +28,6 @@ struct FixSettings {
 struct OwnStreets {
   QStringList bases;  // the paths of the address bases; none: ZIP codes alone
   QString problem;    // why they cannot be looked for, else empty
-  QString folder;     // where they are to be put
 };
 
 // What came of one label.

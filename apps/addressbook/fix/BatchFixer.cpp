@@ -131,7 +131,6 @@ QString BatchFixer::serverFor(const QString& server) const {
 
 OwnStreets BatchFixer::ownStreets() const {
   OwnStreets streets;
-  streets.folder = pathText(BaseFolder());
   try {
     for (const std::filesystem::path& base : FindBases()) {
       streets.bases.append(pathText(base));

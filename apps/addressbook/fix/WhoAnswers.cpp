@@ -48,9 +48,8 @@ QString missingStreets(const AddressFixer& fixer, const QString& server) {
   }
   return streets.bases.isEmpty()
              ? WhoAnswers::tr(
-                   "ZIP codes only: streets are not checked. “postwright-base fetch texas” "
-                   "brings the streets, into %1.")
-                   .arg(streets.folder)
+                   "ZIP codes only: streets are not checked. Those of a state or county can be "
+                   "fetched.")
              : QString();
 }
 

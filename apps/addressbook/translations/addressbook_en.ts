@@ -317,4 +317,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>postwright::addressbook::StreetsDialog</name>
+    <message numerus="yes">
+        <source>About %n minutes are left.</source>
+        <translation>
+            <numerusform>About %n minute is left.</numerusform>
+            <numerusform>About %n minutes are left.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -1671,6 +1671,119 @@ Ciudad, estado y código ZIP</translation>
     </message>
 </context>
 <context>
+    <name>postwright::addressbook::StreetFetch</name>
+    <message>
+        <source>“%1” was ended by the system.</source>
+        <translation>El sistema puso fin a «%1».</translation>
+    </message>
+    <message>
+        <source>The program “%1”, which fetches them, is not installed. Debian has it in the package postwright-verifyd.</source>
+        <translation>El programa «%1», que las trae, no está instalado. Debian lo tiene en el paquete postwright-verifyd.</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::StreetsController</name>
+    <message>
+        <source>The streets of %1 are there. Addresses are checked with them from now on.</source>
+        <translation>Ya están las calles de %1. Desde ahora las direcciones se comprueban con ellas.</translation>
+    </message>
+    <message>
+        <source>The streets of %1 are there, but a service is asked, not this program.</source>
+        <translation>Ya están las calles de %1, pero se pregunta a un servicio, no a este programa.</translation>
+    </message>
+    <message>
+        <source>Fetch Stree&amp;ts…</source>
+        <translation>&amp;Traer calles…</translation>
+    </message>
+</context>
+<context>
+    <name>postwright::addressbook::StreetsDialog</name>
+    <message>
+        <source>How far it is</source>
+        <translation>Cuánto se ha hecho</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>&amp;Detener</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Choose one</source>
+        <translation>Elija uno</translation>
+    </message>
+    <message>
+        <source>the whole state</source>
+        <translation>todo el estado</translation>
+    </message>
+    <message>
+        <source>&amp;State:</source>
+        <translation>&amp;Estado:</translation>
+    </message>
+    <message>
+        <source>&amp;County:</source>
+        <translation>&amp;Condado:</translation>
+    </message>
+    <message>
+        <source>The Census Bureau publishes a file for each county, free for any use: the streets, and which house numbers each can have, not which houses there are. They come one at a time, so a large state takes a while.</source>
+        <translation>La Oficina del Censo publica un archivo por condado, libre para cualquier uso: las calles y qué números puede tener cada una, no qué casas hay. Llegan de uno en uno, así que un estado grande tarda un rato.</translation>
+    </message>
+    <message>
+        <source>Se&amp;rver:</source>
+        <translation>Se&amp;rvidor:</translation>
+    </message>
+    <message>
+        <source>Where your company keeps a copy of these files: its address.</source>
+        <translation>Si su empresa guarda una copia de estos archivos: la dirección de esta.</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>county, state</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>About %n minutes are left.</source>
+        <translation>
+            <numerusform>Queda cerca de %n minuto.</numerusform>
+            <numerusform>Quedan unos %n minutos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Fetch Streets</source>
+        <translation>Traer calles</translation>
+    </message>
+    <message>
+        <source>&amp;Fetch Streets</source>
+        <translation>&amp;Traer calles</translation>
+    </message>
+    <message>
+        <source>Asking which files there are…</source>
+        <translation>Preguntando qué archivos hay…</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files fetched, %3.</source>
+        <translation>%1 de %2 archivos traídos, %3.</translation>
+    </message>
+    <message>
+        <source>Reading: %1 rows so far.</source>
+        <translation>Leyendo: %1 filas hasta ahora.</translation>
+    </message>
+    <message>
+        <source>Sorting the streets…</source>
+        <translation>Ordenando las calles…</translation>
+    </message>
+    <message>
+        <source>Stopped. What has come is kept: Fetch Streets goes on with it.</source>
+        <translation>Detenido. Lo que ha llegado se conserva: Traer calles continúa con ello.</translation>
+    </message>
+    <message>
+        <source>The streets could not be fetched. %1</source>
+        <translation>No se pudieron traer las calles. %1</translation>
+    </message>
+</context>
+<context>
     <name>postwright::addressbook::TypeFields</name>
     <message>
         <source> pt</source>
@@ -1787,8 +1900,8 @@ Ciudad, estado y código ZIP</translation>
         <translation>Este programa responde por sí mismo, con las calles de %1.</translation>
     </message>
     <message>
-        <source>ZIP codes only: streets are not checked. “postwright-base fetch texas” brings the streets, into %1.</source>
-        <translation>Solo códigos postales: no se comprueban las calles. «postwright-base fetch texas» trae las calles, a %1.</translation>
+        <source>ZIP codes only: streets are not checked. Those of a state or county can be fetched.</source>
+        <translation>Solo códigos postales: no se comprueban las calles. Se pueden traer las de un estado o condado.</translation>
     </message>
 </context>
 <context>
@@ -1968,6 +2081,14 @@ Ciudad, estado y código ZIP</translation>
     <message>
         <source>Make one entry of the selected ones, which have the same address</source>
         <translation>Hacer una sola entrada de las seleccionadas, que tienen la misma dirección</translation>
+    </message>
+    <message>
+        <source>Fetch the streets of a state or county, by which addresses are then checked</source>
+        <translation>Trae las calles de un estado o condado, con las que luego se comprueban las direcciones</translation>
+    </message>
+    <message>
+        <source>Fetch Stree&amp;ts…</source>
+        <translation>&amp;Traer calles…</translation>
     </message>
 </context>
 <context>

@@ -13,7 +13,6 @@
 
 #include "apps/addressbook/dialogs/MergeDialog.h"
 #include "apps/addressbook/dialogs/PreferencesDialog.h"
-#include "apps/addressbook/fix/WhoAnswers.h"
 #include "apps/addressbook/settings/Preferences.h"
 #include "apps/addressbook/widgets/EmptyPage.h"
 #include "apps/addressbook/widgets/MessageBar.h"
@@ -27,6 +26,7 @@
 #include "apps/addressbook/window/PrintController.h"
 #include "apps/addressbook/window/SearchFields.h"
 #include "apps/addressbook/window/SortMenu.h"
+#include "apps/addressbook/window/StreetsController.h"
 
 namespace postwright::addressbook {
 
@@ -79,8 +79,9 @@ AddressBookWindow::~AddressBookWindow() {
 
 QWidget* AddressBookWindow::buildMiddle() {
   _message = new MessageBar(this);
-  _streets = new MessageBar(this);
-  _streets->setObjectName(QStringLiteral("streetsBar"));
+  auto* const streets = new MessageBar(this);
+  streets->setObjectName(QStringLiteral("streetsBar"));
+  _streets = new StreetsController(_fixer, streets, this);
   _empty = new EmptyPage(this);
   _pages = new QStackedWidget(this);
   _pages->addWidget(_table);
@@ -96,7 +97,7 @@ QWidget* AddressBookWindow::buildMiddle() {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(_message);
-  layout->addWidget(_streets);
+  layout->addWidget(streets);
   layout->addWidget(_splitter, 1);
   return middle;
 }
@@ -180,6 +181,9 @@ void AddressBookWindow::connectFixing() {
   connect(_actions.fixSelected, &QAction::triggered, this,
           [this] { _fixes->fixSelected(_table->selectedBookRows()); });
   connect(_actions.fixFailed, &QAction::triggered, _fixes, &FixController::fixFailed);
+  connect(_actions.fetchStreets, &QAction::triggered, _streets, &StreetsController::fetch);
+  connect(_streets, &StreetsController::told, _message,
+          qOverload<const QString&>(&MessageBar::tell));
   connect(_fixes, &FixController::told, this, [this](const QString& note, bool hasFailures) {
     if (!hasFailures) {
       _message->tell(note);
@@ -237,21 +241,7 @@ void AddressBookWindow::takePreferences() {
   const Preferences preferences = Preferences::load();
   applyAppearance(preferences.appearance);
   _panel->setPreferences(preferences);
-  tellMissingStreets();
-}
-
-// Once: where the user closes the bar, it stays away until something else is the case.
-void AddressBookWindow::tellMissingStreets() {
-  const QString missing = missingStreets(_fixer, Preferences::load().fix.server);
-  if (missing == _missingStreets) {
-    return;
-  }
-  _missingStreets = missing;
-  if (missing.isEmpty()) {
-    _streets->hide();
-  } else {
-    _streets->tell(missing);
-  }
+  _streets->tellMissing();
 }
 
 void AddressBookWindow::refresh() {
@@ -313,7 +303,7 @@ void AddressBookWindow::restoreLayout() {
 void AddressBookWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    tellMissingStreets();
+    _streets->tellMissing();
   }
 }
 
@@ -322,6 +312,7 @@ void AddressBookWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  _streets->leave();
   QSettings settings;
   settings.setValue(kGeometryKey, saveGeometry());
   settings.setValue(kSplitterKey, _splitter->saveState());

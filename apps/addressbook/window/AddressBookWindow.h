@@ -22,6 +22,7 @@ class FixController;
 class MessageBar;
 class PrintController;
 class SearchFields;
+class StreetsController;
 
 // The window of the program: an address book in a table, the selected entry beside it.
 //
@@ -62,7 +63,6 @@ class AddressBookWindow : public QMainWindow {
   void merge();
   void editPreferences();
   void takePreferences();
-  void tellMissingStreets();
   void refresh();
   void refreshPages();
   void restoreLayout();
@@ -80,8 +80,7 @@ class AddressBookWindow : public QMainWindow {
   QStackedWidget* _pages = nullptr;
   EmptyPage* _empty = nullptr;
   MessageBar* _message = nullptr;
-  MessageBar* _streets = nullptr;  // says that none are known
-  QString _missingStreets;         // what it said last
+  StreetsController* _streets = nullptr;
   SearchFields* _search;
   BookCounts* _counts;
 };

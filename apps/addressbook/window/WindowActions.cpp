@@ -111,8 +111,13 @@ void WindowActions::makeFixMenu(QMainWindow* window) {
   fix = make(window, "fix", tr("&Fix Addresses…"), Qt::Key_F7, "fix");
   fixSelected = make(window, "fixSelected", tr("Fix &Selected Addresses…"), Qt::CTRL | Qt::Key_F7);
   fixFailed = make(window, "fixFailed", tr("&Try Failed Addresses Again…"), Qt::SHIFT | Qt::Key_F7);
+  fetchStreets = make(window, "fetchStreets", tr("Fetch Stree&ts…"));
+  fetchStreets->setStatusTip(
+      tr("Fetch the streets of a state or county, by which addresses are then checked"));
   QMenu* const menu = window->menuBar()->addMenu(tr("&Addresses"));
   menu->addActions({fix, fixSelected, fixFailed});
+  menu->addSeparator();
+  menu->addAction(fetchStreets);
 }
 
 void WindowActions::makeHelpMenu(QMainWindow* window) {

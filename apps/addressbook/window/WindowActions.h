@@ -50,6 +50,7 @@ class WindowActions {
   QAction* fix;
   QAction* fixSelected;
   QAction* fixFailed;
+  QAction* fetchStreets;
 
   QAction* about;
 
