@@ -7,19 +7,6 @@
 #include "service/gateway/NormalRequest.h"
 
 namespace postwright::service {
-namespace {
-
-// What an outcome that is no fault says to its askers, and to the cache.
-AddressAnswer ToAnswer(const UpstreamOutcome& outcome) {
-  const auto* const fields = std::get_if<ReplyFields>(&outcome.answer);
-  AddressAnswer answer = fields != nullptr
-                             ? AddressAnswer(*fields)
-                             : AddressAnswer(std::get<postal::Rejection>(outcome.answer));
-  answer.candidates = outcome.candidates;
-  return answer;
-}
-
-}  // namespace
 
 Gateway::Gateway(Upstream& upstream, Zips zips, Budget budget, AnswerCache* cache,
                  const Clock& clock, const Limits& limits, RequestLog& log)
@@ -260,7 +247,7 @@ void Gateway::Call(const FlightPointer& flight) {
     return;
   }
   if (cache_ != nullptr && outcome.isComplete) {
-    cache_->Keep(flight->key, ToAnswer(outcome));
+    cache_->Keep(flight->key, outcome.ToAnswer());
   }
   const std::lock_guard lock(mutex_);
   flights_.erase(flight->key);
@@ -296,7 +283,7 @@ Gateway::Deliveries Gateway::Settle(const FlightPointer& flight, const UpstreamO
                               pace_.PausedUntil(clock_.Now()), flight->waiters.size());
     flights_.erase(flight->key);  // there is nothing to keep, and the next call may go well
   } else {
-    flight->answer = ToAnswer(outcome);
+    flight->answer = outcome.ToAnswer();
     flight->answer->source = {ReplySource::Kind::Upstream, upstream_.Name()};
   }
   for (Waiter& waiter : flight->waiters) {

@@ -25,7 +25,6 @@ using ExchangePointer = std::shared_ptr<Exchange>;
 
 constexpr int kOk = 200;
 constexpr int kBadRequest = 400;
-constexpr int kMethodNotAllowed = 405;
 constexpr int kContentTooLarge = 413;
 
 // The methods that are known, by their own text; nothing that a client made up goes into a log.
@@ -227,7 +226,7 @@ class HttpServer::Impl {
       respond(TextReply(kContentTooLarge, "The body of a request may have up to " +
                                               std::to_string(exchange->bodyBytes) + " bytes.\n"));
     } else if (KnownMethod(exchange->request.method) == "other") {
-      respond(TextReply(kMethodNotAllowed, "Ask with GET or POST.\n"));
+      respond(TextReply(MHD_HTTP_METHOD_NOT_ALLOWED, "Ask with GET or POST.\n"));
     } else {
       Handle(exchange->request, respond);
     }
@@ -263,24 +262,10 @@ class HttpServer::Impl {
   }
 
   MHD_Result Send(MHD_Connection* connection, const Exchange& exchange, const HttpReply& reply) {
-    MHD_Response* response = MHD_create_response_from_buffer(
-        reply.body.size(), const_cast<char*>(reply.body.data()), MHD_RESPMEM_MUST_COPY);
+    MHD_Response* const response =
+        LibraryConnection::ResponseOf(reply, draining_ || !exchange.objection.empty());
     if (response == nullptr) {
       return MHD_NO;
-    }
-    MHD_add_response_header(response, MHD_HTTP_HEADER_CONTENT_TYPE, reply.contentType.c_str());
-    if (reply.retryAfter.count() > 0) {
-      MHD_add_response_header(response, MHD_HTTP_HEADER_RETRY_AFTER,
-                              std::to_string(reply.retryAfter.count()).c_str());
-    }
-    for (const auto& [name, value] : reply.fields) {
-      MHD_add_response_header(response, name.c_str(), value.c_str());
-    }
-    if (reply.status == kMethodNotAllowed) {
-      MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");
-    }
-    if (draining_ || !exchange.objection.empty()) {
-      MHD_add_response_header(response, MHD_HTTP_HEADER_CONNECTION, "close");
     }
     const MHD_Result queued =
         MHD_queue_response(connection, static_cast<unsigned>(reply.status), response);

@@ -40,4 +40,29 @@ RequestHead LibraryConnection::HeadOf(MHD_Connection* connection, std::string_vi
   return head;
 }
 
+MHD_Response* LibraryConnection::ResponseOf(const HttpReply& reply, bool closes) {
+  MHD_Response* const response = MHD_create_response_from_buffer(
+      reply.body.size(), const_cast<char*>(reply.body.data()), MHD_RESPMEM_MUST_COPY);
+  if (response == nullptr) {
+    return nullptr;
+  }
+  const auto add = [response](const char* name, const std::string& value) {
+    MHD_add_response_header(response, name, value.c_str());
+  };
+  add(MHD_HTTP_HEADER_CONTENT_TYPE, reply.contentType);
+  if (reply.retryAfter.count() > 0) {
+    add(MHD_HTTP_HEADER_RETRY_AFTER, std::to_string(reply.retryAfter.count()));
+  }
+  for (const auto& [name, value] : reply.fields) {
+    add(name.c_str(), value);
+  }
+  if (reply.status == MHD_HTTP_METHOD_NOT_ALLOWED) {
+    add(MHD_HTTP_HEADER_ALLOW, "GET, HEAD, POST");
+  }
+  if (closes) {
+    add(MHD_HTTP_HEADER_CONNECTION, "close");
+  }
+  return response;
+}
+
 }  // namespace postwright::service

@@ -5,8 +5,10 @@
 #include <string_view>
 
 #include "service/http/HeadCheck.h"
+#include "service/http/HttpMessage.h"
 
 struct MHD_Connection;
+struct MHD_Response;
 
 namespace postwright::service {
 
@@ -26,6 +28,10 @@ std::string_view ValueOf(MHD_Connection* connection, const char* header);
 size_t LengthOf(MHD_Connection* connection);
 
 RequestHead HeadOf(MHD_Connection* connection, std::string_view version, std::string_view target);
+
+// Returns a reply as the library sends it, which the caller destroys; null where there is no
+// memory. `closes`: the connection ends with it.
+MHD_Response* ResponseOf(const HttpReply& reply, bool closes);
 
 }  // namespace LibraryConnection
 }  // namespace postwright::service

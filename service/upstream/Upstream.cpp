@@ -32,4 +32,12 @@ std::string_view NameOf(FaultKind kind) {
   return "";
 }
 
+AddressAnswer UpstreamOutcome::ToAnswer() const {
+  const auto* const fields = std::get_if<ReplyFields>(&answer);
+  AddressAnswer found = fields != nullptr ? AddressAnswer(*fields)
+                                          : AddressAnswer(std::get<postal::Rejection>(answer));
+  found.candidates = candidates;
+  return found;
+}
+
 }  // namespace postwright::service

@@ -49,6 +49,9 @@ struct UpstreamOutcome {
   size_t calls = 1;        // that counted against the upstream's quota
   bool isComplete = true;  // false: another call may bring what this answer lacks
   std::vector<postal::Candidate> candidates = {};  // where they were asked for
+
+  // Returns what it says to its askers, and to the cache. Must be no fault.
+  AddressAnswer ToAnswer() const;
 };
 
 // Somebody who is asked for an address, one at a time, and who is limited, slow or away at times.
