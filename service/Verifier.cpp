@@ -11,32 +11,6 @@
 namespace postwright::service {
 namespace {
 
-// The fields of a request in the letters that addresses are written in.
-struct FoldedAddress {
-  std::string firmName;
-  postal::DeliveryLines lines;
-  postal::LastLine lastLine;
-};
-
-// Returns nullopt where a field cannot be folded.
-std::optional<FoldedAddress> Fold(const RequestAddress& asked) {
-  FoldedAddress folded;
-  const std::pair<const std::string&, std::string&> fields[] = {
-      {asked.firmName, folded.firmName},       {asked.address1, folded.lines.address1},
-      {asked.address2, folded.lines.address2}, {asked.urbanization, folded.lines.urbanization},
-      {asked.city, folded.lastLine.city},      {asked.state, folded.lastLine.state},
-      {asked.zip5, folded.lastLine.zip},
-  };
-  for (const auto& [from, to] : fields) {
-    std::optional<std::string> text = FoldField(from);
-    if (!text) {
-      return std::nullopt;
-    }
-    to = std::move(*text);
-  }
-  return folded;
-}
-
 // A ZIP corrected, B city or state corrected, H unit missing, L a part of the address changed, M
 // the street's name changed, N address standardised; in this order, run together.
 std::string Footnotes(const postal::MatchedAddress& match, bool standardised) {
@@ -100,6 +74,48 @@ bool KeepsAddOn(const postal::StandardLines& asked, const postal::MatchedAddress
 
 }  // namespace
 
+// The fields of a request in the letters that addresses are written in.
+struct Verifier::FoldedAddress {
+  // Returns nullopt where a field cannot be folded.
+  static std::optional<FoldedAddress> Of(const RequestAddress& asked);
+
+  // Takes what was cut anew. Returns false where it cannot be folded.
+  bool Take(const postal::CutAddress& cut);
+
+  std::string firmName;
+  postal::DeliveryLines lines;
+  postal::LastLine lastLine;
+};
+
+std::optional<Verifier::FoldedAddress> Verifier::FoldedAddress::Of(const RequestAddress& asked) {
+  FoldedAddress folded;
+  const std::pair<const std::string&, std::string&> fields[] = {
+      {asked.firmName, folded.firmName},       {asked.address1, folded.lines.address1},
+      {asked.address2, folded.lines.address2}, {asked.urbanization, folded.lines.urbanization},
+      {asked.city, folded.lastLine.city},      {asked.state, folded.lastLine.state},
+      {asked.zip5, folded.lastLine.zip},
+  };
+  for (const auto& [from, to] : fields) {
+    std::optional<std::string> text = FoldField(from);
+    if (!text) {
+      return std::nullopt;
+    }
+    to = std::move(*text);
+  }
+  return folded;
+}
+
+bool Verifier::FoldedAddress::Take(const postal::CutAddress& cut) {
+  std::optional<std::string> line = FoldField(cut.address2);
+  std::optional<std::string> city = FoldField(cut.city);
+  if (!line || !city) {
+    return false;
+  }
+  lines.address2 = std::move(*line);
+  lastLine.city = std::move(*city);
+  return true;
+}
+
 ReplyAddress Verifier::Verify(const RequestAddress& asked) const {
   return {asked.id, Decide(asked, nullptr)};
 }
@@ -133,7 +149,7 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
   if (sent.call == AddressCall::City) {
     return DecideCity(sent);
   }
-  const std::optional<FoldedAddress> folded = Fold(sent);
+  std::optional<FoldedAddress> folded = FoldedAddress::Of(sent);
   if (!folded || sent.cutShort) {
     return postal::Rejection::InvalidAddress;
   }
@@ -148,15 +164,16 @@ AddressAnswer Verifier::Decide(const RequestAddress& sent, postal::Explanation* 
     postal::Explain(explanation, "the lines could be those of several addresses");
     return postal::Rejection::InvalidAddress;
   }
-  RequestAddress asked = sent;
-  asked.address2 = cut->address2;
-  asked.city = cut->city;
+  const postal::DeliveryLines sentLines = folded->lines;
+  if (!folded->Take(*cut)) {
+    return postal::Rejection::InvalidAddress;
+  }
   std::optional<postal::CandidateFinder> candidates;
   if (reader != nullptr && sent.candidates > 0) {
     candidates.emplace(*reader, std::min(sent.candidates, postal::Candidate::kMost));
   }
-  AddressAnswer answer =
-      DecideWhole(asked, folded->lines, {reader, explanation, candidates ? &*candidates : nullptr});
+  AddressAnswer answer = DecideWhole(sent, sentLines, *folded,
+                                     {reader, explanation, candidates ? &*candidates : nullptr});
   if (candidates) {
     answer.candidates = candidates->Take();
   }
@@ -185,28 +202,28 @@ ReplySource Verifier::SourceOf(const AddressAnswer& answer, const std::string& z
   return {ReplySource::Kind::Base, base.Name(), base.Date()};
 }
 
-// `sent` are the lines before they were cut anew.
-AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
-                                    const Help& help) const {
-  std::optional<FoldedAddress> folded = Fold(asked);
-  if (!folded || !(HasWords(folded->lines.address1) || HasWords(folded->lines.address2))) {
+// `sentLines` are those of the request, `asked` is what was cut anew.
+AddressAnswer Verifier::DecideWhole(const RequestAddress& sent,
+                                    const postal::DeliveryLines& sentLines,
+                                    const FoldedAddress& asked, const Help& help) const {
+  if (!(HasWords(asked.lines.address1) || HasWords(asked.lines.address2))) {
     return postal::Rejection::InvalidAddress;
   }
   postal::AddressQuestion question;
-  question.asked = std::move(folded->lastLine);
+  question.asked = asked.lastLine;
   question.lastLine = postal::LastLineChecker(zips_).Check(question.asked);
   const auto* const placed = std::get_if<postal::PlacedLine>(&question.lastLine);
   question.state =
       placed != nullptr ? placed->state : postal::LastLineChecker::StateOf(question.asked.state);
   std::optional<postal::StandardLines> lines =
-      postal::Standardiser::Standardise(folded->lines, question.state);
+      postal::Standardiser::Standardise(asked.lines, question.state);
   if (!lines) {
     return placed != nullptr ? postal::Rejection::NotFound
                              : std::get<postal::Rejection>(question.lastLine);
   }
-  const bool standardised = *lines != sent;
+  const bool standardised = *lines != sentLines;
   question.lines = std::move(*lines);
-  question.firm = SingleBlanks(folded->firmName);
+  question.firm = SingleBlanks(asked.firmName);
   postal::AddressMatcher::Answer matched = MatchStreet(question, help);
   if (const auto* rejection = std::get_if<postal::Rejection>(&matched)) {
     return *rejection;
@@ -214,10 +231,10 @@ AddressAnswer Verifier::DecideWhole(const RequestAddress& asked, const postal::D
   auto& match = std::get<postal::MatchedAddress>(matched);
   AddressAnswer answer(std::in_place_type<ReplyFields>);
   auto& fields = std::get<ReplyFields>(answer);
-  fields.firmName = SingleBlanks(folded->firmName);
+  fields.firmName = question.firm;
   fields.footnotes = Footnotes(match, standardised);
   if (KeepsAddOn(question.lines, match)) {
-    match.zip4 = asked.AddOn();
+    match.zip4 = sent.AddOn();
   }
   TakeMatch(match, fields);
   if (HasGrown(fields)) {

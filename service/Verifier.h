@@ -41,6 +41,8 @@ class Verifier final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;
 
  private:
+  struct FoldedAddress;
+
   // What a decision may use and tell; each may be null.
   struct Help {
     postal::JoinedReader* reader;
@@ -52,8 +54,8 @@ class Verifier final : public AnswerSource {
   AddressAnswer DecideCity(const RequestAddress& asked) const;
   static ReplySource SourceOf(const AddressAnswer& answer, const std::string& zip,
                               const postal::JoinedReader* reader);
-  AddressAnswer DecideWhole(const RequestAddress& asked, const postal::DeliveryLines& sent,
-                            const Help& help) const;
+  AddressAnswer DecideWhole(const RequestAddress& sent, const postal::DeliveryLines& sentLines,
+                            const FoldedAddress& asked, const Help& help) const;
   postal::AddressMatcher::Answer MatchStreet(const postal::AddressQuestion& question,
                                              const Help& help) const;
 

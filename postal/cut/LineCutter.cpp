@@ -38,16 +38,20 @@ std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
   question.lines = std::move(*lines);
   question.cityLines = std::move(*cityLines);
   question.zip5 = LastLineChecker::Zip5Of(Folded(sent.zip));
-  question.state = LastLineChecker::StateOf(Folded(sent.state));
+  const ZipList::City* const ofZip = zips_.FindZip(question.zip5);
   const std::string lastLine =
       question.cityLines.empty() ? "" : JoinWords(question.cityLines.back().words);
+  const bool isPlain = question.lines.size() == 1 && question.cityLines.size() == 1;
+  if (reader_ == nullptr && isPlain && ofZip != nullptr && lastLine == ofZip->name) {
+    return CutAddress{"", JoinWords(question.lines[0].words), sent.city};  // nearly always
+  }
+  question.state = LastLineChecker::StateOf(Folded(sent.state));
   if (LastLineChecker::IsMilitary(lastLine, question.state)) {
     return CutMilitary(question, sent.city);
   }
   if (!question.SetStreetAbove()) {
     return std::nullopt;
   }
-  const ZipList::City* const ofZip = zips_.FindZip(question.zip5);
   if (question.state.empty() && ofZip != nullptr) {
     question.state = ofZip->state;
   }
