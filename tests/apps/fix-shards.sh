@@ -35,9 +35,17 @@ export server script
 setsid xargs --max-procs=4 --replace "$script" shard {} --server "$server" \
   < <(printf '%s\n' shards/*.labels) 2> killed &
 workers=$!
-while [ "$(cat shards/*.part shards/*.fixed 2> /dev/null | wc --lines)" -lt 500 ]; do sleep 0.02; done
+while [ "$(cat shards/*.part shards/*.fixed 2> /dev/null | wc --lines)" -lt 500 ]; do
+  kill -0 "$workers" || { cat killed >&2; exit 1; }
+  sleep 0.02
+done
 kill -KILL -- "-$workers"
 wait "$workers" || true
+# Who was killed has let go of its files when it is gone, which takes a while on a busy machine.
+for ((tries = 0; tries < 500; ++tries)); do
+  kill -0 -- "-$workers" 2> /dev/null || break
+  sleep 0.02
+done
 [ "$(find shards -name '*.fixed' | wc --lines)" -lt 16 ]
 
 for task in 1 2 3 4; do
