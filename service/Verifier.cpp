@@ -38,6 +38,7 @@ void TakeMatch(postal::MatchedAddress& match, ReplyFields& fields) {
   fields.state = std::move(match.placed.state);
   fields.zip5 = std::move(match.placed.zip5);
   fields.zip4 = std::move(match.zip4);
+  fields.carrierRoute = std::move(match.delivery.route);
   fields.returnText = match.confirmation == 'D' ? ReplyFields::kDefaultMatch : "";
   fields.dpvConfirmation = match.confirmation;
   fields.dpvFalse = match.confirmation == 'N' ? "N" : "";

@@ -31,6 +31,7 @@ void AddressConfirmer::Confirm(const AskedAddress& subject, const StreetMatch& m
     answer.lines.address2 = JoinWords(line.Compose());
   }
   answer.zip4 = match.facts.zip4;
+  answer.delivery = match.facts.delivery;
   if (match.facts.isPoint) {
     ConfirmUnit(subject, match, answer);
   } else {
@@ -123,6 +124,7 @@ void AddressConfirmer::ConfirmBox(MatchedAddress& answer) {
   answer.confirmation = facts.IsKnown() ? 'Y' : 'N';
   answer.dpvFootnotes = facts.IsKnown() ? "AABB" : "AAM3";
   answer.zip4 = facts.zip4;
+  answer.delivery = facts.delivery;
 }
 
 }  // namespace postwright::postal

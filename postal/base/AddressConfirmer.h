@@ -16,7 +16,8 @@ namespace postwright::postal {
 struct MatchedAddress {
   PlacedLine placed;
   DeliveryLines lines;
-  std::string zip4;             // empty where no source gives it
+  std::string zip4;  // empty where no source gives it
+  DeliveryFacts delivery;
   char confirmation = 'N';      // Y, D, S or N
   std::string dpvFootnotes;     // empty where nothing was looked up
   bool nameChanged = false;     // the street was misspelt

@@ -11,7 +11,7 @@ AddressMatcher::Answer AddressMatcher::Match(const AddressQuestion& question) {
   answer.lines = question.lines.Lines();
   const std::optional<Rejection> rejection = Decide(AskedAddress(question), answer);
   if (!rejection && reader_.KnowsPostal()) {
-    PreferCity(question.asked, answer.placed);
+    PreferCity(question.asked, answer);
   }
   return rejection ? Answer(*rejection) : Answer(std::move(answer));
 }
@@ -86,13 +86,17 @@ StreetMatch AddressMatcher::MatchStreet(const std::string& zip, const StreetQues
 }
 
 // Of a name that must not stand in an address the postal service says which one does; and which of
-// a ZIP code's names it prefers, where none was given that counts.
-void AddressMatcher::PreferCity(const LastLine& asked, PlacedLine& placed) {
+// a ZIP code's names it prefers, or of this address alone, where none was given that counts.
+void AddressMatcher::PreferCity(const LastLine& asked, MatchedAddress& answer) {
+  PlacedLine& placed = answer.placed;
   const std::string key = CityKey(placed.city);
   const bool isGiven = !asked.city.empty() && !placed.cityCorrected;
   std::string preferred = reader_.PreferredCity(placed.zip5, key);
   if (preferred.empty() && !isGiven && reader_.CityName(placed.zip5, key).empty()) {
     preferred = reader_.PreferredCity(placed.zip5, "");
+  }
+  if (!preferred.empty() && !answer.delivery.place.empty()) {
+    preferred = answer.delivery.place;
   }
   if (!preferred.empty() && preferred != placed.city) {
     Explain(explanation_, "the postal service writes ", preferred, " for ", placed.city);

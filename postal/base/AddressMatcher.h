@@ -59,7 +59,7 @@ class AddressMatcher {
   void TakeZip(const AskedAddress& subject, const Matches::value_type& found,
                MatchedAddress& answer);
   StreetMatch MatchStreet(const std::string& zip, const StreetQuestion& asked);
-  void PreferCity(const LastLine& asked, PlacedLine& placed);
+  void PreferCity(const LastLine& asked, MatchedAddress& answer);
 
   void KeepAcceptedCity(const LastLine& asked, PlacedLine& placed);
   Rejection LeaveOpen(const AskedAddress& subject, const PlacedLine& place, const Matches& matches);

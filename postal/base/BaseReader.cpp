@@ -122,6 +122,7 @@ NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {
   }
   if (postal_) {
     facts.unitRanges = postal_->UnitsOf(street - first_, number);
+    facts.delivery = postal_->DeliveryOf(street - first_, number);
   }
   if (!facts_->hasRanges) {
     return facts;

@@ -33,6 +33,7 @@ struct NumberFacts {
   std::string zip4;                // of the address without a unit, where a source gives it
   std::vector<std::string> units;  // of the building, standard: "APT 4"
   std::vector<UnitRange> unitRanges;
+  DeliveryFacts delivery;
 
   bool IsKnown() const { return isPoint || inRange; }
 };

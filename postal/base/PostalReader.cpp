@@ -13,7 +13,8 @@ bool PostalReader::IsIn(SqliteFile& file) {
     }
   }
   return file.Number(
-             "SELECT EXISTS(SELECT 1 FROM unit_range) OR EXISTS(SELECT 1 FROM firm) OR "
+             "SELECT EXISTS(SELECT 1 FROM delivery) OR EXISTS(SELECT 1 FROM unit_range) OR "
+             "EXISTS(SELECT 1 FROM firm) OR "
              "EXISTS(SELECT 1 FROM city_use) OR EXISTS(SELECT 1 FROM alias)") != 0;
 }
 
@@ -27,7 +28,8 @@ std::unordered_map<std::string, std::string> PostalReader::ReadPreferredCities(S
 }
 
 PostalReader::PostalReader(SqliteFile& file)
-    : units_(file,
+    : deliveries_(file, "SELECT low,high,parity,route,place FROM delivery WHERE street=?"),
+      units_(file,
              "SELECT designator,low,high,parity,zip4 FROM unit_range WHERE street=? AND number=?"),
       firms_(file,
              "SELECT DISTINCT zip4 FROM firm WHERE street=?1 AND number=?2 AND name=?3 AND "
@@ -36,6 +38,26 @@ PostalReader::PostalReader(SqliteFile& file)
                "SELECT low,high,parity,is_preferred,of_predirectional,of_name,of_suffix,"
                "of_postdirectional FROM alias WHERE zip=? AND key=? AND predirectional=? AND "
                "name=? AND suffix=? AND postdirectional=?") {}
+
+DeliveryFacts PostalReader::DeliveryOf(int64_t street, const std::string& number) {
+  std::optional<DeliveryFacts> facts;
+  const auto asked = HouseNumber::Read(number);
+  for (SqliteQuery query(deliveries_, street); query.Step();) {
+    const std::string low = deliveries_.Text(0);
+    const auto range = NumberRange::Read(low, deliveries_.Text(1), deliveries_.Text(2));
+    if (asked && range ? !range->Holds(*asked) : low != number) {
+      continue;
+    }
+    DeliveryFacts read{deliveries_.Text(3), deliveries_.Text(4)};
+    if (!facts) {
+      facts = std::move(read);
+      continue;
+    }
+    facts->route = facts->route == read.route ? read.route : "";
+    facts->place = facts->place == read.place ? read.place : "";
+  }
+  return facts.value_or(DeliveryFacts());
+}
 
 std::vector<UnitRange> PostalReader::UnitsOf(int64_t street, const std::string& number) {
   std::vector<UnitRange> units;

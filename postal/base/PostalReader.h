@@ -19,6 +19,12 @@ struct StreetAlias {
   bool isPreferred = false;  // the other name is the one to write
 };
 
+// How mail gets to a number.
+struct DeliveryFacts {
+  std::string route;  // "C001"; empty where it is not known
+  std::string place;  // that its last line is to name; empty where that is its ZIP code's
+};
+
 // Reads what a base has of the postal service's own products (PostalTables). Streets are told by
 // their numbers in the file. As BaseReader.
 class PostalReader {
@@ -32,6 +38,9 @@ class PostalReader {
 
   explicit PostalReader(SqliteFile& file);
 
+  // Of several ranges with the number what they agree on.
+  DeliveryFacts DeliveryOf(int64_t street, const std::string& number);
+
   std::vector<UnitRange> UnitsOf(int64_t street, const std::string& number);
 
   // Returns the ZIP+4 add-on of a firm at the address; empty where none has one, or several have
@@ -44,6 +53,7 @@ class PostalReader {
                                        const std::string& number);
 
  private:
+  SqliteStatement deliveries_;
   SqliteStatement units_;
   SqliteStatement firms_;
   SqliteStatement aliases_;

@@ -9,11 +9,17 @@ namespace postwright::postal::PostalTables {
 // What the postal service's own products say and no other source does. A base that was made before
 // there were any of these lacks the tables.
 //
-// `unit_range` are the units of a building from one to another, `firm` who is at an address and has
-// a ZIP+4 of its own. `city_use` says of a name that must not stand in an address which one does,
-// and by an empty key which one the postal service prefers in the ZIP code. `alias` are other names
-// of streets, and what they stand for.
+// `delivery` is the carrier route that brings mail to numbers from one to another, and the place
+// that their last line is to name where it is another than that of their ZIP code; each may be
+// empty. `unit_range` are the units of a building from one to another, `firm` who is at an address
+// and has a ZIP+4 of its own. `city_use` says of a name that must not stand in an address which one
+// does, and by an empty key which one the postal service prefers in the ZIP code. `alias` are other
+// names of streets, and what they stand for.
 constexpr std::string_view kTables = R"(
+CREATE TABLE delivery(
+  street INTEGER NOT NULL, low TEXT NOT NULL, high TEXT NOT NULL, parity TEXT NOT NULL,
+  source INTEGER NOT NULL, route TEXT NOT NULL, place TEXT NOT NULL,
+  PRIMARY KEY(street, low, high, parity, source)) WITHOUT ROWID;
 CREATE TABLE unit_range(
   street INTEGER NOT NULL, number TEXT NOT NULL, designator TEXT NOT NULL, low TEXT NOT NULL,
   high TEXT NOT NULL, parity TEXT NOT NULL, source INTEGER NOT NULL, zip4 TEXT NOT NULL,
@@ -34,7 +40,8 @@ CREATE TABLE alias(
 CREATE INDEX alias_in_zip ON alias(zip, key);
 )";
 
-constexpr std::array<std::string_view, 4> kNames = {"unit_range", "firm", "city_use", "alias"};
+constexpr std::array<std::string_view, 5> kNames = {"delivery", "unit_range", "firm", "city_use",
+                                                    "alias"};
 
 }  // namespace postwright::postal::PostalTables
 

@@ -41,9 +41,10 @@ struct PostalRecord {
     Box = 'P',
     Route = 'R',
     Street = 'S',
-    Deletion,  // of the record with the key
-    Place,     // a name of a ZIP code's place
-    Alias,     // a name of a street
+    Deletion,      // of the record with the key
+    Place,         // a name of a ZIP code's place, with its key
+    Urbanization,  // the name of one, with its key
+    Alias,         // a name of a street
   };
 
   bool IsBox() const {
@@ -53,7 +54,10 @@ struct PostalRecord {
   Kind kind = Kind::None;
   std::string key;
   std::string firm;
-  std::string unitLow;  // of a range of units, whose designator is Field::Unit
+  std::string route;         // "C001"
+  std::string urbanization;  // a key
+  std::string lastLine;      // the key of the place that its last line is to name
+  std::string unitLow;       // of a range of units, whose designator is Field::Unit
   std::string unitHigh;
   std::string unitParity;
   std::string other;  // the preferred name of the place, or the street that the alias stands for
@@ -87,8 +91,9 @@ enum class RowFault {
   NoNumber,   // neither a number nor a range
   Elsewhere,  // not of the states that are wanted
   NoRecord,   // deletes a record that is not there
+  NoName,     // of an urbanization whose name is not known
 };
-constexpr size_t kRowFaults = 6;
+constexpr size_t kRowFaults = 7;
 
 }  // namespace postwright::postal
 

@@ -212,12 +212,21 @@ std::optional<RowFault> BaseBuilder::AddPostal(const AddressRow& row) {
       AddPlace(row);
       ++counts_.names;
       return std::nullopt;
+    case PostalRecord::Kind::Urbanization:
+      postal_->AddName(row.postal.key, row[Field::City]);
+      ++counts_.names;
+      return std::nullopt;
     case PostalRecord::Kind::Alias:
       fault = postal_->AddAlias(row);
       counts_.names += fault ? 0 : 1;
       return fault;
     default:
       break;
+  }
+  if (!row.postal.urbanization.empty() && row[Field::Urbanization].empty()) {
+    AddressRow named = row;
+    named[Field::Urbanization] = postal_->NameOf(row.postal.urbanization);
+    return named[Field::Urbanization].empty() ? RowFault::NoName : AddPostal(named);
   }
   if (const auto street = streets_->Find(row, fault)) {
     fault = postal_->AddNumbers(*street, row);
@@ -231,6 +240,7 @@ void BaseBuilder::AddPlace(const AddressRow& row) {
   const std::string& zip = row[Field::Zip];
   const std::string name = StandardCity(row[Field::City]);
   const std::string preferred = StandardCity(row.postal.other);
+  postal_->AddName(row.postal.key, name);
   if (row.postal.isUsable) {
     streets_->AddCity(zip, name);
   } else if (!preferred.empty()) {

@@ -18,7 +18,8 @@ bool CityStateSource::Next(AddressRow& row) {
   while (records_.Next()) {
     row.Clear();
     const std::string_view kind = records_.Field(0, 1);
-    if (kind == "D" && ReadPlace(row)) {
+    if (kind == "D") {
+      ReadPlace(row);
       return true;
     }
     if (kind == "A") {
@@ -29,18 +30,15 @@ bool CityStateSource::Next(AddressRow& row) {
   return false;
 }
 
-// Returns false for an urbanization, which is no name of a place.
-bool CityStateSource::ReadPlace(AddressRow& row) const {
-  if (records_.Field(54, 1) == kUrbanization) {
-    return false;
-  }
-  row.postal.kind = PostalRecord::Kind::Place;
+void CityStateSource::ReadPlace(AddressRow& row) const {
+  row.postal.kind = records_.Field(54, 1) == kUrbanization ? PostalRecord::Kind::Urbanization
+                                                           : PostalRecord::Kind::Place;
+  row.postal.key = records_.Field(6, 6);
   row[Field::Zip] = records_.Field(1, 5);
   row[Field::City] = records_.Field(13, 28);
   row[Field::State] = records_.Field(99, 2);
   row.postal.isUsable = records_.Field(55, 1) == "Y";
   row.postal.other = records_.Field(62, 28);
-  return true;
 }
 
 void CityStateSource::ReadAlias(AddressRow& row) const {

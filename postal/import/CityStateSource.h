@@ -26,7 +26,7 @@ class CityStateSource : public RowSource {
   double Share() const override { return records_.Share(); }
 
  private:
-  bool ReadPlace(AddressRow& row) const;
+  void ReadPlace(AddressRow& row) const;
   void ReadAlias(AddressRow& row) const;
 
   FixedRecords records_;

@@ -25,6 +25,8 @@ const char* Describe(RowFault fault) {
       return "is of another state";
     case RowFault::NoRecord:
       return "deletes a record that is not there";
+    case RowFault::NoName:
+      return "is of an urbanization that no City State file before it names";
   }
   return "";
 }

@@ -33,16 +33,20 @@ const std::string_view PostalStage::kTables = R"(
 CREATE TABLE staged_record(
   key TEXT NOT NULL, what TEXT NOT NULL, street INTEGER NOT NULL, low TEXT NOT NULL,
   high TEXT NOT NULL, parity TEXT NOT NULL, unit TEXT NOT NULL, unit_low TEXT NOT NULL,
-  unit_high TEXT NOT NULL, unit_parity TEXT NOT NULL, firm TEXT NOT NULL, zip4 TEXT NOT NULL);
+  unit_high TEXT NOT NULL, unit_parity TEXT NOT NULL, firm TEXT NOT NULL, zip4 TEXT NOT NULL,
+  route TEXT NOT NULL, last_line TEXT NOT NULL);
+CREATE TABLE staged_name(key TEXT PRIMARY KEY, name TEXT NOT NULL) WITHOUT ROWID;
 )";
 
 PostalStage::PostalStage(SqliteFile& stage, RowReader& reader, int64_t source)
     : stage_(stage),
       reader_(reader),
       source_(source),
-      addRecord_(stage, "INSERT INTO staged_record VALUES(?,?,?,?,?,?,?,?,?,?,?,?)"),
+      addRecord_(stage, "INSERT INTO staged_record VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?)"),
       addPlaceName_(stage, "INSERT OR IGNORE INTO city_use VALUES(?,?,?,?)"),
-      addAlias_(stage, "INSERT INTO alias VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)") {}
+      addAlias_(stage, "INSERT INTO alias VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"),
+      addName_(stage, "INSERT OR IGNORE INTO staged_name VALUES(?,?)"),
+      findName_(stage, "SELECT name FROM staged_name WHERE key=?") {}
 
 std::optional<RowFault> PostalStage::AddNumbers(int64_t street, const AddressRow& row) {
   const PostalRecord& postal = row.postal;
@@ -67,7 +71,8 @@ std::optional<RowFault> PostalStage::AddNumbers(int64_t street, const AddressRow
       postal.kind == PostalRecord::Kind::Firm && isOne ? FirmName(postal.firm) : std::string();
   SqliteQuery(addRecord_, postal.key, isOne ? (hasUnits ? "U" : "P") : "R", street, low, high,
               parity, isOne && !hasUnits && postal.unitLow.empty() ? "" : unit, postal.unitLow,
-              postal.unitHigh, postal.unitParity, firm, row[Field::Zip4])
+              postal.unitHigh, postal.unitParity, firm, row[Field::Zip4], postal.route,
+              postal.lastLine)
       .Step();
   return std::nullopt;
 }
@@ -75,6 +80,15 @@ std::optional<RowFault> PostalStage::AddNumbers(int64_t street, const AddressRow
 void PostalStage::AddPlaceName(const std::string& zip, const std::string& key,
                                const std::string& preferred) {
   SqliteQuery(addPlaceName_, zip, key, preferred, source_).Step();
+}
+
+void PostalStage::AddName(const std::string& key, const std::string& name) {
+  SqliteQuery(addName_, key, name).Step();
+}
+
+std::string PostalStage::NameOf(const std::string& key) {
+  SqliteQuery query(findName_, key);
+  return query.Step() ? findName_.Text(0) : std::string();
 }
 
 std::optional<RowFault> PostalStage::AddAlias(const AddressRow& row) {
@@ -110,6 +124,22 @@ bool PostalStage::Delete(const std::string& key) {
   return stage_.Changes() > 0;
 }
 
+// A place is only noted where it is not the one that the ZIP code prefers anyway, and nothing where
+// records of the same numbers differ.
+void PostalStage::ComposeDelivery(SqliteFile& whole, const std::string& source) {
+  const auto agreed = [](const std::string& column) {
+    return "CASE min(" + column + ") WHEN max(" + column + ") THEN min(" + column + ") ELSE '' END";
+  };
+  whole.Run(
+      "INSERT INTO delivery SELECT * FROM (SELECT street,low,high,parity," + source + "," +
+      agreed("route") + " AS route," + agreed("place") +
+      " AS place FROM (SELECT r.street,r.low,r.high,r.parity,r.route,CASE WHEN n.name IS NULL OR "
+      "EXISTS(SELECT 1 FROM stage.city_use WHERE zip=substr(s.zip,-5) AND key='' AND "
+      "preferred=n.name) THEN '' ELSE n.name END AS place FROM staged_record r JOIN stage.street s "
+      "ON s.id=r.street LEFT JOIN staged_name n ON n.key=r.last_line) GROUP BY 1,2,3,4) WHERE "
+      "route<>'' OR place<>''");
+}
+
 // Of two records of one address the one with a ZIP+4 counts; a firm's is its own.
 void PostalStage::Compose(SqliteFile& whole, int64_t source, bool update) {
   const std::string id = std::to_string(source);
@@ -127,15 +157,17 @@ void PostalStage::Compose(SqliteFile& whole, int64_t source, bool update) {
       "INSERT OR IGNORE INTO firm SELECT street,low,CASE what WHEN 'P' THEN unit ELSE '' END,"
       "firm," +
       id + ",zip4 FROM staged_record WHERE firm<>''");
+  ComposeDelivery(whole, id);
   whole.Run(
       "INSERT INTO main.city_use SELECT * FROM stage.city_use; "
       "INSERT INTO main.alias SELECT * FROM stage.alias");
   for (const std::string_view name : PostalTables::kNames) {
-    const std::string table(name);
-    if (update &&
-        whole.Number("SELECT count(*) FROM old.sqlite_schema WHERE name='" + table + "'") > 0) {
-      whole.Run("INSERT INTO main." + table + " SELECT * FROM old." + table + " WHERE source<>" +
-                id);
+    std::string isThere = "SELECT count(*) FROM old.sqlite_schema WHERE name='";
+    isThere.append(name).append("'");
+    if (update && whole.Number(isThere) > 0) {
+      std::string keep = "INSERT INTO main.";
+      keep.append(name).append(" SELECT * FROM old.").append(name).append(" WHERE source<>");
+      whole.Run(keep.append(id));
     }
   }
 }

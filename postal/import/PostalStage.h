@@ -27,6 +27,12 @@ class PostalStage {
   // Adds a name of a place that must not stand in an address, or the preferred one.
   void AddPlaceName(const std::string& zip, const std::string& key, const std::string& preferred);
 
+  // Adds a name of a place or an urbanization, by which records have a key.
+  void AddName(const std::string& key, const std::string& name);
+
+  // Returns it; empty where none was added by that key.
+  std::string NameOf(const std::string& key);
+
   // Adds a name that stands for another; says why not where either is no street.
   std::optional<RowFault> AddAlias(const AddressRow& row);
 
@@ -38,12 +44,16 @@ class PostalStage {
   static void Compose(SqliteFile& whole, int64_t source, bool update);
 
  private:
+  static void ComposeDelivery(SqliteFile& whole, const std::string& source);
+
   SqliteFile& stage_;
   RowReader& reader_;
   const int64_t source_;
   SqliteStatement addRecord_;
   SqliteStatement addPlaceName_;
   SqliteStatement addAlias_;
+  SqliteStatement addName_;
+  SqliteStatement findName_;
   std::optional<SqliteStatement> delete_;
 };
 

@@ -8,6 +8,14 @@ namespace {
 constexpr size_t kLength = 182;
 constexpr std::string_view kKinds = "FGHPRS";
 
+// C city, R rural, H highway contract, B boxes, G general delivery.
+bool IsRoute(std::string_view text) {
+  constexpr std::string_view kRoutes = "CRHBG";
+  constexpr size_t kRouteLength = 4;
+  return text.size() == kRouteLength && kRoutes.find(text[0]) != std::string_view::npos &&
+         AllDigits(text.substr(1));
+}
+
 }  // namespace
 
 bool ZipPlus4Source::IsLikely(std::string_view head) {
@@ -46,9 +54,6 @@ void ZipPlus4Source::ReadAddress(AddressRow& row) const {
   if (records_.Field(149, 1) == "L") {
     throw RowError("was converted to another address (LACS)");
   }
-  if (!records_.Field(170, 6).empty()) {
-    throw RowError("is of an urbanization, whose name the file does not have");
-  }
   row.postal.kind = static_cast<PostalRecord::Kind>(kind[0]);
   row[Field::Zip] = records_.Field(1, 5);
   row[Field::State] = records_.Field(157, 2);
@@ -57,6 +62,11 @@ void ZipPlus4Source::ReadAddress(AddressRow& row) const {
   row[Field::High] = records_.NumberField(68, 10);
   row[Field::Parity] = records_.Field(78, 1);
   row[Field::Unit] = records_.Field(119, 4);
+  if (const std::string_view route = records_.Field(18, 4); IsRoute(route)) {
+    row.postal.route = route;
+  }
+  row.postal.urbanization = records_.Field(170, 6);
+  row.postal.lastLine = records_.Field(176, 6);
   row.postal.firm = records_.Field(79, 40);
   row.postal.unitLow = records_.NumberField(123, 8);
   row.postal.unitHigh = records_.NumberField(131, 8);

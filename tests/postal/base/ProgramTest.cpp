@@ -65,11 +65,12 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
       {"$base import town command --source a", 2, "columns are of no known format; say which"},
       {"$base import town $sample/town.csv --source a --map street=X", 2, "no column 'X'"},
       {"$base import town $sample/town.csv --source a --map stret=X", 2, "'stret' is no field"},
-      {"l=$sample/licensed; $base import usps $l/zip4.txt $l/zip4-changes.txt $l/ctystate.txt "
+      {"l=$sample/licensed; $base import usps $l/ctystate.txt $l/ctystate-2.txt $l/zip4.txt "
+       "$l/zip4-changes.txt "
        "--source USPS",
        0,
-       "usps: 0 addresses and 16 ranges of USPS, 7 names of places and streets, 4 rows left out"},
-      {"$base info usps", 0, "USPS ZIP+4, USPS City State\n"},
+       "usps: 0 addresses and 20 ranges of USPS, 10 names of places and streets, 4 rows left out"},
+      {"$base info usps", 0, "USPS City State, USPS ZIP+4\n"},
       {"$base lookup usps 'rr 1 box 20' Copperfield OH 00018 --zips $sample/licensed/zips.tsv", 0,
        "have it among those of 'RR 1'"},
       {"echo number,street,zip > none.csv; $base import town none.csv --source Town", 2,
