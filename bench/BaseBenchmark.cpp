@@ -3,7 +3,7 @@
 //
 //   bench-base BASE ZIPS
 //
-// BASE is what bench/make-addresses.py and postwright-base make, ZIPS is data/us-zips.tsv.
+// BASE is what make-addresses and postwright-base make of one city, ZIPS is data/us-zips.tsv.
 
 #include <cstdlib>
 #include <iostream>
