@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <vector>
 
-#include "apps/BaseFolders.h"
 #include "apps/DefaultZips.h"
+#include "common/BaseFolders.h"
 
 namespace postwright {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "apps/BaseFolders.h"
+#include "common/BaseFolders.h"
 
 namespace postwright {
 

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <fstream>
 
-#include "apps/BaseFolders.h"
 #include "apps/DefaultZips.h"
 #include "apps/base/BaseExit.h"
 #include "apps/base/ImportRun.h"
 #include "apps/base/StopSignals.h"
+#include "common/BaseFolders.h"
 #include "common/Loopback.h"
 #include "common/SmallText.h"
 #include "common/UrlParts.h"

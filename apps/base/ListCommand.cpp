@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <iostream>
 
-#include "apps/BaseFolders.h"
 #include "apps/base/BaseExit.h"
+#include "common/BaseFolders.h"
 #include "postal/base/AddressBase.h"
 #include "postal/fetch/FetchJob.h"
 

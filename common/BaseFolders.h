@@ -1,5 +1,5 @@
-#ifndef POSTWRIGHT_APPS_BASEFOLDERS_H_
-#define POSTWRIGHT_APPS_BASEFOLDERS_H_
+#ifndef POSTWRIGHT_COMMON_BASEFOLDERS_H_
+#define POSTWRIGHT_COMMON_BASEFOLDERS_H_
 
 #include <filesystem>
 #include <vector>
@@ -8,11 +8,11 @@ namespace postwright {
 
 // Where the programs find the address bases: NAME.base in the folder of the user, then in that of
 // the machine.
+inline constexpr const char* kMachineBases = "/var/lib/postwright";
 
 // Returns the folder that a user's bases are put into to be found: $XDG_DATA_HOME/postwright, by
-// default
-// ~/.local/share/postwright, or where there is no home the machine's, /var/lib/postwright. What is
-// not absolute does not count: XDG Base Directory Specification.
+// default ~/.local/share/postwright, or where there is no home the machine's. What is not absolute
+// does not count: XDG Base Directory Specification.
 std::filesystem::path BaseFolder();
 
 // The files of a folder whose names end in `ending`, in the order of their names; none where there
@@ -25,4 +25,4 @@ std::vector<std::filesystem::path> FindBases();
 
 }  // namespace postwright
 
-#endif  // POSTWRIGHT_APPS_BASEFOLDERS_H_
+#endif  // POSTWRIGHT_COMMON_BASEFOLDERS_H_

@@ -1,4 +1,4 @@
-#include "apps/BaseFolders.h"
+#include "common/BaseFolders.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -6,8 +6,6 @@
 namespace postwright {
 
 namespace {
-
-constexpr const char* kMachineFolder = "/var/lib/postwright";
 
 std::filesystem::path OfEnvironment(const char* variable) {
   const char* const value = std::getenv(variable);
@@ -28,7 +26,7 @@ std::filesystem::path UserFolder() {
 
 std::filesystem::path BaseFolder() {
   const std::filesystem::path user = UserFolder();
-  return user.empty() ? std::filesystem::path(kMachineFolder) : user;
+  return user.empty() ? std::filesystem::path(kMachineBases) : user;
 }
 
 std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder,
@@ -47,7 +45,7 @@ std::vector<std::filesystem::path> FilesIn(const std::filesystem::path& folder,
 
 std::vector<std::filesystem::path> FindBases() {
   std::vector<std::filesystem::path> bases = FilesIn(UserFolder(), ".base");
-  const std::vector<std::filesystem::path> ofMachine = FilesIn(kMachineFolder, ".base");
+  const std::vector<std::filesystem::path> ofMachine = FilesIn(kMachineBases, ".base");
   bases.insert(bases.end(), ofMachine.begin(), ofMachine.end());
   return bases;
 }
