@@ -236,7 +236,7 @@ py::object Fix(const py::object& text, const Service& service, const CarefulFix:
 }  // namespace
 
 PYBIND11_MODULE(_native, module) {
-  Turn::Prepare();
+  ParserTurn::Prepare();
   Types();
   py::module_::import("os").attr("register_at_fork")(
       py::arg("before") = py::cpp_function(Turn::HoldBack),

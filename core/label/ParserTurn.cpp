@@ -1,4 +1,4 @@
-#include "python/native/Turn.h"
+#include "core/label/ParserTurn.h"
 
 #include <postwright/AddressLines.h>
 #include <postwright/AddressParser.h>
@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace postwright::python {
+namespace postwright {
 
 namespace {
 
@@ -35,12 +35,12 @@ class KeptLocales {
 
 Utf8Locale::Utf8Locale() : before_(uselocale(Utf8())) {}
 
-std::mutex& Turn::Mutex() {
+std::mutex& ParserTurn::Mutex() {
   static std::mutex* const mutex = new std::mutex;  // held at exit by a thread that still works
   return *mutex;
 }
 
-void Turn::Prepare() {
+void ParserTurn::Prepare() {
   if (Utf8() == nullptr) {
     throw std::runtime_error(std::string("the system has no locale ") + kUtf8);
   }
@@ -50,13 +50,4 @@ void Turn::Prepare() {
   const AddressLines lines(L"12 Main St\n2nd Floor\nPO Box 1\nAustin TX 78701");  // its patterns
 }
 
-void Turn::HoldBack() {
-  const pybind11::gil_scoped_release released;
-  Mutex().lock();
-}
-
-void Turn::LetGo() {
-  Mutex().unlock();
-}
-
-}  // namespace postwright::python
+}  // namespace postwright
