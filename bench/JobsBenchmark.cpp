@@ -1,11 +1,13 @@
 // How much faster `postwright fix --jsonl --jobs 16` is than one job where the service takes 50 ms
-// to answer: wall time of both over the same labels, against a slow server on loopback. The records
+// to answer, against a slow server on loopback; and `postwright parse --jsonl --jobs N`, with as
+// many jobs as there are processors, than one. Wall time of both over the same labels. The records
 // of both runs are compared before the ratio is printed.
 
 #include <arpa/inet.h>
 #include <microhttpd.h>
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -19,7 +21,8 @@ namespace postwright {
 
 namespace {
 
-constexpr int kLabels = 640;
+constexpr int kFixed = 640;
+constexpr int kParsed = 400'000;
 constexpr std::chrono::milliseconds kServiceTime(50);
 constexpr char kReply[] =
     "<AddressValidateResponse><Address ID=\"0\"><Address2>12 N MAIN ST APT 4</Address2>"
@@ -50,12 +53,11 @@ std::string StartServer() {
          std::to_string(MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT)->port);
 }
 
-// Fixes the labels with so many jobs and returns the seconds that took.
-double Time(int jobs, const std::string& server, const std::string& labels,
+// Returns the seconds that `work`, the options of the program, took with so many jobs.
+double Time(const std::string& work, int jobs, const std::string& labels,
             const std::string& records) {
-  const std::string command = "no_proxy='*' '" POSTWRIGHT_PROGRAM "' fix --jsonl --jobs " +
-                              std::to_string(jobs) + " --server " + server + " '" + labels +
-                              "' > '" + records + "'";
+  const std::string command = "no_proxy='*' '" POSTWRIGHT_PROGRAM "' " + work + " --jsonl --jobs " +
+                              std::to_string(jobs) + " '" + labels + "' > '" + records + "'";
   const auto begin = std::chrono::steady_clock::now();
   if (std::system(command.c_str()) != 0) {
     std::cerr << "failed: " << command << '\n';
@@ -70,25 +72,32 @@ std::string Read(const std::string& path) {
   return text.str();
 }
 
+// Prints the ratio; false where the records differ.
+bool Compare(const std::string& work, int count, int jobs, const std::string& folder) {
+  std::ofstream labels(folder + "/labels");
+  for (int number = 1; number <= count; ++number) {
+    labels << "\"Jane Doe\\n" << number << " n main street apt 4\\nspringfield il 62701\"\n";
+  }
+  labels.close();
+  const double one = Time(work, 1, folder + "/labels", folder + "/one");
+  const double many = Time(work, jobs, folder + "/labels", folder + "/many");
+  const bool isSame = Read(folder + "/one") == Read(folder + "/many");
+  std::cout << work.substr(0, work.find(' ')) << ", " << count << " labels: 1 job " << one << " s, "
+            << jobs << " jobs " << many << " s\n1 job / " << jobs << " jobs: " << one / many << '\n'
+            << (isSame ? "" : "but the records differ\n");
+  return isSame;
+}
+
 int Run() {
   std::string folder = (std::filesystem::temp_directory_path() / "bench-jobs-XXXXXX").string();
   if (mkdtemp(folder.data()) == nullptr) {
     std::cerr << "no folder can be made: " << folder << '\n';
     return 1;
   }
-  std::ofstream labels(folder + "/labels");
-  for (int number = 1; number <= kLabels; ++number) {
-    labels << '"' << number << " n main street apt 4, springfield il 62701\"\n";
-  }
-  labels.close();
-  const std::string server = StartServer();
-  const double one = Time(1, server, folder + "/labels", folder + "/one");
-  const double many = Time(16, server, folder + "/labels", folder + "/many");
-  const bool isSame = Read(folder + "/one") == Read(folder + "/many");
+  const int processors = std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
+  const bool isSame = Compare("fix --server " + StartServer(), kFixed, 16, folder) &&
+                      Compare("parse", kParsed, processors, folder);
   std::filesystem::remove_all(folder);
-  std::cout << kLabels << " labels: 1 job " << one << " s, 16 jobs " << many << " s\n"
-            << "1 job / 16 jobs: " << one / many << '\n';
-  std::cout << (isSame ? "" : "but the records differ\n");
   return isSame ? 0 : 1;
 }
 

@@ -18,7 +18,6 @@
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
-#include "apps/postwright/stream/WorkerPool.h"
 #include "apps/postwright/table/FixTable.h"
 #include "apps/postwright/table/PlainInput.h"
 #include "common/WideText.h"
@@ -179,15 +178,6 @@ std::string CheckSpellings(const std::string& spellings) {
   } catch (const boost::locale::conv::conversion_error&) {
     return "it is not valid UTF-8";  // nothing was begun, so no text is at stake
   }
-}
-
-std::string CheckJobs(const std::string& jobs) {
-  const bool isNumber = !jobs.empty() && jobs.size() <= 3 &&
-                        jobs.find_first_not_of("0123456789") == std::string::npos;
-  const int number = isNumber ? std::stoi(jobs) : 0;
-  return number >= 1 && number <= WorkerPool::kLimit
-             ? ""
-             : "'" + jobs + "' is not a number from 1 to " + std::to_string(WorkerPool::kLimit);
 }
 
 ExitStatus RunFix(const FixOptions& options) {

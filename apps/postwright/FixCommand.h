@@ -34,13 +34,12 @@ struct FixOptions {
   bool quiet = false;                                           // no progress
 };
 
-// What is wrong with the value of --case, --punctuation, --names, --mixed-case or --jobs;
-// empty if nothing is.
+// What is wrong with the value of --case, --punctuation, --names or --mixed-case; empty if nothing
+// is.
 std::string CheckLetters(const std::string& letters);
 std::string CheckPunctuation(const std::string& punctuation);
 std::string CheckNames(const std::string& names);
 std::string CheckSpellings(const std::string& spellings);
-std::string CheckJobs(const std::string& jobs);
 
 // `postwright fix`: corrects labels against the Verify service that is named, or the process's own
 // (OwnService). Throws Failure and ClosedPipe; returns kExitNotALabel where a line was no label, a

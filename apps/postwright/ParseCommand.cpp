@@ -90,6 +90,32 @@ std::string ParseLine(const LabelLine& label) {
   return record.Line();
 }
 
+// The records of an earlier run have no label in them: each must have the id of its own, and now
+// and then one is made anew to be compared, the first of all.
+class ParseRecordForm final : public RecordForm {
+ public:
+  std::string Run() const override { return "a parse"; }
+
+  bool IsRecord(std::string_view line) const override {
+    return (line.starts_with(kFirst) || line.find(kNext) != std::string_view::npos) &&
+           line.starts_with('{') && line.ends_with("\"}");
+  }
+
+  bool IsOf(const LineReader& record, const LabelLine& label) override {
+    constexpr std::size_t kCompared = 100;
+    const std::string_view line = record.Line();
+    const bool hasId = label.id.empty()
+                           ? line.starts_with(kFirst)
+                           : line.starts_with(R"({"id":)" + label.id + std::string(kNext));
+    return hasId &&
+           (record.Number() % kCompared != 1 || std::string(line) + '\n' == ParseLine(label));
+  }
+
+ private:
+  static constexpr std::string_view kFirst = R"({"prefix":")";
+  static constexpr std::string_view kNext = R"(,"prefix":")";
+};
+
 // The fields of each address in columns of their own; nothing else of the table changes.
 ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
   QStringList titles;
@@ -115,6 +141,10 @@ ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
 
 ExitStatus RunParse(const ParseOptions& options) {
   if (!options.jsonl) {
+    if (!options.resume.empty() || options.jobs > 1) {
+      throw Failure((options.resume.empty() ? "--jobs" : "--resume") +
+                    std::string(" requires --jsonl"));
+    }
     PlainInput input(options.file, options.csv, options.columns);
     if (input.Table()) {
       return ParseTable(*input.Table(), options.output);
@@ -124,9 +154,17 @@ ExitStatus RunParse(const ParseOptions& options) {
     }
     return ParseText(input.Bytes());
   }
+  if (!options.resume.empty() && !options.output.empty()) {
+    throw Failure("--resume excludes --output: the records go to the end of its own file");
+  }
+  ParseRecordForm form;
   LineFilterOptions lines;
   lines.input = options.file;
   lines.output = options.output;
+  lines.resume = options.resume;
+  lines.form = &form;
+  lines.jobs = options.jobs;
+  AddressParser::GetInstance();  // made once, before there are worker processes
   return FilterLines(lines, ParseLine);
 }
 

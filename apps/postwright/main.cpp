@@ -14,6 +14,7 @@
 #include "apps/postwright/FixCommand.h"
 #include "apps/postwright/ParseCommand.h"
 #include "apps/postwright/stream/Failure.h"
+#include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/table/LabelColumns.h"
 
 namespace postwright {
@@ -25,7 +26,9 @@ constexpr const char* kVersion = "postwright " POSTWRIGHT_VERSION;
 constexpr const char* kUsage = "postwright parse|fix [OPTIONS] [FILE]";
 
 constexpr const char* kParseUsage =
-    "postwright parse [--jsonl | --csv [--columns LIST]] [--output FILE] [FILE]";
+    "postwright parse [FILE]\n"
+    "       postwright parse --jsonl [--jobs N] [--output FILE | --resume FILE] [FILE]\n"
+    "       postwright parse [--csv] [--columns LIST] [--output FILE] [TABLE]";
 constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
@@ -35,6 +38,11 @@ Each line of the output is an object with the keys prefix, number, predirectiona
 street_suffix, postdirectional, secondary_unit, secondary_number, street_line, city, state, zip and
 suffix, behind the id where one was given. A label that holds no address has thirteen empty strings;
 so has a line that is no label or longer than 16 MiB, which is reported.
+
+With --jobs as many worker processes read labels at once, a few hundred each; the records come in
+the order of the lines all the same. The labels of one that dies are handed out again. --resume FILE
+adds the records to FILE and goes on behind those that an interrupted run of the same input left
+there; a half last line is dropped.
 
 A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
 
@@ -141,7 +149,7 @@ std::string CheckFileName(const std::string& name) {
 
 // The options that both subcommands have.
 template <typename Options>
-void AddStreams(CLI::App* parser, Options& options) {
+void AddStreams(CLI::App* parser, Options& options, const std::string& jobs) {
   parser->set_version_flag("--version", kVersion, "Print the version and exit");
   parser->set_help_flag("-h,--help", "Print this help and exit");
   CLI::Option* const lines =
@@ -166,6 +174,14 @@ void AddStreams(CLI::App* parser, Options& options) {
                    "all; - is standard output")
       ->type_name("FILE")
       ->check(CLI::Validator(CheckFileName, ""));
+  parser
+      ->add_option("--resume", options.resume,
+                   "Go on with the file of records that an interrupted run left")
+      ->type_name("FILE")
+      ->check(CLI::Validator(CheckFileName, ""));
+  parser->add_option("--jobs", options.jobs, jobs + "; 1 unless given")
+      ->type_name("N")
+      ->check(CLI::Validator(CheckJobs, ""));
   parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
       ->type_name("");
 }
@@ -179,7 +195,7 @@ struct Command {
 Command AddParse(CLI::App& app, ParseOptions& options) {
   CLI::App* const parser =
       app.add_subcommand("parse", "Split a label into the parts of its address");
-  AddStreams(parser, options);
+  AddStreams(parser, options, "How many processes read labels at once");
   parser->footer(kParseFooter);
   return {parser, kParseUsage, [&options] { return RunParse(options); }};
 }
@@ -235,20 +251,11 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
 }
 
 void AddFixStream(CLI::App* parser, FixOptions& options) {
-  CLI::Option* const resume =
-      parser
-          ->add_option("--resume", options.resume,
-                       "Go on with the file of records that an interrupted run left")
-          ->type_name("FILE")
-          ->check(CLI::Validator(CheckFileName, ""));
   parser
       ->add_flag("--retry-failed", options.retryFailed,
                  "With --resume: ask again about what was turned down, too")
-      ->needs(resume)
+      ->needs("--resume")
       ->disable_flag_override();
-  parser->add_option("--jobs", options.jobs, "How many fixes are under way at once; 1 unless given")
-      ->type_name("N")
-      ->check(CLI::Validator(CheckJobs, ""));
   AddTimeOption(*parser, "--give-up-after", options.giveUpAfter,
                 "How long a service that gives no answer at all is waited for; 10min unless given");
   parser->add_flag("--quiet", options.quiet, "Show no progress on a terminal")
@@ -258,7 +265,7 @@ void AddFixStream(CLI::App* parser, FixOptions& options) {
 Command AddFix(CLI::App& app, FixOptions& options) {
   CLI::App* const parser =
       app.add_subcommand("fix", "Correct the address in a label with a Verify service");
-  AddStreams(parser, options);
+  AddStreams(parser, options, "How many fixes are under way at once");
   AddFixSettings(parser, options);
   AddFixStream(parser, options);
   parser->footer(kFixFooter);

@@ -23,7 +23,7 @@ _postwright() {
 
   case ${COMP_WORDS[1]-} in
     parse)
-      words+=' --jsonl --csv --columns --output'
+      words+=' --jsonl --csv --columns --output --resume --jobs'
       ;;
     fix)
       words+=' --jsonl --csv --columns --output --case --punctuation --keep-punctuation --names --whole-label --mixed-case --explain --candidates --accept-doubtful --server --timeout --resume --retry-failed --jobs --give-up-after --quiet'

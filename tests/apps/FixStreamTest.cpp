@@ -384,6 +384,83 @@ TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
       folder_);
 }
 
+// `postwright parse --jsonl`, whose workers have many lines at a time.
+class ParseStreamTest : public testing::Test {
+ protected:
+  ParseStreamTest() {
+    std::string lines = Lines(1500, LabelLine) + "3\n\n" + LabelLine(7);
+    WriteFile(folder_.File("labels"), lines + '"' + std::string(17 << 20, 'x') + "\"\n3\n");
+    WriteFile(folder_.File("more"), Lines(1500, LabelLine) + R"("12 elm st, austin tx 78701")");
+    CheckCommands({{"alone", parse_ + " labels > records", 1, "", "line 1504 is longer than"},
+                   {"alone", parse_ + " more > records-of-more", 0, "", ""}},
+                  folder_);
+  }
+
+  const ScratchFolder folder_;
+  const std::string parse_ = "cd $folder; $postwright parse --jsonl";
+};
+
+TEST_F(ParseStreamTest, KeepsTheOrderOfTheLines) {
+  const ProgramRun alone = RunCommand(parse_ + " labels", "", folder_);
+  for (const char* jobs : {"2", "5"}) {
+    SCOPED_TRACE(jobs);
+    const ProgramRun run = RunCommand(parse_ + " labels --jobs " + jobs, "", folder_);
+    EXPECT_EQ(run.output, ReadFile(folder_.File("records")));
+    EXPECT_EQ(run.errors, alone.errors);
+    EXPECT_EQ(run.status, 1);
+  }
+}
+
+// Nothing is lost of a worker that dies; a line over which they die again and again is told.
+TEST_F(ParseStreamTest, ReplacesADeadWorker) {
+  WriteFile(folder_.File("slow"),
+            LabelLine(1) + '"' + std::string(15 << 20, 'x') + "\"\n" + LabelLine(2));
+  const std::string empty =
+      R"({"prefix":"","number":"","predirectional":"","street":"","street_suffix":"",)";
+  const std::string numbers = " | grep -o '\"number\":\"[0-9]*'";
+  CheckCommands(
+      {{"killed with lines in hand",
+        "cd $folder; mkfifo in; $postwright parse --jsonl --jobs 2 < in > out & run=$!; "
+        "exec {input}> in; head -n 700 more >&$input; until [ -s out ]; do sleep 0.02; done; "
+        "pkill -STOP -P $run; tail -n +701 more >&$input; sleep 0.3; pkill -9 -P $run; "
+        "exec {input}>&-; wait $run; cmp out records-of-more",
+        0, "", ""},
+       {"killed over a line",
+        parse_ +
+            " --jobs 2 slow > out & run=$!; while sleep 0.02; kill -0 $run 2>&-; do "
+            "pkill -9 -P $run; done; wait $run; echo $?; cat out" +
+            numbers,
+        0, "1\n\"number\":\"1\n\"number\":\"\n\"number\":\"2\n",
+        "postwright: line 2 could not be read: the worker process was ended by signal 9 (Killed); "
+        "an empty record stands in its place\n"}},
+      folder_);
+}
+
+TEST_F(ParseStreamTest, GoesOnWhereARunWasInterrupted) {
+  const std::string part = "cd $folder; head -n 777 records-of-more > out; ";
+  const std::string same = "; cmp out records-of-more";
+  const std::string resume = "$postwright parse --jsonl --resume out more";
+  const std::string refused = resume + " 2> said; echo $?; tr ';' '\n' < said | head -n 1";
+  const std::string sed = part + "sed -i ";
+  CheckCommands(
+      {
+          {"one job", part + "printf '{\"id\":77' >> out; " + resume + same, 0, "", ""},
+          {"many", part + resume + " --jobs 3" + same, 0, "", ""},
+          {"from the start", "cd $folder; rm out; " + resume + " --jobs 2" + same, 0, "", ""},
+          {"another id", sed + "'9s/:9,/:10,/' out; " + refused, 0, "its line 9 is not the record",
+           ""},
+          {"another address", sed + "'101s/MAIN/ELM/' out; " + refused, 0,
+           "its line 101 is not the record", ""},
+          {"no record", sed + "'3s/prefix/fixed/' out; " + refused, 0, "no record of a parse", ""},
+          {"two outputs", part + resume + " --output b", 2, "", "--resume excludes --output"},
+          {"a table", part + "$postwright parse --csv --resume out more", 2, "",
+           "requires --jsonl"},
+          {"jobs for a table", part + "$postwright parse --csv --jobs 2 more", 2, "",
+           "--jobs requ"},
+      },
+      folder_);
+}
+
 }  // namespace
 
 }  // namespace postwright

@@ -11,7 +11,6 @@
 
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/stream/FilePlace.h"
-#include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/stream/Output.h"
 
 namespace postwright {
@@ -38,7 +37,8 @@ bool IsPlain(const std::string& path) {
 
 }  // namespace
 
-EarlierRecords::EarlierRecords(const std::string& path, int input) : name_(path), path_(path) {
+EarlierRecords::EarlierRecords(const std::string& path, int input, RecordForm& form)
+    : name_(path), path_(path), form_(form) {
   Open();
   CheckFile(input);
   struct stat behind {};
@@ -94,7 +94,8 @@ void EarlierRecords::CheckFile(int input) const {
   }
   char first = 0;
   if (pread(descriptor_, &first, 1, 0) == 1 && first != '{') {
-    Refuse("its line 1 is no record of a fix; name the file that the earlier run wrote");
+    Refuse("its line 1 is no record of " + form_.Run() +
+           "; name the file that the earlier run wrote");
   }
 }
 
@@ -123,15 +124,14 @@ void EarlierRecords::Check(const LabelLine* label) {
 void EarlierRecords::CheckRecord(LineReader& reader, const std::string& whose,
                                  const LabelLine* label) {
   const std::string place = "line " + std::to_string(reader.Number());
-  if (reader.IsTooLong() || StatusOfRecord(reader.Line()) == -1) {
-    Refuse(whose + ' ' + place +
-           " is no record of a fix; name the file that the earlier run wrote");
+  if (reader.IsTooLong() || !form_.IsRecord(reader.Line())) {
+    Refuse(whose + ' ' + place + " is no record of " + form_.Run() +
+           "; name the file that the earlier run wrote");
   }
   if (label == nullptr) {
     Refuse("it holds more records than the input has lines; give the same input again");
   }
-  const LabelLine record = parser_.Parse(reader);
-  if (!record.problem.empty() || record.address != label->address || record.id != label->id) {
+  if (!form_.IsOf(reader, *label)) {
     Refuse(whose + ' ' + place + " is not the record of " + place +
            " of the input; give the same input again, or another file");
   }

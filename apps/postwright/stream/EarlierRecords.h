@@ -9,13 +9,14 @@
 
 #include "apps/postwright/stream/LabelLine.h"
 #include "apps/postwright/stream/LineReader.h"
+#include "apps/postwright/stream/RecordForm.h"
 
 namespace postwright {
 
-// The records that an interrupted run of `postwright fix --jsonl` left in its output file, and the
-// place after them where another run goes on.
+// The records that an interrupted run of `postwright fix --jsonl`, or `parse`, left in its output
+// file, and the place after them where another run goes on.
 //
-//   EarlierRecords earlier("fixed.jsonl", reader.Descriptor());
+//   EarlierRecords earlier("fixed.jsonl", reader.Descriptor(), form);
 //   while (earlier.Next()) earlier.Check(the label of the next input line);
 //   earlier.Settle();
 //   Output again(earlier.BeginAgain(), …);  … a record for each, old or new …; again.Finish();
@@ -29,10 +30,11 @@ namespace postwright {
 // Nothing is changed before Settle. While the object lives, no other run can open the file so.
 class EarlierRecords {
  public:
-  // Opens the file, which is made where it is not there. `input` is the descriptor of the labels.
+  // Opens the file, which is made where it is not there. `input` is the descriptor of the labels,
+  // `form` says what its records look like and is borrowed.
   // Throws Failure where the file cannot be opened, is no plain file, is being written by another
   // run, is the input, or does not begin as records do.
-  EarlierRecords(const std::string& path, int input);
+  EarlierRecords(const std::string& path, int input, RecordForm& form);
   ~EarlierRecords();
   EarlierRecords(const EarlierRecords&) = delete;
   EarlierRecords& operator=(const EarlierRecords&) = delete;
@@ -41,8 +43,7 @@ class EarlierRecords {
   // Failure where the file cannot be read.
   bool Next();
 
-  // Throws Failure unless the record is one of `label`, by its address and id. No label: the input
-  // has fewer lines.
+  // Throws Failure unless the record is that of `label`. No label: the input has fewer lines.
   void Check(const LabelLine* label);
 
   // The record, as LineReader::Line(); the newest, where one was made again.
@@ -80,7 +81,7 @@ class EarlierRecords {
   int beside_ = -1;
   std::optional<LineReader> reader_;
   std::optional<LineReader> again_;  // what a killed run made again, up to its last whole record
-  LabelLineParser parser_;
+  RecordForm& form_;
   off_t length_ = 0;  // of the whole records so far
   bool isMadeAgain_ = false;
 };

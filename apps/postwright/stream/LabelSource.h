@@ -36,6 +36,9 @@ class LabelSource final : public LineSource {
   int Descriptor() const override { return reader_.Descriptor(); }
   void ReadSome() override { reader_.ReadSome(); }
 
+  // The lines themselves, for a caller that goes on with them and not with their labels.
+  LineReader& Lines() { return reader_; }
+
   // How many labels there are, before the first was read; nothing where that cannot be known.
   std::optional<std::size_t> Count() const { return reader_.CountLinesAhead(); }
 

@@ -1,8 +1,10 @@
 #include "apps/postwright/stream/LineFilter.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
+#include "apps/postwright/stream/ChunkFilter.h"
 #include "apps/postwright/stream/EarlierRecords.h"
 #include "apps/postwright/stream/LabelSource.h"
 #include "apps/postwright/stream/Outage.h"
@@ -84,8 +86,8 @@ ExitStatus EndOfOutage(const std::string& records, std::chrono::seconds giveUpAf
 
 // Makes records that take a service.
 ExitStatus FilterPatiently(const LineFilterOptions& options, const LineAnswer& answer,
-                           const DeadWorkerAnswer& answerForDead, LabelSource& labels,
-                           Progress& progress) {
+                           const DeadWorkerAnswer& answerForDead, RecordForm& form,
+                           LabelSource& labels, Progress& progress) {
   RunClock systemClock;
   RunClock& clock = options.clock == nullptr ? systemClock : *options.clock;
   Outage outage(clock, *options.giveUpAfter);
@@ -94,7 +96,7 @@ ExitStatus FilterPatiently(const LineFilterOptions& options, const LineAnswer& a
   const std::string goOnWith = options.isResumable ? options.resume : "";
   std::optional<EarlierRecords> earlier;
   if (!options.resume.empty()) {
-    earlier.emplace(options.resume, labels.Descriptor());
+    earlier.emplace(options.resume, labels.Descriptor(), form);
     const std::size_t again = PassOver(*earlier, labels, options.retry, progress);
     earlier->Settle();
     if (again > 0 && !MakeAgain(*earlier, options.retry, run)) {
@@ -111,21 +113,51 @@ ExitStatus FilterPatiently(const LineFilterOptions& options, const LineAnswer& a
   return labels.Status();
 }
 
+// Makes records that take nobody's answer.
+ExitStatus FilterAlone(const LineFilterOptions& options, const LineAnswer& answer, RecordForm& form,
+                       LabelSource& labels, Progress& progress) {
+  std::optional<EarlierRecords> earlier;
+  if (!options.resume.empty()) {
+    earlier.emplace(options.resume, labels.Descriptor(), form);
+    PassOver(*earlier, labels, options.retry, progress);
+    earlier->Settle();
+  }
+  Output output = earlier ? Output(earlier->Continue(), options.resume) : Output(options.output);
+  ExitStatus status = kExitDone;
+  if (options.jobs == 1) {
+    FilterHere(labels, answer, output, progress);
+  } else {
+    WorkerPool workers(
+        options.jobs, [&answer] { ChunkFilter::Serve(answer); }, ChunkFilter::kAnswerEnd);
+    status = ChunkFilter(labels.Lines(), output, workers, answer, progress).Do();
+  }
+  output.Finish();
+  progress.Finish();
+  return std::max(status, labels.Status());
+}
+
 }  // namespace
+
+std::string CheckJobs(const std::string& jobs) {
+  const bool isNumber = !jobs.empty() && jobs.size() <= 3 &&
+                        jobs.find_first_not_of("0123456789") == std::string::npos;
+  const int number = isNumber ? std::stoi(jobs) : 0;
+  return number >= 1 && number <= WorkerPool::kLimit
+             ? ""
+             : "'" + jobs + "' is not a number from 1 to " + std::to_string(WorkerPool::kLimit);
+}
 
 ExitStatus FilterLines(const LineFilterOptions& options, const LineAnswer& answer,
                        const DeadWorkerAnswer& answerForDead) {
+  FixRecordForm formOfFixes;
+  RecordForm& form = options.form == nullptr ? formOfFixes : *options.form;
   Progress progress(options.progress);
   LabelSource labels(options.input, progress);
   progress.Begin(progress.IsShown() ? labels.Count() : std::nullopt);
   if (options.giveUpAfter) {
-    return FilterPatiently(options, answer, answerForDead, labels, progress);
+    return FilterPatiently(options, answer, answerForDead, form, labels, progress);
   }
-  Output output(options.output);
-  FilterHere(labels, answer, output, progress);
-  output.Finish();
-  progress.Finish();
-  return labels.Status();
+  return FilterAlone(options, answer, form, labels, progress);
 }
 
 }  // namespace postwright

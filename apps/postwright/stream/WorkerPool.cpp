@@ -76,8 +76,8 @@ bool IsToBeTriedAgain(int error) {
 
 }  // namespace
 
-WorkerPool::WorkerPool(int workers, std::function<void()> serve)
-    : limit_(workers), serve_(std::move(serve)) {
+WorkerPool::WorkerPool(int workers, std::function<void()> serve, std::string_view answerEnd)
+    : limit_(workers), serve_(std::move(serve)), answerEnd_(answerEnd) {
   BeforeEndingBySignal(KillWorkers);
 }
 
@@ -185,7 +185,7 @@ bool WorkerPool::Exchange(Worker& worker, short events, std::vector<Answer>& ans
     const bool isSent = Send(worker);
     isAlive = Receive(worker) && isSent;
   }
-  if (worker.received.ends_with('\n')) {
+  if (worker.received.ends_with(answerEnd_)) {
     answers.push_back({worker.ticket, UnpackRecord(std::exchange(worker.received, {})), ""});
     worker.isBusy = false;
   }

@@ -14,7 +14,8 @@
 
 namespace postwright {
 
-// Worker processes, each of which answers one line at a time with one line.
+// Worker processes, each of which answers one message at a time with one: a line with a line, or
+// several with several.
 //
 //   WorkerPool pool(16, serve);
 //
@@ -27,10 +28,10 @@ class WorkerPool final : public LineWorkers {
  public:
   static constexpr int kLimit = 256;  // of workers
 
-  // `serve` is run in a worker: it answers the lines of standard input on standard output, one
-  // after another, each as soon as it is known and as PackRecord() has it, until the input ends.
-  // Its standard error is ours.
-  WorkerPool(int workers, std::function<void()> serve);
+  // `serve` is run in a worker: it answers what comes on standard input on standard output, one
+  // message after another, each as soon as it is known and as PackRecord() has it, until the input
+  // ends. An answer, and nothing in it, ends in `answerEnd`. Its standard error is ours.
+  WorkerPool(int workers, std::function<void()> serve, std::string_view answerEnd = "\n");
   ~WorkerPool() override;
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
@@ -60,6 +61,7 @@ class WorkerPool final : public LineWorkers {
 
   std::size_t limit_;
   std::function<void()> serve_;
+  const std::string answerEnd_;
   std::list<Worker> workers_;
 };
 
