@@ -61,7 +61,7 @@ enum {
 // Returns a sentence in English on what a result means; for an unknown number it says so.
 POSTWRIGHT_CORE_EXPORT const char* postwright_result_text(int32_t result);
 
-// Returns the library's version, "0.1.0".
+// Returns the library's version, "0.2.0".
 POSTWRIGHT_CORE_EXPORT const char* postwright_version(void);
 
 // Points the process's fixes at a Verify service: `host` with an optional port

@@ -34,4 +34,11 @@ sed -nE '/the tests,|test:|fuzz:/d; s/^([a-z0-9+.-]+-dev) .*/\1/p' ../scripts/pa
   while read -r package; do
     grep --quiet "^ ${package}[ ,]" debian/control || { echo "debian/control does not build with $package"; exit 1; }
   done || status=1
+
+# Every file that names the version names the same one. The newest dated section of the changes is it.
+version=$(sed -nE 's/^  VERSION ([0-9.]+)$/\1/p' ../CMakeLists.txt)
+agrees() { [ "$2" = "$version" ] || { echo "$1 has version $2, CMakeLists.txt $version"; status=1; }; }
+agrees debian/changelog "$(sed -nE '1s/.*\((.*)-1\).*/\1/p' debian/changelog)"
+agrees desktop/*.metainfo.xml "$(sed -nE 's/.*<release version="([^"]*)".*/\1/p' desktop/*.metainfo.xml | head -n 1)"
+agrees CHANGELOG.md "$(sed -nE 's/^## ([0-9.]+), .*/\1/p' ../CHANGELOG.md | head -n 1)"
 exit "$status"
