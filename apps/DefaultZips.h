@@ -5,7 +5,7 @@
 
 namespace postwright {
 
-// Returns the ZIP codes that come along, seen from where the program lies.
+// Returns the ZIP codes that come with it, seen from where the program is.
 std::string DefaultZips();
 
 }  // namespace postwright

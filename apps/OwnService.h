@@ -10,8 +10,8 @@ namespace postwright {
 // Where the programs find what they answer from by themselves, and which no service need be started
 // for.
 
-// Has the fixes of this process answered by it, from those bases and the ZIP codes that come along.
-// Returns in words what is known so: which streets, or none. Throws LocalServiceError and as
+// Has the fixes of this process answered by it, from those bases and the ZIP codes that come with
+// it. Returns in words what is known so: which streets, or none. Throws LocalServiceError and as
 // FindBases() does where a file cannot be used: none of them is passed over.
 std::string UseOwnService();
 

@@ -1,4 +1,4 @@
-// What a fix costs beside the transport: Postwright::Fix() over loopback against a bare kept-alive
+// What a fix costs besides the transport: Postwright::Fix() over loopback against a bare kept-alive
 // GET of the same URL from the same server, in processor time of the calling thread.
 
 #include "bench/FixLoop.h"

@@ -29,7 +29,7 @@ constexpr char kReply[] =
     "<City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5><Zip4>1234</Zip4>"
     "</Address></AddressValidateResponse>";
 
-// A connection has a thread of its own, so each waits for itself alone.
+// Each connection has its own thread, so none waits for another.
 MHD_Result Answer(void*, MHD_Connection* connection, const char*, const char*, const char*,
                   const char*, size_t*, void**) {
   static MHD_Response* reply = MHD_create_response_from_buffer(

@@ -39,7 +39,7 @@ const Texts kNoAddress = {
     L"Milk, eggs, two dozen oranges, 1 lb of butter and the 3 jars of jam from last week",
     L"Tel 217-555-0142\nFax 217-555-0143\nOpen 9 to 5, closed on Sundays and on 12 holidays",
     L"SERIAL 8841-22-017 MODEL 12B\nBUILT 2019, CHECKED 2024, NEXT CHECK 2026\nDO NOT OPEN",
-    L"Dear Ms. Smith, thank you for your letter of May 12. We shall ship 5 boxes on Monday."};
+    L"Dear Ms. Smith, thank you for your letter of May 12. We will ship 5 boxes on Monday."};
 
 Texts Mixtures() {
   LabelGenerator generator(1);

@@ -128,7 +128,7 @@ answered() { curl --silent "$service/metrics" | awk '/^postwright_documents_tota
 # times A B: how many times B is in A.
 times() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
-echo "$(wc --bytes < "$scratch/answer.xml") bytes an answer, $(wc --lines < "$scratch/queries") addresses, ${base[*]:-the base that comes along}, load $(cut -d ' ' -f 1 /proc/loadavg)"
+echo "$(wc --bytes < "$scratch/answer.xml") bytes an answer, $(wc --lines < "$scratch/queries") addresses, ${base[*]:-the base that comes with it}, load $(cut -d ' ' -f 1 /proc/loadavg)"
 load "$service" 1 > /dev/null
 printf 'nginx/s\tservice/s\tratio\tmedian us\t99%% us\t99%%/median\tof nginx\n'
 for ((round = 0; round < rounds; ++round)); do

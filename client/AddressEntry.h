@@ -7,7 +7,7 @@
 
 namespace postwright {
 
-// The host's own object behind one address of a batch; the host derives from it.
+// One address of a batch, as the host holds it; the host derives from this.
 //
 //   class ContactEntry final : public AddressEntry {
 //     QString value() const override { return _book->labelText(_contact); }

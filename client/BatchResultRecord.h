@@ -80,7 +80,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     QString remark;                            // that of the last outcome
     QString proposal;                          // that of the last outcome
     QList<PostwrightSelectorPointer> matches;  // the candidates, two or more, else empty
-    // What `matches` show, where the service named them to who asked for that (setCandidates());
+    // What `matches` show, where the service named them to those who asked (setCandidates());
     // there may be a single one. Else empty.
     QList<AddressMatch> candidates;
     // The service's word in the form that corrected text has, also where it says no more than
@@ -130,7 +130,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
     QString corrected() const;
 
     // What corrected() changes, with the rule of each change; no changes where `footnotes` are not
-    // known. Works it out anew each time.
+    // known. Works it out again each time.
     CorrectionReview review() const;
 
     // Has `rules` be those of review().

@@ -30,7 +30,7 @@ struct LabelForm {
 // Returns the lines of an address with the punctuation that is wanted, and then in the case of
 // `client`, which must not remove any itself. Postal form keeps the hyphen beside a digit (12-34,
 // ZIP+4), the slash between two letters or digits, the point between digits (39.2 RD), "#" and "&";
-// an apostrophe and the points of initials go, any other sign parts words (USPS Publication 28,
+// an apostrophe and the points of initials go, any other sign separates words (USPS Publication 28,
 // sections 354 and D1).
 POSTWRIGHT_CLIENT_EXPORT QString addressInForm(const QString& address, PunctuationForm punctuation,
                                                const PostwrightClient& client);
@@ -38,7 +38,7 @@ POSTWRIGHT_CLIENT_EXPORT QString addressInForm(const QString& address, Punctuati
 // Returns `text` in the case of `client`, line by line, its blanks and line breaks as they are.
 POSTWRIGHT_CLIENT_EXPORT QString labelInCase(const QString& text, const PostwrightClient& client);
 
-// Returns `corrected` with those lines above and below its address as they stand in `typed` that
+// Returns `corrected` with those lines above and below its address as they are in `typed` that
 // differ from it in case and punctuation alone: lines without a digit, from either end inwards, up
 // to the first that is none of these.
 POSTWRIGHT_CLIENT_EXPORT QString withNamesAsTyped(const QString& corrected, const QString& typed);

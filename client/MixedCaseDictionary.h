@@ -17,7 +17,7 @@ QString mixedCaseKey(const QString& word);
 // Reads a dictionary resource: fields separated by "|", in pairs of key and spelling, each trimmed.
 // A line break separates nothing, it is trimmed away, so every line of a file with a pair a line
 // ends in "|". An unpaired last field is dropped; of two pairs with one key the later counts. Keys
-// are taken as they stand: one that mixedCaseKey() never gives is never found.
+// are taken as they are: one that mixedCaseKey() never gives is never found.
 MixedCaseDictionary parseDefaultSpellings(const QString& resource);
 
 // Reads the user's spellings, separated by ";" and trimmed, each under its own capitalized form; of

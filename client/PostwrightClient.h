@@ -76,7 +76,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // address: an unknown wish is not guessed at.
   void setCapitalization(qint32 capitalization) { _capitalization = capitalization; }
 
-  // Says whether punctuation is removed from corrected text. All of it is, wherever it stands: the
+  // Says whether punctuation is removed from corrected text. All of it is, wherever it is: the
   // hyphen of a ZIP+4 as well as the apostrophe of O'NEIL.
   void setRemovePunctuation(bool removePunctuation) { _removePunctuation = removePunctuation; }
 
@@ -89,7 +89,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // Has fixAddress() ask the service for at most `most` candidates, 1 to VerifyCandidate::kMost:
   // what could have been meant by an address that leaves a choice. 0, as at first, asks for none.
   // An answer that names any has them in MatchedAddresses and Candidates, beside ExactAddress or in
-  // its place; it is no failure then that the address itself was turned down.
+  // its place; it is not a failure then that the address itself was turned down.
   void setCandidates(qint32 most) { _candidates = most; }
 
   // Has every fix ask the service whose word its answer is, which lastReport() then says.
@@ -120,7 +120,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   std::optional<QString> lastResult() const { return _lastResult; }
   void setLastResult(const std::optional<QString>& lastResult) { _lastResult = lastResult; }
 
-  // What the service's reply to the last fix says beside the address, as the footnotes that
+  // What the service's reply to the last fix says besides the address, as the footnotes that
   // CorrectionReview takes. The report of no reply where none came.
   const VerifyReport& lastReport() const { return _lastReport; }
 
@@ -140,7 +140,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   // characters: one beyond that range stays, whatever its category.
   QString fixPunctuationLine(const QString& line) const;
 
-  // Returns `text` in mixed case, word by word, trimmed. Only the blank parts words, and every
+  // Returns `text` in mixed case, word by word, trimmed. Only blanks separate words, and every
   // blank is kept.
   QString fixMixedCase(const QString& text) const;
 
@@ -168,7 +168,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightClient : public QObject {
   static bool isAddress(const QString& text, const QString& equalTo);
 
   // The message for a FixResult; "Unexpected error code ..." with the number for one that has none.
-  // The messages are English and stand as they are.
+  // The messages are English, and are never translated or changed.
   static QString stringForResult(qint32 result);
 
  private:

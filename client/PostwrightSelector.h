@@ -22,7 +22,7 @@ namespace postwright {
 // the bounds. A character here is what a person takes for one (a letter with its combining marks).
 //
 // A candidate may span house numbers as well, "(100 - 198) MAIN ST (1A - 1F)". A person expects to
-// be asked for both, and to find the unit where the unit stands. So the named unit fills the
+// be asked for both, and to find the unit where the unit is. So the named unit fills the
 // placeholder whose place the unit's range takes in the template, the last one of the pattern;
 // setHouseNumber() fills the other, and until then that one shows the range of the template,
 // "(100 - 198)", which a reader cannot mistake for an address. A candidate with a house-number
@@ -34,7 +34,7 @@ class POSTWRIGHT_CLIENT_EXPORT PostwrightSelector {
  public:
   // The keyword form is postwrightSelectorWithAddressPattern:addressTemplate:lowBound:highBound:.
   // `addressPattern` holds "%@" where a value goes, `addressTemplate` the range itself. Nothing is
-  // checked; without a low bound the pattern is the final address as it stands. Never null.
+  // checked; without a low bound the pattern is the final address itself. Never null.
   static std::shared_ptr<PostwrightSelector> postwrightSelectorWithAddressPattern(
       const QString& addressPattern, const QString& addressTemplate, const QString& lowBound,
       const QString& highBound);

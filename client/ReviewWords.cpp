@@ -21,7 +21,7 @@ QString wordsFor(const char* kind, const char* code, const char* english) {
   return words.isEmpty() ? QString::fromUtf8(english) : words;
 }
 
-// Words as they stand in a sentence: on one line, and not too many.
+// Words as they are in a sentence: on one line, and not too many.
 QString quoted(const std::wstring& words) {
   constexpr std::size_t kLongest = 60;
   if (words.empty()) {

@@ -8,7 +8,7 @@ namespace postwright {
 
 namespace {
 
-// A candidate without a range: a text of which every percent sign stands for itself.
+// A candidate without a range: in its text every percent sign is literal.
 PostwrightSelectorPointer candidate(const QString& text) {
   return std::make_shared<PostwrightSelector>(text, text, QString(), QString());
 }
@@ -85,8 +85,8 @@ AddressOutcome fixReviewed(PostwrightClient& client, const QString& label,
     return outcome;
   }
   const QString corrected = outcome.answer->ExactAddress;
-  // What says the same but for punctuation and lines is no correction: the number or the unit alone
-  // can be wrong.
+  // What says the same but for punctuation and lines is not a correction: the number or the unit
+  // alone can be wrong.
   const bool isDoubtful = fix.review().Doubtful() && !PostwrightClient::isAddress(label, corrected);
   outcome.isOpen = fix.confirmation().Contradicts();
   if (!isDoubtful && !outcome.isOpen) {

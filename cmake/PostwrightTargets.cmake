@@ -29,7 +29,7 @@ target_compile_options(
             "$<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict;-Wno-attribute-warning>")
 target_include_directories(postwright-options INTERFACE "${PROJECT_SOURCE_DIR}")
 
-# A fault that hostile text might find in us shall end the program and not take it over: bounds that
+# A fault that hostile text finds in us should end the program, not let it be taken over: bounds that
 # the C library checks, guards on the stack and its pages, jumps that land only where they may, and
 # tables that are read-only once a program has started. Sanitizers look at the same places
 # themselves, and the C library's bounds want optimised code.

@@ -99,7 +99,7 @@ const char* FoldBeyondLatin(char32_t c) {
 // What becomes of a sign.
 enum class Sign { Kept, Dropped, Blank };
 
-// Judges the sign at `at` by what stands around it; an end of the line counts as a blank.
+// Judges the sign at `at` by what is around it; an end of the line counts as a blank.
 Sign Judge(std::string_view line, size_t at) {
   const auto around = [&](size_t i) { return i < line.size() ? line[i] : ' '; };
   const char before = around(at - 1);

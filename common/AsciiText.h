@@ -25,7 +25,7 @@ std::optional<std::string> FoldToAscii(std::string_view utf8);
 
 // Splits one folded line into words, without the punctuation that Publication 28 drops (section
 // 222). Kept: `-` and `/` between letters and digits, `.` between digits (39.2 RD); a hyphen
-// between letters parts two words. `#` is a word of its own, `&` becomes AND.
+// between letters separates two words. `#` is a word of its own, `&` becomes AND.
 Words SplitLine(std::string_view folded);
 
 // Says whether SplitLine finds any.

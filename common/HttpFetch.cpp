@@ -128,7 +128,7 @@ HttpFetch::Handle::~Handle() {
   }
 }
 
-// Sets everything anew: the last call's memory is gone, its connection is there.
+// Sets everything again: the last call's memory is gone, its connection is there.
 void HttpFetch::Handle::Prepare(const Request& request, const HttpLimits& limits,
                                 HttpTransfer& transfer) {
   curl_easy_reset(curl_);

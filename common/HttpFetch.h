@@ -14,7 +14,7 @@
 
 namespace postwright {
 
-// What ends a call. Times are from the call on; a time of zero is no limit.
+// What ends a call. Times are from the call on; a time of zero means no limit.
 struct HttpLimits {
   std::chrono::milliseconds connect = std::chrono::seconds(30);  // a host resolved and connected to
   std::chrono::seconds silence = std::chrono::seconds(60);       // with less than 1 byte a second

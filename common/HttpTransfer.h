@@ -64,7 +64,7 @@ class HttpTransfer {
   std::exception_ptr thrown_;
   std::size_t received_ = 0;
   std::size_t headBytes_ = 0;
-  bool isInterim_ = false;  // the head at hand is followed by another of the same answer
+  bool isInterim_ = false;  // this head is followed by another of the same answer
   bool hasWholeHead_ = false;
   int contentCodings_ = 0;
   std::optional<std::uint64_t> contentLength_;

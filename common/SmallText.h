@@ -29,8 +29,8 @@ std::optional<char> EscapeAt(std::string_view text, std::size_t at);
 // -._~ becomes a percent escape.
 std::string EscapeQuery(std::string_view text);
 
-// Returns a part of a query as it was before: percent escapes resolved, `+` for a blank. A `%` that
-// no two hexadecimal digits follow stands for itself.
+// Returns a part of a query as it was before: percent escapes resolved, `+` for a blank. A `%`
+// without two hexadecimal digits after it is literal.
 std::string UnescapeQuery(std::string_view escaped);
 
 }  // namespace postwright

@@ -13,7 +13,7 @@ struct UrlParts {
   bool isPlain = false;  // no user, no query, no fragment
 };
 
-// nullopt for what is no absolute URL.
+// nullopt for what is not an absolute URL.
 std::optional<UrlParts> SplitUrl(const std::string& url);
 
 // Returns the URL to which `reference` leads from `base` (RFC 3986, section 5); nullopt where that

@@ -17,13 +17,13 @@ inline std::wstring WideFromUtf8(std::string_view text) {
 }
 
 // The UTF-8 form of `text`. Throws boost::locale::conv::conversion_error where it holds something
-// that is no code point.
+// that is not a code point.
 inline std::string Utf8FromWide(std::wstring_view text) {
   using boost::locale::conv::stop;
   return boost::locale::conv::utf_to_utf<char>(text.data(), text.data() + text.size(), stop);
 }
 
-// Appends the UTF-8 form of one character; U+FFFD for what is no code point (half a surrogate
+// Appends the UTF-8 form of one character; U+FFFD for what is not a code point (half a surrogate
 // pair).
 inline void AppendUtf8(wchar_t character, std::string& text) {
   namespace utf = boost::locale::utf;

@@ -10,7 +10,7 @@
 namespace postwright {
 
 bool LockNewFile(int descriptor, const std::string& path) {
-  flock(descriptor, LOCK_SH);  // waits for who is just removing it
+  flock(descriptor, LOCK_SH);  // waits for whoever is just removing it
   struct stat made {};
   struct stat there {};
   return fstat(descriptor, &made) == 0 && stat(path.c_str(), &there) == 0 &&

@@ -28,7 +28,7 @@ class InputFile {
   // At its beginning.
   int Descriptor() const { return descriptor_; }
 
-  // Opens it anew, at its beginning.
+  // Opens it again, at its beginning.
   std::string Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
 
  private:

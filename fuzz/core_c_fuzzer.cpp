@@ -103,7 +103,7 @@ void CheckReview(const std::string& typed, const std::string& corrected) {
     CheckPart(typed, change->typed, change->typed_begin, change->typed_end);
     CheckPart(corrected, change->corrected, change->corrected_begin, change->corrected_end);
   }
-  Require(postwright_review_change(review, count) == nullptr, "nothing stands behind the last one");
+  Require(postwright_review_change(review, count) == nullptr, "nothing comes after the last one");
   postwright_review_free(review);
 }
 

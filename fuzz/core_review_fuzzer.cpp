@@ -1,6 +1,7 @@
 // Two texts, typed and corrected, into what explains a correction. Each word of both is the same on
-// both sides, in order, or belongs to one change; a text is no correction of itself. And the lines
-// of a label around its address are there again, byte for byte, once the address was put back.
+// both sides, in order, or belongs to one change; a text is not a correction of itself. And the
+// lines of a label around its address are there again, byte for byte, once the address was put
+// back.
 
 #include <postwright/AddressLines.h>
 #include <postwright/CorrectionReview.h>
@@ -24,7 +25,7 @@ std::wstring KeptWords(const std::wstring& text, const CorrectionReview& review,
   std::vector<int> owners(text.size(), 0);
   for (const CorrectionChange& change : review.Changes()) {
     const CorrectionPart& part = change.*side;
-    Require(part.begin <= part.end && part.end <= text.size(), "a part lies within its text");
+    Require(part.begin <= part.end && part.end <= text.size(), "a part is within its text");
     Require(text.compare(part.begin, part.end - part.begin, part.text) == 0,
             "a part's text stands at its place");
     for (std::size_t at = part.begin; at < part.end; ++at) {

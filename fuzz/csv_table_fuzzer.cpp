@@ -40,7 +40,7 @@ void CheckRows(const QByteArray& text, const QString& cell, char delimiter) {
     return true;
   });
   Require(QByteArray::fromRawData(text.data() + end, text.size() - end).trimmed().isEmpty(),
-          "behind the last row there is nothing");
+          "there is nothing after the last row");
 }
 
 QList<QStringList> RowsOf(const QByteArray& text, char delimiter) {

@@ -35,7 +35,7 @@ QString BlanksOf(const QString& text) {
 }
 
 void CheckText(const QString& text, const std::optional<QString>& spellings) {
-  static PostwrightClient client;  // making one reads the dictionary that comes along
+  static PostwrightClient client;  // making one reads the dictionary that comes with it
   client.setCapitalization(CapitalizationMixed);
   client.setRemovePunctuation(false);
   client.setMixedCase(spellings);

@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const Card& card : CardScanner::scan(text)) {
       Require(card.range.begin >= end && card.range.end > card.range.begin &&
                   card.range.end <= text.size(),
-              "cards stand one behind the other");
+              "cards follow one another");
       end = card.range.end;
       CheckCard(text, card);
     }

@@ -18,7 +18,7 @@ enum FetchOutcome : std::int32_t {
   FetchOutcomeAbandoned = 8,  // the caller lost interest
 };
 
-// What came of the fetch behind a report.
+// What came of the fetch that a report is about.
 struct FetchReport {
   FetchOutcome outcome = FetchOutcomeUnknown;
   std::int32_t httpStatus = 0;  // where answered

@@ -23,7 +23,7 @@ Slot& TheSlot() {
 void SetLocalAnswers(LocalAnswers answers) {
   Slot& slot = TheSlot();
   const std::lock_guard lock(slot.mutex);
-  slot.answers.swap(answers);  // what the old one holds ends with the argument, behind the lock
+  slot.answers.swap(answers);  // the old one's state is released with the argument, after the lock
 }
 
 LocalAnswers GetLocalAnswers() {

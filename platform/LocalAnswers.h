@@ -17,7 +17,7 @@ struct LocalAnswer {
   std::string body;
 };
 
-// Takes the URL, in UTF-8, and the fields of the head beside Host, "Name: value". One that throws
+// Takes the URL, in UTF-8, and the fields of the head besides Host, "Name: value". One that throws
 // has given no answer: the fetch fails as where a connection breaks off.
 using LocalAnswers =
     std::function<LocalAnswer(const std::string& url, const std::vector<std::string>& headers)>;
@@ -28,7 +28,7 @@ using LocalAnswers =
 //   UseLocalService({"us-zips.tsv", "texas.base"});  // of libpostwright-local, calls this
 //   SetLocalAnswers({});                             // back to the network
 //
-// While it is set, every host counts as reachable, and of the Deployment only what stands in the
+// While it is set, every host counts as reachable, and of the Deployment only what is in the
 // URL and the request matters. Fetches that have begun end as they began. The function is called by
 // any number of threads at once, and lives until it is replaced and they have come back. Any
 // thread.

@@ -8,7 +8,7 @@
 
 namespace postwright {
 
-// Returns the message that IPlatformServices::LogError and its like are given, for a class that
+// Returns the message that IPlatformServices::LogError and the like are given, for a class that
 // replaces them:
 //
 //   void LogWarning(const wchar_t* format, ...) override {

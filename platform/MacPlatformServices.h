@@ -29,7 +29,7 @@ namespace postwright {
 //
 // The conversions follow the C library's character locale (setlocale, LC_CTYPE), which must be
 // UTF-8 and is the host's business. In a process that sets none, only ASCII text converts. A
-// QApplication sets it anew, from the environment.
+// QApplication sets it again, from the environment.
 class POSTWRIGHT_CORE_EXPORT MacPlatformServices : public IPlatformServices {
  public:
   MacPlatformServices() = default;

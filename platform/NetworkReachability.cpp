@@ -19,7 +19,7 @@ struct AddressListDeleter {
 };
 using AddressList = std::unique_ptr<addrinfo, AddressListDeleter>;
 
-// An IPv6 address has colons of its own: only in brackets can a port stand after it.
+// An IPv6 address has colons of its own: only in brackets can a port follow it.
 std::string WithoutPort(const std::string& host) {
   if (host.starts_with('[')) {
     return host.substr(1, host.find(']') - 1);

@@ -17,7 +17,7 @@ HttpLimits FetchLimits();
 // empty on failure of any kind. Where local answers are set (LocalAnswers.h) they are asked, and
 // nobody else. The connection is kept for the calling thread's next fetch and closed with the
 // thread. `report`, where it is not null, is told how it ended. Any number of threads at once;
-// throws nothing. `headers` are sent beside Host, "Name: value".
+// throws nothing. `headers` are sent besides Host, "Name: value".
 std::vector<std::uint8_t> FetchUrl(const std::string& url, const HttpLimits& limits,
                                    FetchReport* report = nullptr,
                                    std::vector<std::string> headers = {}) noexcept;

@@ -7,7 +7,7 @@
 #
 # Builds the libraries into build-abi/, with all debug information. Exit status 0: such programs go on
 # working, or the SONAME has been raised, or nothing was released yet; 1: they do not. What has been
-# added is no difference. Needs abidiff (Debian: abigail-tools).
+# added is not a difference. Needs abidiff (Debian: abigail-tools).
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 command -v abidiff > /dev/null || { echo "abidiff is not installed: apt-get install abigail-tools" >&2; exit 2; }
@@ -59,7 +59,7 @@ for library in $libraries; do
   record "$library" build-abi/now.abi
   echo "$name, $(basename "$recorded") and now:"
   if ! grep --quiet --fixed-strings " soname='$soname'" build-abi/now.abi; then
-    echo "  The SONAME differs: programs are to be built anew."
+    echo "  The SONAME differs: programs are to be built again."
   elif abidiff --no-added-syms "$before" build-abi/now.abi; then
     echo "  Nothing has changed for programs that are built already."
   else

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Counts anew which reading of a word labels use more often and how labels come out of mixed case,
+# Counts again which reading of a word labels use more often and how labels come out of mixed case,
 # and keeps both in docs/mixed-case.md. Builds what it needs. Exit status 1: the dictionary takes
 # the rarer reading of some word, which is then named.
 set -eu

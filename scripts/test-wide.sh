@@ -4,7 +4,7 @@
 # that packages.txt marks "wide:", and the network for npm.
 #
 #   scripts/test-wide.sh [PYTEST-OPTION ...]
-#   POSTWRIGHT_PICTURES=docs/pictures scripts/test-wide.sh -k picture    makes the page's picture anew
+#   POSTWRIGHT_PICTURES=docs/pictures scripts/test-wide.sh -k picture    makes the page's picture again
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 for tool in chromium chromedriver npm; do

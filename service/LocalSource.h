@@ -33,7 +33,7 @@ class LocalSource final : public AnswerSource {
   void Reload();
 
   // For a child of fork(), before it asks: files that are read as they are asked about are opened
-  // anew, since both processes would read through one. What is in memory is the child's already.
+  // again, since both processes would read through one. What is in memory is the child's already.
   void TakeFromParent();
 
   // Answers within the call, as Verifier does.

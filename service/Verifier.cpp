@@ -54,7 +54,7 @@ bool HasGrown(const ReplyFields& fields) {
   });
 }
 
-// Says whether the street is another than was asked for, not only written otherwise.
+// Says whether the street is another than was asked for, not only written differently.
 bool IsStreetChanged(const postal::StandardLines& asked, const postal::MatchedAddress& match) {
   if (!match.elementChanged) {
     return match.nameChanged;
@@ -80,7 +80,7 @@ struct Verifier::FoldedAddress {
   // Returns nullopt where a field cannot be folded.
   static std::optional<FoldedAddress> Of(const RequestAddress& asked);
 
-  // Takes what was cut anew. Returns false where it cannot be folded.
+  // Takes what was cut again. Returns false where it cannot be folded.
   bool Take(const postal::CutAddress& cut);
 
   std::string firmName;
@@ -203,7 +203,7 @@ ReplySource Verifier::SourceOf(const AddressAnswer& answer, const std::string& z
   return {ReplySource::Kind::Base, base.Name(), base.Date()};
 }
 
-// `sentLines` are those of the request, `asked` is what was cut anew.
+// `sentLines` are those of the request, `asked` is what was cut again.
 AddressAnswer Verifier::DecideWhole(const RequestAddress& sent,
                                     const postal::DeliveryLines& sentLines,
                                     const FoldedAddress& asked, const Help& help) const {

@@ -17,13 +17,13 @@ namespace postwright::service {
 //   const Verifier verifier(zips);
 //   const ReplyAddress reply = verifier.Verify(request.addresses[0]);
 //
-// What a parser without a list of cities has cut wrongly is cut anew (LineCutter), then city, state
-// and ZIP are checked against one another (LastLineChecker), the delivery line is
-// brought into its standard form (Standardiser). Without an address base no streets are known: an
-// address that is placed is answered as not confirmed (DPVConfirmation N). With one, AddressMatcher
+// What a parser without a list of cities has cut wrongly is cut again (LineCutter), then city,
+// state and ZIP are checked against one another (LastLineChecker), the delivery line is brought
+// into its standard form (Standardiser). Without an address base no streets are known: an address
+// that is placed is answered as not confirmed (DPVConfirmation N). With one, AddressMatcher
 // confirms and corrects it. A ZIP+4 add-on that was asked for is given back where no source has
-// another and neither street, number nor ZIP code is found wrong. Candidates are named to who asks
-// for them, as far as an address base knows any. The city of a ZIP code is the ZIP list's.
+// another and neither street, number nor ZIP code is found wrong. Candidates are named to those who
+// ask for them, as far as an address base knows any. The city of a ZIP code is the ZIP list's.
 //
 // Borrows both. Any thread may call Verify.
 class Verifier final : public AnswerSource {

@@ -22,7 +22,7 @@ HttpReply XmlReply(std::string body, std::string note) {
   return {200, "text/xml; charset=UTF-8", std::move(body), std::move(note)};
 }
 
-// An API's name as it may stand in a reply.
+// An API's name as a reply may have it.
 std::string PrintableApi(std::string_view api) {
   std::string name(api.substr(0, kLongestApiName));
   std::erase_if(name, [](char c) { return c <= ' ' || c > '~'; });

@@ -151,7 +151,7 @@ int UnlessStopped(ProgressLine& progress, Work work) {
 int UpdateBase(const std::string& base, const UpdateOptions& options, ProgressLine& progress) {
   const auto record = FetchRecord::Read(FetchJob::RecordOf(base));
   if (!record) {
-    throw FetchError(base + ": was not fetched; 'postwright-base fetch' or import makes it anew");
+    throw FetchError(base + ": was not fetched; 'postwright-base fetch' or import makes it again");
   }
   const FetchRequest& request = record->request;
   Visit visit(request, options.tokenFile, options.hosts, progress);

@@ -27,7 +27,7 @@ Example: postwright-base fetch texas)";
 
 constexpr const char* kUpdateFooter =
     R"(Asks whether there is something newer than what a base was fetched from, another year or changed
-files, and then fetches it and makes the base anew. Without BASE: every base of
+files, and then fetches it and makes the base again. Without BASE: every base of
 ~/.local/share/postwright that was fetched.)";
 
 constexpr const char* kListFooter =
@@ -36,7 +36,7 @@ has to be said wherever they go.)";
 
 std::string CheckYear(const std::string& year) {
   constexpr size_t kDigits = 4;
-  return year.size() == kDigits && AllDigits(year) ? "" : "'" + year + "' is no year";
+  return year.size() == kDigits && AllDigits(year) ? "" : "'" + year + "' is not a year";
 }
 
 std::string CheckKind(const std::string& name) {
@@ -94,7 +94,7 @@ Command AddFetch(CLI::App& app, FetchOptions& options) {
   AddServerOptions(*command, options.tokenFile, options.hosts, options.progress);
   command
       ->add_flag("--restart", options.restart,
-                 "Begin anew, and throw away what a stopped fetch has brought")
+                 "Start over, and throw away what a stopped fetch has brought")
       ->disable_flag_override();
   command->footer(kFetchFooter);
   return {command, [&options] { return RunFetch(options); }};

@@ -12,7 +12,7 @@
 namespace postwright::postal {
 namespace {
 
-// "6 days ago" of "2026-11-20"; empty for what is no date.
+// "6 days ago" of "2026-11-20"; empty for what is not a date.
 std::string AgeOf(const std::string& date) {
   int year = 0;
   unsigned month = 0;

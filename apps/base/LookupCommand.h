@@ -12,7 +12,7 @@ struct LookupOptions {
   std::string city;
   std::string state;
   std::string zip;
-  std::string zips;  // a file of ZIP codes besides those that come along; may be empty
+  std::string zips;  // a file of ZIP codes besides those that come with it; may be empty
 };
 
 // `postwright-base lookup`: writes to standard output what the service would answer, and how it

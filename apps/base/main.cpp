@@ -102,7 +102,7 @@ Command AddImport(CLI::App& app, ImportOptions& options) {
       ->disable_flag_override();
   command
       ->add_flag("--restart", options.restart,
-                 "Begin anew, and throw away what a stopped import has read")
+                 "Start over, and throw away what a stopped import has read")
       ->disable_flag_override();
   command->add_flag("--quiet", options.quiet, "Do not show how far it is")->disable_flag_override();
   command->footer(kImportFooter);

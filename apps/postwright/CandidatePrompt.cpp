@@ -75,7 +75,7 @@ std::optional<std::wstring> CandidatePrompt::Choose(const QList<AddressMatch>& c
     }
     const qsizetype number = NumberOf(*line, candidates.size());
     if (number == 0) {
-      std::cerr << "That is no number from 1 to " << candidates.size() << ".\n";
+      std::cerr << "That is not a number from 1 to " << candidates.size() << ".\n";
       continue;
     }
     const AddressMatch& candidate = candidates.at(number - 1);

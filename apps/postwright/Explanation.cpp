@@ -9,7 +9,7 @@ namespace postwright {
 
 namespace {
 
-// Words as they stand on one line of a terminal.
+// Words as shown on one line of a terminal.
 std::string OneLine(const CorrectionPart& part) {
   std::wstring text = part.text.empty() ? L"(nothing)" : part.text;
   std::replace_if(

@@ -42,9 +42,9 @@ std::string CheckNames(const std::string& names);
 std::string CheckSpellings(const std::string& spellings);
 
 // `postwright fix`: corrects labels against the Verify service that is named, or the process's own
-// (OwnService). Throws Failure and ClosedPipe; returns kExitNotALabel where a line was no label, a
-// row could not be read or the fix of a plain text failed, kExitDoubtful where that of a plain text
-// is doubtful, and kExitOutage where many labels were given up since the service gave no answer.
+// (OwnService). Throws Failure and ClosedPipe; returns kExitNotALabel where a line was not a label,
+// a row could not be read or the fix of a plain text failed, kExitDoubtful where that of a plain
+// text is doubtful, and kExitOutage where many labels were given up, for want of answers.
 ExitStatus RunFix(const FixOptions& options);
 
 }  // namespace postwright

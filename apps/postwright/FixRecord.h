@@ -25,8 +25,8 @@ struct RecordOptions {
 // confirmation_text and reason_text, the two in words, source and source_text, who said so, and
 // changes; with `candidates` the member of that name, what could have been meant (CandidateList).
 
-// Fixes `label` through `client` and returns its record; of a line that is no label, without asking
-// anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
+// Fixes `label` through `client` and returns its record; of a line that is not a label, without
+// asking anybody, the record that says so. Blocks as PostwrightClient::fixAddress does.
 LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
                      const RecordOptions& options);
 

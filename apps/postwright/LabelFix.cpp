@@ -30,7 +30,8 @@ LabelFix::LabelFix(const std::wstring& label, const Asking& asking, PostwrightCl
   }
 }
 
-// Candidates stand beside the answer and change nothing of it: an address that was turned down was.
+// Candidates are told besides the answer and change nothing of it: an address that was turned down
+// was.
 void LabelFix::TakeAnswer(const ReviewedFix& fix) {
   std::optional<AddressFix> answer = fix.answer();
   QString message = fix.message();
@@ -65,7 +66,7 @@ void LabelFix::Judge(const std::wstring& label) {
     Propose(label, confirmation_.Code(),
             "Look at " + place + ": " + std::string(confirmation_.Text()) + ".");
   } else if (review_.Doubtful()) {
-    text_ = label;  // what says the same but for punctuation is no correction: nothing to decide
+    text_ = label;  // what says the same but for punctuation is not a correction: nothing to decide
   }
 }
 

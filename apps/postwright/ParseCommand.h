@@ -18,8 +18,8 @@ struct ParseOptions {
 };
 
 // `postwright parse`: splits labels into the fields of their addresses. Throws Failure and
-// ClosedPipe; returns kExitNotALabel where a line was no label, a row could not be read or a plain
-// text holds no address.
+// ClosedPipe; returns kExitNotALabel where a line was not a label, a row could not be read or a
+// plain text holds no address.
 ExitStatus RunParse(const ParseOptions& options);
 
 }  // namespace postwright

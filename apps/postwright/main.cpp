@@ -36,12 +36,12 @@ With --jsonl each line of the input is a JSON string, the text of one label, or 
 string as "address" and any "id", or with the label in parts (name, street, unit, city, state, zip).
 Each line of the output is an object with the keys prefix, number, predirectional, street,
 street_suffix, postdirectional, secondary_unit, secondary_number, street_line, city, state, zip and
-suffix, behind the id where one was given. A label that holds no address has thirteen empty strings;
+suffix, after the id where one was given. A label that holds no address has thirteen empty strings;
 so has a line that is no label or longer than 16 MiB, which is reported.
 
 With --jobs as many worker processes read labels at once, a few hundred each; the records come in
 the order of the lines all the same. The labels of one that dies are handed out again. --resume FILE
-adds the records to FILE and goes on behind those that an interrupted run of the same input left
+adds the records to FILE and goes on after those that an interrupted run of the same input left
 there; a half last line is dropped.
 
 A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
@@ -65,7 +65,7 @@ constexpr const char* kFixFooter =
     R"(Without --jsonl the corrected text is printed, or why there is none. It is in upper case and
 with the punctuation of the postal service's standard alone unless asked for otherwise: the hyphens
 of numbers and ZIP+4, the slash of a fraction, the # of a unit. Mixed case has a dictionary of its
-own for states, directions, names like McDonald and the like; the words of --mixed-case are spelt as
+own for states, directions, names like McDonald and so on; the words of --mixed-case are spelt as
 given there.
 
 The lines around the address stay as they were typed, unless with --whole-label or --names. Where no
@@ -76,7 +76,7 @@ addresses of other countries are not asked about and stay as they are, which sta
 A correction that the rules of postal addresses and the service's footnotes do not account for is
 doubtful: a number that moved, a word lost, another street without a reason. So is a number that
 is none of those the service knows on its street. Then the text is printed as it was typed, the
-reason stands on standard error, and the status is 3. --explain names the rule of each change, and
+reason goes to standard error, and the status is 3. --explain names the rule of each change, and
 how far the address was confirmed; --accept-doubtful takes what is doubtful.
 
 Where the service finds several addresses equally good, knows the street and not the number, or the
@@ -92,7 +92,7 @@ address (the text as given), fixed (the text to use), result (why a fix failed),
 (confirmed, unit-missing, unit-not-known, number-not-known, form-only where nobody has checked the
 street, or empty), reason (a code: why a label was left alone, why nothing was read in it, why it
 was turned down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a
-person to decide, 3 turned down, 4 not answered), behind the id where one was given. Records come in
+person to decide, 3 turned down, 4 not answered), after the id where one was given. Records come in
 the order of the lines, each as soon as it and all before it are known. A line that is no label or
 longer than 16 MiB is reported, and has status 3. A label whose worker process, of --jobs, died over
 it has status 4.
@@ -106,7 +106,7 @@ in parentheses) and, for a range, number_low, number_high and number_parity or u
 and unit_parity.
 
 A run with --output leaves nothing behind when it is interrupted. One that writes to standard output
-or with --resume leaves its records, and --resume FILE goes on behind them: the records of FILE must
+or with --resume leaves its records, and --resume FILE goes on after them: the records of FILE must
 be those of the same input, a half last line is dropped, and new records are added to FILE itself,
 which need not be there yet. What was not answered is asked about again, with --retry-failed also
 what was turned down; the new records take the places of the old ones.
@@ -137,7 +137,7 @@ went away.
 The variable POSTWRIGHT_SERVER of the environment names the service where --server does not. Where
 neither does, no service is asked: the command answers by itself, from each NAME.base in
 $XDG_DATA_HOME/postwright (~/.local/share/postwright unless set) and in /var/lib/postwright, which
-'postwright-base import' makes, and from the ZIP codes that come along. Of several bases the first
+'postwright-base import' makes, and from the ZIP codes that come with it. Of several bases the first
 that has streets of the ZIP code answers. Without one, streets are not checked. On a terminal, and
 with --explain, standard error says in front which it is.
 
@@ -298,7 +298,7 @@ ExitStatus RunCommandLine(int argc, char** argv) {
   FixOptions fixOptions;
   const Command commands[] = {AddParse(app, parseOptions), AddFix(app, fixOptions)};
   app.require_subcommand(0, 1);
-  app.allow_extras();  // so that what is no command is named in our own words
+  app.allow_extras();  // so that what is not a command is named in our own words
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& question) {
@@ -313,7 +313,7 @@ ExitStatus RunCommandLine(int argc, char** argv) {
     return ExplainUsage("postwright", error.what(), kUsage);
   }
   if (app.remaining_size() > 0) {
-    return ExplainUsage("postwright", "'" + app.remaining().front() + "' is no command", kUsage);
+    return ExplainUsage("postwright", "'" + app.remaining().front() + "' is not a command", kUsage);
   }
   for (const Command& command : commands) {
     if (command.parser->parsed()) {

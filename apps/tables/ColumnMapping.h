@@ -20,7 +20,7 @@ enum class ColumnRole {
   State = 6,
   Zip = 7,       // a second one holds the four digits after the hyphen
   Below = 8,     // a line below the place
-  Title = 9,     // "Dr.": the first of the name's line, wherever the column stands
+  Title = 9,     // "Dr.": the first of the name's line, wherever the column is
   Suffix = 10,   // "Jr.": the last of it
   Country = 11,  // the last line; the United States are not named
 };

@@ -56,7 +56,7 @@ constexpr QLatin1String kTextOnly("TEXTONLY");
 constexpr const char* kFullNames =
     " NAME FULLNAME DISPLAYNAME MAILINGNAME LABELNAME ENVELOPENAME HOUSEHOLDNAME NOMBRECOMPLETO ";
 
-// What stands before or after the names where a file has several addresses a row, and what such an
+// What comes before or after the names where a file has several addresses a row, and what such an
 // address is called. ADDRESS1 and so on are those of web mail, whose own column tells the kind.
 struct Group {
   const char* name;

@@ -18,7 +18,7 @@ struct NamedColumn {
   bool tellsKind = false;  // "Address 1 - Label", which holds "Home"
 };
 
-// Reads the name of a column as it stands.
+// Reads the name of a column as it is written.
 NamedColumn readColumnName(const QString& title);
 
 // "Código postal" gives CODIGOPOSTAL.
@@ -34,7 +34,7 @@ bool isPersonal(ColumnRole role);
 // What an address of a group is called, in English: "Home"; empty for none.
 QString kindOfGroup(const QString& group);
 
-// The same in the user's language; what is no kind of the table stays as it is.
+// The same in the user's language; what is not a kind of the table stays as it is.
 QString kindText(const QString& kind);
 
 // How many of the cells are names of columns.

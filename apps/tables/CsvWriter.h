@@ -18,7 +18,7 @@ QByteArray csvRow(const QStringList& cells, char delimiter);
 
 // Returns `row`, the text of a single row, with `cells` in place of its own. Cells that are the
 // same stay byte for byte as they are, as do the blank lines before the row and the line break
-// after it; but where the row is broken and one changes, all are written anew, so that a mark
+// after it; but where the row is broken and one changes, all are written again, so that a mark
 // which nothing closed does not take the next cell with it.
 QByteArray csvRowWith(const QByteArray& row, const QStringList& cells, char delimiter);
 

@@ -7,7 +7,7 @@
 
 namespace postwright::tables {
 
-// Reads the lines of a label as they stand, for showing them in columns and for giving them back to
+// Reads the lines of a label as they are, for showing them in columns and for giving them back to
 // a file that keeps city, state and ZIP code apart. Nothing is corrected here.
 
 // The line "Austin, TX 78701-1234" in its pieces, each as it was written.

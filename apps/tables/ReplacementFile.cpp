@@ -115,7 +115,7 @@ void ReplacementFile::removeLeftovers(const QString& book) {
     }
     const QString file = folder.filePath(name.first(ending + kEnding.size()));
     const QByteArray path = QFile::encodeName(folder.filePath(name));
-    // A database has a journal beside it, whose name goes on behind that of its file.
+    // The journal beside a database has a name that begins with that of its file.
     const bool isJournal = name.size() > ending + kEnding.size();
     if (!isJournal) {
       RemoveUnlessLocked(path.toStdString());

@@ -23,7 +23,7 @@ char delimiterOf(const QByteArray& text) {
   return isNamed ? text[mark.size()] : CsvReader::guessDelimiter(text);
 }
 
-// How many rows stand above the one that names the columns: titles and "sep=;". None where no row
+// How many rows are above the one that names the columns: titles and "sep=;". None where no row
 // near the beginning names columns.
 int rowsAbove(const QList<QStringList>& rows) {
   for (int row = 0; row < std::min<int>(static_cast<int>(rows.size()), kMostRowsAbove); ++row) {

@@ -15,7 +15,7 @@ TableChoice guessTable(const QByteArray& utf8);
 // The same with all but the columns as in `choice`.
 TableChoice guessColumnsOf(const QByteArray& utf8, const TableChoice& choice);
 
-// The same for the first rows of a table that is no text; these are enough of them.
+// The same for the first rows of a table that is not text; these are enough of them.
 inline constexpr int kGuessedRows = 200;
 TableChoice guessTableOf(const QList<QStringList>& rows);
 TableChoice guessColumnsOf(const QList<QStringList>& rows, const TableChoice& choice);

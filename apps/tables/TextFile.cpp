@@ -176,7 +176,8 @@ void refuseBinary(const QByteArray& utf8) {
   const qsizetype nul = utf8.indexOf('\0');
   if (nul >= 0) {
     const qsizetype line = utf8.first(nul).count('\n') + 1;
-    throw FileError(TextFile::tr("Line %1 holds a NUL byte, so this is no text file.").arg(line));
+    throw FileError(
+        TextFile::tr("Line %1 holds a NUL byte, so this is not a text file.").arg(line));
   }
 }
 
@@ -192,7 +193,7 @@ TextFile TextFile::read(const QString& path) {
   ReplacementFile::removeLeftovers(path);
   const QFileInfo info(path);
   if (info.exists() && !info.isFile()) {
-    throw FileError(tr("This is a folder or a device and no file."));
+    throw FileError(tr("This is a folder or a device, not a file."));
   }
   if (info.size() > kLargest) {
     throw FileError(tr("The file is larger than 512 MiB. Split it into smaller ones."));

@@ -16,7 +16,7 @@
 namespace postwright::service {
 
 // The gateway that the command line asks for, put together: the upstream, the cache before it, and
-// the local base behind it where it falls back. Without one, the local base alone.
+// the local base after it where it falls back. Without one, the local base alone.
 class GatewayParts {
  public:
   // Throws CredentialsError or StoreError where a file cannot be used. Borrows all but the options.

@@ -9,7 +9,7 @@ namespace postwright::service {
 // What a daemon asks of the system before it begins, and while it waits for its end. All for the
 // main thread.
 
-// Sees to it that so many connections can be open beside the service's own files, by raising the
+// Sees to it that so many connections can be open besides the service's own files, by raising the
 // process's limit of descriptors as far as it may. Throws std::runtime_error where that is not far
 // enough.
 void ReserveDescriptors(unsigned connections);

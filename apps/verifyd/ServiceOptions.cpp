@@ -85,13 +85,14 @@ void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
                  "The USERIDs that are answered, one a line; everybody if not given, which only a "
                  "service for this machine may do. SIGHUP reads the file again")
       ->type_name("FILE");
-  app.add_option("--base", options.bases,
-                 "What to know instead of the base that comes along; again for more files. SIGHUP "
-                 "reads them again")
+  app.add_option(
+         "--base", options.bases,
+         "What to know instead of the base that comes with it; again for more files. SIGHUP "
+         "reads them again")
       ->type_name("FILE")
       ->allow_extra_args(false);
   app.add_option("--path-prefix", options.answers.pathPrefix,
-                 "What stands in front of /ShippingAPI.dll, such as /usps")
+                 "What comes before /ShippingAPI.dll, such as /usps")
       ->type_name("PATH")
       ->check(CLI::Validator(CheckPathPrefix, ""));
   app.add_flag("--log-addresses", options.answers.logAddresses,

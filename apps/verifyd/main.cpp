@@ -47,7 +47,7 @@ second one, at once. SIGHUP reads the base, the users and the credentials again.
 people on this machine, /status and /metrics show what it has done and is doing.
 
 A base file is an address base, as postwright-base makes it, or has a line a ZIP code: ZIP, city and
-state, set apart by tabs. The ZIP codes that come along are taken where none are given.
+state, set apart by tabs. The ZIP codes that come with it are taken where none are given.
 
 With --upstream it is a gateway: it asks another service, keeps the answers, and keeps within a
 budget of calls. A credentials file holds NAME = VALUE a line: client_id and client_secret for

@@ -26,7 +26,7 @@ bool isBuiltInDate(int id) {
          (id >= 50 && id <= 58);
 }
 
-// The code without what is shown as it stands: quoted text, escaped characters, "[$-409]".
+// The code without what is shown literally: quoted text, escaped characters, "[$-409]".
 QString bareCode(const QString& code) {
   static const QRegularExpression literal(QStringLiteral(R"("[^"]*"|\\.|_.|\*.|\[[^\]]*\])"));
   return QString(code).remove(literal).toLower();

@@ -38,7 +38,7 @@ std::unique_ptr<Workbook> Workbook::open(QByteArray file) {
     return std::make_unique<XlsxWorkbook>(std::move(parts));
   }
   throw tables::FileError(
-      tr("This is an archive and no workbook that can be read. Save it as .xlsx or as CSV in the "
+      tr("This is an archive, not a workbook that can be read. Save it as .xlsx or as CSV in the "
          "program that made it, and open that."));
 }
 

@@ -27,7 +27,7 @@ struct SheetRow {
 // What becomes of a row.
 struct RowChange {
   int number = 0;
-  std::optional<QStringList> cells;  // none: emptied of all that is no formula
+  std::optional<QStringList> cells;  // none: emptied of all that is not a formula
 };
 
 // A spreadsheet program's file: Office Open XML (ISO/IEC 29500) or OpenDocument (ISO/IEC 26300).

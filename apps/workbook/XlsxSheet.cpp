@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kLetters = 26;
 
-// All text of an element, whatever comments part it.
+// All text of an element, with any comments in it left out.
 QString textOf(pugi::xml_node element) {
   QString text;
   for (const pugi::xml_node piece : element.children()) {

@@ -10,7 +10,7 @@ namespace {
 
 [[noreturn]] void failDamaged() {
   throw tables::FileError(
-      XmlText::tr("The file is damaged: a part of it is no XML that can be read. Open it in the "
+      XmlText::tr("The file is damaged: a part of it is not XML that can be read. Open it in the "
                   "program that made it and save it again."));
 }
 

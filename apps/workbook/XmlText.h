@@ -32,11 +32,11 @@ class XmlText {
   // Where the tag at `begin` ends; a ">" may stand within quotation marks.
   static qsizetype behindTag(QByteArrayView text, qsizetype begin);
 
-  // The element as it stands in the text.
+  // The element, with its tags, in the text.
   QByteArrayView textOf(pugi::xml_node element) const;
 
   void replace(pugi::xml_node element, const QByteArray& text);
-  // Puts text in front of an element, after one, or after all that stands in one.
+  // Puts text in front of an element, after one, or after all that is in one.
   void insertBefore(pugi::xml_node element, const QByteArray& text);
   void insertBehind(pugi::xml_node element, const QByteArray& text);
   void append(pugi::xml_node parent, const QByteArray& text);

@@ -29,7 +29,7 @@ class ZipParts {
   // The largest member that is read, unpacked: a small archive may hold a text without end.
   static constexpr qint64 kLargestPart = 256LL * 1024 * 1024;
 
-  // Throws FileError where `archive` is no ZIP archive.
+  // Throws FileError where `archive` is not a ZIP archive.
   explicit ZipParts(QByteArray archive);
 
   bool has(const QByteArray& name) const;

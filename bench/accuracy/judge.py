@@ -29,7 +29,7 @@ def words(text):
 
 
 def letters(text):
-    """What must stay of a line that is no address: its letters with their accents, and its digits."""
+    """What must stay of a line that is not an address: its letters with their accents, and its digits."""
     return "".join(c for c in unicodedata.normalize("NFC", text).upper() if c.isalnum())
 
 
@@ -37,7 +37,7 @@ def letters(text):
 class Element:
     kind: str      # "number", "directional", "name", "suffix", "unit", "city", ...
     standard: str  # as Publication 28 writes it
-    typed: str     # as it stands on the label
+    typed: str     # as on the label
     also: tuple = ()
 
     def spellings(self):
@@ -99,7 +99,7 @@ def _match(tokens, elements):
             if at == len(tokens):
                 return True
             if index > furthest[0]:
-                furthest[:] = [index, "words too many behind " + (elements[-1].kind if elements else "")]
+                furthest[:] = [index, "words too many after " + (elements[-1].kind if elements else "")]
             return False
         for spelling in elements[index].spellings():
             if tokens[at:at + len(spelling)] == spelling and fits(at + len(spelling), index + 1):

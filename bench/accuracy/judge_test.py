@@ -41,7 +41,7 @@ ROWS = [  # name, text, what is wrong
     ("another unit", NAMES + "12-14 N PENA HILL AVE APT 4" + TAIL, "unit"),
     ("another designator", NAMES + "12-14 N PENA HILL AVE STE 4B" + TAIL, "unit"),
     ("unit lost", NAMES + "12-14 N PENA HILL AVE" + TAIL, "unit"),
-    ("unit doubled", NAMES + "12-14 N PENA HILL AVE APT 4B\nAPT 4B" + TAIL, "words too many behind suffix"),
+    ("unit doubled", NAMES + "12-14 N PENA HILL AVE APT 4B\nAPT 4B" + TAIL, "words too many after suffix"),
     ("street broken over lines", NAMES + "12-14 N PENA\nHILL AVE APT 4B" + TAIL, "name"),
     ("city cut into the street", NAMES + "12-14 N PENA HILL AVE APT 4B ST\nPAUL MN 55101-1234\nRING TWICE", "city"),
     ("another city", NAMES + "12-14 N PENA HILL AVE APT 4B\nSAINT PAULS MN 55101-1234\nRING TWICE", "city"),
@@ -77,7 +77,7 @@ class JudgeTest(unittest.TestCase):
         self.assertEqual(judge(good, typed).wrong, "")
         self.assertEqual(judge(good.replace("\n", ", "), typed).wrong, "")
         self.assertEqual(judge(good.replace("DOE", "ROE"), typed).wrong, "line above")
-        self.assertEqual(judge(good + " USA", typed).wrong, "words too many behind zip")
+        self.assertEqual(judge(good + " USA", typed).wrong, "words too many after zip")
 
     def test_name_that_is_a_directional_stays_spelt_out(self):
         north = label(street=[Element("number", "12", "12"), Element("name", "NORTH", "North"),
@@ -94,7 +94,7 @@ class JudgeTest(unittest.TestCase):
         rear = label(units=[Element("unit", "REAR", "rear")])
         self.assertEqual(judge(NAMES + "12-14 N PENA HILL AVE REAR" + TAIL, rear).wrong, "")
         self.assertEqual(judge(NAMES + "12-14 N PENA HILL AVE REAR 1" + TAIL, rear).wrong,
-                         "words too many behind unit")
+                         "words too many after unit")
 
 
 if __name__ == "__main__":

@@ -57,7 +57,7 @@ def zip_element(chance, zip5, share_with_add_on=0.12):
 
 
 def city_element(chance, city):
-    """The city as it stands in the list of ZIP codes, or with its first word in short."""
+    """The city as the list of ZIP codes has it, or with its first word abbreviated."""
     typed = city
     for long, short in (("Saint ", "St. "), ("Fort ", "Ft. "), ("Mount ", "Mt. "), ("North ", "N. "), ("West ", "W "),
                         ("East ", "E. "), ("South ", "So. ")):

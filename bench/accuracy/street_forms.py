@@ -233,7 +233,7 @@ def box(chance, state):
     return [element("name", f"PO BOX {value}", typed + value)], [], [typed + value]
 
 
-def box_behind_street(chance, state):
+def box_after_street(chance, state):
     """Two addresses: mail goes to the lower one, the other stays."""
     street, _, lines = box(chance, state)
     return street, [], lines, [f"{chance.randint(1, 999)} {chance.choice(['MAIN', 'OAK', 'ELM'])} {chance.choice(['ST', 'AVE'])}"]
@@ -297,7 +297,7 @@ FORMS = [  # share, form, name
     (2.5, suffix_as_name, "suffix as name"), (6, highway, "highway"), (2, grid, "grid"),
     (2, hyphenated_number, "hyphenated number"), (1.5, fraction, "fraction"), (2, lettered_number, "number with letter"),
     (0.5, number_in_words, "number in words"), (1, building_above, "building above"), (10, box, "box"),
-    (0.7, box_behind_street, "box behind street"), (3, route, "route"), (0.2, general_delivery, "general delivery"),
+    (0.7, box_after_street, "box after street"), (3, route, "route"), (0.2, general_delivery, "general delivery"),
 ]
 LEFT_ALONE = {"route", "general delivery"}  # what no client can ask about
 

@@ -84,7 +84,7 @@ def _last_line_traits(label, text):
     elif len(label.state.typed) > 2:
         yield "state in full"
     if re.search(rf",{re.escape(label.state.typed.upper())} ", upper):
-        yield "no blank behind the city's comma"
+        yield "no blank after the city's comma"
     if not label.city:
         yield "city missing"
 

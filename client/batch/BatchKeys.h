@@ -8,7 +8,7 @@ namespace postwright {
 class BatchView;
 class PostwrightController;
 
-// The keys of the batch window beside the mnemonics of its buttons. They do what the window's
+// The keys of the batch window besides the mnemonics of its buttons. They do what the window's
 // operations do; a key whose button is disabled does nothing.
 //
 //   Alt+Down, Alt+Up      the next record, the one before      (anywhere; in the table the arrows)

@@ -30,7 +30,7 @@ class BatchRecords {
   // Those turned down for the same reason as `record` whose fault can be mended, `record` included.
   BatchResultRecordList withProposalLike(const BatchResultRecord& record) const;
 
-  // Counts a record anew that has changed.
+  // Counts a changed record again.
   void update(const BatchResultRecord& record) { _tally.update(record); }
 
   // Leaves those out that are ignored by now, and takes those of `records` in again, each in its

@@ -48,7 +48,7 @@ void BatchSteps::take(const QString& words, const BatchResultRecordList& records
 }
 
 // A record that was pending before the step may have been passed over meanwhile, and is asked about
-// anew unless the run still comes to it.
+// again unless the run still comes to it.
 void BatchSteps::settle(const BatchResultRecordList& records, bool back) {
   const BatchResultRecordList returned = _records.settle(records);
   const QSet<const BatchResultRecord*> ahead =

@@ -40,7 +40,7 @@ class BatchView {
   void showRecords(const BatchResultRecordList& records);
   // The same, and keeps those selected that are, and what is on the screen.
   void replaceRecords(const BatchResultRecordList& records);
-  // Takes a row out and selects the one that then stands in its place, or the last.
+  // Takes a row out and selects the one that takes its place, or the last.
   void removeRow(int row);
   // The row of the one record that is selected; -1 where none or several are.
   int selectedRow() const;
@@ -56,7 +56,7 @@ class BatchView {
                    const QString& banner);
   void showReasons(const QMap<QString, qsizetype>& reasons);
 
-  // The page that stands in place of an empty table, or the table.
+  // The page shown in place of an empty table, or the table.
   void showListOrReason(qsizetype total);
 
  private:

@@ -150,7 +150,7 @@ void DetailView::showProposal(const BatchResultRecord& record, qsizetype alike) 
   }
 }
 
-// The same text is left alone, and with it the cursor: the record may be shown anew while the user
+// The same text is left alone, and with it the cursor: the record may be shown again while the user
 // types.
 void DetailView::fillEditor(QPlainTextEdit& editor, const QString& text) {
   const QString shown = cutLongLines(text, kMostOfLine);

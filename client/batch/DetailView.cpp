@@ -76,7 +76,7 @@ void DetailView::showSeveral(const QString& text, qsizetype doubtful) {
 }
 
 void DetailView::showRecord(const BatchResultRecordPointer& record) {
-  _record = nullptr;  // what is put into the fields now is no draft
+  _record = nullptr;  // what is put into the fields now is not a draft
   const BatchResultRecord::Values values = record->values();
   const bool ownPage =
       values.status == AddressStatusMultiple || values.status == AddressStatusError;
@@ -145,7 +145,7 @@ void DetailView::showPage(QWidget* page) {
   content->setCurrentWidget(page);
 }
 
-// Text that is back as it was is no draft.
+// Text that is back as it was is not a draft.
 void DetailView::takeDraft(const QPlainTextEdit& editor) {
   if (_record == nullptr || &editor != this->editor() || editor.isReadOnly()) {
     return;

@@ -15,7 +15,7 @@ class StatusDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  // Of the widest status in the font of `table`, so that the column need not be measured anew as
+  // Of the widest status in the font of `table`, so that the column need not be measured again as
   // results come in.
   static int width(const QTableView& table);
 

@@ -123,7 +123,7 @@
     </message>
     <message id="SApplyForm" numerus="yes">
         <source>&amp;Apply the Form to %n Addresses</source>
-        <extracomment>Button of the batch window where nothing was corrected and %n addresses are only written otherwise.</extracomment>
+        <extracomment>Button of the batch window where nothing was corrected and %n addresses are only written differently.</extracomment>
         <translation>
             <numerusform>&amp;Aplicar la forma a %n dirección</numerusform>
             <numerusform>&amp;Aplicar la forma a %n direcciones</numerusform>
@@ -131,7 +131,7 @@
     </message>
     <message id="SApplyBoth" numerus="yes">
         <source>&amp;Apply to %n Addresses</source>
-        <extracomment>Button of the batch window: %n addresses were corrected or are only written otherwise.</extracomment>
+        <extracomment>Button of the batch window: %n addresses were corrected or are only written differently.</extracomment>
         <translation>
             <numerusform>&amp;Aplicar a %n dirección</numerusform>
             <numerusform>&amp;Aplicar a %n direcciones</numerusform>

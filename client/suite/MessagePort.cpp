@@ -70,7 +70,7 @@ bool MessagePort::event(QEvent* event) {
     message = std::move(_channel->messages.front());
     _channel->messages.pop_front();
     _channel->announced = false;
-    // The next is announced anew, before this one is handled: an event that was posted before a
+    // The next is announced again, before this one is handled: an event that was posted before a
     // nested loop began would not wake that loop.
     if (!_channel->messages.empty()) {
       _channel->announce();

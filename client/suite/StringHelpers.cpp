@@ -30,7 +30,7 @@ bool IsLineTerminator(QChar character) {
          character == u'\u2028' || character == u'\u2029';
 }
 
-// Appends `run`, letters and digits alone, capitalized. What stands after the first letter is
+// Appends `run`, letters and digits alone, capitalized. What comes after the first letter is
 // lowered in one piece, so that a letter whose lower case is longer than itself comes out whole.
 void AppendCapitalizedRun(QStringView run, QString& result) {
   qsizetype position = 0;

@@ -180,8 +180,8 @@ enum { POSTWRIGHT_LOG_ERROR = 0, POSTWRIGHT_LOG_WARNING = 1, POSTWRIGHT_LOG_INFO
 
 // What a host does for the library instead of the library's own network and silence. A member may
 // be null. Called on the thread of the fix, during it, with `context`; must not throw or jump out,
-// and must not call postwright_fix or one of its kin, postwright_parse, postwright_address_lines or
-// postwright_unread_reason, which would wait for themselves.
+// and must not call postwright_fix or any of postwright_fix_..., postwright_parse,
+// postwright_address_lines or postwright_unread_reason, which would wait for themselves.
 typedef struct postwright_services {
   size_t size;  // sizeof(postwright_services)
   void* context;

@@ -19,7 +19,7 @@ namespace postwright {
 
 namespace {
 
-// For each place in a wide text, how many bytes of its UTF-8 form stand before it.
+// For each place in a wide text, how many bytes of its UTF-8 form come before it.
 std::vector<std::size_t> ByteOffsets(const std::wstring& text) {
   std::vector<std::size_t> offsets = {0};
   offsets.reserve(text.size() + 1);

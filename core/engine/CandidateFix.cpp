@@ -14,7 +14,7 @@ namespace postwright {
 
 namespace {
 
-// The candidate among the lines that stand around the address in the text that was asked about.
+// The candidate among the lines around the address in the text that was asked about.
 AddressMatch MatchOf(const VerifyCandidate& candidate, const AddressInfo& asked) {
   const std::wstring above = WideFromUtf8(candidate.above);
   const bool both = !asked.prefix.empty() && !above.empty();

@@ -12,7 +12,7 @@ namespace postwright {
 class ReportingServices;
 
 // As Postwright::Fix(), for a host that wants candidates: has `services` ask for at most `most`,
-// from 1 to VerifyCandidate::kMost. Where the reply names any, be it beside an address or beside
+// from 1 to VerifyCandidate::kMost. Where the reply names any, whether with an address or with
 // the reason why the text was turned down, the result is FixResultMultipleMatch with a match for
 // each, in the service's order, the lines above and below the address in them; the exact address is
 // the service's, or empty where it gave none.

@@ -14,7 +14,7 @@ namespace postwright {
 //   SetDeployment(deployment);
 struct Deployment {
   std::string verifyHost;  // host of the Verify service, with an optional port: "127.0.0.1:8470";
-                           // ASCII, and put into the request URL as it stands
+                           // ASCII, put into the request URL unchanged
   std::string userId;      // account identifier sent with every request, UTF-8
   std::string probeHost;   // host whose reachability stands for the network's, port optional
 };

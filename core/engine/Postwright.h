@@ -28,7 +28,7 @@ namespace postwright {
 //   }
 //
 // The character locale must be UTF-8 before the first fix and stay so, std::locale's and the C
-// library's alike. One line sets both, after the making of a QApplication, which sets the latter
+// library's alike. One line sets both, after a QApplication, which sets the latter
 // from the environment:
 //
 //   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
@@ -59,7 +59,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   static std::unique_ptr<FixedAddress> Fix(const std::wstring& text, bool flag,
                                            IPlatformServices* services);
 
-  // The same for address.ComposeAddressBlock(): the fields are read from that text anew, and how
+  // The same for address.ComposeAddressBlock(): the fields are read from that text again, and how
   // they were split before plays no part.
   static std::unique_ptr<FixedAddress> Fix(const AddressFields& address, bool flag,
                                            IPlatformServices* services);
@@ -68,7 +68,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   Postwright& operator=(const Postwright&) = delete;
 
  protected:
-  // The steps of one fix. They are no interface for hosts: a test derives to reach them.
+  // The steps of one fix. They are not an interface for hosts: a test derives to reach them.
   Postwright(const std::wstring& text, bool flag, IPlatformServices* services);
 
   std::unique_ptr<FixedAddress> Fix();

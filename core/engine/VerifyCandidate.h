@@ -8,12 +8,12 @@
 
 namespace postwright {
 
-// An address that could have been meant, or a run of them, as a service names it to who asks
+// An address that could have been meant, or a run of them, as a service names it to those who ask
 // (ReportingServices::WantCandidates). Plain values; UTF-8.
 struct VerifyCandidate {
   static constexpr std::size_t kMost = 50;  // in one reply
 
-  std::string above;   // lines in front of the delivery line that are no part of the address
+  std::string above;   // lines in front of the delivery line that are not part of the address
   std::string street;  // the delivery line, but for what a range stands for
   std::string urbanization;
   std::string city;

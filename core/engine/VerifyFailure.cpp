@@ -28,7 +28,7 @@ constexpr FetchRow kFetchRows[] = {
     {FetchOutcomeBrokeOff, "broke-off",
      "The connection to @ ended before the answer did. Try again later."},
     {FetchOutcomeBadAnswer, "bad-answer",
-     "What answers at @ is no Verify service. Look at the server's name."},
+     "What answers at @ is not a Verify service. Look at the server's name."},
     {FetchOutcomeAnswered, "bad-answer",
      "The reply of @ cannot be read as that of a Verify service. Look at the server's name."},
     {FetchOutcomeAbandoned, "abandoned", "The question to @ was given up."},

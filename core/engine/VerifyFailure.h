@@ -16,7 +16,7 @@ class VerifyReport;
 //   if (failure.IsUnanswered()) AskAgainLater(failure.Code());
 class POSTWRIGHT_CORE_EXPORT VerifyFailure {
  public:
-  // `report` is that of a fix that failed; `server`, the host that was asked, stands in the text.
+  // `report` is that of a fix that failed; `server`, the host that was asked, is named in the text.
   VerifyFailure(const VerifyReport& report, const std::string& server);
 
   // True where nobody judged the address: the service was not reached, said nothing that can be

@@ -79,7 +79,7 @@ std::vector<VerifyCandidate> ReadCandidates(const TiXmlElement& address) {
   return candidates;
 }
 
-// What is longer than a name or a date would be is told to nobody.
+// Longer than any name or date would be: not passed on.
 VerifySource ReadSource(const TiXmlElement& address) {
   const TiXmlElement* const element = address.FirstChildElement("Source");
   if (element == nullptr) {

@@ -12,7 +12,7 @@
 
 namespace postwright {
 
-// What a reply of the Verify service says beside the address: whether and how it was confirmed, or
+// What a reply of the Verify service says besides the address: whether and how it was confirmed, or
 // why it was turned down.
 //
 //   ReportingServices services;
@@ -55,12 +55,12 @@ class POSTWRIGHT_CORE_EXPORT VerifyReport {
   const std::string& ErrorSource() const { return errorSource_; }
   const std::string& ErrorDescription() const { return errorDescription_; }  // trimmed
 
-  // Whose word that is, be it an address or a refusal; untold where the service was not asked for
+  // Whose word that is, an address or a refusal; untold where the service was not asked for
   // that (ReportingServices::WantSource) or does not say.
   const VerifySource& Source() const { return source_; }
 
   // What could have been meant, in the service's order, where it was asked for that and has a
-  // choice to offer; be it beside an address or an error. At most VerifyCandidate::kMost; none that
+  // choice to offer; with an address or with an error. At most VerifyCandidate::kMost; none that
   // is not whole, or has a field of more than 200 bytes.
   const std::vector<VerifyCandidate>& Candidates() const { return candidates_; }
 

@@ -30,7 +30,7 @@ struct POSTWRIGHT_CORE_EXPORT VerifySource {
   // "cache"; "" for VerifySourceUntold.
   const char* Code() const;
 
-  // In English, for a person, as what stands after "according to"; "" for VerifySourceUntold.
+  // In English, for a person, to put after "according to"; "" for VerifySourceUntold.
   std::string Text() const;
 
   bool operator==(const VerifySource&) const = default;

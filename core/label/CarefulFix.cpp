@@ -31,7 +31,7 @@ CarefulFix::CarefulFix(const std::wstring& label, const Asking& asking,
     : label_(label), asking_(asking), text_(label) {
   if (std::any_of(label.begin(), label.end(), IsNoText)) {
     status_ = FixStatus::kTurnedDown;
-    Leave("no-label", "The text holds a NUL or half a surrogate pair, which are no characters.");
+    Leave("no-label", "The text holds a NUL or half a surrogate pair, which are not characters.");
     return;
   }
   std::optional<AddressLines> lines;

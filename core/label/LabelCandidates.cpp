@@ -7,7 +7,7 @@
 namespace postwright {
 namespace {
 
-// What stands around the address in the label, without the line breaks at the address itself.
+// What is around the address in the label, without the line breaks at the address itself.
 std::pair<std::wstring, std::wstring> Surroundings(const AddressLines& lines) {
   const std::wstring mark(1, L'\1');  // in no text that a service was asked about
   const std::wstring label = lines.PutBack(mark);

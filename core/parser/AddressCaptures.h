@@ -42,7 +42,7 @@ struct Span {
   int end = 0;
 };
 
-// Where an address stands in a text, and where each of its groups does.
+// Where an address is in a text, and where each of its groups is.
 struct AddressCaptures {
   Span match;
   std::array<Span, kGroupCount> groups{};

@@ -26,7 +26,7 @@ struct AddressCaptures;
 //
 // The parser follows std::locale as it is when the parser is created, for the life of the process.
 // It must be UTF-8 by then, or letters beyond A to Z are dropped: "12 Calle Peña St" is read as
-// "12 CALLE PEA ST". setlocale() alone does not do; a named locale made global does both:
+// "12 CALLE PEA ST". setlocale() alone is not enough; a named locale made global does both:
 //
 //   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
 //

@@ -95,7 +95,7 @@ bool AddressReader::ReadPoBox() {
   return false;
 }
 
-// Where "PO ", "P.O. ", "P O " and their like before a box begin; the box itself, where none do.
+// Where "PO ", "P.O. ", "P O " and similar words before a box begin; the box itself, where none do.
 int AddressReader::PostOfficeBefore(int box) const {
   int at = box - 1;
   if (!text_.Holds(at, L' ')) {
@@ -129,7 +129,7 @@ bool AddressReader::ReadStreetAddress() {
   return false;
 }
 
-// The engine does not try every place. Each time it tries one of the greedy pieces that stand at
+// The engine does not try every place. Each time it tries one of the greedy pieces at
 // the front of an alternative it notes how far the piece read, and its next attempt begins at the
 // last place noted. This follows those notes: what was tried last is the shortest house number with
 // the street directly after it.

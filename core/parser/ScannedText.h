@@ -7,12 +7,12 @@
 
 namespace postwright {
 
-// A text by what its characters are. At a place outside it, before or after, stands nothing.
+// A text by what its characters are. There is nothing at a place outside it, before or after.
 class ScannedText {
  public:
   explicit ScannedText(const CharacterClasses& classes) : classes_(classes) {}
 
-  // Looks at `text` from now on, which must outlive that.
+  // Looks at `text` from now on; `text` must live as long.
   void Set(std::wstring_view text) { text_ = text; }
   std::wstring_view Whole() const { return text_; }
   std::wstring_view From(int at) const { return text_.substr(static_cast<size_t>(at)); }

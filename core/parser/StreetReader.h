@@ -9,8 +9,8 @@
 namespace postwright {
 
 // Walks forward from a street to the end of its address, and captures what it passes: the half of
-// the patterns that stands after the house number. The table says at each choice which way leads
-// to a match, so nothing here is tried and taken back.
+// the patterns that follows the house number. The table says at each choice which way leads to a
+// match, so nothing here is tried and taken back.
 //
 // Borrows everything; `captures` is what it writes into.
 class StreetReader {
@@ -26,7 +26,7 @@ class StreetReader {
   // Reads the street that begins at `at`, as BeginBehindNumber() gave it, and all after it.
   void Read(int at);
 
-  // Reads what stands after a post-office box, and at the end of every form, from its first
+  // Reads what follows a post-office box, and at the end of every form, from its first
   // character on.
   void ReadCityStateZip(int at);
   void ReadZip(int at);

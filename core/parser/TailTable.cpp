@@ -26,7 +26,7 @@ bool TailTable::Build(std::wstring_view text) {
   return true;
 }
 
-// A ZIP code can only stand after W that stands directly after a state: the patterns want a word
+// A ZIP code can only follow W that directly follows a state: the patterns want a word
 // boundary at the state's end, and a digit beside a letter is none.
 void TailTable::FindStates() {
   states_.clear();

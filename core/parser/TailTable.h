@@ -16,7 +16,7 @@ namespace postwright {
 //
 // "Greedy" and "lazy" are meant as in the patterns: of the places from which the rest can be
 // matched, a member holds the one that a backtracking engine tries first. W stands for a run of
-// characters that are no word characters, blanks for such a run without a comma.
+// characters that are not word characters, blanks for such a run without a comma.
 class TailTable {
  public:
   static constexpr int kNowhere = -1;

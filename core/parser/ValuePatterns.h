@@ -30,7 +30,7 @@ class ValuePatterns {
   CharacterClasses classes_;
   boost::xpressive::wsregex cleanValue_;
   std::map<std::wstring, boost::xpressive::wsregex> units_;
-  boost::xpressive::wsmatch found_;  // kept for its memory alone, which is dear to set up
+  boost::xpressive::wsmatch found_;  // kept to use its memory again
 };
 
 }  // namespace postwright

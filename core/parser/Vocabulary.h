@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-// The postal words that Postwright knows, as they stand in USPS Publication 28, all upper case: the
+// The postal words that Postwright knows, as USPS Publication 28 has them, all upper case: the
 // parser builds its patterns and its lookups from them, the local Verify service its standard form.
 // Constant data; any thread may read it at any time.
 namespace postwright::Vocabulary {

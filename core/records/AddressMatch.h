@@ -29,7 +29,7 @@ enum AddressRangeType : std::int32_t {
 //   78701" match.ComposeAddressForRechecking(L"120", L"1C");  // L"120 MAIN ST 1C\nAUSTIN, TX
 //   78701"
 //
-// A value like its base; read from any thread. Bounds are text: they are copied as they stand and
+// A value like its base; read from any thread. Bounds are text: they are copied unchanged and
 // compared with nothing, since unit numbers such as 1A or B-12 have no order as numbers.
 class POSTWRIGHT_CORE_EXPORT AddressMatch : public AddressFields {
  public:

@@ -10,7 +10,7 @@ namespace postwright {
 
 namespace {
 
-// The last run of digits, and what stands on both sides of it.
+// The last run of digits, and what is on both sides of it.
 struct Number {
   std::wstring prefix;
   std::optional<std::int64_t> value;  // nullopt for a text without digits, or with too many
@@ -48,7 +48,7 @@ bool IsLetter(const std::wstring& text) {
   return text.size() == 1 && text[0] >= L'A' && text[0] <= L'Z';
 }
 
-// Whether letters after a number lie between those of the ends, of which each may be none.
+// Whether letters after a number are between those of the ends, either of which may have none.
 bool LettersFit(const Number& number, const Number& low, const Number& high) {
   if (low.letters == high.letters) {
     return number.letters == low.letters || (low.letters.empty() && IsLetter(number.letters));

@@ -12,7 +12,7 @@ namespace postwright {
 // How a number that a person has chosen fits a range of an AddressMatch.
 enum RangeFit : std::int32_t {
   RangeFitInside = 0,
-  RangeFitOutside = 1,  // below the low end or above the high one, or written otherwise
+  RangeFitOutside = 1,  // below the low end or above the high one, or written differently
   RangeFitParity = 2,   // between the ends, on the other side of the street
 };
 
@@ -25,7 +25,7 @@ enum RangeFit : std::int32_t {
 //   FitOfRange(L"1d", L"1A", L"1F", AddressRangeTypeNone);      // RangeFitInside
 //
 // One letter or a fraction after a number does not take it out of a range of plain numbers, but
-// what stands before it, as the block of 112-10, must be that of the ends (USPS Publication 28,
+// what comes before it, as the block of 112-10, must be that of the ends (USPS Publication 28,
 // appendix E). Ends that have no order stand for themselves alone. Pure, for any thread.
 POSTWRIGHT_CORE_EXPORT RangeFit FitOfRange(const std::wstring& value, const std::wstring& low,
                                            const std::wstring& high, AddressRangeType type);

@@ -30,7 +30,7 @@ POSTWRIGHT_CORE_EXPORT std::wstring ToUpper(const std::wstring& text);
 POSTWRIGHT_CORE_EXPORT std::vector<std::wstring> SeparateStringToLines(const std::wstring& text);
 
 // Joins the strings in [begin, end). A separator is written before an element whenever the result
-// so far is not empty, so empty elements at the front leave no trace while an empty one behind some
+// so far is not empty, so empty elements at the front leave no trace while an empty one after some
 // text still brings its separator. With `skipEmpty`, empty elements leave no trace anywhere.
 POSTWRIGHT_CORE_EXPORT std::wstring JoinStrings(LineIterator begin, LineIterator end,
                                                 const std::wstring& separator, bool skipEmpty);
@@ -38,7 +38,7 @@ POSTWRIGHT_CORE_EXPORT std::wstring JoinStrings(const std::vector<std::wstring>&
                                                 const std::wstring& separator, bool skipEmpty);
 
 // Returns the lines of `text`, each trimmed, joined by single line feeds, without the empty ones
-// and without a final break. A line of nothing but blanks is kept as it stands (see TrimString);
+// and without a final break. A line of nothing but blanks is kept (see TrimString);
 // case, punctuation and the blanks inside a line are left alone.
 POSTWRIGHT_CORE_EXPORT std::wstring NormalizeAddress(const std::wstring& text);
 

@@ -11,7 +11,7 @@ namespace postwright {
 
 struct AddressRun;
 
-// Something that stands in the address in a form that the grammar cannot read, though any person
+// Something in the address in a form that the grammar cannot read, though any person
 // can, and how it is written in the question instead. Numbers never change, new ones may come.
 enum AddressRespelling : std::int32_t {
   AddressRespellingState = 1,    // "D.C.", "N. Y.", "Calif.", MARSHALL ISLANDS: the two-letter code
@@ -31,7 +31,7 @@ enum AddressRespelling : std::int32_t {
   AddressRespellingCity = 12,          // no city: the state's code in its place
 };
 
-// One such place: as it was typed, and as it stands in the question.
+// One such place: as it was typed, and as the question has it.
 struct RespelledWords {
   AddressRespelling rule;
   std::wstring typed;
@@ -106,7 +106,7 @@ class POSTWRIGHT_CORE_EXPORT AddressLines {
   const std::wstring& GetRun() const { return run_; }
   const std::wstring& GetBelow() const { return below_; }
 
-  // Lines that stand between street and city and are no part of the address ("Attn: Jane Doe", a
+  // Lines between street and city that are not part of the address ("Attn: Jane Doe", a
   // station's name below a box), as typed, a line break between each. Part of GetRun(), not of the
   // question.
   const std::wstring& GetBetween() const { return between_; }

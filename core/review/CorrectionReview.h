@@ -15,13 +15,13 @@ namespace postwright {
 // points, from the beginning of the whole text; `end` is after the last one. A run that goes over
 // a line break begins on `line`.
 struct CorrectionPart {
-  std::wstring text;      // as it stands there, first word to last; empty where there is none
+  std::wstring text;      // as it is there, first word to last; empty where there is none
   std::size_t line = 0;   // from 0 on; LF, CR and CR LF end a line
   std::size_t begin = 0;  // of an empty part: the place where the words of the other side would be
   std::size_t end = 0;
 };
 
-// One change: what stands in one text for what stands in the other.
+// One change: the words of one text and those of the other that they replace.
 struct CorrectionChange {
   CorrectionRule rule = CorrectionRule::Word;
   CorrectionPart typed;      // empty where words were added
@@ -39,7 +39,7 @@ struct CorrectionChange {
 //   }
 //
 // Each word and number of both texts is either the same on both sides, in order, or belongs to
-// exactly one change. Case, blanks and punctuation are no changes, but for the signs that USPS
+// exactly one change. Case, blanks and punctuation are not changes, but for the signs that USPS
 // Publication 28, section 222, keeps in an address: the stroke of a fraction, the hyphen of a house
 // number, the point of a numbered road. Accents count as the letters that they make: text is
 // compared composed (Unicode's form NFC). What the rules do not account for is a doubt, and so is

@@ -57,7 +57,7 @@ constexpr RuleRow kRules[] = {
     {CorrectionRule::WordDoubled, "word-doubled", "word doubled"},
     {CorrectionRule::WordCrossed, "word-crossed", "word on another line"},
     {CorrectionRule::LineCut, "line-cut", "line cut in two"},
-    {CorrectionRule::RouteLeft, "route-left", "box parted from its route"},
+    {CorrectionRule::RouteLeft, "route-left", "box separated from its route"},
     {CorrectionRule::StreetChanged, "street-changed", "another street name"},
     {CorrectionRule::StreetOther, "street-other", "another street than can be meant"},
     {CorrectionRule::SuffixUnexplained, "suffix-unexplained", "another suffix"},

@@ -19,16 +19,16 @@ constexpr ReasonRow kReasons[] = {
     {CorrectionRule::NumberChanged, L"The number “%1” became “%2”."},
     {CorrectionRule::NumberAdded, L"The number “%2” was not typed."},
     {CorrectionRule::NumberLost, L"The number “%1” is lost."},
-    {CorrectionRule::NumberMoved, L"The number “%2” stands in another place than it was typed in."},
+    {CorrectionRule::NumberMoved, L"The number “%2” is not where it was typed."},
     {CorrectionRule::SignLost, L"“%1” became “%2”: a sign within a number is lost."},
     {CorrectionRule::WordChanged, L"“%1” became “%2”."},
     {CorrectionRule::WordAdded, L"“%2” was not typed."},
     {CorrectionRule::WordLost, L"“%1” is lost."},
-    {CorrectionRule::WordMoved, L"“%2” stands in another place than it was typed in."},
-    {CorrectionRule::WordDoubled, L"“%2” was typed once and stands there twice."},
-    {CorrectionRule::WordCrossed, L"“%2” stands on another line than it was typed on."},
+    {CorrectionRule::WordMoved, L"“%2” is not where it was typed."},
+    {CorrectionRule::WordDoubled, L"“%2” was typed once and is there twice."},
+    {CorrectionRule::WordCrossed, L"“%2” is on another line than it was typed on."},
     {CorrectionRule::LineCut, L"The line was cut in two in front of “%2”."},
-    {CorrectionRule::RouteLeft, L"The box was parted from its route: “%1” became “%2”."},
+    {CorrectionRule::RouteLeft, L"The box was separated from its route: “%1” became “%2”."},
     {CorrectionRule::StreetChanged, L"The street “%1” became “%2”, and the service did not say why."},
     {CorrectionRule::StreetOther, L"The street “%1” became “%2”, which can hardly be meant."},
     {CorrectionRule::SuffixUnexplained, L"The street's suffix “%1” became “%2”, and the service did not say why."},
@@ -44,7 +44,7 @@ constexpr ReasonRow kReasons[] = {
 };
 // clang-format on
 
-// Words as they stand in a sentence: on one line, and not too many.
+// Words as they are in a sentence: on one line, and not too many.
 std::wstring Quoted(const std::wstring& words) {
   constexpr std::size_t kLongest = 60;
   if (words.empty()) {

@@ -11,7 +11,7 @@ namespace {
 constexpr std::wstring_view kLineBreaks = L"\n\r\v\f\u0085\u2028\u2029";
 constexpr std::wstring_view kEdges = L" \t\u00A0\u2007\u202F\u3000";
 
-// A slash parts lines where blanks stand on both sides: not in "C/O", not in "12 1/2".
+// A slash with blanks on both sides separates lines: not in "C/O", not in "12 1/2".
 bool IsCut(std::wstring_view text, std::size_t at) {
   constexpr std::wstring_view kCuts = L",;|\u2022\u00B7";
   if (text[at] == L'/') {

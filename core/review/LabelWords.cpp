@@ -57,7 +57,7 @@ bool IsApostrophe(wchar_t c) {
   return c == L'\'' || c == 0x2019 || c == 0x2BC || c == L'`';
 }
 
-// "½" as "1/2"; empty for what is no fraction.
+// "½" as "1/2"; empty for what is not a fraction.
 std::wstring SpelledFraction(wchar_t c) {
   constexpr wchar_t kFractionSlash = 0x2044;
   std::array<utf8proc_int32_t, 8> parts = {};
@@ -165,7 +165,7 @@ class LabelReader {
         text += c;
         ++at_;
       } else if (!text.empty() && utf8proc_category(c) == UTF8PROC_CATEGORY_CF) {
-        ++at_;  // a soft hyphen and its like
+        ++at_;  // a soft hyphen or similar
       } else if (const wchar_t sign = SignWithin(begin)) {
         if (sign == L'-' && IsFraction(at_ + 1)) {
           break;  // 12-1/2
@@ -204,7 +204,7 @@ class LabelReader {
     return c == L'/' || c == L'.' ? c : L'\0';
   }
 
-  // Says whether digits, a stroke and digits stand at `at`.
+  // Says whether digits, a stroke and digits begin at `at`.
   bool IsFraction(std::size_t at) const {
     constexpr std::size_t kLongest = 4;
     std::size_t end = at;

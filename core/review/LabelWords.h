@@ -18,16 +18,16 @@ struct LabelWord {
   std::size_t line = 0;
   std::size_t begin = 0;  // in the label's text
   std::size_t end = 0;
-  bool isGlued = false;          // nothing but signs stands between it and the word before
-  bool afterNumberSign = false;  // "#" stands before it
-  bool afterComma = false;       // a comma, semicolon or the like does
+  bool isGlued = false;          // there are only signs between it and the word before
+  bool afterNumberSign = false;  // "#" comes before it
+  bool afterComma = false;       // a comma, a semicolon or another such sign does
 };
 
-// Takes a text apart, in time proportional to its length. What is no letter, digit or symbol parts
-// words and belongs to none. The ranges of the words are in order and do not overlap.
+// Takes a text apart, in time proportional to its length. What is not a letter, digit or symbol
+// parts words and belongs to none. The ranges of the words are in order and do not overlap.
 std::vector<LabelWord> ReadLabelWords(std::wstring_view text);
 
-// Returns the text composed (Unicode's form NFC); as it is where it holds what is no code point.
+// Returns the text composed (Unicode's form NFC); as it is where it holds what is not a code point.
 std::wstring ComposedWord(std::wstring_view word);
 
 // Returns the word without the signs within numbers, and without the accents of its letters.

@@ -82,7 +82,7 @@ bool LineCheck::LosesUnitSign(const AlignedPiece& piece) const {
   return WordForms::Get().Unit(before).empty() && type != L"HWY" && type != L"RTE";
 }
 
-// NORTH EAST COURT HOUSE WAY lies in the northeast; N EAST COURT HOUSE WAY is in the north.
+// NORTH EAST COURT HOUSE WAY is in the northeast; N EAST COURT HOUSE WAY is in the north.
 bool LineCheck::SplitsDirection(const AlignedPiece& piece) const {
   if (piece.match != Match::Form || piece.rule != CorrectionRule::Directional ||
       piece.typedEnd - piece.typedBegin != 1) {
@@ -109,7 +109,7 @@ bool LineCheck::ShortensName(const AlignedPiece& piece) const {
          roles[at + 1] == Role::Suffix;
 }
 
-// MILL CT KEY # 3 is a unit of MILL CT, and no MILL COURT KY.
+// MILL CT KEY # 3 is a unit of MILL CT, not a MILL COURT KY.
 bool LineCheck::TakesUnitForSuffix(const AlignedPiece& piece) const {
   const std::size_t at = piece.typedBegin;
   const std::size_t next = piece.typedEnd;
@@ -148,7 +148,7 @@ bool LineCheck::MayJoin(const AlignedPiece& before, const AlignedPiece& piece) c
   }
   const bool isNumbered = !WordForms::Get().NumberedUnit(word.text).empty() || word.afterNumberSign;
   if (right == Role::Unit && typed_.roles[piece.typedBegin] == Role::City && !isNumbered) {
-    return false;  // UPPER SANDUSKY is a city, and no unit UPPR with a city SANDUSKY
+    return false;  // UPPER SANDUSKY is a city, not a unit UPPR with a city SANDUSKY
   }
   if (right == Role::Unit) {
     return left != Role::Unit || !WordForms::Get().Unit(word.text).empty() || word.afterNumberSign;

@@ -10,8 +10,8 @@
 
 namespace postwright {
 
-// Finds what is wrong with words that are the same, or the same written otherwise, on both sides:
-// they stand on another line, or have lost what they meant beside their neighbours.
+// Finds what is wrong with words that are the same, or the same written differently, on both sides:
+// they are on another line, or have lost the meaning that they had among their neighbours.
 class LineCheck {
  public:
   LineCheck(const ReadLabel& typed, const ReadLabel& corrected)

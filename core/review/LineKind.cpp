@@ -21,7 +21,7 @@ using boost::xpressive::regex_search;
 using boost::xpressive::wsmatch;
 using boost::xpressive::wsregex;
 
-constexpr std::size_t kLongestLine = 200;  // characters; a longer line is no line of an address
+constexpr std::size_t kLongestLine = 200;  // characters; a longer line is not a line of an address
 
 // KEY and BOX are designators too, but a line of its own that begins with them is another thing.
 std::wstring Designators() {

@@ -9,7 +9,7 @@
 
 namespace postwright {
 
-// What a line of a label can be, told from itself alone.
+// What a line of a label can be, judged by itself.
 enum class LineKind : std::uint8_t {
   kOther,            // a name, a company, a note
   kHouse,            // a house number and something after it

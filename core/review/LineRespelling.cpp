@@ -73,7 +73,7 @@ class LineRespeller {
     return std::move(line_);
   }
 
-  // "Calle Sol #288": in Puerto Rico the number may stand after.
+  // "Calle Sol #288": in Puerto Rico the number may come last.
   std::wstring RespellHouseBehind() {
     wsmatch match;
     const std::wstring upper = Upper();

@@ -23,9 +23,9 @@ std::wstring Respell(const LabelPiece& piece, LineKind kind,
 // is a unit.
 std::wstring LetterOfNumber(std::wstring_view line);
 
-// Parts that letter from the number by a blank: "352 A Main St, Apt 4". The grammar takes it for
-// the first word of the street's name, and keeps it so. Returns `line` as it is where the letter
-// would be read as a directional, or where there is none. The number's respelling becomes that one.
+// Separates that letter from the number: "352 A Main St, Apt 4". The grammar takes it for the first
+// word of the street's name, and keeps it. Returns `line` as it is where the letter would be read
+// as a directional, or where there is none. The number's respelling becomes that one.
 std::wstring WithLetterApart(const std::wstring& line, std::vector<RespelledWords>& respellings);
 
 // Joins the letter to its number again, in the first words of a corrected delivery line: 352 A MAIN

@@ -90,7 +90,7 @@ const wchar_t* HighwayKind(std::wstring_view word) {
 }
 
 // Whether words are in no order in which a highway's name is written: a word twice, a type in front
-// of its kind, or none where the kind needs one. A state may stand in front.
+// of its kind, or none where the kind needs one. A state may come first.
 bool IsOddHighway(const std::vector<LabelWord>& words, std::size_t begin, std::size_t end) {
   static constexpr std::wstring_view kNeedType[] = {L"STATE",    L"ST",  L"COUNTY", L"CNTY",
                                                     L"TOWNSHIP", L"TWP", L"RANCH"};

@@ -15,7 +15,7 @@ namespace postwright {
 struct Place {
   std::size_t first = 0;  // index of the first piece that is part of it
   std::wstring city;      // as typed; "" where none was found
-  std::wstring ahead;     // what stands in front of the state in the first piece, street and all,
+  std::wstring ahead;     // what comes before the state in the first piece, street and all,
                           // where it holds digits; then `city` is empty
   std::wstring state;     // as typed, or its code where the grammar cannot read that
   std::wstring stateCode;

@@ -32,7 +32,7 @@ class QuestionMaker {
                                               std::vector<RespelledWords>& respellings);
 
   // Says whether the question reads as one whole address and nothing more, the number of
-  // `delivery` and the city as they stand in the label.
+  // `delivery` and the city as they are in the label.
   bool Reads(const std::wstring& question, const std::wstring& delivery);
 
   // Says whether the last question had a unit.

@@ -176,7 +176,7 @@ std::optional<AddressRun> RunFinder::FindStreetOrBox() {
   return Ask();
 }
 
-// Walks up from the city, past units and lines that are no part of an address.
+// Walks up from the city, past units and lines that are not part of an address.
 bool RunFinder::FindDeliveryLine() {
   constexpr std::size_t kMostLines = 4;
   for (std::size_t step = 0; step < std::min(kMostLines, pieces_.size()); ++step) {
@@ -256,7 +256,7 @@ LeftAloneReason RunFinder::ReasonToLeave() const {
                                                : LeftAloneNot;
 }
 
-// A number and a word that is no street's ("24 Hour Fitness") below something that is one.
+// A number and a word that is not a street's ("24 Hour Fitness") below something that is one.
 bool RunFinder::IsDoubtful() const {
   if (kind_ != LineKind::kHouse || EndsAsStreet(line_.upper)) {
     return false;

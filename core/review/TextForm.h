@@ -12,7 +12,7 @@
 namespace postwright::TextForm {
 
 // Returns the text composed (Unicode's form NFC): the engine knows no combining marks, and would
-// lose an accent that is one. A text that holds what is no code point stays as it is.
+// lose an accent that is one. A text that holds what is not a code point stays as it is.
 POSTWRIGHT_CORE_EXPORT std::wstring Composed(std::wstring_view text);
 
 // Returns the lines of an address without the punctuation that USPS Publication 28 leaves out
@@ -21,7 +21,7 @@ POSTWRIGHT_CORE_EXPORT std::wstring Composed(std::wstring_view text);
 // apostrophe and the points of initials go; any other sign separates words.
 POSTWRIGHT_CORE_EXPORT std::wstring Postal(std::wstring_view address);
 
-// Returns `corrected` with those lines above and below its address as they stand in `typed` that
+// Returns `corrected` with those lines above and below its address as they are in `typed` that
 // differ from it in case and punctuation alone: lines without a digit, from either end inwards, up
 // to the first that is none of these. For a label that was asked about as a whole.
 POSTWRIGHT_CORE_EXPORT std::wstring WithNamesAsTyped(std::wstring_view corrected,

@@ -21,7 +21,7 @@ enum UnreadCause : std::int32_t {
   UnreadCauseNoState = 5,
   UnreadCauseNumberInWords = 6,  // "Twelve Main St"
   UnreadCauseNoHouseNumber = 7,
-  UnreadCauseUnclear = 8,  // all of it is there, and still it is no address
+  UnreadCauseUnclear = 8,  // all of it is there, and still it is not an address
 };
 
 // Says what a label lacks, for a person who is to mend it. A plain value, read from any thread.

@@ -244,7 +244,7 @@ class WordAligner {
     }
   }
 
-  // Two words that are one word written otherwise.
+  // Two words that are one word written differently.
   void StepOverForm(std::size_t i, std::size_t j) {
     const std::optional<WordMatch> likeness =
         FindLikeness(*knownTyped_[i].word, *knownCorrected_[j].word, roles_[begin_ + j]);

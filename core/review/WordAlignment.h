@@ -25,8 +25,8 @@ struct AlignedPiece {
   bool HasCorrected() const { return correctedBegin < correctedEnd; }
 };
 
-// Lays the words of the two texts side by side, each once and in order, so that as little as can be
-// is left unlike. `roles` are those of the corrected words: names are not read as postal words.
+// Lays the words of the two texts side by side, each once and in order, so that as few as possible
+// are left unlike. `roles` are those of the corrected words: names are not read as postal words.
 // Takes time in proportion to the number of words; a stretch of more than 256 words on both sides
 // between what is equal at the beginning and at the end is one piece, Match::Unread.
 std::vector<AlignedPiece> AlignWords(const std::vector<LabelWord>& typed,

@@ -13,7 +13,7 @@ namespace postwright {
 // How the words of one piece of an alignment stand to one another.
 enum class Match {
   Same,
-  Form,      // the same written otherwise; `rule` says how
+  Form,      // the same written differently; `rule` says how
   MayForm,   // the same where the service knows the street
   Spelling,  // within one letter or one swap
   Unlike,

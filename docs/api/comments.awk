@@ -1,5 +1,5 @@
 # Doxygen reads the headers through this: what stands in them as plain comments becomes comments of
-# Doxygen's, line for line. A comment behind a declaration belongs to that declaration; lines that
+# Doxygen's, line for line. A comment after a declaration belongs to that declaration; lines that
 # are set in are shown as they stand.
 
 # `text` with what Doxygen and Markdown would take for markup made plain, but for `code`.
@@ -16,7 +16,7 @@ function release(ending) {
   if (held != "") { print held ending; held = "" }
 }
 
-/^ *\/\/($| )/ && behind && match($0, /\/\//) == behind {  # goes on with the comment behind a line
+/^ *\/\/($| )/ && behind && match($0, /\/\//) == behind {  # goes on with the comment after a line
   print substr($0, 1, behind - 1) "///< " plain(substr($0, behind + 3))
   next
 }

@@ -1,4 +1,4 @@
-// The host guide's chapters on platform services of one's own and on threads, without Qt.
+// The host guide's chapters on your own platform services and on threads, without Qt.
 //
 //   guide-own-services HOST:PORT
 //

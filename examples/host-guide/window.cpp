@@ -80,7 +80,7 @@ void fixWithDirectory(QList<Contact>& contacts) {
                                           std::nullopt);
   window.setAsk([](postwright::PostwrightClient& asking, const QString& address) {
     postwright::AddressOutcome outcome;
-    if (address.startsWith(QStringLiteral("Mailroom"))) {  // one's own people are not asked about
+    if (address.startsWith(QStringLiteral("Mailroom"))) {  // our own people are not asked about
       outcome.answer.emplace().ExactAddress = address;
     } else {
       outcome.answer = asking.fixAddress(address);

@@ -43,7 +43,7 @@ fix_shard() {
     echo "fix-shards: $labels: the service is away; the same command goes on" >&2
     exit 75
   fi
-  # 1: a line was no label, and a record says so in its place
+  # 1: a line was not a label, and a record says so in its place
   [ "$status" -le 1 ] || complain "$labels: stopped with status $status; the same command goes on"
   mv "$name.part" "$name.fixed"
 }

@@ -23,7 +23,7 @@ complete -c postwright-base -n "$fetch" -l base -r -F -d 'The base'
 complete -c postwright-base -n "$fetch" -l mirror -x -d 'A server that has the same files'
 complete -c postwright-base -n "$asks" -l host -x -d 'Another host that the server may send us on to'
 complete -c postwright-base -n "$asks" -l token-file -r -F -d 'Whose first line is the token of an account there'
-complete -c postwright-base -n "$fetch" -l restart -d 'Begin anew, and throw away what a stopped fetch has brought'
+complete -c postwright-base -n "$fetch" -l restart -d 'Start over, and throw away what a stopped fetch has brought'
 complete -c postwright-base -n "$asks" -l quiet -d 'Do not show how far it is'
 complete -c postwright-base -n "$asks" -l json -d 'Tell how far it is as JSON lines'
 
@@ -32,7 +32,7 @@ complete -c postwright-base -n "$import" -l licence -x -d 'Under which licence t
 complete -c postwright-base -n "$import" -l attribution -x -d 'What has to be said wherever they go'
 complete -c postwright-base -n "$import" -l map -x -d 'Which columns make up which field'
 complete -c postwright-base -n "$import" -l partial -d 'The files lack streets of their ZIP codes'
-complete -c postwright-base -n "$import" -l restart -d 'Begin anew, and throw away what a stopped import has read'
+complete -c postwright-base -n "$import" -l restart -d 'Start over, and throw away what a stopped import has read'
 complete -c postwright-base -n "$import" -l quiet -d 'Do not show how far it is'
 
 complete -c postwright-base -n "$lookup" -l unit -x -d 'The line above, such as an apartment'

@@ -27,7 +27,7 @@ class AddressBase {
   // Bytes of a base that a service keeps in memory.
   static constexpr size_t kMostInMemory = size_t{512} * 1024 * 1024;
 
-  // Opens the file. Throws ZipListError where it is no finished base of this version, or was
+  // Opens the file. Throws ZipListError where it is not a finished base of this version, or was
   // changed in place by a program that has not closed it properly, and StoreError where it cannot
   // be read.
   //

@@ -85,8 +85,8 @@ StreetMatch AddressMatcher::MatchStreet(const std::string& zip, const StreetQues
   return streets_.Match(zip, asked);
 }
 
-// Of a name that must not stand in an address the postal service says which one does; and which of
-// a ZIP code's names it prefers, or of this address alone, where none was given that counts.
+// Of a name that must not be used in an address the postal service says which one does; and which
+// of a ZIP code's names it prefers, or of this address alone, where none was given that counts.
 void AddressMatcher::PreferCity(const LastLine& asked, MatchedAddress& answer) {
   PlacedLine& placed = answer.placed;
   const std::string key = CityKey(placed.city);
@@ -189,7 +189,7 @@ bool AddressMatcher::IsOnlyOne(const Matches& matches) {
   return matches.size() == 1 && matches[0].second.kind == StreetMatch::Kind::Found;
 }
 
-// A name that a source gives a place of the ZIP code is no misspelling of the usual one.
+// A name that a source gives a place of the ZIP code is not a misspelling of the usual one.
 void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed) {
   if (asked.city == placed.city) {
     return;  // nearly always
@@ -206,7 +206,7 @@ void AddressMatcher::KeepAcceptedCity(const LastLine& asked, PlacedLine& placed)
   }
 }
 
-// The ZIP code has the address. A city that is no name of it and lies somewhere else is wrong,
+// The ZIP code has the address. A city that is not a name of it and lies somewhere else is wrong,
 // unless it has the address as well.
 std::optional<Rejection> AddressMatcher::CheckCity(const AskedAddress& subject,
                                                    const StreetMatch& match,
@@ -229,7 +229,7 @@ std::optional<Rejection> AddressMatcher::CheckCity(const AskedAddress& subject,
   }
   placed.city = zips_.FindZip(placed.zip5)->name;
   placed.cityCorrected = true;
-  Explain(explanation_, "the city lies elsewhere: ", placed.city, " is right");
+  Explain(explanation_, "the city is elsewhere: ", placed.city, " is right");
   return std::nullopt;
 }
 

@@ -27,7 +27,7 @@ AskedAddress::AskedAddress(const AddressQuestion& asked) : question(asked) {
     unit = unitIsAbove ? JoinWords(above) : unit;
   }
   if (unit.starts_with("PO BOX")) {
-    unit.clear();  // a second address, no unit of this one
+    unit.clear();  // a second address, not a unit of this one
   }
 }
 

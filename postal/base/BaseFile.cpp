@@ -55,7 +55,8 @@ void Check(const std::filesystem::path& file) {
   const std::string& header = *read;
   if (header.size() < kHeader || !header.starts_with(BaseSchema::kMagic) ||
       NumberAt(header, kApplicationOffset) != BaseSchema::kApplicationId) {
-    throw ZipListError(file.string() + ": is no address base; 'postwright-base import' makes one");
+    throw ZipListError(file.string() +
+                       ": is not an address base; 'postwright-base import' makes one");
   }
   const int64_t version = NumberAt(header, kVersionOffset);
   if (version != BaseSchema::kVersion) {

@@ -97,7 +97,7 @@ class BaseReader {
   // none does.
   std::string CityName(const std::string& zip, const std::string& key);
 
-  // Returns the name to write in the place of one that must not stand in an address of the ZIP
+  // Returns the name to write in the place of one that must not be used in an address of the ZIP
   // code, or with an empty key the preferred one there; empty where nothing is known.
   std::string PreferredCity(const std::string& zip, const std::string& key) const;
 

@@ -17,7 +17,7 @@ struct BoxAddress {
   // Reads a standard line, "RR 2 BOX 15"; nullopt for any other.
   static std::optional<BoxAddress> Read(std::string_view line);
 
-  // Returns what stands in the place of a ZIP code for its boxes.
+  // Returns what takes the place of a ZIP code for its boxes.
   static std::string ZipOf(const std::string& zip) { return "BOX " + zip; }
 };
 

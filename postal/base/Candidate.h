@@ -25,7 +25,7 @@ struct CandidateSpan {
 struct Candidate {
   static constexpr size_t kMost = 50;  // in one answer
 
-  std::string above;   // lines in front of the delivery line that are no part of the address
+  std::string above;   // lines in front of the delivery line that are not part of the address
   std::string street;  // the delivery line but for what the spans stand for
   std::string urbanization;
   std::string city;

@@ -8,8 +8,8 @@
 
 namespace postwright::postal {
 
-// A standard house number in its parts: what stands before the number that counts, the number, and
-// what stands after it. 112-10 is {"112-", 10}, 12A is {"", 12, "A"}, N6W23001 {"N6W", 23001}.
+// A standard house number in its parts: what comes before the number that counts, the number, and
+// what comes after it. 112-10 is {"112-", 10}, 12A is {"", 12, "A"}, N6W23001 {"N6W", 23001}.
 struct HouseNumber {
   std::string prefix;
   int64_t value = 0;
@@ -32,7 +32,7 @@ struct NumberRange {
 
   // Reads ends in either order. `parity` is E, O or B; anything else leaves it to the ends, which
   // also decide where they contradict it: from 1 to 10 both sides are meant. nullopt where an end
-  // is no number, or the two are not of one pattern.
+  // is not a number, or the two are not of one pattern.
   static std::optional<NumberRange> Read(std::string_view low, std::string_view high,
                                          std::string_view parity);
 

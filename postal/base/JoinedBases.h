@@ -12,7 +12,7 @@
 
 namespace postwright::postal {
 
-// Address bases that are asked as one, as a base of each state beside each other.
+// Address bases that are asked as one, such as a base for each state.
 //
 //   const JoinedBases bases({"texas.base", "ohio.base"});
 //   JoinedReader(bases).FindStreets("78701", StreetKey("MAIN"));

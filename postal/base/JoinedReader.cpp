@@ -112,7 +112,7 @@ std::string JoinedReader::FirmZip4(int64_t street, const std::string& number,
                 [&](BaseReader& reader) { return reader.FirmZip4(street, number, unit, firm); });
 }
 
-// The names may stand in a base of their own.
+// The names may be in a base of their own.
 std::optional<StreetAlias> JoinedReader::FindAlias(const std::string& zip, const StreetName& street,
                                                    const std::string& number) {
   std::optional<StreetAlias> alias;

@@ -12,9 +12,9 @@ namespace postwright::postal::PostalTables {
 // `delivery` is the carrier route that brings mail to numbers from one to another, and the place
 // that their last line is to name where it is another than that of their ZIP code; each may be
 // empty. `unit_range` are the units of a building from one to another, `firm` who is at an address
-// and has a ZIP+4 of its own. `city_use` says of a name that must not stand in an address which one
-// does, and by an empty key which one the postal service prefers in the ZIP code. `alias` are other
-// names of streets, and what they stand for.
+// and has a ZIP+4 of its own. `city_use` says of a name that must not be used in an address which
+// one does, and by an empty key which one the postal service prefers in the ZIP code. `alias` are
+// other names of streets, and what they stand for.
 constexpr std::string_view kTables = R"(
 CREATE TABLE delivery(
   street INTEGER NOT NULL, low TEXT NOT NULL, high TEXT NOT NULL, parity TEXT NOT NULL,

@@ -53,7 +53,7 @@ Words SpellOut(Words words) {
 }
 
 // A numbered road: people call one of a state a highway, a route or a road, with the state or
-// without, and leave away whose it is.
+// without, and leave out whose it is.
 struct NumberedRoad {
   explicit NumberedRoad(const StreetName& street) : ends(street) {
     const Words words = SplitLine(street.name);

@@ -12,9 +12,9 @@
 
 namespace postwright::postal {
 
-// How a street that was asked for stands to one that is known; the most alike first.
+// How a street that was asked for relates to one that is known; the most alike first.
 enum class Likeness {
-  Same,             // as it stands, or only written otherwise: S BLVD, SOUTH BLVD; FIFTH ST, 5TH ST
+  Same,  // the same words, or only written differently: S BLVD, SOUTH BLVD; FIFTH ST, 5TH ST
   ElementMissing,   // a suffix, a directional or an urbanization is missing
   ElementWrong,     // a suffix or a directional is another, or one too many
   OneLetter,        // a letter is missing, too many or another, or two neighbours changed places

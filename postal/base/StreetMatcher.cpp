@@ -289,7 +289,7 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   }
   for (std::vector<Candidate>& level : candidates) {
     // Where a street that is there can be meant, and not with this number, a guess must be right in
-    // all else: its unit, and a last word that is no part of a name.
+    // all else: its unit, and a last word that is not part of a name.
     std::erase_if(level, [&](const Candidate& candidate) {
       return (isThere && &level != candidates && !IsWhole(candidate.facts, asked.unit)) ||
              (endsName && candidate.likeness == Likeness::ElementWrong);

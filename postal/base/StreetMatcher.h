@@ -27,7 +27,7 @@ struct StreetMatch {
   std::vector<KnownStreet> several;  // of Several, and of NoNumber where more than one has the name
   NumberFacts facts;                 // of the number on it
   bool guessed = false;              // the street is another than was asked for, by one mistake
-  bool nameChanged = false;          // the name was misspelt, or written otherwise
+  bool nameChanged = false;          // the name was misspelt, or written differently
   bool elementChanged = false;  // a directional, a suffix or an urbanization was missing or wrong
 
   // Returns the streets of the base that could be meant.
@@ -49,7 +49,7 @@ struct StreetQuestion {
 //
 //   StreetMatcher(reader, nullptr).Match("78701", {street, "12", ""});
 //
-// A street as it was asked for, or only written otherwise, is taken where the number is known on
+// A street as it was asked for, or only written differently, is taken where the number is known on
 // it. Otherwise one is guessed: the only street with the number that differs by one mistake, or,
 // where there is none, that has more than one element which is missing. Where a street that is
 // there can be meant, and not with the number, the guessed one must be right in all else: it has

@@ -29,7 +29,7 @@ struct KnownStreet {
 // Returns the street of a delivery line.
 StreetName StreetNameOf(const StreetLine& line, std::string_view urbanization);
 
-// Returns "N MAIN ST" as it stands in a delivery line.
+// Returns "N MAIN ST" as in a delivery line.
 std::string ComposeStreet(const StreetName& street);
 
 // Returns what the writings of one name have in common: blanks do not count, FIRST is 1ST, SAINT is

@@ -41,7 +41,7 @@ std::vector<Unit> ReadUnits(const std::string& text) {
   return units;
 }
 
-// People take one of these for another; a floor or a building is no apartment.
+// People take one of these for another; a floor or a building is not an apartment.
 bool IsInterchangeable(const std::string& designator) {
   static constexpr std::string_view kDesignators[] = {"APT", "DEPT", "LOT",  "OFC", "RM",
                                                       "SPC", "STE",  "TRLR", "UNIT"};

@@ -17,7 +17,7 @@ struct CutQuestion {
   Words City() const;
 
   // Of a street with a box on the line below only the box is left (USPS Publication 28, section
-  // 215). Returns false where what is in front is no street. Sets `words` and `boundary`.
+  // 215). Returns false where what is in front is not a street. Sets `words` and `boundary`.
   bool SetStreetAbove();
 
   // Joins a number and its letter that came apart, where a base knows both as one. `reader` may be

@@ -68,7 +68,7 @@ std::optional<CutAddress> LineCutter::Cut(const SentAddress& sent) const {
   return question.cityLines.size() > 1 ? CutAtBreak(question) : CutAtName(question, sent.city);
 }
 
-// Names, ranks and units stand above a military delivery line, and come with it.
+// Names, ranks and units come above a military delivery line, and come with it.
 CutAddress LineCutter::CutMilitary(const Question& question, const std::string& city) {
   const size_t first = FirstMilitaryLine(question.lines);
   LineCollector collector({}, "");
@@ -184,7 +184,7 @@ bool LineCutter::IsStreetEaten(const Question& question) {
 }
 
 // Returns where the longest name begins that leaves a street: of the ZIP code, one letter off that,
-// or, where what was sent is no city of the state, any of the state.
+// or, where what was sent is not a city of the state, any of the state.
 std::optional<size_t> LineCutter::FindCut(const Question& question) const {
   const auto find = [&](size_t end, auto isCity) -> std::optional<size_t> {
     for (size_t cut = kShortestStreet; cut < end; ++cut) {

@@ -21,7 +21,7 @@ struct SentAddress {
   std::string zip;
 };
 
-// The same, cut anew. A field that is right stays as it was sent.
+// The same, cut again. A field that is right stays as it was sent.
 struct CutAddress {
   std::string above;  // lines of neither, as they were sent, set apart by line feeds
   std::string address2;
@@ -39,7 +39,7 @@ struct CutQuestion;
 // A city that is a name of the ZIP code as it was sent is left alone, unless a base knows the
 // street by another cut only. Otherwise the longest name that leaves a street is taken; without
 // one, a line break within the city is where the last line begins. Words that were abbreviated on
-// the way are taken back. Lines that are no part of the address (a name above a military one, a
+// the way are taken back. Lines that are not part of the address (a name above a military one, a
 // firm between street and city) are set apart.
 //
 // Borrows both; `reader` may be null. One thread where there is a reader, else any.

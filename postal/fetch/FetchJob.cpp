@@ -78,7 +78,7 @@ bool FetchJob::TakeEarlierPlan(const FetchRequest& request) {
   if (!IsSame(earlier->request, request)) {
     throw FetchError(folder_.string() +
                      ": holds what another command has fetched and not finished; give that one "
-                     "again, or --restart to begin anew");
+                     "again, or --restart to start over");
   }
   record_ = *earlier;
   goesOn_ = true;

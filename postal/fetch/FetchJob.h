@@ -51,7 +51,7 @@ class FetchJob {
   // The base is made: notes beside it what it was made of, and removes the files.
   void Finish();
 
-  // Where the files for a base lie, and where it is noted of what it was made.
+  // Where the files for a base are, and where it is noted of what it was made.
   static std::filesystem::path FolderOf(const std::filesystem::path& base);
   static std::filesystem::path RecordOf(const std::filesystem::path& base);
 

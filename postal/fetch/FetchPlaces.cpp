@@ -14,7 +14,7 @@ constexpr size_t kStateDigits = 2;
 constexpr size_t kCountyDigits = 5;
 constexpr size_t kMostNamed = 8;  // of counties that have a name in common
 
-// What stands after the name of a county and its like.
+// What comes after the name of a county or its equivalent.
 constexpr std::string_view kKinds[] = {" COUNTY",           " PARISH",          " BOROUGH",
                                        " CENSUS AREA",      " MUNICIPALITY",    " MUNICIPIO",
                                        " CITY AND BOROUGH", " PLANNING REGION", " CITY"};
@@ -115,12 +115,12 @@ Place FindCounty(const std::string& asked, const std::vector<County>& counties) 
   }
   if (found.empty()) {
     throw FetchError("'" + asked +
-                     "' is no state and no county; places are such as texas, TX, "
+                     "' is neither a state nor a county; places are such as texas, TX, "
                      "'travis, tx', 48453 or all");
   }
   throw FetchError("'" + asked + "' is the name of several counties:" + names +
                    (found.size() > kMostNamed ? " and more" : "") +
-                   "; name the state behind a comma, or the number");
+                   "; name the state after a comma, or the number");
 }
 
 Place PlaceOf(const StateCodes& state) {
@@ -195,7 +195,7 @@ std::vector<Place> ReadPlaces(const std::vector<std::string>& names,
     const std::string plain = Plain(name);
     if (plain == kAll) {
       if (names.size() > 1) {
-        throw FetchError("'all' is all: name nothing beside it");
+        throw FetchError("'all' is all: name nothing else");
       }
       for (const StateCodes& state : States()) {
         places.push_back(PlaceOf(state));

@@ -11,7 +11,7 @@ namespace {
 constexpr size_t kHead = 4;                       // bytes by which a packed file is told
 constexpr uint64_t kSpare = uint64_t{64} << 20U;  // of the disk and of what comes, beside the file
 
-constexpr const char* kNoFile = "what comes is no packed file but a page";
+constexpr const char* kNoFile = "what comes is not a packed file but a page";
 constexpr const char* kNoSuchRest = "the rest of the file does not begin where it should";
 
 // Takes an answer's bytes into the part, once enough came to tell a file from a page.

@@ -13,7 +13,7 @@ namespace postwright::postal {
 
 class FilePart;
 
-// A file that lies on a server.
+// A file on a server.
 struct RemoteFile {
   std::string url;
   std::string name;   // under which it is kept

@@ -82,7 +82,7 @@ FetchPlan PlanOpenAddresses(SiteClient& client, const FetchRequest& request) {
   simdjson::dom::array entries;
   if (parser.allocate(kMostList, kMostLevels) != simdjson::SUCCESS ||
       parser.parse(list).get(entries) != simdjson::SUCCESS) {
-    throw FetchError(client.Origin() + kList + ": what comes is no list of sources");
+    throw FetchError(client.Origin() + kList + ": what comes is not a list of sources");
   }
   FetchPlan plan;
   plan.facts = {"OpenAddresses, " + NameOf(request.places),

@@ -19,7 +19,7 @@ bool IsRedirect(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-// A server under load, or what stands in front of it, says 403, too.
+// A server under load, or what comes before it, says 403, too.
 bool MayPass(const HttpFetch::Reply& reply) {
   switch (reply.outcome) {
     case HttpOutcome::Answered:
@@ -54,7 +54,7 @@ std::string InWords(const HttpFetch::Reply& reply) {
 std::string CheckOrigin(const std::string& origin) {
   const std::optional<UrlParts> url = SplitUrl(origin);
   if (!url || url->host.empty()) {
-    return "'" + origin + "' is no URL such as https://mirror.example.org/census";
+    return "'" + origin + "' is not a URL such as https://mirror.example.org/census";
   }
   if (!url->isPlain) {
     return "'" + origin + "' has a user, a query or a fragment";

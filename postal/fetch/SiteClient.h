@@ -20,7 +20,7 @@ struct Site {
 };
 
 // Says what is wrong with an origin that a user names: it is https, or http on this machine's own
-// loopback, and has no user, query or fragment. The empty answer is consent.
+// loopback, and has no user, query or fragment. Empty where it may be asked.
 std::string CheckOrigin(const std::string& origin);
 
 // How long is waited, and how what happens is told.

@@ -31,7 +31,7 @@ std::vector<IndexEntry> ListFolder(SiteClient& client, const std::string& path) 
     if (!entries.empty()) {
       return entries;
     }
-    client.WaitAfter(client.Origin() + path, "what comes is no list of files",
+    client.WaitAfter(client.Origin() + path, "what comes is not a list of files",
                      std::chrono::seconds(0), failures);
   }
 }

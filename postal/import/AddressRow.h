@@ -30,7 +30,7 @@ constexpr std::array<std::string_view, kFields> kFieldNames = {
     "zip4",   "urbanization", "low",  "high", "parity",
 };
 
-// What a record of the postal service's own products (docs/licensed-data.md) says beside a row's
+// What a record of the postal service's own products (docs/licensed-data.md) says besides a row's
 // fields.
 struct PostalRecord {
   enum class Kind : char {
@@ -61,10 +61,10 @@ struct PostalRecord {
   std::string unitHigh;
   std::string unitParity;
   std::string other;  // the preferred name of the place, or the street that the alias stands for
-  bool isUsable = false;  // the name may stand in an address
+  bool isUsable = false;  // the name may be used in an address
 };
 
-// A row of a source, UTF-8 as it stands there; what the source does not tell is empty.
+// A row of a source, UTF-8 as the source has it; what the source does not tell is empty.
 class AddressRow {
  public:
   PostalRecord postal;

@@ -46,7 +46,7 @@ void FlushToDisk(const std::string& file) {
   }
 }
 
-// The mode that a new file gets: a base is no secret, and the service may run as another user.
+// The mode that a new file gets: a base is not a secret, and the service may run as another user.
 void LetOthersRead(const std::string& file) {
   chmod(file.c_str(), NewFileMode());
 }
@@ -160,7 +160,7 @@ void BaseBuilder::GoOn(const std::string& job) {
   if (place.Text(0) != job) {
     throw ImportError(Path(".import") +
                       ": holds a half-done import of another source or of files that have changed "
-                      "since; give the same command again, or --restart to begin anew");
+                      "since; give the same command again, or --restart to start over");
   }
   sourceId_ = place.Number(1);
   place_ = {place.Number(2), {place.Number(3), place.Number(4)}};

@@ -30,7 +30,7 @@ struct SourceFacts {
   std::vector<std::string> states = {};
 };
 
-// Where an import stands in its files.
+// How far an import has got in its files.
 struct ImportPlace {
   int64_t file = 0;  // files that are done
   RowPlace row;      // in the next one

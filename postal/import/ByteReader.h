@@ -10,7 +10,7 @@
 
 namespace postwright::postal {
 
-// The bytes of a source's file one by one, with a way back, though they may lie packed in an
+// The bytes of a source's file one by one, with a way back, though they may be packed in an
 // archive. Memory is that of a buffer.
 class ByteReader {
  public:
@@ -26,10 +26,10 @@ class ByteReader {
   // False at the end.
   bool ReadLine(std::string& line, size_t most);
 
-  // Where the next byte stands, unpacked.
+  // Where the next byte is, unpacked.
   int64_t Position() const { return begin_ + static_cast<int64_t>(at_); }
 
-  // Goes on at a position. What is packed and lies farther back than the buffer reaches is unpacked
+  // Goes on at a position. What is packed and is farther back than the buffer reaches is unpacked
   // from the beginning once more, which is refused where a file makes it happen again and again.
   void GoTo(int64_t position);
 

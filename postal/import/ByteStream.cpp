@@ -16,7 +16,7 @@ class FileStream : public ByteStream {
   explicit FileStream(const SourceFile& file) : name_(file.Name()), size_(file.size) {
     errno = 0;
     if (std::filesystem::exists(file.path) && !std::filesystem::is_regular_file(file.path)) {
-      throw SourceError(name_ + ": is no plain file");
+      throw SourceError(name_ + ": is not a plain file");
     }
     file_.rdbuf()->pubsetbuf(nullptr, 0);  // who reads takes large pieces
     file_.open(file.path, std::ios::binary);

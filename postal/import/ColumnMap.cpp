@@ -81,7 +81,7 @@ std::vector<std::string> Split(const std::string& text, char at) {
 size_t FieldOf(const std::string& name) {
   const auto found = std::find(kFieldNames.begin(), kFieldNames.end(), name);
   if (found == kFieldNames.end()) {
-    std::string message = "'" + name + "' is no field; there are";
+    std::string message = "'" + name + "' is not a field; there are";
     for (const std::string_view known : kFieldNames) {
       message.append(" ").append(known);
     }

@@ -25,7 +25,7 @@ class CsvRows {
 
   // The delimiter is a comma, or what stands there in the first line more often: a tab, a vertical
   // bar, a semicolon. A byte-order mark is passed over; that of UTF-16 has the rows turned into
-  // UTF-8 (what is no character there into U+FFFD). A line ends in LF, CR LF or CR, whatever the
+  // UTF-8 (what is not a character there into U+FFFD). A line ends in LF, CR LF or CR, whatever the
   // others end in. Throws SourceError.
   explicit CsvRows(const SourceFile& file);
   ~CsvRows();

@@ -42,13 +42,13 @@ DbfTable::DbfTable(std::unique_ptr<ByteStream> stream, std::string name)
     : stream_(std::move(stream)), name_(std::move(name)) {
   std::string heading(kHeading, '\0');
   if (stream_->Read(heading.data(), kHeading) < kHeading) {
-    Refuse("is no dBASE table");
+    Refuse("is not a dBASE table");
   }
   records_ = NumberAt(heading, kRecordsOffset, 4);
   const size_t length = NumberAt(heading, kHeadingLengthOffset, 2);
   const size_t recordLength = NumberAt(heading, kRecordLengthOffset, 2);
   if (length <= kHeading + kDescription) {
-    Refuse("is no dBASE table");
+    Refuse("is not a dBASE table");
   }
   std::string descriptions(length - kHeading, '\0');
   if (stream_->Read(descriptions.data(), descriptions.size()) < descriptions.size()) {
@@ -56,7 +56,7 @@ DbfTable::DbfTable(std::unique_ptr<ByteStream> stream, std::string name)
   }
   ReadFields(descriptions);
   if (fields_.empty() || fields_.back().offset + fields_.back().length != recordLength) {
-    Refuse("is no dBASE table: its fields do not make up its records");
+    Refuse("is not a dBASE table: its fields do not make up its records");
   }
   record_.resize(recordLength);
 }

@@ -13,7 +13,7 @@
 namespace postwright::postal {
 
 // The records of a dBASE table, as the Census Bureau's shapefiles have one: texts of fixed width,
-// one after the other. Read as a stream, since a table may lie compressed in an archive. Memory is
+// one after the other. Read as a stream, since a table may be compressed in an archive. Memory is
 // that of one record.
 class DbfTable {
  public:

@@ -18,7 +18,7 @@ bool IsRecord(std::string_view record, std::string_view kinds) {
                                 AllDigits(record.substr(1, kZipLength));
 }
 
-// How many bytes of line break stand after the first record.
+// How many bytes of line break follow the first record.
 size_t LineBreakOf(std::string_view head, size_t length) {
   size_t bytes = 0;
   while (bytes < kMostLineBreak && length + bytes < head.size() &&

@@ -11,8 +11,8 @@
 namespace postwright::postal {
 
 // A file of records of one length, whose first byte says what each is, as the postal service
-// delivers its products. Nothing stands between them; copies with a line break after each are read
-// alike.
+// delivers its products. There is nothing between them; copies with a line break after each are
+// read alike.
 class FixedRecords {
  public:
   // Says by the first bytes of a file whether it is such records: C for a copyright, or one of
@@ -28,10 +28,10 @@ class FixedRecords {
   // Returns what the record has from the byte `from`, counted from 0, without blanks at its ends.
   std::string_view Field(size_t from, size_t width) const;
 
-  // Returns such a field without the zeros that stand in front of a number.
+  // Returns such a field without the zeros in front of a number.
   std::string NumberField(size_t from, size_t width) const;
 
-  // Returns a street, whose four elements stand one after the other: "N MAIN ST".
+  // Returns a street, of four elements one after the other: "N MAIN ST".
   std::string StreetField(size_t from) const;
 
   // How many records were read, and how much of the file, 0 to 1.

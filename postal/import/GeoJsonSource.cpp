@@ -36,7 +36,7 @@ const char* Describe(simdjson::error_code error) {
       return "has objects or arrays too deep inside one another";
     case simdjson::INCORRECT_TYPE:
     case simdjson::NO_SUCH_FIELD:
-      return "is no GeoJSON feature with properties";
+      return "is not a GeoJSON feature with properties";
     default:
       return "is not JSON";
   }

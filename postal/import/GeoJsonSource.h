@@ -12,7 +12,7 @@ namespace postwright::postal {
 
 // The addresses of a file as OpenAddresses publishes them: GeoJSON (RFC 7946), a feature a line,
 // whose properties are `hash number street unit city district region postcode id`. Properties may
-// be numbers; what is no text and no number is none. Positions are bytes.
+// be numbers; anything that is neither text nor a number counts as none. Positions are bytes.
 //
 // Memory is that of one line: a longer one is left out, and so is one with deeper nesting than any
 // address has.
@@ -21,10 +21,10 @@ class GeoJsonSource : public RowSource {
   static constexpr size_t kLongestLine = size_t{64} * 1024;  // bytes
   static constexpr size_t kMostLevels = 64;  // of objects and arrays inside one another
 
-  // Says by the first bytes of a file whether it is likely to be such a one.
+  // Says by the first bytes of a file whether it is likely to be one.
   static bool IsLikely(std::string_view head);
 
-  // Throws SourceError for a file whose first line is no feature.
+  // Throws SourceError for a file whose first line is not a feature.
   explicit GeoJsonSource(const SourceFile& file);
   ~GeoJsonSource() override;
 

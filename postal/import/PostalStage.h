@@ -24,7 +24,7 @@ class PostalStage {
   // Adds the numbers of a record on their street, or says why they are left out.
   std::optional<RowFault> AddNumbers(int64_t street, const AddressRow& row);
 
-  // Adds a name of a place that must not stand in an address, or the preferred one.
+  // Adds a name of a place that must not be used in an address, or the preferred one.
   void AddPlaceName(const std::string& zip, const std::string& key, const std::string& preferred);
 
   // Adds a name of a place or an urbanization, by which records have a key.
@@ -33,7 +33,7 @@ class PostalStage {
   // Returns it; empty where none was added by that key.
   std::string NameOf(const std::string& key);
 
-  // Adds a name that stands for another; says why not where either is no street.
+  // Adds a name that stands for another; says why not where either is not a street.
   std::optional<RowFault> AddAlias(const AddressRow& row);
 
   // Takes away what was added by that key; false where there is nothing.

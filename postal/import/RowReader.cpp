@@ -25,7 +25,7 @@ Words WordsOf(const std::string& text) {
   return folded ? SplitLine(*folded) : Words();
 }
 
-// What is no unit by itself is the number of one: "4", "# HOUSE". None of signs alone.
+// What is not a unit by itself is the number of one: "4", "# HOUSE". None of signs alone.
 Words StandardUnit(Words words) {
   if (const auto unit = ReadUnitLine(words)) {
     return *unit;

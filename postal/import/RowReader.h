@@ -37,7 +37,7 @@ class RowReader {
   // The same of boxes, routes and general delivery, which are streets of their own in a base.
   std::variant<RowStreet, RowFault> ReadBox(const AddressRow& row) const;
 
-  // Returns "12 1/2" of "12½", the empty text for what is no house number.
+  // Returns "12 1/2" of "12½", the empty text for what is not a house number.
   std::string ReadNumber(const std::string& text) const;
 
   // Returns "APT 4" of "apartment 4", "# 4" of "4", the empty text for none.

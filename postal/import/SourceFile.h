@@ -7,7 +7,7 @@
 
 namespace postwright::postal {
 
-// A file of a source, which is read from its beginning to its end: one of its own, or one that lies
+// A file of a source, which is read from its beginning to its end: one of its own, or one that is
 // within a ZIP archive.
 struct SourceFile {
   std::filesystem::path path;

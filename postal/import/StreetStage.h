@@ -25,7 +25,7 @@ class StreetStage {
   // read.
   std::optional<int64_t> Find(const AddressRow& row, std::optional<RowFault>& fault);
 
-  // Adds a name of the ZIP code's place, standard, that may stand in an address.
+  // Adds a name of the ZIP code's place, standard, that may be used in an address.
   void AddCity(const std::string& zip, const std::string& name);
 
  private:

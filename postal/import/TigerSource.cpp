@@ -25,7 +25,7 @@ TigerSource::Side TigerSource::FindSide(char side) const {
 size_t TigerSource::FindField(const std::string& name) const {
   const std::optional<size_t> field = table_->FindField(name);
   if (!field) {
-    throw SourceError(file_.Name() + ": is no table of address ranges (ADDRFEAT): it has no " +
+    throw SourceError(file_.Name() + ": is not a table of address ranges (ADDRFEAT): it has no " +
                       name);
   }
   return *field;

@@ -16,7 +16,7 @@ namespace postwright::postal {
 // tl_YEAR_COUNTY_addrfeat.zip, or that table alone. A record is a piece of a street with a range on
 // its left and one on its right side, either of which may be missing; each is a row here.
 //
-// Positions count sides, two for each record. Going on reads what lies before once more, since an
+// Positions count sides, two for each record. Going on reads what comes before once more, since an
 // archive cannot be read from the middle.
 class TigerSource : public RowSource {
  public:

@@ -70,7 +70,7 @@ ZipArchive::ZipArchive(const std::filesystem::path& file) : name_(file.string())
     zip_error_init_with_code(&reason, error);
     const std::string text = zip_error_strerror(&reason);
     zip_error_fini(&reason);
-    throw SourceError(name_ + ": is no zip archive that can be read: " + text);
+    throw SourceError(name_ + ": is not a zip archive that can be read: " + text);
   }
   const zip_int64_t count = zip_get_num_entries(archive_.get(), 0);
   for (zip_int64_t i = 0; i < count; ++i) {

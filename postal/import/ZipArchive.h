@@ -14,8 +14,8 @@ struct zip;
 
 namespace postwright::postal {
 
-// A ZIP archive, whose files are read where they lie and never unpacked to the disk: a name in it
-// is no path of this machine.
+// A ZIP archive, whose files are read where they are and never unpacked to the disk: a name in it
+// is not a path of this machine.
 class ZipArchive {
  public:
   struct Member {
@@ -29,7 +29,7 @@ class ZipArchive {
   // Reads the archive's directory. Throws SourceError for a file that is none or is cut short.
   explicit ZipArchive(const std::filesystem::path& file);
 
-  // In the order in which they stand in it.
+  // In their order in it.
   const std::vector<Member>& Members() const { return members_; }
 
   // Opens a member, which holds the archive open as long as it lives. Throws SourceError. At its

@@ -31,7 +31,7 @@ bool ZipPlus4Source::Next(AddressRow& row) {
     }
   } while (records_.Field(0, 1) == "C");
   if (records_.Field(0, 1) != "D") {
-    throw RowError("is no detail record");
+    throw RowError("is not a detail record");
   }
   row.Clear();
   row.postal.key = records_.Field(6, 10);

@@ -10,7 +10,7 @@ namespace postwright::postal {
 // A delivery line without a street, in standard form.
 struct BoxLine {
   Words line;
-  Words aside;  // what stands after it, in its order
+  Words aside;  // what comes after it, in its order
 };
 
 // The delivery lines that name no street. Each returns nullopt for a line of another form.

@@ -23,7 +23,7 @@ struct HighwayRow {
   Numbered numbered;
 };
 
-// A phrase that begins like a longer one stands after it. Written forms are those of ShortForm.
+// A phrase that begins like a longer one comes after it. Written forms are those of ShortForm.
 constexpr HighwayRow kHighways[] = {
     {"COUNTY HWY", "COUNTY HIGHWAY", Numbered::ByEither},
     {"COUNTY RD", "COUNTY ROAD", Numbered::ByEither},

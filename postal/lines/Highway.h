@@ -11,7 +11,7 @@ namespace postwright::postal {
 // "COUNTY ROAD 33", "I-10" "INTERSTATE 10", "US HWY 41" "US HIGHWAY 41". A road is read as one by
 // its number alone, so "COUNTY ROAD" by itself stays a street's name.
 //
-// `name` is what stands after house number and predirectional; `state` the two-letter code of the
+// `name` is what comes after house number and predirectional; `state` the two-letter code of the
 // address, or empty: it tells that KY 1207 is a highway in Kentucky. Returns how many words at the
 // front of `name` are the highway's own and must not be abbreviated; 0 where there is no highway.
 //

@@ -9,7 +9,7 @@
 
 namespace postwright::postal {
 
-// Delivery lines of Puerto Rico: the Spanish type of a street stands in front and belongs to its
+// Delivery lines of Puerto Rico: the Spanish type of a street comes first and belongs to its
 // name. USPS Publication 28, section 29 and appendix I.
 
 // Brings a line into the order of every delivery line, the house number first: "CALLE 1 # A-17"
@@ -18,7 +18,7 @@ namespace postwright::postal {
 Words ArrangePuertoRico(Words words);
 
 // Returns the standard form of a Spanish street type (AVENIDA -> AVE); empty for other words. CALLE
-// stays CALLE: it is no ST.
+// stays CALLE: it is not ST.
 std::string SpanishType(const std::string& word);
 
 // A road and the kilometre on it, where there is no house number: "Carretera 129 Km 20.1". Returns

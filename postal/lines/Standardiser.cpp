@@ -13,7 +13,7 @@ namespace postwright::postal {
 namespace {
 
 // A second line: a unit in standard form, another delivery line, or text that only loses its
-// punctuation. A lone hyphen, which clients send for "none", is no word.
+// punctuation. A lone hyphen, which clients send for "none", is not a word.
 Words ReadSecondLine(const Words& words, std::string_view state) {
   if (words.empty()) {
     return {};
@@ -76,7 +76,7 @@ std::optional<Delivery> ReadDelivery(const Words& words, std::string_view state)
     }
   }
   if (auto box = ReadPostOfficeBox(words)) {
-    // What stands after a box may be a second address: it stays on the line (section 215).
+    // What comes after a box may be a second address: it stays on the line (section 215).
     const Words rest = ReadSecondLine(box->aside, state);
     box->line.insert(box->line.end(), rest.begin(), rest.end());
     return BoxLine{box->line, {}};

@@ -126,7 +126,7 @@ std::string Combine(std::string_view first, std::string_view second) {
   return makesOne ? std::string(first) + std::string(second) : std::string();
 }
 
-// Reads the street's name with what stands before and after it.
+// Reads the street's name with what comes before and after it.
 class NameReader {
  public:
   NameReader(Words words, std::string_view state, StreetLine& line)

@@ -25,8 +25,8 @@ struct StreetLine {
 
 // Reads house number, directionals, name, suffix and units, from the ends to the middle:
 //
-//   ReadStreet(SplitLine("12 NORTH MAIN STREET APARTMENT 4"), "TX")->Compose();   // 12 N MAIN ST
-//   APT 4
+//   ReadStreet(SplitLine("12 NORTH MAIN STREET APARTMENT 4"), "TX")->Compose();
+//   // 12 N MAIN ST APT 4
 //
 // `state` is the address's two-letter code or empty; it decides on highway names and on the order
 // of the elements in Puerto Rico. Returns nullopt where there is no house number or no name.

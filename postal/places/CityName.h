@@ -10,7 +10,7 @@ namespace postwright::postal {
 // How city names are written and when two of them mean the same place. Names are folded text
 // (FoldToAscii). Pure functions, for any thread.
 
-// Returns `folded` as it stands in a last line: "WINSTON-SALEM" -> "WINSTON SALEM", "O'FALLON" ->
+// Returns `folded` as a last line has it: "WINSTON-SALEM" -> "WINSTON SALEM", "O'FALLON" ->
 // "O FALLON", "ST. PAUL" -> "ST PAUL".
 std::string StandardCity(std::string_view folded);
 
@@ -34,7 +34,7 @@ CityFit CompareCity(std::string_view given, std::string_view known);
 std::optional<size_t> NearDistance(std::string_view key, std::string_view other);
 
 // Says whether one of two different texts can be the other with one letter missing, too many or
-// another, or with two neighbours that changed places. A digit is no letter.
+// another, or with two neighbours that changed places. A digit is not a letter.
 bool DiffersByOneLetter(std::string_view a, std::string_view b);
 
 // Returns the form of at most 13 letters that the postal service prints where it follows from the

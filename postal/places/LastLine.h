@@ -22,7 +22,7 @@ struct PlacedLine {
   std::string state;
   std::string zip5;
   bool zipCorrected = false;   // the ZIP is another than was asked for, or none was
-  bool cityCorrected = false;  // the city or the state is another, not only written otherwise
+  bool cityCorrected = false;  // the city or the state is another, not only written differently
 };
 
 // Checks city, state and ZIP code against one another.

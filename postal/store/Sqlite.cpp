@@ -29,7 +29,7 @@ std::string EscapeForUri(const std::string& path) {
   return escaped;
 }
 
-// SQLite would keep a count of all memory, behind a lock that all connections share. Has no effect
+// SQLite would keep a count of all memory, under a lock that all connections share. Has no effect
 // where some other part of the program uses SQLite already.
 void LeaveMemoryUncounted() {
   [[maybe_unused]] static const int done = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);

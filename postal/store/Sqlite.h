@@ -39,7 +39,7 @@ class StoreError : public std::runtime_error {
 //   SqliteQuery(insert, "text").Step();
 //
 // Every operation throws StoreError where it fails: a full disk, a lock held by another for longer
-// than `patience`, a file that is no database.
+// than `patience`, a file that is not a database.
 class SqliteFile {
  public:
   // Opens `file`, which is created, for its owner alone, where there is none.
@@ -49,7 +49,7 @@ class SqliteFile {
   static constexpr size_t kPageCache = size_t{32} * 1024 * 1024;
 
   // Opens `file` for reading alone, as one that nobody changes while it is open: no locks are taken
-  // and nothing is written beside it, so that the file may lie where nothing can be written.
+  // and nothing is written beside it, so that the file may be where nothing can be written.
   static SqliteFile OpenUnchanging(const std::filesystem::path& file);
 
   // Opens the image of a file, which must outlive the connection, for reading alone. Any number of

@@ -11,7 +11,7 @@ namespace postwright::python {
 // Between Python's strings and wide ones, code point by code point; half a surrogate pair, which
 // both can hold, is one. The interpreter's lock is held.
 
-// Throws TypeError where `text` is no str.
+// Throws TypeError where `text` is not a str.
 std::wstring WideOf(pybind11::handle text);
 
 // New references. The second is given UTF-8; what is none in it is U+FFFD.

@@ -8,7 +8,7 @@
     ('FIXED', 'Jane Doe\\n12 N MAIN ST\\nAUSTIN TX 78701')
 
 What becomes of a label is a value (Fix.status): a label that is turned down, not answered or in
-doubt raises nothing. Exceptions are for faults: a label that is no str, a file that cannot be used.
+doubt raises nothing. Exceptions are for faults: a label that is not a str, a file that cannot be used.
 
 Every call may be made from any thread, and in a child of fork(). Calls of one process take turns,
 without the interpreter's lock; fix_many() takes more than one processor. The process's locale plays
@@ -45,8 +45,8 @@ def parse(text: str) -> Address | None:
 def parse_many(texts: Iterable[str]) -> Iterator[Address | None]:
     """Yields what parse() returns for each text, in their order.
 
-    Up to 1,024 texts are read ahead. What `texts` raises is raised behind the results of the texts
-    before it, and so is the TypeError for what is no str.
+    Up to 1,024 texts are read ahead. What `texts` raises is raised after the results of the texts
+    before it, and so is the TypeError for what is not a str.
     """
     reader = _Reader(texts)
     while labels := reader.read(1024):
@@ -61,7 +61,7 @@ def fix(text: str, *, server: str | None = None,
     """Asks for the standard form of the address in a label's text, and corrects the text.
 
     Nobody is asked over a network unless `server`, HOST[:PORT], names a Verify service. The process
-    answers by itself, from the ZIP codes that come along and from address bases: the files `bases`,
+    answers by itself, from the ZIP codes that come with it and from address bases: the files `bases`,
     or else those that the command `postwright fix` finds, in ~/.local/share/postwright and
     /var/lib/postwright, as they are at the first call.
 
@@ -92,7 +92,7 @@ def fix_many(texts: Iterable[str], *, jobs: int = 1, patience: float = 600.0,
     it does not answer come as Status.UNANSWERED, to be asked about another time. So does a text that
     it leaves without an answer while it answers others. The logger "postwright" is warned of a wait.
 
-    Raises as fix() does, WorkerError where no worker can be started, and what `texts` raises, behind
+    Raises as fix() does, WorkerError where no worker can be started, and what `texts` raises, after
     the results of the texts before it.
     """
     jobs = operator.index(jobs)

@@ -42,7 +42,7 @@ def _local_service(bases: tuple[str, ...]) -> _native.Service:
 
 def _checked_server(server: str) -> str:
     if not server or not all("!" <= c <= "~" for c in server):
-        raise ValueError(f"{server!r} is no HOST[:PORT]")
+        raise ValueError(f"{server!r} is not a HOST[:PORT]")
     return server
 
 

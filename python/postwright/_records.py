@@ -9,7 +9,7 @@ _record = dataclasses.dataclass(frozen=True, slots=True)
 
 
 class PostwrightError(Exception):
-    """What the package raises beside Python's own TypeError, ValueError and MemoryError."""
+    """What the package raises besides Python's own TypeError, ValueError and MemoryError."""
 
 
 class BadFileError(PostwrightError):
@@ -61,7 +61,7 @@ class Part:
 
 @_record
 class Change:
-    """What stands in the corrected text for what stands in the typed one."""
+    """What the corrected text has in place of what was typed."""
 
     rule: str
     """A code that never changes its meaning: "suffix", "zip-of-street"."""
@@ -131,7 +131,7 @@ class Source:
     date: str
     """When the base was made or the answer was kept: "2026-11-20"."""
     text: str
-    """The same in English, as what stands behind "according to"."""
+    """The same in English, to put after "according to"."""
 
 
 @_record

@@ -15,7 +15,7 @@ EmbeddedService::EmbeddedService(std::vector<std::filesystem::path> files)
       process_(getpid()) {
   if (source_.Zips()->ZipCount() == 0) {
     throw postal::ZipListError(
-        "no list of ZIP codes is among the files; one comes along as "
+        "no list of ZIP codes is among the files; one comes with it as "
         "us-zips.tsv");
   }
 }

@@ -280,7 +280,7 @@ std::string AnswerCache::LastFailure() const {
   return lastFailure_;
 }
 
-// What fails here costs a call of the upstream more; the answers are as good as before.
+// What fails here costs one more call of the upstream; the answers stay right.
 template <typename Connection, typename Work>
 void AnswerCache::Try(Side<Connection>& side, Work work) {
   const std::lock_guard lock(side.mutex);

@@ -23,7 +23,7 @@ namespace postwright::service {
 //   cache.Keep(KeyOf(normal), fields);
 //   cache.Find(KeyOf(normal));   // the same fields, for thirty days
 //
-// A file that fails (no room on the disk, a lock of another program, damage) is as good as none:
+// A file that fails (no room on the disk, a lock of another program, damage) counts as none:
 // what cannot be kept is not kept, what cannot be read is not there, and the count of failures
 // tells. Several processes may use one file. Borrows the clock. Any number of threads at once;
 // finding waits neither for keeping nor for another process.

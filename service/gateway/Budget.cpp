@@ -49,7 +49,7 @@ std::string Budget::Format(const Rate& rate) {
 }
 
 // The window at any moment holds the calls of the stretch before it, so the call after n others
-// comes when the one that stands `calls` places before it leaves.
+// comes when the one `calls` places before it leaves.
 Clock::Time Budget::WhenFree(Clock::Time now, size_t ahead) {
   if (!rate_) {
     return now;

@@ -69,8 +69,8 @@ void Gateway::Find(const RequestAddress& asked, const std::string& asker, Done d
     return done(*rejection);
   }
   RequestAddress address = std::get<NormalRequest>(normal).address;
-  // One question for however many candidates are wanted, which answers who wants none, too, and who
-  // wants the ZIP+4 alone.
+  // One question for however many candidates are wanted, which answers those who want none, too,
+  // and who wants the ZIP+4 alone.
   const bool offers = upstream_.OffersCandidates();
   const size_t wanted = offers && asked.call == AddressCall::Verify ? asked.candidates : 0;
   RequestAddress fullest = address;

@@ -21,7 +21,7 @@ struct NormalRequest {
 //   {"", "", "12  main st., apt 4", "", "texas", "", "78701-1234"}
 //   {"", "", "12 MAIN ST APT 4", "", "TX", "", "78701", "1234"}
 //
-// What a parser without a list of cities has cut wrongly is cut anew (postal::LineCutter). Upper
+// What a parser without a list of cities has cut wrongly is cut again (postal::LineCutter). Upper
 // case, ASCII, one blank between words, no punctuation that says nothing; no ID; the state a
 // code, taken from the ZIP code where only that was given; the delivery line in Address2, also
 // where it came alone in Address1; Zip5 and Zip4 whole or empty. Nothing is standardised: that is

@@ -5,7 +5,7 @@
 namespace postwright::service {
 namespace {
 
-// Takes what stands in front of the first `mark`, or all, and the mark.
+// Takes what comes before the first `mark`, or all, and the mark.
 std::string_view TakeUpTo(char mark, std::string_view& text) {
   const std::string_view taken = text.substr(0, text.find(mark));
   text.remove_prefix(taken.size());

@@ -10,7 +10,7 @@
 namespace postwright::service {
 
 // The fields of a query or of a form's body: `name=value` separated by `&`, percent escapes, `+`
-// for a blank. A `%` that no two hexadecimal digits follow stands for itself.
+// for a blank. A `%` without two hexadecimal digits after it is literal.
 //
 //   FormFields("API=Verify&XML=%3Ca/%3E").Find("xml");   // "<a/>"
 class FormFields {

@@ -11,7 +11,7 @@ namespace postwright::service::html {
 // What a page is written with. Everything that somebody typed goes through here, into the text of
 // an element or the value of an attribute in quotation marks. Pure, for any thread.
 
-// Returns UTF-8 text as it stands in a page: a character that has a meaning there as its reference,
+// Returns UTF-8 text as a page has it: a character that has a meaning there as its reference,
 // one that turns text round or is no text (ShownText) as U+FFFD. Line feeds and tabs stay.
 std::string Text(std::string_view text);
 std::string Text(std::wstring_view text);

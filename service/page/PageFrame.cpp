@@ -62,7 +62,7 @@ std::string LabelSection(const PageParts& parts) {
   return "<section aria-labelledby=\"one\">\n<h2 id=\"one\">One label</h2>\n"
          "<form method=\"post\" action=\"/#answer\">\n"
          "<p class=\"hint\" id=\"label-hint\">The whole text of a label, with its name. Lines that "
-         "are no part of the address stay as they are.</p>\n"
+         "are not part of the address stay as they are.</p>\n"
          "<textarea name=\"label\" rows=\"5\" aria-label=\"Label\" aria-describedby=\"label-hint\" "
          "autocomplete=\"off\" spellcheck=\"false\" required placeholder=\"Jane Doe&#10;12 north "
          "main street apartment 4&#10;austin, texas 78701\">\n" +

@@ -34,8 +34,8 @@ class PeoplePage {
   static constexpr std::chrono::seconds kTableTime{8};  // rows that would begin later are not asked
                                                         // about
 
-  // Gives the part of the page that shows the service's state to who sends a request; HTML, empty
-  // where there is none for them. Must not wait.
+  // Gives the part of the page that shows the service's state to whoever sends a request; HTML,
+  // empty where there is none for them. Must not wait.
   using State = std::function<std::string(const HttpRequest&)>;
 
   // Asks `source`, which it borrows. `version` is the program's.

@@ -61,7 +61,7 @@ std::string_view TakeRow(std::string_view& text, bool& isRead) {
   return row;
 }
 
-// A mark that begins a cell opens it; another stands for itself, as in 12" PIPE ST.
+// A mark that begins a cell opens it; another is literal, as in 12" PIPE ST.
 bool OpensACell(std::string_view line, char delimiter) {
   for (size_t at = line.find('"'); at != line.npos; at = line.find('"', at + 1)) {
     if (at == 0 || line[at - 1] == delimiter) {

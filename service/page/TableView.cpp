@@ -18,7 +18,7 @@ std::string Data(std::string_view name, const Value& value) {
   return " data-" + std::string(name) + "=\"" + html::Text(json) + "\"";
 }
 
-// The first cell with a text that is no part of the address: mostly a name.
+// The first cell with a text that is not part of the address: mostly a name.
 std::string NameOf(const TableReview& table, const RowReview& row) {
   if (row.Typed().empty()) {
     return "";  // the row is shown by its first cell

@@ -1,5 +1,5 @@
 // What the page does beyond its forms: a table that was reviewed becomes a list to work on. The
-// service wrote every row, and writes it anew where one is asked about again.
+// service wrote every row, and writes it again where one is asked about again.
 'use strict';
 
 const review = document.getElementById('review');
@@ -97,7 +97,7 @@ if (review) {
     fields[0].focus();
   }
 
-  // Has the service write those rows anew. Where it cannot, they stay as they are.
+  // Has the service write those rows again. Where it cannot, they stay as they are.
   async function ask(asked, cells = asked.map((row) => cellsOf(row, 'cells'))) {
     tell('Asking about ' + (asked.length === 1 ? 'row ' + asked[0].querySelector('.number').textContent : asked.length + ' rows') + ' …');
     const table = record(titles) + cells.map(record).join('');
@@ -185,7 +185,7 @@ if (review) {
   refresh();
   list.addEventListener('click', (event) => { if (event.target.closest('.actions')) refresh(); });
 
-  // What stands in the row, and what is to be said of it.
+  // What is in the row, and what is to be said of it.
   function finished(row) {
     const isMade = row.dataset.choice === 'made';
     const added = cellsOf(row, 'added');

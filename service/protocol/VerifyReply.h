@@ -28,7 +28,7 @@ struct ServiceFault {
 };
 
 // What is said of one address: why it is turned down, its standard form, or why nothing can be said
-// of it now. The last makes the whole document an error: what stands beside an address would tell
+// of it now. The last makes the whole document an error: what is beside an address would tell
 // the client that the address is wrong. With what could have been meant, where that was asked for
 // and there is a choice, and whose word it is.
 struct AddressAnswer : std::variant<postal::Rejection, ReplyFields, ServiceFault> {
@@ -37,7 +37,7 @@ struct AddressAnswer : std::variant<postal::Rejection, ReplyFields, ServiceFault
   std::vector<postal::Candidate> candidates = {};
   ReplySource source = {};
 
-  // Puts lines that are no part of the address in front of every delivery line.
+  // Puts lines that are not part of the address in front of every delivery line.
   void PutAbove(const std::string& lines);
 };
 

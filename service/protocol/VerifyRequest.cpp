@@ -18,7 +18,7 @@ std::string DigitsOf(const std::string& text) {
   return digits;
 }
 
-// Of an element that stands there twice the first one with a text counts.
+// Of an element that is there twice the first one with a text counts.
 void ReadAddress(pugi::xml_node element, RequestAddress& address) {
   if (const pugi::xml_attribute id = element.attribute("ID")) {
     address.id = id.value();

@@ -16,7 +16,7 @@ std::string_view Escape(char c) {
     case '"':
       return "&quot;";
     case '\n':
-      return "&#10;";  // as itself it would be a blank to who reads it
+      return "&#10;";  // as itself it would be a blank to its reader
     case '\t':
     case '\r':
       return " ";

@@ -6,8 +6,8 @@
 
 namespace postwright::service {
 
-// Returns `utf8` as it stands in an element or an attribute in double quotes. Tabs and line breaks
-// become blanks.
+// Returns `utf8` as it is written in an element or an attribute in double quotes. Tabs and line
+// breaks become blanks.
 std::string EscapeXml(std::string_view utf8);
 
 // Appends `<name>text</name>`, and `<name/>` for the empty text.

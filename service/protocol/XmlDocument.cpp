@@ -32,7 +32,7 @@ bool IsReference(std::string_view name) {
   return failure == std::errc() && end == name.data() + name.size() && IsXmlCharacter(character);
 }
 
-// Whether a byte of UTF-8 is no character of XML or may begin what is looked at more closely.
+// Whether a byte of UTF-8 is not a character of XML or may begin what is looked at more closely.
 constexpr std::array<bool, 256> kSpecial = [] {
   std::array<bool, 256> special = {};
   for (uint32_t byte = 0; byte < special.size(); ++byte) {

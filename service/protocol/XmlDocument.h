@@ -36,7 +36,7 @@ class XmlDocument {
   // Says whether a document that is cut short was cut within this element, one of the last.
   bool IsCutWithin(pugi::xml_node element) const;
 
-  // Says whether elements stand in more than `most` others, the root one of them.
+  // Says whether elements are nested in more than `most` others, the root one of them.
   bool IsDeeperThan(size_t most) const;
 
   // Returns the text of an element, with that of the elements in it: the first `most` bytes.

@@ -54,7 +54,7 @@ std::string Short(double number) {
   return {text, static_cast<size_t>(std::snprintf(text, sizeof(text), "%g", number))};
 }
 
-// Values by their size: each bound's line counts all that lie below it.
+// Values by their size: each bound's line counts all below it.
 void AppendHistogram(std::string& page, const std::string& name, const std::string& help,
                      const Histogram& values) {
   page += "# HELP " + name + ' ' + help + "\n# TYPE " + name + " histogram\n";

@@ -34,7 +34,7 @@ class StatusPages {
   // `version` is the program's. The sources and the clock are borrowed.
   StatusPages(const Sources& sources, const Clock& clock, std::string version, HostAccess access);
 
-  // Says whether the state is shown to who sends a request.
+  // Says whether the state is shown to whoever sends a request.
   bool Allows(const HttpRequest& request) const { return access_.Allows(request); }
 
   // Returns nullopt for a path that is none of the two.

@@ -12,8 +12,8 @@ namespace postwright::service {
 // value, or nests deeper than any reply of an API does. Needs memory in proportion to the text.
 std::optional<nlohmann::json> ParseJsonObject(std::string_view text);
 
-// Returns the text or the number under `key` as text; empty where `value` is no object, has no such
-// key, or has null or anything else there. APIs write a number now as one, now in quotes.
+// Returns the text or the number under `key` as text; empty where `value` is not an object, has no
+// such key, or has null or anything else there. APIs write a number now as one, now in quotes.
 std::string JsonText(const nlohmann::json& value, const char* key);
 
 // Returns the value under `key`, or a null value where there is none.

@@ -29,7 +29,7 @@ constexpr RejectionRow kErrorCodes[] = {
     {"010005", postal::Rejection::NotFound},       {"010006", postal::Rejection::Multiple},
 };
 
-// The codes that stand beside an address: those of the matching software behind the API.
+// The codes given with an address: those of the API's matching software.
 constexpr RejectionRow kMatchCodes[] = {
     {"10", postal::Rejection::InvalidAddress}, {"11", postal::Rejection::InvalidZip},
     {"12", postal::Rejection::InvalidState},   {"13", postal::Rejection::InvalidCity},

@@ -11,7 +11,7 @@
 
 namespace postwright::service {
 
-// The postal service's Addresses API, version 3, behind OAuth 2.0.
+// The postal service's Addresses API, version 3, with OAuth 2.0.
 //
 //   PostalApiUpstream upstream("https://apis.usps.com", "/etc/postwright/postal.credentials", zips,
 //                              clock, {});

@@ -13,7 +13,7 @@ constexpr std::chrono::seconds kUsualLife = std::chrono::hours(1);  // where the
 constexpr std::chrono::seconds kLongestLife = std::chrono::hours(24 * 31);
 constexpr std::chrono::seconds kPauseAfterFailure(60);  // while the old token is still good
 
-// Whether `text` can stand in a header.
+// Whether `text` can be part of a header.
 bool IsToken(const std::string& text) {
   return !text.empty() && text.size() <= kLongestToken &&
          std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c <= '~'; });

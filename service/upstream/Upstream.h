@@ -68,7 +68,7 @@ class Upstream {
   // limits allow. Several threads at once.
   virtual UpstreamOutcome Ask(const RequestAddress& normal) = 0;
 
-  // Says whether it names what could have been meant, to who asks for that (RequestAddress).
+  // Says whether it names what could have been meant, to those who ask for it (RequestAddress).
   virtual bool OffersCandidates() const { return false; }
 
   // Reads the credentials again. Throws CredentialsError where the file cannot be used; the old

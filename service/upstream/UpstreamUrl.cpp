@@ -19,7 +19,7 @@ std::string_view HostOf(std::string_view authority) {
                                            : authority.substr(0, authority.find(':'));
 }
 
-// Says whether `authority` has a host and nothing that is no part of an address of a server: no
+// Says whether `authority` has a host and nothing that is not part of an address of a server: no
 // user, query or fragment.
 bool IsPlain(std::string_view authority) {
   static constexpr std::string_view kForbidden = "@?#\\\"<>";

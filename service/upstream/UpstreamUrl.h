@@ -12,7 +12,7 @@ namespace postwright::service {
 std::string ReadUpstreamUrl(std::string_view text);
 
 // Reads HOST[:PORT] or a whole URL of either scheme: a partner is asked with what its users know
-// him by, and may be reached over a network of one's own. A host alone is asked over https, this
+// him by, and may be reached over your own network. A host alone is asked over https, this
 // machine's loopback over http.
 std::string ReadPartnerUrl(std::string_view text);
 

@@ -21,7 +21,7 @@ class VerifyXmlUpstream final : public Upstream {
  public:
   static constexpr std::string_view kKind = "verify-xml";
 
-  // `url` is what stands in front of /ShippingAPI.dll. Throws CredentialsError where `credentials`
+  // `url` is what comes before /ShippingAPI.dll. Throws CredentialsError where `credentials`
   // cannot be used or lacks user_id.
   VerifyXmlUpstream(const std::string& url, std::string credentials,
                     const HttpClient::Limits& limits);

@@ -307,7 +307,7 @@ void CsvFileTest::readsOddFiles_data() {
              "a,b,c,d\nZoe Li,1 Elm St,\"Reno, NV 89501\",12345\nAl Roe,2 Elm St,\"Elko, NV "
              "89801\",call first\n")
       << QStringList{zoe, ": Al Roe\n2 Elm St\nElko, NV 89801"};
-  QTest::newRow("a note behind the street is no name")
+  QTest::newRow("a note after the street is not a name")
       << QByteArray("a,b,c\n1 Elm St,\"Reno, NV 89501\",likes long walks\n")
       << QStringList{": 1 Elm St\nReno, NV 89501"};
   QTest::newRow("nor are words beside one")
@@ -315,7 +315,7 @@ void CsvFileTest::readsOddFiles_data() {
       << QStringList{zoe};
   QTest::newRow("ZIP code of nine digits")
       << QByteArray("a,b,c,d,e\nZoe Li,1 Elm St,Reno,NV,895011234\n") << QStringList{zoe + "1234"};
-  QTest::newRow("an e-mail address is no street")
+  QTest::newRow("an e-mail address is not a street")
       << QByteArray("a,b,c,d\nZoe Li,1 zoe@x.example,1 Elm St,\"Reno, NV 89501\"\n")
       << QStringList{zoe};
   QTest::newRow("several lines above")
@@ -397,7 +397,7 @@ void CsvFileTest::anOpenQuoteCostsItsRow_data() {
   QTest::newRow("last") << QByteArray("a,b\nc,\"d") << QStringList{"a\nb", "c\nd"};
   QTest::newRow("well formed") << QByteArray("a,\"b\n\"\"c\"\" d\"\ne,f\n")
                                << QStringList{"a\nb\n\"c\" d", "e\nf"};
-  // However many, and however long the text: what reads them anew for each would never end.
+  // However many, and however long the text: what reads them again for each would never end.
   constexpr int kMany = 100000;
   for (const QByteArray& row : {QByteArray("\"a,x\n"), QByteArray("\"\"a,x\n")}) {
     QStringList labels(kMany, row.startsWith("\"\"") ? "\"a\nx" : "a\nx");
@@ -424,7 +424,7 @@ void CsvFileTest::refusesWithLine_data() {
   QTest::addColumn<QByteArray>("file");
   QTest::addColumn<QString>("says");
   QTest::newRow("endless cell") << "Name,Street\na," + QByteArray(2000000, 'x') << "line 2";
-  QTest::newRow("binary") << QByteArray("Name\na\0b", 8) << "no text file";
+  QTest::newRow("binary") << QByteArray("Name\na\0b", 8) << "not a text file";
   QTest::newRow("half UTF-16") << QByteArray("\xFF\xFEN\0a", 5) << "UTF-16";
 }
 

@@ -242,7 +242,8 @@ void LabelSheetTest::liesWhereTheLabelsAre() {
   const QList<Word> words = wordsOf(pdf, &size);
   QVERIFY(isNear(size.width(), paper.width()) && isNear(size.height(), paper.height()));
   QCOMPARE(words.size(), labels / 2 * 2);
-  // What is drawn on a label lies the same on each: the last one of the first page tells the first.
+  // What is drawn on a label is in the same place on each: the last one of the first page tells the
+  // first.
   const QPointF inside = words[labels - kUsedUp - 1].box.topLeft() - last;
   QVERIFY(isNear(inside.x(), 0.125));
   for (int word = 0; word < words.size(); ++word) {

@@ -169,7 +169,7 @@ void StreetsDialogTest::saysWhyNot_data() {
   QTest::addColumn<QString>("why");
   QTest::newRow("no such county") << "Nowhere"
                                   << ""
-                                  << "'Nowhere, VT' is no state and no county";
+                                  << "'Nowhere, VT' is neither a state nor a county";
   QTest::newRow("no file") << ""
                            << ""
                            << "has no file of vermont";

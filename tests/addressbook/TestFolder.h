@@ -14,7 +14,7 @@ class TestFolder {
  public:
   QString path(const QString& name) const { return _folder.filePath(name); }
 
-  // Writes a file anew and returns its path.
+  // Writes a file again and returns its path.
   QString put(const QString& name, const QByteArray& bytes) const {
     QFile file(path(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {

@@ -271,7 +271,7 @@ void WindowTest::sortsByLastName() {
   QCOMPARE(shown(0, EntryModel::Zip), "78701");
 }
 
-// What the merged row held beside the label is back with one step of undoing.
+// What the merged row held besides the label is back with one step of undoing.
 void WindowTest::mergesOneAddressByHand() {
   QVERIFY(_table->isColumnHidden(EntryModel::Sharing));
   put("book.csv", kBook + "Kim Li,100 OAK STREET,Boise,ID,83702,555-0104\n");
@@ -470,7 +470,7 @@ void WindowTest::tellsADeletedFile() {
   QFile::remove(path("book.csv"));
   _window->document().edit(0, "changed");
   QString said;
-  answer("Write It Anew", &said);
+  answer("Write It Again", &said);
   trigger("save");
   QVERIFY2(said.contains("“book.csv” is not there any more"), qPrintable(said));
   QVERIFY(bytes("book.csv").contains("changed"));
@@ -603,7 +603,7 @@ void WindowTest::saysWhoAnswers_data() {
                          << "b.example is asked, as the program was started so.";
   QTest::newRow("wrong") << "" << bases << ""
                          << "a:b:c"
-                         << "This is no host with a port, as in 127.0.0.1:8470.";
+                         << "This is not a host with a port, as in 127.0.0.1:8470.";
 }
 
 void WindowTest::saysWhoAnswers() {

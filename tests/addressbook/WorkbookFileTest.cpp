@@ -340,9 +340,9 @@ void WorkbookFileTest::refuses_data() {
   QTest::addColumn<QByteArray>("file");
   QTest::addColumn<QString>("says");
   const auto sheet = [](const QByteArray& rows) { return xlsx(rows); };
-  QTest::newRow("other archive") << ZipParts::make({{"a.txt", "x"}}) << "no workbook";
+  QTest::newRow("other archive") << ZipParts::make({{"a.txt", "x"}}) << "not a workbook";
   QTest::newRow("cut short") << xlsx(kHead).first(400) << "damaged";
-  QTest::newRow("no XML") << sheet("<row><c></row>") << "no XML";
+  QTest::newRow("no XML") << sheet("<row><c></row>") << "not XML";
   QTest::newRow("string that is not there")
       << sheet("<row><c t=\"s\"><v>99</v></c></row>") << "does not fit";
   QTest::newRow("rows twice") << sheet("<row r=\"2\"/><row r=\"2\"/>") << "does not fit";
@@ -351,7 +351,7 @@ void WorkbookFileTest::refuses_data() {
              "table:number-columns-repeated=\"16000\"><text:p>x</text:p></table:table-cell>"
              "</table:table-row>")
       << "four million";
-  QTest::newRow("deep") << sheet(QByteArray("<a>").repeated(200000)) << "no XML";
+  QTest::newRow("deep") << sheet(QByteArray("<a>").repeated(200000)) << "not XML";
   QTest::newRow("deep groups") << ods(QByteArray("<table:table-row-group>").repeated(100000) +
                                       QByteArray("</table:table-row-group>").repeated(100000))
                                << "does not fit";

@@ -94,8 +94,8 @@ TEST(CandidatesTest, AreOfferedOnATerminal) {
       {
           {"a unit", type(main, "1\\n2\\n"), 0, "14 N MAIN ST APT 2\r\nAUSTIN TX 78701\r\n", ""},
           {"a number", type(oak, "3\\n1\\n120\\n"), 0, "120 OAK ST\r\nAUSTIN TX 78701\r\n", ""},
-          {"no number of the list", type(oak, "3\\n\\n"), 1, "That is no number from 1 to 2.\r\n",
-           ""},
+          {"no number of the list", type(oak, "3\\n\\n"), 1,
+           "That is not a number from 1 to 2.\r\n", ""},
           {"none of them", type(main, "\\n"), 0, ": 14 N MAIN ST\r\nAUSTIN TX 78701\r\n", ""},
           {"outside, and back", type(oak, "1\\n121\\nn\\n\\n"), 1, "121 is not even.\r\n", ""},
           {"outside, not confirmed, kept", type(main, "1\\n9\\ny\\ny\\n"), 0,

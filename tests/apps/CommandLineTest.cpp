@@ -62,7 +62,7 @@ TEST(ParseLinesTest, AnswersEveryLine) {
        Record("", "1", R"(A\nB\tC)", "", R"(1 A\nB\tC)", "AUSTIN", "TX", "78701"), 0, ""},
       {"no address", R"("x")", EmptyRecord(), 0, ""},
       {"an id", R"({"id":7,"address":)" + label + "}", LabelRecord(R"("id":7,)"), 0, ""},
-      {"an id behind, other members", R"({"a":[{}],"address":)" + label + R"(,"id":"k"})",
+      {"an id after it, other members", R"({"a":[{}],"address":)" + label + R"(,"id":"k"})",
        LabelRecord(R"("id":"k",)"), 0, ""},
       {"a number beyond 64 bits", R"({"id":123456789012345678901234567890,"address":"x"})",
        EmptyRecord(R"("id":123456789012345678901234567890,)"), 0, ""},
@@ -70,12 +70,12 @@ TEST(ParseLinesTest, AnswersEveryLine) {
        EmptyRecord(R"("id":[1.50, {"\u00e9":null}, -0],)"), 0, ""},
       {"no label in the object", R"({"id":9,"addres":"x"})", EmptyRecord(R"("id":9,)"), 1,
        R"(line 1 is an object without a string "address")"},
-      {"a label that is no string", R"({"address":5})", EmptyRecord(), 1, "without a string"},
+      {"a label that is not a string", R"({"address":5})", EmptyRecord(), 1, "without a string"},
       {"no JSON", "1 a st\n" + label + "\n", EmptyRecord() + LabelRecord(), 1,
-       "postwright: line 1 is not a JSON string; an empty record stands in its place\n"},
+       "postwright: line 1 is not a JSON string; an empty record takes its place\n"},
       {"an empty line", "\n" + label + "\n", EmptyRecord() + LabelRecord(), 1, "line 1 is not"},
       {"two values", label + label, EmptyRecord(), 1, "line 1 is not"},
-      {"an id that is no JSON", R"({"id":[tru],"address":"x"})", EmptyRecord(), 1, "not a JSON"},
+      {"an id that is not JSON", R"({"id":[tru],"address":"x"})", EmptyRecord(), 1, "not a JSON"},
       {"a comma too many", R"({"address":"x",})", EmptyRecord(), 1, "not a JSON"},
       {"half a surrogate pair", R"("\ud800")", EmptyRecord(), 1, "not a JSON"},
       {"no UTF-8", "\"\xFF\"\n" + label, EmptyRecord() + LabelRecord(), 1, "not valid UTF-8"},
@@ -113,7 +113,7 @@ TEST(CommandLineTest, ExplainsItself) {
           {"version", "$postwright --version", 0, "postwright ", ""},
           {"version of fix", "$postwright fix --version", 0, "postwright ", ""},
           {"no command", "$postwright", 2, "", "a command is missing"},
-          {"wrong command", "$postwright mend", 2, "", "'mend' is no command"},
+          {"wrong command", "$postwright mend", 2, "", "'mend' is not a command"},
           {"wrong option", "$postwright fix --serv x", 2, "", "--serv\nUsage: postwright fix ["},
           {"option before the command", "$postwright --jsonl fix", 2, "", "'--jsonl' is no"},
           {"two commands", "$postwright parse - fix", 2, "", "not expected: fix"},
@@ -202,12 +202,13 @@ TEST(CommandLineTest, ReadsAndWritesWhereItCan) {
            "/dev/null "
            "< /dev/null",
            2, "cannot read no\xEF\xBF\xBD[2Jwhere", ""},
-          {"no plain file", "$postwright parse --jsonl --output /dev/null", 2, "", "no plain file"},
+          {"no plain file", "$postwright parse --jsonl --output /dev/null", 2, "",
+           "not a plain file"},
           {"no such folder", "$postwright parse --jsonl --output /nowhere/x", 2, "",
            "cannot create /nowhere/x: No such file"},
       },
       folder);
-  EXPECT_EQ(folder.CountFiles(), 4U);  // nothing unfinished was left behind
+  EXPECT_EQ(folder.CountFiles(), 4U);  // nothing unfinished is left
 }
 
 TEST(CommandLineTest, FixesWithTheService) {
@@ -471,7 +472,7 @@ TEST(CommandLineTest, AnswersByItself) {
                "; $postwright fix <<< " + label,
            2, "", "/data/postwright/town.base: "},
           {"no base", home + "echo no base > " + base + "; $postwright fix --jsonl <<< '\"x\"'", 2,
-           "", "/data/postwright/town.base: is no address base"},
+           "", "/data/postwright/town.base: is not an address base"},
           {"a base that is gone",
            home + "ln -sf nowhere " + base + "; $postwright fix <<< " + label, 2, "",
            "/data/postwright/town.base: cannot be read"},

@@ -90,7 +90,7 @@ TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
     const ProgramRun run = RunCommand(fix_ + " --jobs " + jobs, input, folder_);
     EXPECT_EQ(run.output, records);
     EXPECT_EQ(run.errors,
-              "postwright: line 41 is not a JSON string; an empty record stands in its place\n");
+              "postwright: line 41 is not a JSON string; an empty record takes its place\n");
     EXPECT_EQ(run.status, 1);
   }
 }
@@ -241,7 +241,7 @@ TEST_F(FixStreamTest, LosesNoAnswerThatWasGivenAgain) {
   EXPECT_EQ(ReadFile(folder_.File("out.again")), Record(2));
 }
 
-// A line too deep to be read is answered as one that is no label, by whoever reads it again.
+// A line too deep to be read is answered as one that is not a label, by whoever reads it again.
 TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
   WriteFile(folder_.File("labels"), LabelLine(1) + "{\"x\":" + std::string(600000, '[') +
                                         std::string(600000, ']') + "}\n" + LabelLine(2));
@@ -274,13 +274,14 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
            "its line 1 is not the record of"},
           {"other ids", there_ + fix_ + " --resume out 'other ids'", 2, "", "line 1 of the input"},
           {"no records", there_ + fix_ + " --resume notes labels", 2, "",
-           "line 1 is no record of a fix"},
+           "line 1 is not a record of a fix"},
           {"labels", there_ + fix_ + " --resume shorter labels", 2, "",
-           "line 1 is no record of a fix"},
+           "line 1 is not a record of a fix"},
           {"a mark", there_ + fix_ + " --resume mark labels", 2, "",
-           "line 1 is no record of a fix"},
+           "line 1 is not a record of a fix"},
           {"itself", there_ + fix_ + " --resume shorter shorter", 2, "", "it is the input itself"},
-          {"no file", there_ + fix_ + " --resume /dev/null labels", 2, "", "it is no plain file"},
+          {"no file", there_ + fix_ + " --resume /dev/null labels", 2, "",
+           "it is not a plain file"},
           {"no folder", there_ + fix_ + " --resume no/out labels", 2, "",
            "cannot open no/out: No such"},
           {"two runs",
@@ -359,7 +360,7 @@ TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
           {"at first", onTerminal("", " labels > out"), 1, "\r\033[K0 of 10: 0 fixed", ""},
           {"a pipe", onTerminal("cat labels | ", " > out"), 1, "\r\033[K10 done: " + counts, ""},
           {"a report", onTerminal("", " labels > out"), 1,
-           "\r\033[Kpostwright: line 10 is not a JSON string; an empty record stands in its place"
+           "\r\033[Kpostwright: line 10 is not a JSON string; an empty record takes its place"
            "\r\n\r\033[K10 of 10",
            ""},
           {"records between", onTerminal("head -n 1 labels | ", ""), 0,
@@ -432,7 +433,7 @@ TEST_F(ParseStreamTest, ReplacesADeadWorker) {
             numbers,
         0, "1\n\"number\":\"1\n\"number\":\"\n\"number\":\"2\n",
         "postwright: line 2 could not be read: the worker process was ended by signal 9 (Killed); "
-        "an empty record stands in its place\n"}},
+        "an empty record takes its place\n"}},
       folder_);
 }
 
@@ -451,7 +452,8 @@ TEST_F(ParseStreamTest, GoesOnWhereARunWasInterrupted) {
            ""},
           {"another address", sed + "'101s/MAIN/ELM/' out; " + refused, 0,
            "its line 101 is not the record", ""},
-          {"no record", sed + "'3s/prefix/fixed/' out; " + refused, 0, "no record of a parse", ""},
+          {"no record", sed + "'3s/prefix/fixed/' out; " + refused, 0, "not a record of a parse",
+           ""},
           {"two outputs", part + resume + " --output b", 2, "", "--resume excludes --output"},
           {"a table", part + "$postwright parse --csv --resume out more", 2, "",
            "requires --jsonl"},

@@ -147,7 +147,7 @@ TEST_F(OutageTest, GivesUpAndLosesNothing) {
   EXPECT_TRUE(Statuses().starts_with("111444")) << Statuses();
 }
 
-// A service that answers all labels but some is there, whichever stand in a row.
+// A service that answers all labels but some is there, whichever follow one another.
 TEST_F(OutageTest, IsNotHeldUpByLabelsThatNeverGetAnAnswer) {
   for (const int first : {1, 9, 17}) {
     SCOPED_TRACE(first);

@@ -72,7 +72,7 @@ TEST(HttpFetchTest, SendsWhatItIsGivenOnOneConnection) {
   EXPECT_EQ(server.CountConnections(), 1U);
 }
 
-// What came after an answer is no beginning of the next one.
+// What came after an answer is not a beginning of the next one.
 TEST(HttpFetchTest, LeavesAConnectionOnWhichMoreCameThanAnnounced) {
   const LoopbackServer server(
       LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n1HTTP/1.1 200 "

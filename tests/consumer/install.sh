@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs a build into an empty prefix and tries what lies there, moved to another place:
+# Installs a build into an empty prefix and tries what is there, moved to another place:
 #
 #   install.sh BUILD_FOLDER PREFIX
 set -euo pipefail

@@ -74,13 +74,13 @@ for command in '' "${commands[@]}"; do
   "$program" ${command:+"$command"} --help | help_options | sort --unique > "$scratch/wanted"
   cat "$scratch/wanted" >> "$scratch/all"
   for shell in "${shells[@]}"; do
-    same "$shell behind '$name $command'" < <("${shell}_offers" "$name" ${command:+"$command"} --)
+    same "$shell after '$name $command'" < <("${shell}_offers" "$name" ${command:+"$command"} --)
   done
 done
 if [ ${#commands[@]} -gt 0 ]; then
   printf '%s\n' "${commands[@]}" | sort > "$scratch/wanted"
   for shell in "${shells[@]}"; do
-    same "$shell behind '$name'" < <("${shell}_offers" "$name" '' | grep --invert-match '^-')
+    same "$shell after '$name'" < <("${shell}_offers" "$name" '' | grep --invert-match '^-')
   done
 fi
 sort --unique "$scratch/all" > "$scratch/wanted"

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const wchar_t* kUrl = L"http://127.0.0.1:1/x?y=Pe%C3%B1a";  // where nobody listens
 
-// Each test leaves the network behind as it was.
+// Each test leaves the network as it found it.
 class LocalAnswersTest : public testing::Test {
  protected:
   ~LocalAnswersTest() override { SetLocalAnswers({}); }

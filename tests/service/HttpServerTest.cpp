@@ -126,7 +126,7 @@ TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
   }
   // The library ends a line at a zero byte.
   EXPECT_TRUE(Ask("GET /?a\0b HTTP/1.1\r\nHost: a\r\n\r\n"s).ends_with("GET a 0"));
-  // What is no fault.
+  // What is not a fault.
   EXPECT_TRUE(Ask("\r\n" + post + "transfer-encoding: Chunked\r\n" + end).ends_with("POST  0"));
 }
 

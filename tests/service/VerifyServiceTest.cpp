@@ -31,7 +31,7 @@ std::string Answer(const HttpRequest& request) {
   return reply.body.substr(std::min(std::string(kDeclaration).size(), reply.body.size()));
 }
 
-// POST with the document as the body: nothing lies between the test's bytes and the reader.
+// POST with the document as the body: nothing comes between the test's bytes and the reader.
 std::string AnswerDocument(const std::string& document) {
   return Answer({"POST", "/ShippingAPI.dll", "API=Verify", document});
 }
@@ -188,12 +188,12 @@ const DocumentCase kDocuments[] = {
              "<Zip5>78701</Zip5></Address>"),
      Response("<Address><Address2>12 AND MAIN ST</Address2><City>AUSTIN</City><State>TX</State>"
               "<Zip5>78701</Zip5><Zip4/></Address>")},
-    {"text behind the document", Request("") + "&amp;", kSyntax},
+    {"text after the document", Request("") + "&amp;", kSyntax},
     {"two documents", Request("") + Request(""), kSyntax},
     {"tags that do not match", Request("<Address></Adress>"), kSyntax},
     {"a control character in a comment", Request("<!-- \x01 -->"), kSyntax},
     {"a zero byte", Request("<Address>" + std::string(1, '\0') + "</Address>"), kSyntax},
-    {"entities of one's own",
+    {"entities of its own",
      "<!DOCTYPE a [<!ENTITY b \"bbbb\">]>" + Request("<Address><City>&b;</City></Address>"),
      kSyntax},
     {"sixteen elements deep", Request(Nested(15)), Response("")},
@@ -208,7 +208,7 @@ const DocumentCase kDocuments[] = {
     {"cut short within a ZIP",
      "<AddressValidateRequest USERID=\"1\"><Address>" + kMain + "<Zip5>78701",
      Response("<Address>" + kInvalid + "</Address>")},
-    {"cut short behind an address",
+    {"cut short after an address",
      "<AddressValidateRequest USERID=\"1\"><Address>" + kAsked + "</Address><Addr",
      Response("<Address>" + kMainReply + "</Address>")},
     {"cut short before the first address",

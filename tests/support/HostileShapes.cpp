@@ -73,7 +73,7 @@ const std::vector<HostileShape>& HostileShapes() {
       {"packed within packed", {kOk + "Content-Encoding: gzip, gzip\r\n\r\n" + kHello, true}},
 
       {"silence", {""}, TimedOut},
-      {"silence behind half", {kOk + "Content-Length: 9\r\n\r\nhello"}, TimedOut},
+      {"silence after half", {kOk + "Content-Length: 9\r\n\r\nhello"}, TimedOut},
       {"slow head", {kOk + "A: ", false, "x", kPause}, TimedOut},
       {"slow body", {kOk + "\r\n", false, "x", kPause}, TimedOut},
       {"slow extension", {kOk + kChunked + "5;", false, "x", kPause}, TimedOut},

@@ -17,7 +17,7 @@ struct HostileShape {
   LoopbackServer::Answer answer;
   HttpOutcome end = HttpOutcome::BadAnswer;
   std::string body = {};      // where it is Answered
-  std::string unpacked = {};  // of a packed one, for who takes such answers
+  std::string unpacked = {};  // of a packed one, for those who take such answers
 };
 
 const std::vector<HostileShape>& HostileShapes();

@@ -14,7 +14,7 @@
 namespace postwright {
 
 // The real service, a process of its own, on a free port; this process's fixes go there. Spawned
-// and not forked, as QProcess would: behind a fork ThreadSanitizer looks away.
+// and not forked, as QProcess would: after a fork ThreadSanitizer looks away.
 class ServiceProcess {
  public:
   ServiceProcess() { start(); }

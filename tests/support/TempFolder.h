@@ -21,7 +21,7 @@ class TempFolder {
   // Returns the path of a file in it, which need not exist.
   std::string File(const std::string& name) const { return path_ + '/' + name; }
 
-  // Writes that file anew and returns its path.
+  // Writes that file again and returns its path.
   std::string Write(const std::string& name, const std::string& content, mode_t mode = 0600) const;
 
  private:

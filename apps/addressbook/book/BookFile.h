@@ -12,7 +12,7 @@ namespace postwright::addressbook {
 struct BookFormat;
 class ColumnedFile;
 
-// A file as it was when it was opened, with all that it holds beside the labels.
+// A file as it was when it was opened, with all that it holds besides the labels.
 //
 //   const std::unique_ptr<BookFile> file = openBookFile(path);
 //   QList<Entry> entries = file->entries();
@@ -39,7 +39,7 @@ class BookFile {
   // The entries in the order of the file; their ids are what write() knows them by.
   virtual QList<Entry> entries() const = 0;
 
-  // Writes `entries`, and what the file holds beside them, to `path`, in one step that leaves the
+  // Writes `entries`, and what the file holds besides them, to `path`, in one step that leaves the
   // old or the new file, whole, should the program be killed. Entries that entries() did not give
   // are new. An entry whose label is as it was read is written as it was.
   //

@@ -35,7 +35,7 @@ class ColumnedFile {
   // True where nobody has said yet which columns make the label.
   virtual bool needsChoice() const = 0;
   virtual const tables::TableChoice& choice() const = 0;
-  // The same with the mapping guessed anew, as befits what else was chosen.
+  // The same with the mapping guessed again, as befits what else was chosen.
   virtual tables::TableChoice guess(const tables::TableChoice& choice) const = 0;
   // Reads the file once more, otherwise. Throws FileError where it cannot be read so; the file is
   // then as it was.

@@ -7,7 +7,7 @@
 
 namespace postwright::addressbook {
 
-// How far the service knows an address. The numbers stand in files.
+// How far the service knows an address. The numbers are written to files.
 enum class Known {
   NotTold = 0,
   Whole = 1,        // confirmed

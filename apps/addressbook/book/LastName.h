@@ -11,7 +11,7 @@ namespace postwright::addressbook {
 //
 // The last name is the last word with the particles before it, under the first of which it is
 // sorted; suffixes and degrees are passed over. Of a couple it is that of the first who has one
-// ("John and Mary Smith"), of "The Smith Family" Smith, of "Smith, John" what stands before the
+// ("John and Mary Smith"), of "The Smith Family" Smith, of "Smith, John" what comes before the
 // comma. A company is sorted by its name without an article.
 //
 // `told` is the last name where a file says it apart; it counts where `name` holds it.

@@ -42,7 +42,7 @@ QString standardForm(QStringView word) {
   return found == standardForms().cend() ? word.toString() : *found;
 }
 
-// How a unit is called says nothing beside its number.
+// How a unit is called says nothing besides its number.
 bool isDesignator(QStringView word) {
   static const QSet<QString> kWords = {
       QStringLiteral("APT"),   QStringLiteral("APARTMENT"), QStringLiteral("UNIT"),

@@ -155,7 +155,7 @@ void ColumnDialog::fillTable() {
   showRow(0);
 }
 
-// The columns are guessed anew; where the file cannot be read so, the reason is shown and the file
+// The columns are guessed again; where the file cannot be read so, the reason is shown and the file
 // is as it was.
 void ColumnDialog::readingChanged() {
   _problem->hide();

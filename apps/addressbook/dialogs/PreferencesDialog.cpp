@@ -103,7 +103,7 @@ void PreferencesDialog::checkServer() {
   const QString server = _server->text().trimmed();
   const bool isGood = server.isEmpty() || CheckServer(server.toStdString()).empty();
   _serverNote->setText(isGood ? whoAnswers(_fixer, server)
-                              : tr("This is no host with a port, as in 127.0.0.1:8470."));
+                              : tr("This is not a host with a port, as in 127.0.0.1:8470."));
   _serverNote->setForegroundRole(isGood ? QPalette::PlaceholderText : QPalette::WindowText);
   _accept->setEnabled(isGood);
 }

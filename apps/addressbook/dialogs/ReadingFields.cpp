@@ -72,7 +72,7 @@ ReadingFields::ReadingFields(const ColumnedFile& file, QWidget* parent)
   connect(_header, &QCheckBox::toggled, this, &ReadingFields::changed);
 }
 
-// Fields stand two by two, so that a small screen has room for them.
+// Fields are laid out two by two, so that a small screen has room for them.
 void ReadingFields::addField(QGridLayout* layout, const QString& caption, QWidget* field) {
   const int place = layout->property("fields").toInt();
   layout->setProperty("fields", place + 1);

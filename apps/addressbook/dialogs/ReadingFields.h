@@ -13,7 +13,7 @@ class QSpinBox;
 
 namespace postwright::addressbook {
 
-// How the rows of a file are found: sheet, encoding, delimiter, what stands above them. What does
+// How the rows of a file are found: sheet, encoding, delimiter, what is above them. What does
 // not apply to a file is not shown.
 class ReadingFields : public QWidget {
   Q_OBJECT

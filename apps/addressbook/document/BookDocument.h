@@ -48,7 +48,7 @@ class BookDocument : public QObject {
   // True where another program has changed or removed the file since it was read or saved.
   bool isChangedOnDisk() const;
 
-  // True where saving as `format` leaves things behind that only the file of now can hold.
+  // True where saving as `format` would lose things that only the present file can hold.
   bool leavesBehind(const BookFormat& format) const { return _file && &format != &_file->format(); }
 
   // Sets the label of an entry, as typed. Calls until endEdit() become one step for undoing.

@@ -9,7 +9,7 @@ namespace postwright::addressbook {
 
 namespace {
 
-// Removing more runs of rows than this one by one is slower than laying the table out anew.
+// Removing more runs of rows than this one by one is slower than laying the table out again.
 constexpr qsizetype kMostRuns = 50;
 
 }  // namespace
@@ -47,7 +47,7 @@ void EntryModel::sort(int column, Qt::SortOrder order) {
   showAnew();
 }
 
-// Lays the rows out anew; what the views have selected goes with its entry.
+// Lays the rows out again; what the views have selected goes with its entry.
 void EntryModel::showAnew() {
   emit layoutAboutToBeChanged();
   const QModelIndexList before = persistentIndexList();
@@ -226,7 +226,7 @@ void EntryModel::bookRemoved(const QList<int>& rows) {
   const auto isRemoved = [&rows](int row) {
     return std::binary_search(rows.begin(), rows.end(), row);
   };
-  // What is left is numbered anew at once; until a run of removed rows has gone, its rows keep a
+  // What is left is numbered again at once; until a run of removed rows has gone, its rows keep a
   // number that the book still has, so that a view that looks at one finds something.
   QList<bool> gone;
   for (int& row : _shown) {

@@ -20,7 +20,7 @@ class EntryModel : public QAbstractTableModel {
  public:
   enum Column { Name, Street, Place, Zip, Sharing, Kind, Checked, Confirmed, kColumns };
 
-  // Which entries are shown, beside what is searched for.
+  // Which entries are shown, besides what is searched for.
   struct Filter {
     enum Kind { All, ToCheck, Failed, Confirmation, Reason, Shared };
     Kind kind = All;

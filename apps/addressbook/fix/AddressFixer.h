@@ -64,7 +64,7 @@ class AddressFixer {
   // the program answers by itself.
   virtual QString serverFor(const QString& server) const = 0;
 
-  // What it then answers from, beside the list of ZIP codes that comes along. Reads no base.
+  // What it then answers from, besides the list of ZIP codes that comes with it. Reads no base.
   virtual OwnStreets ownStreets() const = 0;
 };
 

@@ -154,7 +154,7 @@ QString BatchFixer::pointTo(const QString& server) {
   try {
     _own.use();
   } catch (const std::exception& failure) {
-    return tr("%1\n\nTake that file away or make it anew with postwright-base, or name a service "
+    return tr("%1\n\nTake that file away or make it again with postwright-base, or name a service "
               "in "
               "the preferences.")
         .arg(QString::fromLocal8Bit(failure.what()));

@@ -24,7 +24,7 @@ class BatchFixer final : public AddressFixer {
   OwnStreets ownStreets() const override;
 
  private:
-  // Returns why the service cannot be asked; the empty answer is consent.
+  // Returns why the service cannot be asked; empty where it can.
   QString pointTo(const QString& server);
 
   std::string _server;

@@ -99,7 +99,7 @@ std::unique_ptr<BookFile> openBookFile(const QString& path) {
                                   [&](const BookFormat* format) { return format->isLikely(head); });
   const bool isByName = *found == formats.last() && named != nullptr && named->isText;
   if (*found == formats.last() && head.utf8.contains('\0')) {
-    throw tables::FileError(BookFormats::tr("This is no text file.") + QLatin1Char(' ') +
+    throw tables::FileError(BookFormats::tr("This is not a text file.") + QLatin1Char(' ') +
                             knownFormatsSentence());
   }
   return (isByName ? named : *found)->read(path);

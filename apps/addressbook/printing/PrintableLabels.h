@@ -10,13 +10,13 @@ namespace postwright::addressbook {
 
 class Book;
 
-// The labels of some entries, parted by whether mail should go there.
+// The labels of some entries, sorted by whether mail should go there.
 struct PrintableLabels {
   QStringList texts;       // in the order of the list, those that were refused among them
   QList<bool> areRefused;  // for each: the service turned its address down
   QHash<QString, QString> deliveryPoints;  // of the labels of which they are known
   int refused = 0;
-  int withoutAddress = 0;  // left out: a name alone is no label
+  int withoutAddress = 0;  // left out: a name alone is not a label
 
   // The labels to print.
   QStringList chosen(bool includesRefused) const;

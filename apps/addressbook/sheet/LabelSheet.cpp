@@ -18,7 +18,7 @@ constexpr int kMostLabels = 500;
 constexpr double kReadAbove = 0.625;
 constexpr double kReadBelow = 2.75;
 constexpr double kReadSide = 0.5;
-constexpr double kAddressShare = 0.42;  // of the width, that lies left of the address
+constexpr double kAddressShare = 0.42;  // of the width, left of the address
 
 // A return address takes the upper part of a label, the address is set in below it.
 constexpr QSizeF kLeastWithSender(3.0, 1.5);

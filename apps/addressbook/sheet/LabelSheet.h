@@ -41,7 +41,7 @@ struct LabelSheet {
 
   int size() const { return columns * rows; }
 
-  // Where a label lies; labels are counted from 0, row by row.
+  // Where a label is; labels are counted from 0, row by row.
   QRectF place(int index) const;
 
   // Why nothing can be printed on such a sheet: labels that overlap or leave the paper. Empty where

@@ -24,7 +24,7 @@ struct MailCode {
   quint64 serials() const;
 
   // The tracking code of the piece that is `piece` after the first one, 20 digits; past the last
-  // serial number it begins anew.
+  // serial number it starts over.
   QString tracking(quint64 piece) const;
 
   QString service = {};  // three digits: the class of mail and what is asked of it

@@ -180,7 +180,7 @@ También puede empezar con Editar &gt; Añadir entrada.</translation>
     <message>
         <source>%1
 
-Take that file away or make it anew with postwright-base, or name a service in the preferences.</source>
+Take that file away or make it again with postwright-base, or name a service in the preferences.</source>
         <translation>%1
 
 Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio en las preferencias.</translation>
@@ -252,7 +252,7 @@ Retire ese archivo o créelo de nuevo con postwright-base, o indique un servicio
         <translation>El programa abre: %1.</translation>
     </message>
     <message>
-        <source>This is no text file.</source>
+        <source>This is not a text file.</source>
         <translation>Este no es un archivo de texto.</translation>
     </message>
     <message>
@@ -667,11 +667,11 @@ Ciudad, estado y código ZIP</translation>
         <translation>«%1» ya no está donde se abrió.</translation>
     </message>
     <message>
-        <source>It was deleted, moved or renamed. The address book is still whole in this window and can be written anew.</source>
+        <source>It was deleted, moved or renamed. The address book is still whole in this window and can be written again.</source>
         <translation>Se eliminó, se movió o se le cambió el nombre. La libreta sigue completa en esta ventana y se puede escribir de nuevo.</translation>
     </message>
     <message>
-        <source>&amp;Write It Anew</source>
+        <source>&amp;Write It Again</source>
         <translation>&amp;Escribirlo de nuevo</translation>
     </message>
     <message>
@@ -1088,7 +1088,7 @@ Ciudad, estado y código ZIP</translation>
         <translation>Apa&amp;riencia:</translation>
     </message>
     <message>
-        <source>This is no host with a port, as in 127.0.0.1:8470.</source>
+        <source>This is not a host with a port, as in 127.0.0.1:8470.</source>
         <translation>Esto no es un servidor con su puerto, como 127.0.0.1:8470.</translation>
     </message>
     <message>
@@ -2194,7 +2194,7 @@ Ciudad, estado y código ZIP</translation>
 <context>
     <name>postwright::tables::TextFile</name>
     <message>
-        <source>This is a folder or a device and no file.</source>
+        <source>This is a folder or a device, not a file.</source>
         <translation>Es una carpeta o un dispositivo, no un archivo.</translation>
     </message>
     <message>
@@ -2206,7 +2206,7 @@ Ciudad, estado y código ZIP</translation>
         <translation>No se puede leer el archivo: %1.</translation>
     </message>
     <message>
-        <source>Line %1 holds a NUL byte, so this is no text file.</source>
+        <source>Line %1 holds a NUL byte, so this is not a text file.</source>
         <translation>La línea %1 contiene un byte nulo, así que no es un archivo de texto.</translation>
     </message>
     <message>
@@ -2225,7 +2225,7 @@ Ciudad, estado y código ZIP</translation>
 <context>
     <name>postwright::workbook::Workbook</name>
     <message>
-        <source>This is an archive and no workbook that can be read. Save it as .xlsx or as CSV in the program that made it, and open that.</source>
+        <source>This is an archive, not a workbook that can be read. Save it as .xlsx or as CSV in the program that made it, and open that.</source>
         <translation>Este es un archivo comprimido y no un libro de cálculo que se pueda leer. Guárdelo como .xlsx o como CSV en el programa que lo creó y abra ese archivo.</translation>
     </message>
     <message>
@@ -2248,7 +2248,7 @@ Ciudad, estado y código ZIP</translation>
 <context>
     <name>postwright::workbook::XmlText</name>
     <message>
-        <source>The file is damaged: a part of it is no XML that can be read. Open it in the program that made it and save it again.</source>
+        <source>The file is damaged: a part of it is not XML that can be read. Open it in the program that made it and save it again.</source>
         <translation>El archivo está dañado: una de sus partes no es XML que se pueda leer. Ábralo en el programa que lo creó y guárdelo de nuevo.</translation>
     </message>
     <message>

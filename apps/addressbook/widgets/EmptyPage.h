@@ -9,7 +9,7 @@ class QPushButton;
 
 namespace postwright::addressbook {
 
-// What stands in place of a table without rows: a sentence that says why, and the step to take.
+// What is shown in place of a table without rows: a sentence that says why, and the step to take.
 class EmptyPage : public QWidget {
   Q_OBJECT
 

@@ -257,10 +257,10 @@ FileController::Overwriting FileController::mayOverwrite() {
       isThere ? tr("If you save over it, what the other program wrote is lost. You can save "
                    "under another name and compare.")
               : tr("It was deleted, moved or renamed. The address book is still whole in this "
-                   "window and can be written anew."));
-  const QAbstractButton* const anew = isThere ? nullptr : question.addStep(tr("&Write It Anew"));
+                   "window and can be written again."));
+  const QAbstractButton* const again = isThere ? nullptr : question.addStep(tr("&Write It Again"));
   const QAbstractButton* const elsewhere = question.addStep(tr("Save &As…"));
-  const QAbstractButton* const over = isThere ? question.addStep(tr("Save &Over It")) : anew;
+  const QAbstractButton* const over = isThere ? question.addStep(tr("Save &Over It")) : again;
   question.addWayOut(tr("Cancel"));
   const QAbstractButton* const answer = question.ask();
   return answer == elsewhere ? Overwriting::Elsewhere

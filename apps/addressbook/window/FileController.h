@@ -38,7 +38,7 @@ class FileController : public QObject {
   bool save();
   bool saveAs();
 
-  // Asks anew which columns of the file make the label. Only for a book without changes.
+  // Asks again which columns of the file make the label. Only for a book without changes.
   void chooseColumns();
   void exportForSpreadsheet();
   // Writes the entries of `rows`, in that order, for mail merge.

@@ -180,7 +180,7 @@ void ChunkFilter::Report(const Chunk& chunk) {
     const std::string_view problem = TakeLine(rest);
     const std::size_t blank = problem.find(' ');
     progress_.Say("line " + std::to_string(chunk.number + NumberOf(problem.substr(0, blank))) +
-                  std::string(problem.substr(blank)) + "; an empty record stands in its place");
+                  std::string(problem.substr(blank)) + "; an empty record takes its place");
     status_ = kExitNotALabel;
   }
 }

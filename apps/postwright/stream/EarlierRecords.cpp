@@ -52,7 +52,7 @@ EarlierRecords::EarlierRecords(const std::string& path, int input, RecordForm& f
   reader_.emplace(descriptor_, path);
   if (IsThere(AgainPath())) {
     if (!IsPlain(AgainPath())) {
-      Refuse(AgainPath() + " beside it is no plain file; move that away");
+      Refuse(AgainPath() + " beside it is not a plain file; move that away");
     }
     again_.emplace(AgainPath());
   }
@@ -82,7 +82,7 @@ void EarlierRecords::CheckFile(int input) const {
     Fail("open", name_);
   }
   if (!S_ISREG(file.st_mode)) {
-    Refuse("it is no plain file; name the one that the earlier run wrote");
+    Refuse("it is not a plain file; name the one that the earlier run wrote");
   }
   if (IsSameFile(file, labels)) {
     Refuse("it is the input itself; name the file that the earlier run wrote");
@@ -94,7 +94,7 @@ void EarlierRecords::CheckFile(int input) const {
   }
   char first = 0;
   if (pread(descriptor_, &first, 1, 0) == 1 && first != '{') {
-    Refuse("its line 1 is no record of " + form_.Run() +
+    Refuse("its line 1 is not a record of " + form_.Run() +
            "; name the file that the earlier run wrote");
   }
 }
@@ -125,7 +125,7 @@ void EarlierRecords::CheckRecord(LineReader& reader, const std::string& whose,
                                  const LabelLine* label) {
   const std::string place = "line " + std::to_string(reader.Number());
   if (reader.IsTooLong() || !form_.IsRecord(reader.Line())) {
-    Refuse(whose + ' ' + place + " is no record of " + form_.Run() +
+    Refuse(whose + ' ' + place + " is not a record of " + form_.Run() +
            "; name the file that the earlier run wrote");
   }
   if (label == nullptr) {

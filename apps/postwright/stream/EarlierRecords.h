@@ -32,8 +32,8 @@ class EarlierRecords {
  public:
   // Opens the file, which is made where it is not there. `input` is the descriptor of the labels,
   // `form` says what its records look like and is borrowed.
-  // Throws Failure where the file cannot be opened, is no plain file, is being written by another
-  // run, is the input, or does not begin as records do.
+  // Throws Failure where the file cannot be opened, is not a plain file, is being written by
+  // another run, is the input, or does not begin as records do.
   EarlierRecords(const std::string& path, int input, RecordForm& form);
   ~EarlierRecords();
   EarlierRecords(const EarlierRecords&) = delete;

@@ -12,19 +12,19 @@ namespace postwright {
 //   record.Add("city", L"PEÑA");
 //   output.Write(record.Line());      // {"id":17,"city":"PEÑA"} and a line feed
 //
-// Characters stand as UTF-8; only what JSON demands and the control characters are escaped, so no
-// tab or line feed stands inside a record. Written by hand because a tree of values built and
-// printed for every label takes as long as reading the label does.
+// Characters are written as UTF-8; only what JSON demands and the control characters are escaped,
+// so no tab or line feed is ever inside a record. Written by hand because a tree of values built
+// and printed for every label takes as long as reading the label does.
 class JsonRecord {
  public:
   explicit JsonRecord(std::string_view id);
 
-  // `key` is plain ASCII that needs no escapes. What is no character (half a surrogate pair)
+  // `key` is plain ASCII that needs no escapes. What is not a character (half a surrogate pair)
   // becomes U+FFFD.
   void Add(std::string_view key, std::wstring_view text);
   void Add(std::string_view key, int number);
 
-  // `json` is a whole value as it is to stand there.
+  // `json` is a whole value as it is to be written.
   void AddJson(std::string_view key, std::string_view json);
 
   // The finished line; nothing may be added afterwards.

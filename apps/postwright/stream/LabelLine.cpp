@@ -144,7 +144,7 @@ void ReadObject(simdjson::ondemand::document& document, LabelLine& label) {
     label.parts = std::move(parts);
   }
   if (label.address.empty() && !hasAddress) {
-    label.problem = R"(is an object without a string "address", or "street" and the like)";
+    label.problem = R"(is an object without a string "address", or "street" and others)";
   }
 }
 

@@ -32,7 +32,7 @@ struct LabelLine {
 bool IsBareUnit(std::wstring_view unit);
 
 // Reads such lines, to the letter of RFC 8259: text that is not UTF-8, half a surrogate pair or
-// anything after the value makes a line that is no label. So do numbers beyond the range of a
+// anything after the value makes a line that is not a label. So do numbers beyond the range of a
 // double and more than 1,000 arrays and objects inside one another.
 class LabelLineParser {
  public:

@@ -11,7 +11,7 @@
 
 namespace postwright {
 
-// The labels of an input, one after another; a line that is no label is reported with its number.
+// The labels of an input, in order; a line that is not a label is reported with its number.
 class LabelSource final : public LineSource {
  public:
   // As LineReader's constructor. `progress` takes the reports and outlives the object.
@@ -24,7 +24,7 @@ class LabelSource final : public LineSource {
     label_ = parser_.Parse(reader_);
     if (!label_.problem.empty()) {
       progress_.Say("line " + std::to_string(reader_.Number()) + ' ' + label_.problem +
-                    "; an empty record stands in its place");
+                    "; an empty record takes its place");
       status_ = kExitNotALabel;
     }
     return true;
@@ -42,7 +42,7 @@ class LabelSource final : public LineSource {
   // How many labels there are, before the first was read; nothing where that cannot be known.
   std::optional<std::size_t> Count() const { return reader_.CountLinesAhead(); }
 
-  // kExitNotALabel once a line was no label.
+  // kExitNotALabel once a line was not a label.
   ExitStatus Status() const { return status_; }
 
  private:

@@ -34,7 +34,7 @@ std::size_t PassOver(EarlierRecords& earlier, LabelSource& labels, Retry retry,
   return count;
 }
 
-// Answers each line before the next is read; records wait until there is none at hand.
+// Answers each line before the next is read; records wait until no more has arrived.
 void FilterHere(LabelSource& labels, const LineAnswer& answer, Output& output, Progress& progress) {
   while (labels.Next()) {
     const std::string record = answer(labels.Label()).line;

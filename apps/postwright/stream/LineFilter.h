@@ -33,8 +33,8 @@ struct LineFilterOptions {
 // What is wrong with the value of --jobs; empty if nothing is.
 std::string CheckJobs(const std::string& jobs);
 
-// Answers every line of the input with a record, in order. A line that is no label is reported on
-// standard error with its number. With one job `answer` is called in this process; with more, in
+// Answers every line of the input with a record, in order. A line that is not a label is reported
+// on standard error with its number. With one job `answer` is called in this process; with more, in
 // forks of it (WorkerPool), and `answerForDead` in this process. Records that are made without a
 // service are made by many lines at once (ChunkFilter); `answerForDead` has no part in it.
 //
@@ -42,8 +42,8 @@ std::string CheckJobs(const std::string& jobs);
 // for those that are made again; where the records are of another input, nothing is changed
 // (EarlierRecords).
 //
-// Returns kExitNotALabel where a line was no label, and kExitOutage where the service was given up:
-// then each line that was taken has its record, and standard error says where they are. Throws
+// Returns kExitNotALabel where a line was not a label, and kExitOutage where the service was given
+// up: then each line that was taken has its record, and standard error says where they are. Throws
 // Failure and ClosedPipe.
 ExitStatus FilterLines(const LineFilterOptions& options, const LineAnswer& answer,
                        const DeadWorkerAnswer& answerForDead = {});

@@ -37,7 +37,7 @@ class LineReader {
   // What is read, for messages: the file's name or "standard input".
   const std::string& Name() const { return name_; }
 
-  // Goes to the next line, waiting for input where none is at hand. False at the end. A last line
+  // Goes to the next line, waiting for input where none has arrived. False at the end. A last line
   // without a line feed is a line; input without a byte has none.
   bool Next();
 
@@ -62,7 +62,7 @@ class LineReader {
   void ReadSome();
 
   // How many lines there are from here to the end, before the first was read; nothing where the
-  // input is no plain file and so cannot be read twice.
+  // input is not a plain file and so cannot be read twice.
   std::optional<std::size_t> CountLinesAhead() const;
 
  private:
@@ -75,7 +75,7 @@ class LineReader {
   bool isOwned_;
   std::vector<char> buffer_;
   std::size_t begin_ = 0;    // the first byte not handed out
-  std::size_t scanned_ = 0;  // no line feed stands in [begin_, scanned_)
+  std::size_t scanned_ = 0;  // there is no line feed in [begin_, scanned_)
   std::size_t end_ = 0;      // after the last byte read
   bool isStarted_ = false;
   bool isEnded_ = false;

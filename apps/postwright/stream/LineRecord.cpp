@@ -7,7 +7,7 @@ namespace postwright {
 
 namespace {
 
-// No tab stands within a record: JsonRecord escapes it.
+// There is no tab within a record: JsonRecord escapes it.
 constexpr char kSeparator = '\t';
 
 std::string_view TakeField(std::string_view& rest) {

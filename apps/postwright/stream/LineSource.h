@@ -15,7 +15,7 @@ class LineSource {
   // Whether Next will return without waiting.
   virtual bool IsAtHand() const = 0;
 
-  // Goes to the next line, waiting for it where none is at hand. False at the end. Throws Failure.
+  // Goes to the next line, waiting for it where none has arrived. False at the end. Throws Failure.
   virtual bool Next() = 0;
 
   // The label of the line, its problem said where it is none; and the line itself, without its line

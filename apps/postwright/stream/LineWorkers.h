@@ -12,7 +12,7 @@
 
 namespace postwright {
 
-// What makes a record of an input line. One that is no label is handed over all the same, its
+// What makes a record of an input line. One that is not a label is handed over all the same, its
 // problem said.
 using LineAnswer = std::function<LineRecord(const LabelLine&)>;
 
@@ -30,7 +30,7 @@ class LineWorkers {
 
   struct Events {
     std::vector<Answer> answers;
-    bool isReadable = false;  // the descriptor that was waited for beside the workers
+    bool isReadable = false;  // the descriptor that was waited for besides the workers
   };
 
   virtual ~LineWorkers() = default;

@@ -79,7 +79,8 @@ void Output::CreateBeside() {
   std::error_code error;
   if (std::filesystem::exists(path_, error)) {
     if (!std::filesystem::is_regular_file(path_, error)) {
-      throw Failure("cannot put " + path_ + " in place: it is no plain file; name one, or leave " +
+      throw Failure("cannot put " + path_ +
+                    " in place: it is not a plain file; name one, or leave " +
                     "--output out and redirect standard output");
     }
     if (access(path_.c_str(), W_OK) == -1) {

@@ -17,7 +17,7 @@ namespace postwright {
 // where the system allows it, owner and group it has. A link's target is written, also where it is
 // not there yet. What a run that was killed has left beside the same file is removed. On a terminal
 // control characters are replaced (ForTerminal). Without Finish (an exception, or SIGINT, SIGTERM,
-// SIGHUP) what was written is removed and the older file stands as it was.
+// SIGHUP) what was written is removed and the older file stays as it was.
 //
 // Every operation throws Failure where the system cannot write, and ClosedPipe where nobody reads
 // any more (SIGPIPE must be ignored). At most one Output to a file in a process.

@@ -68,7 +68,7 @@ void PatientFilter::Probe() {
   }
 }
 
-// False where there is none at hand.
+// False where none has arrived.
 bool PatientFilter::ProbeNewLine() {
   while (MayTakeMore() && lines_.IsAtHand()) {
     if (Take()) {

@@ -30,7 +30,7 @@ using DeadWorkerAnswer = std::function<std::string(const LabelLine&, const std::
 class PatientFilter {
  public:
   // What several filters of one run share. Borrows everything. `answer` is asked here about lines
-  // that are no labels alone.
+  // that are not labels alone.
   struct Run {
     LineWorkers& workers;
     const LineAnswer& answer;

@@ -27,7 +27,7 @@ bool IsJsonLine(const QByteArray& line, char open, char close) {
          QJsonDocument::fromJson('[' + text + ']').array().size() == 1;
 }
 
-// A name in quotation marks is no JSON line, but two of them are.
+// A name in quotation marks is not a JSON line, but two of them are.
 bool HasJsonLines(const QByteArray& utf8) {
   const QList<QByteArray> lines = utf8.split('\n');
   return IsJsonLine(lines.first(), '{', '}') ||

@@ -71,7 +71,7 @@ QString htmlRow(const QStringList& cells, const QString& tag) {
   return row + QStringLiteral("</tr>\n");
 }
 
-// How far the service knows what it corrected or would not write otherwise.
+// How far the service knows what it corrected or would not write differently.
 QList<SummaryLine> confirmationLines(const BatchResultRecordList& records) {
   QMap<qint32, SummaryLine> kinds;
   qsizetype answers = 0;

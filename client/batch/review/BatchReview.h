@@ -17,7 +17,7 @@ using StatusFilter = std::array<bool, 4>;
 BatchResultRecordList filterRecords(const BatchResultRecordList& records,
                                     const StatusFilter& filter);
 
-// What the list shows of the records, beside the filter of statuses, and in which order.
+// What the list shows of the records, besides the filter of statuses, and in which order.
 struct RecordQuery {
   enum class Order { Host, Address, Fixed, Status };
 
@@ -38,7 +38,7 @@ bool needsPerson(const BatchResultRecord::Values& values);
 
 // How the records of a list stand. Each is counted in one of the first five.
 struct ReviewCounts {
-  qsizetype pending = 0;  // no outcome yet, or asked about anew
+  qsizetype pending = 0;  // no outcome yet, or asked about again
   qsizetype unchanged = 0;
   qsizetype fixed = 0;
   qsizetype multiple = 0;
@@ -67,7 +67,7 @@ ReviewCounts countRecords(const BatchResultRecordList& records);
 // The same counts, kept up to date at the same cost for each change, however long the list.
 class ReviewTally {
  public:
-  // Counts `record`, anew where it was counted before.
+  // Counts `record`, again where it was counted before.
   void update(const BatchResultRecord& record);
   void remove(const BatchResultRecord& record);
   bool contains(const BatchResultRecord& record) const { return _counted.contains(&record); }

@@ -15,22 +15,22 @@ namespace postwright {
 // How a record stands, in a word: the one at the icon's side. Empty where nothing is known yet.
 QString statusText(const BatchResultRecord::Values& values);
 
-// What stands in place of a corrected text that is not there: the step that a record waits for.
+// What is shown in place of a corrected text that is missing: the step that a record waits for.
 QString hintText(const BatchResultRecord::Values& values);
 
-// Why a record stands as it does, where its status and its texts do not tell; else empty.
+// Why a record has its status, where that and its texts do not tell; else empty.
 QString whyText(const BatchResultRecord::Values& values);
 
 // What a screen reader says of how a record stands: its status, and how far the service knows the
 // address.
 QString spokenStatus(const BatchResultRecord::Values& values);
 
-// How far the service knows an address that it would not write otherwise or corrected; empty for
+// How far the service knows an address that it would not write differently or corrected; empty for
 // any other.
 QString confirmationText(const BatchResultRecord::Values& values);
 
-// What the service said of an address that it would not write otherwise: that it is right where it
-// was confirmed, else that there was nothing to correct, and how far it is known.
+// What the service said of an address that it would not write differently: that it is right where
+// it was confirmed, else that there was nothing to correct, and how far it is known.
 QString foundText(const BatchResultRecord::Values& values);
 
 // What an address lacks to be confirmed, in a sentence; empty for one that is, and where nobody was

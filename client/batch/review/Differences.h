@@ -13,7 +13,7 @@ struct TextMark {
   bool operator==(const TextMark&) const = default;
 };
 
-// Words that stand in place of others; one of the two may be empty.
+// Words that replace others; one of the two may be empty.
 struct Change {
   QString from;
   QString to;

@@ -23,7 +23,7 @@ class BatchRuns final : public QObject {
   // Cuts short what still runs.
   ~BatchRuns() override;
 
-  // What every worker is given beside its list and its port; before the first one.
+  // What every worker is given besides its list and its port; before the first one.
   void setSettings(const QVariantMap& settings) { _settings = settings; }
 
   // Starts the run of the list. Where the system grants no thread, nothing is asked.

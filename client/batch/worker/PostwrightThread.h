@@ -16,7 +16,7 @@ namespace postwright {
 
 class TwinOutcomes;
 
-// Keys of the worker's parameters beside PostwrightResultsKey (a BatchResultRecordList) and
+// Keys of the worker's parameters besides PostwrightResultsKey (a BatchResultRecordList) and
 // MachPortKey: the settings of its client, and what is absent in the plain case.
 inline const QString RemovePunctuationKey = QStringLiteral("removePunctuation");
 inline const QString CapitalizationKey = QStringLiteral("capitalization");
@@ -39,7 +39,7 @@ inline const QString KeepsPendingKey = QStringLiteral("keeps");     // true: see
 // Sends one PostwrightUpdateMessage for each record, in the list's order and after the record has
 // its outcome, also for a record that it passed over because the user ignored or settled it
 // meanwhile; then one ThreadStopMessage, whether the list was finished, cancelled or missing. A
-// text that stands in the list several times is asked about once. Records may be changed by other
+// text that is in the list several times is asked about once. Records may be changed by other
 // threads at any time; the list itself is the worker's own.
 //
 // With a Patience, records that the service leaves without an answer are held: three in a row, or

@@ -9,7 +9,7 @@
 
 namespace postwright {
 
-// Asks once about a text that stands in a list several times.
+// Asks once about a text that is in a list several times.
 //
 //   TwinOutcomes twins(records);
 //   record->fix([&](const QString& address) { return twins.outcomeFor(address, askService); });

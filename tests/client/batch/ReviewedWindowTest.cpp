@@ -20,7 +20,7 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
-// A service that knows one street: 12 MAIN ST is confirmed, 14 is no number of it, nobody has
+// A service that knows one street: 12 MAIN ST is confirmed, 14 is not a number of it, nobody has
 // checked 1-12 ELM ST, and what is asked about 16 comes back as 61. It finds nothing else.
 LoopbackServer::Answer Answer(const std::string& request) {
   const auto holds = [&request](const char* words) {
@@ -136,7 +136,7 @@ void ReviewedWindowTest::givesTheRestInTheSameForm() {
   QVERIFY(plain.window.results().isEmpty());
 }
 
-// The rule of a change stands in the detail, at its mark, in the row's tip, in what a screen reader
+// The rule of a change is in the detail, at its mark, in the row's tip, in what a screen reader
 // says and in the report; and why a text was turned down beneath the message.
 void ReviewedWindowTest::saysWhyOfEachChange() {
   const QString noZip = u"Jo\n12 main st\nAustin, TX"_qs;

@@ -90,7 +90,7 @@ TEST_F(CandidateFixTest, IsAnOrdinaryFixWhereNothingIsNamed) {
   plain.WantSource();
   EXPECT_THROW(Postwright::Fix(L"12 main st\naustin tx 78701", true, &plain), PostwrightException);
   EXPECT_NE(server_.GetRequests().back().find("\r\nPostwright-Source: 1\r\n"), std::string::npos);
-  EXPECT_TRUE(plain.Warning().empty());  // what is no XML is an error
+  EXPECT_TRUE(plain.Warning().empty());  // what is not XML is an error
   reply_ = Reply(kRefusal, "");
   EXPECT_THROW(Postwright::Fix(L"12 main st\naustin tx 78701", true, &plain), PostwrightException);
   EXPECT_EQ(plain.Warning().find(L"Postwright::Fix(): server error = '"), 0U);

@@ -119,7 +119,7 @@ TEST(PostwrightTest, NullIsABadReply) {
 
 TEST(PostwrightTest, AsksForTheParsedAddress) {
   const struct {
-    std::wstring text, street, city, state, zip;  // the fields as they stand in the URL
+    std::wstring text, street, city, state, zip;  // the fields as they are in the URL
   } kRows[] = {
       {kLabel, L"12%20MAIN%20ST", L"AUSTIN", L"TX", L"78701"},
       {L"PO Box 7\nPe\u00F1a NM 87041-0007", L"PO%20BOX%207", L"PE%C3%91A", L"NM", L"87041-0007"},

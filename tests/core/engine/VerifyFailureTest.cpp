@@ -56,7 +56,7 @@ TEST(VerifyFailureTest, TellsNotAnsweredFromTurnedDown) {
       {"", {FetchOutcomeRefused}, true, "refused", "Nothing answers at a:1 (connection refused)"},
       {"", {FetchOutcomeTimedOut}, true, "timed-out", "no answer in time"},
       {"", {FetchOutcomeBrokeOff}, true, "broke-off", "ended before"},
-      {"", {FetchOutcomeBadAnswer}, true, "bad-answer", "no Verify service"},
+      {"", {FetchOutcomeBadAnswer}, true, "bad-answer", "not a Verify service"},
       {"", {FetchOutcomeAbandoned}, true, "abandoned", "given up"},
       {"", {}, false, "", ""},
   };

@@ -110,9 +110,9 @@ TEST(AddressParserTest, ComesBackFromEveryText) {
   } kTexts[] = {
       {"many lines above", Repeat(L"JANE DOE AND SONS\n", 5'000) + address, L"12 MAIN ST"},
       {"digits and blanks without a ZIP", Repeat(L"12345 ", 20'000), L""},
-      {"blanks behind a number", L"5" + blanks + L"A, Z, Y, " + address, L"12 MAIN ST"},
-      {"blanks behind a box", L"BOX 1" + blanks + L"5, " + address, L"12 MAIN ST"},
-      {"words behind a number", L"12 " + words + L", 5, Z, " + address, L"12 MAIN ST"},
+      {"blanks after a number", L"5" + blanks + L"A, Z, Y, " + address, L"12 MAIN ST"},
+      {"blanks after a box", L"BOX 1" + blanks + L"5, " + address, L"12 MAIN ST"},
+      {"words after a number", L"12 " + words + L", 5, Z, " + address, L"12 MAIN ST"},
       {"digits in front", digits + L", X, Y, " + address, L"12 MAIN ST"},
       {"blanks inside the street", L"5 A" + blanks + L"B 7 SPRINGFIELD IL 62701", L"5 A B 7"},
       {"blanks before the city", L"12 MAIN ST" + blanks + L"AUSTIN TX 78701", L"12 MAIN ST"},

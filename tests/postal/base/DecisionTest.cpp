@@ -109,7 +109,7 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
             60U);
 }
 
-// The names may stand in a base of their own.
+// The names may be in a base of their own.
 TEST_F(DecisionTest, EveryRuleOfLicensedData) {
   const std::filesystem::path licensed = kSample / "licensed";
   const std::vector<std::filesystem::path> streets = {
@@ -352,7 +352,7 @@ TEST(StreetLikenessTest, TellsHowTwoStreetsDiffer) {
   }
 }
 
-// Every address of the sample is confirmed as it stands there: what it says is standard, and asking
+// Every address of the sample is confirmed as written there: what it says is standard, and asking
 // with the answer gives the answer.
 TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
   const std::filesystem::path base = folder_->File("buildings");

@@ -65,10 +65,10 @@ TEST(GeoJsonTest, ReadsAFeatureALine) {
       {"neither text nor number", Feature(R"("number":null,"unit":["4"],"city":true)"), "||||||\n"},
       {"others", Feature(R"("number":"1","height":{"m":[[1]]})"), "1||||||\n"},
       {"not JSON", "{\"type\":\"Feature\"", "!is not JSON\n"},
-      {"no feature", R"({"type":"Point"})", "!is no GeoJSON feature with properties\n"},
-      {"no object", "[1]", "!is no GeoJSON feature with properties\n"},
+      {"no feature", R"({"type":"Point"})", "!is not a GeoJSON feature with properties\n"},
+      {"no object", "[1]", "!is not a GeoJSON feature with properties\n"},
       {"no properties", R"({"type":"Feature","properties":null})",
-       "!is no GeoJSON feature with properties\n"},
+       "!is not a GeoJSON feature with properties\n"},
       {"not UTF-8", Feature("\"street\":\"PE\xD1 ST\""), "!is not valid UTF-8\n"},
       {"deep", Feature("\"x\":" + std::string(9'000, '[') + std::string(9'000, ']')),
        "!has objects or arrays too deep inside one another\n"},
@@ -107,7 +107,7 @@ TEST(GeoJsonTest, RefusesWhatIsNone) {
             ReadAll(*Open(folder.Write("two", text + text))));
 }
 
-// An archive or a folder is one source of many files, whatever else lies there.
+// An archive or a folder is one source of many files, whatever else is there.
 TEST(GeoJsonTest, ImportsAllThatLieTogether) {
   const TempFolder folder;
   const TempFolder files;

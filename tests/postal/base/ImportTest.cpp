@@ -302,7 +302,7 @@ TEST_F(ImportTest, ReadsUtf16) {
   }
 }
 
-// What a source writes where it does not know is no city and no ZIP+4.
+// What a source writes where it does not know is neither a city nor a ZIP+4.
 TEST_F(ImportTest, TakesNoWordForNothingAsAValue) {
   const std::string file = folder_.Write("rows.csv",
                                          "number,street,city,zip,zip4\n"

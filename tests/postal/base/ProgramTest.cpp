@@ -59,12 +59,13 @@ TEST(BaseProgramTest, EndsAndSaysWhatItShould) {
       {"$base lookup town '99 oak st'" + lookup, 1, "DPVFootnotes     AAM3\n"},
       {"$base lookup town '9 beich ct'" + lookup, 1, "turned down: -2147219403 Multiple addresses"},
       {"$base lookup nowhere '9 beich ct'" + lookup, 2, "nowhere: cannot be read"},
-      {"$base info $sample/town.csv", 2, "is no address base; 'postwright-base import' makes one"},
+      {"$base info $sample/town.csv", 2,
+       "is not an address base; 'postwright-base import' makes one"},
       {"$base import town $sample/town.csv", 2, "--source is required"},
       {"$base import town x.csv --source a", 2, "x.csv: cannot be read: No such file"},
       {"$base import town command --source a", 2, "columns are of no known format; say which"},
       {"$base import town $sample/town.csv --source a --map street=X", 2, "no column 'X'"},
-      {"$base import town $sample/town.csv --source a --map stret=X", 2, "'stret' is no field"},
+      {"$base import town $sample/town.csv --source a --map stret=X", 2, "'stret' is not a field"},
       {"l=$sample/licensed; $base import usps $l/ctystate.txt $l/ctystate-2.txt $l/zip4.txt "
        "$l/zip4-changes.txt "
        "--source USPS",

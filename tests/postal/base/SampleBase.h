@@ -11,7 +11,7 @@
 
 namespace postwright::postal {
 
-// The ZIP codes that come along, and those of the made-up town.
+// The ZIP codes that come with it, and those of the made-up town.
 ZipList SampleZips();
 
 // Imports files to their end. Returns what became of their rows.

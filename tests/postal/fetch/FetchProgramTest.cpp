@@ -100,7 +100,7 @@ TEST_F(FetchProgramTest, FetchesListsAndUpdates) {
        "/geo/tiger/TIGER1999/ADDRFEAT/ 0\n"},
       {"$base fetch $at vermont", "has no file of vermont\n=2", root + newest},
       {"$base fetch $at --from nad 48453", "name states\n=2", ""},
-      {"$base fetch $at nowhere", "'nowhere' is no state and no county",
+      {"$base fetch $at nowhere", "'nowhere' is neither a state nor a county",
        "/geo/docs/reference/codes2020/national_county2020.txt 0\n"},
       {"$base fetch --mirror http://example.org texas", "is not https", ""},
       {"$base fetch --from elsewhere texas", "--from", ""},
@@ -135,7 +135,7 @@ TEST_F(FetchProgramTest, GoesOnWhateverEndedIt) {
   EXPECT_NE(killed.find("t.base: another fetch for it is under way"), std::string::npos) << killed;
   EXPECT_NE(killed.find("cannot access 't.base'"), std::string::npos) << killed;
   server_.TakeRequests();
-  EXPECT_NE(Run("$base fetch $at --base t.base ohio").find("--restart to begin anew\n=2"),
+  EXPECT_NE(Run("$base fetch $at --base t.base ohio").find("--restart to start over\n=2"),
             std::string::npos);
   const std::string done = Run(fetch);
   EXPECT_NE(done.find("goes on with the fetch that was not finished"), std::string::npos) << done;

@@ -103,7 +103,7 @@ TEST_F(FetchTest, BringsAFileWhateverTheServerDoes) {
       {"sends a damaged one", {S::Damaged}, "0 0", "5", ""},
       {"sends us on", {elsewhere(kPath)}, "0 0", "", ""},
       {"to another host", {elsewhere("https://example.invalid/")}, "0", "", "name it with --host"},
-      {"to what is no page", {elsewhere("file:///etc/passwd")}, "0", "", "is not asked"},
+      {"to what is not a page", {elsewhere("file:///etc/passwd")}, "0", "", "is not asked"},
       {"in a circle", std::vector<S::Trick>(9, elsewhere(kPath)), "0 0 0 0 0 0", "",
        "is not asked"},
       {"has none", {S::Status("404 No")}, "0", "", "has no such file"},
@@ -186,8 +186,8 @@ TEST(FetchPlacesTest, ReadsWhatPeopleCallThem) {
       {"st louis county, mo", "st-louis-county-mo MO 29189"},
       {"orleans", "several counties: 22071 (LA) 50019 (VT)"},
       {"st. louis, mo", "several counties: 29510 (MO) 29189 (MO)"},
-      {"travis, oh", "is no state and no county"},
-      {"", "is no state and no county"},
+      {"travis, oh", "is neither a state nor a county"},
+      {"", "is neither a state nor a county"},
       {"99001", "is the number of no county"},
   };
   for (const auto& [name, expected] : rows) {

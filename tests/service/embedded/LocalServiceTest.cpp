@@ -85,7 +85,7 @@ class LoopbackService {
                      log_};
 };
 
-// Each test leaves the network behind as it was.
+// Each test leaves the network as it found it.
 class LocalServiceTest : public testing::Test {
  protected:
   ~LocalServiceTest() override { SetLocalAnswers({}); }
@@ -185,8 +185,8 @@ TEST_F(LocalServiceTest, SaysWhichFileCannotBeUsed) {
   } rows[] = {
       {"no such file", Sample().With({"gone.base"}), "gone.base: cannot be read"},
       {"half a base", Sample().With({"cut.base"}), cut + ": "},
-      {"the beginning of one", Sample().With({"begun.base"}), begun + ": is no address base"},
-      {"no base", Sample().With({"other.base"}), other + ": is no address base"},
+      {"the beginning of one", Sample().With({"begun.base"}), begun + ": is not an address base"},
+      {"no base", Sample().With({"other.base"}), other + ": is not an address base"},
       {"a folder", {folder.File("")}, "cannot be read"},
       {"no ZIP codes", {Sample().File("whole.base")}, "no list of ZIP codes"},
       {"nothing", {}, "no list of ZIP codes"},

@@ -255,7 +255,7 @@ const struct {
     {"another document", "<html><body>Down for maintenance</body></html>", "bad-reply"},
     {"cut short", "<AddressValidateResponse><Address><Address2>12 MA", "bad-reply"},
     {"nothing", "", "bad-reply"},
-    {"entities of one's own", "<!DOCTYPE a [<!ENTITY b \"b\">]><Error>&b;</Error>", "bad-reply"},
+    {"entities of its own", "<!DOCTYPE a [<!ENTITY b \"b\">]><Error>&b;</Error>", "bad-reply"},
 };
 
 TEST(VerifyXmlTest, ReadsReplies) {

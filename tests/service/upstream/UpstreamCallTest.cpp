@@ -377,7 +377,7 @@ TEST(VerifyXmlUpstreamTest, GivesOnCandidatesAndKeepsThem) {
   EXPECT_EQ(answer.candidates[2], ChoiceSource::Choice(2));
   EXPECT_EQ(ask("12", 50).candidates.size(), 50U);
   EXPECT_EQ(source.count, 1);
-  // Who wants none is answered with what was kept, and the other way round asks once more.
+  // A request for none is answered with what was kept, and the other way round asks once more.
   answer = ask("12", 0);
   EXPECT_TRUE(isMultiple(answer) && answer.candidates.empty());
   EXPECT_EQ(source.count, 1);

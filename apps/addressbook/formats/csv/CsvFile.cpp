@@ -93,7 +93,7 @@ QByteArray CsvFile::headerText() const {
   const tables::TextRange& range =
       _choice.hasHeader || _rows.isEmpty() ? _headerRange : _rows.first();
   const QByteArray text = range.of(_text.utf8).trimmed();
-  // What stands above the header differs from file to file.
+  // What is above the header differs from file to file.
   const QByteArrayView last =
       tables::CsvReader(_choice.delimiter).first(text).range.size() == text.size()
           ? QByteArrayView(text)

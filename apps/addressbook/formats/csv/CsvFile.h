@@ -61,9 +61,9 @@ class CsvFile final : public BookFile, public ColumnedFile {
   tables::TextEncoding _guessed = tables::TextEncoding::Utf8;
   tables::TableChoice _choice;
   QByteArray _key;     // for ColumnMemory: the header that was guessed,
-  int _rowsAbove = 0;  // and how many rows stand above it
+  int _rowsAbove = 0;  // and how many rows are above it
   QStringList _header;
-  tables::TextRange _headerRange;  // with all that stands above it; empty without one
+  tables::TextRange _headerRange;  // with all that is above it; empty without one
   QList<tables::TextRange> _rows;
   RowEntries _entries;
   int _brokenRows = 0;             // those with a quotation mark that nothing closes,

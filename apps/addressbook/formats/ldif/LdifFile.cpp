@@ -81,7 +81,7 @@ void takeLine(const QByteArray& line, Record& record) {
   }
 }
 
-// A postal address is one value there, its lines parted by a dollar sign (RFC 4517, 3.3.28).
+// A postal address is one value there, its lines separated by dollar signs (RFC 4517, 3.3.28).
 QString linesOf(const QString& value) {
   QString lines = value;
   lines.replace(QStringLiteral(" $ "), QStringLiteral("\n")).replace(u'$', u'\n');

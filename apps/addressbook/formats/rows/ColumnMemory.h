@@ -11,7 +11,7 @@ namespace postwright::addressbook {
 
 // Remembers the choice for each header that was met, in the settings of the application. Forms are
 // told apart by the header as it was guessed and stands, or by the first row of a file without one.
-// The number of skipped rows counts from the guess: what stands above differs from file to file.
+// The number of skipped rows counts from the guess: what is above differs from file to file.
 class ColumnMemory {
  public:
   static std::optional<tables::TableChoice> find(const QByteArray& header);

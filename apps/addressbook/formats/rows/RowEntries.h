@@ -27,7 +27,7 @@ class RowEntries {
   RowEntries() = default;
   explicit RowEntries(QList<tables::AddressColumns> addresses) : _addresses(std::move(addresses)) {}
 
-  // Takes the next row. An address that repeats an earlier one of it is no entry of its own.
+  // Takes the next row. An address that repeats an earlier one of it is not an entry of its own.
   void takeRow(const QStringList& cells);
 
   QList<Entry> entries() const;

@@ -233,7 +233,7 @@ void StoreFile::update(Database& database, const QList<Entry>& entries) const {
   }
 }
 
-// A row that is there keeps its other columns; one that was removed and came back gets them anew.
+// A row that is there keeps its other columns; one that was removed and came back gets them again.
 QString StoreFile::upsert() const {
   QStringList columns = kColumns;
   for (const QString& other : _otherColumns) {

@@ -17,7 +17,7 @@ bool holdsDigit(const QString& line) {
   return std::any_of(line.begin(), line.end(), [](QChar c) { return c.isDigit(); });
 }
 
-// Takes the line of `value` out of `lines`, as it stands there now; nothing where it is not there.
+// Takes the line of `value` out of `lines`; nothing where it is not there.
 QStringList takeSame(QStringList& lines, const QString& value) {
   const auto found = std::find_if(lines.begin(), lines.end(), [&value](const QString& line) {
     return !value.isEmpty() && tables::sameLetters(line, value);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr qsizetype kLongestLine = 1024 * 1024;
 
-// The name of a property, without its group, upper case, and what stands before its value.
+// The name of a property, without its group, upper case, and what comes before its value.
 struct LineHead {
   QByteArray name;
   bool isQuotedPrintable = false;

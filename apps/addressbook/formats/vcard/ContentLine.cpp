@@ -130,7 +130,7 @@ QString unescapeParameter(QString value) {
 std::optional<ContentLine> ContentLine::parse(const QByteArray& folded, CardVersion version) {
   const qsizetype colon = findUnquoted(folded, ":", 0);
   if (colon == folded.size()) {
-    // Folds, too, may stand before the colon; only what has none at all is no property.
+    // Folds, too, may stand before the colon; only what has none at all is not a property.
     return std::nullopt;
   }
   QByteArray head = unfold(folded.first(colon), version);

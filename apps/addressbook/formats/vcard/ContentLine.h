@@ -59,7 +59,7 @@ class ContentLine {
 
   QString _group;
   QString _name;
-  QStringList _parameters;  // as they stand: TYPE=home, or HOME alone
+  QStringList _parameters;  // as written: TYPE=home, or HOME alone
   QString _value;
 };
 

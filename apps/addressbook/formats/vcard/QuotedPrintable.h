@@ -6,7 +6,7 @@
 namespace postwright::addressbook {
 
 // Decodes quoted-printable (RFC 2045, 6.7), as vCard 2.1 uses it: soft line breaks are taken out,
-// what is no valid code stays as it is.
+// what is not a valid code stays as it is.
 QByteArray decodeQuotedPrintable(const QByteArray& encoded);
 
 // Encodes everything but printable ASCII, "=" included, as codes, with soft line breaks such that

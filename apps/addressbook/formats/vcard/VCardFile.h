@@ -13,7 +13,7 @@ namespace postwright::addressbook {
 // entry, so that a card with two of them has two entries, and a card without one has an entry that
 // shows the name alone.
 //
-// What is not on a label is kept as it stands, as are all lines of a card that did not change. A
+// What is not on a label is kept as it is, as are all lines of a card that did not change. A
 // removed entry takes its address out of the card, and the card where it was the last one.
 class VCardFile final : public BookFile {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::VCardFile)

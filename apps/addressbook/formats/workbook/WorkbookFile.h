@@ -62,7 +62,7 @@ class WorkbookFile final : public BookFile, public ColumnedFile {
   mutable QList<workbook::SheetRow> _readRows;
   tables::TableChoice _choice;
   QByteArray _key;     // for ColumnMemory: the header that was guessed,
-  int _rowsAbove = 0;  // and how many rows stand above it
+  int _rowsAbove = 0;  // and how many rows are above it
   QList<workbook::SheetRow> _rows;
   int _firstRow = 0;  // of _rows that is an entry
   QStringList _header;
