@@ -3,17 +3,21 @@
 
     check-documents.py snippets SOURCES PAGE...
     check-documents.py commands SOURCES PROGRAMS PAGE...
+    check-documents.py pages PAGE...
 
 Snippets: a block of C++ or CMake repeats marked lines of a file that is built and run. The line in
 front of the block names the file and the marks, "<!-- from examples/host-guide/client.cpp: fix -->";
-in the file "guide: fix" and "guide: end" stand in front of the lines and behind them, once or more
-often. Of several marks ("include, fix") the lines are set apart by a blank one.
+in the file the lines are between "guide: fix" and "guide: end", in one place or several. Where there
+are several marks ("include, fix"), a blank line separates their lines.
 
 Commands: those of a page's "console" blocks print what the page shows, and those of its "sh" blocks
 end well, one after another in a folder that holds examples/ and data/, with PROGRAMS as build/bin/.
 Those and examples/shards/ are on the path. "…" stands for any text, alone on a line for any lines.
 127.0.0.1:8470 is whatever port is free. A block that cannot be run so says why in front of it,
 "<!-- not run here: needs root -->".
+
+Pages: every link leads to a page, and to a heading where it names one; no page but the changes has
+more than 1,500 words outside its tables and blocks; a page of docs/ ends with where to go on.
 """
 
 import contextlib
@@ -67,7 +71,7 @@ def is_whole(command):
 
 
 def console_commands(text):
-    """Yields each command behind a "$ " with what it prints."""
+    """Yields each command after a "$ " with what it prints."""
     lines = text.splitlines(keepends=True)
     while lines:
         command = lines.pop(0).removeprefix("$ ")
@@ -168,8 +172,29 @@ def check_commands(sources, programs, *pages):
             yield from run_page(page, sources, programs, Path(scratch))
 
 
+def anchors(page):
+    headings = re.findall(r"^#+ (.*)$", page.read_text(), re.MULTILINE)
+    return {re.sub(r"[^\w -]", "", heading).lower().replace(" ", "-") for heading in headings}
+
+
+def check_pages(*pages):
+    for page in map(Path, pages):
+        prose = re.sub(r"^ *```.*?^ *```$", "", page.read_text(), flags=re.MULTILINE | re.DOTALL)
+        for name, anchor in re.findall(r"\]\(([^)#\s:]*)#?([^)\s:]*)\)", prose):
+            target = page.parent / name if name else page
+            if not target.exists():
+                yield f"{page.name}: there is no {name}"
+            elif anchor and anchor not in anchors(target):
+                yield f"{page.name}: {target.name} has no heading #{anchor}"
+        words = len(re.sub(r"^ *\|.*$", "", prose, flags=re.MULTILINE).split())
+        if words > 1500 and page.name != "CHANGELOG.md":
+            yield f"{page.name}: has {words} words outside its tables and blocks"
+        if page.parent.name == "docs" and "\nWhat comes next: " not in prose[-500:]:
+            yield f"{page.name}: does not end with what comes next"
+
+
 def main():
-    check = {"snippets": check_snippets, "commands": check_commands}[sys.argv[1]]
+    check = {"snippets": check_snippets, "commands": check_commands, "pages": check_pages}[sys.argv[1]]
     faults = list(check(*sys.argv[2:]))
     print(*faults, sep="\n")
     sys.exit(1 if faults else 0)
