@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# Builds the Debian packages into build-packages/ and has lintian look at them. A copy of the sources
-# is built, so nothing else is touched.
+# Makes a Debian source package of what git tracks, builds the binary packages from it, and has lintian
+# look at them all. Everything is in build-packages/ then; nothing else is touched.
+#
+#   scripts/make-packages.sh            source and binary packages
+#   scripts/make-packages.sh --source   the source package alone, in seconds
 #
 # Needs, besides what scripts/install-packages.sh installs, the Debian packages debhelper, dh-python,
 # doxygen and lintian. It takes some minutes.
@@ -18,23 +21,40 @@ if [ "${missing[*]}" ]; then
 fi
 
 version=$(sed -nE 's/^  VERSION ([0-9.]+)$/\1/p' CMakeLists.txt)
-sources=build-packages/postwright-$version
-rm -rf build-packages
-mkdir -p "$sources"
-git ls-files -z | tar --create --null --files-from=- | tar --extract --directory="$sources"
-cp --recursive packaging/debian "$sources/debian"
-if [ "$(dpkg-parsechangelog --file "$sources/debian/changelog" --show-field Version)" != "$version-1" ]; then
+if [ "$(dpkg-parsechangelog --file packaging/debian/changelog --show-field Version)" != "$version-1" ]; then
   echo "packaging/debian/changelog does not begin with the version $version-1." >&2
   exit 1
 fi
 
-if command -v ccache > /dev/null; then
-  export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-  CCACHE_DIR=$(ccache --get-config cache_dir)  # the build has a home folder of its own
-  export CCACHE_DIR
-fi
-(cd "$sources" && DEB_BUILD_OPTIONS="parallel=$(nproc)" dpkg-buildpackage --build=binary --no-sign)
+# The sources of others' packages are an archive and, apart from it, the folder debian/. The archive is the
+# same whenever it is made of the same files.
+sources=postwright-$version
+rm -rf build-packages
+mkdir build-packages
+git ls-files -z |
+  tar --create --xz --null --files-from=- --sort=name --owner=0 --group=0 --numeric-owner --transform="s,^,$sources/,S" \
+    --mtime="$(dpkg-parsechangelog --file packaging/debian/changelog --show-field Date)" \
+    --file="build-packages/postwright_$version.orig.tar.xz"
+cp -r packaging/debian build-packages/debian
+cd build-packages
+tar --extract --file="postwright_$version.orig.tar.xz"
+mv debian "$sources"
+dpkg-source --build "$sources"
 rm -rf "$sources"
+lint=("postwright_$version-1.dsc")
+
+if [ "${1-}" != --source ]; then
+  if command -v ccache > /dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    CCACHE_DIR=$(ccache --get-config cache_dir)  # the build has a home folder of its own
+    export CCACHE_DIR
+  fi
+  dpkg-source --extract "${lint[0]}" "$sources"
+  (cd "$sources" && DEB_BUILD_OPTIONS="parallel=$(nproc)" dpkg-buildpackage --build=binary --no-sign)
+  rm -rf "$sources"
+  lint+=(*.changes)
+fi
 # No bug is closed by packages that nobody uploads.
-lintian --fail-on error,warning --suppress-tags initial-upload-closes-no-bugs build-packages/*.changes
-ls -l build-packages/*.deb
+lintian --fail-on error,warning --suppress-tags initial-upload-closes-no-bugs "${lint[@]}"
+ls -l ./*.dsc ./*.tar.xz
+[ "${1-}" = --source ] || ls -l ./*.deb

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fails where a library offers what no public header declares for hosts, or a public header declares
-# what no library offers:
+# what no library offers, or where Debian's lists of symbols are not those of the libraries:
 #
 #   check-exports.sh PREFIX
 set -euo pipefail
@@ -34,4 +34,5 @@ if ! diff "$scratch/declared" "$scratch/names"; then
   status=1
 fi
 [ -s "$scratch/declared" ] || status=1
+"$(dirname "$(readlink -f "$0")")/../../scripts/library-symbols.sh" "$1" || status=1
 exit "$status"
