@@ -2,7 +2,7 @@
 # where nothing has been installed. Sets `root`, which is removed when the script ends, and offers
 #
 #   step TEXT...       says what comes, and the seconds so far
-#   inside COMMAND...  runs a command in there, as root, with an empty environment
+#   inside COMMAND...  runs a command in there, as root, with an empty environment: LANG is not set, either
 #
 # MIRROR is the mirror to take it from, if not the one that apt uses here; TMPDIR says where.
 # shellcheck shell=bash
@@ -23,7 +23,7 @@ trap remove_root EXIT
 
 step() { printf '\n%4d s  %s\n' "$SECONDS" "$*"; }
 
-inside() { chroot "$root" env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/try "$@"; }
+inside() { chroot "$root" env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/try "$@"; }
 
 step "A bare system"
 debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" || { tail "$root.log"; exit 1; }
