@@ -112,13 +112,15 @@ void Serve(const Options& options) {
   GatewayParts parts(options.gateway, local, clock, log);
   VerifyService service(parts.Source(), knownUsers, options.service.answers);
   const std::string host = ListenAddress::Parse(options.service.listen).Host();
-  const StatusPages::Sources sources = {service.Counts(), parts.GetGateway(), parts.GetCache(),
-                                        parts.GetFallback()};
-  const StatusPages pages(sources, clock, POSTWRIGHT_VERSION, {host, options.gateway.openStatus});
+  StatusPages::Sources sources = {service.Counts(), parts.GetGateway(), parts.GetCache(),
+                                  parts.GetFallback()};
+  const HostAccess seesState{host, options.gateway.openStatus};
   PeoplePage people(parts.Source(), POSTWRIGHT_VERSION, {host, options.service.openPage},
-                    [&pages, state = StateView(sources, local)](const HttpRequest& request) {
-                      return pages.Allows(request) ? state.Section() : std::string();
+                    [seesState, state = StateView(sources, local)](const HttpRequest& request) {
+                      return seesState.Allows(request) ? state.Section() : std::string();
                     });
+  sources.people = &people.Counts();
+  const StatusPages pages(sources, clock, POSTWRIGHT_VERSION, seesState);
   const auto answer = [&](const HttpRequest& request, const Respond& respond) {
     if (std::optional<HttpReply> page = pages.Answer(request)) {
       respond(std::move(*page));

@@ -15,6 +15,8 @@ class OwnAnswers {
   OwnAnswers(const OwnAnswers&) = delete;
   OwnAnswers& operator=(const OwnAnswers&) = delete;
 
+  const TrafficCounts& Counts() const { return service_.Counts(); }
+
  private:
   VerifyService service_;
 };

@@ -44,6 +44,9 @@ class PeoplePage {
   // Answers within the call or later; returns false for a path that is not the page's.
   bool Answer(const HttpRequest& request, const Respond& respond);
 
+  // What was asked on it, which is not among the service's own counts.
+  const TrafficCounts& Counts() const { return answers_.Counts(); }
+
   // How long a body may be, by the request's head; 0 where the page has no say.
   size_t RoomFor(const HttpRequest& request) const;
 

@@ -1,5 +1,7 @@
 #include "service/page/RowReview.h"
 
+#include <postwright/VerifyCandidate.h>
+
 #include <algorithm>
 
 #include "common/WideText.h"
@@ -36,7 +38,23 @@ void RowReview::Ask(const TableColumns& columns) {
     return Set("not-asked", "too-long",
                "The address has more than " + std::to_string(kLongestAddress) + " characters.");
   }
-  Take(columns, CarefulFix(typed_, {}, nullptr));
+  CarefulFix::Asking asking;
+  asking.candidates = VerifyCandidate::kMost;
+  const CarefulFix fix(typed_, asking, nullptr);
+  Take(columns, fix);
+  TakeChoices(columns, fix);
+}
+
+void RowReview::TakeChoices(const TableColumns& columns, const CarefulFix& fix) {
+  for (const AddressMatch& candidate : fix.Candidates()) {
+    if (candidate.HasPrimaryRange() || candidate.HasSecondaryRange()) {
+      choices_.push_back({candidate.GetAddressTemplate(true), std::nullopt});
+      continue;
+    }
+    const std::wstring text = candidate.ComposeAddressBlock(true);
+    std::string zip;
+    choices_.push_back({text, columns.WithLabel(row_.cells, text, zip)});
+  }
 }
 
 void RowReview::Take(const TableColumns& columns, const CarefulFix& fix) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/label/CarefulFix.h"
 #include "service/page/TableColumns.h"
@@ -44,12 +45,23 @@ class RowReview {
   const CorrectionReview& Review() const { return review_; }
   const std::string& ConfirmedHtml() const { return confirmedHtml_; }
 
+  // A row that could have been meant: what an address base or the upstream has instead.
+  struct Choice {
+    std::wstring text;
+    std::optional<tabletext::Cells>
+        cells;  // the row with it, where it is one address that they hold
+  };
+
+  // What could have been meant, where there was a choice.
+  const std::vector<Choice>& Choices() const { return choices_; }
+
   // What the columns of kAddedTitles hold, where the cells are those of Made() as far as the status
   // is "fixed".
   tabletext::Cells Added() const;
 
  private:
   void Take(const TableColumns& columns, const CarefulFix& fix);
+  void TakeChoices(const TableColumns& columns, const CarefulFix& fix);
   void Set(std::string_view status, std::string reason, std::string reasonText);
 
   tabletext::Row row_;
@@ -63,6 +75,7 @@ class RowReview {
   std::string confirmation_;
   std::string confirmedHtml_;
   std::string zip4_;
+  std::vector<Choice> choices_;
 };
 
 }  // namespace postwright::service

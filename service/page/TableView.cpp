@@ -37,6 +37,19 @@ std::string TypedText(const RowReview& row) {
                                                      : fixview::Typed(row.Typed(), row.Review());
 }
 
+// What could have been meant. The script makes a button of those that have cells.
+std::string Choices(const RowReview& row) {
+  std::string choices;
+  for (const RowReview::Choice& choice : row.Choices()) {
+    choices += "<li" + (choice.cells ? Data("made", *choice.cells) : "") + "><pre>" +
+               html::Text(choice.text) + "</pre></li>\n";
+  }
+  return choices.empty() ? ""
+                         : "<details class=\"meant\"><summary>What could have been meant: " +
+                               std::to_string(row.Choices().size()) +
+                               "</summary><ul class=\"choices\">\n" + choices + "</ul></details>";
+}
+
 std::string Row(const TableReview& table, const RowReview& row, size_t number) {
   const std::string status(row.Status());
   std::string item =
@@ -59,7 +72,7 @@ std::string Row(const TableReview& table, const RowReview& row, size_t number) {
                           : std::to_string(changes) + (changes == 1 ? " change" : " changes")) +
             "</summary>" + more + "</details>";
   }
-  return item + "</div></li>\n";
+  return item + Choices(row) + "</div></li>\n";
 }
 
 std::string Counts(const TableReview& table) {

@@ -55,11 +55,14 @@ if (review) {
       button('Ask again', () => ask([row]), actions);
     }
     about.append(actions);
+    for (const meant of about.querySelectorAll('.meant li[data-made]')) {
+      if (!meant.querySelector('button')) button('Ask about it', () => ask([row], [cellsOf(meant, 'made')]), meant);
+    }
     about.querySelector('.badge').textContent =
       choice === 'typed' ? 'Kept as typed' :
       choice === 'made' && row.dataset.status !== 'fixed' ? 'Accepted' : names[row.dataset.status];
     const number = row.querySelector('.number').textContent;
-    for (const each of actions.children) each.setAttribute('aria-label', each.textContent + ', row ' + number);
+    for (const each of about.querySelectorAll('button')) each.setAttribute('aria-label', each.textContent + ', row ' + number);
   }
 
   const focus = (row) => row.querySelector('.actions button')?.focus();

@@ -103,6 +103,20 @@ std::string DescribeErrors(const GatewayState& state) {
   return text;
 }
 
+std::string DescribeAddresses(const TrafficCounts& traffic) {
+  return std::to_string(traffic.found) + " found, " + std::to_string(traffic.Rejected()) +
+         " turned down, " + std::to_string(traffic.unanswered) + " without an answer";
+}
+
+// Addresses by what became of them.
+void AppendOutcomes(std::string& page, const std::string& name, const std::string& what,
+                    const TrafficCounts& traffic) {
+  page += "# HELP " + name + ' ' + what + "\n# TYPE " + name + " counter\n";
+  Labelled(page, name, "outcome", "found", traffic.found);
+  Labelled(page, name, "outcome", "rejected", traffic.Rejected());
+  Labelled(page, name, "outcome", "unanswered", traffic.unanswered);
+}
+
 void AppendGateway(std::string& page, const GatewayState& state, double callSeconds) {
   Line(page, "Upstream", state.upstream);
   Line(page, "", DescribeTurn(state));
@@ -186,9 +200,10 @@ std::string StatusPages::Status() const {
   Line(page, "Documents",
        std::to_string(traffic.documents) + " read, " + std::to_string(traffic.unreadable) +
            " that could not be, " + std::to_string(traffic.strangers) + " of unknown users");
-  Line(page, "Addresses",
-       std::to_string(traffic.found) + " found, " + std::to_string(traffic.Rejected()) +
-           " turned down, " + std::to_string(traffic.unanswered) + " without an answer");
+  Line(page, "Addresses", DescribeAddresses(traffic));
+  if (sources_.people != nullptr) {
+    Line(page, "On the page", DescribeAddresses(*sources_.people));
+  }
   if (sources_.gateway == nullptr) {
     return page;
   }
@@ -216,12 +231,11 @@ std::string StatusPages::Metrics() const {
          std::to_string(traffic.unreadable));
   Metric(page, "postwright_unauthorised_documents_total", "counter", "Requests of unknown users.",
          std::to_string(traffic.strangers));
-  page +=
-      "# HELP postwright_addresses_total Addresses by what became of them.\n"
-      "# TYPE postwright_addresses_total counter\n";
-  Labelled(page, "postwright_addresses_total", "outcome", "found", traffic.found);
-  Labelled(page, "postwright_addresses_total", "outcome", "rejected", traffic.Rejected());
-  Labelled(page, "postwright_addresses_total", "outcome", "unanswered", traffic.unanswered);
+  AppendOutcomes(page, "postwright_addresses_total", "Addresses by what became of them.", traffic);
+  if (sources_.people != nullptr) {
+    AppendOutcomes(page, "postwright_page_addresses_total",
+                   "Addresses asked on the page for people.", *sources_.people);
+  }
   page +=
       "# HELP postwright_rejections_total Addresses turned down, by the interface's number.\n"
       "# TYPE postwright_rejections_total counter\n";

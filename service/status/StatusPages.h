@@ -29,13 +29,11 @@ class StatusPages {
     Gateway* gateway = nullptr;
     AnswerCache* cache = nullptr;
     FallbackSource* fallback = nullptr;
+    const TrafficCounts* people = nullptr;  // what was asked on the page for people
   };
 
   // `version` is the program's. The sources and the clock are borrowed.
   StatusPages(const Sources& sources, const Clock& clock, std::string version, HostAccess access);
-
-  // Says whether the state is shown to whoever sends a request.
-  bool Allows(const HttpRequest& request) const { return access_.Allows(request); }
 
   // Returns nullopt for a path that is none of the two.
   std::optional<HttpReply> Answer(const HttpRequest& request) const;

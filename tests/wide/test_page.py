@@ -142,6 +142,15 @@ def test_a_table_by_clicks_and_keys(browser, service, downloads):
     assert csv == SAVED.format(maria=proposed, winters=winters).replace("\n", "\r\n")
 
 
+def test_a_row_that_could_be_several(browser, service):
+    ask(browser, service.url, "table", "street,city,state,zip\n12 main st,millrace,oh,00011\n")
+    assert status(browser, 1) == "Turned down"
+    row_of(browser, 1).find_element(By.CSS_SELECTOR, ".meant summary").click()
+    button(row_of(browser, 1), "Ask about it").click()
+    wait(browser, lambda: status(browser, 1) == "Unchanged")
+    assert row_of(browser, 1).find_element(By.CSS_SELECTOR, ".typed pre").text.startswith("12 N MAIN ST")
+
+
 def test_a_thousand_rows(browser, service, downloads):
     browser.get(service.url)
     table = "address\n" + '"12 north main street, millrace oh 00011"\n' * 1000

@@ -93,6 +93,9 @@ TEST_F(PageTest, AnswersForms) {
        {"data-cells=\"[&quot;&lt;b x=&#39;"},
        {"<b x"}},
       // Tables.
+      {Post(Form("table", "address\n\"99 n main st, millrace oh 00011\"\n")),
+       200,
+       {"class=\"meant\"", "What could have been meant: "}},
       {Post(Form("table",
                  cells + "Jane,12 north main street,,millrace,ohio,00011\nBob,\"1 Main\nEve,,,,,\n"
                          "Flat,14 n main st,2,millrace,oh,00011\nMore,a,b,c,d,e,f\n"
@@ -136,6 +139,11 @@ TEST_F(PageTest, AnswersForms) {
       {Post("label=x", "Host: localhost\r\nOrigin: null\r\n"), 403, {}},
       {Post("label=x", "Host: localhost:1\r\nOrigin: http://localhost:1\r\n"), 200, {}},
       {Post("label=x", "Host: open.example\r\nVia: 1.1 proxy\r\n"), 200, {}, {"town.base"}},
+      // What was asked here is counted by itself.
+      {"GET /metrics HTTP/1.1\r\nHost: localhost\r\n\r\n",
+       200,
+       {"\npostwright_addresses_total{outcome=\"found\"} 0\n"},
+       {"postwright_page_addresses_total{outcome=\"found\"} 0\n"}},
   };
   Daemon daemon(Arguments({"--open-page", "open.example"}));
   const std::string address = daemon.ReadAddress();
