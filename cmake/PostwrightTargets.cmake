@@ -22,7 +22,8 @@ add_library(postwright-options INTERFACE)
 target_compile_features(postwright-options INTERFACE cxx_std_20)
 target_compile_options(
   postwright-options
-  INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2
+  INTERFACE -Wall -Wextra -Wpedantic -Wshadow "$<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Woverloaded-virtual>"
+            -Wcast-qual -Wformat=2
             $<$<BOOL:${POSTWRIGHT_WARNINGS_AS_ERRORS}>:-Werror>
             # GCC 12 sees std::string overlap itself, and std::wstring reach too far, where -O3 has
             # inlined them (its bug 105651).

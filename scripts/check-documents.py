@@ -137,6 +137,7 @@ def run_page(page, sources, programs, scratch):
     home, streams = scratch / "home", scratch / "streams"
     streams.mkdir()
     add_programs(home / "build/bin", programs, port)
+    (home / "build/lib").symlink_to(Path(programs).resolve().parent / "lib")
     subprocess.run(["cp", "-r", f"{sources}/examples", f"{sources}/data", home], check=True)
     commands = [(place, command.replace(PORT, port), answer and answer.replace(PORT, port))
                 for place, command, answer in page_commands(page)]

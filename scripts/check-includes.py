@@ -15,13 +15,14 @@ import pathlib
 import re
 import sys
 
-ROOMS = ["apps", "client", "common", "core", "platform", "postal", "python", "service"]
+ROOMS = ["apps", "client", "common", "core", "platform", "postal", "python", "service", "sql"]
 
 # What an include begins with, and how a README calls where it is from.
 LIBRARIES = {
     "Q": "Qt", "ui_": "Qt", "boost/": "Boost", "CLI/": "CLI11", "csv.h": "libcsv", "curl/": "libcurl",
     "microhttpd.h": "libmicrohttpd", "nlohmann/": "nlohmann_json", "pugixml.hpp": "pugixml",
-    "pybind11/": "pybind11", "simdjson.h": "simdjson", "sqlite3.h": "SQLite", "tinyxml.h": "TinyXML",
+    "pybind11/": "pybind11", "simdjson.h": "simdjson", "sqlite3.h": "SQLite",
+    "sqlite3ext.h": "SQLite", "tinyxml.h": "TinyXML",
     "utf8proc.h": "utf8proc", "zint.h": "Zint", "zip.h": "libzip", "zlib.h": "zlib",
 }
 

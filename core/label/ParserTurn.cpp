@@ -35,11 +35,6 @@ class KeptLocales {
 
 Utf8Locale::Utf8Locale() : before_(uselocale(Utf8())) {}
 
-std::mutex& ParserTurn::Mutex() {
-  static std::mutex* const mutex = new std::mutex;  // held at exit by a thread that still works
-  return *mutex;
-}
-
 void ParserTurn::Prepare() {
   if (Utf8() == nullptr) {
     throw std::runtime_error(std::string("the system has no locale ") + kUtf8);

@@ -36,8 +36,12 @@ class ParserTurn {
   static void Prepare();
 
   // What a turn holds, for who forks: taken before and given back after, in parent and child, so
-  // that a child finds the parser at rest.
-  static std::mutex& Mutex();
+  // that a child finds the parser at rest. One for the process, whatever modules it has loaded that
+  // have this code: being visible makes its static a unique one.
+  __attribute__((visibility("default"))) static std::mutex& Mutex() {
+    static std::mutex* const mutex = new std::mutex;  // held at exit by a thread that still works
+    return *mutex;
+  }
 
  private:
   std::lock_guard<std::mutex> lock_;

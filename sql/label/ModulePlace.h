@@ -1,0 +1,13 @@
+#ifndef POSTWRIGHT_SQL_LABEL_MODULEPLACE_H_
+#define POSTWRIGHT_SQL_LABEL_MODULEPLACE_H_
+
+#include <filesystem>
+
+namespace postwright::sql {
+
+// Returns the ZIP codes that come along, seen from where this module lies.
+std::filesystem::path DefaultZips();
+
+}  // namespace postwright::sql
+
+#endif  // POSTWRIGHT_SQL_LABEL_MODULEPLACE_H_

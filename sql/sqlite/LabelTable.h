@@ -1,0 +1,19 @@
+#ifndef POSTWRIGHT_SQL_SQLITE_LABELTABLE_H_
+#define POSTWRIGHT_SQL_SQLITE_LABELTABLE_H_
+
+#include <sqlite3ext.h>
+
+#include <memory>
+
+#include "sql/sqlite/Labels.h"
+
+namespace postwright::sql {
+
+// Adds the table-valued functions postwright_parse(label) and postwright_fix(label) to a
+// connection: a row of columns for a label, and no row for NULL or where there is no address.
+// Returns SQLite's result code.
+int AddLabelTables(sqlite3* connection, const std::shared_ptr<Labels>& labels);
+
+}  // namespace postwright::sql
+
+#endif  // POSTWRIGHT_SQL_SQLITE_LABELTABLE_H_
