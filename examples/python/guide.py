@@ -61,6 +61,20 @@ for fix in postwright.fix_many(labels, jobs=2):
     print(fix.status.name, fix.text, fix.reason, sep="\t")
 # guide: end
 
+# guide: pandas
+import pandas
+import postwright.pandas
+
+frame = pandas.DataFrame({"donor": ["Jane Doe", "Ann Lee"], "street": ["12 n main street", "1 Elm"],
+                          "town": ["austin", "Boston"], "st": ["texas", "MA"], "zip": ["78701", ""]})
+fixed = frame.postwright.fix(name="donor", street="street", city="town", state="st", zip="zip")
+assert list(fixed.status) == ["fixed", "turned_down"]
+assert list(fixed.reason) == ["", "zip-missing"]
+assert fixed.street_line[0] == "12 N MAIN ST"
+frame = frame.join(fixed.add_prefix("fixed_"))
+parts = frame.postwright.parse("street", "donor")  # a label of these lines
+# guide: end
+
 # guide: explain
 for change in postwright.explain("12 north main street\naustin tx 78701",
                                  "12 N MAIN ST\nAUSTIN TX 78701"):
