@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Tests that need systems of others, which ./test.sh leaves out: the page for people in Chromium, by
 # keys and clicks, light and dark, narrow and wide, without script and by axe-core; the extension for
-# PostgreSQL in a server of its own, with a million rows. Needs the packages that packages.txt marks "wide:", and the network for npm.
+# PostgreSQL in a server of its own, with a million rows; the Dask example with four worker processes,
+# one of which is killed. Needs the packages that packages.txt marks "wide:", and the network for npm.
 #
 #   scripts/test-wide.sh [PYTEST-OPTION ...]
 #   scripts/test-wide.sh -s -k postgresql    one of them, with its figures
@@ -12,7 +13,7 @@ for tool in chromium chromedriver npm /usr/lib/postgresql/15/bin/initdb; do
   command -v "$tool" > /dev/null || { echo "$tool is not installed: scripts/install-packages.sh --wide"; exit 77; }
 done
 cmake -S . -B build > /dev/null  # which may not have known of PostgreSQL's headers
-ninja -C build postwright-verifyd postwright-base postwright-postgresql
+ninja -C build postwright-verifyd postwright-base postwright-python postwright-postgresql
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 npm install --silent --no-audit --no-fund --ignore-scripts --no-package-lock --prefix "$scratch" axe-core

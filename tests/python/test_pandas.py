@@ -1,12 +1,14 @@
 """Labels in a DataFrame."""
 
 import doctest
+import runpy
 
 import pytest
 
 pandas = pytest.importorskip("pandas")
 
 import postwright.pandas  # noqa: E402  after pandas is known to be there
+from conftest import SOURCES  # noqa: E402
 
 FRAME = pandas.DataFrame(
     {"who": ["Jane Doe", None, "Ann"], "where": ["12 n main street", "1 Oak St", "no street"],
@@ -54,3 +56,6 @@ def test_raises_for_faults(call, fault, told):
 
 def test_the_examples_do_what_they_say():
     assert doctest.testmod(postwright.pandas).failed == 0
+    spark = runpy.run_path(str(SOURCES / "examples/python/spark_labels.py"))
+    frame, = spark["fix_frames"]([FRAME[["label"]]])
+    assert list(frame.status) == ["fixed", "turned_down", "turned_down"]
