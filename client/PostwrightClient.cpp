@@ -94,7 +94,7 @@ bool PostwrightClient::checkNetwork() const {
 }
 
 // One fix with all that both forms share. `read` makes the result of what the engine found; a
-// failure leaves the caller's text as it was, a message behind, and nil.
+// failure leaves the caller's text as it was, and gives nil and a message.
 template <typename Result, typename Read>
 std::optional<Result> PostwrightClient::runFix(const QString& address, bool quick, Read read) {
   _lastReport = VerifyReport();

@@ -91,7 +91,7 @@ std::string ParseLine(const LabelLine& label) {
 }
 
 // The records of an earlier run have no label in them: each must have the id of its own, and now
-// and then one is made anew to be compared, the first of all.
+// and then one is made again to be compared, the first of all.
 class ParseRecordForm final : public RecordForm {
  public:
   std::string Run() const override { return "a parse"; }

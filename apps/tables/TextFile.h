@@ -39,7 +39,7 @@ struct TextFile {
 
   // The encoding is the one its byte-order mark names, else UTF-16 where every other byte of its
   // beginning is NUL, else UTF-8 where the bytes are valid in it, else Windows-1252. Throws
-  // FileError for a file that cannot be read, is larger than 512 MiB, or is no text (a NUL byte,
+  // FileError for a file that cannot be read, is larger than 512 MiB, or is not text (a NUL byte,
   // UTF-16 that is not valid).
   static TextFile read(const QString& path);
 

@@ -5,7 +5,7 @@
 
 namespace postwright::sql {
 
-// Returns the ZIP codes that come along, seen from where this module lies.
+// Returns the ZIP codes that come with it, seen from where this module is.
 std::filesystem::path DefaultZips();
 
 }  // namespace postwright::sql

@@ -39,7 +39,7 @@ class LabelError : public std::runtime_error {
 // time. Throws LabelError, and std::runtime_error where the system has no UTF-8 locale.
 std::optional<ParsedLabel> ParseLabel(std::string_view label);
 
-// Fixes labels by what it is made of: the ZIP codes that come along and address bases.
+// Fixes labels by what it is made of: the ZIP codes that come with it and address bases.
 class LabelFixer {
  public:
   // Reads the bases, which may be none. Throws LocalServiceError for a file that cannot be used,

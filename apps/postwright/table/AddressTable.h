@@ -35,7 +35,7 @@ class AddressTable {
   using Answer = std::function<QStringList(const LabelColumns& columns, QStringList& cells)>;
 
   // `bytes` are the file's, `name` is for messages, and `columns` what --columns says, or "" where
-  // they are to be found. Throws Failure where that is no text or has no columns of an address.
+  // they are to be found. Throws Failure where that is not text or has no columns of an address.
   AddressTable(const std::string& bytes, std::string name, const std::string& columns);
 
   // "list.csv: street=Address 1, city=City", for the user to see.
