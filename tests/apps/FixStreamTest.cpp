@@ -379,7 +379,7 @@ TEST_F(FixStreamTest, ShowsProgressOnATerminal) {
                     "--give-up-after 1s labels > out' /dev/null < /dev/null",
            75, ", waiting for the service, ", ""},
           {"quiet", onTerminal("", " --quiet labels > out") + " | grep -c turned", 1, "0\n", ""},
-          {"ended by a signal", onTerminal("(echo 3; sleep 1) | timeout 0.5 ", " > out"), 124,
+          {"ended by a signal", onTerminal("(echo 3; sleep 5) | timeout 3 ", " > out"), 124,
            "1 turned down\r\n", ""},
       },
       folder_);
