@@ -19,7 +19,7 @@ trap 'rm -f "$left"' EXIT
 # A line for each source of the product: itself, then the headers of ours that it includes.
 sources_with_headers() {
   ninja -C "$build" -t deps | awk -v root="$PWD/" -v build="$PWD/$build/" '
-    function flush() { if (line ~ /^(apps|client|common|core|platform|postal|python|service)\//) print line; line = "" }
+    function flush() { if (line ~ /^(apps|client|common|core|platform|postal|python|service|sql)\//) print line; line = "" }
     /^[^ ]/ { flush(); next }
     {
       sub(/^\.\.\//, root, $1)

@@ -74,6 +74,7 @@ void Fix(sqlite3_context* context, int count, sqlite3_value** values) {
 void UseBases(sqlite3_context* context, int count, sqlite3_value** values) {
   Answer(context, [=] {
     std::vector<std::filesystem::path> bases;
+    bases.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
       bases.emplace_back(TextOf(values[i]).value_or(""));
     }
