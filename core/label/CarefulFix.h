@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace postwright {
@@ -27,6 +28,10 @@ enum class FixStatus : std::int32_t {
   kTurnedDown = 3,
   kUnanswered = 4,
 };
+
+// Returns its code, as the tables of the command have it: "unchanged", "fixed", "to-decide",
+// "turned-down", "not-answered". Pure, for any thread.
+std::string_view CodeOf(FixStatus status);
 
 // One label, asked about with its address lines, the others kept as they were typed, or not asked
 // about where it is left alone. A correction that is doubtful is proposed and not made. For

@@ -106,10 +106,6 @@ std::string Sentence(const CarefulFix& fix) {
 
 }  // namespace
 
-std::string_view CodeOf(FixStatus status) {
-  return kStatuses.at(static_cast<size_t>(status)).code;
-}
-
 std::string_view WordsOf(std::string_view statusCode) {
   const auto* const found =
       std::find_if(kStatuses.begin(), kStatuses.end(),

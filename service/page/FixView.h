@@ -12,8 +12,7 @@
 // How a page shows what became of a label. Pure, for any thread; what is returned is HTML.
 namespace postwright::service::fixview {
 
-// The code of a status as tables have it, "to-decide", and in words.
-std::string_view CodeOf(FixStatus status);
+// A status in words, by its code as CodeOf or a table has it.
 std::string_view WordsOf(std::string_view statusCode);
 
 // A status with its sign.

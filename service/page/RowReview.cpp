@@ -58,7 +58,7 @@ void RowReview::TakeChoices(const TableColumns& columns, const CarefulFix& fix) 
 }
 
 void RowReview::Take(const TableColumns& columns, const CarefulFix& fix) {
-  Set(fixview::CodeOf(fix.Status()), fix.Reason(), fix.ReasonText());
+  Set(CodeOf(fix.Status()), fix.Reason(), fix.ReasonText());
   confirmation_ = fix.Confirmed().Code();
   confirmedHtml_ = fixview::Confirmed(fix);
   if (fix.Status() == FixStatus::kUnchanged) {

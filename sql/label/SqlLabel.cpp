@@ -20,10 +20,6 @@ namespace {
 
 constexpr std::size_t kLongest = std::size_t{16} << 20U;
 
-// As the command calls them in tables, by the numbers of FixStatus.
-constexpr std::array<const char*, 5> kStatuses = {"unchanged", "fixed", "to-decide", "turned-down",
-                                                  "not-answered"};
-
 constexpr std::array kElements = {
     &AddressInfo::prefix,        &AddressInfo::number,          &AddressInfo::predirectional,
     &AddressInfo::street,        &AddressInfo::streetSuffix,    &AddressInfo::postdirectional,
@@ -101,7 +97,7 @@ FixedLabel LabelFixer::Fix(std::string_view label) const {
   }
   const AddressFields address = fix->Address().value_or(AddressFields());
   const bool isFixed = fix->Status() == FixStatus::kFixed;
-  return {kStatuses.at(static_cast<std::size_t>(fix->Status())),
+  return {std::string(CodeOf(fix->Status())),
           isFixed ? Utf8FromAnyWide(fix->Text()) : std::string(label),
           Utf8FromAnyWide(fix->Proposed()),
           Utf8FromAnyWide(fix->Mended()),
