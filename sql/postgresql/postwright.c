@@ -76,8 +76,8 @@ static Datum row_datum(FunctionCallInfo fcinfo, const struct postwright_row* row
   return HeapTupleGetDatum(heap_form_tuple(type, values, nulls));
 }
 
-/* The label in UTF-8. */
-static const char* label_text(const text* label, size_t* length) {
+/* The label in UTF-8. Not const, since the macros of the server cast that away. */
+static const char* label_text(text* label, size_t* length) {
   const char* data = VARDATA_ANY(label);
   const char* utf8 = pg_server_to_any(data, (int)VARSIZE_ANY_EXHDR(label), PG_UTF8);
   *length = utf8 == data ? VARSIZE_ANY_EXHDR(label) : strlen(utf8);
