@@ -30,18 +30,18 @@ fish_offers() {
   fish --no-config -c 'source $completions/$name.fish; complete --do-complete "$argv"' "$*" | cut -f 1
 }
 # zsh completes on a terminal alone: it is given one, takes all that it would offer into its line, and
-# goes as soon as the line is written down.
+# goes as soon as the line is written down. What it knows of all commands is kept for the next time.
 zsh_offers() {
   cat > "$scratch/.zshrc" <<'END'
 fpath=($completions $fpath)
-autoload -U compinit && compinit -D -u
+autoload -U compinit && compinit -C -d $scratch/known
 zle -C all-matches complete-word _generic
 zstyle ':completion:*' completer _all_matches _complete
 zstyle ':completion:*' insert true
 zle-line-init() { BUFFER=$line; CURSOR=$#line; zle all-matches; print -rl -- ${=BUFFER} > $scratch/offered; exit }
 zle -N zle-line-init
 END
-  TERM=vt100 ZDOTDIR=$scratch line="$*" timeout 30 zsh -f -c \
+  TERM=vt100 ZDOTDIR=$scratch line="$*" timeout 120 zsh -f -c \
     'zmodload zsh/zpty; zpty shell zsh -d -i; while zpty -r shell; do :; done' > /dev/null < /dev/null
   grep --invert-match --line-regexp --fixed-strings "$(printf '%s\n' "${@:1:$#-1}")" "$scratch/offered"
 }
