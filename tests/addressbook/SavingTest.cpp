@@ -16,7 +16,7 @@ namespace postwright::addressbook {
 
 namespace {
 
-constexpr int kEntries = 20000;
+constexpr int kEntries = 4000;
 
 // The entries of the old and of the new file: every label names which.
 QList<Entry> entriesOf(const QString& word, int count = kEntries) {
@@ -111,7 +111,7 @@ void SavingTest::saysWhyItCannotWrite() {
   ::signal(SIGXFSZ, SIG_IGN);
   rlimit usual = {};
   ::getrlimit(RLIMIT_FSIZE, &usual);
-  const rlimit small = {65536, usual.rlim_max};
+  const rlimit small = {8192, usual.rlim_max};
   ::setrlimit(RLIMIT_FSIZE, &small);
   const QString full = refusal();
   ::setrlimit(RLIMIT_FSIZE, &usual);
