@@ -1,10 +1,10 @@
-"""Makes the wheel: what pip calls (PEP 517), which has CMake build the package.
+"""Makes the wheel: pip calls this (PEP 517), and it has CMake build the package.
 
     pip wheel --no-build-isolation --no-deps .
     pip wheel --no-build-isolation --no-deps --config-settings=build-dir=build .   of what is built there
 
-The wheel holds our libraries and the ZIP codes. The libraries of others are the system's: it is for
-machines like the one that it was made on.
+The wheel holds our libraries and the ZIP codes, but not those of the system: it is for machines like
+the one that it was made on.
 """
 
 import re
@@ -33,8 +33,8 @@ def build(folder):
 
 
 def install(folder, tree):
-    """Puts the package into the tree, and returns where it is and its libraries by the names under
-    which they are asked for."""
+    """Installs the package into the tree, and returns its folder and its libraries, by the names
+    that the loader asks for."""
     for component in ("python", "core", "local"):
         run("cmake", "--install", folder, "--prefix", tree, "--component", component)
     package = next(tree.rglob("postwright/__init__.py")).parent

@@ -1,5 +1,5 @@
-// A host in one file: shows the batch window on the labels of a text file and prints what became of
-// them. The file itself is not changed.
+// A host in one file: shows the batch window for the labels of a text file and prints what became
+// of them. The file is not changed.
 
 #include <postwright/Deployment.h>
 #include <postwright/PostwrightController.h>
@@ -21,7 +21,7 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
-// What the library asks of a host's own object: its text, and to take another.
+// What the library needs of a host's own object: to give its text, and to take another.
 class Label final : public AddressEntry {
  public:
   explicit Label(QString text) : _text(std::move(text)) {}
@@ -41,7 +41,7 @@ std::optional<QByteArray> readFile(const QString& name) {
   return file.readAll();
 }
 
-// Labels are set apart by blank lines.
+// Labels are separated by blank lines.
 QList<std::shared_ptr<AddressEntry>> labelsOf(const QByteArray& text) {
   static const QRegularExpression blankLines(QStringLiteral("\\n(?:[ \\t]*\\n)+"));
   QList<std::shared_ptr<AddressEntry>> labels;
@@ -54,7 +54,7 @@ QList<std::shared_ptr<AddressEntry>> labelsOf(const QByteArray& text) {
   return labels;
 }
 
-// A host may know of addresses that the service cannot tell apart: [{"address": "...",
+// A host may know addresses that the service cannot tell apart: [{"address": "...",
 // "candidates": [{"template": "...", "pattern": "...", "low": "1A", "high": "1F"}, ...]}, ...].
 QHash<QString, QJsonArray> directoryOf(const QByteArray& json) {
   QHash<QString, QJsonArray> directory;
@@ -65,7 +65,7 @@ QHash<QString, QJsonArray> directoryOf(const QByteArray& json) {
   return directory;
 }
 
-// Asks the directory first and the service about all that is not in it.
+// Asks the directory first, and the service about what is not in it.
 AskFunction askDirectory(const QHash<QString, QJsonArray>& directory) {
   return [directory](PostwrightClient& client, const QString& address) {
     AddressOutcome outcome;
@@ -88,21 +88,21 @@ AskFunction askDirectory(const QHash<QString, QJsonArray>& directory) {
 
 void addOptions(QCommandLineParser& parser) {
   parser.setApplicationDescription(
-      QStringLiteral("Shows the batch window on the labels of FILE, which are set apart by blank "
-                     "lines, and prints them as they are after it."));
+      QStringLiteral("Shows the batch window for the labels of FILE, which are separated by blank "
+                     "lines, and prints them as they are afterwards."));
   parser.addHelpOption();
   parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The labels, UTF-8."));
   parser.addOptions({
       {QStringLiteral("case"), QStringLiteral("upper (the default), lower or mixed."),
        QStringLiteral("CASE"), QStringLiteral("upper")},
-      {QStringLiteral("keep-punctuation"), QStringLiteral("Leave punctuation in.")},
+      {QStringLiteral("keep-punctuation"), QStringLiteral("Leave punctuation as it is.")},
       {QStringLiteral("mixed-case"), QStringLiteral("Special spellings, \"DeWitt;MacArthur\"."),
        QStringLiteral("SPELLINGS")},
       {QStringLiteral("server"), QStringLiteral("The Verify service."),
        QStringLiteral("HOST[:PORT]")},
       {QStringLiteral("candidates"), QStringLiteral("Addresses to choose from, JSON."),
        QStringLiteral("FILE")},
-      {QStringLiteral("plain"), QStringLiteral("The window without what a host has to turn on.")},
+      {QStringLiteral("plain"), QStringLiteral("Leave out what a host has to turn on.")},
       {QStringLiteral("dark"), QStringLiteral("Dark colours.")},
   });
 }
@@ -119,8 +119,8 @@ void askServer(const QString& server) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  // The library reads letters by the character locale, which is the host's to set: UTF-8, before
-  // the first fix and after the application, which takes the environment's.
+  // The library reads letters by the character locale, which the host sets: to UTF-8, before the
+  // first fix but after QApplication is made, which sets the environment's.
   std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
   QCommandLineParser parser;
   addOptions(parser);

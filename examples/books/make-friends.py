@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes friends.csv, an address book of 200 entries as people keep them: mostly right, in every
-spelling, with a few addresses that no service can find.
+"""Writes friends.csv, an address book of 200 entries as people keep them: mostly right, spelt in every
+way, with a few addresses that no service can find.
 
     examples/books/make-friends.py > examples/books/friends.csv
 

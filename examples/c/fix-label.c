@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
   }
   const size_t length = fread(label, 1, sizeof label, stdin);
   if (length == sizeof label) {
-    fputs("fix-label: this is no label: it is longer than 64 KiB\n", stderr);
+    fputs("fix-label: not a label: it is longer than 64 KiB\n", stderr);
     return 2;
   }
 

@@ -3,7 +3,7 @@
 //
 //   guide-client HOST:PORT
 //
-// What stands between "guide:" and "guide: end" is shown in docs/host-guide.md or README.md.
+// The lines between "guide:" and "guide: end" are shown in docs/host-guide.md or README.md.
 
 #include <postwright/BatchResultRecord.h>
 #include <postwright/Deployment.h>

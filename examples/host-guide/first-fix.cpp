@@ -2,7 +2,7 @@
 //
 //   guide-first-fix HOST:PORT
 //
-// What stands between "guide:" and "guide: end" is shown in docs/host-guide.md or README.md.
+// The lines between "guide:" and "guide: end" are shown in docs/host-guide.md or README.md.
 
 // guide: includes
 #include <postwright/MacPlatformServices.h>
@@ -29,7 +29,7 @@ void Show(const std::wstring& text) {
 void Explain(postwright::FixResult result) {
   switch (result) {
     case postwright::FixResultInvalidAddress:
-      std::cout << "The postal service does not know this address. Please look it over.\n";
+      std::cout << "The postal service does not know this address. Please check it.\n";
       break;
     case postwright::FixResultBadReply:
       std::cout << "The address was not checked: the service gave no answer. Try again later.\n";

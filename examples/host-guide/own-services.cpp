@@ -2,7 +2,7 @@
 //
 //   guide-own-services HOST:PORT
 //
-// What stands between "guide:" and "guide: end" is shown in docs/host-guide.md.
+// The lines between "guide:" and "guide: end" are shown in docs/host-guide.md.
 
 #include <postwright/Deployment.h>
 #include <postwright/LogFormat.h>
@@ -18,7 +18,7 @@
 namespace {
 
 // guide: log
-// Writes what the engine says of a failure to standard error.
+// Writes what the engine reports of a failure to standard error.
 class LoggingServices : public postwright::MacPlatformServices {
  public:
   void LogWarning(const wchar_t* format, ...) override {
@@ -42,7 +42,7 @@ class LoggingServices : public postwright::MacPlatformServices {
 // guide: end
 
 // guide: own-network
-// A host's tests ask nobody: its network is a drawer of replies.
+// A host's tests need no network: here a drawer of canned replies answers.
 class DrawerServices final : public postwright::MacPlatformServices {
  public:
   explicit DrawerServices(std::string reply) : reply_(std::move(reply)) {}
@@ -87,7 +87,7 @@ void ShowDrawer() {
 
 void ShowThreads() {
   // guide: threads
-  LoggingServices services;  // has no state, so threads may share it
+  LoggingServices services;  // stateless, so threads may share it
   std::jthread one([&] { Show(L"12 n main street\naustin tx 78701", services); });
   std::jthread two([&] { Show(L"12 n main street\naustin tx 78701", services); });
   // guide: end

@@ -2,8 +2,8 @@
 //
 //   guide-window HOST:PORT
 //
-// What stands between "guide:" and "guide: end" is shown in docs/host-guide.md. On the platform
-// without a screen, where nobody can press Update, the program does.
+// The lines between "guide:" and "guide: end" are shown in docs/host-guide.md. On the offscreen
+// platform, where nobody can press Update, the program presses it.
 
 #include <postwright/Deployment.h>
 #include <postwright/NotificationCenter.h>

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Corrects labels on a Dask cluster: JSON lines in, JSON lines out, a file for a partition, in order.
+"""Corrects labels on a Dask cluster: JSON lines in, JSON lines out, one file a partition, in order.
 
     dask_labels.py 'labels/*.jsonl' fixed/
     dask_labels.py 'labels/*.jsonl' fixed/ --scheduler tcp://head:8786
 
-Each input line is an object with the label as "address"; it comes out with what became of it. A file
-of the output is written once its partition is done, and again where its worker has died meanwhile.
+Each input line is an object with the label as "address"; the output line adds what became of it. An
+output file is written when its partition is done, and once more if the worker dies meanwhile.
 """
 
 import argparse
@@ -33,9 +33,9 @@ def fix_files(labels, folder):
 def main():
     options = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     options.add_argument("labels", help="files of JSON lines; a pattern in quotation marks")
-    options.add_argument("folder", help="for the corrected ones")
-    options.add_argument("--scheduler", help="of a cluster that runs; four worker processes here "
-                                             "where none is named")
+    options.add_argument("folder", help="where the corrected ones go")
+    options.add_argument("--scheduler", help="address of a running cluster's scheduler; without it, four "
+                         "worker processes on this machine")
     options = options.parse_args()
     cluster = {"address": options.scheduler} if options.scheduler else \
         {"n_workers": 4, "threads_per_worker": 1, "dashboard_address": None}

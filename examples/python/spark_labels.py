@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Corrects labels with Spark, by the package in Spark's Python workers or by the command.
+"""Corrects labels with Spark, with the package in Spark's Python workers or with the command.
 
     spark-submit spark_labels.py labels.parquet fixed.parquet
 """

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Corrects any number of labels in shards, on one machine or on many that share a folder. Whatever
-# is interrupted, however hard, is gone on with by the same command.
+# Corrects any number of labels in shards, on one machine or on many that share a folder. After any
+# interruption, however hard, the same command goes on where it stopped.
 #
 #   fix-shards.sh split LABELS FOLDER LINES   cuts a file of JSON lines into shards of LINES lines
 #   fix-shards.sh shard FILE [OPTION...]      corrects one shard; OPTIONs are those of `postwright fix`
@@ -10,8 +10,8 @@
 # On four cores:   ls FOLDER/*.labels | parallel -j 4 fix-shards.sh shard {}
 # On a cluster:    sbatch --array=0-99 --wrap='fix-shards.sh work FOLDER --jobs 4'
 #
-# FOLDER/000007.labels is a shard, 000007.part what there is of its records, 000007.fixed all of
-# them. POSTWRIGHT names the program where it is not on the path.
+# FOLDER/000007.labels is a shard, 000007.part its records so far, 000007.fixed all of them.
+# POSTWRIGHT names the program if it is not on the path.
 set -euo pipefail
 postwright=${POSTWRIGHT:-postwright}
 
@@ -20,7 +20,7 @@ complain() {
   exit 2
 }
 
-# The folder appears whole, or not at all.
+# The folder appears complete, or not at all.
 split_labels() {
   local labels=$1 folder=${2%/} lines=$3
   [ -e "$folder" ] && complain "$folder is there already: go on with 'work', or name another folder"
@@ -32,7 +32,7 @@ split_labels() {
   echo "$(find "$folder" -name '*.labels' | wc --lines) shards in $folder"
 }
 
-# Records are added to the part as they become known; it takes the shard's name when all are there.
+# Records are added to the part as they come; it takes the shard's name when it is complete.
 fix_shard() {
   local labels=$1 status=0
   local name=${labels%.labels}
@@ -57,8 +57,8 @@ fix_folder() {
     if ((index++ % tasks == task)); then
       status=0
       (fix_shard "$shard" "$@") || status=$?
-      [ "$status" -ne 75 ] || exit 75  # it would be away for the other shards, too
-      [ "$status" -eq 0 ] || failed=1  # those are not held up by this one
+      [ "$status" -ne 75 ] || exit 75  # the service would be away for the other shards too
+      [ "$status" -eq 0 ] || failed=1  # the other shards go on
     fi
   done
   return "$failed"

@@ -22,7 +22,7 @@ namespace postwright::python {
 
 namespace {
 
-// The package's types, which live as long as the interpreter.
+// The package's types; they live as long as the interpreter.
 struct Records {
   py::module_ module = py::module_::import("postwright._records");
   RecordType address{module.attr("Address")};
@@ -41,13 +41,13 @@ const Records& Types() {
   return *records;
 }
 
-// Who answers the questions of a fix: a service within the process, or one over the network.
+// Who answers a fix's questions: the service within this process, or one over the network.
 struct Service {
   LocalAnswers answers;  // empty for a service over the network
   std::string server;
   std::chrono::milliseconds timeout{0};
 
-  // Has the process ask it; within a turn.
+  // Makes it the one that the process asks. Within a turn.
   void Use() const {
     SetLocalAnswers(answers);
     if (!answers) {
@@ -76,7 +76,6 @@ Service ServerOf(const std::string& server, double timeout) {
 }
 
 // --- Reading
-// --------------------------------------------------------------------------------------
 
 py::object RecordOf(const AddressInfo& info) {
   constexpr std::array kFields = {
@@ -102,8 +101,8 @@ py::object Parse(py::handle text) {
   return RecordOf(info);
 }
 
-// Some at a time, so that neither the interpreter's lock nor the parser is asked for once for each
-// of them, and what they hold stays in the processor's cache.
+// A few labels at a time, so that the interpreter's lock and the parser are not taken anew for each
+// one, and the labels stay in the processor's cache.
 py::list ParseList(const py::list& texts) {
   py::list records(texts.size());
   constexpr std::size_t kAtOnce = 64;
@@ -133,7 +132,6 @@ py::list ParseList(const py::list& texts) {
 }
 
 // --- Explaining
-// -----------------------------------------------------------------------------------
 
 py::object RecordOf(const CorrectionPart& part) {
   return Types().part.New(
@@ -164,17 +162,16 @@ py::tuple Explain(py::handle typed, py::handle corrected, const std::string& foo
 }
 
 // --- Correcting
-// -----------------------------------------------------------------------------------
 
 CarefulFix FixInTurn(const std::wstring& label, const Service& service,
                      const CarefulFix::Asking& asking, const std::atomic<bool>* abandoned) {
-  const Utf8Locale locale;  // of this thread, which need not be the one that has the turn
+  const Utf8Locale locale;  // this may not be the thread that has the turn
   service.Use();
   return CarefulFix(label, asking, abandoned);
 }
 
-// A service over the network can take minutes, in which an interrupt is to be heard: the fix then
-// has a thread of its own, and is given up.
+// A service over the network can take minutes, and an interrupt must be noticed meanwhile: the fix
+// runs on a thread of its own, and an interrupt abandons it.
 CarefulFix FixInterruptibly(const std::wstring& label, const Service& service,
                             const CarefulFix::Asking& asking) {
   constexpr std::chrono::milliseconds kSignalCheck(50);
@@ -219,7 +216,7 @@ py::object RecordOf(const CarefulFix& fix, const py::object& label) {
        py::bool_(fix.IsAsked()), py::int_(fix.RetryAfter())});
 }
 
-// `interruptible` where an interrupt ends the wait for a service over the network.
+// With `interruptible`, an interrupt ends the wait for a service over the network.
 py::object Fix(const py::object& text, const Service& service, const CarefulFix::Asking& asking,
                bool interruptible) {
   const std::wstring label = WideOf(text);

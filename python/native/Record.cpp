@@ -31,7 +31,7 @@ py::object RecordType::Empty() const {
 
 py::object RecordType::New(std::initializer_list<py::object> values) const {
   if (values.size() != offsets_.size()) {
-    throw std::logic_error("a record is made of another number of values than it has fields");
+    throw std::logic_error("a record needs one value for each field");
   }
   return Fill([&values](std::size_t i) { return values.begin()[i]; });
 }

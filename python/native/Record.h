@@ -8,9 +8,9 @@
 
 namespace postwright::python {
 
-// A dataclass of the package, frozen and with slots, of which objects are made by writing the
-// slots. Its own constructor writes each through object.__setattr__, which takes longer than the
-// parser does to read a label.
+// A frozen dataclass of the package, with slots. Objects are made by writing the slots: the
+// dataclass's own constructor goes through object.__setattr__ for each, which takes longer than the
+// parser takes to read a label.
 //
 //   const RecordType part(records.attr("Part"));
 //   part.New({text, line, begin, end});
@@ -18,10 +18,10 @@ class RecordType {
  public:
   explicit RecordType(const pybind11::object& type);
 
-  // A new object with these values, one for each field, in their order.
+  // Returns a new object with these values, one for each field, in order.
   pybind11::object New(std::initializer_list<pybind11::object> values) const;
 
-  // The same for values that are made one by one: `values(i)` gives that of field i.
+  // The same, with the value of field i made by `values(i)`.
   template <typename Values>
   pybind11::object Fill(Values values) const {
     pybind11::object record = Empty();
@@ -31,7 +31,7 @@ class RecordType {
       mayBeInACycle = mayBeInACycle || PyObject_IS_GC(value) != 0;
       Slot(record, i) = value;
     }
-    if (!mayBeInACycle) {  // as with tuples: the collector would look through long lists in vain
+    if (!mayBeInACycle) {  // as for tuples: saves the collector from scanning long lists in vain
       PyObject_GC_UnTrack(record.ptr());
     }
     return record;

@@ -8,13 +8,13 @@
 
 namespace postwright::python {
 
-// Between Python's strings and wide ones, code point by code point; half a surrogate pair, which
-// both can hold, is one. The interpreter's lock is held.
+// Between Python strings and wide strings, code point by code point; a lone surrogate, which both
+// can hold, counts as one. The interpreter's lock is held.
 
 // Throws TypeError where `text` is not a str.
 std::wstring WideOf(pybind11::handle text);
 
-// New references. The second is given UTF-8; what is none in it is U+FFFD.
+// New references. The second takes UTF-8; bytes that are not valid become U+FFFD.
 pybind11::str StrOf(std::wstring_view text);
 pybind11::str StrOf(std::string_view text);
 

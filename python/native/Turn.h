@@ -7,16 +7,16 @@
 
 namespace postwright::python {
 
-// A turn at the parser, without the interpreter's lock while it is waited for and while it lasts.
+// A turn at the parser. The interpreter's lock is released while the turn is waited for and held.
 //
 //   const Turn turn;
 //   info = AddressParser::GetInstance()->Parse(label);
 //
-// Who holds one and wants to touch Python takes the interpreter's lock for that long.
+// Code that touches Python within a turn must take the interpreter's lock for that.
 class Turn {
  public:
-  // Around a fork, on the thread that forks: the first waits until no turn is taken and holds the
-  // others back, the second, in parent and child, lets them go on.
+  // Around a fork, on the thread that forks: the first waits until no turn is held and keeps others
+  // from starting one; the second, in parent and child, lets them go on.
   static void HoldBack() {
     const pybind11::gil_scoped_release released;
     ParserTurn::Mutex().lock();

@@ -27,8 +27,8 @@ def _bases_in(folder: Path) -> list[str]:
 
 @functools.cache
 def _found_bases() -> tuple[str, ...]:
-    """The user's and then the machine's, where the command looks for them. What is not absolute
-    does not count: XDG Base Directory Specification."""
+    """The user's, then the machine's: where the command looks. A path that is not absolute is
+    ignored (XDG Base Directory Specification)."""
     data, home = os.environ.get("XDG_DATA_HOME", ""), os.environ.get("HOME", "")
     user = Path(data, "postwright") if os.path.isabs(data) else Path(home, ".local/share/postwright")
     bases = _bases_in(user) if user.is_absolute() else []
@@ -61,11 +61,11 @@ class Asking:
     def of(cls, *, server: str | None, bases: Iterable[str | os.PathLike[str]] | None,
            timeout: float, **form: bool) -> Asking:
         if server is not None and bases is not None:
-            raise ValueError("server and bases exclude one another: a server has its own")
+            raise ValueError("server and bases exclude each other: a server has its own bases")
         if not 0 < timeout <= 86400:
-            raise ValueError("timeout is a number of seconds, more than 0 and at most a day")
+            raise ValueError("timeout must be a number of seconds, more than 0 and at most a day")
         if isinstance(bases, (str, os.PathLike)):
-            raise TypeError("bases is a list of files, not one")
+            raise TypeError("bases must be a list of files, not one")
         return cls(server=None if server is None else _checked_server(server),
                    bases=None if bases is None else tuple(os.path.abspath(base) for base in bases),
                    timeout=timeout, **form)
@@ -95,11 +95,11 @@ class PatientFixer:
         self._interruptible = interruptible
         self._answered = time.monotonic()
         self._known: str | None = None
-        """The last label that was answered, and would be again where the service is there."""
+        """The last label that was answered: it will be again if the service is there."""
 
     def fix(self, label: str) -> Fix:
-        """Asks again until there is an answer, until it is plain that it is this label alone that
-        gets none, or until patience is at its end."""
+        """Asks again until there is an answer, until it is plain that only this label gets none, or
+        until patience runs out."""
         fix = self._ask(label)
         pause = _FIRST_PAUSE
         while fix.status is Status.UNANSWERED and self._left() > 0:

@@ -1,8 +1,8 @@
 """Many labels, in worker processes.
 
-Fixes of one process take turns at its parser, so that threads would wait for one another. The
-workers are programs of their own and not forks: a fork of a process with threads (those of a
-numerical library, say) may wait for a lock that nobody holds any more.
+Fixes of one process take turns at its parser, so threads would wait for each other. The workers
+are programs of their own, not forks: the fork of a process with threads (a numerical library's,
+say) may wait for a lock that no thread holds any more.
 """
 
 from __future__ import annotations
@@ -22,11 +22,12 @@ from ._records import Confirmation, Fix, Status, WorkerError
 _AT_ONCE = 32
 _AT_ONCE_OF_SERVER = 4
 _HELD_FOR_EACH_JOB = 8
-"""So many chunks are held at most, so that a slow label stops the others late and memory never."""
+"""How many chunks a job may hold: enough that a slow label seldom stops the others, few enough
+for memory."""
 
 
 class _Chunk:
-    """Labels that were read one after another, and what is known of them."""
+    """Consecutive labels, and what became of them so far."""
 
     def __init__(self, labels: list[str]) -> None:
         self.labels = labels
@@ -39,11 +40,11 @@ class _Chunk:
 
 
 _FALSE_STARTS = 3
-"""So many workers in a row that die before they begin, and none will."""
+"""After this many workers in a row have died before they began, no other will begin."""
 
 
 _Task = tuple[_Chunk, int, int]
-"""The labels of a chunk from one place to another."""
+"""A range of a chunk's labels."""
 
 
 class _Worker:
@@ -73,7 +74,7 @@ class _Worker:
         try:
             self.connection.send(message)
         except OSError:
-            pass  # it has died, which its connection will tell
+            pass  # it has died, as its connection will tell
 
     def end(self) -> str:
         """Ends the process, and says how it ended."""
@@ -87,7 +88,7 @@ class _Worker:
 
 
 class _Pool:
-    """Workers, and the chunks that are under way, in the order in which they were read."""
+    """The workers, and the chunks under way, in the order they were read."""
 
     def __init__(self, labels: Iterable[str], jobs: int, asking: Asking, patience: float) -> None:
         self._labels = Reader(labels)
@@ -112,14 +113,14 @@ class _Pool:
         self._labels.finish()
 
     def _end(self) -> None:
-        if os.getpid() == self._owner:  # and not a child that was forked meanwhile
+        if os.getpid() == self._owner:  # not in a child that was forked meanwhile
             for worker in self._workers:
-                worker.connection.close()  # all at once, so that none is waited for by itself
+                worker.connection.close()  # all of them first, so that none is waited for alone
             for worker in self._workers:
                 worker.end()
 
     def _hand_out(self) -> bool:
-        """Gives each idle worker a task; False where there was none to give."""
+        """Gives each idle worker a task; False if there was none to give."""
         given = False
         while (task := self._next_task()) is not None:
             idle = next((worker for worker in self._workers if worker.task is None), None)
@@ -163,8 +164,8 @@ class _Pool:
             self._false_starts = 0
 
     def _replace(self, worker: _Worker) -> None:
-        """A worker has died. Its labels are asked about one by one, so that the one that it died of
-        is found; of that it is told that nobody judged it."""
+        """A worker has died. Its labels are asked about one by one, to find the one it died over; that
+        one counts as not answered."""
         self._workers.remove(worker)
         how = worker.end()
         chunk, begin, end = worker.task
@@ -195,7 +196,7 @@ def _fix_here(labels: Iterable[str], asking: Asking, patience: float) -> Iterato
 
 
 def fix_in_order(labels: Iterable[str], jobs: int, asking: Asking, patience: float) -> Iterator[Fix]:
-    """Yields a Fix for each label, in their order."""
+    """Yields a Fix for each label, in order."""
     if jobs == 1:
         return _fix_here(labels, asking, patience)
     return _Pool(labels, jobs, asking, patience).fixes()

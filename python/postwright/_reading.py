@@ -1,4 +1,4 @@
-"""Labels as they come from whoever calls."""
+"""Reading the caller's labels."""
 
 from __future__ import annotations
 
@@ -7,8 +7,8 @@ from collections.abc import Iterable
 
 
 class Reader:
-    """Reads labels a few at a time. What goes wrong on the way is kept, to be raised once the labels
-    before it are dealt with."""
+    """Reads labels a few at a time. An error on the way is kept, to be raised once the labels before
+    it are dealt with."""
 
     def __init__(self, labels: Iterable[str]) -> None:
         self._labels = iter(labels)
@@ -16,7 +16,7 @@ class Reader:
         self.is_at_end = False
 
     def read(self, most: int) -> list[str]:
-        """The next labels; none at the end."""
+        """The next labels; empty at the end."""
         labels: list[str] = []
         if self.is_at_end:
             return labels
@@ -31,6 +31,6 @@ class Reader:
         return labels
 
     def finish(self) -> None:
-        """Raises what went wrong."""
+        """Raises the error that was kept, if any."""
         if self.failure is not None:
             raise self.failure

@@ -9,7 +9,7 @@ _record = dataclasses.dataclass(frozen=True, slots=True)
 
 
 class PostwrightError(Exception):
-    """What the package raises besides Python's own TypeError, ValueError and MemoryError."""
+    """The package's own exceptions, besides TypeError, ValueError and MemoryError."""
 
 
 class BadFileError(PostwrightError):
@@ -23,7 +23,7 @@ class WorkerError(PostwrightError):
 @_record
 class Address:
     """The elements of an address as the parser read them, in upper case (USPS Publication 28,
-    section 23); "" for an element that the address has not."""
+    section 23); "" for an element that the address lacks."""
 
     prefix: str
     """The text above the address."""
@@ -51,17 +51,17 @@ class Part:
     """A run of words in a text."""
 
     text: str
-    """As it stands there; "" where the words are in the other text alone."""
+    """As written; "" where only the other text has the words."""
     line: int
-    """From 0 on."""
+    """Counted from 0."""
     begin: int
-    """text[begin:end] of the whole text; where there are no words, the place for them."""
+    """text[begin:end] of the whole text; where there are no words, the place they would have."""
     end: int
 
 
 @_record
 class Change:
-    """What the corrected text has in place of what was typed."""
+    """One change: words of the typed text, and what the corrected text has instead."""
 
     rule: str
     """A code that never changes its meaning: "suffix", "zip-of-street"."""
@@ -72,14 +72,14 @@ class Change:
     doubt: bool
     """No rule accounts for it: a person should look before it is taken."""
     reason: str
-    """Of a doubt, one English sentence; else ""."""
+    """For a doubt, one English sentence; else ""."""
 
 
 class Status(enum.IntEnum):
     """What became of a label."""
 
     UNCHANGED = 0
-    """The service says the same, but for case, blanks and punctuation; or nobody was asked."""
+    """The service says the same, apart from case, spaces and punctuation; or nobody was asked."""
     FIXED = 1
     """Corrected, and each change is accounted for."""
     UNDECIDED = 2
@@ -104,7 +104,7 @@ class Confirmation(enum.StrEnum):
     NUMBER_NOT_KNOWN = "number-not-known"
     """The street is known, the number is not."""
     FORM_ONLY = "form-only"
-    """Well written; nobody has checked the street."""
+    """Well formed; nobody has checked the street."""
 
 
 @_record
@@ -113,16 +113,16 @@ class StandardAddress:
 
     street_line: str
     urbanization: str
-    """Puerto Rico."""
+    """In Puerto Rico; else ""."""
     city: str
     state: str
     zip: str
-    """With its ZIP+4 where the service knows one: "78701-1201"."""
+    """With the ZIP+4 if the service knows it: "78701-1201"."""
 
 
 @_record
 class Source:
-    """Whose word an answer is."""
+    """Where an answer comes from."""
 
     kind: str
     """One of "base", "zip-list", "upstream" and "cache"."""
@@ -131,23 +131,23 @@ class Source:
     date: str
     """When the base was made or the answer was kept: "2026-11-20"."""
     text: str
-    """The same in English, to put after "according to"."""
+    """The same in English, to follow "according to"."""
 
 
 @_record
 class Fix:
-    """A label that was asked about."""
+    """What became of a label."""
 
     label: str
     """As it was given."""
     status: Status
     text: str
-    """The text to go on with: corrected where the status is FIXED, else as it was given."""
+    """The text to use: corrected if the status is FIXED, else as it was given."""
     proposed: str
-    """The text as corrected where a person must decide; else ""."""
+    """The corrected text if a person must decide; else ""."""
     mended: str
-    """The text with what it lacks, where nothing was read in it and only one thing can be meant; to
-    be offered. Mostly ""."""
+    """Where no address was read and only one thing can be meant, the text with what it lacks, to be
+    offered to a person. Mostly ""."""
     confirmation: Confirmation
     confirmation_text: str
     """The same in English."""
@@ -156,17 +156,17 @@ class Fix:
     reason_text: str
     """The same in English, for a person."""
     changes: tuple[Change, ...]
-    """What the correction changes, of a label whose status is FIXED or UNDECIDED."""
+    """What the correction changes, if the status is FIXED or UNDECIDED."""
     address: StandardAddress | None
-    """The address where it may be taken: FIXED, or UNCHANGED and asked about."""
+    """The address, where it can be relied on: FIXED, or UNCHANGED and asked about."""
     source: Source | None
-    """Whose word it is, where the service tells."""
+    """Where the answer comes from, if the service tells."""
     asked: bool
-    """False where the label was left alone."""
+    """False if the label was left alone."""
     retry_after: int
-    """Seconds that the service wants to be left alone; 0 where it does not say."""
+    """Seconds after which the service wants to be asked again; 0 if it does not say."""
 
     @property
     def confirmed(self) -> bool:
-        """True where the service knows the address, down to the unit."""
+        """True if the service knows the address, down to the unit."""
         return self.confirmation is Confirmation.CONFIRMED

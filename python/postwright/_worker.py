@@ -1,4 +1,4 @@
-"""What a worker process of fix_many() runs: labels in, results out, until nobody sends any more."""
+"""What a worker process of fix_many() runs: labels in, results out, until no more come."""
 
 from __future__ import annotations
 
@@ -9,7 +9,7 @@ from ._asking import Asking, PatientFixer
 
 
 def main(descriptor: int) -> None:
-    signal.signal(signal.SIGINT, signal.SIG_IGN)  # the terminal's goes to whoever reads the results
+    signal.signal(signal.SIGINT, signal.SIG_IGN)  # the reader of the results handles the terminal's
     connection = Connection(descriptor)
     try:
         asking: Asking
@@ -24,4 +24,4 @@ def main(descriptor: int) -> None:
         while True:
             connection.send([fixer.fix(label) for label in connection.recv()])
     except (EOFError, ConnectionError):
-        pass  # whoever started this is done, or dead
+        pass  # the parent is done, or dead

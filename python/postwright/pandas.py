@@ -1,4 +1,4 @@
-"""Labels in a pandas DataFrame; pandas is wanted here alone.
+"""Labels in a pandas DataFrame. Only this module needs pandas.
 
     >>> import pandas
     >>> import postwright.pandas
@@ -28,14 +28,13 @@ _OF_ADDRESS = ("street_line", "urbanization", "city", "state", "zip")
 
 @pandas.api.extensions.register_dataframe_accessor("postwright")
 class PostwrightAccessor:
-    """What a frame has as `frame.postwright`. Neither call changes the frame: what they return has
-    its index, to be joined to it: `frame.join(frame.postwright.fix("label").add_prefix("fixed_"))`.
+    """What a frame has as `frame.postwright`. The calls do not change the frame: they return one
+    with its index, to join to it: `frame.join(frame.postwright.fix("label").add_prefix("fixed_"))`.
 
-    A label is made of the columns that are named by their part: `name`, `street`, `unit`, `city`,
-    `state`, `zip`; or of the columns that are given without one, each of which is a line of it, or
-    several. Missing values are empty, and numbers are taken as they are written: a ZIP code that a
-    column of numbers holds has lost its zeros, which is told (`zip-short`) and not guessed; read it
-    with `dtype=str`.
+    A label is made of columns named by part (`name`, `street`, `unit`, `city`, `state`, `zip`), or of
+    columns given by position, each of which is a line of it, or several. Missing values are empty.
+    Numbers are taken as written: a ZIP code in a column of numbers has lost its leading zeros, which
+    is reported (`zip-short`), not guessed; read such a column with `dtype=str`.
     """
 
     def __init__(self, frame: pandas.DataFrame) -> None:
@@ -44,8 +43,8 @@ class PostwrightAccessor:
     def parse(self, *lines: Hashable, name: Hashable = None, street: Hashable = None,
               unit: Hashable = None, city: Hashable = None, state: Hashable = None,
               zip: Hashable = None) -> pandas.DataFrame:
-        """The elements of each label's address, as postwright.Address has them; "" in all columns
-        where there is none."""
+        """The elements of each label's address, as in postwright.Address; "" in all columns if it has
+        none."""
         labels = self._labels(lines, (name, street, unit, city, state, zip))
         names = [field.name for field in dataclasses.fields(Address)]
         none = ("",) * len(names)
@@ -56,12 +55,12 @@ class PostwrightAccessor:
     def fix(self, *lines: Hashable, name: Hashable = None, street: Hashable = None,
             unit: Hashable = None, city: Hashable = None, state: Hashable = None,
             zip: Hashable = None, **options: Any) -> pandas.DataFrame:
-        """What became of each label. `options` are those of postwright.fix_many(), as `jobs=4`.
+        """What became of each label. `options` are those of postwright.fix_many(), such as `jobs=4`.
 
         The columns: `status`, a category ("unchanged", "fixed", "undecided", "turned_down",
-        "unanswered"); `text`, the label to go on with; `proposed`, `mended`, `confirmation`, `reason`
-        and `reason_text` as postwright.Fix has them; and where the address may be taken its
-        `street_line`, `urbanization`, `city`, `state` and `zip`, else "".
+        "unanswered"); `text`, the label to use; `proposed`, `mended`, `confirmation`, `reason` and
+        `reason_text` as in postwright.Fix; and, where the address can be relied on, its `street_line`,
+        `urbanization`, `city`, `state` and `zip`, else "".
         """
         labels = self._labels(lines, (name, street, unit, city, state, zip))
         fixes = list(fix_many(labels, **options))
@@ -78,7 +77,7 @@ class PostwrightAccessor:
             raise TypeError("name the columns of the label: fix('label'), or fix(street='address', "
                             "city='town', state='st', zip='zip')")
         if lines and any(named):
-            raise TypeError("columns are given by their part, or as lines of the label; not both")
+            raise TypeError("give columns by part or as lines of the label, not both")
         if lines:
             return ["\n".join(filter(None, row))
                     for row in zip(*map(self._texts, lines))]
@@ -97,7 +96,7 @@ class PostwrightAccessor:
 
 
 def _text(value: object) -> str:
-    """Numbers stand in a column as 78701.0 where one of them is missing."""
+    """A column of numbers with one missing holds 78701.0 for 78701."""
     if isinstance(value, float) and value.is_integer():
         value = int(value)
     return str(value).strip()

@@ -5,7 +5,7 @@
 
 namespace postwright::sql {
 
-// Returns the ZIP codes that come with it, seen from where this module is.
+// Returns the file of ZIP codes that is installed with this module, found relative to it.
 std::filesystem::path DefaultZips();
 
 }  // namespace postwright::sql

@@ -39,7 +39,7 @@ std::wstring WideLabel(std::string_view label) {
   }
 }
 
-// The host's own answers, put back at the end: it may use the library, too.
+// Puts the host's own answers back at the end: the host may use the library too.
 class OwnAnswers {
  public:
   explicit OwnAnswers(const LocalAnswers& answers) : before_(GetLocalAnswers()) {

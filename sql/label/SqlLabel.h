@@ -13,8 +13,7 @@
 
 namespace postwright::sql {
 
-// The columns of a label that was parsed, and of one that was fixed: as the records of the command
-// name them.
+// The columns of a parsed label and of a fixed one, named as in the command's records.
 inline constexpr std::array<const char*, 13> kParseColumns = {"prefix",         "number",
                                                               "predirectional", "street",
                                                               "street_suffix",  "postdirectional",
@@ -29,34 +28,34 @@ inline constexpr std::array<const char*, 12> kFixColumns = {
 using ParsedLabel = std::array<std::string, kParseColumns.size()>;
 using FixedLabel = std::array<std::string, kFixColumns.size()>;
 
-// A label that is none: longer than 16 MiB, or no UTF-8. The text is for the user.
+// A label that cannot be read: longer than 16 MiB, or not UTF-8. The text is for the user.
 class LabelError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// The address in `label`, UTF-8, in its parts; nothing where there is none. Any thread, one at a
-// time. Throws LabelError, and std::runtime_error where the system has no UTF-8 locale.
+// Returns the elements of the address in `label`, UTF-8; nullopt where there is none. Any thread,
+// one at a time. Throws LabelError, and std::runtime_error where the system has no UTF-8 locale.
 std::optional<ParsedLabel> ParseLabel(std::string_view label);
 
-// Fixes labels by what it is made of: the ZIP codes that come with it and address bases.
+// Fixes labels from the installed ZIP codes and the address bases it is given.
 class LabelFixer {
  public:
-  // Reads the bases, which may be none. Throws LocalServiceError for a file that cannot be used,
-  // which it names.
+  // Reads the bases; there need not be any. Throws LocalServiceError, which names the file, for one
+  // that cannot be used.
   explicit LabelFixer(const std::vector<std::filesystem::path>& bases);
 
-  // What becomes of `label`. Its `status` is one of unchanged, fixed, to-decide, turned-down and
-  // not-answered, and `text` the text to go on with: as it was given, unless it is fixed. The
-  // address, where it may be taken, is in the last five columns. Threads and faults as ParseLabel.
+  // Returns what became of `label`. `status` is unchanged, fixed, to-decide, turned-down or
+  // not-answered; `text` is the text to use, as given unless it was fixed. The last five columns
+  // hold the address where it can be relied on. Threads and failures as for ParseLabel.
   FixedLabel Fix(std::string_view label) const;
 
  private:
   LocalAnswers answers_;
 };
 
-// Has the parser made, which takes a moment. Whoever does not call it has that moment with the
-// first label. Throws std::runtime_error where the system has no UTF-8 locale.
+// Makes the parser now rather than with the first label; it takes a moment. Throws
+// std::runtime_error where the system has no UTF-8 locale.
 void PrepareParser();
 
 }  // namespace postwright::sql

@@ -77,7 +77,7 @@ std::vector<std::filesystem::path> PathsOf(const std::string& bases) {
   return paths;
 }
 
-// Made again where other bases are named.
+// Returns the fixer, made anew when other bases are named.
 const LabelFixer& FixerFor(const std::string& bases) {
   static std::string made;
   static std::optional<LabelFixer> fixer;

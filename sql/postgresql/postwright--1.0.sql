@@ -35,10 +35,10 @@ CREATE FUNCTION postwright_parse(label text) RETURNS postwright_address
   LANGUAGE c IMMUTABLE STRICT PARALLEL SAFE COST 200
   AS 'MODULE_PATHNAME', 'pg_postwright_parse';
 COMMENT ON FUNCTION postwright_parse(text) IS
-  'The US postal address in a label, in its parts; NULL where there is none';
+  'The parts of the US postal address in a label; NULL if there is none';
 
 CREATE FUNCTION postwright_fix(label text) RETURNS postwright_fixed
   LANGUAGE c STABLE STRICT PARALLEL SAFE COST 2000
   AS 'MODULE_PATHNAME', 'pg_postwright_fix';
 COMMENT ON FUNCTION postwright_fix(text) IS
-  'A label with its US postal address corrected, and what is known of it';
+  'A label with its US postal address corrected, and what is known about it';

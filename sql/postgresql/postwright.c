@@ -15,7 +15,7 @@ PG_MODULE_MAGIC;
 
 #pragma GCC visibility push(default)
 void _PG_init(void);
-PG_FUNCTION_INFO_V1(pg_postwright_parse);  /* the core has a postwright_parse of its own */
+PG_FUNCTION_INFO_V1(pg_postwright_parse);  /* postwright_parse is a function of the core */
 PG_FUNCTION_INFO_V1(pg_postwright_fix);
 #pragma GCC visibility pop
 
@@ -29,7 +29,7 @@ static void report(enum postwright_answer answer, const struct postwright_row* r
       break;
     case POSTWRIGHT_BAD_BASES:
       ereport(ERROR, (errcode(ERRCODE_CONFIG_FILE_ERROR), errmsg("postwright: %s", row->problem),
-                      errhint("postwright.bases names the address bases; where it is empty, all in "
+                      errhint("postwright.bases names the address bases; when it is empty, all in "
                               "/var/lib/postwright are used.")));
       break;
     case POSTWRIGHT_FAULT:
@@ -40,7 +40,7 @@ static void report(enum postwright_answer answer, const struct postwright_row* r
   }
 }
 
-/* What the function returns, found once for a statement. */
+/* The function's row type, looked up once for a statement. */
 static TupleDesc row_type(FunctionCallInfo fcinfo, size_t count) {
   TupleDesc type = fcinfo->flinfo->fn_extra;
   if (type == NULL) {
@@ -48,7 +48,7 @@ static TupleDesc row_type(FunctionCallInfo fcinfo, size_t count) {
     if (get_call_result_type(fcinfo, NULL, &type) != TYPEFUNC_COMPOSITE ||
         type->natts != (int)count) {
       ereport(ERROR, (errcode(ERRCODE_DATATYPE_MISMATCH),
-                      errmsg("postwright: the module is of another version than the extension"),
+                      errmsg("postwright: the module and the extension have different versions"),
                       errhint("ALTER EXTENSION postwright UPDATE")));
     }
     type = BlessTupleDesc(CreateTupleDescCopy(type));
@@ -76,7 +76,7 @@ static Datum row_datum(FunctionCallInfo fcinfo, const struct postwright_row* row
   return HeapTupleGetDatum(heap_form_tuple(type, values, nulls));
 }
 
-/* The label in UTF-8. Not const, since the macros of the server cast that away. */
+/* The label in UTF-8. Not const, since the server's macros cast const away. */
 static const char* label_text(text* label, size_t* length) {
   const char* data = VARDATA_ANY(label);
   const char* utf8 = pg_server_to_any(data, (int)VARSIZE_ANY_EXHDR(label), PG_UTF8);
@@ -110,8 +110,9 @@ Datum pg_postwright_fix(PG_FUNCTION_ARGS) {
 void _PG_init(void) {
   struct postwright_row row;
   DefineCustomStringVariable(
-      "postwright.bases", "Address bases that postwright_fix answers from, set apart by commas.",
-      "Where it is empty, all in /var/lib/postwright.", &bases, "", PGC_SUSET, 0, NULL, NULL, NULL);
+      "postwright.bases", "Address bases that postwright_fix answers from, separated by commas.",
+      "When it is empty, all in /var/lib/postwright are used.", &bases, "", PGC_SUSET, 0, NULL, NULL,
+      NULL);
   MarkGUCPrefixReserved("postwright");
   report(postwright_prepare(&row), &row);
 }

@@ -16,13 +16,13 @@ namespace postwright::sql {
 
 namespace {
 
-constexpr unsigned kJson = 'J';  // what SQLite's own JSON functions mark their values with
+constexpr unsigned kJson = 'J';  // the subtype of the values of SQLite's own JSON functions
 
 Labels& LabelsOf(sqlite3_context* context) {
   return **static_cast<std::shared_ptr<Labels>*>(sqlite3_user_data(context));
 }
 
-// The place of a part among `columns`; throws where there is none of that name.
+// Returns the place of a part among `columns`; throws where none has that name.
 template <typename Columns>
 std::size_t PlaceOf(sqlite3_value* part, const Columns& columns) {
   const std::string_view name = TextOf(part).value_or("NULL");
@@ -32,7 +32,8 @@ std::size_t PlaceOf(sqlite3_value* part, const Columns& columns) {
     for (const char* column : columns) {
       names += (names.empty() ? "" : ", ") + std::string(column);
     }
-    throw std::invalid_argument("'" + std::string(name) + "' is no part; they are " + names);
+    throw std::invalid_argument("there is no part '" + std::string(name) + "'; the parts are " +
+                                names);
   }
   return static_cast<std::size_t>(found - columns.begin());
 }
@@ -59,7 +60,7 @@ void Parse(sqlite3_context* context, int count, sqlite3_value** values) {
   });
 }
 
-// postwright_fix(label): the text to go on with. postwright_fix(label, part): what is told of it.
+// postwright_fix(label): the text to use. postwright_fix(label, part): that part of the result.
 void Fix(sqlite3_context* context, int count, sqlite3_value** values) {
   Answer(context, [=] {
     constexpr std::size_t kText = 1;
@@ -70,7 +71,7 @@ void Fix(sqlite3_context* context, int count, sqlite3_value** values) {
   });
 }
 
-// postwright_bases(file, ...): the address bases to answer from, in place of those that are found.
+// postwright_bases(file, ...): the address bases to answer from, instead of those found by default.
 void UseBases(sqlite3_context* context, int count, sqlite3_value** values) {
   Answer(context, [=] {
     std::vector<std::filesystem::path> bases;
@@ -95,7 +96,7 @@ int Add(sqlite3* connection) {
       {"postwright_parse", 2, SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, Parse},
       {"postwright_fix", 1, SQLITE_INNOCUOUS, Fix},
       {"postwright_fix", 2, SQLITE_INNOCUOUS, Fix},
-      {"postwright_bases", -1, SQLITE_DIRECTONLY, UseBases},  // opens files: by the user alone
+      {"postwright_bases", -1, SQLITE_DIRECTONLY, UseBases},  // opens files: for the user only
   };
   const auto labels = std::make_shared<Labels>();
   int result = AddLabelTables(connection, labels);

@@ -12,11 +12,11 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// What makes the one table-valued function differ from the other.
+// What the two table-valued functions differ in.
 struct Kind {
   const char* name;
   std::vector<const char*> columns;
-  Cells (*cells)(Labels& labels, std::string_view label);  // none: no row
+  Cells (*cells)(Labels& labels, std::string_view label);  // empty: no row
 };
 
 Cells ParseCells(Labels& labels, std::string_view label) {
@@ -81,7 +81,7 @@ int Disconnect(sqlite3_vtab* table) {
   return SQLITE_OK;
 }
 
-// The one way to ask: with a label.
+// There is one way to query the table: with a label.
 int BestIndex(sqlite3_vtab* table, sqlite3_index_info* index) {
   const int labelColumn = static_cast<int>(TableOf(table).function.kind.columns.size());
   bool isGiven = false;
@@ -156,7 +156,7 @@ int RowId(sqlite3_vtab_cursor*, sqlite3_int64* id) {
   return SQLITE_OK;
 }
 
-// No xCreate: the table is there without being made.
+// No xCreate: the table exists without CREATE VIRTUAL TABLE.
 sqlite3_module MakeModule() {
   sqlite3_module module{};
   module.xConnect = Connect;

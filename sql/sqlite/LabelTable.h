@@ -10,7 +10,7 @@
 namespace postwright::sql {
 
 // Adds the table-valued functions postwright_parse(label) and postwright_fix(label) to a
-// connection: a row of columns for a label, and no row for NULL or where there is no address.
+// connection: one row for a label, none for NULL or for a label without an address.
 // Returns SQLite's result code.
 int AddLabelTables(sqlite3* connection, const std::shared_ptr<Labels>& labels);
 

@@ -11,19 +11,19 @@
 
 namespace postwright::sql {
 
-// What the functions of one connection share: the bases that it answers from, and the last label,
-// since a statement mostly asks for several parts of one. One thread at a time, as SQLite has it.
+// What the functions of one connection share: the bases it answers from, and the last label, since
+// a statement mostly asks for several parts of it. One thread at a time, which SQLite sees to.
 class Labels {
  public:
-  // Nothing where the label holds no address. Throws as ParseLabel().
+  // Returns nullopt where the label holds no address. Throws as ParseLabel().
   const std::optional<ParsedLabel>& Parse(std::string_view label);
 
-  // Reads the bases first where none have been: those that `postwright fix` finds. Throws as
-  // LabelFixer.
+  // The first call reads the bases that `postwright fix` finds, unless UseBases() has named others.
+  // Throws as LabelFixer.
   const FixedLabel& Fix(std::string_view label);
 
-  // From now on these are answered from, none for the ZIP codes alone. Throws as LabelFixer; then
-  // everything stays as it was.
+  // Answers from `bases` from now on; from the ZIP codes alone where it is empty. Throws as
+  // LabelFixer, and then nothing has changed.
   void UseBases(const std::vector<std::filesystem::path>& bases);
 
  private:

@@ -1,4 +1,4 @@
-"""What the tests of the package share: the programs of the build, and a service that obeys."""
+"""What the tests of the package share: the programs of the build, and a scripted service."""
 
 import contextlib
 import http.server
@@ -12,8 +12,8 @@ PROGRAMS = Path(os.environ["POSTWRIGHT_PROGRAMS"])
 
 @contextlib.contextmanager
 def serving(answer):
-    """A server whose GETs `answer`, given how many there were, answers with a status and a body. It
-    runs on a thread of this process, which it would never get while a call kept the interpreter."""
+    """A server: `answer`, given the number of GETs so far, returns a status and a body. It runs on a
+    thread of this process, so it hangs if a call under test keeps the interpreter's lock."""
 
     class Handler(http.server.BaseHTTPRequestHandler):
         def do_GET(self):

@@ -1,4 +1,4 @@
-"""One label: what comes of it, and what is a fault."""
+"""One label: its result, and what raises."""
 
 import dataclasses
 import doctest

@@ -45,7 +45,7 @@ def test_comes_in_order_and_ends_its_workers():
                                   lambda labels: postwright.fix_many(labels),
                                   lambda labels: postwright.fix_many(labels, jobs=2)])
 @pytest.mark.parametrize("last, fault", [(lambda: None, TypeError), (lambda: 1 // 0, ArithmeticError)])
-def test_a_fault_comes_behind_what_was_read_before_it(many, last, fault):
+def test_a_fault_comes_after_what_was_read_before_it(many, last, fault):
     def labels():
         yield from LABELS[:40]
         yield last()
@@ -81,7 +81,7 @@ def test_a_label_that_kills_is_not_judged():
     with serving(answer) as (server, asked):
         fixes = [*postwright.fix_many(labels, jobs=2, server=server)]
     assert [fix.label for fix in fixes] == labels
-    for fix in fixes:  # whoever else was at work died along
+    for fix in fixes:  # other workers may have died with it
         assert fix.reason == "worker-ended" or (fix.reason == "" and "kill" not in fix.label)
         assert fix.reason == "" or "was ended by signal 9" in fix.reason_text
 

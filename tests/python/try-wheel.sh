@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the wheel of what is built, installs it into an environment of its own, without a network, and
-# runs what is essential there.
+# Makes the wheel from what is built, installs it into a fresh environment without a network, and tries
+# the essential calls there.
 #
 #   try-wheel.sh PYTHON BUILD SOURCES
 set -euo pipefail

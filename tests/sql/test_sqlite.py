@@ -52,8 +52,8 @@ def test_answers(statement, printed):
 
 
 @pytest.mark.parametrize("statement, problem", [
-    ("SELECT postwright_parse('a', 'town')", "'town' is no part; they are prefix, number, "),
-    ("SELECT postwright_fix('a', 'town')", "'town' is no part; they are status, text, "),
+    ("SELECT postwright_parse('a', 'town')", "there is no part 'town'; the parts are prefix, "),
+    ("SELECT postwright_fix('a', 'town')", "there is no part 'town'; the parts are status, "),
     ("SELECT postwright_parse()", "wrong number of arguments"),
     ("SELECT * FROM postwright_parse", "postwright_parse takes a label: FROM postwright_parse('12 "),
     ("SELECT postwright_parse(CAST(x'C3' AS TEXT))", "the label is not valid UTF-8"),

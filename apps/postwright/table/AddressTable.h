@@ -16,8 +16,8 @@
 
 namespace postwright {
 
-// The numbers of a record's status, 0 to 4, in words, and that of a row that has no record: a table
-// is for people. An earlier run is known by them.
+// A record's status, 0 to 4, in words, since a table is for people, and the status of a row without
+// a record. They also show which columns an earlier run has added.
 inline constexpr std::array<const char*, 6> kRowStatuses = {
     "unchanged", "fixed", "to-decide", "turned-down", "not-answered", "not-asked"};
 

@@ -7,11 +7,11 @@
 
 namespace postwright {
 
-// A file without a name, which is gone with its object or its process, however that ends. Others of
-// this process open it by its path.
+// A file without a name. It disappears with its object or its process, however that ends. Other
+// code in this process opens it by its path.
 class ScratchFile {
  public:
-  // Makes it where the system has its temporary files. Throws Failure where that cannot be.
+  // Makes it where the system keeps temporary files. Throws Failure where that is impossible.
   ScratchFile();
 
   int Descriptor() const { return fileno(file_.get()); }
