@@ -1,9 +1,9 @@
-// How long the local service thinks about one address: with an address base, as a ratio to the time
+// How long the local service takes over one address with an address base, as a ratio to the time
 // without one. No HTTP, no documents.
 //
 //   bench-base BASE ZIPS
 //
-// BASE is what make-addresses and postwright-base make of one city, ZIPS is data/us-zips.tsv.
+// BASE is made from one city by make-addresses and postwright-base; ZIPS is data/us-zips.tsv.
 
 #include <cstdlib>
 #include <iostream>
@@ -18,7 +18,7 @@ namespace {
 
 using Questions = std::vector<RequestAddress>;
 
-// Addresses of the base, each of a street of its own. `spoil` says what becomes of them.
+// Addresses of the base, each on another street. `spoil` says what is done to them.
 template <typename Spoil>
 Questions MakeQuestions(const std::string& base, const Spoil& spoil) {
   postal::SqliteFile file = postal::SqliteFile::OpenUnchanging(base);

@@ -1,6 +1,6 @@
 // The batch window on a long list: how soon it opens, what a record takes, how a page scrolls, and
-// whether the last results cost more to show than the first. Answers come from the program itself,
-// at the pace at which the window takes them, so that nothing but the window is measured.
+// whether the last results cost more to show than the first. Answers come from the program itself
+// as fast as the window takes them, so that only the window is measured.
 
 #include <postwright/PostwrightController.h>
 
@@ -65,7 +65,7 @@ double showResults(int count, QSemaphore& answers, const QProgressBar& progress)
   while (progress.value() < goal) {
     QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
-  QEventLoop rest;  // what was coalesced is shown a little later
+  QEventLoop rest;  // coalesced results are shown a little later
   QTimer::singleShot(std::chrono::milliseconds(100), &rest, &QEventLoop::quit);
   rest.exec();
   return threadSeconds() - before;
@@ -81,7 +81,7 @@ double showTenThousands(QSemaphore& answers, const QProgressBar& progress) {
   return times[times.size() / 2];
 }
 
-// Pages through a part of the list, each page painted; returns the seconds of the slowest page.
+// Pages through part of the list, painting each page; returns the seconds of the slowest page.
 double scrollPages(QTableView& table, int pages) {
   double slowest = 0;
   QScrollBar& bar = *table.verticalScrollBar();
@@ -115,7 +115,7 @@ int measure() {
   const double middle = showResults(kRecords - 20 * kThousand, answers, progress);
   const double last = showTenThousands(answers, progress);
   std::printf("shows a thousand results, milliseconds            %8.2f\n", 1000 * first);
-  std::printf("the same amid 80,000 at once                      %8.2f\n", 1000 * middle / 80);
+  std::printf("the same, when 80,000 come at once                %8.2f\n", 1000 * middle / 80);
   std::printf("a thousand at the end / at the beginning          %8.2f\n", last / first);
 
   double text = 0;

@@ -1,4 +1,4 @@
-// What a fix costs besides the transport: Postwright::Fix() over loopback against a bare kept-alive
+// What a fix costs beyond the transport: Postwright::Fix() over loopback against a bare kept-alive
 // GET of the same URL from the same server, in processor time of the calling thread.
 
 #include "bench/FixLoop.h"
@@ -34,7 +34,7 @@ constexpr wchar_t kLabel[] = L"JOHN SMITH\n12 n main street apt 4\nspringfield i
 MHD_Result Answer(void*, MHD_Connection* connection, const char*, const char*, const char*,
                   const char*, size_t*, void** request) {
   static int seen = 0;
-  if (*request == nullptr) {  // an answer to the header alone would end the connection
+  if (*request == nullptr) {  // the header: answering now would end the connection
     *request = &seen;
     return MHD_YES;
   }

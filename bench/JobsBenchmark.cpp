@@ -1,7 +1,7 @@
-// How much faster `postwright fix --jsonl --jobs 16` is than one job where the service takes 50 ms
-// to answer, against a slow server on loopback; and `postwright parse --jsonl --jobs N`, with as
-// many jobs as there are processors, than one. Wall time of both over the same labels. The records
-// of both runs are compared before the ratio is printed.
+// How much faster `postwright fix --jsonl --jobs 16` is than one job against a server on loopback
+// that takes 50 ms to answer; and `postwright parse --jsonl --jobs N`, with a job for each
+// processor, than one. Wall time over the same labels. The records of both runs are compared before
+// the ratio is printed.
 
 #include <arpa/inet.h>
 #include <microhttpd.h>
@@ -29,7 +29,7 @@ constexpr char kReply[] =
     "<City>SPRINGFIELD</City><State>IL</State><Zip5>62701</Zip5><Zip4>1234</Zip4>"
     "</Address></AddressValidateResponse>";
 
-// Each connection has its own thread, so none waits for another.
+// A thread for each connection, so that none waits for another.
 MHD_Result Answer(void*, MHD_Connection* connection, const char*, const char*, const char*,
                   const char*, size_t*, void**) {
   static MHD_Response* reply = MHD_create_response_from_buffer(
@@ -53,7 +53,7 @@ std::string StartServer() {
          std::to_string(MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT)->port);
 }
 
-// Returns the seconds that `work`, the options of the program, took with so many jobs.
+// Returns the seconds that the program took with the options `work` and that many jobs.
 double Time(const std::string& work, int jobs, const std::string& labels,
             const std::string& records) {
   const std::string command = "no_proxy='*' '" POSTWRIGHT_PROGRAM "' " + work + " --jsonl --jobs " +

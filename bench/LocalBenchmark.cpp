@@ -1,5 +1,5 @@
-// What a fix costs that is answered within the process, against one that the real service answers
-// over loopback, from the same base: in processor time of the process, which holds both.
+// What a fix costs when it is answered within the process, against one that the real service
+// answers over loopback from the same base. Processor time of this process, which runs both.
 //
 //   bench-local FILE...    lists of ZIP codes and address bases
 

@@ -1,13 +1,13 @@
-// Writes made-up addresses in the form of OpenAddresses to standard output, a million and more a
-// second, for an address base to be measured with. The same arguments give the same addresses.
+// Writes made-up addresses in the form of OpenAddresses to standard output, over a million a
+// second, to measure address bases with. The same arguments give the same addresses.
 //
 //   make-addresses COUNT        one city: 91,000 streets of 48 ZIP codes of Austin TX
 //   make-addresses COUNT ZIPS   a country: the ZIP codes of a list such as data/us-zips.tsv
 //
-// The country's addresses lie as the real ones do: a tenth of the ZIP codes have half of them. Each
-// of these has some 500 streets, each other 111, 150 on average; of the large ones' addresses three
-// in ten have a unit, of the others' one in twenty. The ZIP codes of a county, 13 of them, stand
-// together, and their rows in no order.
+// The country's addresses are spread like the real ones: a tenth of the ZIP codes have half of
+// them. A large ZIP code has some 500 streets, the others 111, and the average is 150; three in ten
+// addresses of the large ones have a unit, one in twenty of the others. The 13 ZIP codes of a
+// county come together, and their rows in no order.
 
 #include <algorithm>
 #include <charconv>
@@ -38,13 +38,13 @@ constexpr const char* kDirections[] = {"", "", "", "", "",   "",       "",   "",
 
 struct Zip {
   std::string place;     // the columns CITY to POSTCODE
-  uint64_t names = 0;    // tells which names its streets have
-  uint64_t streets = 0;  // that are drawn from; a few are the same
-  uint64_t units = 0;    // addresses with one, of a hundred
+  uint64_t names = 0;    // decides which names its streets have
+  uint64_t streets = 0;  // how many are drawn from; a few are the same
+  uint64_t units = 0;    // addresses with a unit, in a hundred
   size_t weight = 1;     // how often it is drawn
 };
 
-// Turns a number into one that has nothing to do with its neighbours' (splitmix64).
+// Turns a number into one unrelated to those of its neighbours (splitmix64).
 uint64_t Mix(uint64_t number) {
   number += 0x9E3779B97F4A7C15U;
   number = (number ^ (number >> 30U)) * 0xBF58476D1CE4E5B9U;
@@ -56,7 +56,7 @@ std::string Place(const std::string& city, const std::string& state, const std::
   return city + ",," + state + ',' + zip;
 }
 
-// Every street name is there in each ZIP code.
+// Each ZIP code has every street name.
 std::vector<Zip> City() {
   constexpr int kZips = 48;
   constexpr uint64_t kStreets = 2'180;
@@ -86,7 +86,7 @@ void AppendNumber(uint64_t number, std::string& rows) {
   rows.append(digits, std::to_chars(std::begin(digits), std::end(digits), number).ptr);
 }
 
-// Appends a row of `zip`; `chance` decides on all of it.
+// Appends a row of `zip`; `chance` decides everything in it.
 void AppendRow(const Zip& zip, uint64_t chance, std::string& rows) {
   const uint64_t street = Mix(zip.names * 1000 + chance % zip.streets);
   const uint64_t house = Mix(chance);
@@ -108,10 +108,10 @@ void AppendRow(const Zip& zip, uint64_t chance, std::string& rows) {
   rows += ",,\n";
 }
 
-// Writes `count` rows of the ZIP codes from `begin` to `end`.
+// Writes `count` rows from the ZIP codes from `begin` to `end`.
 void WriteCounty(const std::vector<Zip>& zips, size_t begin, size_t end, uint64_t count) {
   constexpr size_t kFull = size_t{1} << 20U;
-  std::vector<size_t> drawn;  // each as often as it weighs
+  std::vector<size_t> drawn;  // each as often as its weight
   for (size_t i = begin; i < end; ++i) {
     drawn.insert(drawn.end(), zips[i].weight, i);
   }

@@ -1,6 +1,6 @@
 // Parsing against the plain form, and against one pass of the street pattern by a pattern engine
 // that compiles to machine code, each over the same texts. Every text's answer is compared first,
-// so that nobody wins by being wrong.
+// so that a wrong answer cannot win.
 
 #include "bench/RatioReporter.h"
 #include "core/parser/AddressGrammar.h"
@@ -53,7 +53,7 @@ Texts Mixtures() {
 void CompareAnswers(const Texts& texts) {
   for (const std::wstring& text : texts) {
     if (AddressParser::GetInstance()->Parse(text) != ParsePlainly(text)) {
-      std::cerr << "the parser's answer is not that of the plain searches\n";
+      std::cerr << "the parser and the plain searches give different answers\n";
       std::exit(1);
     }
   }

@@ -9,12 +9,12 @@
 
 namespace postwright {
 
-// Prints the usual table and then, for each pair asked for, how many times as long the one took as
-// the other, in processor time of the same run. Absolute times differ from machine to machine and
-// from minute to minute; a ratio is what a claim can rest on.
+// Prints the usual table and then, for each pair asked for, how many times as long one took as the
+// other, in processor time of the same run. Absolute times differ between machines and from minute
+// to minute; a claim can rest only on a ratio.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
-  // After the run prints `text` with time(`slow`) / time(`fast`); names as the table shows them.
+  // After the run, prints `text` with time(`slow`) / time(`fast`), named as in the table.
   void AddRatio(std::string text, std::string slow, std::string fast);
 
   void ReportRuns(const std::vector<Run>& runs) override;
@@ -25,7 +25,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
     std::string text, slow, fast;
   };
   std::vector<Ratio> ratios_;
-  std::map<std::string, double> seconds_;  // a run's name, its processor time an iteration
+  std::map<std::string, double> seconds_;  // processor time of an iteration, by the run's name
 };
 
 }  // namespace postwright

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Runs every benchmark of speed, briefly, and writes what they print to bench/results/VERSION.txt, which
-# appears once all are done. Ratios of one run; for the figures of docs/benchmarks.md run each at length,
-# on a machine that does nothing else.
+# Runs every benchmark of speed, briefly, and writes what they print to bench/results/VERSION.txt once all
+# are done. Ratios from one run; for the figures of docs/benchmarks.md run each at length, on a machine
+# that does nothing else.
 #
 #   bench/all.sh [BUILD]    BUILD is build-release unless given
 #
-# Takes some minutes: six on two cores that had much other work. The service is measured where wrk and
-# nginx are installed and BUILD is build-release.
+# Takes some minutes: six on two busy cores. The service is measured if wrk and nginx are installed and
+# BUILD is build-release.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 build=${1:-build-release}
@@ -28,7 +28,7 @@ heading() {
     "$build/CMakeCache.txt" | xargs); load at first: $(cut -d ' ' -f 1 /proc/loadavg)"
 }
 
-# Prints the name of a benchmark, what it prints without its own account of the machine, and its time.
+# Prints a benchmark's name, its output without the lines on the machine, and how long it took.
 part() {
   local name=$1 since=$SECONDS
   shift

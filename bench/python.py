@@ -3,7 +3,7 @@
 
     PYTHONPATH=build-release/python bench/python.py build-release/bin/bench-parse-loop [COUNT]
 
-Processor time, the least of ten rounds. The labels are ordinary ones, each another.
+Processor time, the least of ten rounds. The labels are ordinary, and all different.
 """
 
 import itertools

@@ -1,14 +1,12 @@
 #!/usr/bin/env bash
-# Compares the Verify service with nginx serving one file of the size of an answer, through the same
-# client: requests a second, latencies, and the service's memory over many requests. Neither writes a
-# line a request.
+# Compares the Verify service with nginx serving one file the size of an answer, through the same client:
+# requests a second, latencies, and the service's memory over many requests. Neither logs requests.
 #
 #   bench/verifyd.sh [--base FILE]... [--ask FILE] [--rounds N] [--seconds N] [--millions N]
 #
-# --ask names what is asked for: an address a line, set apart by tabs: delivery line, city, state, ZIP.
-# Without it, a house on a main street in a thousand cities of data/us-zips.tsv. Needs wrk and nginx,
-# and a release build. Whatever else runs on the machine takes from both, but not always alike: look
-# at several rounds.
+# --ask names a file of addresses to ask for, one a line: delivery line, city, state and ZIP, separated by
+# tabs. Without it, a house on a main street in a thousand cities of data/us-zips.tsv. Needs wrk, nginx and
+# a release build. Other work on the machine slows both, but not always equally: look at several rounds.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 base=()
@@ -35,13 +33,13 @@ done
 scratch=$(mktemp -d)
 pids=()
 stop() {
-  kill "${pids[@]}" 2> /dev/null || true  # killed hard, nginx would leave its workers behind
+  kill "${pids[@]}" 2> /dev/null || true  # not -KILL: nginx would leave its workers running
   wait 2> /dev/null
   rm -rf "$scratch"
 }
 trap stop EXIT
 
-# A query a line, as a client escapes it.
+# A query a line, escaped as a client escapes it.
 queries() {
   awk -F '\t' '
     function element(name, text) { return "%3C" name "%3E" text "%3C/" name "%3E" }

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Counts how many labels the programs correct rightly, on lists whose right answers are known.
+"""Counts how many labels the programs correct rightly, on lists with known answers.
 
 Makes the lists, runs them through `postwright fix --jsonl` against `postwright-verifyd` on loopback,
-judges each answer element by element, fixes what was fixed once more, and prints a table of each
+judges each answer element by element, fixes the fixed labels once more, and prints a table for each
 list in Markdown. The same seed and size give the same lists.
 """
 

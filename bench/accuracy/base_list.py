@@ -1,8 +1,8 @@
-"""The list with an address base: made-up addresses in real ZIP codes, and rows of which one in some
-has one mistake of a person, of twelve classes.
+"""The list with an address base: made-up addresses in real ZIP codes, and rows of which one in so many
+has a person's mistake, of one of twelve classes.
 
-How many right answers a row has is found by comparing it with every address of the state that has
-its house number, on what the label reads, not on how it was made.
+How many right answers a row has is found from what its label says, not from how it was made: by
+comparing it with every address of the state that has its house number.
 """
 
 import random
@@ -51,7 +51,7 @@ def _street(chance):
 
 
 def _sibling(chance, street):
-    """A street that one could be taken for: another suffix, or another directional."""
+    """A street that could be mistaken for this one: another suffix, or another directional."""
     pre, name, suffix, post = street
     if chance.random() < 0.5:
         return pre, name, chance.choice(COMMON_SUFFIXES), post
@@ -114,7 +114,7 @@ def write_csv(addresses, path):
 # The search for what a label could stand for.
 
 def _one_letter(a, b):
-    """Says whether two different texts differ by one letter or by two neighbours that changed places."""
+    """Says whether two texts differ by one letter, or by two neighbouring letters swapped."""
     if abs(len(a) - len(b)) > 1:
         return False
     start = 0
@@ -134,7 +134,7 @@ def _standard(words):
 
 
 def _street_by_one_mistake(typed, meant):
-    """Says whether a street can be typed so by one mistake in a suffix, a directional or a letter."""
+    """Says whether one mistake in a suffix, a directional or a letter can turn a street into this."""
     said = _standard(typed.street_words())
 
     def reads(pre, suffix, post):
@@ -178,7 +178,7 @@ class Search:
         return [a for a in self._by_number.get((typed.state, typed.number), []) if _by_one_mistake(typed, a)]
 
 
-# The mistakes. Each returns the address as typed, or None where the address does not lend itself.
+# The mistakes. Each returns the address as typed, or None for an address it does not suit.
 
 def _change_letter(chance, text):
     places = [i for i, c in enumerate(text) if c.isalpha()]
@@ -278,7 +278,7 @@ def _spelt(chance, standard, names):
 
 
 def _label(address, chance):
-    """The label of an address, its words spelt as people do."""
+    """The label of an address, its words spelt as people spell them."""
     street = [Element("number", address.number, address.number)]
     if address.pre:
         street.append(Element("directional", address.pre, _spelt(chance, address.pre, DIRECTIONS[address.pre])))
@@ -312,7 +312,7 @@ def _row(chance, group, meant, typed, answers):
 
 
 def base_rows(addresses, size, seed, one_in):
-    """`size` rows, of which one in `one_in` has a mistake; the classes take turns."""
+    """`size` rows, one in `one_in` with a mistake; the classes take turns."""
     chance = random.Random(f"{seed} rows")
     search = Search(addresses)
     zips_of_city = {}

@@ -1,8 +1,8 @@
-"""What a label should read, and whether a text does.
+"""What a label should say, and whether a text says it.
 
-A label is judged element by element, against the elements that it was composed of: each has its
-standard form, and other spellings that mean the same. Nothing may be left over, missing, moved to
-another line, or out of order.
+A label is judged element by element, against the elements it was composed of: each has its standard
+form, and other spellings that mean the same. Nothing may be left over, missing, moved to another
+line, or out of order.
 """
 
 import re
@@ -18,8 +18,8 @@ def _without_accents(text):
 
 
 def words(text):
-    """Splits text of an address into words without case, accents and the signs that may be left out.
-    A hyphen stays where it touches a digit, a full stop between digits, a number sign by itself."""
+    """Splits the text of an address into words, without case, accents and the signs that may be left
+    out. A hyphen next to a digit, a full stop between digits and a number sign by itself stay."""
     text = _without_accents(text)
     text = re.sub(r"(?<!\d)\.|\.(?!\d)|['’]", "", text)
     text = text.replace("#", " # ").replace("&", " AND ")
@@ -29,7 +29,7 @@ def words(text):
 
 
 def letters(text):
-    """What must stay of a line that is not an address: its letters with their accents, and its digits."""
+    """What must be kept of a line outside the address: its letters with their accents, and its digits."""
     return "".join(c for c in unicodedata.normalize("NFC", text).upper() if c.isalnum())
 
 
@@ -41,7 +41,7 @@ class Element:
     also: tuple = ()
 
     def spellings(self):
-        """Every way to write it that means the same, as words."""
+        """Every spelling that means the same, as words."""
         found = {words(self.standard), words(self.typed)}
         found.update(map(words, self.also))
         if self.kind == "suffix":
@@ -85,13 +85,13 @@ class Label:
 
 @dataclass(frozen=True)
 class Verdict:
-    wrong: str       # "" where the text says what it should; else what is wrong first
+    wrong: str       # "" if the text says what it should; else the first thing wrong
     standard: bool   # every element of the address is in its standard form
 
 
 def _match(tokens, elements):
-    """Returns "" where the words are these elements, no more and no less; else the kind of the
-    first element that cannot be found."""
+    """Returns "" if the words are exactly these elements; else the kind of the first element that
+    cannot be found."""
     furthest = [-1, ""]
 
     def fits(at, index):
@@ -116,7 +116,7 @@ def _is_standard(tokens, elements):
 
 
 def _delivery_orders(label):
-    """The ways in which street and units may stand over lines."""
+    """The ways in which street and units may be laid out over lines."""
     yield [label.street + label.units]
     if label.units:
         yield [label.street, label.units]
@@ -163,7 +163,7 @@ def _judge_one_line(text, label):
 
 
 def judge(text, label):
-    """Says whether `text` reads as `label` should."""
+    """Says whether `text` is what `label` should be."""
     if label.one_line:
         return _judge_one_line(text, label)
     lines = [line for line in text.splitlines() if line.strip()]
@@ -176,7 +176,7 @@ def judge(text, label):
     if list(map(letters, lines[len(lines) - below:])) != list(map(letters, label.below)):
         return Verdict("line below", False)
     wrong = ""
-    for last in (1, 2):  # a ZIP code may have its own line
+    for last in (1, 2):  # a ZIP code may be on a line of its own
         if len(rest) <= last:
             break
         tokens = words(" ".join(rest[-last:]))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The judge must call nothing right that is wrong: near misses of one label."""
+"""The judge must not call a wrong answer right: near misses of one label."""
 
 import unittest
 

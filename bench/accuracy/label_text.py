@@ -1,4 +1,4 @@
-"""How people type the parts of a label that are no street: names, notes, last lines, case."""
+"""How people type the parts of a label other than the street: names, notes, last lines, case."""
 
 import unicodedata
 
@@ -57,7 +57,7 @@ def zip_element(chance, zip5, share_with_add_on=0.12):
 
 
 def city_element(chance, city):
-    """The city as the list of ZIP codes has it, or with its first word abbreviated."""
+    """The city as in the list of ZIP codes, or with its first word abbreviated."""
     typed = city
     for long, short in (("Saint ", "St. "), ("Fort ", "Ft. "), ("Mount ", "Mt. "), ("North ", "N. "), ("West ", "W "),
                         ("East ", "E. "), ("South ", "So. ")):
@@ -76,7 +76,7 @@ def state_element(chance, state):
 
 
 def last_line(chance, label):
-    """The lines with city, state and ZIP code, in one of the ways that people write them."""
+    """The lines with city, state and ZIP code, written in one of the ways people write them."""
     city, state, code = label.city.typed, label.state.typed, label.zip.typed
     return chance.choices(
         [[f"{city}, {state} {code}"], [f"{city} {state} {code}"], [f"{city}, {state}  {code}"],
@@ -94,13 +94,13 @@ def text_of(chance, label, delivery_lines):
     if not label.one_line and chance.random() < 0.03:
         lines.insert(len(label.above), "")
     text = (", " if label.one_line else "\n").join(lines)
-    if chance.random() < 0.1:  # accents as some systems write them, a mark of their own
+    if chance.random() < 0.1:  # accents as combining marks, as some systems write them
         text = unicodedata.normalize("NFD", text)
     return chance.choices([str, str.upper, str.lower], [70, 23, 7])[0](text)
 
 
 def make_one_line(chance, label):
-    """Some labels are typed in one line: those whose names can be told from the street."""
+    """Some labels are typed on one line: those whose names can be told from the street."""
     if chance.random() < 0.05 and all(plain(word) for line in label.above for word in line.split()):
         label.one_line, label.below = True, []
     return label

@@ -1,4 +1,4 @@
-"""What became of a row, and the tables of it."""
+"""What became of each row, and the tables of it."""
 
 from collections import Counter
 from dataclasses import dataclass
@@ -16,10 +16,10 @@ NOT_CONFIRMED = ("unit-missing", "unit-not-known", "number-not-known")
 class Outcome:
     row: object
     kind: str
-    cause: str      # what is wrong first, or what the program said
-    got: str        # the text that it gave
+    cause: str      # the first thing wrong, or what the program said
+    got: str        # the text it gave
     other_form: bool = False  # right, but not as Publication 28 writes it
-    unstable: str = ""        # what the second pass made of it, where that is another text
+    unstable: str = ""        # the text of the second pass, if it is different
 
 
 def outcome_of(row, record):
@@ -40,7 +40,7 @@ def outcome_of(row, record):
 
 
 def mark_unstable(outcomes, fix):
-    """Fixes what was fixed: any change, and any refusal, is unstable."""
+    """Fixes the fixed labels again: any change or refusal counts as unstable."""
     again = [each for each in outcomes if each.kind in (RIGHT, WRONG, KEPT, OPEN) and each.got != each.row.text]
     for each, record in zip(again, fix([each.got for each in again])):
         if record["status"] > 1 or record["fixed"] != each.got:
@@ -85,8 +85,8 @@ def base_table(outcomes):
 
 
 def plain_figures(outcomes):
-    """What may only get less. Doubtful rows are counted with those that went wrong: from one to the
-    other is no loss."""
+    """The figures that may only get lower. Doubtful rows are counted with those that went wrong, so
+    that wrong answers may turn into doubtful ones."""
     kinds = Counter(each.kind for each in outcomes)
     return {"wrongly changed": kinds[WRONG], "wrongly changed, refused or doubtful": kinds[WRONG] + kinds[REFUSED] + kinds[DOUBTFUL],
             "unstable": sum(bool(each.unstable) for each in outcomes)}
@@ -97,7 +97,7 @@ def base_figures(outcomes):
     figures = {"wrongly changed": kinds[WRONG], "unstable": sum(bool(each.unstable) for each in outcomes)}
     for group in [NO_MISTAKE, *MISTAKES]:
         own = [each for each in outcomes if each.row.group == group]
-        if group == "number swapped":  # which has no right answer
+        if group == "number swapped":  # has no right answer
             figures["neither refused nor doubtful: " + group] = sum(each.kind not in (REFUSED, DOUBTFUL) for each in own)
         else:
             figures["not right: " + group] = sum(each.kind != RIGHT for each in own if each.row.answers == 1)
@@ -107,7 +107,7 @@ def base_figures(outcomes):
 
 
 def causes(outcomes, count):
-    """The most frequent ways to go wrong, each with what its rows have in common and an example."""
+    """The most frequent faults, each with what its rows have in common and an example."""
     bad = [each for each in outcomes if each.kind not in (RIGHT, LEFT)]
     told = {}
     for kind in {each.kind for each in bad}:
@@ -125,7 +125,7 @@ def causes(outcomes, count):
 
 
 def bad_row(each):
-    """A bad row as one object of JSON lines."""
+    """A bad row as a JSON object on one line."""
     label = each.row.truth
     truth = [*label.above, " ".join(part.standard for part in label.street + label.units),
              " ".join(part.standard for part in (label.city, label.state, label.zip)), *label.below]

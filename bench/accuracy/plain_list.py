@@ -11,11 +11,11 @@ from street_forms import LEFT_ALONE, choose_form
 @dataclass
 class Row:
     text: str        # the label as typed
-    truth: Label     # what it should read
+    truth: Label     # what it should say
     group: str       # the form, or the class of mistake
-    typed: Label = None       # what it says, where that is not the truth
+    typed: Label = None       # what it says, if that is not the truth
     answers: int = 1          # how many addresses it could stand for
-    left_alone: bool = False  # to be left as it is: no client can ask about it
+    left_alone: bool = False  # to be left as it is: clients cannot ask about it
 
 
 def read_zips(path):
@@ -24,7 +24,7 @@ def read_zips(path):
 
 
 def _row(seed, zip5, city, state):
-    chance = random.Random(f"{seed} {zip5}")  # a row is the same whatever the list's size
+    chance = random.Random(f"{seed} {zip5}")  # a row is the same in a list of any size
     label = new_label(chance, zip5, city, state)
     form, title = choose_form(chance, state)
     if title == "military":
@@ -38,7 +38,7 @@ def _row(seed, zip5, city, state):
 
 
 def plain_rows(zips, size, seed):
-    """A row for each of `size` ZIP codes; again from the start where there are not as many."""
+    """A row for each of `size` ZIP codes, starting again if there are fewer."""
     order = list(zips)
     if size < len(order):
         order = random.Random(seed).sample(order, size)

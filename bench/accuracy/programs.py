@@ -1,4 +1,4 @@
-"""The built programs, run as people run them: the service on loopback, the command line against it."""
+"""The built programs, run as users run them: the service on loopback, the command line against it."""
 
 import contextlib
 import json
@@ -14,11 +14,11 @@ class Programs:
         self._fix_options = list(fix_options)
         for program in ("postwright", "postwright-verifyd", "postwright-base"):
             if not (self._folder / program).exists():
-                raise SystemExit(f"accuracy.py: {self._folder / program} is not there; build it, or say where with --programs")
+                raise SystemExit(f"accuracy.py: there is no {self._folder / program}; build it, or say where it is with --programs")
 
     @contextlib.contextmanager
     def service(self, bases):
-        """Runs the service on a free port while the block lasts; yields HOST:PORT."""
+        """Runs the service on a free port for the length of the block; yields HOST:PORT."""
         command = [self._folder / "postwright-verifyd", "--quiet", "--listen", "127.0.0.1:0"]
         for base in bases:
             command += ["--base", base]
@@ -39,7 +39,7 @@ class Programs:
             raise SystemExit(f"accuracy.py: no base was made: {done.stderr}")
 
     def fix(self, server, texts):
-        """Returns the record of each text, in their order."""
+        """Returns the record of each text, in order."""
         with tempfile.TemporaryFile("w+", encoding="utf-8") as labels:
             labels.writelines(json.dumps(text) + "\n" for text in texts)
             labels.seek(0)

@@ -1,6 +1,6 @@
-"""How USPS Publication 28 writes what an address is made of, as the lists need it.
+"""The spellings of USPS Publication 28 that the lists need.
 
-Written down here a second time on purpose: what checks the program must not share its tables.
+Repeated here on purpose: what checks the program must not share its tables.
 """
 
 # Appendix C1: the standard abbreviation, the name, what else people write for it.
@@ -61,7 +61,7 @@ DIRECTIONS = {
 }
 DIRECTION_STANDARD = {name: short for short, names in DIRECTIONS.items() for name in [short, *names]}
 
-# Appendix C2. A designator of the second list stands without a number.
+# Appendix C2. A designator of the second list takes no number.
 UNITS = {
     "APT": ["APARTMENT"], "STE": ["SUITE"], "UNIT": ["UNIT"], "BLDG": ["BUILDING"], "FL": ["FLOOR"],
     "RM": ["ROOM"], "LOT": ["LOT"], "SPC": ["SPACE"], "TRLR": ["TRAILER"], "DEPT": ["DEPARTMENT"],

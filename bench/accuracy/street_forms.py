@@ -1,7 +1,7 @@
-"""Delivery lines in the forms that the country has, each composed of elements that are known.
+"""Delivery lines in the forms used in the country, each composed of known elements.
 
-A form takes a source of chance and a state, and returns the elements of the street, those of the
-units, and the lines as typed.
+A form takes a random source and a state, and returns the elements of the street, those of the units,
+and the lines as typed.
 """
 
 from judge import Element
@@ -103,7 +103,7 @@ def numbered_street(chance, state):
     value = chance.choice([chance.randint(1, 12), chance.randint(1, 220)])
     typed = ordinal(value).lower()
     also = [typed, f"{value}"]
-    if value in ORDINALS:  # in words or in digits, as the town has it
+    if value in ORDINALS:  # in words or in digits, as the town writes it
         also.append(ORDINALS[value])
         typed = chance.choice([typed, typed, ORDINALS[value]])
     street = [number(chance)]
@@ -219,7 +219,7 @@ def number_in_words(chance, state):
 
 
 def building_above(chance, state):
-    """A line between names and street: the name of the building."""
+    """The name of the building on a line between names and street."""
     street, unit_elements, lines = common_street(chance, state)
     above = chance.choice(["Empire State Building", "Court House", "Terminal Tower", "Two Liberty Place", "Mill Run Center",
                            "Rockefeller Center", "Building 19", "Park Plaza"])
@@ -234,7 +234,7 @@ def box(chance, state):
 
 
 def box_after_street(chance, state):
-    """Two addresses: mail goes to the lower one, the other stays."""
+    """Two addresses: mail goes to the lower one, and the other stays."""
     street, _, lines = box(chance, state)
     return street, [], lines, [f"{chance.randint(1, 999)} {chance.choice(['MAIN', 'OAK', 'ELM'])} {chance.choice(['ST', 'AVE'])}"]
 
@@ -299,11 +299,11 @@ FORMS = [  # share, form, name
     (0.5, number_in_words, "number in words"), (1, building_above, "building above"), (10, box, "box"),
     (0.7, box_after_street, "box after street"), (3, route, "route"), (0.2, general_delivery, "general delivery"),
 ]
-LEFT_ALONE = {"route", "general delivery"}  # what no client can ask about
+LEFT_ALONE = {"route", "general delivery"}  # clients cannot ask about these
 
 
 def choose_form(chance, state):
-    """Returns a form that the state has, and its name."""
+    """Returns a form used in the state, and its name."""
     if state in ("AA", "AE", "AP"):
         return military, "military"
     if state == "PR":

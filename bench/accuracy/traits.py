@@ -1,4 +1,4 @@
-"""What is particular about a row, to find what the rows that go wrong have in common."""
+"""What is special about a row, to find what the rows that go wrong have in common."""
 
 import re
 import unicodedata
@@ -112,8 +112,8 @@ def traits(row):
 
 
 def telling_traits(rows, is_bad):
-    """Gives each bad row the trait that tells most: of those whose rows mostly go wrong, the one that
-    most bad rows have is taken first, and its rows are then out of the count."""
+    """Gives each bad row its most telling trait: of the traits whose rows mostly go wrong, the one with
+    most bad rows comes first, and those rows are then left out of the count."""
     left = [(row, traits(row), is_bad(row)) for row in rows]
     told = {}
     for share in (0.9, 0.7, 0.5, 0.3, 0.15, 0):
