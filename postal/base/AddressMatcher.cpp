@@ -217,7 +217,7 @@ std::optional<Rejection> AddressMatcher::CheckCity(const AskedAddress& subject,
   }
   const std::vector<std::string> zips = places_.ZipsOf(placed.city, placed.state);
   if (zips.empty()) {
-    return std::nullopt;  // a name that nobody knows may be accepted
+    return std::nullopt;  // an unknown name may be an accepted one
   }
   Matches elsewhere = streets_.MatchAsWritten(zips, subject.address);
   if (match.guessed || !elsewhere.empty()) {

@@ -8,8 +8,8 @@
 namespace postwright::postal {
 
 // A delivery line without a street, as a base has it: a street of its own, PO BOX, RR 2, GENERAL
-// DELIVERY, whose numbers are the boxes. It stands under a ZIP code in which nobody looks for
-// streets.
+// DELIVERY, whose numbers are the boxes. It is filed under a made-up ZIP code, so that no search
+// for streets meets it.
 struct BoxAddress {
   std::string name;
   std::string number;  // empty for general delivery

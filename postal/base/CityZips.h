@@ -16,7 +16,7 @@ class CityZips {
  public:
   CityZips(const ZipList& zips, JoinedReader& reader) : zips_(zips), reader_(reader) {}
 
-  // Returns the ZIP codes in ascending order; none for a name that nobody knows in the state.
+  // Returns the ZIP codes in ascending order; empty for a name that is not known in the state.
   std::vector<std::string> ZipsOf(const std::string& city, const std::string& state);
 
   // Returns those of the city of `placed` but its own.

@@ -10,8 +10,8 @@ namespace postwright::postal {
 // The steps of a decision in words, for people who want to know why.
 using Explanation = std::vector<std::string>;
 
-// Adds a step, of which `parts` are joined: texts, and functions that return them. Nothing is done,
-// and no function called, where nobody wants to know.
+// Adds a step, joined from `parts`: texts, and functions that return them. Does nothing, and calls
+// no function, where no explanation is wanted.
 template <typename... Parts>
 void Explain(Explanation* explanation, const Parts&... parts) {
   if (explanation != nullptr) {

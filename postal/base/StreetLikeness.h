@@ -46,8 +46,9 @@ struct ComparableStreet {
 //   asked.To(StreetName{"", "SUNSET HILL", "RD"});  // ElementMissing
 //
 // Words are compared over the whole street, since its last word may be a suffix or a part of the
-// name whose suffix is missing; what is known tells which. Two mistakes are too many. Digits are no
-// misspellings of one another, nor are single letters: 5TH ST is not 6TH ST, AVENUE A not AVENUE B.
+// name whose suffix is missing; what is known tells which. Two mistakes are too many. A digit never
+// counts as another one misspelt, nor does a single letter: 5TH ST is not 6TH ST, AVENUE A not
+// AVENUE B.
 class StreetLikeness {
  public:
   explicit StreetLikeness(const StreetName& asked);

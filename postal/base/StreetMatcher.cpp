@@ -251,7 +251,7 @@ void StreetMatcher::LookWithoutSuffix(const std::string& zip, const StreetQuesti
   }
 }
 
-// Looks at the streets that are no more like the one asked for than `most`.
+// Leaves out streets that are more like the one asked for than `most`: they have been tried.
 StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& asked,
                                  Likeness most) {
   const StreetLikeness likeness(asked.street);

@@ -101,7 +101,7 @@ BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& s
   addRange_.emplace(stage_, "INSERT INTO staged_range VALUES(?,?,?,?,?)");
 }
 
-// The lock is held until the end: nobody else may gather rows for the same base, nor throw away
+// The lock is held until the end: no other import may gather rows for the same base, nor throw away
 // what is gathered.
 void BaseBuilder::OpenStage(Earlier earlier) {
   stage_.Run("PRAGMA locking_mode=EXCLUSIVE");

@@ -120,7 +120,7 @@ std::string RowReader::ReadNumber(const std::string& text) const {
     return {};  // "0" is how sources write "none"
   }
   line.insert(line.end(), {"MAIN", "ST"});
-  // A17 is a house number in Puerto Rico alone; elsewhere nobody can ask for one.
+  // A17 is a house number in Puerto Rico only; elsewhere no question can hold one.
   for (const std::string_view state : {"", "PR"}) {
     const auto parsed = postal::ReadStreet(line, state);
     if (parsed && parsed->name == Words{"MAIN"} && parsed->units.empty() &&

@@ -9,7 +9,7 @@
 
 namespace postwright::postal {
 
-// A source's file that cannot be read or is none of its format; what() names it and says why.
+// A source's file that cannot be read or has another format; what() names it and says why.
 class SourceError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -33,8 +33,8 @@ class RowSource {
  public:
   virtual ~RowSource() = default;
 
-  // Reads the next row; false at the end. Throws RowError for a row that is none, after which the
-  // next call goes on after it, and SourceError where the file cannot be read.
+  // Reads the next row; false at the end. Throws RowError for a row that cannot be read as one, and
+  // the next call goes on after it; throws SourceError where the file cannot be read.
   virtual bool Next(AddressRow& row) = 0;
 
   // What the file's format is called, as the base keeps it: "TIGER/Line ADDRFEAT".

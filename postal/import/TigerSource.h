@@ -20,7 +20,7 @@ namespace postwright::postal {
 // archive cannot be read from the middle.
 class TigerSource : public RowSource {
  public:
-  // Throws SourceError for a file that is no such table.
+  // Throws SourceError for a file that is not such a table.
   explicit TigerSource(SourceFile file);
 
   bool Next(AddressRow& row) override;

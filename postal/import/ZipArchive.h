@@ -26,10 +26,11 @@ class ZipArchive {
   // Says by the first bytes of a file whether it is an archive.
   static bool IsLikely(std::string_view head);
 
-  // Reads the archive's directory. Throws SourceError for a file that is none or is cut short.
+  // Reads the archive's directory. Throws SourceError for a file that is not an archive or is cut
+  // short.
   explicit ZipArchive(const std::filesystem::path& file);
 
-  // In their order in it.
+  // In the archive's order.
   const std::vector<Member>& Members() const { return members_; }
 
   // Opens a member, which holds the archive open as long as it lives. Throws SourceError. At its

@@ -71,7 +71,7 @@ void ZipPlus4Source::ReadAddress(AddressRow& row) const {
   row.postal.unitLow = records_.NumberField(123, 8);
   row.postal.unitHigh = records_.NumberField(131, 8);
   row.postal.unitParity = records_.Field(139, 1);
-  // Of several add-ons nothing says which is whose; ND in the place of one is no delivery.
+  // Of several add-ons nothing says which is whose; ND in the place of one means "no delivery".
   const std::string_view addOn = records_.Field(140, 4);
   if (addOn.size() == 4 && AllDigits(addOn) && addOn == records_.Field(144, 4)) {
     row[Field::Zip4] = addOn;

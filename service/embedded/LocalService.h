@@ -16,7 +16,7 @@ class POSTWRIGHT_LOCAL_EXPORT LocalServiceError : public std::runtime_error {
 };
 
 // Has the process's fixes answered within the process, from files, as postwright-verifyd would
-// answer them: no service is started, and nobody is asked over a network.
+// answer them: no service is started, and nothing is sent over a network.
 //
 //   UseLocalService({"/usr/share/postwright/us-zips.tsv", "texas.base", "ohio.base"});
 //   Postwright::Fix(text, true, &services);

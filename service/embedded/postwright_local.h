@@ -17,14 +17,13 @@ extern "C" {
 #endif
 
 // Has the process's corrections answered within the process, from `count` files: lists of ZIP codes
-// and address bases. No service is asked any more, but by a host's own `read_url`. The names are
-// copied. A count of 0 goes back to the service that postwright_set_service names.
+// and address bases. From then on no service is asked, except by a host's own `read_url`. The names
+// are copied. A count of 0 goes back to the service that postwright_set_service names.
 //
-// POSTWRIGHT_NONE, POSTWRIGHT_BAD_FILE where a file cannot be used, POSTWRIGHT_BAD_ARGUMENT for a
-// null name, or POSTWRIGHT_NO_MEMORY. Unless it is POSTWRIGHT_NONE everything stays as it was. Of a
-// bad file `problem` is told its name and what is wrong with it, in UTF-8, cut to `size` bytes with
-// the NUL; it is the empty string otherwise, and may be null where nobody wants to know. Any
-// thread.
+// Returns POSTWRIGHT_NONE, POSTWRIGHT_BAD_FILE where a file cannot be used, POSTWRIGHT_BAD_ARGUMENT
+// for a null name, or POSTWRIGHT_NO_MEMORY. Unless it is POSTWRIGHT_NONE, nothing has changed. For
+// a bad file `problem` receives its name and what is wrong with it, in UTF-8, cut to `size` bytes
+// with the NUL; otherwise it receives the empty string. It may be null. Any thread.
 POSTWRIGHT_LOCAL_EXPORT int32_t postwright_use_local_service(const char* const* files, size_t count,
                                                              char* problem, size_t size);
 
