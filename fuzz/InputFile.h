@@ -11,8 +11,8 @@
 
 namespace postwright::fuzz {
 
-// An input as a file, for readers that take a path. It is in memory and has no name: gone with its
-// object, however the process ends.
+// An input as a file, for readers that take a path. It is in memory and has no name, so it is gone
+// with its object, however the process ends.
 class InputFile {
  public:
   explicit InputFile(std::string_view bytes) : descriptor_(memfd_create("input", 0)) {
@@ -25,10 +25,10 @@ class InputFile {
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
-  // At its beginning.
+  // Positioned at the beginning.
   int Descriptor() const { return descriptor_; }
 
-  // Opens it again, at its beginning.
+  // A path that opens it again, at the beginning.
   std::string Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
 
  private:

@@ -11,7 +11,7 @@
 
 namespace postwright::fuzz {
 
-// Sets the character locale that the programs set, once.
+// Sets the same character locale as the programs, once.
 inline void UseCharacterLocale() {
   [[maybe_unused]] static const std::locale previous =
       std::locale::global(std::locale(std::locale::classic(), "C.UTF-8", std::locale::ctype));
@@ -21,7 +21,7 @@ inline std::string_view TextOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-// Splits an input that stands for several texts, at most `count`, at lines that hold "---" alone.
+// Splits an input into at most `count` texts, at lines that hold only "---".
 inline std::vector<std::string> PartsOf(std::string_view text, std::size_t count) {
   constexpr std::string_view kSeparator = "\n---\n";
   std::vector<std::string> parts;

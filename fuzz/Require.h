@@ -6,7 +6,7 @@
 
 namespace postwright::fuzz {
 
-// Ends the run where a property does not hold, and says which.
+// Ends the run if a property does not hold, and says which.
 inline void Require(bool holds, const char* property) {
   if (!holds) {
     std::fprintf(stderr, "broken: %s\n", property);

@@ -1,5 +1,5 @@
-// Bytes of a table, into what finds its columns and labels. A table whose addresses are answered as
-// they are keeps every row, and the columns that were added are found again: answered once more, it
+// Bytes of a table, into the finder of columns and labels. A table whose addresses are answered
+// unchanged keeps every row, and the columns that are added are found again: answered once more, it
 // is the same byte for byte.
 
 #include "apps/postwright/stream/Failure.h"
@@ -13,7 +13,7 @@ namespace {
 using namespace postwright;
 using fuzz::Require;
 
-// Of names that are known, so that what was guessed once is guessed again.
+// Known names, so that the same guess is made again.
 constexpr std::string_view kColumns = "name=1,street=2,city=3,state=4,zip=5";
 
 QStringList LabelsOf(const AddressTable& table) {
@@ -22,7 +22,7 @@ QStringList LabelsOf(const AddressTable& table) {
   return labels;
 }
 
-// The table with an answer for each address; nothing where a row could not be read.
+// The table with an answer for each address; nullopt if a row could not be read.
 std::optional<std::string> Answered(const AddressTable& table) {
   bool isWhole = true;
   const QByteArray bytes = table.Rewrite(

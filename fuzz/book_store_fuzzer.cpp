@@ -1,5 +1,5 @@
-// Bytes of an address book of the program's own. It is refused with a reason or read; saved, it has
-// the same entries as it was read with.
+// Bytes of an address book in the program's own format. It is refused with a reason or read; saved
+// and read again, it has the same entries.
 
 #include <QCoreApplication>
 #include <QFile>
@@ -15,7 +15,7 @@ namespace {
 using namespace postwright::addressbook;
 using postwright::fuzz::Require;
 
-// In memory, where the system has a folder for that.
+// In memory, if the system has a folder there.
 QString FileIn(const QString& name) {
   static int count = 0;
   static char* arguments[] = {const_cast<char*>("book_store_fuzzer"), nullptr};
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QList<Entry> again = StoreFile(saved).entries();
     Require(again.size() == entries.size() &&
                 std::equal(again.begin(), again.end(), entries.begin(), AreSame),
-            "a book that was saved has the same entries");
+            "a saved book has the same entries");
   } catch (const postwright::tables::FileError& error) {
     Require(!error.message().isEmpty(), "a book that is refused is told why");
   }

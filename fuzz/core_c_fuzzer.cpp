@@ -1,6 +1,6 @@
 // Bytes through the C interface: a text, a reply and a correction. Whatever they are, each call
-// ends in one of the results that it documents, has a handle exactly where it says so, and hands
-// out nothing but UTF-8; a change's offsets lead to its words.
+// ends in a documented result, returns a handle exactly where it says so, and gives out nothing but
+// UTF-8; a change's offsets lead to its words.
 
 #include <postwright/postwright.h>
 

@@ -1,7 +1,6 @@
-// Two texts, typed and corrected, into what explains a correction. Each word of both is the same on
+// Two texts, typed and corrected, into the explanation of a correction. Each word is the same on
 // both sides, in order, or belongs to one change; a text is not a correction of itself. And the
-// lines of a label around its address are there again, byte for byte, once the address was put
-// back.
+// lines of a label around its address are unchanged, byte for byte, once the address is put back.
 
 #include <postwright/AddressLines.h>
 #include <postwright/CorrectionReview.h>
@@ -20,7 +19,7 @@ using fuzz::Require;
 
 using Side = CorrectionPart CorrectionChange::*;
 
-// The words that no change has, run together: D.C. and DC are the same.
+// The words that no change covers, run together: D.C. and DC are the same.
 std::wstring KeptWords(const std::wstring& text, const CorrectionReview& review, Side side) {
   std::vector<int> owners(text.size(), 0);
   for (const CorrectionChange& change : review.Changes()) {
@@ -62,7 +61,7 @@ void CheckLines(const std::wstring& text, const std::wstring& corrected) {
   if (lines.GetOutcome() != AddressLinesFound) {
     return;
   }
-  // In a label of one line the blanks and commas at the cuts are given up, nothing else.
+  // In a label of one line only the spaces and commas at the cuts are given up.
   constexpr std::wstring_view kGivenUp = L" \t\r\n\u00A0,;|/\u2022\u00B7";
   std::wstring_view above = lines.GetAbove();
   std::wstring_view below = lines.GetBelow();

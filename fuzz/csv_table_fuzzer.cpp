@@ -1,7 +1,6 @@
-// Bytes of a table, into the reader of CSV. Its rows are the whole text, one after the other; a
-// row reads by itself as it does among the others; written again it is the same byte for byte, and
-// with a cell changed it reads as that. The first line of an input is its delimiter and the new
-// cell.
+// Bytes of a table, into the reader of CSV. The rows make up the whole text; a row alone reads as
+// it does among the others; written again it is the same byte for byte, and with a cell changed it
+// reads as that. The first line of an input is its delimiter and the new cell.
 
 #include <algorithm>
 
@@ -86,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckRows(file.utf8, cell, delimiter);
     CheckGuard(file.utf8, delimiter);
   } catch (const FileError&) {
-    return 0;  // no text, said so
+    return 0;  // not text, and refused as such
   }
   return 0;
 }

@@ -1,6 +1,6 @@
 // Bytes of a reply, into the engine. Whatever they are, a fix ends in a result or in one of its two
-// failures after one request, no document nested deeper than the documented 100 gets through, and
-// no more candidates are read than there may be.
+// failures after one request, no document nested deeper than the documented 100 is accepted, and no
+// more candidates are read than are allowed.
 
 #include <postwright/CandidateFix.h>
 #include <postwright/Postwright.h>

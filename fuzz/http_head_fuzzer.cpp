@@ -1,6 +1,6 @@
-// Lines of a request's head and its query, into the checks of the service. A head without an
-// objection has one reading: one Host and one length at most, chunks or a length and never both. A
-// query's fields are what they are when they are escaped again.
+// Lines of a request's head and its query, into the service's checks. A head that passes can be
+// read in one way only: at most one Host and one length, chunks or a length and never both. A
+// query's fields, escaped again, read the same.
 
 #include <algorithm>
 #include <map>
@@ -54,7 +54,7 @@ void CheckHead(const RequestHead& head) {
   }
   const auto& lengths = fields["content-length"];
   const auto& codings = fields["transfer-encoding"];
-  Require(fields["host"].size() <= 1, "there is one Host at most");
+  Require(fields["host"].size() <= 1, "there is at most one Host");
   Require(lengths.size() + codings.size() <= 1, "a body ends in one way");
   Require(lengths.empty() || (!lengths[0].empty() &&
                               lengths[0].find_first_not_of("0123456789") == std::string_view::npos),

@@ -1,7 +1,7 @@
 // Bytes of a source of addresses (CSV with a heading, the National Address Database, GeoJSON, the
 // Census Bureau's table, the postal service's records; plain, gzipped or in an archive). Every row
-// is read or left out with a reason; read on from a place in the middle, the rows after it are the
-// same; house number and unit in standard form stay so.
+// is read or left out with a reason; reading on from the middle gives the same rows; a house number
+// or unit in standard form stays so.
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ using fuzz::Require;
 constexpr std::size_t kMostRows = 2'000;  // an archive may unpack to many times its size
 
 struct ReadRow {
-  std::string text;  // of all fields, or why it is left out
+  std::string text;  // all fields, or why it is left out
   RowPlace after;
 
   bool operator==(const ReadRow& other) const {
@@ -82,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<ReadRow> again = RowsOf(*source, rows.size() - middle);
     Require(std::equal(again.begin(), again.end(), rows.begin() + static_cast<long>(middle),
                        rows.end()),
-            "read on from the middle, the rows are the same");
+            "reading on from the middle gives the same rows");
   } catch (const SourceError& error) {
     Require(error.what()[0] != '\0', "a file that is refused is told why");
   }

@@ -1,5 +1,5 @@
-// Lines of JSON into the reader of labels. Every line is a label or has a problem; what is taken
-// for one is JSON to another reader, too, and written as a record's members it reads the same.
+// Lines of JSON, into the reader of labels. Every line is a label or has a problem; what is taken
+// for a label is JSON to another reader too, and reads the same when written as a record's members.
 
 #include <nlohmann/json.hpp>
 
@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bytes += reader.Line().size() + (reader.IsWhole() ? 1 : 0);
   }
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  Require(bytes == size - (text.starts_with(kMark) ? kMark.size() : 0), "no byte is passed over");
+  Require(bytes == size - (text.starts_with(kMark) ? kMark.size() : 0), "no byte is skipped");
   Require(lines == reader.Number(), "lines are numbered");
   return 0;
 }

@@ -1,6 +1,6 @@
-// A dictionary of spellings and a text, "---" on a line between them. The dictionary's pairs
-// written again read the same; put into mixed case, a text keeps its letters but for the spellings,
-// its lines and its blanks.
+// A dictionary of spellings and a text, with "---" on a line between them. The dictionary's pairs
+// written again read the same; put into mixed case, a text keeps its letters (apart from the
+// spellings), lines and spaces.
 
 #include <QString>
 #include <algorithm>
@@ -35,7 +35,7 @@ QString BlanksOf(const QString& text) {
 }
 
 void CheckText(const QString& text, const std::optional<QString>& spellings) {
-  static PostwrightClient client;  // making one reads the dictionary that comes with it
+  static PostwrightClient client;  // making one reads the built-in dictionary
   client.setCapitalization(CapitalizationMixed);
   client.setRemovePunctuation(false);
   client.setMixedCase(spellings);

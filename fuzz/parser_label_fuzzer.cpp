@@ -1,5 +1,5 @@
-// A label's text to the parser. What it reads must be what plain searches with the patterns read;
-// for the texts that plain searches may take hours for, that it comes back at all.
+// A label's text, into the parser. It must read what plain searches with the patterns read; for
+// texts on which plain searches may take hours, it must return at all.
 
 #include "tests/core/parser/PlainParser.h"
 
@@ -23,8 +23,8 @@ constexpr size_t kLongestForPlainSearch = 60;
 constexpr suseconds_t kPatience = 200'000;  // microseconds of the processor
 constexpr int kDiffers = 77;
 
-// A process takes a hundred times as long as the parser: a hunt has one for every so many inputs,
-// the first among them, and a replay for each.
+// A process takes a hundred times as long as the parser: a fuzzing run starts one for the first
+// input and then for every so many, a replay for each.
 #ifdef POSTWRIGHT_HUNTS
 constexpr size_t kJudgedOneIn = 64;
 #else
@@ -39,8 +39,8 @@ std::wstring Widen(const std::string& bytes) {
   return length <= text.size() ? text.substr(0, length) : std::wstring();
 }
 
-// Blanks and signs alone make a plain search take minutes for a short text, too, so it has a
-// process of its own, which ends when its time is over.
+// Spaces and signs alone can make a plain search take minutes even for a short text, so it has a
+// process of its own, which ends when its time is up.
 bool IsShownToDiffer(const std::wstring& text, const AddressInfo& info) {
   static const AddressInfo tablesMadeOnce = ParsePlainly(L"1 A ST APT 4\nAUSTIN TX 78701");
   const pid_t child = fork();
@@ -52,7 +52,7 @@ bool IsShownToDiffer(const std::wstring& text, const AddressInfo& info) {
   fuzz::Require(child > 0, "there is room for a process");
   int status = 0;
   while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    // The hunt's own clock rang.
+    // The fuzzer's own time limit was reached.
   }
   return WIFEXITED(status) && WEXITSTATUS(status) == kDiffers;
 }

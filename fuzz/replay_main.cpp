@@ -1,5 +1,5 @@
-// Stands in for the fuzzing engine: runs a fuzzer once over each file of the folders and files
-// named, so that what was once found stays mended and no fuzzer falls out of the build.
+// Replaces the fuzzing engine: runs a fuzzer once on each file of the named folders and files, so
+// that what was once found stays fixed and every fuzzer stays in the build.
 
 #include <cstdint>
 #include <cstdio>

@@ -1,6 +1,6 @@
 // Fields of an address, a line each (Address1, Address2, city, state, ZIP), into the Verify
-// service's decision. What it answers is standard: asked again, it is answered word for word. Of a
-// delivery line with others above it, the line alone is asked for, as a reader of the label does.
+// service's decision. Its answer is standard: asked for that, it answers word for word the same. Of
+// several lines only the delivery line is asked about again, as a client would.
 
 #include <array>
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace {
 using namespace postwright;
 using namespace postwright::service;
 
-// Cities of every kind, so that the decisions on the last line are reached.
+// Cities of every kind, to reach the decisions on the last line.
 const postal::ZipList& Zips() {
   static const postal::ZipList* const zips = [] {
     std::istringstream rows(

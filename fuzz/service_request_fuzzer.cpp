@@ -1,5 +1,5 @@
-// Bytes of a query, into the Verify service. Whatever they are, the answer is one whole document of
-// the interface: the declaration and a single line of UTF-8 that ends its root.
+// Bytes of a query, into the Verify service. Whatever they are, the answer is one complete document
+// of the interface: the declaration and a single line of UTF-8 that ends with the root's end tag.
 
 #include <algorithm>
 #include <cstdint>

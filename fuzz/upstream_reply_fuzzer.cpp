@@ -1,5 +1,5 @@
-// Bytes of an upstream's reply, into what the gateway makes of it. The answer is whole (UTF-8, one
-// line to a field) or a fault, and written as a reply of our own it reads the same.
+// Bytes of an upstream's reply, into the gateway's reader. The answer is complete (UTF-8, one line
+// a field) or a fault, and reads the same when written as a reply of our own.
 
 #include "fuzz/InputText.h"
 #include "fuzz/Require.h"

@@ -1,5 +1,5 @@
 // Bytes of a vCard file. What is not changed is written byte for byte as it was; a card whose label
-// was changed is still one card, with as many addresses, and shows that label.
+// was changed is still one card with the same number of addresses, and shows that label.
 
 #include <QStringList>
 

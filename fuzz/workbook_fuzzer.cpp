@@ -1,6 +1,6 @@
-// A sheet of a workbook, as its first letter says: "x" Office Open XML, "o" OpenDocument, and "a"
-// the bytes of the whole archive. It is refused with a reason or read; with a cell changed and a
-// row added it reads as that, or is refused and was not written.
+// A sheet of a workbook. The first letter says which kind: "x" Office Open XML, "o" OpenDocument,
+// "a" the bytes of the whole archive. It is refused with a reason or read; with a cell changed and
+// a row added it reads as that, or is refused and not written.
 
 #include <QStringList>
 
