@@ -3,8 +3,8 @@
 # local Verify service, corrects examples/labels/ and stops the service.
 #
 #   ./run.sh             shows the labels before and after
-#   ./run.sh --window    opens the address book on an example of 200 entries instead, which answers
-#                        by itself
+#   ./run.sh --window    instead opens the address book on an example of 200 entries; it needs no
+#                        service
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
@@ -22,7 +22,7 @@ END
   exit 1
 }
 
-# Leaves the address of the service in $server.
+# Starts the service and sets $server to its address.
 start_service() {
   log=$(mktemp)
   build/bin/postwright-verifyd --listen 127.0.0.1:0 2> "$log" &
@@ -88,7 +88,7 @@ case "$#:${1-}" in
     exit 0
     ;;
   *)
-    { echo "run.sh: cannot make sense of: $*"; usage; } >&2
+    { echo "run.sh: cannot understand: $*"; usage; } >&2
     exit 2
     ;;
 esac

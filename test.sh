@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test, in three parts:
 #
-#   address  AddressSanitizer and UndefinedBehaviorSanitizer, on all that is compiled
-#   threads  ThreadSanitizer, on the tests that have threads
-#   plain    everything, with the checks of sources, pages and packages
+#   address  AddressSanitizer and UndefinedBehaviorSanitizer, on all compiled code
+#   threads  ThreadSanitizer, on the tests with threads
+#   plain    everything, including the checks of sources, pages and packages
 #
 #   ./test.sh                          plain
 #   ./test.sh address threads plain    these, in this order
 #   POSTWRIGHT_TEST_PARTS="threads plain" ./test.sh
 #
-# Ends at the first part that fails. What needs systems of others, such as a browser, it leaves out:
+# Stops at the first part that fails. It leaves out what needs other systems, such as a browser:
 # scripts/test-wide.sh runs that.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
@@ -47,4 +47,4 @@ for part in "${parts[@]}"; do
     plain) run dev "The plain tests" ;;
   esac
 done
-echo "Left out: scripts/test-wide.sh, the tests that need systems of others (Chromium, npm, PostgreSQL, Dask)."
+echo "Left out: scripts/test-wide.sh, the tests that need other systems (Chromium, npm, PostgreSQL, Dask)."

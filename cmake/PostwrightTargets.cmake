@@ -1,5 +1,5 @@
-# What every target here shares: the language level, the warnings, where results are put, and the
-# flat <postwright/...> headers that hosts and our own sources include alike.
+# What every target shares: the language level, the warnings, where results go, and the flat
+# <postwright/...> headers that hosts and our own sources include alike.
 
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
@@ -7,8 +7,8 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
 include(GNUInstallDirs)
 
-# An installed program finds our libraries beside it, wherever the tree has been put, but for the
-# system's own tree, whose libraries every program finds.
+# An installed program finds our libraries relative to itself, wherever the tree is put. The system's
+# own tree needs no help: every program finds its libraries.
 if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   set(CMAKE_INSTALL_RPATH "")
 else()
@@ -30,10 +30,10 @@ target_compile_options(
             "$<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict;-Wno-attribute-warning>")
 target_include_directories(postwright-options INTERFACE "${PROJECT_SOURCE_DIR}")
 
-# A fault that hostile text finds in us should end the program, not let it be taken over: bounds that
-# the C library checks, guards on the stack and its pages, jumps that land only where they may, and
-# tables that are read-only once a program has started. Sanitizers look at the same places
-# themselves, and the C library's bounds want optimised code.
+# Hostile text that finds a fault should end the program, not take it over: bounds checked by the C
+# library, guards on the stack and its pages, jumps that land only where they may, and tables that
+# are read-only once a program has started. Sanitizers check the same places themselves, and the C
+# library's bounds need optimised code.
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set(POSTWRIGHT_SANITIZED ON)
   target_compile_definitions(postwright-options INTERFACE POSTWRIGHT_SANITIZED)
@@ -52,12 +52,11 @@ else()
   target_link_options(postwright-options INTERFACE LINKER:-z,relro LINKER:-z,now)
 endif()
 
-# A build with a sanitizer is for one look, mostly on a machine that has no ccache: it reads the
-# standard library once, which takes a fifth off its time. Others do not, so that a source that
-# forgets an include is found out.
+# A sanitizer build is usually made once, often without ccache: reading the standard library only
+# once saves a fifth of its time. Other builds do not do this, so that a missing include shows.
 set(POSTWRIGHT_POSITION_INDEPENDENT ON)
 if(POSTWRIGHT_SANITIZED AND NOT POSTWRIGHT_FUZZ)
-  set(POSTWRIGHT_POSITION_INDEPENDENT OFF)  # by the preset's -fPIC, for programs as for libraries: they share the header
+  set(POSTWRIGHT_POSITION_INDEPENDENT OFF)  # the preset's -fPIC does it for programs too: they share the header
   file(CONFIGURE OUTPUT empty.cpp CONTENT "")
   add_library(postwright-precompiled OBJECT "${CMAKE_CURRENT_BINARY_DIR}/empty.cpp")
   target_link_libraries(postwright-precompiled PRIVATE postwright-options)
@@ -85,8 +84,8 @@ function(postwright_configure target)
                POSITION_INDEPENDENT_CODE ${POSTWRIGHT_POSITION_INDEPENDENT})
 endfunction()
 
-# Has TARGET optimised across its files in a release: a request goes through many small functions of
-# many files, and inlined they take a tenth less time.
+# Optimises TARGET across its files in a release: a request passes through many small functions in
+# many files, and inlining them saves a tenth of its time.
 include(CheckIPOSupported)
 check_ipo_supported(RESULT POSTWRIGHT_IPO OUTPUT POSTWRIGHT_IPO_FAULT LANGUAGES CXX)
 function(postwright_optimise_whole target)
@@ -95,9 +94,8 @@ function(postwright_optimise_whole target)
   endif()
 endfunction()
 
-# Makes TARGET one of the shared libraries that hosts link: its version and SONAME, and a version
-# script that keeps back what visibility cannot, such as instances of the standard library's
-# templates.
+# Makes TARGET one of the shared libraries that hosts link: its version, its SONAME, and a version
+# script that hides what visibility cannot, such as instances of the standard library's templates.
 function(postwright_configure_library target)
   postwright_configure(${target})
   set(script "${PROJECT_SOURCE_DIR}/cmake/exports.map")

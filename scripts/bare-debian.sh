@@ -1,10 +1,10 @@
-# A Debian 12 that holds the base system alone, in a folder: sourced by scripts that try something
+# A Debian 12 with nothing but the base system, in a folder; sourced by scripts that try something
 # where nothing has been installed. Sets `root`, which is removed when the script ends, and offers
 #
-#   step TEXT...       says what comes, and the seconds so far
-#   inside COMMAND...  runs a command in there, as root, with an empty environment: LANG is not set, either
+#   step TEXT...       says what comes next, and the seconds so far
+#   inside COMMAND...  runs a command in it as root, with an empty environment (so LANG is not set)
 #
-# MIRROR is the mirror to take it from, if not the one that apt uses here; TMPDIR says where.
+# MIRROR is the mirror to take it from (default: the one that apt uses here); TMPDIR says where it goes.
 # shellcheck shell=bash
 
 if [ "$(id -u)" -ne 0 ] || ! command -v debootstrap > /dev/null; then
@@ -30,5 +30,5 @@ debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" || { tail
 rm "$root.log"
 mount -t proc proc "$root/proc"
 mount -t devpts devpts "$root/dev/pts"
-echo "127.0.0.1 localhost" > "$root/etc/hosts"  # which an installer would write
+echo "127.0.0.1 localhost" > "$root/etc/hosts"  # as an installer would
 mkdir "$root/try"

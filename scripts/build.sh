@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the named targets, or everything, with the preset `dev` into build/, or with another preset
-# into its own folder. Configures first where that has not been done or the presets have changed.
+# into its own folder. Configures first if that has not been done or the presets have changed.
 #
 #   scripts/build.sh [--preset NAME] [TARGET...]
 set -euo pipefail
@@ -15,7 +15,7 @@ if [ "${1-}" = --preset ]; then
 fi
 if command -v ccache > /dev/null; then
   export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-  export CCACHE_SLOPPINESS=pch_defines,time_macros  # or it keeps nothing of what a precompiled header is for
+  export CCACHE_SLOPPINESS=pch_defines,time_macros  # ccache needs this for precompiled headers
 fi
 if [ ! -f "$folder/build.ninja" ] || [ CMakePresets.json -nt "$folder/CMakeCache.txt" ]; then
   cmake --preset "$preset"

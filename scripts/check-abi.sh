@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Compares what programs that are built already need of the libraries with what the last release gave
-# them, as packaging/abi/VERSION/ has it, by libabigail:
+# Compares, with libabigail, what the libraries offer to already built programs with what the last
+# release offered, as recorded in packaging/abi/VERSION/:
 #
 #   scripts/check-abi.sh           compares
-#   scripts/check-abi.sh --write   records the version of CMakeLists.txt, as part of its release
+#   scripts/check-abi.sh --write   records the version in CMakeLists.txt; part of making a release
 #
-# Builds the libraries into build-abi/, with all debug information. Exit status 0: such programs go on
-# working, or the SONAME has been raised, or nothing was released yet; 1: they do not. What has been
-# added is not a difference. Needs abidiff (Debian: abigail-tools).
+# Builds the libraries into build-abi/, with all debug information. Exit status 0: already built
+# programs go on working, or the SONAME has been raised, or nothing has been released yet; 1: they do
+# not. An addition is not a difference. Needs abidiff (Debian: abigail-tools).
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 command -v abidiff > /dev/null || { echo "abidiff is not installed: apt-get install abigail-tools" >&2; exit 2; }
@@ -32,7 +32,7 @@ for component in core core-dev local local-dev client client-dev; do
 done
 libraries=$(find "$prefix" -name 'libpostwright*.so' | sort)
 
-# record LIBRARY FILE: writes down what the public headers declare of it.
+# record LIBRARY FILE: records what the public headers declare of the library.
 record() {
   abidw --exported-interfaces-only --headers-dir "$prefix/include" --drop-private-types --no-corpus-path \
     --no-comp-dir-path --no-show-locs --out-file "$2" "$1"
@@ -45,25 +45,25 @@ if [ "${1-}" = --write ]; then
     record "$library" "$file"
     xz -9 --force "$file"
   done
-  echo "packaging/abi/$version has the libraries as they are now."
+  echo "Recorded the libraries in packaging/abi/$version."
   exit 0
 fi
 
 status=0
 for library in $libraries; do
   name=$(basename "$library" .so)
-  [ -f "$recorded/$name.abi.xz" ] || continue  # a library that the release did not have
+  [ -f "$recorded/$name.abi.xz" ] || continue  # the release did not have this library
   before=build-abi/before.abi
   xz --decompress --stdout "$recorded/$name.abi.xz" > "$before"
   soname=$(sed -nE "s/.* soname='([^']+)'.*/\1/p" "$before" | head -n 1)
   record "$library" build-abi/now.abi
-  echo "$name, $(basename "$recorded") and now:"
+  echo "$name, $(basename "$recorded") compared with now:"
   if ! grep --quiet --fixed-strings " soname='$soname'" build-abi/now.abi; then
-    echo "  The SONAME differs: programs are to be built again."
+    echo "  The SONAME differs: programs must be built again."
   elif abidiff --no-added-syms "$before" build-abi/now.abi; then
-    echo "  Nothing has changed for programs that are built already."
+    echo "  Nothing has changed for already built programs."
   else
-    echo "  Programs that are built already would break. Take the change back, or raise"
+    echo "  Already built programs would break. Take the change back, or raise"
     echo "  POSTWRIGHT_ABI_VERSION in CMakeLists.txt (docs/compatibility.md)."
     status=1
   fi

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Fails where a page says what is not so.
+"""Fails if a page says something untrue.
 
     check-documents.py snippets SOURCES PAGE...
     check-documents.py commands SOURCES PROGRAMS PAGE...
@@ -7,17 +7,17 @@
 
 Snippets: a block of C++ or CMake repeats marked lines of a file that is built and run. The line in
 front of the block names the file and the marks, "<!-- from examples/host-guide/client.cpp: fix -->";
-in the file the lines are between "guide: fix" and "guide: end", in one place or several. Where there
-are several marks ("include, fix"), a blank line separates their lines.
+in the file the lines are between "guide: fix" and "guide: end", in one place or several. With several
+marks ("include, fix"), a blank line separates their lines.
 
 Commands: those of a page's "console" blocks print what the page shows, and those of its "sh" blocks
-end well, one after another in a folder that holds examples/ and data/, with PROGRAMS as build/bin/.
-Those and examples/shards/ are on the path. "…" stands for any text, alone on a line for any lines.
-127.0.0.1:8470 is whatever port is free. A block that cannot be run so says why in front of it,
-"<!-- not run here: needs root -->".
+succeed, run in turn in a folder that holds examples/ and data/, with PROGRAMS as build/bin/. PROGRAMS
+and examples/shards/ are on the path. "…" stands for any text; alone on a line, for any lines.
+127.0.0.1:8470 is replaced by a free port. A block that cannot be run this way says why in front of
+it, "<!-- not run here: needs root -->".
 
-Pages: every link leads to a page, and to a heading where it names one; no page but the changes has
-more than 1,500 words outside its tables and blocks; a page of docs/ ends with where to go on.
+Pages: every link leads to a page, and to a heading if it names one; no page but the changelog has
+more than 1,500 words outside its tables and blocks; a page of docs/ ends with where to go next.
 """
 
 import contextlib
@@ -38,7 +38,7 @@ BLOCK = re.compile(r"^(?P<mark>[^\n]*)\n(?P<indent> *)```(?P<language>\w+)\n(?P<
 
 
 def blocks(page, languages):
-    """Yields where each block of these languages stands, its language, its text, and the mark in
+    """Yields, for each block in these languages, its place, its language, its text, and the mark in
     front of it."""
     whole = page.read_text()
     for block in BLOCK.finditer(whole):
@@ -63,7 +63,7 @@ def check_snippets(sources, *pages):
             source = Path(sources, named[1])
             lines = "\n".join(marked_lines(source, name) for name in named[2].split(", "))
             if text != lines:
-                yield f"{place}: is not what {named[1]} has:\n{lines}"
+                yield f"{place}: differs from {named[1]}, which has:\n{lines}"
 
 
 def is_whole(command):
@@ -71,7 +71,7 @@ def is_whole(command):
 
 
 def console_commands(text):
-    """Yields each command after a "$ " with what it prints."""
+    """Yields each command after a "$ ", with what it prints."""
     lines = text.splitlines(keepends=True)
     while lines:
         command = lines.pop(0).removeprefix("$ ")
@@ -84,8 +84,8 @@ def console_commands(text):
 
 
 def page_commands(page):
-    """Yields the place of each command to run, the command, and what it prints; None where that
-    does not matter."""
+    """Yields each command to run: its place, the command, and what it prints, or None if that does
+    not matter."""
     for place, language, text, mark in blocks(page, {"console", "sh"}):
         if re.fullmatch(r"<!-- not run here: .+ -->", mark):
             continue
@@ -99,7 +99,7 @@ def page_commands(page):
 
 
 def add_programs(folder, programs, port):
-    """Puts the programs into the folder, the one that by default listens with another port."""
+    """Puts the programs into the folder; the service's default port is replaced by a free one."""
     options = {"postwright-verifyd": f'[[ "$*" == *--listen* ]] || set -- "$@" --listen {port}'}
     folder.mkdir(parents=True)
     for program in Path(programs).resolve().iterdir():
@@ -110,8 +110,8 @@ def add_programs(folder, programs, port):
 
 
 def session(commands, streams):
-    """The commands as one script that keeps what each prints and how it ends. What is started in
-    the background is given time to print what it should."""
+    """The commands as one script that keeps what each prints and its status. A command in the
+    background is given time to print what it should."""
     script = "trap 'kill $(jobs -p) 2> /dev/null' EXIT\n"
     for number, (_, command, answer) in enumerate(commands):
         output = f"{streams}/{number}"
@@ -126,7 +126,7 @@ def session(commands, streams):
 def prints(command, printed, answer):
     lines = re.sub("^…\\\\\n", "(.*\n)*", re.escape(answer), flags=re.MULTILINE)
     pattern = re.compile(lines.replace("…", "[^\n]*"))
-    if command.rstrip().endswith("&"):  # which goes on to print
+    if command.rstrip().endswith("&"):  # goes on printing
         return pattern.match(printed)
     return pattern.fullmatch(printed if not printed or printed.endswith("\n") else printed + "\n")
 
@@ -146,25 +146,25 @@ def run_page(page, sources, programs, scratch):
         "PATH": path, "HOME": str(home), "XDG_CACHE_HOME": str(home / ".cache"), "no_proxy": "*",
         "XDG_DATA_HOME": str(home / ".local/share"), "POSTWRIGHT_SERVER": "",
         "XDG_RUNTIME_DIR": str(scratch), "QT_QPA_PLATFORM": "offscreen",
-        "QT_LOGGING_RULES": "default.warning=false"}  # what the platform cannot do
+        "QT_LOGGING_RULES": "default.warning=false"}  # about what the offscreen platform cannot do
     shell = subprocess.Popen(["bash", "-c", session(commands, streams)], cwd=home, env=environment,
                              stdin=subprocess.DEVNULL, start_new_session=True)
     try:
         shell.wait(timeout=60)
     except subprocess.TimeoutExpired:
-        pass  # the first command without a status, below
-    with contextlib.suppress(ProcessLookupError):  # what the commands have left running
+        pass  # reported below, as the first command without a status
+    with contextlib.suppress(ProcessLookupError):  # ends what the commands have left running
         os.killpg(shell.pid, signal.SIGKILL)
     for number, (place, command, answer) in enumerate(commands):
         if not (streams / f"{number}.status").exists():
-            yield f"{place}: has not ended:\n{command}"
+            yield f"{place}: did not end:\n{command}"
             break
         printed = (streams / f"{number}").read_text()
         status = (streams / f"{number}.status").read_text().strip()
         if answer is None and status != "0":
-            yield f"{place}: ends with status {status}:\n{command}{printed}"
+            yield f"{place}: ended with status {status}:\n{command}{printed}"
         if answer is not None and not prints(command, printed, answer):
-            yield f"{place}: {command}prints\n{printed}where the page has\n{answer}"
+            yield f"{place}: {command}printed\n{printed}but the page has\n{answer}"
 
 
 def check_commands(sources, programs, *pages):
@@ -191,7 +191,7 @@ def check_pages(*pages):
         if words > 1500 and page.name != "CHANGELOG.md":
             yield f"{page.name}: has {words} words outside its tables and blocks"
         if page.parent.name == "docs" and "\nWhat comes next: " not in prose[-500:]:
-            yield f"{page.name}: does not end with what comes next"
+            yield f"{page.name}: does not end with where to go next"
 
 
 def main():

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""Fails where a source includes what the README of its folder does not allow.
+"""Fails if a source includes what the README of its folder does not allow.
 
     scripts/check-includes.py [ROOT]
 
 A README has a table of its folders, `| folder | what lives there | may include |`. The third column
-names folders and single headers in backticks, and libraries by the names of LIBRARIES. A folder's
-own headers are free, and so are those of the standard library and the system. The tables are true:
-a folder with sources has a row, a row has a folder, and what a folder may include it does.
+names folders and single headers in backticks, and libraries by the names in LIBRARIES. A folder's own
+headers are always allowed, and so are those of the standard library and the system. The tables are
+kept true: each folder with sources has a row, each row a folder, and a folder does include what its
+row allows.
 """
 
 import collections
@@ -17,7 +18,7 @@ import sys
 
 ROOMS = ["apps", "client", "common", "core", "platform", "postal", "python", "service", "sql"]
 
-# What an include begins with, and how a README calls where it is from.
+# What an include begins with, and what a README calls the library it is from.
 LIBRARIES = {
     "Q": "Qt", "ui_": "Qt", "boost/": "Boost", "CLI/": "CLI11", "csv.h": "libcsv", "curl/": "libcurl",
     "microhttpd.h": "libmicrohttpd", "nlohmann/": "nlohmann_json", "pugixml.hpp": "pugixml",
@@ -35,7 +36,7 @@ def find(*endings):
 
 
 def read_rules(readmes, folders):
-    """What each folder may include: folder -> the names of its third column."""
+    """What each folder may include: folder -> the names in its third column."""
     rules = {}
     for readme in readmes:
         here = str(pathlib.Path(readme).parent)
@@ -60,7 +61,7 @@ def read_rules(readmes, folders):
 
 
 def target_of(quote, name, home):
-    """The folder or library that an include reaches, and the header; nothing for a system's."""
+    """The folder or library that an include reaches, and the header; nothing for a system header."""
     if name.startswith("postwright/"):
         path = home.get(name.removeprefix("postwright/"))
         return (str(pathlib.Path(path).parent), path) if path else None
@@ -91,10 +92,10 @@ def find_faults():
     for folder in sorted(folders - rules.keys()):
         yield f"{folder}: no README has a row for it"
     for folder in sorted(rules.keys() - folders):
-        yield f"{folder}: has a row in a README, and no sources"
+        yield f"{folder}: has a row in a README, but no sources"
     for folder in sorted(rules.keys() & folders):
         for name in sorted(rules[folder] - uses[folder]):
-            yield f"{folder}: may include {name}, and does not"
+            yield f"{folder}: may include {name}, but does not"
         for other in sorted(rules[folder] & rules.keys()):
             if folder < other and folder in rules[other]:
                 yield f"{folder}, {other}: each may include the other"

@@ -1,22 +1,22 @@
 #!/usr/bin/env bash
-# Looks through the product's sources with clang-tidy, as far as the time goes.
+# Checks the product's sources with clang-tidy, as many as the time allows.
 #
 #   scripts/check-tidy.sh BUILD_FOLDER SECONDS
 #
-# A source is looked at again only when it, a header of ours that it includes, or .clang-tidy has
-# changed. Those changed last come first, so that what does not fit into the time is old; it is left
-# for the next run, and said to be.
+# A source is checked again only when it, a header of ours that it includes, or .clang-tidy has
+# changed. The latest changes come first, so that only old ones are left when the time is up; these
+# are reported and left for the next run.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
-command -v clang-tidy > /dev/null || { echo "clang-tidy is not installed: ./test.sh does so"; exit 77; }
+command -v clang-tidy > /dev/null || { echo "clang-tidy is not installed: ./test.sh installs it"; exit 77; }
 build=$(realpath --relative-to=. "$1")
 deadline=$(($(date +%s) + $2))
-stamps=.cache/tidy  # for every build folder alike
+stamps=.cache/tidy  # shared by all build folders
 mkdir -p "$stamps"
 left=$(mktemp)
 trap 'rm -f "$left"' EXIT
 
-# A line for each source of the product: itself, then the headers of ours that it includes.
+# A line for each of the product's sources: itself, then the headers of ours that it includes.
 sources_with_headers() {
   ninja -C "$build" -t deps | awk -v root="$PWD/" -v build="$PWD/$build/" '
     function flush() { if (line ~ /^(apps|client|common|core|platform|postal|python|service|sql)\//) print line; line = "" }
@@ -30,7 +30,7 @@ sources_with_headers() {
     END { flush() }' | sort --unique
 }
 
-# The lines of the file $1 whose source changed last, by git, come first.
+# The lines of the file $1, the source that changed last in git first.
 newest_first() {
   { git log --format= --name-only --max-count=500 2> /dev/null || true; } |
     awk -v list="$1" '

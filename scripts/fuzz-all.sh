@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
-# Hunts with every harness of fuzz/ in turn, under AddressSanitizer and UndefinedBehaviorSanitizer.
+# Runs every fuzzer of fuzz/ in turn, under AddressSanitizer and UndefinedBehaviorSanitizer.
 #
-#   scripts/fuzz-all.sh MINUTES [HARNESS...]   MINUTES for each of them; vcard_fuzzer
+#   scripts/fuzz-all.sh MINUTES [FUZZER...]   MINUTES for each; a FUZZER is named as in vcard_fuzzer
 #
-# Builds them first (clang: scripts/install-packages.sh --fuzz). What the hunts learn is kept in
-# .cache/fuzz/HARNESS, for the next to go on from; what breaks a harness in .cache/fuzz/found, with
-# the command that shows it again. Prints a line a harness; ends with 1 where something was found.
+# Builds them first (clang: scripts/install-packages.sh --fuzz). The inputs that a run finds useful are
+# kept in .cache/fuzz/FUZZER for the next one; inputs that break a fuzzer go to .cache/fuzz/found, and the
+# command that shows the fault again is printed. Prints a line a fuzzer; the exit status is 1 if
+# something was found.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
 minutes=${1-}
 if ! [[ $minutes =~ ^[1-9][0-9]*$ ]]; then
-  echo "usage: scripts/fuzz-all.sh MINUTES [HARNESS...]" >&2
+  echo "usage: scripts/fuzz-all.sh MINUTES [FUZZER...]" >&2
   exit 2
 fi
 shift
@@ -22,14 +23,14 @@ if [ $# -eq 0 ]; then mapfile -t harnesses < <(basename --suffix=.cpp --multiple
 [ -e build-fuzz/build.ninja ] || cmake --preset fuzz > /dev/null
 cmake --build --preset fuzz --target "${harnesses[@]}" > /dev/null
 
-most_finds=5  # of a harness in one hunt; the first is mostly found again
+most_finds=5  # of a fuzzer in one run; mostly they are the first one again
 kept=.cache/fuzz
 mkdir -p "$kept/found"
 export QT_QPA_PLATFORM=offscreen
 status=0
 
-# Hunts for $2 seconds with the harness $1 and leaves the log in $log. libFuzzer's weighing of inputs
-# by how rare their paths are takes half of the time, so every input has the same weight.
+# Runs the fuzzer $1 for $2 seconds and leaves the log in $log. libFuzzer can weigh inputs by how rare
+# their paths are, which takes half of the time, so here every input has the same weight.
 hunt() {
   local name=${1%_fuzzer} dictionary=()
   if [ -e "fuzz/dictionary/$name.dict" ]; then dictionary=("-dict=fuzz/dictionary/$name.dict"); fi

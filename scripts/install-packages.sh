@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Installs what is missing of the packages that packages.txt lists; says nothing where nothing is.
+# Installs the packages listed in packages.txt that are missing; prints nothing if none is.
 #
-#   scripts/install-packages.sh          what building and running take
-#   scripts/install-packages.sh --test   and what ./test.sh takes besides
-#   scripts/install-packages.sh --fuzz   and what scripts/fuzz-all.sh does
-#   scripts/install-packages.sh --wide   and what scripts/test-wide.sh does
+#   scripts/install-packages.sh          what building and running need
+#   scripts/install-packages.sh --test   also what ./test.sh needs
+#   scripts/install-packages.sh --fuzz   also what scripts/fuzz-all.sh needs
+#   scripts/install-packages.sh --wide   also what scripts/test-wide.sh needs
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
 
@@ -17,7 +17,7 @@ esac
 mapfile -t wanted < <(grep -Ev "$unwanted" "$here/packages.txt" | awk '{ print $1 }' | sort --unique)
 
 if ! command -v apt-get > /dev/null; then
-  echo "This system has no apt-get: the counterparts of these Debian packages must be there:" >&2
+  echo "This system has no apt-get. Install the counterparts of these Debian packages:" >&2
   echo "  ${wanted[*]}" >&2
   exit 0
 fi
@@ -41,7 +41,7 @@ fi
 
 apt() { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get --quiet "$@"; }
 
-# Says what will come over the network; fails where the lists of packages are absent or too old.
+# Says what will be fetched; fails if the lists of packages are absent or too old.
 announce() {
   local files
   files=$(apt-get install --print-uris --yes --no-install-recommends "${missing[@]}" 2> /dev/null) || return 1
@@ -51,7 +51,7 @@ announce() {
     "$(awk '{ bytes += $3 } END { print int(bytes / 1e6) + 1 }' <<< "$files") MB to fetch."
 }
 
-# Says now and then how far it is.
+# Reports progress now and then.
 progress() {
   local line fetched=0 done=0
   while IFS= read -r line; do
@@ -72,11 +72,11 @@ update() {
 count=0
 if ! announce; then
   update || true
-  announce || true  # what is wrong then, the installation says
+  announce || true  # if something is wrong, the installation will say what
 fi
-# The lists may name packages that the registry has replaced.
+# The lists may name versions that the mirror has replaced.
 if ! install && ! { update && install; }; then
-  echo "The packages could not be installed. Is the package registry within reach? By hand:" >&2
+  echo "The packages could not be installed. Can apt-get reach its mirror? By hand:" >&2
   echo "  ${as_root[*]} apt-get update && ${as_root[*]} apt-get install ${missing[*]}" >&2
   exit 1
 fi

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Compares what the libraries in a folder offer with packaging/debian/*.symbols, by which Debian's tools
-# work out the version of a library that a program needs:
+# Compares what the libraries in a folder offer with packaging/debian/*.symbols, from which Debian's tools
+# work out which version of a library a program needs:
 #
-#   scripts/library-symbols.sh FOLDER           fails where the two differ
-#   scripts/library-symbols.sh --write FOLDER   writes the files: what is new gets the version of CMakeLists.txt
+#   scripts/library-symbols.sh FOLDER           fails if the two differ
+#   scripts/library-symbols.sh --write FOLDER   writes the files; a new symbol gets the version in CMakeLists.txt
 #
-# FOLDER is build/lib, or a prefix in which a build was installed.
+# FOLDER is build/lib, or a prefix that a build was installed to.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 root=$(dirname "$(readlink -f "$0")")/..
@@ -18,8 +18,8 @@ version=$(sed -nE 's/^  VERSION ([0-9.]+)$/\1/p' "$root/CMakeLists.txt")
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# symbols LIBRARY FILE PACKAGE: the file as it should be, each symbol with the version that FILE has for it.
-# Virtual tables and type information are there or not, as the compiler's options have it.
+# symbols LIBRARY FILE PACKAGE: the file as it should be, each symbol with its version from FILE. Virtual
+# tables and type information are optional: whether they exist depends on the compiler's options.
 symbols() {
   echo "$(readelf --dynamic "$1" | sed -nE 's/.*SONAME.*\[(.*)\]/\1/p') $3 #MINVER#"
   echo "* Build-Depends-Package: ${3%[0-9]}-dev"
@@ -51,7 +51,7 @@ for name in libpostwright-core libpostwright-local libpostwright; do
   if [ "$write" ]; then
     cp "$scratch/now" "$file"
   elif ! diff <(grep --invert-match '(optional' "$file") <(grep --invert-match '(optional' "$scratch/now"); then
-    echo "$name offers other symbols than $package.symbols says: scripts/library-symbols.sh --write build/lib"
+    echo "$name and $package.symbols differ: scripts/library-symbols.sh --write build/lib"
     status=1
   fi
 done

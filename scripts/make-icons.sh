@@ -1,7 +1,7 @@
 #!/bin/sh
-# Renders the status images of the batch window from their drawings, for single, double and triple
-# scale, and with the colours changed for dark windows. Run it after changing a drawing; the results
-# are kept in the repository. Needs rsvg-convert (Debian: librsvg2-bin).
+# Renders the batch window's status images from their drawings, at single, double and triple scale, and
+# with changed colours for dark windows. Run it after changing a drawing; the results are kept in the
+# repository. Needs rsvg-convert (Debian: librsvg2-bin).
 set -eu
 cd "$(dirname "$0")/../client/resources/icons"
 

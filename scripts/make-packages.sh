@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Makes a Debian source package of what git tracks, builds the binary packages from it, and has lintian
-# look at them all. Everything is in build-packages/ then; nothing else is touched.
+# Makes a Debian source package of what git tracks, builds the binary packages from it, and checks them
+# all with lintian. Everything goes to build-packages/; nothing else is touched.
 #
 #   scripts/make-packages.sh            source and binary packages
-#   scripts/make-packages.sh --source   the source package alone, in seconds
+#   scripts/make-packages.sh --source   only the source package, in seconds
 #
-# Needs, besides what scripts/install-packages.sh installs, the Debian packages debhelper, dh-python,
+# Besides what scripts/install-packages.sh installs it needs the Debian packages debhelper, dh-python,
 # doxygen and lintian. It takes some minutes.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -26,8 +26,8 @@ if [ "$(dpkg-parsechangelog --file packaging/debian/changelog --show-field Versi
   exit 1
 fi
 
-# The sources of others' packages are an archive and, apart from it, the folder debian/. The archive is the
-# same whenever it is made of the same files.
+# A source package is an archive of the sources and, separate from it, the folder debian/. The same files
+# always give the same archive.
 sources=postwright-$version
 rm -rf build-packages
 mkdir build-packages
@@ -54,7 +54,7 @@ if [ "${1-}" != --source ]; then
   rm -rf "$sources"
   lint+=(*.changes)
 fi
-# No bug is closed by packages that nobody uploads.
+# These packages are not uploaded, so they close no bug in Debian's tracker.
 lintian --fail-on error,warning --suppress-tags initial-upload-closes-no-bugs "${lint[@]}"
 ls -l ./*.dsc ./*.tar.xz
 [ "${1-}" = --source ] || ls -l ./*.deb

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Makes the pictures in docs/pictures from the programs of a build, on a screen of their own, with
-# the keys that a person would press and the service that comes with the programs.
+# Makes the pictures in docs/pictures from a build's programs, on a virtual screen, with the keys that a
+# person would press and the service that comes with the programs.
 #
 # usage: scripts/make-pictures.sh [BUILD-FOLDER]      (default: build)
 #
@@ -30,10 +30,10 @@ start() {
   started+=($!)
 }
 
-# The screen: no window manager, so a window has no frame and what is under the pointer has focus.
+# The screen has no window manager, so a window has no frame and the one under the pointer has focus.
 start Xvfb :77 -screen 0 2000x1500x24
 export DISPLAY=:77 no_proxy='*' XDG_RUNTIME_DIR="$work" LANG=C.UTF-8
-export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data"  # a user who begins
+export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data"  # as for a new user
 unset QT_SCALE_FACTOR QT_QPA_PLATFORM
 start "$bin/postwright-verifyd" --listen "127.0.0.1:$service_port"
 start "$input/slow-service.py" "$slow_port" "$service_port" 0.08
@@ -46,7 +46,7 @@ for port in "$service_port" "$slow_port" "$town_port"; do
   until (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do sleep 0.1; done
 done
 
-# shot NAME [WINDOW]: what the window shows, without the pointer.
+# shot NAME [WINDOW]: a picture of the window, without the pointer.
 shot() {
   sleep 0.6
   import -window "${2:-$window}" "$pictures/$1.png"
@@ -57,7 +57,7 @@ keys() {
   xdotool key --delay 60 "$@"
 }
 
-# await TITLE: the window of that title, ready for keys.
+# await TITLE: waits for the window with that title to be ready for keys.
 await() {
   window=$(xdotool search --sync --onlyvisible --name "$1" | tail -1)
   xdotool windowfocus --sync "$window"
@@ -77,7 +77,7 @@ leave() {
   wait "$program" 2>/dev/null || true
 }
 
-# 340 labels for a run that lasts.
+# 340 labels, for a run that lasts.
 awk -F'\t' 'NR <= 340 {
   sub(/ St /, " Street "); sub(/ Ave /, " Avenue "); sub(/ Ste /, ", Suite ")
   print "The Office\n" $1 "\n" $2 ", " $3 " " $4 "\n"
@@ -114,7 +114,7 @@ keys Home Down Down Down
 shot batch-200-percent
 leave
 
-# Those that a person decides on, where the service has an address base.
+# Labels for a person to decide on, with an address base.
 host --server "127.0.0.1:$town_port" "$input/town.txt"
 keys Home F8
 shot batch-candidates
@@ -131,7 +131,7 @@ await "Address Check"
 shot batch-summary
 leave
 
-# Whose streets are fetched, where there are none.
+# Whose streets to fetch, when there are none yet.
 "$bin/postwright-addressbook" >"$work/out" 2>&1 &
 program=$!
 started+=($program)
@@ -143,7 +143,7 @@ shot address-book-streets
 keys Escape
 leave
 
-# How a file is read, where that cannot be guessed.
+# How to read a file when that cannot be guessed.
 cp "$input/old-mac.csv" "$work"
 "$bin/postwright-addressbook" "$work/old-mac.csv" >"$work/out" 2>&1 &
 program=$!
@@ -154,7 +154,7 @@ xdotool type M
 shot address-book-encoding
 leave
 
-# A workbook, whose list is on its second sheet.
+# A workbook with the list on its second sheet.
 "$input/workbook.py" "$work/parish.xlsx"
 "$bin/postwright-addressbook" "$work/parish.xlsx" >"$work/out" 2>&1 &
 program=$!
@@ -164,7 +164,7 @@ keys alt+s Down
 shot address-book-workbook
 leave
 
-# The address book: its columns are chosen, its addresses fixed, its labels printed.
+# The address book: choosing columns, fixing addresses, printing labels.
 sed 's/,wa,98247,/,wa,98247-1234,/' examples/books/friends.csv >"$work/friends.csv"
 echo "Eli Abbott,,7431 Monroe Boulevard,,Torreon,NM,87061,555-0120," >>"$work/friends.csv"
 "$bin/postwright-addressbook" --server "127.0.0.1:$service_port" "$work/friends.csv" \
@@ -182,7 +182,7 @@ keys alt+l
 xdotool type M  # mixed case
 shot address-book-fix
 keys Return
-sleep 10  # the window that follows has the same title
+sleep 10  # the next window has the same title
 await "Fix Addresses"
 keys alt+a
 sleep 2
@@ -217,7 +217,7 @@ sleep 2
 pdftoppm -r 80 -png -singlefile "$work/labels.pdf" "$pictures/label-sheet"
 echo "$pictures/label-sheet.png"
 
-# Measures that do not fit; then an envelope with all that can be on it.
+# Measures that do not fit; then an envelope with everything that can be on it.
 await "friends.csv"
 keys ctrl+p
 await "Print Labels"

@@ -1,10 +1,10 @@
-// Counts how often each reading of a word stands on a label, and how many labels come out of mixed
-// case as a person writes them; keeps both in docs/mixed-case.md. Run by mixed-case-counts.sh.
+// Counts how often each spelling of a word occurs on labels, and how many labels come out of mixed
+// case as a person writes them; writes both to docs/mixed-case.md. Run by mixed-case-counts.sh.
 //
 //   mixed-case-counts --update|--check ZIPS.tsv LABELS.tsv PAGE.md
 //
-// --check changes nothing and exits 1 where the page is out of date or the dictionary takes the
-// rarer reading of a word.
+// --check changes nothing, and exits with 1 if the page is out of date or the dictionary has the
+// rarer spelling of a word.
 
 #include <postwright/PostwrightClient.h>
 
@@ -22,7 +22,7 @@ using postwright::PostwrightClient;
 namespace {
 
 using Rows = QList<QStringList>;
-using Readings = QMap<QString, double>;  // a spelling, and on how many of 10,000 labels it stands
+using Readings = QMap<QString, double>;  // a spelling, and on how many of 10,000 labels it occurs
 
 constexpr double kLabels = 10000;
 const QString kBegin = QStringLiteral("<!-- counts begin -->\n");
@@ -45,8 +45,8 @@ Rows ReadRows(const QString& text) {
   return rows;
 }
 
-// The word of a city name as a person writes it. The address base capitalizes every word, so it
-// tells where a word stands but not that the small ones are written small inside a name.
+// A word of a city name as a person writes it. The list capitalizes every word, so it shows where a
+// word occurs but not that small words are written small inside a name.
 QString CityWord(const QString& word, bool first) {
   static const QSet<QString> small = {
       QStringLiteral("And"), QStringLiteral("By"), QStringLiteral("Del"),
@@ -55,7 +55,7 @@ QString CityWord(const QString& word, bool first) {
   return !first && small.contains(word) ? word.toLower() : word;
 }
 
-// All readings of all words, by upper-case word.
+// The spellings of each word, by the word in upper case.
 QMap<QString, Readings> CountReadings(const Rows& zips, const Rows& labels) {
   QMap<QString, Readings> words;
   const auto count = [&words](const QString& spelling, double labelsEach) {
@@ -78,7 +78,7 @@ QMap<QString, Readings> CountReadings(const Rows& zips, const Rows& labels) {
   return words;
 }
 
-// A row for each word with more than one reading.
+// A row for each word with more than one spelling.
 QString ReadingsTable(const QMap<QString, Readings>& words, const PostwrightClient& client,
                       bool& agrees) {
   QString table =
@@ -110,7 +110,7 @@ QString LabelText(const QStringList& row) {
   return row[0].isEmpty() ? cityLine : row[0] + u'\n' + cityLine;
 }
 
-// How many labels come out as they are written, from upper case, and which do not.
+// How many labels, put into upper case first, come out as they are written, and which do not.
 QString LabelsReport(const Rows& labels, PostwrightClient& client, bool removePunctuation) {
   client.setRemovePunctuation(removePunctuation);
   QStringList wrong;

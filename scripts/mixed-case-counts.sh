@@ -1,7 +1,7 @@
 #!/bin/sh
-# Counts again which reading of a word labels use more often and how labels come out of mixed case,
-# and keeps both in docs/mixed-case.md. Builds what it needs. Exit status 1: the dictionary takes
-# the rarer reading of some word, which is then named.
+# Counts again which spelling of a word is more frequent on labels and how labels come out of mixed
+# case, and writes both to docs/mixed-case.md. Builds what it needs. Exit status 1: the dictionary has
+# the rarer spelling of some word, which is named.
 set -eu
 cd "$(dirname "$0")/.."
 [ -f build/build.ninja ] || cmake --preset dev

@@ -1,17 +1,16 @@
 #!/usr/bin/env python3
-"""Puts small faults into the product's code, one at a time, and says which of them no test notices.
+"""Puts small faults into the product's code, one at a time, and reports those that no test notices.
 
   scripts/mutate.py run [--seed N] [--count N] [--folder FOLDER]...
   scripts/mutate.py report [--survived]
 
-A fault is one operator, constant or statement of one line that is changed. The programs and tests
-that the file goes into are built again and run, those of the file's own room first, until one
-fails: then the fault was noticed. A fault that does not compile does not count.
+A fault is one changed operator, constant or statement on one line. The programs and tests that the
+file goes into are built again and run, those of the file's own folder first, until one fails: then the
+fault was noticed. A fault that does not compile does not count.
 
-Works on a copy of what is committed, under .cache/mutate/, which is kept: the first run builds it
-whole. A seed always gives the same faults of the same sources. Results add up in
-.cache/mutate/results.tsv; a fault that stands there is not tried again, so that a run that was
-broken off goes on where it ended.
+Works on a copy of what is committed, kept under .cache/mutate/: the first run builds all of it. The
+same seed and sources always give the same faults. Results add up in .cache/mutate/results.tsv; a fault
+listed there is not tried again, so an interrupted run goes on where it stopped.
 """
 
 import argparse
@@ -34,7 +33,7 @@ ROOMS = ["apps", "client", "common", "core", "platform", "postal", "service"]
 FIELDS = ["seed", "number", "place", "before", "after", "outcome", "by"]
 TEST_SECONDS = 120
 
-# What is changed, and what for. Where several fit one is drawn.
+# What is changed, and to what. If several fit, one is drawn.
 OPERATORS = [
     (r" == ", " != "), (r" != ", " == "), (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "),
     (r" >= ", " > "), (r" && ", " || "), (r" \|\| ", " && "), (r" \+ ", " - "), (r" - ", " + "),
@@ -55,7 +54,7 @@ def output(*command, **more):
 
 
 def code_of(line):
-    """The line with its strings and comments blanked out, so that no fault is put into them."""
+    """The line with its strings and comments blanked out, so that they get no faults."""
     line = re.sub(r'"(?:\\.|[^"\\])*"', lambda found: '"' + "_" * (len(found[0]) - 2) + '"', line)
     return re.sub(r"//.*", "", line)
 
@@ -83,7 +82,7 @@ def faults_of(file):
 
 
 def draw(seed, count, folders):
-    """The faults of a seed: files are drawn by their lines, then one fault of each."""
+    """The faults of a seed: files are drawn by their length, then one fault in each."""
     chance = random.Random(seed)
     files = sorted(file for folder in folders for file in (TREE / folder).rglob("*.cpp"))
     lines = [len(file.read_text().split("\n")) for file in files]
@@ -104,14 +103,14 @@ def prepare():
         run("git", "clone", "--quiet", "--shared", str(HOME), str(TREE))
     run("git", "fetch", "--quiet", "origin", commit, cwd=TREE)
     run("git", "checkout", "--quiet", "--force", commit, cwd=TREE)
-    # "a && b || c" is a warning, and a fault all the same.
+    # "a && b || c" draws a warning, but is still a fault.
     run("cmake", "--preset", "dev", "-DPOSTWRIGHT_WARNINGS_AS_ERRORS=OFF", cwd=TREE,
         stdout=subprocess.DEVNULL)
     run("cmake", "--build", "--preset", "dev", cwd=TREE, stdout=subprocess.DEVNULL)
 
 
 def tests_by_program():
-    """Which tests run which program, by what ctest and its properties say."""
+    """Which tests run which program, from ctest and its properties."""
     shown = json.loads(output("ctest", "--test-dir", str(BUILD), "--show-only=json-v1"))
     tests = collections.defaultdict(list)
     for test in shown["tests"]:
@@ -136,7 +135,7 @@ class Tests:
         }
 
     def of(self, file):
-        """The programs, those of the file's own room first."""
+        """The programs, those of the file's own folder first."""
         name = str(file.relative_to(TREE))
         reached = [p for p, inputs in self.inputs.items() if "../" + name in inputs or
                    str(file) in inputs or name in inputs]
@@ -156,7 +155,7 @@ def environment():
 
 
 def noticed_by(programs, tests):
-    """The test that fails; empty where none does, None where the fault does not compile."""
+    """The test that fails; empty if none does, None if the fault does not compile."""
     for program in programs:
         built = subprocess.run(["ninja", "-C", str(BUILD), "bin/" + program],
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -225,13 +224,13 @@ def report(options):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     commands = parser.add_subparsers(required=True)
-    trying = commands.add_parser("run", help="try faults that were not tried yet")
-    trying.add_argument("--seed", type=int, default=1, help="another one draws other faults")
-    trying.add_argument("--count", type=int, default=20, help="how many are drawn, twenty if not given")
-    trying.add_argument("--folder", action="append", choices=ROOMS, help="of this room alone")
+    trying = commands.add_parser("run", help="try faults that have not been tried yet")
+    trying.add_argument("--seed", type=int, default=1, help="another seed draws other faults")
+    trying.add_argument("--count", type=int, default=20, help="how many to draw (default: 20)")
+    trying.add_argument("--folder", action="append", choices=ROOMS, help="only in this folder")
     trying.set_defaults(do=try_faults)
-    telling = commands.add_parser("report", help="what all runs came to")
-    telling.add_argument("--survived", action="store_true", help="name what no test noticed")
+    telling = commands.add_parser("report", help="the results of all runs")
+    telling.add_argument("--survived", action="store_true", help="name the faults that no test noticed")
     telling.set_defaults(do=report)
     options = parser.parse_args()
     options.do(options)

@@ -1,4 +1,4 @@
 #!/usr/bin/env bash
-# What a night is for: every harness of fuzz/ hunts for 60 seconds, from where the last night ended.
+# For every night: runs each fuzzer of fuzz/ for 60 seconds, going on from the last night.
 set -euo pipefail
 exec "$(dirname "$(readlink -f "$0")")/fuzz-all.sh" 1

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Corrects label files and prints each before and after, side by side where the terminal is wide
-# enough.
+# Corrects label files and prints each before and after, side by side if the terminal is wide enough.
 #
 #   scripts/show-labels.sh HOST:PORT FILE...
 set -euo pipefail
@@ -13,7 +12,7 @@ width=80
 if [ -t 1 ]; then width=$(stty size < /dev/tty | cut --delimiter=' ' --fields=2); fi
 column=$(((width - 8) / 2))
 
-# What two addresses are compared by: their letters and digits.
+# The letters and digits of an address, for comparing two.
 essence() { tr --delete --complement '[:alnum:]' <<< "$1" | tr '[:lower:]' '[:upper:]'; }
 
 side_by_side() {
@@ -30,7 +29,7 @@ side_by_side() {
 
 longest() { wc --max-line-length <<< "$1"; }
 
-# Two texts side by side, or one below the other where they are too wide.
+# Two texts side by side, or one below the other if they are too wide.
 both() {
   if [ "$(longest "$1")" -le "$column" ] && [ "$(longest "$2")" -le "$column" ]; then
     side_by_side "$1" "$2"
@@ -42,7 +41,7 @@ both() {
 
 fix() { "$postwright" fix --server "$server" "$@"; }
 
-said=$(mktemp)  # what a fix says on standard error
+said=$(mktemp)  # a fix's standard error
 trap 'rm -f "$said"' EXIT
 
 for file in "$@"; do
@@ -51,7 +50,7 @@ for file in "$@"; do
   after=$(fix "$file" 2> "$said") || status=$?
   printf '%s: ' "$(basename "$file" .txt)"
   if ! "$postwright" parse "$file" > /dev/null 2>&1; then
-    echo "no address in it"
+    echo "holds no address"
     sed 's/^/  /' <<< "$before"
   elif [ "$status" = 3 ]; then
     echo "doubtful, so it stays as it is until you say otherwise (--accept-doubtful)"
@@ -66,7 +65,7 @@ for file in "$@"; do
     sed 's/^/  /' <<< "$before"
     sed 's/^/  Why: /' "$said"
   elif [ "$(essence "$before")" = "$(essence "$after")" ]; then
-    echo "already in standard form, but for case and punctuation"
+    echo "already in standard form, apart from case and punctuation"
     both "$before" "$after"
   else
     echo corrected

@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
-# Tests that need systems of others, which ./test.sh leaves out: the page for people in Chromium, by
-# keys and clicks, light and dark, narrow and wide, without script and by axe-core; the extension for
-# PostgreSQL in a server of its own, with a million rows; the Dask example with four worker processes,
-# one of which is killed. Needs the packages that packages.txt marks "wide:", and the network for npm.
+# Tests that need other systems, which ./test.sh leaves out: the service's page in Chromium, by keys and
+# clicks, light and dark, narrow and wide, without script and by axe-core; the PostgreSQL extension in a
+# server of its own, with a million rows; the Dask example with four worker processes, one of which is
+# killed. Needs the packages marked "wide:" in packages.txt, and the network for npm.
 #
 #   scripts/test-wide.sh [PYTEST-OPTION ...]
-#   scripts/test-wide.sh -s -k postgresql    one of them, with its figures
-#   POSTWRIGHT_PICTURES=docs/pictures scripts/test-wide.sh -k picture    makes the page's picture again
+#   scripts/test-wide.sh -s -k postgresql    one of them, printing its figures
+#   POSTWRIGHT_PICTURES=docs/pictures scripts/test-wide.sh -k picture    makes the picture of the page
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 for tool in chromium chromedriver npm /usr/lib/postgresql/15/bin/initdb; do
   command -v "$tool" > /dev/null || { echo "$tool is not installed: scripts/install-packages.sh --wide"; exit 77; }
 done
-cmake -S . -B build > /dev/null  # which may not have known of PostgreSQL's headers
+cmake -S . -B build > /dev/null  # PostgreSQL's headers may be new
 ninja -C build postwright-verifyd postwright-base postwright-python postwright-postgresql
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT

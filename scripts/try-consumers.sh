@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds the Qt host of tests/consumer/ from the sources, by add_subdirectory() and by FetchContent,
-# in build-consumers/, and runs it. The client library is compiled once more for it, a minute and a
-# half of a processor, so ./test.sh goes no further than to configure these two.
+# Builds the Qt host of tests/consumer/ from the sources, by add_subdirectory() and by FetchContent, in
+# build-consumers/, and runs it. That compiles the client library once more, for a minute and a half on
+# one processor, so ./test.sh only configures the two.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Asks the service with clients of the retired interface, as npm has them, unchanged: one whose server
-# is a setting, one whose host is compiled in (by a hosts entry, and through http_proxy), one that asks
-# over HTTPS. In a namespace of its own, so that nothing of the machine is changed. Needs the network
-# for npm. docs/old-clients.md tells what is set up here.
+# Asks the service with unchanged clients of the retired interface, from npm: one whose server is a
+# setting, one with a fixed host (by a hosts entry, and through http_proxy), and one that uses HTTPS. Runs
+# in a namespace of its own, so that it changes nothing on the machine. Needs the network for npm.
+# docs/old-clients.md explains the setup.
 #
 #   scripts/try-old-clients.sh [VERIFYD]
 set -euo pipefail
@@ -41,7 +41,7 @@ http {
 }
 END
 
-# What each client gives back for the three calls, and for a ZIP code that there is not.
+# What each client returns for the three calls, and for a ZIP code that does not exist.
 cat > ask.js << 'END'
 const assert = require('assert');
 const wait = (object, name, ...given) =>

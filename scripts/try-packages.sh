@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Tries the packages in build-packages/ (scripts/make-packages.sh) on a Debian 12 that holds nothing
-# else: makes a root with debootstrap, installs them, runs what they bring, builds a program against
-# them, purges them, and looks for anything left. Takes some minutes and 1 GB, and needs root.
+# Tries the packages in build-packages/ (scripts/make-packages.sh) on a bare Debian 12: makes a root with
+# debootstrap, installs them, runs what they contain, builds a program against them, purges them, and
+# looks for anything left. Takes some minutes and 1 GB, and needs root.
 #
 #   MIRROR=http://... scripts/try-packages.sh     (otherwise the mirror that apt uses here)
 #
@@ -26,7 +26,7 @@ apt() {
 apt install --no-install-recommends "${packages[@]/#build-packages//try}"
 
 step "Running the programs"
-# shellcheck disable=SC2016  # variables of the shell inside
+# shellcheck disable=SC2016  # the inner shell's variables
 inside bash -euc '
   cd /try
   for program in /usr/bin/postwright*; do
@@ -58,11 +58,11 @@ mapfile -t names < <(for package in "${packages[@]}"; do dpkg-deb --field "$pack
 apt purge "${names[@]}"
 inside dpkg --list | awk '/postwright/ { print "still known to dpkg:", $0; left = 1 } END { exit left }'
 if inside find / -xdev \( -path /proc -o -path /try \) -prune -o -iname '*postwright*' -print | grep .; then
-  echo "These files are left." >&2
+  echo "These files are left over." >&2
   exit 1
 fi
 if inside grep postwright /etc/passwd /etc/group; then
-  echo "These accounts are left." >&2
+  echo "These accounts are left over." >&2
   exit 1
 fi
 

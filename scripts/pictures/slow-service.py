@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Stands between a program and the Verify service and holds each answer back for a while, so that a
-run of the batch window lasts long enough to be looked at.
+"""Sits between a program and the Verify service and delays each answer, so that a run of the batch
+window lasts long enough for a picture.
 
 usage: slow-service.py PORT SERVICE-PORT SECONDS
 """

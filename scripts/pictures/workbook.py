@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes a workbook of two sheets as a parish office keeps it: workbook.py FILE.xlsx"""
+"""Writes a workbook of two sheets, as a parish office might keep it: workbook.py FILE.xlsx"""
 
 import sys
 import zipfile

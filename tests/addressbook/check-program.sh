@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What is said before there is a window, and where there can be none: check-program.sh PROGRAM
+# What the program prints before it has a window, or if it cannot have one: check-program.sh PROGRAM
 set -euo pipefail
 program=$1
 cd "$(dirname "$(readlink -f "$0")")/../.."
@@ -21,4 +21,4 @@ expect 1 "there is no display" "$program" examples/books/friends.csv
 expect 2 "--help' says more" "$program" --server nowhere:x
 expect 2 "--help' says more" "$program" one.csv two.csv
 expect 1 "docs/pictures/" ./run.sh --window
-expect 2 "cannot make sense of: --windows" ./run.sh --windows
+expect 2 "cannot understand: --windows" ./run.sh --windows
