@@ -1,4 +1,4 @@
-// The seam to the batch window, with the real window and the real service.
+// The connection to the batch window, with the real window and the real service.
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -36,8 +36,8 @@ class BatchFixerTest : public QObject {
   void answersByItself();
 
  private:
-  // Has the user wait for the answers and press a button of the batch window, after the one that
-  // leaves all labels as typed where `keepsAll` says so.
+  // Has the user wait for the answers and press a button of the batch window; with `keepsAll`,
+  // first the one that leaves all labels as typed.
   void press(const char* button, bool keepsAll = false);
 
   ServiceProcess _service;
@@ -101,7 +101,7 @@ void BatchFixerTest::tellsWhatGotNoAnswer() {
   QVERIFY(!outcomes[0].text.isEmpty());
 }
 
-// But where there was nothing to correct it stays so.
+// But a label with nothing to correct stays that way.
 void BatchFixerTest::callsNothingRightThatAPersonKept() {
   BatchFixer fixer(_server);
   press("bnUpdate", true);
@@ -113,7 +113,7 @@ void BatchFixerTest::callsNothingRightThatAPersonKept() {
   QCOMPARE(outcomes[2].kind, FixOutcome().kind);
 }
 
-// The server of the options counts where the command line names none.
+// The server in the options is used if the command line names none.
 void BatchFixerTest::asksTheServerOfTheOptions() {
   BatchFixer fixer({}, "127.0.0.1:1");
   FixSettings options{
@@ -128,8 +128,8 @@ void BatchFixerTest::asksTheServerOfTheOptions() {
   QCOMPARE(all[2].serverFor(""), "");
 }
 
-// With the ZIP codes alone, then with a base that was brought meanwhile, then with one that was
-// spoilt; and a service that is named is asked all the same.
+// With the ZIP codes alone, then with a base added meanwhile, then with a damaged one; a service
+// named on the command line is asked all the same.
 void BatchFixerTest::answersByItself() {
   const QTemporaryDir data;
   const QString base = data.filePath("postwright/town.base");

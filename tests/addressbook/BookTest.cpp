@@ -1,4 +1,5 @@
-// What a book knows of its entries: the lines of a label, what was checked, what came and went.
+// What a book keeps of its entries: the lines of a label, their checks, and what was added and
+// removed.
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -192,7 +193,7 @@ void BookTest::tellsAddressesApart() {
            "Jane Doe\nAl Doe\nDOE INC\n12 North Main Street, Apt. 4\nReno, NV 89501");
 }
 
-// Removing rows and inserting what came of it gives the book as it was, with word of each row.
+// Removing rows and inserting the result restores the book, with a notification for each row.
 void BookTest::insertsWhatWasRemoved() {
   Book book;
   book.reset({{1, {}, {}}, {2, {}, {}}, {3, {}, {}}, {4, {}, {}}, {5, {}, {}}}, QDate(2026, 5, 1));
@@ -205,7 +206,7 @@ void BookTest::insertsWhatWasRemoved() {
   QCOMPARE(removed.takeFirst().first().value<QList<int>>(), QList<int>({0, 3, 4}));
   QCOMPARE(inserted.takeFirst().first().value<QList<int>>(), QList<int>({0, 3, 4}));
   book.remove({4});
-  QCOMPARE(book.makeEntry({}).id, 6);  // never the id of one that may come back
+  QCOMPARE(book.makeEntry({}).id, 6);  // never the id of an entry that undo may bring back
 }
 
 void BookTest::remembersChecksBetweenRuns() {

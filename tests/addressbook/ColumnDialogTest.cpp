@@ -1,4 +1,4 @@
-// The dialog that asks how a file is read: what is chosen is shown at once.
+// The dialog that asks how to read a file: a choice shows its effect at once.
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -36,7 +36,7 @@ void ColumnDialogTest::initTestCase() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, _folder.path({}));
 }
 
-// A field, the keys that the user presses there, and what the label and the reason are then.
+// A field, the keys pressed there, and the label and reason that follow.
 void ColumnDialogTest::showsWhatIsChosen_data() {
   QTest::addColumn<QByteArray>("file");
   QTest::addColumn<QString>("field");
@@ -88,7 +88,7 @@ void ColumnDialogTest::showsWhatIsChosen() {
   QCOMPARE(book->entries().first().label, label);
 }
 
-// 1280 x 720 at 200 %, less the frame and the panel of a desktop.
+// 1280 x 720 at 200 %, less the frame and a desktop's panel.
 void ColumnDialogTest::fitsASmallScreen() {
   for (const QByteArray& file : {QByteArray("Name,Home Street,Home City,Work Street,Work City\n"
                                             "Li,1 Elm St,Reno,2 Oak St,Elko\n"),

@@ -89,7 +89,7 @@ void CsvFileTest::keepsWhatIsNotChanged() {
   QByteArray changed = file;
   changed.replace(" old ", "old").replace("old", "12 Oak").replace(utf16(u"old"), utf16(u"12 Oak"));
   QCOMPARE(bytes(), changed);
-  // Removed, saved, brought back: nothing was lost.
+  // Removed, saved and restored: nothing is lost.
   book->write(path, entries.sliced(1));
   QVERIFY(bytes() != changed);
   entries[0].label.replace("12 Oak", "old");
@@ -162,7 +162,7 @@ void CsvFileTest::guessesColumns_data() {
                                  << "00";
 }
 
-// The shapes of files that contact programs, customer databases and clubs write.
+// Files as contact programs, customer databases and clubs write them.
 void CsvFileTest::readsFilesAsTheyCome_data() {
   QTest::addColumn<QByteArray>("file");
   QTest::addColumn<QStringList>("entries");  // "Kind: label"
@@ -278,7 +278,7 @@ void CsvFileTest::readsFilesAsTheyCome_data() {
       << QStringList{": Zoe Li\n1 Elm St\nReno, NV 89501"};
 }
 
-// What a guess must not be led astray by.
+// What must not mislead a guess.
 void CsvFileTest::readsOddFiles_data() {
   QTest::addColumn<QByteArray>("file");
   QTest::addColumn<QStringList>("entries");
@@ -355,7 +355,7 @@ void CsvFileTest::readsFilesAsTheyCome() {
   QCOMPARE(bytes(), changed.replace("1 Elm St", "1 ELM ST"));
 }
 
-// One address of a row that has two is taken out, then put back; a row goes with its last one.
+// One of a row's two addresses is removed, then put back; a row goes with its last address.
 void CsvFileTest::removesOneOfTwo() {
   const QByteArray file =
       "Name,Home Street,Home City,Work Street,Work City\nZoe,1 A St,Reno,2 B St,Elko\n";
@@ -371,7 +371,7 @@ void CsvFileTest::removesOneOfTwo() {
   QCOMPARE(bytes(), file);
 }
 
-// Nothing that a dialog allows, but settings may have been edited.
+// Not possible in a dialog, but the settings may have been edited.
 void CsvFileTest::dividesByNothing() {
   const tables::ColumnMapping none({tables::ColumnRole::None});
   QCOMPARE(none.divide("a\nb", {"x"}).cells, QStringList{"x"});
@@ -397,7 +397,7 @@ void CsvFileTest::anOpenQuoteCostsItsRow_data() {
   QTest::newRow("last") << QByteArray("a,b\nc,\"d") << QStringList{"a\nb", "c\nd"};
   QTest::newRow("well formed") << QByteArray("a,\"b\n\"\"c\"\" d\"\ne,f\n")
                                << QStringList{"a\nb\n\"c\" d", "e\nf"};
-  // However many, and however long the text: what reads them again for each would never end.
+  // Many of them in a long text: reading the text again for each would never end.
   constexpr int kMany = 100000;
   for (const QByteArray& row : {QByteArray("\"a,x\n"), QByteArray("\"\"a,x\n")}) {
     QStringList labels(kMany, row.startsWith("\"\"") ? "\"a\nx" : "a\nx");
@@ -435,7 +435,8 @@ void CsvFileTest::refusesWithLine() {
   QVERIFY2(refusal.contains(says), qUtf8Printable(refusal));
 }
 
-// What a guess cannot know the user says: it is read so, written back so, and remembered.
+// What cannot be guessed the user says; the file is read and written that way, and it is
+// remembered.
 void CsvFileTest::readsAsChosen_data() {
   using tables::TextEncoding;
   QTest::addColumn<QByteArray>("file");

@@ -1,4 +1,4 @@
-// The table's model under a model checker, through everything that happens to a book.
+// The table's model under a model tester, through everything that happens to a book.
 
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>

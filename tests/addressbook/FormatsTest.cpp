@@ -1,4 +1,4 @@
-// The table of formats: how a kind is told, and what must agree with the table.
+// The table of formats: how a format is recognised, and what must agree with the table.
 
 #include <QRegularExpression>
 #include <QTest>
@@ -48,7 +48,7 @@ void FormatsTest::tellsByContent() {
   QTEST(openBookFile(_folder.put(name, bytes))->format().endings.first(), "ending");
 }
 
-// Records as mail programs and directories write them.
+// Records as written by mail programs and directories.
 void FormatsTest::readsLdif_data() {
   QTest::addColumn<QByteArray>("records");
   QTest::addColumn<QStringList>("entries");  // "Kind: label"
@@ -103,7 +103,7 @@ void FormatsTest::saysWhatToDo() {
   QVERIFY2(refusal.contains(says), qUtf8Printable(refusal));
 }
 
-// The desktop offers the program for what it opens, and for nothing else.
+// The desktop offers the program for the files it opens, and for no others.
 void FormatsTest::theDesktopKnowsThem() {
   QFile entry(QStringLiteral(POSTWRIGHT_DESKTOP_ENTRY));
   QVERIFY(entry.open(QIODevice::ReadOnly));

@@ -62,7 +62,7 @@ bool isNear(double a, double b) {
   return std::abs(a - b) <= kTolerance;
 }
 
-// What of a barcode is on the part `area` of a page, read from the pixels as a scanner would.
+// The barcode in the area `area` of a page, read from the pixels as by a scanner.
 struct Bars {
   QString states;
   QRectF box;            // inches
@@ -87,7 +87,7 @@ Bars readBars(const QString& pdf, const QRectF& area) {
     }
     return true;
   };
-  // The row that crosses 65 strokes goes through the trackers.
+  // The row that crosses 65 bars goes through the trackers.
   Bars bars;
   for (int y = 0; y < page.height() && bars.states.isEmpty(); ++y) {
     QList<QPair<int, int>> strokes;
@@ -176,7 +176,7 @@ void LabelSheetTest::knowsSheetsByTheirNumbers() {
   }
   QVERIFY(labels >= 40);
   QCOMPARE(numbers.removeDuplicates(), 0);
-  // Those that the settings of an earlier state name.
+  // Sheets named in the settings of an earlier version.
   QCOMPARE(LabelSheet::named("letter-20").name, "5161");
   QCOMPARE(LabelSheet::named("gone").name, "5160");
 }
@@ -242,7 +242,7 @@ void LabelSheetTest::liesWhereTheLabelsAre() {
   const QList<Word> words = wordsOf(pdf, &size);
   QVERIFY(isNear(size.width(), paper.width()) && isNear(size.height(), paper.height()));
   QCOMPARE(words.size(), labels / 2 * 2);
-  // What is drawn on a label is in the same place on each: the last one of the first page tells the
+  // Everything is in the same place on each label, so the last one of the first page stands for the
   // first.
   const QPointF inside = words[labels - kUsedUp - 1].box.topLeft() - last;
   QVERIFY(isNear(inside.x(), 0.125));
@@ -253,7 +253,7 @@ void LabelSheetTest::liesWhereTheLabelsAre() {
     const QRectF area = sheet.place(place);
     QVERIFY(isNear(corner.x(), area.x()) && isNear(corner.y(), area.y()));
     QVERIFY(area.contains(words[word].box));
-    // Half way between top and bottom, so the row is not off by a constant either.
+    // Half way between top and bottom, so that a constant offset shows too.
     QVERIFY(std::abs(words[word].box.center().y() - area.center().y()) <= 0.03);
     if (place == 0) {
       QVERIFY(isNear(corner.x(), first.x()) && isNear(corner.y(), first.y()));
@@ -297,7 +297,7 @@ void LabelSheetTest::breaksAndShrinks() {
   QVERIFY(lines < 0 || fitted.lines.size() == lines);
 }
 
-// Of labels that fit no letter is outside the label.
+// If a label fits, no letter is outside it.
 void LabelSheetTest::keepsEveryWordInside() {
   const QString label =
       "The Ladies' Benevolent Society of the Parish of Our Lady\n"
@@ -318,8 +318,8 @@ void LabelSheetTest::keepsEveryWordInside() {
   }
 }
 
-// On an envelope the address stands where the machines look for it, the sender outside of that; on
-// a label there may be no room for one.
+// On an envelope the address is where the sorting machines look for it, and the sender is outside
+// that area; a label may have no room for a sender.
 void LabelSheetTest::setsSenderAndAddressApart_data() {
   QTest::addColumn<QRectF>("sender");
   QTest::addColumn<QRectF>("address");
@@ -396,7 +396,7 @@ void LabelSheetTest::printsBarsThatReadBack_data() {
   QTest::newRow("5160") << name + "Austin, TX 78701-1234" << false;  // too narrow
 }
 
-// The second label where the sheet has one, so that the serial number has gone on.
+// The second label if the sheet has one, so that the serial number has been counted up.
 void LabelSheetTest::printsBarsThatReadBack() {
   QFETCH(QString, label);
   QFETCH(bool, hasBars);

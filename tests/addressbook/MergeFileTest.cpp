@@ -1,4 +1,4 @@
-// What a word processor gets of each label, and people who are asked about some.
+// What each label gives a word processor, and how a person is asked about some.
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-// Printing as its user meets it, in real windows at 200 % on a screen of 1280 by 720.
+// Printing as users see it, in real windows at 200 % on a screen of 1280 by 720.
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -63,7 +63,7 @@ Widget* find(QWidget* in, const char* name) {
   return found;
 }
 
-// Does something once a window is up, and closes that one whatever comes of it.
+// Does something once a window is up, and closes the window in any case.
 void whenUp(const std::function<void(QWidget*)>& act) {
   QTimer::singleShot(0, qApp, [act] {
     QWidget* const window = QApplication::activeModalWidget();
@@ -106,14 +106,14 @@ bool isScrolled(const QWidget* widget) {
   return false;
 }
 
-// The letter for Alt of a button, a tab or the field that a label names; null where it has none.
+// The Alt letter of a button, a tab or a label's field; null if it has none.
 QChar letterOf(const QString& text) {
   const qsizetype sign = text.indexOf(u'&');
   return sign < 0 || sign + 1 == text.size() || text[sign + 1] == u'&' ? QChar()
                                                                        : text[sign + 1].toLower();
 }
 
-// No two things that can be reached share a letter.
+// No two reachable controls share a letter.
 void checkLetters(const QWidget* window) {
   QMap<QChar, QString> letters;
   const auto take = [&](const QString& text) {
@@ -136,7 +136,7 @@ void checkLetters(const QWidget* window) {
   }
 }
 
-// A window fits where the screen has room for it and nothing of it is cut off or squeezed but what
+// A window fits if the screen has room for it and nothing in it is cut off or squeezed, except what
 // can be scrolled to.
 void checkFits(QWidget* window) {
   checkLetters(window);
@@ -179,7 +179,7 @@ class PrintTest : public QObject {
   void everyDialogFits();
 
  private:
-  // Opens the dialog that prints and acts in it.
+  // Opens the print dialog and acts in it.
   void printing(const std::function<void(PrintDialog*)>& act);
   QString pdf() const { return _folder->path("labels.pdf"); }
 
@@ -209,7 +209,7 @@ void PrintTest::init() {
   QVERIFY(_window->openPath(_folder->put("book.csv", kBook)));
   Entry refused = _window->document().book().at(1);
   refused.check = {QDate::currentDate(), textFingerprint(refused.label), "Not found"};
-  // That nobody answered says nothing of an address.
+  // An unanswered request says nothing about an address.
   Entry unanswered = _window->document().book().at(2);
   unanswered.check = {
       QDate::currentDate(), textFingerprint(unanswered.label), "Away", Known::NotTold, {}, true};
@@ -336,7 +336,7 @@ void PrintTest::countsSerialNumbers() {
       find<QComboBox>(dialog, "sheet")->setCurrentIndex(1);
       auto* const bars = find<QCheckBox>(dialog, "hasBarcode");
       auto* const note = find<QLabel>(dialog, "barcodeNote");
-      if (!bars->isChecked()) {  // off until somebody wants it
+      if (!bars->isChecked()) {  // off by default
         bars->click();
         QVERIFY(note->text().contains("three digits"));
         find<QLineEdit>(dialog, "serviceType")->setText("040");
@@ -387,7 +387,7 @@ void PrintTest::everyDialogFits_data() {
   QTest::newRow("Spanish") << "es";
 }
 
-// Every step of the menus that asks something more, and what is asked from there.
+// Every menu item that opens a dialog, and the dialogs opened from there.
 void PrintTest::everyDialogFits() {
   QFETCH(QString, language);
   QTranslator words;

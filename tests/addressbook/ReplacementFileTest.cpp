@@ -1,4 +1,4 @@
-// A file that is replaced: what of it stays, and what is left beside it.
+// Replacing a file: what of it stays, and what is left next to it.
 
 #include <sys/stat.h>
 
@@ -88,7 +88,8 @@ void ReplacementFileTest::leavesNothingBehind() {
   QCOMPARE(folder.bytes("book.csv"), "old");
 }
 
-// What a killed program has left goes, a database's journal with it; what another is writing stays.
+// What a killed program left is removed, with a database's journal; what another program is
+// writing stays.
 void ReplacementFileTest::removesWhatNobodyWrites() {
   const TestFolder folder;
   const QString path = folder.put("book.csv", "old");

@@ -1,5 +1,5 @@
-// Whatever call of a saving fails, or is the last one before the end: there is the old file or the
-// new one, nothing beside it, and the message has the cause.
+// Whichever call of a save fails, or is the last one before the process is killed: the file is the
+// old or the new one, nothing is left next to it, and the message names the cause.
 
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ class Saving {
     const bool isThere = QFile::exists(_path);
     std::string left = _runs.Files();
     const QString label = isThere ? labelIn(_path) : QString();
-    if (end.isKilled) {  // the next one that opens or saves the file removes what was left
+    if (end.isKilled) {  // the next open or save removes what was left
       if (!isThere) {
         save();
       }

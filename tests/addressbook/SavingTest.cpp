@@ -1,4 +1,4 @@
-// Killed while saving, a program leaves the old file or the new one, whole.
+// A program killed while saving leaves the old or the new file, whole.
 
 #include <signal.h>
 #include <sys/resource.h>
@@ -28,7 +28,7 @@ QList<Entry> entriesOf(const QString& word, int count = kEntries) {
   return entries;
 }
 
-// The child: saves one file and the other, over and over, until it is killed.
+// The child saves the two files in turn until it is killed.
 [[noreturn]] void saveForever(const QString& path) {
   const QList<Entry> oldEntries = entriesOf("Old");
   const QList<Entry> newEntries = entriesOf("New");
@@ -92,8 +92,8 @@ void SavingTest::saysWhyItCannotWrite_data() {
   QTest::newRow("workbook") << "book.xlsx";
 }
 
-// A disk without room, and a file that is not to be changed: the message says so, and nothing is
-// left beside the file, which is as it was.
+// A full disk, and a file that must not be changed: the message says so, the file is as it was, and
+// nothing is left next to it.
 void SavingTest::saysWhyItCannotWrite() {
   QFETCH(QString, name);
   QTemporaryDir folder;

@@ -66,7 +66,7 @@ void StoreFileTest::roundTrip() {
   entries.append({12, "new", {}});
   file->write(_path, entries);
   QCOMPARE(textOf(openBookFile(_path)->entries()), textOf(entries));
-  QCOMPARE(QDir(_folder->path()).entryList(QDir::Files).size(), 1);  // nothing is left beside it
+  QCOMPARE(QDir(_folder->path()).entryList(QDir::Files).size(), 1);  // nothing is left next to it
 }
 
 void StoreFileTest::readsEarlierVersions_data() {
@@ -75,7 +75,7 @@ void StoreFileTest::readsEarlierVersions_data() {
   QTest::newRow("2") << QStringList{"delivery_point"};
 }
 
-// Which said less of how far an address was confirmed. Nor is it kept that nobody answered.
+// The earlier version told less about confirmation. That a request went unanswered is not kept.
 void StoreFileTest::readsEarlierVersions() {
   QFETCH(QStringList, without);
   {
@@ -125,8 +125,8 @@ void StoreFileTest::keepsWhatIsNotKnown() {
   QCOMPARE(others(), "of 3,of 7,of 9!");
 }
 
-// What another program keeps in the file is there again when it is saved after its name has gone,
-// or after another file has taken its place.
+// What another program keeps in the file survives when it is saved after its name is gone, or after
+// another file has taken its place.
 void StoreFileTest::outlivesItsName_data() {
   QTest::addColumn<QByteArray>("instead");
   QTest::newRow("deleted") << QByteArray();

@@ -1,5 +1,5 @@
-// Fetching streets as a user does it: the bar, the dialog, the real command, a stand-in for the
-// publisher, and an address that is then checked with them.
+// Fetching streets as a user does: the bar, the dialog, the real command, a stand-in for the
+// publisher, and then an address checked with them.
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -28,10 +28,10 @@ namespace {
 
 using postal::FileStandIn;
 
-constexpr int kPatience = 60'000;  // milliseconds, on a machine that has other things to do
+constexpr int kPatience = 60'000;  // milliseconds, for a busy machine
 const std::string kTravis = "/geo/tiger/TIGER2025/ADDRFEAT/tl_2025_48453_addrfeat.zip";
 
-// The ranges of a made-up county, in a ZIP code that there is.
+// The ranges of a made-up county, in a real ZIP code.
 std::string county() {
   std::ifstream file(POSTWRIGHT_SOURCE_DIR "/fuzz/corpus/import_table/addrfeat.dbf",
                      std::ios::binary);
@@ -63,7 +63,7 @@ class StreetsDialogTest : public QObject {
  private:
   template <typename Widget>
   Widget* find(const char* name) const;
-  // Opens the dialog by the bar's button and fills it in by keys.
+  // Opens the dialog by the bar's button and fills it in with keys.
   void open(const QString& state, const QString& county, const QString& server);
   QString progress() const {
     return _dialog.isNull() ? QString() : find<QLabel>("streetsProgress")->text();
@@ -191,7 +191,7 @@ void StreetsDialogTest::saysWhyNot() {
   QVERIFY(find<QWidget>("streetsBar")->isVisible());
 }
 
-// Nothing holds the program up.
+// Nothing keeps the program waiting.
 void StreetsDialogTest::leavesWithTheWindow() {
   _server->Play(kTravis, {FileStandIn::Stall});
   open("Texas", {}, QString::fromStdString(_server->Url()));

@@ -9,7 +9,7 @@
 
 namespace postwright::addressbook {
 
-// A folder of files that goes with the test.
+// A folder of files that is removed with the test.
 class TestFolder {
  public:
   QString path(const QString& name) const { return _folder.filePath(name); }
@@ -28,7 +28,7 @@ class TestFolder {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
-  // Returns why a file is not opened; null where it is.
+  // Returns why a file cannot be opened; null if it can.
   static QString refusal(const QString& path) {
     try {
       openBookFile(path);

@@ -1,4 +1,4 @@
-// vCard: reading three versions, keeping what is not on a label, folds and escapes.
+// vCard: three versions, keeping what is not on a label, folding and escapes.
 
 #include <QTest>
 
@@ -175,7 +175,7 @@ void VCardFileTest::changesOnlyTheAddress() {
   entries[0].label = label;
   file->write(path, entries);
   QCOMPARE(bytes(), card(version, after));
-  // Case and punctuation of a line may differ where the card keeps no text of the label.
+  // Case and punctuation of a line may differ if the card has no text of the label.
   const QString read = openBookFile(path)->entries().first().label;
   QVERIFY2(tables::sameLetters(read, label) && read.count('\n') == label.count('\n'),
            qUtf8Printable(read));
@@ -213,11 +213,11 @@ void VCardFileTest::addsAndRemoves() {
   QVERIFY(bytes().contains("\r\nN:Peña;Ann B;;;\r\n"));
   QVERIFY(bytes().contains("\r\nADR:;;12 Main St;Reno;NV;89501;\r\n"));
   for (const QByteArray& line : bytes().split('\n')) {
-    QVERIFY(line.size() <= 76);  // 75 and the return
+    QVERIFY(line.size() <= 76);  // 75 and the carriage return
   }
 }
 
-// What looked for the label of each address among all of them would not end.
+// Searching all labels for each address would not end.
 void VCardFileTest::takesCardsOfManyAddresses() {
   constexpr int kMany = 20000;
   QByteArray lines = "FN:x\r\n";

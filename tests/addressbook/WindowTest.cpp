@@ -1,4 +1,4 @@
-// The window as its user meets it: keys, clicks and the questions it asks.
+// The window as users see it: keys, clicks and the questions it asks.
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -38,7 +38,7 @@ const QByteArray kBook =
     "Al Roe,9 Elm St,Reno,NV,89501,555-0102\n"
     "Zoe Li,100 Oak St,Boise,ID,83702,555-0103\n";
 
-// Answers as scripted and keeps what was asked: the batch window has tests of its own.
+// Gives scripted answers and keeps what was asked: the batch window has tests of its own.
 class ScriptedFixer final : public AddressFixer {
  public:
   QList<FixOutcome> fix(const QStringList& labels, const FixSettings&, QWidget*) override {
@@ -178,7 +178,7 @@ void WindowTest::press(const QString& button, QString* said) {
   QFAIL(qPrintable("no button " + button));
 }
 
-// Keys typed in one go are one step of the window's undoing, whose key works in the field, too.
+// Keys typed in one go are one step of undo, whose key works in the field too.
 void WindowTest::typingIsOneStep() {
   _table->selectRow(1);
   QTest::keyClick(_table, Qt::Key_F2);
@@ -251,7 +251,7 @@ void WindowTest::sortsOnRequestOnly() {
   QCOMPARE(shown(1, EntryModel::Name), "Al Roe");  // the order of the book again
 }
 
-// By menu, and from then on by the heading, in the next run as well.
+// By menu, and from then on by the heading, also in the next run.
 void WindowTest::sortsByLastName() {
   trigger("sortByLastName");
   QCOMPARE(shown(0, EntryModel::Name), "Jane Doe");
@@ -271,7 +271,7 @@ void WindowTest::sortsByLastName() {
   QCOMPARE(shown(0, EntryModel::Zip), "78701");
 }
 
-// What the merged row held besides the label is back with one step of undoing.
+// One undo brings back what the merged row held besides the label.
 void WindowTest::mergesOneAddressByHand() {
   QVERIFY(_table->isColumnHidden(EntryModel::Sharing));
   put("book.csv", kBook + "Kim Li,100 OAK STREET,Boise,ID,83702,555-0104\n");
@@ -371,8 +371,8 @@ void WindowTest::aBatchIsOneStep() {
   QCOMPARE(shown(0, EntryModel::Street), "12 MAIN ST");
 }
 
-// The preview follows each choice, and the choices are there the next time; who had kept all
-// punctuation before there were three choices still does.
+// The preview follows each choice, and the choices are kept for the next time; a user who kept all
+// punctuation when there were only two choices still does.
 void WindowTest::showsHowALabelWillRead() {
   QSettings().setValue("fix/removePunctuation", false);
   QString sample;
@@ -507,7 +507,7 @@ QLineEdit* WindowTest::typeName(QFileDialog* dialog, const QString& typed) {
   auto* const name = find<QLineEdit>("fileNameEdit", dialog);
   name->setCompleter(nullptr);
   name->setFocus();
-  // Else the name loses to the file that is selected in the list.
+  // Otherwise the file selected in the list overrides the name.
   (void)QTest::qWaitFor([name] { return name->hasFocus(); });
   name->selectAll();
   QTest::keyClicks(name, typed);
@@ -623,7 +623,7 @@ void WindowTest::saysWhoAnswers() {
   trigger("preferences");
 }
 
-// Until it is closed, or there are streets, or somebody else is asked.
+// Until it is closed, or there are streets, or a service is asked instead.
 void WindowTest::saysThatNoStreetsAreKnown() {
   auto* const bar = find<QWidget>("streetsBar");
   const auto comesBack = [this] {
@@ -672,7 +672,7 @@ void WindowTest::saysWhyAFileDoesNotOpen() {
   QVERIFY(!_window->openPath(path("broken.csv")));
   QVERIFY2(said.contains("“broken.csv” cannot be opened.") && said.contains("line 2"),
            qPrintable(said));
-  QCOMPARE(_table->model()->rowCount(), 3);  // the book that was open still is
+  QCOMPARE(_table->model()->rowCount(), 3);  // the open book stays open
 }
 
 // A step whose cost grows with the square of the entries would not end before the time is up.

@@ -1,4 +1,4 @@
-// Workbooks: what cells show, and that an edit changes them and nothing else in the file.
+// Workbooks: what cells show, and that an edit changes nothing else in the file.
 
 #include <QSettings>
 #include <QStandardPaths>
@@ -304,7 +304,7 @@ void WorkbookFileTest::removesAndAdds_data() {
   QTest::newRow("new ods") << workbook::OdsWorkbook::make() << QByteArray();
 }
 
-// A row that is removed stays as an empty one, with what other cells may count on.
+// A removed row stays as an empty one, with what other cells may refer to.
 void WorkbookFileTest::removesAndAdds() {
   QFETCH(QByteArray, file);
   QFETCH(QByteArray, holds);

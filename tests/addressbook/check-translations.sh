@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails where a table of translations lacks a text of the sources, or has one that is not translated:
+# Fails if a translation lacks a text of the sources, or has one that is not translated:
 # check-translations.sh LUPDATE
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../.."

@@ -24,7 +24,7 @@ std::string Found(const std::string& street, const std::string& dpv) {
   return "<Address2>" + street + "</Address2>" + kPlace + dpv;
 }
 
-// A building with three units on Main Street, and Oak streets that are not 50 numbers long.
+// A building with three units on Main Street, and Oak streets with fewer than 50 numbers.
 LoopbackServer::Answer Answer(const std::string& request) {
   const auto asksAbout = [&request](const char* words) {
     return request.find(words) != std::string::npos;
@@ -80,7 +80,7 @@ TEST(CandidatesTest, AreListedWhereTheyAreWanted) {
       ScratchFolder());
 }
 
-// What a person types on the terminal of `script`, line by line.
+// What a person types on the terminal that `script` makes, line by line.
 TEST(CandidatesTest, AreOfferedOnATerminal) {
   const LoopbackServer server(Answer);
   const auto type = [&server](const std::string& label, const std::string& lines) {

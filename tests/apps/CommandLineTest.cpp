@@ -14,8 +14,8 @@ using std::string_literals::operator""s;
 
 constexpr const char* kLabel = R"("1 a st\naustin tx 78701")";
 
-// The record of a label: what stands before its fields (an id or nothing), then number, street,
-// suffix, the composed line, city, state and ZIP.
+// The record of a label: what precedes its fields (an id or nothing), then number, street, suffix,
+// the composed line, city, state and ZIP.
 std::string Record(const std::string& id, const std::string& number, const std::string& street,
                    const std::string& suffix, const std::string& line, const std::string& city,
                    const std::string& state, const std::string& zip) {
@@ -43,7 +43,7 @@ struct LineRow {
   std::string input;
   std::string output;
   int status;
-  std::string errors;  // a piece of what is said; "" for silence
+  std::string errors;  // part of standard error; "" for silence
 };
 
 TEST(ParseLinesTest, AnswersEveryLine) {
@@ -351,7 +351,8 @@ TEST(CommandLineTest, FixesWithTheService) {
       ScratchFolder());
 }
 
-// The service knows the street and its numbers: what it gives back as it was sent may be a slip.
+// The service knows the street and its numbers, so an address it returns unchanged may still be
+// wrong.
 TEST(CommandLineTest, TellsWhatWasConfirmed) {
   const LoopbackServer server([](const std::string& request) {
     const std::string dpv = request.find("99%20OAK") == std::string::npos
@@ -426,8 +427,8 @@ TEST(CommandLineTest, AsksTheServerOfTheEnvironment) {
   EXPECT_EQ(server.GetRequests().size(), 1U);
 }
 
-// No service is asked, nor any port: a base that is found answers, or the ZIP codes that come
-// along.
+// No service and no port is needed: a base that is found answers, or the ZIP codes that come with
+// the program.
 TEST(CommandLineTest, AnswersByItself) {
   const ScratchFolder folder;
   const std::string home = "cd $folder; export XDG_DATA_HOME=$folder/data HOME=$folder/home; ";

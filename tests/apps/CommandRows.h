@@ -8,16 +8,16 @@
 
 namespace postwright {
 
-// One command for bash, as RunCommand takes it, and what must come of it.
+// One command for bash, as RunCommand takes it, and what it must do.
 struct CommandRow {
   const char* name;
   std::string command;
   int status;
-  std::string output;  // a piece of each; "" for silence
+  std::string output;  // part of each; "" for silence
   std::string errors;
 };
 
-// Runs each with a label as its standard input, and compares.
+// Runs each with a label as standard input, and compares.
 void CheckCommands(const std::vector<CommandRow>& rows, const ScratchFolder& folder);
 
 }  // namespace postwright

@@ -19,7 +19,7 @@ namespace {
 constexpr int kSilentNumber = 999;
 constexpr int kSlowNumber = 998;
 
-// Answers "N main street" with "N MAIN ST", sooner or later as N has it; never where N is silent.
+// Answers "N main street" with "N MAIN ST", after a time that depends on N; never if N is silent.
 LoopbackServer::Answer AnswerUnevenly(const std::string& request) {
   std::smatch found;
   if (!std::regex_search(request, found, std::regex("([0-9]+)(%20|\\+| )MAIN"))) {
@@ -95,8 +95,8 @@ TEST_F(FixStreamTest, KeepsTheOrderOfTheLines) {
   }
 }
 
-// A silent label holds up what stands after it, and nothing that stands before it. A killed
-// process leaves no worker that runs on.
+// A label without an answer holds up those after it, but none before it. A killed process leaves no
+// worker running.
 TEST_F(FixStreamTest, EndsWithItsWorkers) {
   WriteFile(folder_.File("labels"), LabelLine(1) + LabelLine(kSilentNumber) + LabelLine(2));
   WriteFile(folder_.File("many"), Lines(300, LabelLine));
@@ -146,7 +146,7 @@ TEST_F(FixStreamTest, ReplacesADeadWorker) {
       folder_);
 }
 
-// The worker answers while its parent is held, and dies before that reads the answer.
+// The worker answers while its parent is stopped, and dies before the parent reads the answer.
 TEST_F(FixStreamTest, GivesTheAnswerOfAWorkerThatDiedBehindIt) {
   WriteFile(folder_.File("labels"), LabelLine(kSlowNumber));
   CheckCommands({{"killed",
@@ -212,8 +212,8 @@ TEST_F(FixStreamTest, KeepsThePartsOfALabelAskedAboutAgain) {
                 folder_);
 }
 
-// A run that makes records again is killed in the middle: the file is as it was, and nothing that
-// was answered is asked about again.
+// A run that asks again is killed in the middle: the file is as it was, and nothing that was
+// answered is asked about again.
 TEST_F(FixStreamTest, LosesNoAnswerThatWasGivenAgain) {
   WriteFile(folder_.File("labels"), Lines(50, LabelLine));
   for (const std::string jobs : {"1", "3"}) {
@@ -241,7 +241,7 @@ TEST_F(FixStreamTest, LosesNoAnswerThatWasGivenAgain) {
   EXPECT_EQ(ReadFile(folder_.File("out.again")), Record(2));
 }
 
-// A line too deep to be read is answered as one that is not a label, by whoever reads it again.
+// A line nested too deeply is reported as not a label, by whichever worker reads it again.
 TEST_F(FixStreamTest, GoesOnBehindALineTooDeep) {
   WriteFile(folder_.File("labels"), LabelLine(1) + "{\"x\":" + std::string(600000, '[') +
                                         std::string(600000, ']') + "}\n" + LabelLine(2));
@@ -294,8 +294,7 @@ TEST_F(FixStreamTest, RefusesToResumeWhatIsNotItsOwn) {
   EXPECT_EQ(ReadFile(folder_.File("notes")), "call Ann");
 }
 
-// The service is killed when ten labels are answered, and started again when the run has said that
-// it waits.
+// The service is killed after ten answers, and started again once the run has said that it waits.
 TEST_F(FixStreamTest, OutlivesTheService) {
   WriteFile(folder_.File("before"), Lines(10, LabelLine));
   WriteFile(folder_.File("labels"), Lines(60, LabelLine));
@@ -412,7 +411,7 @@ TEST_F(ParseStreamTest, KeepsTheOrderOfTheLines) {
   }
 }
 
-// Nothing is lost of a worker that dies; a line over which they die again and again is told.
+// Nothing is lost when a worker dies; a line over which workers die repeatedly is reported.
 TEST_F(ParseStreamTest, ReplacesADeadWorker) {
   WriteFile(folder_.File("slow"),
             LabelLine(1) + '"' + std::string(15 << 20, 'x') + "\"\n" + LabelLine(2));

@@ -24,7 +24,7 @@ namespace {
 using std::chrono::minutes;
 using std::chrono::seconds;
 
-// A run's clock and a gateway's at once. It goes on when somebody sleeps.
+// The clock of a run and of a gateway. It advances when somebody sleeps.
 class SleepersClock final : public RunClock {
  public:
   Time Now() const override { return shared_.Now(); }
@@ -71,7 +71,7 @@ int NumberOf(const LabelLine& label) {
   return std::stoi(label.address);
 }
 
-// Takes what is said on standard error for as long as the object lives.
+// Captures standard error for as long as the object lives.
 class Captured {
  public:
   explicit Captured(std::string& said) : said_(said) { testing::internal::CaptureStderr(); }
@@ -85,7 +85,7 @@ class Captured {
 
 class OutageTest : public testing::Test {
  protected:
-  // What comes of labels with the house numbers 1, 2 ..., as `answer` has it.
+  // The records of labels with the house numbers 1, 2 ..., answered by `answer`.
   ExitStatus Run(int labels, const LineAnswer& answer, const std::string& resume = "") {
     std::string lines;
     for (int label = 1; label <= labels; ++label) {
@@ -147,7 +147,7 @@ TEST_F(OutageTest, GivesUpAndLosesNothing) {
   EXPECT_TRUE(Statuses().starts_with("111444")) << Statuses();
 }
 
-// A service that answers all labels but some is there, whichever follow one another.
+// A service that answers all labels but a few is not away, whichever those are.
 TEST_F(OutageTest, IsNotHeldUpByLabelsThatNeverGetAnAnswer) {
   for (const int first : {1, 9, 17}) {
     SCOPED_TRACE(first);
@@ -175,7 +175,7 @@ TEST_F(OutageTest, CountsWhatWasAsked) {
                 [&](const LabelLine& label) {
                   return isAsked(label) ? Missed() : LineRecord(Status(0));
                 }),
-            kExitOutage);  // what nobody was asked about does not break the row
+            kExitOutage);  // a label that is not asked about does not break the row
 }
 
 TEST_F(OutageTest, WaitsAsLongAsTheServiceSays) {
@@ -195,7 +195,7 @@ TEST_F(OutageTest, WaitsAsLongAsTheServiceSays) {
             "now.\n");
 }
 
-// An upstream that finds everything, and counts.
+// An upstream that finds every address, and counts.
 class CountingUpstream final : public service::Upstream {
  public:
   const std::string& Name() const override { return name_; }
@@ -251,10 +251,10 @@ class BudgetTest : public OutageTest {
   PostwrightClient client_;
 };
 
-// Both are ended in the middle and started again; no label costs a second call.
+// Both are stopped in the middle and started again; no label costs a second call.
 TEST_F(BudgetTest, FinishesAListBeyondTheBudget) {
   StartGateway();
-  giveUpAfter_ = seconds(30);  // less than what the gateway wants to be waited for
+  giveUpAfter_ = seconds(30);  // less than the gateway asks to wait
   const auto begun = clock_.Now();
   const std::string records = folder_.File("records");
   const auto fix = [this](const LabelLine& label) { return Fix(label); };

@@ -1,6 +1,6 @@
-// Whatever call of a run fails, or is the last one before the end: its file is the old one or the
-// new one, or has whole records up to there where it is gone on with; the same run done again
-// leaves the new one and nothing beside it; and the message has file and cause.
+// Whichever call of a run fails, or is the last one before the process is killed: its file is the
+// old or the new one, or with --resume has whole records so far; the same run done again leaves the
+// new one and nothing next to it; and the message names file and cause.
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,7 @@ class FaultedRun {
                : "again: " + again + "; there are: " + runs_.Files() + "; " + ReadFile(File());
   }
 
-  // The records of the first labels, of whichever run, and what was there before may be torn still.
+  // The records of the first labels, from either run; a torn last line may still be there.
   bool IsPartOfRun(const std::string& held) const {
     const std::string first = whole_.substr(0, whole_.find('\n') + 1);
     return held.starts_with(first + kUnanswered) ||

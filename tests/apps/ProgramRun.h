@@ -8,7 +8,7 @@
 
 namespace postwright {
 
-// A folder that goes away with its object, files and all.
+// A folder that is removed with its object, files and all.
 class ScratchFolder {
  public:
   ScratchFolder();

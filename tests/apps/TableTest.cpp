@@ -12,7 +12,7 @@ const std::string kAdded =
     ",postwright_status,postwright_confirmation,postwright_reason,postwright_zip4,"
     "postwright_proposed";
 
-// A command that reads `table`, whose line feeds and tabs are written \n and \t.
+// A command that reads `table`, in which line feeds and tabs are written \n and \t.
 std::string Reading(const std::string& table, const std::string& command) {
   return "cd $folder; printf '" + table + "' > table; " + command;
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Where the system lets no file grow past a limit (ulimit -f), each program says which file and why;
-# what was there is as it was, and nothing is left beside it.
+# Under a limit on the size of files (ulimit -f), each program says which file and why; what was there is
+# as it was, and nothing is left next to it.
 #
 #   file-limit.sh PROGRAMS
 set -euo pipefail
@@ -44,7 +44,7 @@ refused "bases/base.import: disk I/O error: File too large" "$programs/postwrigh
 "$programs/postwright-base" import --source a bases/base rows.csv 2> /dev/null  # the same command goes on
 [ "$(ls -A bases)" = base ]
 
-# The other two have no file that they end with: they go on.
+# The other two do not depend on writing a file: they go on.
 ignores() {
   local ignored=
   for ((tries = 0; tries < 200 && ${#ignored} == 0; ++tries)); do

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The example in C corrects a label against the real service, and says so where none answers.
+# The example in C corrects a label against the real service, and says so if none answers.
 #
 #   fix-label-in-c.sh PROGRAMS EXAMPLES
 set -euo pipefail

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Shards are worked by four workers that are killed in the middle, and gone on with as the tasks of
-# an array: every record is there once, in the order of the labels.
+# Four workers that correct shards are killed in the middle, and the tasks of an array go on: every record
+# is there once, in the order of the labels.
 #
 #   fix-shards.sh PROGRAMS SCRIPT
 set -euo pipefail
@@ -22,7 +22,7 @@ done
 for ((i = 0; i < 1200; ++i)); do
   echo "{\"id\":$i,\"address\":\"$i main street\\naustin tx 78701\"}"
 done > labels.jsonl
-sed --in-place 's/^{"id":777,.*/{"id":777}/' labels.jsonl  # no label
+sed --in-place 's/^{"id":777,.*/{"id":777}/' labels.jsonl  # not a label
 "$script" split labels.jsonl shards 75
 if "$script" join shards 2> complaint; then
   echo "joined what is not there" >&2
@@ -41,7 +41,7 @@ while [ "$(cat shards/*.part shards/*.fixed 2> /dev/null | wc --lines)" -lt 150 
 done
 kill -KILL -- "-$workers"
 wait "$workers" || true
-# Who was killed has let go of its files when it is gone, which takes a while on a busy machine.
+# A killed process lets go of its files when it is gone, which takes a while on a busy machine.
 for ((tries = 0; tries < 500; ++tries)); do
   kill -0 -- "-$workers" 2> /dev/null || break
   sleep 0.02

@@ -23,7 +23,7 @@ PostwrightSelectorPointer BothRanges() {
       u"%@ MAIN ST %@\nX"_qs, u"(100 - 198) MAIN ST (1& - 1F)\nX"_qs, u"1&"_qs, u"1F"_qs);
 }
 
-// Runs the dialog above `window` while `user` acts on it, as soon as it can be acted on.
+// Runs the dialog above `window`; `user` acts on it as soon as it is up.
 template <typename User>
 int RunWithUser(const PostwrightSelectorPointer& selector, User user, QWidget* window = nullptr) {
   AddressBookDesignatorController dialog(selector);
@@ -57,7 +57,7 @@ void AddressBookDesignatorTest::typingEnablesOkAndEnterAccepts() {
              u"100 MAIN ST (1A - 1F)\nX"_qs);
     QVERIFY(dialog.findChild<QLabel*>(u"txtRange"_qs)->text().endsWith(u"A to F:"_qs));
     QVERIFY(!ok->isEnabled());
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Enter);  // of no effect yet
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Enter);  // has no effect yet
     QVERIFY(dialog.isVisible());
     QTest::keyClicks(dialog.focusWidget(), u"c"_qs);
     QVERIFY(ok->isEnabled());

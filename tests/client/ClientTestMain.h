@@ -4,8 +4,8 @@
 #include <QtTest>
 #include <locale>
 
-// The main of a QTest program: an application of the given kind, then, because that takes the
-// environment's, the character locale as a host sets it, and one test class under both.
+// The main of a QTest program: makes an application of the given kind, then sets the character
+// locale as a host does (the application had taken the environment's), and runs one test class.
 #define POSTWRIGHT_CLIENT_TEST_MAIN(Application, TestClass)                                  \
   int main(int argc, char** argv) {                                                          \
     Application application(argc, argv);                                                     \

@@ -7,8 +7,8 @@
 
 namespace postwright {
 
-// Every control of a window that is shown and that Tab reaches has a name, a button a mnemonic, and
-// no two controls have the same. Those that there are go into `mnemonics`.
+// Checks that every visible control that Tab reaches has a name, every button a mnemonic, and that
+// no two controls share one. Adds the mnemonics to `mnemonics`.
 inline void checkControls(const QWidget& window, QStringList& mnemonics) {
   const QList<QWidget*> controls = window.findChildren<QWidget*>();
   for (const QWidget* control : controls) {

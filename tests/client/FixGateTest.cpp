@@ -23,7 +23,7 @@ class Holder {
       : _thread([this] {
           const FixGate::Pass pass;
           _holds.set_value();
-          _leave.get_future().wait_for(std::chrono::seconds(30));  // a wait that hangs fails
+          _leave.get_future().wait_for(std::chrono::seconds(30));  // a hanging wait fails
         }) {
     _holds.get_future().wait();
   }

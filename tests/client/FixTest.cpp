@@ -90,7 +90,7 @@ void FixTest::textThatIsNotAsciiGoesThroughWhole() {
                                   "austin tx 78701\nBÊN CẠNH NHÀ THỜ"_qs),
            std::optional(u"NGUYỄN THI\u0323 ÁNH \U0001F600\U00020BB7\n12 MAIN ST NE\n"
                          "PEÑA, TX 78701-1234\nBÊN CẠNH NHÀ THỜ"_qs));
-  // A NUL ends the core's strings; what stands after it is not lost.
+  // A NUL ends the core's strings; what follows it is not lost.
   QCOMPARE(client.fixAddressQuick(u"A"_qs + QChar(u'\0') + u"B\n12 main st\naustin tx 78701"_qs),
            std::optional(u"AB\n12 MAIN ST NE\nPEÑA, TX 78701-1234"_qs));
 }
@@ -103,7 +103,7 @@ void FixTest::wantsNoReplyWithoutANetwork() {
   QVERIFY(!client.fixAddressQuick(u"12 main st\naustin tx"_qs));
   QCOMPARE(client.lastResult(), std::optional(u"No internet connection available"_qs));
   QVERIFY(!client.fixAddress(u"12 main st\naustin tx"_qs));
-  // The name that is not there is not the service's.
+  // The name that does not exist is not the service's.
   QCOMPARE(client.lastReport().Fetch().outcome, FetchOutcomeNoNetwork);
   QCOMPARE(server.GetRequests().size(), 0U);
 }
@@ -176,7 +176,7 @@ void FixTest::reviewsWhatItCorrects() {
   }
 }
 
-// What fixReviewed gives a window: candidates, a remark, and whether the address stays open.
+// What fixReviewed returns for a window: candidates, a remark, and whether the address stays open.
 void FixTest::offersWhatIsDoubtful() {
   QString noNumber = kFound;
   noNumber.replace(u"</Zip4>"_qs,
@@ -243,7 +243,7 @@ void FixTest::presentsCandidates() {
   QVERIFY(present(FixResultStreetMismatch).isEmpty());
 }
 
-// What a window shows for the usual outcomes its own tests say.
+// The window's own tests cover what it shows for the usual outcomes.
 void FixTest::outcomeDecidesStatus() {
   const struct {
     QString exact;

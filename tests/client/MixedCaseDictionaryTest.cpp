@@ -37,8 +37,8 @@ void MixedCaseDictionaryTest::readsPairs() {
   }
 }
 
-// A key in another form, a key that stands twice, a value that is another word: each is a slip of
-// the pen that nothing else would show.
+// A key in another form, a key that occurs twice, a value that is another word: slips that nothing
+// else would show.
 void MixedCaseDictionaryTest::everyShippedPairCanBeFound() {
   QFile file(u":/com.tarnix.pallo.postwright/MixCaseDict.txt"_qs);
   QVERIFY(file.open(QIODevice::ReadOnly));

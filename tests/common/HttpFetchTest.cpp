@@ -72,7 +72,7 @@ TEST(HttpFetchTest, SendsWhatItIsGivenOnOneConnection) {
   EXPECT_EQ(server.CountConnections(), 1U);
 }
 
-// What came after an answer is not a beginning of the next one.
+// What follows an answer is not taken for the beginning of the next one.
 TEST(HttpFetchTest, LeavesAConnectionOnWhichMoreCameThanAnnounced) {
   const LoopbackServer server(
       LoopbackServer::Answer{"HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n1HTTP/1.1 200 "
@@ -84,7 +84,7 @@ TEST(HttpFetchTest, LeavesAConnectionOnWhichMoreCameThanAnnounced) {
   EXPECT_EQ(server.CountConnections(), 3U);
 }
 
-// A connection that ends under a request is replaced; the server may have read the lost one.
+// A connection that ends during a request is replaced; the server may have read the lost request.
 TEST(HttpFetchTest, CountsTheRequestThatItSendsAgain) {
   int requests = 0;
   const LoopbackServer server([&requests](const std::string&) {
@@ -142,8 +142,8 @@ TEST(HttpFetchTest, CountsBodiesAsTheyAreUnpacked) {
   }
 }
 
-// Each head of 40 KiB and with one coding, the bound being 64 KiB: interim answers count with their
-// answer, a redirect does not count with where it leads.
+// Each head has 40 KiB and one coding; the limit is 64 KiB. Interim answers count with the final
+// one; a redirect does not count with its target.
 TEST(HttpFetchTest, CountsEachAnswersHeadAlone) {
   const std::string field = "A: " + std::string(std::size_t{40} << 10U, 'x') + "\r\n";
   const std::string rest = "Content-Encoding: deflate\r\n" + field + "\r\n" + Pack("hello");

@@ -12,7 +12,7 @@ namespace {
 TEST(ShownTextTest, TakesOutWhatMovesACursorOrTurnsText) {
   const struct {
     std::string text;
-    std::string shown;  // with "?" as the mark, line feeds kept
+    std::string shown;  // with "?" for what cannot be shown, line feeds kept
   } rows[] = {
       {"12 Main St, Pe\xC3\xB1on", "12 Main St, Pe\xC3\xB1on"},
       {"a\nb\tc\x1B[2J\x7F", "a\nb?c?[2J?"},

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds and runs the strangers' programs with the compiler and pkg-config alone:
+# Builds and runs the example programs with nothing but the compiler and pkg-config:
 #
 #   build-with-pkg-config.sh PKG_CONFIG_FOLDER COMPILER
 set -euo pipefail

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails where a library offers what no public header declares for hosts, or a public header declares
-# what no library offers, or where Debian's lists of symbols are not those of the libraries:
+# Fails if a library exports what no public header declares, if a public header declares what no
+# library exports, or if Debian's symbols files differ from the libraries:
 #
 #   check-exports.sh PREFIX
 set -euo pipefail
@@ -10,15 +10,14 @@ mapfile -t libraries < <(find "$1" -name 'libpostwright*.so')
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# The names after POSTWRIGHT_..._EXPORT: of a class, a function or a variable. A declaration may
-# begin on one line and give its name on the next; the functions of Utils and TextForm stand
-# in namespaces.
+# The names after POSTWRIGHT_..._EXPORT, of classes, functions and variables. The name may be on the line
+# after; the functions of Utils and TextForm are in namespaces.
 cat "$headers"/*.h | sed '/^#/d; s|//.*||' | tr '\n' ' ' |
   grep --extended-regexp --only-matching 'POSTWRIGHT_[A-Z]+_EXPORT [^;({]*[;({]' |
   sed -E 's/^POSTWRIGHT_[A-Z]+_EXPORT *//; s/ *(final *)?(: [^{]*)?[;({]$//; s/.*[ *&]//' |
   sort --unique > "$scratch/declared"
 
-# What the libraries offer, each symbol by the name that a header would declare.
+# What the libraries export, each symbol by the name that a header would declare.
 nm --dynamic --demangle --defined-only --format=posix "${libraries[@]}" | sed -E '/:$/d; s/ [A-Za-z] [0-9a-f]+( [0-9a-f]+)?$//' |
   sed -E 's/^(typeinfo name for|typeinfo for|vtable for|(non-)?virtual thunk to) //' > "$scratch/offered"
 sed -nE 's/^postwright::((Utils|TextForm)::)?(\w+).*/\3/p; s/^(postwright_\w+)$/\1/p' "$scratch/offered" |

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails where an installed program or library lacks what hinders an attacker (cmake/PostwrightTargets.cmake):
+# Fails if an installed program or library lacks hardening (cmake/PostwrightTargets.cmake):
 #
 #   check-hardened.sh PREFIX
 set -euo pipefail
@@ -7,7 +7,7 @@ export LC_ALL=C.UTF-8
 status=0
 files=0
 
-# lacks FILE WHAT: says so, and goes on to the next.
+# lacks FILE WHAT: reports it and goes on.
 lacks() {
   echo "$(basename "$1") lacks $2"
   status=1

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs a build into an empty prefix and tries what is there, moved to another place:
+# Installs a build into an empty prefix, moves it elsewhere, and tries what is there:
 #
 #   install.sh BUILD_FOLDER PREFIX
 set -euo pipefail
@@ -15,7 +15,7 @@ for program in "$prefix"/bin/*; do
   ls "$prefix"/share/man/man[18]/"$name".[18] "$prefix/share/bash-completion/completions/$name" > /dev/null
 done
 
-# What is loaded is named in the notices.
+# Every library that is loaded is named in the notices.
 find "$prefix" -type f \( -perm /u+x -path '*/bin/*' -o -name 'libpostwright*.so.*' \) -exec readelf --dynamic {} + |
   sed -nE 's/.*NEEDED.*\[lib([A-Za-z]+).*/\1/p' | sort --unique |
   while read -r library; do
@@ -24,7 +24,7 @@ find "$prefix" -type f \( -perm /u+x -path '*/bin/*' -o -name 'libpostwright*.so
       { echo "NOTICE.md does not name lib$library"; exit 1; }
   done
 
-# The command answers by itself, and takes no server along for that.
+# The command answers by itself, without linking a server.
 if [ -e "$prefix/bin/postwright" ]; then
   echo '12 north main street, austin texas 78701' |
     XDG_DATA_HOME=$prefix/none "$prefix/bin/postwright" fix | grep --quiet '^12 N MAIN ST$'
@@ -34,7 +34,7 @@ if [ -e "$prefix/bin/postwright" ]; then
   fi
 fi
 
-# So does the Python package, from wherever the tree is.
+# So does the Python package, wherever the tree is.
 package=$(find "$prefix/lib" -path '*/postwright/__init__.py')
 if [ "$package" ]; then
   XDG_DATA_HOME=$prefix/none PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=${package%/postwright/*} /usr/bin/python3 -c '

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Fails where a validator complains about a file in the folder given. A validator that is not
-# installed is passed over, and named.
+# Fails if a validator complains about a file in the given folder. A validator that is not installed is
+# skipped, and named.
 set -euo pipefail
 cd "$1"
 status=0
 
-# with TOOL FILE...: runs the tool given in $check on the files, where there is one.
+# with TOOL FILE...: runs the tool in $check on the files, if it is installed.
 with() {
   local tool=$1
   shift
@@ -16,7 +16,7 @@ with() {
   fi
 }
 
-# groff tells its warnings and ends well all the same.
+# groff prints its warnings and still succeeds.
 pages() {
   local warnings
   warnings=$(groff -man -ww -z -K utf8 "$@" 2>&1)
@@ -29,13 +29,13 @@ if command -v groff > /dev/null; then
   pages man/*.in || status=1
 fi
 
-# Debian's build of the packages takes what ours takes, but for tests and hunts.
+# Debian's build needs what ours needs, except for tests and fuzzing.
 sed -nE '/the tests,|test:|fuzz:/d; s/^([a-z0-9+.-]+-dev) .*/\1/p' ../scripts/packages.txt |
   while read -r package; do
     grep --quiet "^ ${package}[ ,]" debian/control || { echo "debian/control does not build with $package"; exit 1; }
   done || status=1
 
-# Every file that names the version names the same one. The newest dated section of the changes is it.
+# Every file that names the version names the same one: that of the newest dated section of the changelog.
 version=$(sed -nE 's/^  VERSION ([0-9.]+)$/\1/p' ../CMakeLists.txt)
 agrees() { [ "$2" = "$version" ] || { echo "$1 has version $2, CMakeLists.txt $version"; status=1; }; }
 agrees debian/changelog "$(sed -nE '1s/.*\((.*)-1\).*/\1/p' debian/changelog)"

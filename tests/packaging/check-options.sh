@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails where the options of a program differ between its --help, its manual page and what bash, fish
-# and zsh offer for them. A shell that is not installed is passed over, and named.
+# Fails if a program's options differ between its --help, its manual page and the completions of bash,
+# fish and zsh. A shell that is not installed is skipped, and named.
 #
 #   check-options.sh PROGRAM MANUAL_PAGE
 set -euo pipefail
@@ -17,7 +17,7 @@ status=0
 # The long options at the start of the lines of a --help on standard input.
 help_options() { grep --extended-regexp --only-matching '^  (-[a-z],)?--[a-z-]+' | sed 's/.*--/--/'; }
 
-# SHELL_offers WORD...: what a shell offers after the words, the last of which has been begun.
+# SHELL_offers WORD...: what a shell offers to complete the last of the words.
 bash_offers() {
   COMP_WORDS=("$@")
   COMP_CWORD=$(($# - 1))
@@ -29,8 +29,8 @@ fish_offers() {
   # shellcheck disable=SC2016
   fish --no-config -c 'source $completions/$name.fish; complete --do-complete "$argv"' "$*" | cut -f 1
 }
-# zsh completes on a terminal alone: it is given one, takes all that it would offer into its line, and
-# goes as soon as the line is written down. What it knows of all commands is kept for the next time.
+# zsh completes only on a terminal: it is given one, inserts everything it would offer into its line, and
+# is stopped as soon as the line is saved. What it knows of all commands is kept for the next time.
 zsh_offers() {
   cat > "$scratch/.zshrc" <<'END'
 fpath=($completions $fpath)
@@ -46,7 +46,7 @@ END
   grep --invert-match --line-regexp --fixed-strings "$(printf '%s\n' "${@:1:$#-1}")" "$scratch/offered"
 }
 
-# Compares the words on standard input with those that are wanted.
+# Compares the words on standard input with the expected ones.
 same() {
   sort --unique > "$scratch/found"
   diff "$scratch/wanted" "$scratch/found" && return
@@ -54,7 +54,7 @@ same() {
   status=1
 }
 
-# The options of the manual page's section OPTIONS: of the line after each .TP.
+# The options in the manual page's section OPTIONS: from the line after each .TP.
 page_options() {
   sed -n '/^\.SH OPTIONS/,/^\.SH [^O]/p' "$page" | grep --after-context=1 '^\.TP' | sed 's/\\-/-/g' |
     grep --extended-regexp --only-matching -- '--[a-z][a-z-]+'
@@ -68,7 +68,7 @@ for shell in bash fish zsh; do
   if command -v $shell > /dev/null; then shells+=("$shell"); else echo "$shell is not installed; not tried"; fi
 done
 
-# The commands of the program, where it has any, stand at the end of its --help.
+# The program's commands, if it has any, are at the end of its --help.
 mapfile -t commands < <("$program" --help | sed -nE '1,/^Subcommands:/d; s/^  ([a-z]+) .*/\1/p')
 for command in '' "${commands[@]}"; do
   "$program" ${command:+"$command"} --help | help_options | sort --unique > "$scratch/wanted"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails where the sandbox of a unit leaves open more than it has to: an exposure of 2.0 of 10, as
-# systemd counts, is the most.
+# Fails if a unit's sandbox leaves more open than it has to: at most an exposure of 2.0 out of 10, as
+# systemd counts it.
 set -euo pipefail
 command -v systemd-analyze > /dev/null || { echo "systemd is not installed: ./test.sh does so"; exit 77; }
 report=$(mktemp)

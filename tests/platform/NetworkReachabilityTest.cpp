@@ -15,8 +15,8 @@ namespace postwright {
 
 namespace {
 
-// A name server on loopback, and the one that this thread asks: it knows that names with "gone" in
-// them do not exist, and fails over every other.
+// A name server on loopback, which this thread asks: it answers that names with "gone" in them do
+// not exist, and fails for every other name.
 class NameServer {
  public:
   NameServer() : handle_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {

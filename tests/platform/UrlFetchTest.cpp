@@ -28,8 +28,8 @@ std::string Fetch(const std::string& url, const HttpLimits& limits = FetchLimits
   return std::string(body.begin(), body.end());
 }
 
-// Lets others to the engine while a reply is awaited: its parser is one for the process and takes
-// no lock, and the fixes of this file are to wait side by side.
+// Lets other threads use the engine while a reply is awaited: the process has one parser, which
+// takes no lock, and the fixes of this file must be able to wait side by side.
 class WaitingAside : public MacPlatformServices {
  public:
   explicit WaitingAside(std::mutex* engine) : turn_(*engine) {}
@@ -65,8 +65,8 @@ TEST(UrlFetchTest, GivesWholeBodiesAlone) {
   });
 }
 
-// The engine by its own limits: a fix ends, and none of the shapes is taken for an address. Which
-// one it is the house number says.
+// The engine within its own limits: a fix ends, and no shape is taken for an address. The house
+// number says which shape it is.
 TEST(UrlFetchTest, NoFixTakesWhatAHostileServerSends) {
   const LoopbackServer server([](const std::string& request) {
     const std::string_view before = "Address2%3E";
@@ -113,7 +113,7 @@ TEST(UrlFetchTest, FollowsRedirectsWithinItsLimits) {
   }
 }
 
-// The silence that ends a fetch, and the time that it may last as a whole.
+// The silence that ends a fetch, and the longest it may last in all.
 TEST(UrlFetchTest, EndsWhereNothingMoreComes) {
   const LoopbackServer server(Answer{kOk + "Content-Length: 9\r\n\r\nhello"});
   HttpLimits limits = FetchLimits();

@@ -28,7 +28,7 @@ void Replace(std::string& text, const std::string& from, const std::string& to) 
   }
 }
 
-// What the engine asks for a label, whose lines are set apart by " / ".
+// What the engine asks for a label, whose lines are separated by " / ".
 service::RequestAddress Send(std::string label) {
   Replace(label, " / ", "\n");
   const AddressInfo info =
@@ -72,8 +72,8 @@ struct Place {
   std::string zip;
 };
 
-// Says whether a parser without a list of cities could take the name's beginning for the end of a
-// street: a suffix, a directional, a unit, ST, or letters that a unit's word begins with.
+// Says whether a parser without a list of cities could take the beginning of the name for the end
+// of a street: a suffix, a directional, a unit, ST, or the first letters of a unit's word.
 bool IsEasilyCut(const std::string& city) {
   const Lexicon& lexicon = Lexicon::Get();
   const std::string first = SplitLine(city)[0];
@@ -103,7 +103,7 @@ std::vector<Place> EasilyCutPlaces() {
   return places;
 }
 
-// Every city whose name is easily cut, under every common form of street: all comes back.
+// Every city whose name is easily cut, after every common form of street: nothing is lost.
 TEST(CutTest, EveryCityThatIsEasilyCut) {
   const std::pair<const char*, const char*> streets[] = {
       {"12 Main St", "12 MAIN ST"},

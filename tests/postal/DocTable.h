@@ -12,7 +12,7 @@ struct DocRow {
 };
 
 // The rows of every table in a page of docs/ whose heading begins with the given cell and has that
-// many.
+// many cells.
 std::vector<DocRow> ReadDocTables(const std::string& page, const std::string& firstHeading,
                                   size_t columns);
 

@@ -32,8 +32,8 @@ TEST(LastLineTest, EveryRuleOfThePage) {
   }
 }
 
-// Walks the base: each of its rows is placed where it says, with the name that it says, and what is
-// answered is answered again.
+// Goes through the list: each row is placed where it says, under the name it says, and the answer
+// given as a question gives itself.
 TEST(LastLineTest, EveryRowOfTheBase) {
   std::ifstream rows(POSTWRIGHT_SOURCE_DIR "/data/us-zips.tsv");
   size_t count = 0;
@@ -59,7 +59,7 @@ TEST(LastLineTest, SaysWhatItCorrected) {
   EXPECT_TRUE(placed({"HUTTO", "TX", ""}).zipCorrected);
 }
 
-// A base that is not one says what is wrong with it and where.
+// A list that cannot be read says what is wrong with it and where.
 TEST(ZipListTest, RefusesOtherFiles) {
   for (const auto& [text, reason] :
        {std::pair{"78701,Austin,TX\n", "rows: line 1: is not ZIP, city"},
@@ -79,7 +79,7 @@ TEST(ZipListTest, RefusesOtherFiles) {
   EXPECT_THROW(ZipList().Load("/nonexistent.tsv"), ZipListError);
 }
 
-// A later row for a ZIP takes the place of the earlier one, in the city's list of ZIPs as well.
+// A later row for a ZIP replaces the earlier one, also in the city's list of ZIPs.
 TEST(ZipListTest, LaterRowsReplaceEarlierOnes) {
   std::istringstream rows("78634\tHutto\tTX\n\n78634\tRound Rock\tTX\r\n");
   ZipList base;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kTurnedDown = "turned down";
 
-// The lines in standard form, or what the page writes where there are none.
+// The lines in standard form, or what the page writes if there are none.
 DeliveryLines Standardise(const DeliveryLines& asked, const std::string& state) {
   const auto fold = [](const std::string& text) { return FoldToAscii(text); };
   const auto address1 = fold(asked.address1);
@@ -55,8 +55,8 @@ TEST(StandardiserTest, EveryRuleOfTwoLines) {
   }
 }
 
-// Every suffix in every written form, with every directional before and after and every kind of
-// unit: what comes out is standard, and stays.
+// Every suffix in every spelling, with every directional before and after and every kind of unit:
+// the result is standard, and stays the same.
 TEST(StandardiserTest, StandardAddressesStay) {
   const std::vector<std::string> directions = {"", "N", "NORTH", "SOUTHEAST", "S E", "W"};
   const std::vector<std::string> names = {"MAIN", "5TH", "EAST", "N", "PARK", "OLD MILL", "COUNTY"};
@@ -68,7 +68,7 @@ TEST(StandardiserTest, StandardAddressesStay) {
     forms.emplace_back(suffix.standard);
     for (const std::wstring& form : forms) {
       for (const std::string& direction : directions) {
-        // Each part steps with its own period, so that every pair of them meets.
+        // Each part cycles with its own period, so that every pair of them meets.
         const std::string& name = names[lines % names.size()];
         const std::string line =
             "12 " + direction + " " + name + " " + std::string(form.begin(), form.end()) + " " +

@@ -1,5 +1,5 @@
-// Has every reader read each of its shapes in two sizes, 1 and 4, and callgrind count the steps of
-// each: check-scaling.sh compares them. Without callgrind it only reads.
+// Has every reader read each of its shapes in two sizes, 1 and 4, while callgrind counts the steps:
+// check-scaling.sh compares them. Without callgrind it only reads.
 //
 //   count-steps [READER...]
 
@@ -22,7 +22,7 @@ void Read(const Reader& reader, const std::string& text, const std::string& othe
   try {
     reader.read(text, other);
   } catch (const std::exception&) {
-    // A text that is refused was read, too.
+    // A refused text counts as read.
   }
 }
 

@@ -67,7 +67,7 @@ void FixLabel(const std::wstring& label, const std::string& reply) {
   VerifyReport(reply, {});
 }
 
-// As far as the request; there is no answer.
+// Up to the request; there is no answer.
 void AskAboutLabel(const std::string& text, const std::string& /*other*/) {
   FixLabel(WideFromUtf8(text), {});
 }

@@ -8,12 +8,12 @@
 
 namespace postwright::scaling {
 
-// One of those that read what comes from outside.
+// A reader of untrusted input.
 struct Reader {
   std::string_view name;
-  // Whatever comes of it: a result, or a refusal. `other` is of those that read two texts.
+  // Any outcome will do, a result or a refusal. `other` is for readers of two texts.
   void (*read)(const std::string& text, const std::string& other);
-  std::size_t size;  // bytes of the smaller text that its steps are counted for
+  std::size_t size;  // bytes of the smaller text
 };
 
 std::span<const Reader> Readers();

@@ -6,7 +6,7 @@
 namespace postwright::scaling {
 namespace {
 
-// Heading and first record of a table of the Census Bureau; it says that it has many more.
+// The heading and first record of a Census Bureau table that claims to have many more.
 struct Dbf {
   Dbf() {
     constexpr std::size_t kCount = 4;

@@ -8,19 +8,19 @@
 
 namespace postwright::scaling {
 
-// A text of any size: `head`, as many pieces as it takes, `tail`.
+// A text of any size: `head`, as many pieces as needed, `tail`.
 struct Shape {
   std::string_view reader;
   std::string_view name;
   std::string head;
   std::string piece;
   std::string tail = {};
-  std::string other = {};  // the piece of the other text, of readers that read two
+  std::string other = {};  // the piece of the other text, for readers of two
 };
 
 std::span<const Shape> Shapes();
 
-// The shape's text with pieces of `size` bytes in all, and the other one with as many.
+// The shape's text with `size` bytes of pieces, and the other text with as many pieces.
 std::string TextOf(const Shape& shape, std::size_t size);
 std::string OtherOf(const Shape& shape, std::size_t size);
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Four times the text may take a reader five times the steps, no more: check-scaling.sh PROGRAM
-# [READER...]. Prints what takes more, and with -v in front all.
+# Four times the text may take a reader at most five times the steps: check-scaling.sh [-v] PROGRAM
+# [READER...]. Prints those that take more; with -v, all.
 set -euo pipefail
 all=0
 if [ "$1" = -v ]; then
@@ -13,8 +13,8 @@ trap 'rm -rf "$folder"' EXIT
 valgrind --tool=callgrind --collect-atstart=no --dump-line=no --combine-dumps=yes --quiet \
   --callgrind-out-file="$folder/counts" "$@" > "$folder/cases" 2> "$folder/said" || { cat "$folder/said" >&2; exit 1; }
 
-# A part of the file for each case, in their order: "desc: Trigger: Client Request: CASE" and
-# "totals: STEPS". The first size warms up what is made once.
+# The file has a part for each case, in order: "desc: Trigger: Client Request: CASE" and "totals: STEPS".
+# The first size warms up what is made once.
 awk -F'\t' -v all="$all" '
   /^desc: Trigger: Client Request: / {
     sub(/^desc: Trigger: Client Request: /, "")

@@ -8,8 +8,8 @@
 
 namespace postwright::service {
 
-// The daemon as a program, its output read through a pipe. Nothing here waits for longer than
-// twenty seconds, and the program ends with the object.
+// The daemon as a program, its output read through a pipe. Nothing here waits for more than twenty
+// seconds, and the program ends with the object.
 class Daemon {
  public:
   explicit Daemon(std::vector<std::string> arguments);
@@ -17,7 +17,7 @@ class Daemon {
   Daemon(const Daemon&) = delete;
   Daemon& operator=(const Daemon&) = delete;
 
-  // Returns the next line of its output; empty at the end of it.
+  // Returns the next line of its output; empty at the end.
   std::string ReadLine();
 
   // Reads the line that says where it listens.
@@ -25,7 +25,7 @@ class Daemon {
 
   void Signal(int number) const;
 
-  // Returns the exit status, -1 for an end by a signal or none.
+  // Returns the exit status; -1 if a signal ended it or it did not end.
   int Wait();
 
   long ResidentKilobytes() const;

@@ -44,7 +44,7 @@ TEST(DaemonTest, LogsALineARequestAndNoAddress) {
   }
 }
 
-// Reads the log up to a line that ends so.
+// Reads the log up to a line that ends with this.
 void AwaitLine(Daemon& daemon, const std::string& end) {
   std::string line = daemon.ReadLine();
   while (!line.empty() && !line.ends_with(end)) {
@@ -53,7 +53,7 @@ void AwaitLine(Daemon& daemon, const std::string& end) {
   EXPECT_NE(line, "") << end;
 }
 
-// Beyond loopback, too: a connection to no address at all is one to this machine.
+// Beyond loopback too: a connection to the address 0.0.0.0 reaches this machine.
 TEST(DaemonTest, AnswersItsUsersAlone) {
   const TempFolder folder;
   const std::string users = folder.Write("users", "# ours\n\n 1\r\n22\n");
@@ -80,7 +80,7 @@ TEST(DaemonTest, AnswersItsUsersAlone) {
   AwaitLine(daemon, "the old list of users stays in use");
 }
 
-// A client's text can neither end the quotes around it nor reach a terminal's controls.
+// A client's text can neither end the quotation marks around it nor control a terminal.
 TEST(DaemonTest, LogsAddressesInTheirQuotes) {
   Daemon daemon({"--listen", "127.0.0.1:0", "--log-addresses"});
   Socket client(daemon.ReadAddress());
@@ -92,7 +92,7 @@ TEST(DaemonTest, LogsAddressesInTheirQuotes) {
 TEST(DaemonTest, ReadsItsBaseAgainUnderRequests) {
   const TempFolder folder;
   const std::string base = folder.Write("base.tsv", "78701\tAustin\tTX\n");
-  // Quiet: of a log that grows faster than it is read here, the awaited line may be left out.
+  // Quiet: if the log grows faster than it is read here, the awaited line may be left out.
   Daemon daemon({"--listen", "127.0.0.1:0", "--base", base, "--quiet"});
   const std::string address = daemon.ReadAddress();
   std::atomic<bool> isOver = false;
@@ -133,7 +133,7 @@ TEST(DaemonTest, SaysWhatWouldBeRight) {
   const struct {
     std::vector<std::string> arguments;
     int status;
-    std::string text;  // that the first line holds
+    std::string text;  // in the first line
   } rows[] = {
       {{"--help"}, 0, "A local service that answers"},
       {{"--version"}, 0, "postwright-verifyd 0."},

@@ -86,8 +86,7 @@ TEST_F(HttpServerTest, RefusesWhatIsTooLargeOrUnknown) {
   EXPECT_EQ(Ask("hello\r\n\r\n"), "");  // not HTTP: closed without a word
 }
 
-// Heads that two readers could understand in two ways. None is acted on, and nothing after them
-// is.
+// Heads that two readers could understand differently. None is acted on, nor anything after them.
 TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
   Start({});
   const std::string hidden = "GET /?hidden HTTP/1.1\r\nHost: a\r\n\r\n";
@@ -124,17 +123,17 @@ TEST_F(HttpServerTest, RefusesWhatCouldBeReadInTwoWays) {
     EXPECT_NE(reply.find("Connection: close"), std::string::npos) << row << reply;
     EXPECT_EQ(reply.find("GET hidden"), std::string::npos) << row << reply;
   }
-  // The library ends a line at a zero byte.
+  // The HTTP library ends a line at a zero byte.
   EXPECT_TRUE(Ask("GET /?a\0b HTTP/1.1\r\nHost: a\r\n\r\n"s).ends_with("GET a 0"));
   // What is not a fault.
   EXPECT_TRUE(Ask("\r\n" + post + "transfer-encoding: Chunked\r\n" + end).ends_with("POST  0"));
 }
 
-// A thousand that say nothing shut nobody out, and none of them closes a connection that is in use.
+// A thousand silent connections shut no client out, and make none in use close.
 TEST_F(HttpServerTest, IdleConnectionsGiveWay) {
   HttpServer::Limits limits;
   limits.connections = 100;
-  limits.connectionsPerAddress = 1;  // loopback is not held to it
+  limits.connectionsPerAddress = 1;  // does not apply to loopback
   Start(limits);
   const std::string get = "GET /?a HTTP/1.1\r\nHost: a\r\n\r\n";
   Socket kept(server_->Address());
@@ -152,7 +151,7 @@ TEST_F(HttpServerTest, IdleConnectionsGiveWay) {
   EXPECT_TRUE(silent.back()->ReceiveResponse().ends_with("GET a 0"));
 }
 
-// What the server tells of its connections, on pairs of sockets.
+// What the watch is told about connections, on pairs of sockets.
 TEST(ConnectionWatchTest, EndsTheOldestIdleConnection) {
   struct Pair {
     Pair() { EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0); }
@@ -174,7 +173,7 @@ TEST(ConnectionWatchTest, EndsTheOldestIdleConnection) {
     return numbers;
   };
   // One letter a connection, in the order of opening: s silent, k kept between two requests, a
-  // being answered; capitals for the other of two peers. The last one is one too many.
+  // being answered; capitals are for the second of two peers. The last one is one too many.
   const struct {
     const char* connections;
     size_t most;
@@ -246,7 +245,7 @@ TEST_F(HttpServerTest, HoldsNoMoreConnectionsThanAllowed) {
   EXPECT_TRUE(reply.ends_with("GET a 0"));
 }
 
-// A client that trickles a header keeps its connection busy, but not for ever.
+// A client that trickles a header keeps its connection busy, but not forever.
 TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
   HttpServer::Limits limits;
   limits.request = milliseconds(200);
@@ -265,8 +264,8 @@ TEST_F(HttpServerTest, EndsARequestThatTakesTooLong) {
   trickle.join();
 }
 
-// One thread serves all: it goes on with others while an answer is waited for, an answer may come
-// when the server is gone, and one that never comes is a failure.
+// One thread serves all: it goes on with others while an answer is awaited, an answer may come
+// after the server is gone, and one that never comes counts as a failure.
 TEST_F(HttpServerTest, OthersGoOnWhileAnAnswerIsWaitedFor) {
   HttpServer::Limits limits;
   limits.threads = 1;
@@ -308,8 +307,8 @@ TEST_F(HttpServerTest, OthersGoOnWhileAnAnswerIsWaitedFor) {
   waiting["later-than-that"]({200, "text/plain", "too late", ""});
 }
 
-// The end waits for half-sent requests, first ones and later ones, and not for long for anything
-// else: neither for a connection between two requests nor for one on which no request was sent.
+// Stopping waits for half-sent requests, the first on a connection or a later one, and not for long
+// for anything else: neither a connection between two requests nor one without a request.
 TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   Start({});
   const std::string get = "GET /?done HTTP/1.1\r\nHost: a\r\n\r\n";
@@ -339,13 +338,13 @@ TEST_F(HttpServerTest, DrainFinishesWhatHasBegun) {
   drain.join();
 }
 
-// Of what nobody reads some is kept and the rest is counted; no line is torn.
+// Some of the lines that are not read are kept and the rest is counted; no line is torn.
 TEST(RequestLogTest, CountsWhatItLeavesOut) {
   int ends[2] = {};
   ASSERT_EQ(pipe(ends), 0);
   const std::string leftOut = " lines were left out, since nobody read them";
   int lines = 0;
-  int told = 0;  // lines that came, and those that were said to be left out
+  int told = 0;  // lines that came, and lines reported as left out
   std::atomic<bool> isTold = false;
   std::thread reader;
   {
@@ -432,7 +431,7 @@ TEST(HeadCheckTest, KnowsWhatAProxyAdds) {
   }
 }
 
-// What the server's library refuses itself does not come this far with every version of it.
+// Some versions of the HTTP library refuse these by themselves.
 TEST(HeadCheckTest, ObjectsToWhatCouldBeReadInTwoWays) {
   const RequestHead plain = {"HTTP/1.1", "/?a=%00", {{"Host", "a"}, {"A", "b\tc \xC3\x84"}}};
   EXPECT_EQ(ObjectionTo(plain), "");

@@ -11,7 +11,7 @@ namespace {
 
 #ifdef POSTWRIGHT_SANITIZED
 constexpr int kGoodOnes = 100;
-constexpr long kGrowth = 350'000;  // kB; a sanitizer keeps 256 MiB of what was freed
+constexpr long kGrowth = 350'000;  // kB; a sanitizer keeps 256 MiB of freed memory
 #else
 constexpr int kGoodOnes = 500;
 constexpr long kGrowth = 20'000;
@@ -43,8 +43,8 @@ std::string Repeat(const std::string& text, int times) {
   return all;
 }
 
-// What clients send by mistake or ill will. Some have an answer, some are closed without one; for
-// those that go on waiting the client closes.
+// What clients send by mistake or malice. Some get an answer, some are closed without one; where
+// the server goes on waiting, the client closes.
 std::vector<std::string> BadRequests() {
   const std::string good = AskForMain();
   return {
@@ -74,11 +74,11 @@ std::vector<std::string> BadRequests() {
       Post("<!DOCTYPE a [<!ENTITY a \"aaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]><a>&b;</a>"),
       Post("<AddressValidateRequest USERID=\"1\">" + Repeat("<Address/>", 6'000)),
       Post("<AddressValidateRequest USERID=\"1\"><Address><Address2>" + Repeat("1 ", 30'000)),
-      Repeat(good, 20),  // all at once, and away without reading
+      Repeat(good, 20),  // all at once, and closed without reading
   };
 }
 
-// Slow, half-sent, oversized and hostile requests beside good ones: of those none fails, though the
+// Slow, half-sent, oversized and hostile requests among good ones: no good one fails, although the
 // others take all the connections that their address may have. In the end nothing is left of them.
 TEST(SoakTest, GoodRequestsDoNotMindBadOnes) {
   Daemon daemon({"--listen", "127.0.0.1:0", "--idle-time", "3s", "--request-time", "6s"});

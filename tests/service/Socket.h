@@ -5,11 +5,11 @@
 
 namespace postwright::service {
 
-// A client's end of a connection, for sending bytes as no well-behaved client would. Nothing here
-// waits longer than ten seconds.
+// A client's end of a connection, for sending what no well-behaved client would. Nothing here waits
+// longer than ten seconds.
 class Socket {
  public:
-  // Connects to "127.0.0.1:8470", from another loopback address where one is given.
+  // Connects to "127.0.0.1:8470", from another loopback address if one is given.
   explicit Socket(const std::string& address, const char* from = "127.0.0.1");
   ~Socket();
   Socket(Socket&& other) noexcept;
@@ -18,16 +18,16 @@ class Socket {
 
   bool IsOpen() const { return socket_ >= 0; }
 
-  // Closes so that the peer's next word is an error, as from a client that crashed.
+  // Closes with a reset, as after a client's crash.
   void Reset();
 
-  // Returns how much was sent before the peer closed.
+  // Returns how many bytes were sent before the peer closed.
   size_t Send(const std::string& bytes);
 
-  // Returns one HTTP response, headers and body; less where the peer closes within it.
+  // Returns one HTTP response, headers and body; less if the peer closes within it.
   std::string ReceiveResponse();
 
-  // Returns what comes until the peer closes; "(silence)" where it does not.
+  // Returns what comes until the peer closes; "(silence)" if it does not.
   std::string ReceiveAll();
 
  private:

@@ -71,7 +71,7 @@ const std::string kMainReply = kMain + "<Zip5>78701</Zip5><Zip4/>";
 const std::string kAsked = kMain + "<Zip5>78701</Zip5>";
 const std::string kInvalid = Rejected("-2147219396", "Invalid Address.  ");
 
-// A&A&A&… of `bytes` bytes, in an address A AND A AND A AND….
+// A&A&A&… of `bytes` bytes, which an address spells A AND A AND….
 std::string Ampersands(int bytes) {
   std::string text;
   for (int i = 0; i < bytes; ++i) {
@@ -235,7 +235,7 @@ TEST(VerifyServiceTest, AnswersDocumentsByteForByte) {
   }
 }
 
-// A source that always has a choice to offer: as many as are wanted.
+// A source that always offers as many candidates as it is asked for.
 class ChoiceSource final : public AnswerSource {
   void Find(const RequestAddress& asked, const std::string&, Done done) override {
     AddressAnswer answer = postal::Rejection::Multiple;
@@ -300,7 +300,7 @@ TEST(VerifyServiceTest, NamesCandidatesAndItsSourceToWhoAsksForThem) {
   }
 }
 
-// The two calls for ZIP codes, and what Verify's clients asked for before there was a revision.
+// The two calls for ZIP codes, and what Verify's clients sent before revisions existed.
 TEST(VerifyServiceTest, AnswersTheOtherCalls) {
   const auto zips = [](const std::string& items) {
     return "<CityStateLookupRequest USERID=\"1\">" + items + "</CityStateLookupRequest>";
@@ -340,7 +340,7 @@ TEST(VerifyServiceTest, AnswersTheOtherCalls) {
        "<Address ID=\"8\">" +
            kInvalid + "</Address></ZipCodeLookupResponse>"},
   };
-  // Whatever a revision asks for, a ZipCodeLookup has the short form and its city.
+  // Whatever the revision, a ZipCodeLookup reply has the short form with the city.
   const std::string revised = Answer(
       {"POST", "/ShippingAPI.dll", "API=ZipCodeLookup",
        "<ZipCodeLookupRequest USERID=\"1\"><Revision>1</Revision><Address><Address2>12 MAIN ST"
@@ -460,7 +460,7 @@ TEST(VerifyServiceTest, ReadsQueriesAndForms) {
   }
 }
 
-// Every beginning of a request is answered, by a document or an error, and by nothing else.
+// Every prefix of a request is answered by one document or error.
 TEST(VerifyServiceTest, AnswersEveryBeginning) {
   const std::string whole = Request("<Revision>1</Revision><Address ID=\"0\">" + kAsked +
                                     "</Address><Address ID=\"1\">" + kAsked + "</Address>");

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs nginx with the example sites in front of the service, on loopback with a certificate of its own,
-# and restarts one instance after the other under requests: none may fail.
+# Runs nginx with the example sites in front of the service, on loopback with its own certificate, and
+# restarts the instances in turn under load: no request may fail.
 #
 #   nginx.sh VERIFYD EXAMPLES
 set -euo pipefail
@@ -90,7 +90,7 @@ status() {
   [ "$got" = "$wanted" ] || fail "HTTP $got instead of $wanted for ${*:0:200}: $(head -c 300 "$scratch/answer")"
 }
 
-# Asks, by GET and by POST in turn, until the file $scratch/load is gone; a line an answer.
+# Asks by GET and POST in turn until the file $scratch/load is gone; prints a line an answer.
 load() {
   while [ -e "$scratch/load" ]; do
     ask --parallel --parallel-max 8 --output /dev/null --write-out '%{http_code} %{size_download}\n' "$@" ||

@@ -19,7 +19,7 @@ namespace postwright {
 
 namespace {
 
-constexpr int kMostCalls = 5000;  // a run that never ends is an error, too
+constexpr int kMostCalls = 5000;  // a run that never ends is an error too
 
 void Empty(const std::string& folder) {
   for (const auto& file : std::filesystem::directory_iterator(folder)) {

@@ -6,7 +6,7 @@
 
 namespace postwright {
 
-// Does something again and again, and each time another of its calls goes wrong.
+// Does the same work repeatedly, and each time the next of its calls goes wrong.
 //
 //   FaultRuns runs;
 //   runs.folder = folder.File("");
@@ -19,7 +19,7 @@ struct FaultRuns {
     bool isKilled = false;
     std::string said;
 
-    // True where it has the cause in the words of the system or of SQLite.
+    // True if it has the cause in the words of the system or of SQLite.
     bool NamesCause() const;
   };
 
@@ -28,8 +28,9 @@ struct FaultRuns {
   std::function<std::string()> work;
   std::function<std::string(const End&)> check;
 
-  // Each call failing; the disk being full from each write on; each call killing the process, which
-  // is another one then. Returns what is wrong, with the call; also where no call went wrong.
+  // With each call failing; with the disk full from each write on; with each call killing the
+  // process, which is then a child. Returns what is wrong, with the call, or that no call went
+  // wrong.
   std::string Run() const;
 
   // The names of the folder's files: "book.csv notes".

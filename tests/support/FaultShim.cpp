@@ -1,4 +1,4 @@
-// The C library's own checks would define the functions that are defined here.
+// The C library's checks would define the same functions as this file.
 #undef _FORTIFY_SOURCE
 
 #include "tests/support/FaultShim.h"
@@ -19,7 +19,7 @@
 #include <atomic>
 #include <cerrno>
 
-// No memory is taken here: these functions stand below malloc, too.
+// Nothing is allocated here: these functions are below malloc too.
 
 namespace {
 
@@ -76,7 +76,7 @@ bool Counts(Use use) {
   return false;
 }
 
-// What is to become of a call.
+// What to do with a call.
 Kind Judge(const char* call, const char* path, Use use) {
   if (gPlan.call <= 0 || !Counts(use) || !IsInFolder(path)) {
     return Kind::None;
@@ -97,7 +97,7 @@ Kind Judge(const char* call, const char* path, Use use) {
   _exit(1);
 }
 
-// True where the call is to fail.
+// True if the call must fail.
 bool Fails(const char* call, const char* path, Use use) {
   char folder[PATH_MAX];
   char absolute[2 * PATH_MAX];
@@ -129,7 +129,7 @@ bool FailsOpen(const char* call, int descriptor, Use use) {
   return kind != Kind::None;
 }
 
-// Writes by `write(bytes, size)`, or half of it before the end.
+// Writes by `write(bytes, size)`; before a kill, half of it.
 template <typename Write>
 ssize_t WriteOrFail(const char* call, int descriptor, size_t size, const Write& write) {
   const Kind kind = JudgeOpen(call, descriptor, Use::Write);
@@ -150,7 +150,7 @@ mode_t ModeOf(int flags, va_list rest) {
   return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
 }
 
-// Opens by the function of that name. `rest` is what was given after the flags.
+// Opens by the function of that name. `rest` is what follows the flags.
 int OpenOrFail(const char* name, const char* path, int flags, va_list rest) {
   const mode_t mode = ModeOf(flags, rest);
   return Fails("open", path, Use::Open)
@@ -209,8 +209,7 @@ int open64(const char* path, int flags, ...) {
   return opened;
 }
 
-// What code calls that is built with _FORTIFY_SOURCE, as Debian's libraries are, where it makes no
-// file.
+// Called by code built with _FORTIFY_SOURCE, as Debian's libraries are, if it creates no file.
 int __open_2(const char* path, int flags) {
   return open(path, flags);
 }
@@ -257,7 +256,7 @@ ssize_t writev(int descriptor, const iovec* parts, int count) {
   });
 }
 
-// Changing. Nothing is synced in truth: who is killed loses nothing of what the system has.
+// Changing. Nothing is really synced: a killed process loses nothing that the system has.
 
 int fsync(int descriptor) {
   return FailsOpen("fsync", descriptor, Use::Change) ? -1 : 0;
@@ -309,7 +308,7 @@ int fchmod(int descriptor, mode_t mode) {
              : Next<decltype(fchmod)>("fchmod")(descriptor, mode);
 }
 
-// Memory. The C library's own names are there before any symbol can be looked up.
+// Memory. The C library's own names can be called before any symbol can be looked up.
 
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);

@@ -10,19 +10,18 @@
 
 namespace postwright {
 
-// What a server may send, by fault or by malice, and what must come of it in everything here that
-// asks one.
+// What a server may send, by mistake or malice, and what must come of it in every client here.
 struct HostileShape {
   const char* name;
   LoopbackServer::Answer answer;
   HttpOutcome end = HttpOutcome::BadAnswer;
-  std::string body = {};      // where it is Answered
-  std::string unpacked = {};  // of a packed one, for those who take such answers
+  std::string body = {};      // if it is Answered
+  std::string unpacked = {};  // of a packed body, for clients that accept those
 };
 
 const std::vector<HostileShape>& HostileShapes();
 
-// Calls `look` with each, all at once: many of them end with the time that a call may last.
+// Calls `look` with each, all at once, since many of them end only by a time limit.
 template <typename Look>
 void ForEachHostileShape(Look look) {
   std::vector<std::thread> threads;
@@ -34,7 +33,7 @@ void ForEachHostileShape(Look look) {
   }
 }
 
-// The limits that the shapes are made for: small, so that they are reached at once.
+// The limits that the shapes are made for: small, to be reached at once.
 HttpLimits HostileLimits();
 
 }  // namespace postwright

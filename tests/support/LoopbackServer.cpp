@@ -21,7 +21,7 @@ bool SendAll(int connection, std::string_view bytes) {
   return true;
 }
 
-// Says whether a request's head is there, and the body that it announces.
+// Says whether a request is complete: its head, and the body that it announces.
 bool IsWhole(const std::string& request) {
   const std::string length = "\r\nContent-Length: ";
   const size_t end = request.find("\r\n\r\n");

@@ -10,7 +10,7 @@
 
 namespace postwright {
 
-// A server on a free loopback port that sends given bytes, however little they are HTTP.
+// A server on a free loopback port that sends given bytes, whether they are HTTP or not.
 //
 //   const LoopbackServer server(LoopbackServer::Page("<R/>"));
 //   FetchUrl("http://" + server.GetEndpoint() + "/");
@@ -19,12 +19,12 @@ namespace postwright {
 class LoopbackServer {
  public:
   struct Answer {
-    std::string bytes;       // empty and not closed: silence
+    std::string bytes;       // empty, and not closed: silence
     bool close = false;      // after the bytes
-    std::string again = {};  // sent after them, again and again, for as long as the client reads
+    std::string again = {};  // sent after them repeatedly, for as long as the client reads
     std::chrono::milliseconds pause{0};  // before each time
   };
-  // Called in the connection's thread with a whole request, head and body.
+  // Called in the connection's thread with a complete request, head and body.
   using Script = std::function<Answer(const std::string& request)>;
 
   // The answer of a well-behaved server.

@@ -9,7 +9,7 @@
 
 namespace postwright {
 
-// Everything real but the network: the reply is given, requests and log lines are kept.
+// Everything is real but the network: the reply is given, and requests and log lines are kept.
 class ScriptedServices final : public MacPlatformServices {
  public:
   explicit ScriptedServices(std::string reply) : reply_(std::move(reply)) {}

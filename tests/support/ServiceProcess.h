@@ -13,14 +13,14 @@
 
 namespace postwright {
 
-// The real service, a process of its own, on a free port; this process's fixes go there. Spawned
-// and not forked, as QProcess would: after a fork ThreadSanitizer looks away.
+// The real service, as a process of its own on a free port; this process's fixes go there. Spawned,
+// not forked as by QProcess: after a fork ThreadSanitizer stops checking.
 class ServiceProcess {
  public:
   ServiceProcess() { start(); }
   ~ServiceProcess() { die(); }
 
-  // Starts, on the port it had before, and waits until it listens.
+  // Starts it, on the port it had before if any, and waits until it listens.
   void start() {
     int ends[2] = {};
     if (pipe(ends) != 0) {
@@ -38,14 +38,14 @@ class ServiceProcess {
     close(ends[1]);
     _output = fdopen(ends[0], "r");
     if (fscanf(_output, "postwright-verifyd: listening on 127.0.0.1:%d", &_port) != 1) {
-      std::abort();  // it has said why
+      std::abort();  // it has printed why
     }
     SetDeployment({.verifyHost = "127.0.0.1:" + std::to_string(_port),
                    .userId = "TEST",
                    .probeHost = "127.0.0.1"});
   }
 
-  // Ends without a good-bye.
+  // Kills it.
   void die() {
     if (_process > 0) {
       kill(_process, SIGKILL);

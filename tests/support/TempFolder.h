@@ -7,7 +7,7 @@
 
 namespace postwright {
 
-// A folder of its own that goes, with all that is in it, when it goes out of scope.
+// A new folder that is removed, with everything in it, when the object goes out of scope.
 //
 //   const TempFolder folder;
 //   AnswerCache cache(folder.File("answers.sqlite"), …);
@@ -21,7 +21,7 @@ class TempFolder {
   // Returns the path of a file in it, which need not exist.
   std::string File(const std::string& name) const { return path_ + '/' + name; }
 
-  // Writes that file again and returns its path.
+  // Writes that file and returns its path.
   std::string Write(const std::string& name, const std::string& content, mode_t mode = 0600) const;
 
  private:

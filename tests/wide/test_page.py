@@ -95,7 +95,7 @@ def test_a_label_by_keys(browser, service):
     assert browser.switch_to.active_element.get_attribute("id") == "answer"
     assert text_of(browser, "#answer .badge") == "To decide"
     assert "directional in standard form" in text_of(browser, ".changes")
-    press(browser, Keys.TAB, "12", Keys.ENTER)  # of the candidates the first, a range of numbers
+    press(browser, Keys.TAB, "12", Keys.ENTER)  # the first candidate, a range of numbers
     wait(browser, lambda: browser.find_elements(By.CSS_SELECTOR, "#answer .badge.fixed, #answer .badge.unchanged"))
     assert browser.find_element(By.NAME, "label").get_attribute("value").startswith("Jane\n12 N MAIN ST")
     assert "Confirmed, according to the address base town.base" in text_of(browser, ".confirmed")
@@ -173,7 +173,7 @@ def test_without_script(browser, service, downloads):
     browser.find_element(By.NAME, "table").send_keys(TABLE)
     button(browser, "Review").click()
     wait(browser, lambda: len(rows(browser)) == 5)
-    assert not browser.find_elements(By.CSS_SELECTOR, ".rows button")  # none that would do nothing
+    assert not browser.find_elements(By.CSS_SELECTOR, ".rows button")  # it would do nothing
     assert ",fixed,confirmed," in saved_file(browser, downloads)
 
 

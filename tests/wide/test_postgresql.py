@@ -69,7 +69,7 @@ def server(tmp_path_factory):
     folder = tmp_path_factory.mktemp("postgresql")
     for parent in (folder, *folder.parents):
         if os.stat(parent).st_uid == os.getuid() and parent != pathlib.Path("/"):
-            parent.chmod(parent.stat().st_mode | 0o055)  # the server's user goes through it
+            parent.chmod(parent.stat().st_mode | 0o055)  # so that the server's user can pass through
     running = Server(folder)
     running.sql("CREATE TABLE labels AS SELECT n, 'Zoë' || chr(10) || n || ' n main street apt 4' || "
                 f"chr(10) || 'austin, texas 78701' AS label FROM generate_series(1, {MILLION}) n",
@@ -90,7 +90,7 @@ LABEL = "E'Jane Doe\\n12 n main street apt 4\\naustin, texas 78701'"
      "turned-down|zip-missing|ring twice"),
     ("SELECT status, proposed <> '', zip FROM "
      "postwright_fix('2870 South West Temple, Madison WI 53703')", "to-decide|t|"),
-    # The process's locale is C before and after: that of PostgreSQL leaves the letter alone.
+    # The process's locale is C before and after: PostgreSQL's own upper() leaves the letter alone.
     ("SELECT upper('peña'), postwright_parse('') IS NULL, upper('peña')", "PEñA|t|PEñA"),
     ("SELECT provolatile, proparallel FROM pg_proc WHERE proname LIKE 'postwright%' "
      "ORDER BY proname", "s|s\ni|s"),

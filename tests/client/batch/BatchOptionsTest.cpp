@@ -37,7 +37,7 @@ BatchOptions Impatient() {
   return options;
 }
 
-// Answers the next question with the button that has `text` in it, and keeps what was asked.
+// Answers the next question with the button whose text contains `text`, and keeps the question.
 void AnswerNext(QObject& context, const QString& text, QString& asked) {
   QTimer::singleShot(0, &context, [text, &asked] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -149,7 +149,7 @@ void BatchOptionsTest::asksBeforeWorkIsLost() {
   QCOMPARE(open.window.isVisible(), answer == u"Stay");
 }
 
-// Each step is taken back and taken again, with what the service has said since.
+// Each step is undone and redone, with what the service has said since.
 void BatchOptionsTest::everyStepCanBeTakenBack() {
   Oracle oracle;
   oracle.outcomes[u"b"_qs] = kRefused;
@@ -178,7 +178,7 @@ void BatchOptionsTest::everyStepCanBeTakenBack() {
   QCOMPARE(person.column(0), (QStringList{u"a"_qs, u"b"_qs, u"c"_qs}));
   QCOMPARE(person.column(1), first);
   QCOMPARE(person.column(2), (QStringList{u"Fixed"_qs, u"Error"_qs, u"To Choose"_qs}));
-  QCOMPARE(oracle.asked.available(), 4);  // nothing is asked again to take a step back
+  QCOMPARE(oracle.asked.available(), 4);  // undoing asks nothing again
   for (int i = 0; i < 3; ++i) {
     person.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   }
@@ -193,7 +193,7 @@ void BatchOptionsTest::anyRecordCanBeEdited() {
   OpenWindow open(EntriesOf({u"a"_qs, u"B"_qs, u"c"_qs}), oracle.ask(), BatchOptions::all());
   Person& person = open.person;
   QTRY_VERIFY(person.hasFinished());
-  QTRY_COMPARE(person.selectedRow(), 2);  // the first that needs somebody
+  QTRY_COMPARE(person.selectedRow(), 2);  // the first that needs a decision
   person.clickRow(0);
   person.press(Qt::Key_F2);
   QCOMPARE(person.detail(), u"vwEdit"_qs);
@@ -235,7 +235,7 @@ void BatchOptionsTest::selectsTheFirstProblemUnlessAPersonDid() {
   }
 }
 
-// The second lines of two labels look the same whatever the first ones are written in.
+// The second lines of two labels look the same whatever script the first ones are in.
 void BatchOptionsTest::aNameFromTheRightTurnsNoOtherLine() {
   Oracle oracle;
   OpenWindow open(
@@ -290,7 +290,7 @@ void BatchOptionsTest::manyAtOnce() {
   person.table()->selectAll();
   person.click(u"bnAskAgain"_qs);
   QTRY_VERIFY(person.hasFinished());
-  QCOMPARE(oracle.asked.available(), asked + 4);  // the same text once
+  QCOMPARE(oracle.asked.available(), asked + 4);  // once for the same text
 }
 
 // From each page that has a field, for all that have the same text: a new text, and one that stays.
@@ -413,7 +413,7 @@ void BatchOptionsTest::findsAndSorts() {
   QVERIFY2(tip.contains(u"FIXED added"_qs), qPrintable(tip));
 }
 
-// A correction that is doubted is shown with its reason and written back only where it is chosen.
+// A doubtful correction is shown with its reason, and written back only if it is chosen.
 void BatchOptionsTest::theDoubtfulWaitsForAPerson() {
   Oracle oracle;
   for (const QString& text : {u"a"_qs, u"b"_qs, u"c"_qs}) {
@@ -460,7 +460,7 @@ void BatchOptionsTest::theDoubtfulWaitsForAPerson() {
       u"1 address was corrected. Left as they are: 2 addresses as typed and 1 open choice."_qs);
 }
 
-// Three without an answer make the run wait; then all get their outcomes, each told once.
+// Three without an answer make the run wait; then all get their outcomes, each reported once.
 void BatchOptionsTest::waitsForAServiceThatIsAway() {
   std::atomic<int> asked = 0;
   OpenWindow open(
@@ -475,11 +475,11 @@ void BatchOptionsTest::waitsForAServiceThatIsAway() {
   QCOMPARE(person.column(2), (QStringList{u"Unchanged"_qs, u"Unchanged"_qs, u"Unchanged"_qs,
                                           u"Unchanged"_qs, u"Not Checked"_qs, u"Unchanged"_qs}));
   QCOMPARE(person.find<QProgressBar>(u"piProgress"_qs)->value(), 6);
-  QCOMPARE(asked, 9 + 1 + 2 + 1 + 2 + 1);  // the poisoned one once more, and no oftener
+  QCOMPARE(asked, 9 + 1 + 2 + 1 + 2 + 1);  // the poisoned one only once more
 }
 
-// Neither a row of addresses that never get an answer nor one that nobody was asked about tells
-// whether the service is there.
+// Neither addresses that never get an answer nor one that was not asked about tell whether the
+// service is there.
 void BatchOptionsTest::isNotMistakenAboutAnOutage() {
   std::atomic<int> asked = 0;
   OpenWindow open(
@@ -504,7 +504,7 @@ void BatchOptionsTest::isNotMistakenAboutAnOutage() {
   }
 }
 
-// A service that says when it wants to be asked again is waited for, whatever the patience.
+// If the service says when to ask again the run waits for it, whatever its patience.
 void BatchOptionsTest::waitsAsLongAsTheServiceSays() {
   std::atomic<int> requests = 0;
   const LoopbackServer server([&requests](const std::string&) {
@@ -555,7 +555,7 @@ void BatchOptionsTest::givesUpAndKeepsTheRestPending() {
   QVERIFY(!person.find<QWidget>(u"vwBanner"_qs)->isVisible());
 }
 
-// As much of a line is shown and marked as the window has time for, the rest where it is asked for.
+// Only as much of a line is shown and marked as is quick; the rest comes when it is asked for.
 void BatchOptionsTest::longLinesDoNotHoldTheWindowUp() {
   QString line;
   while (line.size() < 12000) {
@@ -654,7 +654,7 @@ void BatchOptionsTest::staysSmallAndDoesNotGrow() {
           texts.first()->mapTo(&open.window, QPoint(texts.first()->width(), 0)).x());
 }
 
-// In each state that shows other controls; the program runs once more in Spanish for this.
+// In each state with other controls; the program runs once more in Spanish for this.
 void BatchOptionsTest::namesEveryControl() {
   Oracle oracle;
   oracle.waits = true;

@@ -107,7 +107,7 @@ void BatchWindowTest::cancelsInEveryState_data() {
   QTest::newRow("re-fixing, silent service") << u"re-fixing"_qs << true << u"escape"_qs;
 }
 
-// Nothing is written and nothing posted, and a silent service keeps nobody waiting.
+// Nothing is written or posted, and a service that does not answer does not keep the user waiting.
 void BatchWindowTest::cancelsInEveryState() {
   QFETCH(const QString, state);
   QFETCH(const bool, silent);
@@ -161,7 +161,7 @@ void BatchWindowTest::cancelsInEveryState() {
   QCOMPARE(posts.size(), 0);
 }
 
-// No row moves or loses its selection while results come in, and what the user does counts.
+// No row moves or loses its selection while results come in, and the user's actions take effect.
 void BatchWindowTest::reviewsWhileTheWorkerRuns() {
   Oracle oracle;
   oracle.waits = true;
@@ -289,7 +289,7 @@ void BatchWindowTest::choosesForAllOfTheSameText() {
   person.clickRow(1);
   QVERIFY(!person.find<QCheckBox>(u"ckTwins"_qs)->isVisible());
   person.clickRow(0);
-  person.press(Qt::Key_2);  // for this one alone
+  person.press(Qt::Key_2);  // for this one only
   person.clickRow(2);
   auto* twins = person.find<QCheckBox>(u"ckTwins"_qs);
   QCOMPARE(twins->text(), u"Also for one more address with this te&xt"_qs);
@@ -356,8 +356,8 @@ void BatchWindowTest::survivesADeadService() {
   QVERIFY(!person.find<QWidget>(u"vwBanner"_qs)->isVisible());
 }
 
-// With the worker in a fetch that no answer ends, the window is used: it paints, edits, re-fixes
-// and retries, and the retry does not wait.
+// While the worker's fetch gets no answer, the window stays usable: it paints, edits, re-fixes and
+// retries, and the retry does not wait.
 void BatchWindowTest::staysAliveWhileTheServiceIsSilent() {
   std::atomic<bool> silent = true;
   const std::string body =
@@ -420,7 +420,7 @@ void BatchWindowTest::workByKeyboardAlone() {
   QTRY_COMPARE(open.window.result(), -1000);
 }
 
-// In each state that shows other controls; the program runs once more in Spanish for this.
+// In each state with other controls; the program runs once more in Spanish for this.
 void BatchWindowTest::everyControlIsNamedAndMnemonicsDiffer() {
   Oracle oracle;
   oracle.outcomes[u"b"_qs] = Candidates();

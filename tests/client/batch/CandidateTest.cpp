@@ -1,5 +1,5 @@
-// A choice in the batch window, from the address base to the text that is written back: the real
-// service, and a person who is asked for numbers.
+// A choice in the batch window, from the address base to the text written back, with the real
+// service and a person who is asked for numbers.
 
 #include <postwright/Deployment.h>
 #include <postwright/ReviewedFix.h>
@@ -83,7 +83,7 @@ class ChoiceWindow {
     window.setAsk([](PostwrightClient& client, const QString& label) {
       return fixReviewed(client, label, {});
     });
-    options.sameFormForAll = false;  // what is right is not to be written
+    options.sameFormForAll = false;  // labels that are right are not written
     window.setOptions(options);
     window.show();
     window.activateWindow();
@@ -100,7 +100,7 @@ class ChoiceWindow {
 
   BatchResultRecord::Values values(int row) const { return window.records().at(row)->values(); }
 
-  // Selects a choice of a record and has `does` done in the dialog.
+  // Selects a choice of a record and runs `does` in the dialog.
   void choose(int row, int match, std::function<void(QDialog&)> does) {
     person.clickRow(row);
     auto* matches = person.find<QTableView>(u"tvMatches"_qs);
@@ -113,7 +113,7 @@ class ChoiceWindow {
       isOpened = true;
       const auto leave = qScopeGuard([dialog] {
         if (dialog->isVisible()) {
-          dialog->reject();  // a step that failed must not hang the run
+          dialog->reject();  // a failed step must not hang the run
         }
       });
       does(*dialog);
@@ -139,7 +139,7 @@ QString Told(const QDialog& dialog) {
   return dialog.findChild<QLabel*>(u"txtTold"_qs)->text();
 }
 
-// Types a number as a person does and agrees to it with Return.
+// Types a number as a person would, and confirms it with Return.
 void TypeNumber(QDialog& dialog, const char* field, const QString& number) {
   QLineEdit* edit = Field(dialog, field);
   QVERIFY(edit != nullptr);
@@ -236,7 +236,7 @@ void CandidateTest::tellsWhatIsOutsideAndMayKeepIt() {
   QCOMPARE(open.values(0).status, AddressStatusFixed);
   QVERIFY(open.values(0).own);
 
-  // A range says what is possible: the service confirms no number of it.
+  // A range only says what is possible: the service confirms no number in it.
   open.choose(1, 0, [](QDialog& dialog) {
     TypeNumber(dialog, "txtNumber", u"151"_qs);
     QVERIFY2(Told(dialog).startsWith(u"151 is not an even number"_qs), qPrintable(Told(dialog)));

@@ -11,7 +11,7 @@
 
 namespace postwright {
 
-// A host's entry that is a text.
+// A host's entry that is just a text.
 class Entry final : public AddressEntry {
  public:
   explicit Entry(QString text) : _text(std::move(text)) {}

@@ -1,7 +1,7 @@
 #ifndef POSTWRIGHT_TESTS_CLIENT_BATCH_PERSON_H_
 #define POSTWRIGHT_TESTS_CLIENT_BATCH_PERSON_H_
 
-// The batch window as a person meets it: entries, answers, and somebody who presses keys.
+// The batch window as a person sees it: entries, answers, and somebody who presses keys.
 
 #include <postwright/PostwrightController.h>
 
@@ -81,7 +81,7 @@ class Person {
   QWidget& _window;
 };
 
-// Answers of the test's own, given one by one where the test wants it.
+// The test's own answers, given one by one if the test wants that.
 struct Oracle {
   bool waits = false;
   QSemaphore asked;
@@ -92,7 +92,7 @@ struct Oracle {
     return [this](PostwrightClient&, const QString& address) {
       asked.release();
       if (waits) {
-        (void)answers.tryAcquire(1, 20000);  // a test that failed must not hang
+        (void)answers.tryAcquire(1, 20000);  // a failed test must not hang
       }
       return outcomes.value(address, {AddressFix{address.toUpper() + u" FIXED"_qs, {}}, {}});
     };
@@ -111,7 +111,7 @@ inline AddressOutcome Candidates() {
           {}};
 }
 
-// Opens a window without a modal run, with a model that is checked all the while.
+// Opens a window without a modal run, its model under a model tester.
 class OpenWindow {
  public:
   OpenWindow(const Entries& entries, AskFunction ask, const BatchOptions& options = {})

@@ -1,5 +1,5 @@
-// The batch window of a host that has corrections reviewed: what the service says of a label, from
-// its reply to what a person sees and what is written back.
+// The batch window of a host that has corrections reviewed, from the service's reply to what a
+// person sees and what is written back.
 
 #include <postwright/Deployment.h>
 #include <postwright/NetworkReachability.h>
@@ -20,8 +20,8 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
-// A service that knows one street: 12 MAIN ST is confirmed, 14 is not a number of it, nobody has
-// checked 1-12 ELM ST, and what is asked about 16 comes back as 61. It finds nothing else.
+// A service that knows one street: 12 MAIN ST is confirmed, 14 is not a number on it, 1-12 ELM ST
+// is unchecked, and 16 comes back as 61. It finds nothing else.
 LoopbackServer::Answer Answer(const std::string& request) {
   const auto holds = [&request](const char* words) {
     return request.find(words) != std::string::npos;
@@ -104,8 +104,9 @@ void ReviewedWindowTest::reviewsWhereTheHostSaysSo() {
   QVERIFY(reviewed.values(1).isDoubtful());
 }
 
-// What is right is written as the corrected ones are, and still counts as unchanged; not what would
-// lose the sign of a number, what nobody was asked about, and what a person left as typed.
+// Labels that are right are written in the same form as corrected ones and still count as
+// unchanged, except one that would lose a number sign, one not asked about, and one a person left
+// as typed.
 void ReviewedWindowTest::givesTheRestInTheSameForm() {
   const QString right = u"Jo O'Neil\n12 Main St."_qs + kPlace;
   const QString hyphen = u"1-12 Elm St"_qs + kPlace;
@@ -136,8 +137,8 @@ void ReviewedWindowTest::givesTheRestInTheSameForm() {
   QVERIFY(plain.window.results().isEmpty());
 }
 
-// The rule of a change is in the detail, at its mark, in the row's tip, in what a screen reader
-// says and in the report; and why a text was turned down beneath the message.
+// The rule of a change is in the detail, at its mark, in the row's tip, for screen readers and in
+// the report; the reason for turning a text down is below the message.
 void ReviewedWindowTest::saysWhyOfEachChange() {
   const QString noZip = u"Jo\n12 main st\nAustin, TX"_qs;
   ReviewedWindow open({kStreet, kSwapped, noZip}, BatchOptions::all());
@@ -170,7 +171,7 @@ void ReviewedWindowTest::saysWhyOfEachChange() {
   QVERIFY(rule != lines.end() && rule->count == 1 && rule->part);
 }
 
-// Confirmed, its form alone known, a number that the street does not have: each says which it is.
+// Confirmed, form only, or a number that the street does not have: each says which it is.
 void ReviewedWindowTest::callsNothingRightThatWasNotConfirmed() {
   const QString confirmed = u"12 MAIN ST\nAUSTIN TX 78701"_qs;
   const QString formOnly = u"1-12 ELM ST\nAUSTIN TX 78701"_qs;
@@ -240,7 +241,7 @@ void ReviewedWindowTest::decidesOnTheDoubtfulTogether() {
   QVERIFY(accept->isVisible());
 }
 
-// A ZIP code without its zero, and a number in words: one click for one, or for all of the kind.
+// A ZIP code without its zero, and a number in words: one click for one, or for all of that kind.
 void ReviewedWindowTest::mendsWhatCanOnlyBeMeantOneWay() {
   const QString first = u"Jo\n12 Main St\nBoston, MA 2108"_qs;
   const QString second = u"Ann\n12 Main St\nBoston MA 2108"_qs;
@@ -274,7 +275,7 @@ void ReviewedWindowTest::mendsWhatCanOnlyBeMeantOneWay() {
   QVERIFY(all->isVisible());
 }
 
-// At once, and where the run waits for it.
+// At once, and when the run waits for it.
 void ReviewedWindowTest::namesTheServiceThatIsNotThere() {
   const std::pair<std::string, FetchOutcome> services[] = {
       {"127.0.0.1:1", FetchOutcomeRefused}, {"gone.invalid:8470", WhyUnreachable("gone.invalid")}};
@@ -301,7 +302,7 @@ void ReviewedWindowTest::namesTheServiceThatIsNotThere() {
   }
 }
 
-// In Spanish nothing is said in the core's English.
+// In Spanish nothing appears in the core's English.
 void ReviewedWindowTest::everyWordIsTranslated() {
   if (QLocale().language() != QLocale::Spanish) {
     QCOMPARE(wordsOf(CorrectionRule::Suffix), u"suffix in standard form"_qs);

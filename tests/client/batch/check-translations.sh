@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails where one of the windows' tables of texts lacks a text of the other, or has an empty one.
+# Fails if one of the windows' tables of texts lacks a text of the other, or has an empty one.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../../../client/resources"
 

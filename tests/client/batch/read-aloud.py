@@ -37,14 +37,14 @@ Austin, TX 78701
 """
 
 KNOWN = "<DPVConfirmation>Y</DPVConfirmation><DPVFootnotes>AABB</DPVFootnotes>"
-ANSWERS = {  # by the house number that is asked about
+ANSWERS = {  # by the house number in the question
     "12": "<Address2>12 N MAIN ST</Address2>{}<Zip4>1201</Zip4>" + KNOWN,
     "16": "<Address2>61 MAIN ST</Address2>{}" + KNOWN,
     "20": "<Address2>20 ELM ST</Address2>{}",
 }
 PLACE = "<City>AUSTIN</City><State>TX</State><Zip5>78701</Zip5>"
 
-# What is pressed, and what is heard then, each part of it.
+# The key pressed, and each part of what is then read aloud.
 STEPS = [
     (None, ["Al Fox", "The number “16” became “61”.", "Doubtful"]),  # selected by itself
     ("Home", ["12 north main street",

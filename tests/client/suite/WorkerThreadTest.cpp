@@ -65,7 +65,7 @@ void WorkerThreadTest::portMayGoFirst() {
   port.reset();
   QVERIFY(!sender.sendMessage(2));
   QVERIFY(!MessageSender().sendMessage(3));
-  QCoreApplication::processEvents();  // delivers to nobody
+  QCoreApplication::processEvents();  // there is no receiver any more
 
   Counter counter;  // ends although it has no port
   counter.detach({{QStringLiteral("steps"), 1000}});

@@ -1,4 +1,4 @@
-// A host of the core with platform services of its own: its network is a drawer of replies.
+// A host of the core with platform services of its own: its network is a drawer of canned replies.
 
 #include <postwright/AddressParser.h>
 #include <postwright/MacPlatformServices.h>
@@ -12,7 +12,7 @@ namespace {
 using postwright::IPlatformServices;
 using postwright::MacPlatformServices;
 
-// Conversions are those of the library, the network and the log are the host's.
+// The conversions are the library's; the network and the log are the host's.
 class DrawerServices final : public IPlatformServices {
  public:
   explicit DrawerServices(std::string reply) : reply_(std::move(reply)) {}

@@ -1,5 +1,5 @@
-// A Qt host that opens the batch window on entries of its own, presses Update as a user would, and
-// looks at what was written back.
+// A Qt host that opens the batch window for its own entries, presses Update as a user would, and
+// checks what was written back.
 
 #include <postwright/Deployment.h>
 #include <postwright/PostwrightController.h>

@@ -176,7 +176,7 @@ TEST(CInterfaceTest, RefusesBadCalls) {
   postwright_cancel(nullptr);
 }
 
-// The host gives the whole reply, and then a piece that is not there.
+// The host gives the whole reply, and then a null piece.
 TEST(CInterfaceTest, TakesNoPieceThatIsNotThere) {
   static constexpr auto readUrl = [](void*, const char*, postwright_body* body) {
     EXPECT_EQ(postwright_body_append(body, kReply.data(), kReply.size()), 0);
@@ -276,7 +276,7 @@ TEST(CInterfaceTest, NamesCandidates) {
   postwright_candidates_free(nullptr);
 }
 
-// What is known of an answer, through the host's network and of bytes that it hands over.
+// What is known of an answer, through the host's network and from bytes it passes in.
 TEST(CInterfaceTest, ReportsOnAnAnswer) {
   const struct {
     const char* name;

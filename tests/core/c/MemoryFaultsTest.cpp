@@ -1,5 +1,5 @@
-// Whatever piece of memory cannot be had, first of all for the tables that are made once: each call
-// says so, and the same call afterwards does what it should.
+// Whichever allocation fails, even for the tables that are made once: each call says so, and the
+// same call afterwards succeeds.
 
 #include <postwright/postwright.h>
 
@@ -26,7 +26,7 @@ int32_t Reply(void*, const char*, postwright_body* body) {
   return postwright_body_append(body, kReply, sizeof kReply - 1);
 }
 
-// Each call's result, and whether what it made is right. Takes no memory of its own.
+// Each call's result, and whether what it returned is right. Allocates nothing itself.
 struct Ends {
   std::array<int32_t, 5> results{};
   std::array<bool, 5> isRight{};

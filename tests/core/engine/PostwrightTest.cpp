@@ -78,7 +78,7 @@ const struct ReplyCase {
     {"no network", "", kBadReply, kNoRoot},
 };
 
-// Reaches the steps of a fix.
+// Gives access to the steps of a fix.
 class OpenPostwright final : public Postwright {
  public:
   OpenPostwright(const std::wstring& text, IPlatformServices* services)
@@ -106,7 +106,7 @@ TEST(PostwrightTest, ReplyDecidesOutcome) {
   }
 }
 
-// A host that gives nothing where it must give something.
+// A host that returns null where it must not.
 TEST(PostwrightTest, NullIsABadReply) {
   struct NullServices final : MacPlatformServices {
     std::unique_ptr<std::vector<std::uint8_t>> ReadUrl(const wchar_t*) override { return nullptr; }

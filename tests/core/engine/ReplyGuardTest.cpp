@@ -17,21 +17,21 @@ std::string Times(int count, const std::string& text) {
 
 }  // namespace
 
-// Where the parser would run astray; fuzz/corpus/engine_reply shows how.
+// Where the XML parser would go wrong; fuzz/corpus/engine_reply shows how.
 TEST(ReplyGuardTest, RefusesWhatWouldBreakTheParser) {
   const std::string deep = Times(101, "<a>");
   const std::string kRows[] = {
       // A NUL; bytes that are not UTF-8.
       std::string("<R>\0</R>", 8), "<R>\xE2</R>", "<R>\x80</R>", "<R>\xC0\xBC</R>",
       "<R>\xED\xA0\x80</R>", "<R>\xF4\x90\x80\x80</R>",
-      // Levels, and what only seems to end one.
+      // Levels of nesting, and what only seems to end one.
       deep, "</a></a>" + deep, "<?xml a='><!--'?>" + deep, Times(101, "<a><!--</a>-->"),
       Times(101, "<a><![CDATA[</a>]]>"), Times(101, "<a b='</a>'>"), Times(101, "<a b='/>'>"),
       Times(101, "<\xC3\xA9>"), Times(101, "<_>"),
-      // Declarations without an end; references that reach too far.
+      // Declarations without an end; references out of range.
       "<R><?XML version='>'?></R>", "<?xml   ", "<?xml version='&#x'?><a b='x1;'/>",
       "<a>&#x</a>x1;", "<a b='&#'><c d='#1;'/></a>",
-      // Too many.
+      // Too many levels.
       "<a" + Times(101, " b=''") + "/>", Times(100'001, "<a/>"),
       Times(1'001, "<a" + Times(100, " b=1") + "/>")};
   for (const std::string& row : kRows) {

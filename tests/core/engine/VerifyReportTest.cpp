@@ -24,7 +24,7 @@ TEST(VerifyReportTest, ReadsAnAnswer) {
   EXPECT_EQ(report.ErrorNumber(), "");
 }
 
-// What a fix takes is what is reported: a city in Latin 1 must not cost the confirmation.
+// The report covers whatever a fix accepts: a city in Latin-1 must not lose the confirmation.
 TEST(VerifyReportTest, ReadsAnAnswerInAnotherEncoding) {
   const VerifyReport report(
       "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><R><Address><City>PE\xD1O</City>"

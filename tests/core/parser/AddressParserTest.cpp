@@ -96,8 +96,8 @@ TEST(AddressParserTest, AnswersWhatThePlainSearchesAnswer) {
   EXPECT_GT(found, 1000);  // else the texts would show nothing
 }
 
-// Each of these keeps the pattern engine busy for seconds or for hours. The only clock here is the
-// test runner's: a parser that slips back fails by not coming back.
+// Each of these keeps the pattern engine busy for seconds or hours. The test runner's time limit is
+// the only clock: a parser that relapses fails by not returning.
 TEST(AddressParserTest, ComesBackFromEveryText) {
   const std::wstring address = L"12 MAIN ST\nAUSTIN TX 78701";
   const std::wstring blanks = Repeat(L" ", 100'000);

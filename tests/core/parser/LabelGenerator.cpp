@@ -7,7 +7,7 @@ namespace postwright {
 
 namespace {
 
-// Set apart by bars.
+// Separated by bars.
 constexpr std::wstring_view kWords =
     L"12|5|123|12A|12-B|12-3|12-34|12 1/2|121/2|12-1/2|1/2|N12W345|N 12 W 345|S5 E7|0|00000|"
     L"1234567|3RD|1A|61N|E|N|S.|N.E.|NE|WEST|SOUTH|NORTHWEST|MAIN|OAK|BROADWAY|HIGHWAY 61|"

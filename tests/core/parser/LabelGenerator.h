@@ -6,13 +6,14 @@
 
 namespace postwright {
 
-// Makes texts that bring the address patterns into as many situations as can be: the same texts for
-// the same seed. None is so long or so full of blanks that a plain search would take seconds.
+// Makes texts that put the address patterns into as many situations as possible; the same seed
+// gives the same texts. None is so long or so full of spaces that a plain search would take
+// seconds.
 class LabelGenerator {
  public:
   explicit LabelGenerator(unsigned seed) : random_(seed) {}
 
-  std::wstring Address();  // the elements of an address in their order, some missing, some odd
+  std::wstring Address();  // the elements of an address in order, some missing, some odd
   std::wstring Mixture();  // elements of addresses and odd words in any order
   std::wstring Noise();    // single characters, often with a state and a ZIP code after them
 

@@ -7,9 +7,9 @@
 
 namespace postwright {
 
-// Parses `text` in the plainest way: the three patterns searched for one after another by the
-// pattern engine, every other pattern compiled where it is used. The judge of what AddressParser
-// answers, and the mark for its speed. Takes minutes for some texts of a few hundred characters.
+// Parses `text` in the plainest way: the pattern engine searches for the three patterns in turn,
+// and every other pattern is compiled where it is used. AddressParser's answers must agree with it,
+// and its speed is measured against it. Takes minutes for some texts of a few hundred characters.
 // AddressParser::GetInstance() must have been called before.
 AddressInfo ParsePlainly(const std::wstring& text);
 

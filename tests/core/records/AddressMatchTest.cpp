@@ -33,7 +33,7 @@ TEST(AddressMatchTest, PutsRangesAndValuesWhereTheirNumbersBelong) {
     EXPECT_EQ(match.ComposeAddressForRechecking(L"999", L"1C"),
               L"JANE\n" + (row.chosen + city) + L"\nUSA");
     EXPECT_EQ(match.ComposeAddressForRechecking2(L"", L"")->GetPrimaryStreet(), row.street);
-    EXPECT_EQ(match.GetPrimaryType(), -7);  // any value is carried
+    EXPECT_EQ(match.GetPrimaryType(), -7);  // any value is kept
   }
 }
 

@@ -27,7 +27,7 @@ const std::map<AddressRespelling, std::string> kRules = {
     {AddressRespellingNumberBehind, "number-behind"},
     {AddressRespellingCity, "city"}};
 
-// What a row of the table says, without its name and label: what is empty is left out.
+// A row of the table, without its name and label; empty members are left out.
 nlohmann::json ToJson(const AddressLines& lines) {
   nlohmann::json row = nlohmann::json::object();
   const auto add = [&row](const char* key, const std::wstring& value) {
@@ -72,7 +72,7 @@ TEST(AddressLinesTest, FindsTheAddressOfEachLabel) {
     if (lines.GetOutcome() != AddressLinesFound) {
       continue;
     }
-    // Put back, the other words stand around the answer, and the next look finds the same question.
+    // Put back, the other words surround the answer, and looking again finds the same question.
     const std::wstring put = lines.PutBack(lines.GetQuestion());
     const AddressLines again(put);
     EXPECT_EQ(Utf8FromWide(again.GetQuestion()), Utf8FromWide(lines.GetQuestion()));

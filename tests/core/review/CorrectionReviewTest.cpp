@@ -134,7 +134,7 @@ TEST(CorrectionReviewTest, AccountsForEveryWord) {
   }
 }
 
-// A word that is lost, stands there twice, or has changed its place with the next one.
+// A word that is lost, repeated, or swapped with the next one.
 TEST(CorrectionReviewTest, DoubtsWhatAWordSuffers) {
   const std::wstring labels[] = {
       L"Jane Doe\n27 County Road 24\nGraham, MO\n64455",
@@ -167,8 +167,8 @@ TEST(CorrectionReviewTest, DoubtsWhatAWordSuffers) {
   }
 }
 
-// The parser reads a label without knowing cities or streets. Where it goes wrong the review doubts
-// the text that would come of it, and nowhere else.
+// The parser reads a label without knowing cities or streets. Where it goes wrong, and only there,
+// the review doubts the text that would result.
 TEST(CorrectionReviewTest, DoubtsWhatTheParserGetsWrong) {
   std::map<std::wstring, std::string> doubts;
   for (const std::wstring& label : Labels()) {

@@ -52,7 +52,8 @@ std::string Write(const service::ReplyFields& fields) {
 }
 
 // The made-up town, imported once for all tests.
-// Runs every row of a page's tables by two verifiers, which must agree. Returns how many there are.
+// Runs every row of a page's tables through two verifiers, which must agree. Returns the number of
+// rows.
 size_t CheckPage(const std::string& page, const service::Verifier& verifier,
                  const service::Verifier& other) {
   const auto rows = ReadDocTables(page, "asked", 6);
@@ -109,7 +110,7 @@ TEST_F(DecisionTest, EveryRuleOfThePage) {
             60U);
 }
 
-// The names may be in a base of their own.
+// The names can be in a separate base.
 TEST_F(DecisionTest, EveryRuleOfLicensedData) {
   const std::filesystem::path licensed = kSample / "licensed";
   const std::vector<std::filesystem::path> streets = {
@@ -136,7 +137,7 @@ TEST_F(DecisionTest, EveryRuleOfLicensedData) {
   }
 }
 
-// A base of each ZIP code, in either order: what one of them lacks another has.
+// A base for each ZIP code, in either order: what one lacks another has.
 TEST_F(DecisionTest, BasesBesideEachOtherAreAsGoodAsOne) {
   std::vector<std::filesystem::path> files;
   for (const auto& [source, whole] : {std::pair("town", true), std::pair("town-part", false)}) {
@@ -224,7 +225,7 @@ TEST_F(DecisionTest, EveryCandidateOfThePage) {
   }
 }
 
-// Whatever is offered without a range is confirmed when it is asked for.
+// Every candidate without a range is confirmed when it is asked for.
 TEST_F(DecisionTest, ACandidateIsKnown) {
   int known = 0;
   for (const DocRow& row : ReadDocTables("address-base.md", "could be", 4)) {
@@ -352,8 +353,8 @@ TEST(StreetLikenessTest, TellsHowTwoStreetsDiffer) {
   }
 }
 
-// Every address of the sample is confirmed as written there: what it says is standard, and asking
-// with the answer gives the answer.
+// Every address of the sample is confirmed: the answer is standard, and asking for the answer gives
+// the same answer.
 TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
   const std::filesystem::path base = folder_->File("buildings");
   Import(base, "buildings", {kSample / "public-buildings.csv"}, *zips_, false);
@@ -378,8 +379,8 @@ TEST_F(DecisionTest, TheSampleIsConfirmedAsItStands) {
   EXPECT_GT(count, 250);
 }
 
-// A thousand addresses of parts that fit and parts that do not: whatever is answered is answered
-// again when it is asked for.
+// A thousand addresses of parts that fit and parts that do not: every answer, asked for, gives
+// itself.
 TEST_F(DecisionTest, AnAnswerStaysAsItIs) {
   const std::vector<std::string> numbers = {"12",     "14",     "31",  "33",       "5", "12A",
                                             "13 1/2", "112-10", "150", "N6W23001", "9"};

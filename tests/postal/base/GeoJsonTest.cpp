@@ -20,7 +20,7 @@ std::string Address(const std::string& number) {
                  R"("region":"OH","postcode":"00011","id":"7")");
 }
 
-// A line a row, or its fault after an exclamation mark.
+// One line a row; a fault after an exclamation mark.
 std::string ReadAll(RowSource& source, size_t most = 100'000) {
   std::string text;
   AddressRow row;
@@ -39,7 +39,7 @@ std::string ReadAll(RowSource& source, size_t most = 100'000) {
   return text;
 }
 
-// The same in a file of its own, packed, and in an archive.
+// The same in a plain file, in a packed one, and in an archive.
 std::vector<std::string> InEveryForm(const TempFolder& folder, const std::string& text) {
   return {folder.Write("a.geojson", text), folder.Write("a.geojson.gz", Gzipped(text)),
           WriteZip(folder, "a.zip", {{"us/oh/a.geojson", text}})};
@@ -94,7 +94,7 @@ TEST(GeoJsonTest, RefusesWhatIsNone) {
   const std::string text = Address("12") + "\n" + Address("14") + "\n";
   const std::string packed = Gzipped(text);
   std::string damaged = packed;
-  damaged[packed.size() - 6] ^= 1;  // of its checksum
+  damaged[packed.size() - 6] ^= 1;  // in the checksum
   const TempFolder folder;
   for (const std::string& bytes :
        {std::string("{\n\"type\":\"FeatureCollection\",\"features\":[\n") + text,
@@ -107,7 +107,7 @@ TEST(GeoJsonTest, RefusesWhatIsNone) {
             ReadAll(*Open(folder.Write("two", text + text))));
 }
 
-// An archive or a folder is one source of many files, whatever else is there.
+// An archive or a folder is one source of many files, whatever else it holds.
 TEST(GeoJsonTest, ImportsAllThatLieTogether) {
   const TempFolder folder;
   const TempFolder files;
@@ -132,8 +132,8 @@ TEST(GeoJsonTest, ImportsAllThatLieTogether) {
   }
 }
 
-// Rows that are given up are read again from their first line on, which a packed file can do as far
-// as the reader's memory goes, and not again and again.
+// A broken row is read again from its second line on, which a packed file allows only as far as the
+// reader's buffer goes, and not repeatedly.
 TEST(PackedCsvTest, GoesBackWithinBounds) {
   constexpr const char* kHeading = "number,street,zip\n";
   const TempFolder folder;

@@ -1,5 +1,6 @@
-// Whatever call of an import fails, or is the last one before the end: there is the old base or the
-// new one, beside it at most what the same import goes on with, and the message has file and cause.
+// Whichever call of an import fails, or is the last one before the process is killed: there is the
+// old base or the new one, next to it at most what the same import goes on with, and the message
+// names file and cause.
 
 #include <gtest/gtest.h>
 
@@ -72,7 +73,7 @@ class ImportFaultsTest : public testing::Test {
 
   std::string Held() const { return std::filesystem::exists(base_) ? Content(base_) : ""; }
 
-  ZipList zips_;  // a few, so that a process is begun at once
+  ZipList zips_;  // a few, so that a process starts at once
   const TempFolder folder_;
   const TempFolder elsewhere_;
   const std::string base_ = std::filesystem::canonical(folder_.File("")) / "town";

@@ -35,7 +35,7 @@ std::string Repeated(const std::string& row, int count) {
   return rows;
 }
 
-// Latin-1 as UTF-16 with its mark.
+// Latin-1 as UTF-16 with a byte order mark.
 std::string InUtf16(const std::string& text, bool isBigEndian) {
   std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
   for (const char c : text) {
@@ -50,7 +50,7 @@ class ImportTest : public testing::Test {
     Import(folder_.File(base), source, {file}, zips_);
   }
 
-  // Runs an import in a process of its own, which is killed where `listeners` say so.
+  // Runs an import in a process of its own, which is killed when `listeners` say so.
   void RunAndKill(const std::string& base, const std::string& file,
                   const Importer::Listeners& listeners) {
     const pid_t child = fork();
@@ -102,7 +102,7 @@ TEST_F(ImportTest, StoppedOrKilledGoesOnWhereItWas) {
   RunAndKill("base", file, {{}, {}, [] { raise(SIGKILL); }});
   EXPECT_EQ(Content(folder_.File("base")), before);
   Run("base", "many", file);
-  // Too long to be shown side by side.
+  // Too long to show side by side.
   EXPECT_TRUE(Content(folder_.File("base")) == Content(folder_.File("straight")));
   EXPECT_FALSE(std::filesystem::exists(folder_.File("base.import")));
 
@@ -122,7 +122,7 @@ TEST_F(ImportTest, ReplacesASourceAndKeepsTheOthers) {
   const AddressBase base(folder_.File("base"));
   EXPECT_TRUE(base.Borrow()->FindStreets("00011", "ELM").empty());
 
-  // A file of which nothing can be taken replaces nothing, and is not what the next goes on with.
+  // A file without a usable row replaces nothing, and the next import does not go on with it.
   const std::string before = Content(folder_.File("base"));
   EXPECT_THROW(Run("base", "a", folder_.Write("a", heading + "x,MAIN ST,,,OH,00011,,\n")),
                ImportError);
@@ -130,7 +130,7 @@ TEST_F(ImportTest, ReplacesASourceAndKeepsTheOthers) {
   Run("base", "a", folder_.Write("a", heading + "1,ELM ST,,,OH,00011,,\n"));
 }
 
-// Whatever is there of it is discarded, but not what another import is gathering or sorting.
+// Everything begun for the base is discarded, except what another import is still working on.
 TEST_F(ImportTest, BeginsAnewWhereItIsTold) {
   const std::string file = folder_.Write("many.csv", ManyRows(1'000));
   const auto begin = [&](const char* source, Earlier earlier) {
@@ -210,7 +210,7 @@ TEST_F(ImportTest, LeavesOutWhatIsNoAddress) {
   }
 }
 
-// And a unit in standard form stays so: bases are imported from bases.
+// A unit in standard form stays as it is, since bases are imported from bases.
 TEST_F(ImportTest, BringsUnitsIntoStandardForm) {
   constexpr const char* kUnits[][2] = {
       {"", ""},
@@ -280,7 +280,7 @@ TEST_F(ImportTest, ReadsTheFormatsThatItKnows) {
   EXPECT_EQ(ComposeStreet(street), "S MILL ST NW");
 }
 
-// As spreadsheets save "Unicode text"; what was begun goes on in the middle of it.
+// As spreadsheets save "Unicode text"; an interrupted import goes on in the middle of it.
 TEST_F(ImportTest, ReadsUtf16) {
   const std::string rows = ManyRows(70'000) +
                            "1,PE\xD1"
@@ -302,7 +302,7 @@ TEST_F(ImportTest, ReadsUtf16) {
   }
 }
 
-// What a source writes where it does not know is neither a city nor a ZIP+4.
+// What a source writes for "unknown" is neither a city nor a ZIP+4.
 TEST_F(ImportTest, TakesNoWordForNothingAsAValue) {
   const std::string file = folder_.Write("rows.csv",
                                          "number,street,city,zip,zip4\n"
@@ -327,8 +327,8 @@ TEST_F(ImportTest, RefusesFilesThatItCannotUse) {
   EXPECT_THROW(AddressBase(folder_.File("nowhere")), ZipListError);
 }
 
-// A base that was cut short, or is not one in the middle, is told when it is opened or asked, and
-// ends nothing.
+// A base that was cut short, or is damaged in the middle, is reported when it is opened or asked,
+// and does not end the program.
 TEST_F(ImportTest, DamagedBasesAreTold) {
   const std::string file = folder_.Write("many.csv", ManyRows(3'000));
   Run("base", "many", file);

@@ -27,7 +27,7 @@ std::string With(std::string records, size_t record, size_t at, const std::strin
   return records.replace(record * kLength + at, bytes.size(), bytes);
 }
 
-// Of each row what it is about, and of each that is none why.
+// What each row is about, or why it is not taken.
 std::string RowsOf(const std::string& file) {
   const auto source = OpenSource({file}, std::nullopt);
   std::string text = source->Format() + ":";
@@ -52,7 +52,7 @@ TEST(LicensedFilesTest, ReadsRecordsAsTheyAreCopied) {
   const struct {
     const char* name;
     std::string text;
-    std::string rows;  // or how they begin
+    std::string rows;  // or their beginning
   } files[] = {
       {"a line break after each", WithBreaks(records, "\n"), all},
       {"two bytes of one", WithBreaks(records, "\r\n"), all},

@@ -9,7 +9,7 @@
 
 namespace postwright::postal {
 
-// The bytes as gzip packs them.
+// Returns the bytes packed by gzip.
 std::string Gzipped(const std::string& bytes);
 
 // Writes a ZIP archive of files with these names and contents. Returns its path.

@@ -22,7 +22,7 @@ struct Ended {
   std::string output;  // both streams
 };
 
-// Runs a command in bash, in which $base is the program, $folder a folder and $sample the sample's.
+// Runs a command in bash, where $base is the program, $folder a folder and $sample the sample's.
 Ended RunInBash(const std::string& command, const TempFolder& folder) {
   const std::string line = "cd '" + folder.File("") +
                            "'; base=" POSTWRIGHT_BASE "; sample=" + kSample + "; exec 2>&1; " +

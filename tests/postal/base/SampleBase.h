@@ -11,10 +11,10 @@
 
 namespace postwright::postal {
 
-// The ZIP codes that come with it, and those of the made-up town.
+// The shipped ZIP codes, and those of the made-up town.
 ZipList SampleZips();
 
-// Imports files to their end. Returns what became of their rows.
+// Imports files completely. Returns what became of their rows.
 ImportCounts Import(const std::filesystem::path& base, const std::string& source,
                     const std::vector<std::filesystem::path>& files, const ZipList& zips,
                     bool whole = true);

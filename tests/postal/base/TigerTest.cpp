@@ -106,7 +106,7 @@ TEST(TigerTest, AddsRangesToABase) {
   EXPECT_TRUE(reader->FindNumber(oak, "7").inRange);
 }
 
-// A file is what it holds, whatever it is called, and an archive what is in it.
+// A file is recognised by what it holds, not by its name, and an archive by what is in it.
 TEST(SourceFormatsTest, TellsAFileByWhatItHolds) {
   constexpr const char* kTiger = "TIGER/Line ADDRFEAT";
   constexpr const char* kGeoJson = "OpenAddresses GeoJSON";

@@ -43,8 +43,8 @@ class FetchProgramTest : public testing::Test {
     server_.Put(PathOf(year, county), Corpus("addrfeat.zip"), tag);
   }
 
-  // Runs a command in which $base is the program, $at names the stand-in, and the bases of the user
-  // lie in data/postwright. Returns what it said, and after it its status.
+  // Runs a command where $base is the program, $at names the stand-in, and the user's bases are in
+  // data/postwright. Returns its output, followed by its status.
   std::string Run(const std::string& command) {
     const std::string line = "cd '" + folder_.File("") +
                              "'; export XDG_DATA_HOME=\"$PWD/data\"; base=" POSTWRIGHT_BASE
@@ -123,7 +123,7 @@ TEST_F(FetchProgramTest, FetchesListsAndUpdates) {
   EXPECT_NE(Run("$base update").find("texas.base: nothing is newer"), std::string::npos);
 }
 
-// Killed in the middle of a file, then without a server's answers where it has all files.
+// Killed in the middle of a file; then, with all files there, without the server's answers.
 TEST_F(FetchProgramTest, GoesOnWhateverEndedIt) {
   const std::string fetch = "$base fetch $at --base t.base texas";
   server_.Play(PathOf("2025", "48453"), {S::Stall});

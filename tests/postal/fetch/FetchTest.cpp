@@ -24,7 +24,7 @@ std::string BytesOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Nothing that packs well, so that the archive has a middle.
+// Bytes that do not pack well, so that the archive has a middle.
 std::string Noise(size_t size) {
   std::string noise;
   for (uint32_t number = 1; noise.size() < size; number = number * 1'664'525 + 1'013'904'223) {
@@ -45,7 +45,7 @@ class FetchTest : public testing::Test {
     manners_.pause = {};
   }
 
-  // Fetches the file; returns what was said, "" where it is there.
+  // Fetches the file; returns the message, "" if the file came.
   std::string Fetch() {
     SiteClient client({server_.Url(), {}, ""}, manners_);
     try {
@@ -67,7 +67,7 @@ class FetchTest : public testing::Test {
   std::string waits_;
 };
 
-// Whatever the server does: the file is there, whole and once, or it is told why not.
+// Whatever the server does: the file comes whole and once, or the message says why not.
 TEST_F(FetchTest, BringsAFileWhateverTheServerDoes) {
   const std::string good = Archive("a.dbf", Noise(9'000));
   const auto cutAt = [&good](size_t from) {  // as FileStandIn::Cut does
@@ -135,7 +135,7 @@ TEST_F(FetchTest, BringsAFileWhateverTheServerDoes) {
   }
 }
 
-// As where it was killed after the last byte, while it looked whether the file is whole.
+// As after a kill between the last byte and the check that the file is whole.
 TEST_F(FetchTest, AsksForNoRestOfAWholeFile) {
   const std::string good = Archive("a.dbf", Noise(9'000));
   server_.Put(kPath, good);
@@ -146,7 +146,7 @@ TEST_F(FetchTest, AsksForNoRestOfAWholeFile) {
   EXPECT_EQ(server_.TakeRequests(), kPath + (" " + std::to_string(good.size())) + "\n");
 }
 
-// Not even where it is whole by its checksums.
+// Not even if its checksums are right.
 TEST_F(FetchTest, TakesNoHostileArchive) {
   const std::pair<std::string, std::string> rows[] = {
       {Archive("a.dbf", std::string(200'000, '\0')), "unpacks to more than it may"},

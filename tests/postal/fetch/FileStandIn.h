@@ -12,8 +12,8 @@
 
 namespace postwright::postal {
 
-// A server of files as the publishers of addresses have them: folders with index pages, ranges of
-// files (If-Range by the tag), and whatever such servers do under load, one trick a request.
+// A file server like those of the publishers of addresses: folders with index pages, ranges of
+// files (If-Range by the tag), and what such servers do under load, one trick a request.
 //
 //   FileStandIn server;
 //   server.Put("/a/b.zip", bytes);
@@ -25,17 +25,17 @@ class FileStandIn {
     std::string bytes;
     std::string tag = "\"1\"";  // empty: none, but a date
   };
-  // Makes an answer of the file and the first byte that is wanted.
+  // Makes an answer from the file and the first byte asked for.
   using Trick = std::function<Answer(File& file, size_t from)>;
 
   static Answer Plain(File& file, size_t from);
-  static Answer Cut(File& file, size_t from);      // a third of it comes, and the connection ends
-  static Answer Stall(File& file, size_t from);    // a third of it comes, and then nothing
+  static Answer Cut(File& file, size_t from);      // a third of it comes, then the connection ends
+  static Answer Stall(File& file, size_t from);    // a third of it comes, then nothing
   static Answer Changed(File& file, size_t from);  // another version, and so all of it
   static Answer WholeAgain(File& file, size_t from);
   static Answer WrongRest(File& file, size_t from);
   static Answer Damaged(File& file, size_t from);
-  static Answer Page(File& file, size_t from);  // of HTML, status 200
+  static Answer Page(File& file, size_t from);  // an HTML page, status 200
   static Trick Status(const std::string& status, const std::string& fields = "");
 
   FileStandIn();
@@ -44,8 +44,8 @@ class FileStandIn {
   void Put(const std::string& path, const std::string& bytes, const std::string& tag = "\"1\"");
   void Play(const std::string& path, std::vector<Trick> tricks);
 
-  // The files that were asked for since the last call, each with the login and the byte from
-  // which on: "/a/b.zip 0", "/api Bearer TOKEN 0".
+  // The files asked for since the last call, each with the login and the first byte asked for:
+  // "/a/b.zip 0", "/api Bearer TOKEN 0".
   std::string TakeRequests();
 
  private:

@@ -28,7 +28,7 @@ using Files = std::vector<std::filesystem::path>;
 
 const std::filesystem::path kData = std::filesystem::path(POSTWRIGHT_SOURCE_DIR) / "data";
 
-// The made-up towns in one base and in two, one for Millrace and one for the rest.
+// The made-up towns in one base, and in two: one for Millrace and one for the rest.
 class SampleFiles {
  public:
   SampleFiles() {
@@ -68,7 +68,7 @@ const SampleFiles& Sample() {
   return files;
 }
 
-// The real service on a free port of loopback, which is the one to ask.
+// The real service on a free loopback port, set as the one to ask.
 class LoopbackService {
  public:
   explicit LoopbackService(const Files& files) : source_(files) {
@@ -91,7 +91,7 @@ class LocalServiceTest : public testing::Test {
   ~LocalServiceTest() override { SetLocalAnswers({}); }
 };
 
-// What came of asking, whole.
+// The whole result of asking.
 std::string Told(const ReportingServices& services) {
   const FetchReport& fetch = services.Fetch();
   std::ostringstream told;
@@ -181,7 +181,7 @@ TEST_F(LocalServiceTest, SaysWhichFileCannotBeUsed) {
   const struct {
     const char* name;
     Files files;
-    std::string problem;  // a piece of what is said
+    std::string problem;  // part of the message
   } rows[] = {
       {"no such file", Sample().With({"gone.base"}), "gone.base: cannot be read"},
       {"half a base", Sample().With({"cut.base"}), cut + ": "},
@@ -205,7 +205,7 @@ TEST_F(LocalServiceTest, SaysWhichFileCannotBeUsed) {
   }
 }
 
-// A page that is read for an answer alone: the service failed, and the address was not judged.
+// A page instead of an answer: the service failed, and the address was not judged.
 TEST_F(LocalServiceTest, FailsWhereABaseTurnsOutToBeDamaged) {
   std::ifstream input(Sample().File("whole.base"), std::ios::binary);
   std::string whole(std::istreambuf_iterator<char>(input), {});
@@ -239,7 +239,7 @@ TEST_F(LocalServiceTest, AnswersThreadsAtOnce) {
   UseLocalService(Sample().With({"whole.base"}));  // meanwhile
 }
 
-// A worker process closes what it does not know; a base that is not in memory was among that.
+// A worker process closes files that it does not know; a base outside memory used to be among them.
 TEST_F(LocalServiceTest, AnswersInAChild) {
   RequestAddress asked;
   asked.address2 = "12 N MAIN ST";

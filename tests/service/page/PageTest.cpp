@@ -24,7 +24,7 @@ std::string Post(const std::string& body, const std::string& head = "Host: local
          "\r\n\r\n" + body;
 }
 
-// The service on the made-up towns, whose streets it knows.
+// The service with the streets of the made-up towns.
 class PageTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -131,7 +131,7 @@ TEST_F(PageTest, AnswersForms) {
       {Post(Form("table", rows)), 200, {">1000</span>"}},
       {Post(Form("table", rows + "one more\n")), 200, {"more than 1,000 rows"}},
       {Post(Form("table", std::string(1024 * 1024, 'x'))), 413, {"up to 1048576 bytes"}},
-      // Who may ask.
+      // Users.
       {Post("label=x", "Host: evil.example\r\n"), 403, {"--open-page"}},
       {Post(std::string(65'537, 'x'), "Host: evil.example\r\n"), 413, {"up to 65536 bytes"}},
       {Post("label=x", "Host: localhost\r\nVia: 1.1 proxy\r\n"), 403, {}},
@@ -139,7 +139,7 @@ TEST_F(PageTest, AnswersForms) {
       {Post("label=x", "Host: localhost\r\nOrigin: null\r\n"), 403, {}},
       {Post("label=x", "Host: localhost:1\r\nOrigin: http://localhost:1\r\n"), 200, {}},
       {Post("label=x", "Host: open.example\r\nVia: 1.1 proxy\r\n"), 200, {}, {"town.base"}},
-      // What was asked here is counted by itself.
+      // Questions from the page are counted separately.
       {"GET /metrics HTTP/1.1\r\nHost: localhost\r\n\r\n",
        200,
        {"\npostwright_addresses_total{outcome=\"found\"} 0\n"},
@@ -166,7 +166,7 @@ TEST_F(PageTest, AnswersForms) {
   }
 }
 
-// The only thread of the server goes on while a label waits for an upstream that says nothing.
+// The server's only thread goes on while a label waits for an upstream that does not answer.
 TEST_F(PageTest, HoldsNobodyUp) {
   const std::string credentials = folder_->Write("credentials", "user_id = X\n");
   Daemon silent(Arguments());
@@ -184,13 +184,13 @@ TEST_F(PageTest, HoldsNobodyUp) {
     reply = other.ReceiveResponse();
     ASSERT_TRUE(reply.starts_with("HTTP/1.1 200"));
   }
-  for (int waiting = 0; waiting < 9; ++waiting) {  // and no more wait for the page than may
+  for (int waiting = 0; waiting < 9; ++waiting) {  // one more than may wait for the page
     Socket next(address);
     next.Send(Post("label=x"));
     if (waiting == 8) {
       EXPECT_TRUE(next.ReceiveResponse().starts_with("HTTP/1.1 503"));
     }
-    other.Send(status);  // so that it is taken before the next one
+    other.Send(status);  // so that it is accepted before the next one
     other.ReceiveResponse();
   }
   silent.Signal(SIGCONT);

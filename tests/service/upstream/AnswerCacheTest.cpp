@@ -24,7 +24,7 @@ using std::chrono::seconds;
 class AnswerCacheTest : public testing::Test {
  protected:
   AnswerCacheTest() {
-    for (const ReplyField& field : kReplyFields) {  // each another text, so that none is lost
+    for (const ReplyField& field : kReplyFields) {  // all different, so that a loss shows
       found_.*field.member = std::string(field.element) + " & <B>";
     }
     found_.returnText = ReplyFields::kDefaultMatch;
@@ -76,7 +76,7 @@ TEST_F(AnswerCacheTest, KeepsOverARestartAndForItsLifetime) {
   EXPECT_EQ(cache_->Find("found"), AnswerCache::Kept(found_));
   clock_.Move(seconds(1));
   EXPECT_EQ(cache_->Find("found"), std::nullopt);
-  clock_.Move(-hours(24 * 31));  // kept in the future: of no known age
+  clock_.Move(-hours(24 * 31));  // kept in the future: its age is unknown
   EXPECT_EQ(cache_->Find("found"), std::nullopt);
   clock_.Move(hours(24 * 32));
   EXPECT_EQ(Open().Size(), 0);
@@ -130,7 +130,7 @@ TEST_F(AnswerCacheTest, BeginsANewOneBesideWhatIsDamaged) {
   }
 }
 
-// A lock costs what would have been kept, and no time; once it is gone, all is well.
+// A lock costs the answers that would have been kept, but no time; once it is gone, all is well.
 TEST_F(AnswerCacheTest, DoesWithoutAFileThatIsLocked) {
   Open().Keep("before", found_);
   postal::SqliteFile other(file_, seconds(1));

@@ -41,8 +41,8 @@ TEST(BudgetTest, SaysWhenACallIsFree) {
   EXPECT_EQ(Budget(std::nullopt).WhenFree(kNow, 1'000'000), kNow);
 }
 
-// Whoever calls whenever a call is free never makes more than the rate in any stretch, and never
-// waits while a call is free.
+// Calling whenever a call is free never exceeds the rate in any stretch of time, and never waits
+// while a call is free.
 TEST(BudgetTest, HoldsInEveryStretch) {
   std::mt19937 random(1);
   Budget budget(Budget::Rate{5, seconds(60)});

@@ -1,5 +1,6 @@
-// Whatever call of the cache fails, or is the last one before the end: what it had is there again,
-// SQLite's log goes with the next close, and the failure that is noted has file and cause.
+// Whichever call of the cache fails, or is the last one before the process is killed: what it had
+// is still there, SQLite's log goes with the next close, and the logged failure names file and
+// cause.
 
 #include <gtest/gtest.h>
 
@@ -37,7 +38,7 @@ class CacheFaultsTest : public testing::Test {
     };
   }
 
-  // What a gateway does that starts and answers.
+  // What a gateway does when it starts and answers.
   std::string Use() const {
     try {
       AnswerCache cache(file_, "a", clock_, {});

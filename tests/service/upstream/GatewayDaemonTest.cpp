@@ -85,8 +85,8 @@ class GatewayDaemonTest : public testing::Test {
   PostalStandIn api_;
 };
 
-// Each row of a document is asked for by itself; what is turned down spoils nothing, what cannot be
-// asked for now makes an error of the whole, and what was answered beside it is kept.
+// Each address of a document is asked for by itself: one that is turned down does not affect the
+// others; one that cannot be asked for now makes the whole an error, but the answers are kept.
 TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
   {
     Daemon daemon(Arguments({"--budget", "4/h"}));
@@ -150,7 +150,7 @@ TEST_F(GatewayDaemonTest, AnswersWholeDocuments) {
   EXPECT_EQ(api_.Addresses(), 4);
   ExpectHolds(Get(address, "/status", "Host: A.example:80\r\nX-Forwarded-For: 192.0.2.1\r\n"),
               {"HTTP/1.1 200", "1 answered from the local base"});
-  // What the board for Grafana asks for is there.
+  // Every metric of the Grafana board exists.
   std::ifstream file(POSTWRIGHT_SOURCE_DIR "/examples/grafana/postwright.json");
   const std::string board{std::istreambuf_iterator<char>(file), {}};
   const std::string metrics = Body(Get(address, "/metrics"));

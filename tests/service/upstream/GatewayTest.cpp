@@ -17,7 +17,7 @@ namespace {
 
 using std::chrono::seconds;
 
-// An upstream that answers as it is told, when it is let.
+// An upstream that answers what it is told, when it is allowed to.
 class ScriptedUpstream final : public Upstream {
  public:
   const std::string& Name() const override { return name_; }
@@ -65,7 +65,7 @@ class ScriptedUpstream final : public Upstream {
     allowed_ = calls < 0 ? 0 : allowed_ + calls;
     changed_.notify_all();
   }
-  // Waits until that many calls have come, since the beginning.
+  // Waits until that many calls have come in all.
   void Await(int calls) {
     std::unique_lock lock(mutex_);
     EXPECT_TRUE(changed_.wait_for(lock, seconds(20), [&] { return arrived_ >= calls; }));
@@ -98,7 +98,7 @@ class ScriptedUpstream final : public Upstream {
   bool isStopped_ = false;
 };
 
-// A source that can answer nothing.
+// A source that cannot answer anything.
 class LocalNothing final : public AnswerSource {
   void Find(const RequestAddress&, const std::string&, Done done) override {
     done(ServiceFault{"80040B18", "", ""});
@@ -129,7 +129,7 @@ class GatewayTest : public testing::Test {
         upstream_, [this] { return zips_; }, Budget(rate_), &*cache_, clock_, limits_, log_);
   }
 
-  // What becomes of an address whose delivery line begins with `number`.
+  // Asks for an address whose delivery line begins with `number`.
   std::future<AddressAnswer> Find(const std::string& number, const std::string& asker = "a") {
     if (!gateway_) {
       Start();
@@ -196,7 +196,7 @@ TEST_F(GatewayTest, AsksForOneAddressOnce) {
   EXPECT_EQ(state.turnedDownHere, 1U);
 }
 
-// Of three calls about one place two are made: the ZIP+4 stands in the answer that is kept.
+// Of three questions about one place only two become calls: the kept answer has the ZIP+4.
 TEST_F(GatewayTest, MakesTheOtherCalls) {
   Start();
   const auto ask = [this](AddressCall call, const char* zip) {
@@ -247,7 +247,7 @@ TEST_F(GatewayTest, CachedAnswersGoOnWhileTheUpstreamHangs) {
   EXPECT_TRUE(IsReady(Find("1")));
   EXPECT_EQ(gateway_->State().calling, limits_.connections);
   EXPECT_EQ(gateway_->State().waiting, 20 - limits_.connections);
-  gateway_.reset();  // whoever waits is told
+  gateway_.reset();  // those who wait get an answer
   for (auto& answer : stuck) {
     EXPECT_EQ(Show(Get(std::move(answer))), "stopping");
   }
@@ -323,7 +323,7 @@ TEST_F(GatewayTest, LeavesAnUpstreamAloneThatFails) {
     for (const seconds pause : row.pauses) {
       const AddressAnswer answer = Get(Find(std::to_string(++number)));
       EXPECT_EQ(Show(answer), NameOf(row.kind));
-      EXPECT_EQ(RetryAfter(answer), seconds(0));  // nobody promised anything
+      EXPECT_EQ(RetryAfter(answer), seconds(0));  // no time was promised
       const auto resumesAt = gateway_->State().resumesAt;
       EXPECT_EQ(resumesAt ? *resumesAt - clock_.Today() : seconds(0), pause);
       clock_.Move(pause);
@@ -351,7 +351,7 @@ TEST_F(GatewayTest, NobodyWaitsForLongerThanTheDeadline) {
   EXPECT_FALSE(IsReady(later));
   clock_.Move(seconds(30));
   EXPECT_EQ(Show(Get(std::move(later))), "late");
-  upstream_.Allow(1);  // the answer that nobody waits for any more is kept
+  upstream_.Allow(1);  // the answer is kept, although nobody waits for it any more
   while (Show(Get(Find("1"))) != "found") {
   }
   EXPECT_EQ(Calls(), 1U);
@@ -400,20 +400,20 @@ TEST_F(GatewayTest, AnswersManyAtOnce) {
   EXPECT_EQ(Calls(), 100U);
 }
 
-// What lacks the confirmation today may have it tomorrow.
+// An address that lacks the confirmation today may have it tomorrow.
 TEST_F(GatewayTest, KeepsNoIncompleteAnswer) {
   upstream_.Say({ScriptedUpstream::Found(), 1, false});
   EXPECT_EQ(Ask("1"), "found");
   while (gateway_->State().calling > 0) {
   }
   upstream_.Find();
-  while (Calls() < 2) {  // joined while the call before is being finished
+  while (Calls() < 2) {  // joined while the previous call is finishing
     EXPECT_EQ(Ask("1"), "found");
   }
   EXPECT_EQ(cache_->Failures(), 0U);
 }
 
-// Whoever asks with itself in the answer's way is answered before it is gone.
+// A caller that holds up its own answer is answered before it is gone.
 TEST_F(GatewayTest, NoAnswerComesToWhatIsNoMore) {
   upstream_.Hold();
   Start();
@@ -450,7 +450,7 @@ TEST(FairQueueTest, DisplacesOnlyFromALongerLane) {
 }
 
 TEST_F(GatewayTest, FallsBackOnTheBaseUnconfirmed) {
-  // A base that knows streets would say all this.
+  // A base with streets would say all this.
   class Confident final : public AnswerSource {
     void Find(const RequestAddress&, const std::string&, Done done) override {
       ReplyFields fields = ScriptedUpstream::Found();

@@ -11,33 +11,34 @@
 
 namespace postwright::service {
 
-// The postal service's API as far as it is known from its description and from recorded replies: a
-// token endpoint and the Addresses endpoint.
+// The postal service's API, as known from its description and from recorded replies: a token
+// endpoint and the Addresses endpoint.
 //
 //   PostalStandIn api;
 //   api.Say("12 MAIN ST", 200, PostalStandIn::Found("12 MAIN ST"));
 //   PostalApiUpstream upstream(api.Url(), …);
 //
-// It knows client "id" with secret "secret". One request at a time; what holds one holds all.
+// It knows the client "id" with the secret "secret". It serves one request at a time, so holding
+// one holds all.
 class PostalStandIn {
  public:
   PostalStandIn();
 
   std::string Url() const { return "http://" + server_.GetEndpoint(); }
 
-  // The reply to an address, told by its streetAddress; 404 for one that nothing was said of.
+  // Sets the reply to an address with this streetAddress; any other gets 404.
   void Say(const std::string& street, int status, const std::string& body,
            const std::string& headers = "");
-  // Bytes in the place of a whole response to any address.
+  // Sends these bytes instead of a response, to any address.
   void Break(const std::string& bytes);
 
-  void EndTokens();                      // those that were given are good no more
-  void SetTokenReply(std::string json);  // in which @ stands for the token; empty: 503
+  void EndTokens();                      // tokens given so far become invalid
+  void SetTokenReply(std::string json);  // @ stands for the token; empty: 503
   void Hold();                           // addresses wait until Release
   void Release();
 
   int Tokens() const;     // token requests so far
-  int Addresses() const;  // address requests so far, whatever their answer
+  int Addresses() const;  // address requests so far, with any answer
 
   // A reply of the API for a clean hit, with `street` in it.
   static std::string Found(const std::string& street);

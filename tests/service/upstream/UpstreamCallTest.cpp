@@ -46,7 +46,7 @@ FaultKind FaultOf(HttpOutcome end) {
                                         : FaultKind::BadReply;
 }
 
-// Whatever a server sends, a call ends, and with the whole answer or none.
+// Whatever a server sends, a call ends with the whole answer or none.
 TEST(HttpClientTest, EndsWhateverTheServerDoes) {
   HttpClient client({.whole = HostileLimits().whole, .bytes = HostileLimits().bytes});
   ForEachHostileShape([&client](const HostileShape& shape) {
@@ -65,7 +65,7 @@ TEST(HttpClientTest, EndsWhateverTheServerDoes) {
   });
 }
 
-// A partner is asked within the same bounds, and no shape is taken for an address or a refusal.
+// A partner is asked within the same limits, and no shape is taken for an address or a refusal.
 TEST(VerifyXmlUpstreamTest, TakesNothingOfAHostileServer) {
   const TempFolder folder;
   const std::string credentials = folder.Write("partner", "user_id = id\n");
@@ -109,7 +109,7 @@ class PostalUpstreamTest : public testing::Test {
   std::optional<PostalApiUpstream> upstream_;
 };
 
-// While the old token is good, a token server that fails is asked once a minute and fails nobody.
+// While the old token is valid, a failing token server is asked once a minute and no call fails.
 TEST_F(PostalUpstreamTest, GoesOnWithTheOldTokenWhereThereIsNoOther) {
   Ask();
   api_.SetTokenReply("");
@@ -158,7 +158,7 @@ TEST_F(PostalUpstreamTest, ReadsTokensInEveryForm) {
   const struct {
     const char* reply;
     const char* result;
-    seconds life;  // after which the next one is fetched
+    seconds life;  // then the next one is fetched
   } rows[] = {
       {R"({"access_token":"@","expires_in":100})", "found", seconds(90)},
       {R"({"access_token":"@","expires_in":"100"})", "found", seconds(90)},
@@ -377,7 +377,8 @@ TEST(VerifyXmlUpstreamTest, GivesOnCandidatesAndKeepsThem) {
   EXPECT_EQ(answer.candidates[2], ChoiceSource::Choice(2));
   EXPECT_EQ(ask("12", 50).candidates.size(), 50U);
   EXPECT_EQ(source.count, 1);
-  // A request for none is answered with what was kept, and the other way round asks once more.
+  // A request without candidates is answered from what was kept; the other way round asks once
+  // more.
   answer = ask("12", 0);
   EXPECT_TRUE(isMultiple(answer) && answer.candidates.empty());
   EXPECT_EQ(source.count, 1);

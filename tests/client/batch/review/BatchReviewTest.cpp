@@ -9,7 +9,7 @@ using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
-// A record as one letter says: Pending, Confirmed, Unchanged, Fixed, Blank, Multiple, Error, Down,
+// A record by its letter: Pending, Confirmed, Unchanged, Fixed, Blank, Multiple, Error, Down,
 // Network.
 BatchResultRecordPointer Record(QChar kind) {
   auto record = std::make_shared<BatchResultRecord>(u"12 main st"_qs);

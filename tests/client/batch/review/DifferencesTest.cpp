@@ -29,7 +29,7 @@ class DifferencesTest : public QObject {
   void longTextsTakeBoundedTime();
 };
 
-// Both texts with what is to be marked in brackets, and the changes as they are spoken.
+// Both texts with the marked parts in brackets, and the changes as spoken.
 void DifferencesTest::marksWhatChanged_data() {
   QTest::addColumn<QString>("before");
   QTest::addColumn<QString>("after");
@@ -74,7 +74,7 @@ void DifferencesTest::marksWhatChanged() {
   QCOMPARE(spoken.join(u'|'), changes);
 }
 
-// What left its line for one that was there already. Lines that were broken or joined are the same.
+// Words that moved to another existing line. Lines that were broken or joined count as the same.
 void DifferencesTest::tellsWhatMoved() {
   const struct {
     QString before;
@@ -101,7 +101,7 @@ void DifferencesTest::tellsWhatMoved() {
   }
 }
 
-// The ends are compared all the same. The hang guard of the test is its only clock.
+// The ends are still compared. The test's time limit is its only clock.
 void DifferencesTest::longTextsTakeBoundedTime() {
   const std::pair<QString, QString> rows[] = {
       {u"old "_qs.repeated(100000), u"new "_qs.repeated(100000)},
