@@ -48,7 +48,7 @@ struct POSTWRIGHT_CLIENT_EXPORT AddressOutcome {
   // The letters of the reply's Footnotes element; nil where nobody knows them, and the answer is
   // then not explained.
   std::optional<std::string> footnotes = {};
-  // True where an answer that says the same as the text is to be written back in its form, too.
+  // True where an answer that says the same as the text is to be written back in its form too.
   bool givesForm = false;
 
   // True where the service or the network failed: the address was not judged.
@@ -171,7 +171,7 @@ class POSTWRIGHT_CLIENT_EXPORT BatchResultRecord {
   // Takes `fixed`, the address of a candidate that the user chose: status AddressStatusFixed.
   void setFixed(const QString& fixed);
 
-  // Puts `values` in place of those that there are, and returns these: for taking a change back.
+  // Replaces the current values by `values`, and returns the old ones: for undoing a change.
   // The outcome of a fix that is under way is dropped.
   Values exchange(Values values);
 

@@ -22,7 +22,7 @@ namespace postwright {
 // Nil where the files are in use; else which of them cannot be used and why, in English, and
 // everything stays as it was. Takes as long as reading the files does. Any thread.
 //
-// A program that calls this links libpostwright-local (Postwright::Local), too; libpostwright does
+// A program that calls this links libpostwright-local (Postwright::Local) too; libpostwright does
 // not need it.
 inline std::optional<QString> useLocalService(const QStringList& files) {
   std::vector<std::filesystem::path> paths;

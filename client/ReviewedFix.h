@@ -27,7 +27,7 @@ class POSTWRIGHT_CLIENT_EXPORT ReviewedFix {
     LabelForm form;
   };
 
-  // Asks through `client`, once at the most, and blocks as its fixAddress() does. `client` must
+  // Asks through `client`, once at most, and blocks as its fixAddress() does. `client` must
   // keep punctuation, and says which case the text has.
   ReviewedFix(PostwrightClient& client, const QString& label, const Asking& asking);
 

@@ -74,7 +74,7 @@ HttpOutcome OutcomeOf(CURLcode end, const HttpTransfer& transfer) {
   switch (end) {
     case CURLE_URL_MALFORMAT:
     case CURLE_UNSUPPORTED_PROTOCOL:
-      // A redirect may lead to such a URL, too.
+      // A redirect may lead to such a URL too.
       return transfer.Requests() > 0 ? HttpOutcome::BadAnswer : HttpOutcome::BadUrl;
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY:

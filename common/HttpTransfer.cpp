@@ -54,7 +54,7 @@ bool HttpTransfer::CheckField(std::string_view line) {
     std::uint64_t length = 0;
     const auto [end, fault] = std::from_chars(value.begin(), value.end(), length);
     if (fault != std::errc() || end != value.end() || contentLength_.value_or(length) != length) {
-      return End(HttpOutcome::BadAnswer, "a length that is none, or two of them");
+      return End(HttpOutcome::BadAnswer, "an invalid length, or two of them");
     }
     contentLength_ = length;
   }

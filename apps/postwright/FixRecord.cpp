@@ -34,7 +34,7 @@ void AddWords(JsonRecord& record, const std::string& confirmation, const std::st
   record.AddJson("changes", changes);
 }
 
-// The record of a label that nobody was heard about.
+// The record of a label that got no answer.
 std::string FailedRecord(const LabelLine& label, const std::string& result,
                          const std::string& reason, const std::string& reasonText, int status,
                          const RecordOptions& options) {

@@ -22,7 +22,7 @@ class LabelFix {
     bool acceptDoubtful = false;  // what is doubtful is made all the same
   };
 
-  // Asks through `client`, once at the most, and blocks as its fixAddress() does. `client` must
+  // Asks through `client`, once at most, and blocks as its fixAddress() does. `client` must
   // keep punctuation, and says which case the text has.
   LabelFix(const std::wstring& label, const Asking& asking, PostwrightClient& client);
 

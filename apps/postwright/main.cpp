@@ -37,7 +37,7 @@ string as "address" and any "id", or with the label in parts (name, street, unit
 Each line of the output is an object with the keys prefix, number, predirectional, street,
 street_suffix, postdirectional, secondary_unit, secondary_number, street_line, city, state, zip and
 suffix, after the id where one was given. A label that holds no address has thirteen empty strings;
-so has a line that is no label or longer than 16 MiB, which is reported.
+so has a line that is not a label or is longer than 16 MiB, which is reported.
 
 With --jobs as many worker processes read labels at once, a few hundred each; the records come in
 the order of the lines all the same. The labels of one that dies are handed out again. --resume FILE
@@ -46,7 +46,7 @@ there; a half last line is dropped.
 
 A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
 
-Exit status: 0 done; 1 no address found, or a line was no label or row; 2 wrong usage, or
+Exit status: 0 done; 1 no address found, or a line was not a label or row; 2 wrong usage, or
 input or output that cannot be read or written; 141 the reader of the output went away.
 
 Example: printf 'Jane Doe\n12 n main st apt 4\naustin tx 78701\n' | postwright parse)";
@@ -93,9 +93,9 @@ address (the text as given), fixed (the text to use), result (why a fix failed),
 street, or empty), reason (a code: why a label was left alone, why nothing was read in it, why it
 was turned down or not answered, or what is doubtful) and status (0 unchanged, 1 fixed, 2 for a
 person to decide, 3 turned down, 4 not answered), after the id where one was given. Records come in
-the order of the lines, each as soon as it and all before it are known. A line that is no label or
-longer than 16 MiB is reported, and has status 3. A label whose worker process, of --jobs, died over
-it has status 4.
+the order of the lines, each as soon as it and all before it are known. A line that is not a label
+or is longer than 16 MiB is reported, and has status 3. A label over which a worker process of
+--jobs died has status 4.
 
 A doubtful correction has status 2, an empty fixed, and proposed (the text as corrected). With
 --explain each record has confirmation_text and reason_text, the two in words, source (base,
@@ -119,17 +119,16 @@ its header; --csv says it is one, and --columns names the columns of the label. 
 digits stays one. A row that cannot be read stays and is reported. --resume keeps the records of the
 rows in a file of their own, beside --output.
 
-A service that leaves three labels in a row without an answer is waited for: it is asked again after
-a second, then after growing pauses of a minute at most, and the run goes on by itself. Where there
-is no answer at all for the time of --give-up-after, the run ends with status 75; what was written
-is whole, and a run with --output leaves its records in FILE.unfinished-..., which --resume goes on
-with. A wait that the service asks for (Retry-After, a gateway whose budget is spent) does not
-count.
+When a service leaves three labels in a row unanswered, the run waits for it: it asks again after a
+second, then after growing pauses of at most a minute, and goes on by itself. If there is no answer
+for the time of --give-up-after, the run ends with status 75; what was written is whole, and a run
+with --output leaves its records in FILE.unfinished-..., which --resume goes on with. A wait that
+the service asks for (Retry-After, a gateway whose budget is spent) does not count.
 
 On a terminal that can write over a line, standard error shows how far the run has come, unless with
 --quiet.
 
-Exit status: 0 done, for many labels even where fixes failed; 1 the fix failed, or a line was no
+Exit status: 0 done, for many labels even where fixes failed; 1 the fix failed, or a line was not a
 label or row; 2 wrong usage, or input or output that cannot be read or written; 3 the correction is
 doubtful and was not taken; 75 the service gave no answer for too long; 141 the reader of the output
 went away.

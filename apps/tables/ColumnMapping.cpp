@@ -152,7 +152,7 @@ ColumnMapping::Division ColumnMapping::divide(const QString& label,
 }
 
 // The line of a country stays as its column had it, code or name. A label within the United States
-// names none, so what the column says of them stays, too.
+// names none, so what the column says of them stays too.
 void ColumnMapping::putCountry(QStringList& cells, const QStringList& old,
                                LabelParts& parts) const {
   if (!has(ColumnRole::Country)) {
@@ -174,7 +174,7 @@ void ColumnMapping::putCountry(QStringList& cells, const QStringList& old,
   }
 }
 
-// A place of another country is not read, but where it is as it was its columns are, too.
+// A place of another country is not read, but where it is as it was its columns are too.
 void ColumnMapping::keepForeign(QStringList& cells, const QStringList& old,
                                 LabelParts& parts) const {
   const QString was = composePlace(old);

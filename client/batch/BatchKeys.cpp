@@ -61,7 +61,7 @@ bool BatchKeys::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool isInWindow =
         static_cast<QWidget*>(watched)->window() == &_window;  // no list of a box
-    // A key that the table leaves alone goes on to the widgets around it, which are watched, too.
+    // A key that the table leaves alone goes on to the widgets around it, which are watched too.
     const bool isAtTable = _window.focusWidget() == layout.tvAddresses;
     if (plain && press->key() == Qt::Key_Escape && !isAtTable && isInWindow &&
         layout.tvAddresses->isVisible()) {

@@ -68,7 +68,7 @@ struct BatchOptions {
   // Once a run has ended, how it went can be looked at in figures and saved as a report.
   bool summarizes = false;
 
-  // Everything that there is.
+  // Everything.
   static BatchOptions all() {
     BatchOptions options;
     options.reviewsCorrections = options.sameFormForAll = options.keepsWork =

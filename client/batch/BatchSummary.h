@@ -7,7 +7,7 @@
 
 namespace postwright {
 
-// How a list stands, in figures with a bar to each that a screen reader reads, too; from here the
+// How a list stands, in figures with a bar to each that a screen reader reads too; from here the
 // report is saved.
 class BatchSummary final : public QDialog {
   Q_OBJECT

@@ -29,7 +29,7 @@ class BatchWindow;
 // the worker starts when it is first shown. Everything here belongs to the thread of the windows.
 // Without options the window opens no box of its own but the designation dialog, and that only for
 // a candidate with a range, so a test or a host can drive it: widgets are found by object name
-// (scFilter, tvAddresses, bnUpdate, ...), and every action is an operation here, too.
+// (scFilter, tvAddresses, bnUpdate, ...), and every action is an operation here too.
 class POSTWRIGHT_CLIENT_EXPORT PostwrightController : public QDialog {
   Q_OBJECT
 

@@ -28,7 +28,7 @@ bool isNilOrEmpty(const std::optional<QString>& text);
 // Returns the letters and digits of `text`, in their order and with nothing between them.
 QString alphanumericOnly(const QString& text);
 
-// True when every character of `text` is a letter; so for the empty string, too.
+// True when every character of `text` is a letter; so for the empty string too.
 bool isAllLetters(const QString& text);
 
 // Returns the capitalized form: in each run of letters and digits the first letter in upper case

@@ -36,7 +36,7 @@ struct postwright_canceller {
 
 namespace postwright {
 
-// Waits for the turn at the parser, the process's only one, which a fix uses, too; nullopt where
+// Waits for the turn at the parser, the process's only one, which a fix uses too; nullopt where
 // the caller has lost interest before it came. `cancelled` may be null.
 std::optional<std::unique_lock<std::timed_mutex>> TakeTurn(const std::atomic<bool>* cancelled);
 

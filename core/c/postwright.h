@@ -245,7 +245,7 @@ typedef struct postwright_candidate {
 // As postwright_fix, and asks the service for at most `most` candidates, from 1 to 50, in the head
 // of its request ("Postwright-Candidates: 50"); a host's `read_url` sends that field by itself.
 // Where the service names any the result is POSTWRIGHT_MULTIPLE_MATCH, `*candidates` is set to a
-// handle that the caller frees, and `*fixed` where the service gave a standard form, too. With
+// handle that the caller frees, and `*fixed` where the service gave a standard form too. With
 // every other result `*candidates` is null. POSTWRIGHT_BAD_ARGUMENT also where `most` is below 1.
 POSTWRIGHT_CORE_EXPORT int32_t postwright_fix_candidates(const char* text, size_t length,
                                                          const postwright_services* services,
@@ -308,7 +308,7 @@ enum {
   POSTWRIGHT_REPORT_CONFIRMATION = 3,
   /* 1 where the service knows the street's numbers, and the one asked about is not among them */
   POSTWRIGHT_REPORT_CONTRADICTS_NUMBER = 4,
-  /* 1 where nobody judged the address, and asking again later may help; 0 also where nothing is
+  /* 1 where the address was not judged, and asking again later may help; 0 also where nothing is
      known of the fetch */
   POSTWRIGHT_REPORT_UNANSWERED = 5,
   /* 1 where the service knows the building's units, and the one asked about is not among them */

@@ -50,7 +50,7 @@ class POSTWRIGHT_CORE_EXPORT Postwright {
   // Throws PostwrightException with
   //   FixResultInvalidAddress  the service answered with an error for this address
   //   FixResultBadReply        `services` or what its ReadUrl returned was null, or the reply was
-  //                            empty (no network, too), no XML, or had no Address; so is a reply
+  //                            empty (no network too), no XML, or had no Address; so is a reply
   //                            that holds a NUL, is not UTF-8 (nor ISO-8859-1 or Windows-1252 and
   //                            declared so), or is built to exhaust the XML parser: elements
   //                            nested deeper than 100, an element of more than 100 attributes,

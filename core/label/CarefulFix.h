@@ -45,7 +45,7 @@ class CarefulFix {
     int candidates = 0;  // as many are asked for at most, up to VerifyCandidate::kMost
   };
 
-  // Asks the service in force, once at the most, and blocks until it answers. Uses
+  // Asks the service in force, once at most, and blocks until it answers. Uses
   // AddressParser::GetInstance(): one thread at a time. Fails as unanswered within about a second
   // once `abandoned`, which may be null, holds true.
   CarefulFix(const std::wstring& label, const Asking& asking, const std::atomic<bool>* abandoned);

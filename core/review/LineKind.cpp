@@ -131,7 +131,7 @@ bool IsHouse(const std::wstring& upper) {
          words.size() > 1 && !IsCompanyWord(std::wstring(words.back()));
 }
 
-// Number words are street names, too: THREE RIVERS DR, ONE MILE RD. They are a house number where a
+// Number words are street names too: THREE RIVERS DR, ONE MILE RD. They are a house number where a
 // street that is a number or has a directional follows, and ONE in front of most names.
 bool IsHouseInWords(const std::wstring& upper) {
   const std::vector<std::wstring_view> words = WordsOf(upper);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::wstring_view kPunctuation = L" ,.;:()-";
 constexpr std::wstring_view kDashes = L"-\u2010\u2011\u2012\u2013\u2014\u2212";
-constexpr std::size_t kLongestEnd = 60;  // of characters after the state's name, at the most
+constexpr std::size_t kLongestEnd = 60;  // of characters after the state's name, at most
 
 std::wstring_view DigitsAtEnd(std::wstring_view text) {
   std::size_t begin = text.size();

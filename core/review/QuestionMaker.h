@@ -22,12 +22,12 @@ class QuestionMaker {
   explicit QuestionMaker(const Place& place) : place_(place) {}
 
   // Returns the question about a delivery line and the units on lines of their own, nullopt where
-  // the grammar reads it otherwise. Adds what it respells. Calls the parser six times at the most.
+  // the grammar reads it otherwise. Adds what it respells. Calls the parser six times at most.
   std::optional<std::wstring> Compose(const LabelPiece& street, LineKind kind,
                                       const std::vector<LabelPiece>& units,
                                       std::vector<RespelledWords>& respellings);
 
-  // The same of a line that holds the city, too. Calls the parser twice at the most.
+  // The same of a line that holds the city too. Calls the parser twice at most.
   std::optional<std::wstring> ComposeAllInOne(const LabelPiece& line, LineKind kind,
                                               std::vector<RespelledWords>& respellings);
 

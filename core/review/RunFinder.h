@@ -31,7 +31,7 @@ class RunFinder {
   RunFinder(std::wstring_view text, std::vector<LabelPiece> pieces, bool mayCut)
       : text_(text), pieces_(std::move(pieces)), mayCut_(mayCut) {}
 
-  // Calls the parser twelve times at the most.
+  // Calls the parser twelve times at most.
   std::optional<AddressRun> Find();
 
  private:

@@ -23,7 +23,7 @@ namespace postwright::postal {
 // numbers. Borrows the reader. One thread, one address.
 class CandidateFinder {
  public:
-  // Gives `most` candidates at the most: of numbers those that are nearest to the one asked for.
+  // Gives `most` candidates at most: of numbers those that are nearest to the one asked for.
   CandidateFinder(JoinedReader& reader, size_t most) : reader_(reader), most_(most) {}
 
   // The address as it was asked for, on each street of `match` that has the number.

@@ -11,7 +11,7 @@ namespace postwright::postal {
 // Puts the lines of one address together: the delivery line, and what is set above it.
 class LineCollector {
  public:
-  // `above` are lines set above already, set apart by line feeds.
+  // `above` are lines set above already, separated by line feeds.
   LineCollector(Words street, std::string above)
       : street_(std::move(street)), above_(std::move(above)) {}
 

@@ -12,7 +12,7 @@
 
 namespace postwright::postal {
 
-// An address as it was sent: UTF-8, lines within a field set apart by line feeds.
+// An address as it was sent: UTF-8, lines within a field separated by line feeds.
 struct SentAddress {
   std::string address1;
   std::string address2;  // the delivery line
@@ -23,7 +23,7 @@ struct SentAddress {
 
 // The same, cut again. A field that is right stays as it was sent.
 struct CutAddress {
-  std::string above;  // lines of neither, as they were sent, set apart by line feeds
+  std::string above;  // lines of neither, as they were sent, separated by line feeds
   std::string address2;
   std::string city;
 };

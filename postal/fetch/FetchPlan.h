@@ -39,7 +39,7 @@ struct FetchKind {
 
 const std::vector<FetchKind>& FetchKinds();
 
-// nullptr for a name that is none.
+// nullptr for an unknown name.
 const FetchKind* FindFetchKind(const std::string& name);
 
 }  // namespace postwright::postal

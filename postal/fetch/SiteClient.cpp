@@ -19,7 +19,7 @@ bool IsRedirect(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
 
-// A server under load, or what comes before it, says 403, too.
+// A server under load, or what comes before it, says 403 too.
 bool MayPass(const HttpFetch::Reply& reply) {
   switch (reply.outcome) {
     case HttpOutcome::Answered:

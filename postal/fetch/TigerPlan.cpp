@@ -36,7 +36,7 @@ std::vector<IndexEntry> ListFolder(SiteClient& client, const std::string& path) 
   }
 }
 
-// The years that there are, the newest first.
+// The published years, the newest first.
 std::vector<std::string> ListYears(SiteClient& client) {
   std::vector<std::string> years;
   for (const IndexEntry& entry : ListFolder(client, kRoot)) {

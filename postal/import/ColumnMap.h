@@ -12,7 +12,7 @@
 namespace postwright::postal {
 
 // Which columns of a table make up which field. A field of several has them one after the other,
-// set apart by blanks: the National Address Database has a street's name in eight.
+// separated by blanks: the National Address Database has a street's name in eight.
 class ColumnMap {
  public:
   using Columns = std::array<std::vector<std::string>, kFields>;

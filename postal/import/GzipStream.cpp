@@ -45,7 +45,7 @@ size_t GzipStream::Read(char* bytes, size_t size) {
       break;
     }
     isBetween_ = false;
-    const int end = inflate(&unpacker_, Z_NO_FLUSH);  // without input, too: it may hold output back
+    const int end = inflate(&unpacker_, Z_NO_FLUSH);  // without input too: it may hold output back
     if (end == Z_BUF_ERROR && !hasInput) {
       throw SourceError(name_ + ": is cut short: what is packed in it does not end");
     }

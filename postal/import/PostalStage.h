@@ -40,7 +40,7 @@ class PostalStage {
   bool Delete(const std::string& key);
 
   // Puts what was gathered in `stage`, attached to `whole`, into the tables of a base; with
-  // `update`, what other sources than `source` have in `old`, too.
+  // `update`, what other sources than `source` have in `old` too.
   static void Compose(SqliteFile& whole, int64_t source, bool update);
 
  private:

@@ -63,9 +63,9 @@ void ShortenMailbox(Words& words, size_t from) {
   words.resize(kept);
 }
 
-// APT4B, STE-209, PH1: parts designators from their numbers.
-void PartDesignators(Words& words, size_t from) {
-  Words parted;
+// APT4B, STE-209, PH1: splits designators from their numbers.
+void SplitDesignators(Words& words, size_t from) {
+  Words split;
   for (size_t at = from; at < words.size(); ++at) {
     std::string& word = words[at];
     const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
@@ -73,13 +73,13 @@ void PartDesignators(Words& words, size_t from) {
     std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
     const bool isDesignator = !Lexicon::Get().NumberedUnit(letters).empty() || letters == "PH";
     if (digits < word.size() && letters.size() > 1 && isDesignator) {
-      parted.push_back(std::move(letters));
+      split.push_back(std::move(letters));
       word.erase(0, digits);
     }
-    parted.push_back(std::move(word));
+    split.push_back(std::move(word));
   }
   words.resize(from);
-  std::move(parted.begin(), parted.end(), std::back_inserter(words));
+  std::move(split.begin(), split.end(), std::back_inserter(words));
 }
 
 // The number of a floor, 2 of 2ND and SECOND; empty for another word.
@@ -227,7 +227,7 @@ class LastUnit {
 
 Words TakeUnits(Words& words, size_t kept) {
   ShortenMailbox(words, kept);
-  PartDesignators(words, kept);
+  SplitDesignators(words, kept);
   Words units;
   while (words.size() > kept) {
     Unit last = LastUnit(words, kept, words.size()).Read();

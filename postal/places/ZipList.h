@@ -40,7 +40,7 @@ class ZipList {
 
   ZipList();
 
-  // Adds the rows of `file`: ZIP, city, state, set apart by tabs, UTF-8, no header; empty lines are
+  // Adds the rows of `file`: ZIP, city, state, separated by tabs, UTF-8, no header; empty lines are
   // passed over. A later row for a ZIP replaces an earlier one, also one of another file. Throws
   // ZipListError for a file that cannot be read or holds anything else; what was loaded stays.
   void Load(const std::filesystem::path& file);

@@ -21,7 +21,7 @@ namespace postwright::service {
 //   EmbeddedService service({"us-zips.tsv"});
 //   service.Answer("http://any.example/ShippingAPI.dll?API=Verify&XML=...", {}).body;
 //
-// Any thread may call Answer, in a child of the process that made the object, too.
+// Any thread may call Answer, in a child of the process that made the object too.
 class EmbeddedService {
  public:
   // As LocalSource; throws ZipListError, too, where the files hold no ZIP codes.

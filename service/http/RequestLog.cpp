@@ -87,7 +87,7 @@ bool RequestLog::WriteLines(std::string_view lines) const {
       return false;
     }
     const size_t end = lines.size() <= kPipe ? lines.size() : lines.rfind('\n', kPipe - 1) + 1;
-    // A log that cannot be written has nobody who could be told.
+    // If the log cannot be written there is nowhere to report it.
     [[maybe_unused]] const ssize_t written = write(descriptor_, lines.data(), end);
     lines.remove_prefix(end);
   }

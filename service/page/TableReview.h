@@ -26,7 +26,7 @@ class TableReview {
   static constexpr size_t kMostColumns = 200;
 
   // Reads UTF-8 text (tabletext::Read). Its first row names the columns; where it does not, each
-  // row is a label, in one cell or with its lines set apart by commas. Columns of an earlier review
+  // row is a label, in one cell or with its lines separated by commas. Columns of an earlier review
   // are replaced.
   explicit TableReview(std::string_view text);
 

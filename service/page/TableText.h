@@ -15,7 +15,7 @@ struct Row {
   std::string problem;  // why it cannot, for a person; empty where it can
 };
 
-// Reads CSV (RFC 4180), or rows set apart by tabs, semicolons or strokes, whichever the first line
+// Reads CSV (RFC 4180), or rows separated by tabs, semicolons or strokes, whichever the first line
 // has most of; empty rows are passed over, and no more than `most` are read. A row has up to
 // kMostLines lines: where a quotation mark is not closed by then, its first line alone cannot be
 // read. Takes time in proportion to the text. Pure, for any thread.

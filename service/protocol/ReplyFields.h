@@ -38,7 +38,7 @@ struct ReplyFields {
 
   bool operator==(const ReplyFields&) const = default;
 
-  // Puts lines that are not part of the address, set apart by line feeds, in front of the delivery
+  // Puts lines that are not part of the address, separated by line feeds, in front of the delivery
   // line: there is no other place where clients look for them.
   void PutAbove(const std::string& lines);
 };

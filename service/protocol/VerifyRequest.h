@@ -11,7 +11,7 @@
 
 namespace postwright::service {
 
-// One address as it was asked for: UTF-8, as the client wrote it, lines within a field set apart by
+// One address as it was asked for: UTF-8, as the client wrote it, lines within a field separated by
 // line feeds. Elements that the client left out are empty; of a ZIP code whose city is asked for
 // there is nothing but zip5.
 struct RequestAddress {
@@ -55,7 +55,7 @@ inline constexpr RequestField kRequestFields[] = {
     {"Zip5", &RequestAddress::zip5},         {"Zip4", &RequestAddress::zip4},
 };
 
-// The field of a request's head that asks for candidates: how many at the most, "50".
+// The field of a request's head that asks for candidates: how many at most, "50".
 inline constexpr std::string_view kCandidatesHeader = "Postwright-Candidates";
 
 // The one that asks whose word each answer is: "1".

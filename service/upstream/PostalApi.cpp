@@ -87,7 +87,7 @@ bool HasCode(const json& reply, std::string_view code) {
   return false;
 }
 
-// The API gives the abbreviation as the city, too. The ZIP list's name is taken where it
+// The API gives the abbreviation as the city too. The ZIP list's name is taken where it
 // abbreviates to what the API said, and only then: it may be another of the names that a ZIP code
 // has.
 void RestoreCity(ReplyFields& fields, const postal::ZipList& base) {
@@ -166,7 +166,7 @@ UpstreamAnswer ReadAddress(const json& reply, const RequestAddress& asked,
   if (fields.address2.empty() || fields.city.empty() || !IsPlaced(fields)) {
     return UpstreamFault{FaultKind::BadReply, {}, "the reply holds no whole address"};
   }
-  // A firm that nobody asked for is not put into anybody's label.
+  // A firm that was not asked for must not get into a label.
   if (!asked.firmName.empty()) {
     const std::string firm = Value(reply, "firm");
     fields.firmName = firm.empty() ? asked.firmName : firm;

@@ -44,7 +44,7 @@ UpstreamOutcome VerifyXmlUpstream::Ask(const RequestAddress& normal) {
   UpstreamOutcome outcome{UpstreamFault{}, reply.calls};
   std::vector<postal::Candidate> candidates;
   outcome.answer = VerifyXml::Read(reply.body, &candidates);
-  if (normal.candidates > 0) {  // what nobody has asked for goes to nobody
+  if (normal.candidates > 0) {  // only those who asked for candidates get them
     outcome.candidates = std::move(candidates);
   }
   return outcome;

@@ -37,7 +37,7 @@ class Book : public QObject {
   // How many entries have the address of this one, itself counted; 1 where it has none.
   int sharing(int row) const { return std::max(_sharing.value(addressAt(row)), 1); }
   int size() const { return static_cast<int>(_entries.size()); }
-  // How many entries have an address that another one has, too.
+  // How many entries have an address that another one has too.
   int shared() const { return _shared; }
   // True for several entries of one address.
   bool haveOneAddress(const QList<int>& rows) const;

@@ -30,7 +30,7 @@ class CheckHistory {
   // Gives each entry that knows of no check the one that is remembered for its label.
   void fill(QList<Entry>& entries) const;
 
-  // Remembers what was said of the entries, but for those about which nobody answered.
+  // Remembers what was said of the entries, except where there was no answer.
   void remember(const QList<Entry>& entries, QDate today) const;
 
  private:

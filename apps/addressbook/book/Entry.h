@@ -34,7 +34,7 @@ struct Check {
 
 // One address of a book.
 struct Entry {
-  qint64 id = 0;  // its identity, as long as the book is open; 0 is nobody's
+  qint64 id = 0;  // its identity, as long as the book is open; 0 stands for none
   QString label;  // what is printed: lines separated by line feeds, no break at the end
   Check check;
   QString kind = {};      // "Home", where the file tells one address of somebody from another

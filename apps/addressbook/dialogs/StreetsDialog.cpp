@@ -35,7 +35,7 @@ QString stateText(std::string_view name) {
   return words.join(QLatin1Char(' '));
 }
 
-// A line of explanation; what the command says is no markup.
+// A line of explanation, as plain text: the command's output is not markup.
 QLabel* makeHint(const QString& text, QWidget* parent) {
   auto* const hint = new QLabel(text, parent);
   hint->setWordWrap(true);

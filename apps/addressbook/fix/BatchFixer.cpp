@@ -20,7 +20,7 @@ namespace {
 constexpr int kApplied = -1000;
 
 // A label on its way through the batch window. What comes of it is read from the window's records,
-// which tell failures and labels found right, too.
+// which tell failures and labels found right too.
 class LabelEntry final : public AddressEntry {
  public:
   LabelEntry(const QString& label, qsizetype place) : _label(label), _place(place) {}

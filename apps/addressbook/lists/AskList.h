@@ -15,7 +15,7 @@ class AskList {
   Q_DECLARE_TR_FUNCTIONS(postwright::addressbook::AskList)
 
  public:
-  // Those of `rows` that belong on it, in their order. An entry that nobody answered about does
+  // Those of `rows` that belong on it, in their order. An entry without an answer does
   // not: nothing is known against it.
   static QList<int> of(const Book& book, const QList<int>& rows);
 

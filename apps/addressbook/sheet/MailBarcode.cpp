@@ -15,7 +15,7 @@ namespace {
 constexpr double kTrackerHeight = 0.048;
 constexpr qsizetype kShortMailer = 6;
 constexpr int kTrackingDigits = 20;
-constexpr QLatin1String kNoPresort("00");  // the barcode identifier of mail that nobody presorted
+constexpr QLatin1String kNoPresort("00");  // the barcode identifier of mail that is not presorted
 
 bool isNumber(const QString& text, qsizetype digits) {
   static const QRegularExpression kDigits(QStringLiteral("^[0-9]+$"));

@@ -12,7 +12,7 @@ namespace postwright::addressbook {
 
 namespace {
 
-// Selecting more scattered rows than this takes long and helps nobody; the first one is shown.
+// Selecting more scattered rows than this takes long and is of no use; the first one is shown.
 constexpr qsizetype kMostRanges = 500;
 
 constexpr int kMeasuredRows = 500;  // in view and around it, by which a column is fitted

@@ -21,7 +21,7 @@ class SearchFields : public QWidget {
   QString text() const;
   EntryModel::Filter filter() const;
 
-  // Offers the shared addresses, confirmations and reasons that there are in `book`, with how many
+  // Offers the shared addresses, confirmations and reasons found in `book`, with how many
   // have each. What is chosen stays so.
   void offer(const Book& book);
 

@@ -26,18 +26,18 @@ namespace postwright {
 //
 // What it holds at a time is bounded in bytes. Of a worker that dies the lines are handed out
 // again, one by one; one over which two more die is reported and has the record of a line that is
-// no label.
+// not a label.
 class ChunkFilter {
  public:
   // What the answers of workers end in.
   static constexpr std::string_view kAnswerEnd = "\n.\n";
 
-  // Borrows everything. `answer` is asked here about lines that nobody can answer.
+  // Borrows everything. `answer` is asked here about lines over which every worker has died.
   ChunkFilter(LineReader& lines, Output& output, LineWorkers& workers, const LineAnswer& answer,
               Progress& progress)
       : lines_(lines), output_(output), workers_(workers), answer_(answer), progress_(progress) {}
 
-  // Answers everything up to the end of the input. kExitNotALabel where a line was no label or
+  // Answers everything up to the end of the input. kExitNotALabel where a line was not a label or
   // could not be answered, which is reported with its number.
   ExitStatus Do();
 

@@ -47,7 +47,7 @@ bool PutInPlace(int descriptor, const std::string& from, const std::string& to) 
   if (fsync(descriptor) == -1 || rename(from.c_str(), to.c_str()) == -1) {
     return false;
   }
-  // The name lasts only once the folder has been written, too.
+  // The name lasts only once the folder has been written too.
   const std::string folder = std::filesystem::path(to).parent_path().string();
   const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
   if (directory != -1) {

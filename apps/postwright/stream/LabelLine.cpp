@@ -83,7 +83,7 @@ std::wstring PartText(simdjson::ondemand::document& document, std::string_view n
   return isNumber && (name == "zip" || name == "unit") ? WideFromUtf8(text) : std::wstring();
 }
 
-// The lines of the label; "" where the parts are no address.
+// The lines of the label; "" where the parts do not make an address.
 std::wstring Compose(const LabelParts& parts) {
   const auto& [name, street, unit, city, state, zip] = parts;
   std::wstring label;

@@ -19,12 +19,12 @@ using LabelParts = std::array<std::wstring, kPartNames.size()>;
 // One line of labels.jsonl: a JSON string, the label's text; or an object whose member `address`
 // is that string, or that has the label in parts, and whose member `id`, any JSON value, is given
 // back with the answer. Other members are ignored. Of members with the same name the last one
-// counts, and of an address and its parts the address. A record is such a line, too: its member
+// counts, and of an address and its parts the address. A record is such a line too: its member
 // `parts`, an object, says in which parts its label was given.
 struct LabelLine {
   std::wstring address;             // composed of the parts, where there are any
   std::optional<LabelParts> parts;  // those that were not given are empty
-  std::string id;       // as it was written; empty where there is none. Kept beside a problem, too.
+  std::string id;       // as it was written; empty where there is none. Kept beside a problem too.
   std::string problem;  // "is not a JSON string"; empty where the line is a label
 };
 

@@ -113,7 +113,7 @@ ExitStatus FilterPatiently(const LineFilterOptions& options, const LineAnswer& a
   return labels.Status();
 }
 
-// Makes records that take nobody's answer.
+// Makes records that need no answer.
 ExitStatus FilterAlone(const LineFilterOptions& options, const LineAnswer& answer, RecordForm& form,
                        LabelSource& labels, Progress& progress) {
   std::optional<EarlierRecords> earlier;

@@ -36,8 +36,8 @@ class WorkerPool final : public LineWorkers {
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
 
-  // Starts a worker where there may be more. Where the system allows no more, those that there are
-  // do; throws Failure where there is none.
+  // Starts a worker if there may be more. If the system allows no more, the existing ones suffice;
+  // throws Failure if there is none.
   bool HasRoom() override;
 
   void Give(std::size_t ticket, const LabelLine& label, std::string_view line) override;

@@ -23,7 +23,7 @@ struct SummaryLine {
 // none of is left out.
 QList<SummaryLine> summaryLines(const BatchResultRecordList& records);
 
-// The texts of `records`, corrected where there is a corrected text, set apart by blank lines.
+// The texts of `records`, corrected where there is a corrected text, separated by blank lines.
 QString labelsOf(const BatchResultRecordList& records);
 
 // A table of `records` (RFC 4180, CRLF, with a head): typed text, corrected text, status,

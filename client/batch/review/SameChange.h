@@ -7,10 +7,10 @@
 
 namespace postwright {
 
-// A change of words that a person made in one text, to be made in others, too.
+// A change of words that a person made in one text, to be made in others too.
 
 // The words that became others when `before` became `after`: those that hold a letter, such as a
-// city or a street. A house number is nobody else's.
+// city or a street. A house number belongs to one address only.
 QList<Change> wordChanges(const QString& before, const QString& after);
 
 // Returns `text` with each change made wherever its words stand in it, whatever their case; `text`

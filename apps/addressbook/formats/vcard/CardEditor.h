@@ -24,7 +24,7 @@ class CardEditor {
   // Keeps the label in the components of the address, each line in the one that it came from, and
   // its whole text beside them where the card has that or the components cannot say it.
   // A name or organization that the label shows and that was edited, not just put in another case,
-  // is changed in the card, too.
+  // is changed in the card too.
   void setLabel(const AddressLines& lines, const QString& label);
 
   // Takes the address out of the card.
