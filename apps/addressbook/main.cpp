@@ -50,7 +50,7 @@ bool readOptions(int argc, char** argv, Options& options, ExitStatus& status) {
   app.set_help_flag("-h,--help", "Print this help and exit");
   AddServerOption(app, options.server, "none, the program answers by itself,");
   AddTimeOption(app, "--timeout", options.timeout,
-                "How long a request to it may last, as 20s; 2min unless given");
+                "How long a request to it may last, such as 20s (default 2min)");
   app.add_option("FILE", options.file, "The address book to open")->type_name("");
   app.footer(kFooter);
   try {

@@ -20,7 +20,7 @@ Without --base the base is PLACE.base in ~/.local/share/postwright (or $XDG_DATA
   openaddresses  what cities, counties and states publish; wants an account's token; name states
 
 Files are fetched one at a time, with pauses. What was fetched is kept in BASE.fetch until the base is
-made: whatever ends the command, given again it goes on. Only https is spoken, only with the server
+made: after any interruption the same command goes on. Only https is spoken, only with the server
 itself and with what --host names, and every archive is read to its end before it is used.
 
 Example: postwright-base fetch texas)";
@@ -31,8 +31,8 @@ files, and then fetches it and makes the base again. Without BASE: every base of
 ~/.local/share/postwright that was fetched.)";
 
 constexpr const char* kListFooter =
-    R"(Of each base that 'postwright fix' finds: its sources, when they were imported, their licence, and what
-has to be said wherever they go.)";
+    R"(Prints, for each base that 'postwright fix' finds, its sources, when they were imported, their licence,
+and the attribution that must go with them.)";
 
 std::string CheckYear(const std::string& year) {
   constexpr size_t kDigits = 4;
@@ -53,20 +53,21 @@ std::string CheckKind(const std::string& name) {
 void AddServerOptions(CLI::App& command, std::string& tokenFile, std::vector<std::string>& hosts,
                       ProgressLine::Form& progress) {
   command
-      .add_option("--token-file", tokenFile, "Whose first line is the token of an account there")
+      .add_option("--token-file", tokenFile,
+                  "A file whose first line is the token of an account there")
       ->type_name("FILE");
-  command.add_option("--host", hosts, "Another host that the server may send us on to")
+  command.add_option("--host", hosts, "Another host that the server may redirect to")
       ->type_name("HOST")
       ->expected(1)
       ->take_all();
   using Form = ProgressLine::Form;
   CLI::Option* const quiet = command.add_flag_callback(
-      "--quiet", [&progress] { progress = Form::Quiet; }, "Do not show how far it is");
+      "--quiet", [&progress] { progress = Form::Quiet; }, "Do not show progress");
   quiet->disable_flag_override();
   command
       .add_flag_callback(
           "--json", [&progress] { progress = Form::Json; },
-          "Tell how far it is on standard output, a JSON line five times a second")
+          "Report progress on standard output, a JSON line five times a second")
       ->excludes(quiet)
       ->disable_flag_override();
 }
@@ -77,24 +78,24 @@ Command AddFetch(CLI::App& app, FetchOptions& options) {
   CLI::App* const command =
       app.add_subcommand("fetch", "Fetch the addresses of a place, and make a base of them");
   FetchRequest& request = options.request;
-  command->add_option("PLACE", request.places, "Whose addresses")->required();
+  command->add_option("PLACE", request.places, "What to fetch the addresses of")->required();
   command->add_option("--from", request.from, "Who publishes them; by default tiger")
       ->type_name("tiger|nad|openaddresses")
       ->check(CLI::Validator(CheckKind, ""));
-  command->add_option("--year", request.year, "Of tiger, that year and not the newest")
+  command->add_option("--year", request.year, "With tiger, that year instead of the newest")
       ->type_name("YEAR")
       ->check(CLI::Validator(CheckYear, ""));
   command->add_option("--base", options.base, "The base")->type_name("FILE");
   command
       ->add_option(
           "--mirror", request.mirror,
-          "A server that has the same files at the same paths, in the place of the publisher's")
+          "A server to use instead of the publisher's, with the same files at the same paths")
       ->type_name("URL")
       ->check(CLI::Validator(CheckOrigin, ""));
   AddServerOptions(*command, options.tokenFile, options.hosts, options.progress);
   command
       ->add_flag("--restart", options.restart,
-                 "Start over, and throw away what a stopped fetch has brought")
+                 "Start over, and throw away what a stopped fetch has downloaded")
       ->disable_flag_override();
   command->footer(kFetchFooter);
   return {command, [&options] { return RunFetch(options); }};

@@ -32,29 +32,29 @@ goes on with.
 Example: postwright-base fetch texas)";
 
 constexpr const char* kImportFooter =
-    R"(Adds the files to BASE, which is made where there is none, as one source. Rows that an earlier
-import of the same --source brought are replaced. A service that has BASE open goes on with the old
-one until SIGHUP has it read its files again.
+    R"(Adds the files to BASE as one source, and makes BASE if it does not exist. Rows from an earlier
+    import of the same --source are replaced. A service that has BASE open goes on with the old one
+    until SIGHUP makes it read its files again.
 
-A FILE is the address ranges of a county as the Census Bureau publishes them in TIGER/Line
-(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), GeoJSON with a feature a line as OpenAddresses
-publishes it, or a CSV file whose first line names the columns: that of OpenAddresses, that of the
-National Address Database, one whose columns are called as the fields below, or any other with --map.
-It may be gzipped or in a ZIP archive, and a folder of such files may be given. Fields: number street unit city state zip zip4 urbanization,
-and for ranges of numbers low high parity (E, O or B). A field may be made of several columns:
-street=PREDIR+NAME+TYPE.
+A FILE is a county's address ranges from the Census Bureau's TIGER/Line
+(tl_YEAR_COUNTY_addrfeat.zip, or the .dbf in it), GeoJSON with one feature a line as published by
+OpenAddresses, or a CSV file whose first line names the columns: that of OpenAddresses, that of the
+National Address Database, one whose columns are named like the fields below, or any other with
+--map. It may be gzipped or in a ZIP archive, and a folder of such files may be given.
 
-Rows without a house number, a street or a ZIP code are left out; the first twenty are named, all are
-counted. SIGINT stops the import between two rows; the same command goes on where it stopped. BASE
-is not touched before everything is read and sorted, and not at all where nothing of the files can be
-taken. Sorting takes room in SQLITE_TMPDIR or /var/tmp.
+Fields: number street unit city state zip zip4 urbanization, and for ranges of numbers low high
+parity (E, O or B). A field may be made of several columns: street=PREDIR+NAME+TYPE.
+
+Rows without a house number, a street or a ZIP code are left out; the first twenty are named, and all
+are counted. SIGINT stops the import between two rows; the same command goes on where it stopped.
+BASE is not touched before everything is read and sorted, and not at all if the files have no usable
+row. Sorting takes room in SQLITE_TMPDIR or /var/tmp.
 
 Example: postwright-base import my.base houses.csv --source 'County GIS' --licence 'public domain' \
            --map number=HOUSENO,street=PREDIR+NAME+TYPE,zip=ZIP,city=POSTCITY)";
 
 constexpr const char* kLookupFooter =
-    R"(Prints the steps of the decision, then the address as the service would answer it. Leave a part out
-with ''.
+    R"(Prints the steps of the decision, then the service's answer. Give '' for an unknown part.
 
 Exit status: 0 confirmed, with its unit or without; 1 not confirmed or turned down; 2 as above.
 
@@ -81,30 +81,30 @@ Command AddImport(CLI::App& app, ImportOptions& options) {
   command->add_option("FILE", options.files, "What to add")->required();
   command
       ->add_option("--source", options.source,
-                   "What the files are called as a whole; a later import of it replaces this one")
+                   "The name of the files as a whole; a later import of it replaces this one")
       ->required()
       ->type_name("NAME")
       ->check(CLI::Validator(CheckName, ""));
-  command
-      ->add_option("--licence", options.licence, "Under which licence they are, kept in the base")
+  command->add_option("--licence", options.licence, "The licence of the files, kept in the base")
       ->type_name("TEXT");
   command
       ->add_option("--attribution", options.attribution,
-                   "What has to be said wherever they go, kept in the base")
+                   "The attribution that must go with the files, kept in the base")
       ->type_name("TEXT");
   command->add_option("--map", options.map, "Which columns make up which field")
       ->type_name("FIELD=COLUMN,...")
       ->check(CLI::Validator(CheckMap, ""));
   command
-      ->add_flag("--partial", options.partial,
-                 "The files lack streets of their ZIP codes: a street that they do not name is not "
-                 "turned down")
+      ->add_flag(
+          "--partial", options.partial,
+          "The files do not have all streets of their ZIP codes: a street they do not name is "
+          "not turned down")
       ->disable_flag_override();
   command
       ->add_flag("--restart", options.restart,
                  "Start over, and throw away what a stopped import has read")
       ->disable_flag_override();
-  command->add_flag("--quiet", options.quiet, "Do not show how far it is")->disable_flag_override();
+  command->add_flag("--quiet", options.quiet, "Do not show progress")->disable_flag_override();
   command->footer(kImportFooter);
   return {command, [&options] { return RunImport(options); }};
 }
@@ -127,7 +127,7 @@ Command AddLookup(CLI::App& app, LookupOptions& options) {
       ->type_name("TEXT");
   command
       ->add_option("--zips", options.zips,
-                   "Further ZIP codes, as postwright-verifyd takes them with --base")
+                   "A list of further ZIP codes, as for postwright-verifyd --base")
       ->type_name("FILE");
   command->footer(kLookupFooter);
   return {command, [&options] { return RunLookup(options); }};

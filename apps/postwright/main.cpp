@@ -156,8 +156,8 @@ void AddStreams(CLI::App* parser, Options& options, const std::string& jobs) {
           ->disable_flag_override();
   parser
       ->add_flag("--csv", options.csv,
-                 "Read a table, CSV or TSV, and write it with columns added; a table whose "
-                 "header names its columns is one without this, too")
+                 "Read a table, CSV or TSV, and write it with columns added; not needed if "
+                 "the header names the columns")
       ->disable_flag_override()
       ->excludes(lines);
   parser
@@ -178,10 +178,10 @@ void AddStreams(CLI::App* parser, Options& options, const std::string& jobs) {
                    "Go on with the file of records that an interrupted run left")
       ->type_name("FILE")
       ->check(CLI::Validator(CheckFileName, ""));
-  parser->add_option("--jobs", options.jobs, jobs + "; 1 unless given")
+  parser->add_option("--jobs", options.jobs, jobs + " (default 1)")
       ->type_name("N")
       ->check(CLI::Validator(CheckJobs, ""));
-  parser->add_option("FILE", options.file, "What to read; standard input where none is given or -")
+  parser->add_option("FILE", options.file, "What to read; without it, or for -, standard input")
       ->type_name("");
 }
 
@@ -202,14 +202,14 @@ Command AddParse(CLI::App& app, ParseOptions& options) {
 void AddFixSettings(CLI::App* parser, FixOptions& options) {
   parser
       ->add_option("--case", options.letters,
-                   "The case of the corrected text: upper (unless given), lower or mixed")
+                   "The case of the corrected text: upper (the default), lower or mixed")
       ->type_name("CASE")
       ->check(CLI::Validator(CheckLetters, ""));
   CLI::Option* const punctuation =
       parser
           ->add_option("--punctuation", options.punctuation,
-                       "The signs of the corrected address: keep all, postal (unless given), or "
-                       "remove all but the hyphen of ZIP+4")
+                       "The punctuation of the corrected address: keep all, postal (the default), "
+                       "or remove all but the hyphen of ZIP+4")
           ->type_name("SIGNS")
           ->check(CLI::Validator(CheckPunctuation, ""));
   parser
@@ -219,17 +219,17 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->excludes(punctuation);
   parser
       ->add_option("--names", options.names,
-                   "The lines around the address: as-typed (unless given), or same-case as it")
+                   "The lines around the address: as-typed (the default), or in the same-case")
       ->type_name("FORM")
       ->check(CLI::Validator(CheckNames, ""));
   parser
       ->add_option("--mixed-case", options.mixedCase,
-                   "Words as they are to be spelt in mixed case: \"DeWitt;MacArthur\"")
+                   "How to spell words in mixed case: \"DeWitt;MacArthur\"")
       ->type_name("WORDS")
       ->check(CLI::Validator(CheckSpellings, ""));
   parser
       ->add_flag("--whole-label", options.wholeLabel,
-                 "Ask about the whole text, and correct the lines around the address, too")
+                 "Ask about the whole text, and correct the lines around the address too")
       ->disable_flag_override();
   parser
       ->add_flag(
@@ -242,21 +242,21 @@ void AddFixSettings(CLI::App* parser, FixOptions& options) {
       ->disable_flag_override();
   parser
       ->add_flag("--accept-doubtful", options.acceptDoubtful,
-                 "Take the corrections that a person should look at, too")
+                 "Also make corrections that a person should look at")
       ->disable_flag_override();
   AddServerOption(*parser, options.server, "none, the command answers by itself,");
   AddTimeOption(*parser, "--timeout", options.timeout,
-                "How long a request to it may last, as 20s; 2min unless given");
+                "How long a request to it may last, such as 20s (default 2min)");
 }
 
 void AddFixStream(CLI::App* parser, FixOptions& options) {
   parser
       ->add_flag("--retry-failed", options.retryFailed,
-                 "With --resume: ask again about what was turned down, too")
+                 "With --resume: also ask again about what was turned down")
       ->needs("--resume")
       ->disable_flag_override();
   AddTimeOption(*parser, "--give-up-after", options.giveUpAfter,
-                "How long a service that gives no answer at all is waited for; 10min unless given");
+                "How long to wait for a service that gives no answer at all (default 10min)");
   parser->add_flag("--quiet", options.quiet, "Show no progress on a terminal")
       ->disable_flag_override();
 }

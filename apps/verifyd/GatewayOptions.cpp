@@ -64,8 +64,8 @@ void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
   app.add_option("--upstream-url", options.url, "Where " + places)->type_name("URL");
   app.add_option(
          "--credentials", options.credentials,
-         "What the upstream knows the service by; its owner alone may read the file. SIGHUP "
-         "reads it again")
+         "The service's credentials at the upstream; only the owner may have access to the file. "
+         "SIGHUP reads it again")
       ->type_name("FILE");
   app.add_option_function<std::string>(
          "--budget",
@@ -75,7 +75,7 @@ void AddUpstreamOptions(CLI::App& app, GatewayOptions& options) {
              throw CLI::ValidationError("--budget", "'" + text + "' is not as 60/h, 5/min or none");
            }
          },
-         "How often the upstream is asked at most (default 60/h)")
+         "The most calls to the upstream in a time (default 60/h)")
       ->type_name("CALLS/TIME");
 }
 
@@ -84,8 +84,7 @@ void AddAnswerOptions(CLI::App& app, GatewayOptions& options) {
                  "Where the upstream's answers are kept, or 'none' (default: answers.sqlite in "
                  "STATE_DIRECTORY or the user's cache folder)")
       ->type_name("FILE");
-  AddTimeOption(app, "--cache-lifetime", options.lifetime,
-                "How long they are good for (default 30d)");
+  AddTimeOption(app, "--cache-lifetime", options.lifetime, "How long they are valid (default 30d)");
   AddTimeOption(app, "--deadline", options.deadline,
                 "How long a request waits for the upstream (default 20s)");
   app.add_option_function<std::string>(
@@ -96,14 +95,13 @@ void AddAnswerOptions(CLI::App& app, GatewayOptions& options) {
            }
            options.fallsBack = text == "base";
          },
-         "Answer from 'base', marked as not confirmed, what the upstream cannot answer now "
-         "(default "
-         "none)")
+         "What the upstream cannot answer now, answer from 'base', marked as not confirmed "
+         "(default none)")
       ->type_name("KIND");
   app.add_option(
          "--open-status", options.openStatus,
-         "Show /status and /metrics to every client that asks for HOST, not to this machine "
-         "alone; again for more")
+         "Show /status and /metrics to every client that asks for HOST, not only to this machine; "
+         "may be repeated")
       ->type_name("HOST")
       ->allow_extra_args(false);
 }

@@ -59,15 +59,15 @@ void AddLimits(CLI::App& app, ServiceOptions& options) {
             "NUMBER",
             "Connections of one client address" + byDefault(limits.connectionsPerAddress));
   app.add_option("--trusted-proxy", options.proxies,
-                 "The address of a proxy, which is not held to that limit; again for more. "
-                 "Loopback never is")
+                 "The address of a proxy, to which that limit does not apply; may be repeated. It "
+                 "never applies to loopback")
       ->type_name("ADDRESS")
       ->allow_extra_args(false)
       ->check(CLI::Validator(CheckProxy, ""));
   AddTimeOption(app, "--idle-time", limits.idle,
                 "How long a connection may be silent (default 30s)");
   AddTimeOption(app, "--request-time", options.requestTime,
-                "How long a request may take, however it trickles in (default 60s)");
+                "How long a request may take to arrive (default 60s)");
   AddNumber(app, "--header-size", limits.bytesPerConnection, kLeastHeader, kMostBytes, "BYTES",
             "Request line and headers together" + byDefault(limits.bytesPerConnection));
   AddNumber(app, "--body-size", limits.bodyBytes, kLeastBody, kMostBytes, "BYTES",
@@ -78,17 +78,17 @@ void AddLimits(CLI::App& app, ServiceOptions& options) {
 
 void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
   app.add_option("--listen", options.listen,
-                 "Where to listen, " + options.listen + " if not given; port 0 takes a free one")
+                 "Where to listen (default " + options.listen + "); port 0 takes a free one")
       ->type_name("ADDRESS:PORT")
       ->check(CLI::Validator(CheckListen, ""));
   app.add_option("--users", options.users,
-                 "The USERIDs that are answered, one a line; everybody if not given, which only a "
-                 "service for this machine may do. SIGHUP reads the file again")
+                 "The USERIDs to answer, one a line; without it everybody, which only a service on "
+                 "loopback may do. SIGHUP reads the file again")
       ->type_name("FILE");
   app.add_option(
          "--base", options.bases,
-         "What to know instead of the base that comes with it; again for more files. SIGHUP "
-         "reads them again")
+         "A file to answer from, an address base or a list of ZIP codes; may be repeated. SIGHUP "
+         "reads it again")
       ->type_name("FILE")
       ->allow_extra_args(false);
   app.add_option("--path-prefix", options.answers.pathPrefix,
@@ -96,15 +96,16 @@ void AddServiceOptions(CLI::App& app, ServiceOptions& options) {
       ->type_name("PATH")
       ->check(CLI::Validator(CheckPathPrefix, ""));
   app.add_flag("--log-addresses", options.answers.logAddresses,
-               "Write addresses into the log; no line tells one otherwise")
+               "Write addresses to the log, which otherwise holds none")
       ->disable_flag_override();
-  app.add_option("--open-page", options.openPage,
-                 "Show the page for people, /, to every client that asks for HOST, not to this "
-                 "machine alone; again for more")
+  app.add_option(
+         "--open-page", options.openPage,
+         "Show the page for people, /, to every client that asks for HOST, not only to this "
+         "machine; may be repeated")
       ->type_name("HOST")
       ->allow_extra_args(false);
   app.add_flag("--quiet", options.limits.quiet,
-               "Write no line of a request that is answered; /metrics counts them")
+               "Do not log requests that are answered; /metrics counts them")
       ->disable_flag_override()
       ->excludes("--log-addresses");
   AddLimits(app, options);

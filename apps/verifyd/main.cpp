@@ -41,20 +41,20 @@ constexpr const char* kUsage =
     "[--upstream KIND [HOST] --credentials FILE ...] [LIMITS]";
 constexpr const char* kFooter =
     R"(Answers GET and POST /ShippingAPI.dll?API=Verify&XML=... as the postal service's Web Tools did, and
-writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT'
-once it can be asked. SIGTERM or SIGINT ends it when the requests that have begun are answered; a
-second one, at once. SIGHUP reads the base, the users and the credentials again. / is a page for
-people on this machine, /status and /metrics show what it has done and is doing.
+    writes a line a request to standard error, unless --quiet is given. Says 'listening on ADDRESS:PORT'
+    once it is ready. SIGTERM or SIGINT ends it once the requests under way are answered; a second one,
+    at once. SIGHUP reads the base, the users and the credentials again. / is a page for people on this
+    machine; /status and /metrics show what it has done and is doing.
 
-A base file is an address base, as postwright-base makes it, or has a line a ZIP code: ZIP, city and
-state, set apart by tabs. The ZIP codes that come with it are taken where none are given.
+A base file is an address base, made by postwright-base, or a list of ZIP codes, one a line: ZIP, city
+and state, separated by tabs. If no list is given, the one that comes with the service is used.
 
 With --upstream it is a gateway: it asks another service, keeps the answers, and keeps within a
-budget of calls. A credentials file holds NAME = VALUE a line: client_id and client_secret for
-postal-v3, user_id and, where one is needed, password for verify-xml.
+budget of calls. Each line of a credentials file is NAME = VALUE: client_id and client_secret for
+postal-v3; user_id and, if needed, password for verify-xml.
 
-Exit status: 0 ended by a signal; 1 the address cannot be listened on, or a file not be used; 2
-wrong usage.
+Exit status: 0 ended by a signal; 1 it cannot listen on the address, or a file cannot be used; 2 wrong
+usage.
 
 Examples: postwright-verifyd --listen 127.0.0.1:0
           postwright-verifyd --upstream postal-v3 --credentials postal.credentials

@@ -60,7 +60,7 @@ void ZipList::AddRow(std::string_view line) {
   const size_t first = line.find('\t');
   const size_t second = first == std::string_view::npos ? first : line.find('\t', first + 1);
   if (second == std::string_view::npos) {
-    throw ZipListError("is not ZIP, city and state set apart by tabs");
+    throw ZipListError("is not ZIP, city and state separated by tabs");
   }
   const std::string_view zip = line.substr(0, first);
   const std::string_view state = line.substr(second + 1);
