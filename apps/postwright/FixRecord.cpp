@@ -19,8 +19,8 @@ JsonRecord Begin(const LabelLine& label, const std::wstring& fixed, const std::w
 }
 
 // The status is the last: see StatusOfRecord().
-std::string End(JsonRecord& record, int status) {
-  record.Add("status", status);
+std::string End(JsonRecord& record, FixStatus status) {
+  record.Add("status", static_cast<int>(status));
   return record.Line();
 }
 
@@ -36,7 +36,7 @@ void AddWords(JsonRecord& record, const std::string& confirmation, const std::st
 
 // The record of a label that got no answer.
 std::string FailedRecord(const LabelLine& label, const std::string& result,
-                         const std::string& reason, const std::string& reasonText, int status,
+                         const std::string& reason, const std::string& reasonText, FixStatus status,
                          const RecordOptions& options) {
   JsonRecord record = Begin(label, L"", WideFromUtf8(result));
   record.Add("confirmation", L"");
@@ -81,7 +81,7 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   if (!label.problem.empty()) {
     return FailedRecord(label, "The line " + label.problem, "no-label",
                         "The line holds no label that can be read. Nobody was asked about it.",
-                        kTurnedDown, options);
+                        FixStatus::kTurnedDown, options);
   }
   const LabelFix fix(label.address, options.asking, client);
   const BatchResultRecord::Values& values = fix.Values();
@@ -102,7 +102,8 @@ LineRecord FixRecord(PostwrightClient& client, const LabelLine& label,
   if (options.candidates) {
     record.AddJson("candidates", CandidatesInJson(fix.Candidates()));
   }
-  LineRecord line(End(record, fix.IsUnanswered() ? kNotAnswered : values.status));
+  LineRecord line(End(
+      record, fix.IsUnanswered() ? FixStatus::kUnanswered : static_cast<FixStatus>(values.status)));
   if (fix.IsUnanswered()) {
     line.heard = Heard::kNoAnswer;
     line.retryAfter = fix.RetryAfter();
@@ -117,8 +118,8 @@ std::string DeadWorkerRecord(const LabelLine& label, const std::string& ending,
                              const RecordOptions& options) {
   return FailedRecord(
       label, "The worker process that was fixing this address " + ending, "worker-ended",
-      "The process that asked about it ended before there was an answer. Ask again.", kNotAnswered,
-      options);
+      "The process that asked about it ended before there was an answer. Ask again.",
+      FixStatus::kUnanswered, options);
 }
 
 }  // namespace postwright

@@ -13,42 +13,22 @@
 #include "apps/postwright/table/PlainInput.h"
 #include "apps/postwright/table/WriteTable.h"
 #include "common/WideText.h"
+#include "core/label/ParsedFields.h"
 
 namespace postwright {
 
 namespace {
-
-struct Field {
-  std::string_view key;
-  std::wstring AddressInfo::*value;
-};
-
-constexpr Field kFields[] = {
-    {"prefix", &AddressInfo::prefix},
-    {"number", &AddressInfo::number},
-    {"predirectional", &AddressInfo::predirectional},
-    {"street", &AddressInfo::street},
-    {"street_suffix", &AddressInfo::streetSuffix},
-    {"postdirectional", &AddressInfo::postdirectional},
-    {"secondary_unit", &AddressInfo::secondaryUnit},
-    {"secondary_number", &AddressInfo::secondaryNumber},
-    {"street_line", &AddressInfo::streetLine},
-    {"city", &AddressInfo::city},
-    {"state", &AddressInfo::state},
-    {"zip", &AddressInfo::zip},
-    {"suffix", &AddressInfo::suffix},
-};
 
 constexpr std::size_t kTitleWidth = 18;
 
 // The fields that hold something, one a line; further lines of a field stand below its first.
 std::string Describe(const AddressInfo& info) {
   std::string description;
-  for (const Field& field : kFields) {
+  for (const ParsedField& field : kParsedFields) {
     if ((info.*field.value).empty()) {
       continue;
     }
-    std::string title(field.key);
+    std::string title(field.name);
     std::replace(title.begin(), title.end(), '_', ' ');
     title.resize(kTitleWidth, ' ');
     description += title;
@@ -84,8 +64,8 @@ std::string ParseLine(const LabelLine& label) {
     info = AddressParser::GetInstance()->Parse(label.address);
   }
   JsonRecord record(label.id);
-  for (const Field& field : kFields) {
-    record.Add(field.key, info.*field.value);
+  for (const ParsedField& field : kParsedFields) {
+    record.Add(field.name, info.*field.value);
   }
   return record.Line();
 }
@@ -119,8 +99,8 @@ class ParseRecordForm final : public RecordForm {
 // The fields of each address in columns of their own; nothing else of the table changes.
 ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
   QStringList titles;
-  for (const Field& field : kFields) {
-    titles.append(QString::fromUtf8(field.key.data(), static_cast<qsizetype>(field.key.size())));
+  for (const ParsedField& field : kParsedFields) {
+    titles.append(QLatin1String(field.name));
   }
   Output output(file);
   return WriteTable(
@@ -129,7 +109,7 @@ ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
         const AddressInfo info =
             AddressParser::GetInstance()->Parse(columns.LabelOf(cells).toStdWString());
         QStringList values;
-        for (const Field& field : kFields) {
+        for (const ParsedField& field : kParsedFields) {
           values.append(QString::fromStdWString(info.*field.value));
         }
         return values;

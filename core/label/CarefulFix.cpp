@@ -10,7 +10,6 @@
 #include <postwright/VerifyFailure.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "common/WideText.h"
@@ -26,12 +25,6 @@ bool IsNoText(wchar_t c) {
 }
 
 }  // namespace
-
-std::string_view CodeOf(FixStatus status) {
-  constexpr std::array<std::string_view, 5> kCodes = {"unchanged", "fixed", "to-decide",
-                                                      "turned-down", "not-answered"};
-  return kCodes.at(static_cast<std::size_t>(status));
-}
 
 CarefulFix::CarefulFix(const std::wstring& label, const Asking& asking,
                        const std::atomic<bool>* abandoned)

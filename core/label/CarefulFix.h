@@ -11,27 +11,14 @@
 #include <postwright/VerifyReport.h>
 
 #include <atomic>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "core/label/FixStatus.h"
+
 namespace postwright {
-
-// What became of a label. The numbers are those of the command's records.
-enum class FixStatus : std::int32_t {
-  kUnchanged = 0,
-  kFixed = 1,
-  kUndecided = 2,
-  kTurnedDown = 3,
-  kUnanswered = 4,
-};
-
-// Returns its code, as the tables of the command have it: "unchanged", "fixed", "to-decide",
-// "turned-down", "not-answered". Pure, for any thread.
-std::string_view CodeOf(FixStatus status);
 
 // One label, asked about with its address lines, the others kept as they were typed, or not asked
 // about where it is left alone. A correction that is doubtful is proposed and not made. For

@@ -20,14 +20,6 @@ namespace {
 
 constexpr std::size_t kLongest = std::size_t{16} << 20U;
 
-constexpr std::array kElements = {
-    &AddressInfo::prefix,        &AddressInfo::number,          &AddressInfo::predirectional,
-    &AddressInfo::street,        &AddressInfo::streetSuffix,    &AddressInfo::postdirectional,
-    &AddressInfo::secondaryUnit, &AddressInfo::secondaryNumber, &AddressInfo::streetLine,
-    &AddressInfo::city,          &AddressInfo::state,           &AddressInfo::zip,
-    &AddressInfo::suffix};
-static_assert(kElements.size() == kParseColumns.size());
-
 std::wstring WideLabel(std::string_view label) {
   if (label.size() > kLongest) {
     throw LabelError("a label has at most 16 MiB");
@@ -72,8 +64,8 @@ std::optional<ParsedLabel> ParseLabel(std::string_view label) {
     return std::nullopt;
   }
   ParsedLabel parsed;
-  std::transform(kElements.begin(), kElements.end(), parsed.begin(),
-                 [&info](auto element) { return Utf8FromAnyWide(info.*element); });
+  std::transform(kParsedFields.begin(), kParsedFields.end(), parsed.begin(),
+                 [&info](const ParsedField& field) { return Utf8FromAnyWide(info.*field.value); });
   return parsed;
 }
 

@@ -3,6 +3,7 @@
 
 #include <postwright/LocalAnswers.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
@@ -11,16 +12,17 @@
 #include <string_view>
 #include <vector>
 
+#include "core/label/ParsedFields.h"
+
 namespace postwright::sql {
 
 // The columns of a parsed label and of a fixed one, named as in the command's records.
-inline constexpr std::array<const char*, 13> kParseColumns = {"prefix",         "number",
-                                                              "predirectional", "street",
-                                                              "street_suffix",  "postdirectional",
-                                                              "secondary_unit", "secondary_number",
-                                                              "street_line",    "city",
-                                                              "state",          "zip",
-                                                              "suffix"};
+inline constexpr auto kParseColumns = [] {
+  std::array<const char*, kParsedFields.size()> names{};
+  std::transform(kParsedFields.begin(), kParsedFields.end(), names.begin(),
+                 [](const ParsedField& field) { return field.name; });
+  return names;
+}();
 inline constexpr std::array<const char*, 12> kFixColumns = {
     "status",      "text",        "proposed",     "mended", "confirmation", "reason",
     "reason_text", "street_line", "urbanization", "city",   "state",        "zip"};

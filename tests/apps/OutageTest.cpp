@@ -49,12 +49,12 @@ std::string ReadAll(const std::string& path) {
   return text.str();
 }
 
-std::string Status(int status) {
-  return R"({"address":"","fixed":"","status":)" + std::to_string(status) + "}\n";
+std::string Status(FixStatus status) {
+  return R"({"address":"","fixed":"","status":)" + std::to_string(static_cast<int>(status)) + "}\n";
 }
 
 LineRecord Missed(seconds retryAfter = seconds(0)) {
-  LineRecord record(Status(kNotAnswered));
+  LineRecord record(Status(FixStatus::kUnanswered));
   record.heard = Heard::kNoAnswer;
   record.retryAfter = retryAfter;
   record.why = "Nobody there.";
@@ -62,7 +62,7 @@ LineRecord Missed(seconds retryAfter = seconds(0)) {
 }
 
 LineRecord Answered() {
-  LineRecord record(Status(1));
+  LineRecord record(Status(FixStatus::kFixed));
   record.heard = Heard::kAnswer;
   return record;
 }
@@ -106,7 +106,7 @@ class OutageTest : public testing::Test {
     std::istringstream records(ReadAll(folder_.File("records")));
     std::string statuses;
     for (std::string record; std::getline(records, record);) {
-      statuses += std::to_string(StatusOfRecord(record));
+      statuses += std::to_string(static_cast<int>(StatusOfRecord(record).value()));
     }
     return statuses;
   }
@@ -166,14 +166,14 @@ TEST_F(OutageTest, CountsWhatWasAsked) {
   const auto isAsked = [](const LabelLine& label) { return NumberOf(label) % 2 == 0; };
   EXPECT_EQ(Run(4,
                 [&](const LabelLine& label) {
-                  return isAsked(label) ? Missed() : LineRecord(Status(0));
+                  return isAsked(label) ? Missed() : LineRecord(Status(FixStatus::kUnchanged));
                 }),
             kExitDone);
   EXPECT_EQ(Statuses(), "0404");  // two in a row are no outage
   EXPECT_TRUE(clock_.Slept().empty());
   EXPECT_EQ(Run(9,
                 [&](const LabelLine& label) {
-                  return isAsked(label) ? Missed() : LineRecord(Status(0));
+                  return isAsked(label) ? Missed() : LineRecord(Status(FixStatus::kUnchanged));
                 }),
             kExitOutage);  // a label that is not asked about does not break the row
 }

@@ -81,17 +81,20 @@ void JsonRecord::AddKey(std::string_view key) {
   line_ += "\":";
 }
 
-int StatusOfRecord(std::string_view line) {
+std::optional<FixStatus> StatusOfRecord(std::string_view line) {
   constexpr std::string_view kStart = ",\"status\":";
   if (line.ends_with('\n')) {
     line.remove_suffix(1);
   }
   if (line.size() < kStart.size() + 2 || !line.ends_with('}')) {
-    return -1;
+    return std::nullopt;
   }
-  const char digit = line[line.size() - 2];
+  const auto number = static_cast<std::size_t>(line[line.size() - 2] - '0');
   line.remove_suffix(2);
-  return line.ends_with(kStart) && digit >= '0' && digit <= '0' + kNotAnswered ? digit - '0' : -1;
+  if (!line.ends_with(kStart) || number >= kFixStatusCodes.size()) {
+    return std::nullopt;
+  }
+  return static_cast<FixStatus>(number);
 }
 
 }  // namespace postwright

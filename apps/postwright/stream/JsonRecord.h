@@ -1,8 +1,11 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_STREAM_JSONRECORD_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_STREAM_JSONRECORD_H_
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "core/label/FixStatus.h"
 
 namespace postwright {
 
@@ -36,15 +39,10 @@ class JsonRecord {
   std::string line_;
 };
 
-// The status of a label that nobody judged, beside the numbers of the client's AddressStatus; and
-// one of those.
-constexpr int kNotAnswered = 4;
-constexpr int kTurnedDown = 3;
-
-// The number, 0 to kNotAnswered, that `line` (with or without its line feed) ends with as the
-// member "status"; -1 where it does not. Text inside a JSON string cannot look like one: its
+// The number, as FixStatus has them, that `line` (with or without its line feed) ends with as the
+// member "status"; none where it does not. Text inside a JSON string cannot look like one: its
 // quotation marks are escaped.
-int StatusOfRecord(std::string_view line);
+std::optional<FixStatus> StatusOfRecord(std::string_view line);
 
 }  // namespace postwright
 

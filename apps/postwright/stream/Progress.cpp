@@ -76,11 +76,11 @@ void Progress::Begin(std::optional<std::size_t> total) {
 }
 
 void Progress::Count(std::string_view record, bool isEarlier) {
-  const int status = StatusOfRecord(record);
-  ++(status == 0              ? unchanged_
-     : status == 1            ? fixed_
-     : status == kNotAnswered ? unanswered_
-                              : turnedDown_);
+  const std::optional<FixStatus> status = StatusOfRecord(record);
+  ++(status == FixStatus::kUnchanged    ? unchanged_
+     : status == FixStatus::kFixed      ? fixed_
+     : status == FixStatus::kUnanswered ? unanswered_
+                                        : turnedDown_);
   earlier_ += isEarlier ? 1 : 0;
 }
 

@@ -5,7 +5,7 @@
 namespace postwright {
 
 bool FixRecordForm::IsRecord(std::string_view line) const {
-  return StatusOfRecord(line) != -1;
+  return StatusOfRecord(line).has_value();
 }
 
 bool FixRecordForm::IsOf(const LineReader& record, const LabelLine& label) {

@@ -5,9 +5,9 @@
 namespace postwright {
 
 bool IsMadeAgain(std::string_view record, Retry retry) {
-  const int status = StatusOfRecord(record);
-  const bool isFailed =
-      status == kNotAnswered || (status == kTurnedDown && retry == Retry::kFailed);
+  const std::optional<FixStatus> status = StatusOfRecord(record);
+  const bool isFailed = status == FixStatus::kUnanswered ||
+                        (status == FixStatus::kTurnedDown && retry == Retry::kFailed);
   // As JsonRecord writes it. Within a string the quotation marks would be escaped.
   return isFailed && record.find(R"("address":"","fixed":)") == std::string_view::npos;
 }

@@ -8,6 +8,7 @@
 #include "apps/tables/CsvWriter.h"
 #include "apps/tables/FileError.h"
 #include "apps/tables/TableGuess.h"
+#include "core/label/FixStatus.h"
 
 namespace postwright {
 
@@ -42,9 +43,9 @@ bool CanBeOwn(const QString& title, const QString& cell) {
     static const QRegularExpression form(QStringLiteral(R"(^\d{5}(-?\d{4})?$)"));
     return form.match(cell).hasMatch();
   }
-  return !IsStatus(title) ||
-         std::any_of(kRowStatuses.begin(), kRowStatuses.end(),
-                     [&cell](const char* status) { return cell == QLatin1String(status); });
+  const std::string code = cell.toStdString();
+  return !IsStatus(title) || code == kNotAsked ||
+         std::find(kFixStatusCodes.begin(), kFixStatusCodes.end(), code) != kFixStatusCodes.end();
 }
 
 // Where each of `names` stands among `titles`, which it is added to where it does not.

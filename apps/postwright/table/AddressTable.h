@@ -5,9 +5,9 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
-#include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "apps/postwright/table/LabelColumns.h"
 #include "apps/tables/CsvReader.h"
@@ -16,10 +16,8 @@
 
 namespace postwright {
 
-// A record's status, 0 to 4, in words, since a table is for people, and the status of a row without
-// a record. They also show which columns an earlier run has added.
-inline constexpr std::array<const char*, 6> kRowStatuses = {
-    "unchanged", "fixed", "to-decide", "turned-down", "not-answered", "not-asked"};
+// What a row without a record has for the code of its status.
+inline constexpr std::string_view kNotAsked = "not-asked";
 
 // A table of addresses: CSV or TSV with a header or without, in any usual encoding.
 //

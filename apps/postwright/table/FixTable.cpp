@@ -12,12 +12,15 @@
 #include "apps/postwright/table/ScratchFile.h"
 #include "apps/postwright/table/WriteTable.h"
 #include "apps/tables/LabelText.h"
+#include "core/label/FixStatus.h"
 
 namespace postwright {
 
 namespace {
 
-enum Status { kUnchanged, kFixed, kToDecide, kTurnedDown, kUnanswered, kNotAsked };
+QString TextOf(std::string_view code) {
+  return QLatin1String(code.data(), static_cast<qsizetype>(code.size()));
+}
 
 void WriteLabels(const AddressTable& table, const ScratchFile& file) {
   Output output(file.Descriptor(), "a temporary file");
@@ -83,31 +86,31 @@ class RecordCells {
   QStringList Put(const LabelColumns& columns, QStringList& cells) {
     if (!reader_.Next()) {
       QStringList nothing(Titles().size(), QString());
-      nothing.first() = QLatin1String(kRowStatuses[kNotAsked]);
+      nothing.first() = TextOf(kNotAsked);
       return nothing;
     }
     const QByteArray line(reader_.Line().data(), static_cast<qsizetype>(reader_.Line().size()));
     const QJsonObject record = QJsonDocument::fromJson(line).object();
-    int status = std::clamp<int>(record[QLatin1String("status")].toInt(), kUnchanged, kUnanswered);
+    FixStatus status = StatusOfRecord(reader_.Line()).value_or(FixStatus::kUnchanged);
     QString reason = record[QLatin1String("reason")].toString();
     QString reasonText = record[QLatin1String("reason_text")].toString();
     QString proposed = record[QLatin1String("proposed")].toString();
     const QString fixed = record[QLatin1String("fixed")].toString();
-    if (status == kFixed) {
+    if (status == FixStatus::kFixed) {
       if (const std::optional<QStringList> changed = columns.WithLabel(cells, fixed)) {
-        status = cells == *changed ? kUnchanged : kFixed;
+        status = cells == *changed ? FixStatus::kUnchanged : FixStatus::kFixed;
         cells = *changed;
       } else {
-        status = kToDecide;
+        status = FixStatus::kUndecided;
         reason = QStringLiteral("columns");
         reasonText =
             QStringLiteral("The corrected label does not divide into the columns of the table.");
         proposed = fixed;
       }
     }
-    QStringList results{QLatin1String(kRowStatuses[status]),
-                        record[QLatin1String("confirmation")].toString(), reason,
-                        status <= kFixed ? ZipPlusFour(fixed) : QString(), OneLine(proposed)};
+    QStringList results{TextOf(CodeOf(status)), record[QLatin1String("confirmation")].toString(),
+                        reason, status <= FixStatus::kFixed ? ZipPlusFour(fixed) : QString(),
+                        OneLine(proposed)};
     if (options_.explain) {
       results +=
           {OneLine(reasonText), record[QLatin1String("source_text")].toString(), ChangesOf(record)};
