@@ -177,6 +177,7 @@ void BookTest::tellsAddressesApart() {
   const std::pair<const char*, bool> rows[] = {
       {"Al Doe\nDOE INC\n12 N MAIN ST # 4\nRENO NV 89501-1234", true},
       {"Al Doe\n12 N Main St\nUnit 4\nVerdi, NV 89501\nUSA", true},
+      {"Al Doe\n12 N Main St\nHngr 4\nReno, NV 89501", true},
       {"Al Doe\n12 N Main St\nReno, NV 89501", false},
       {"Al Doe\n12 N Main St Apt 5\nReno, NV 89501", false},
       {"Al Doe\n12 N Main St Apt 4\nReno, NV 89502", false},

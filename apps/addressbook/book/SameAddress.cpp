@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "apps/tables/LabelText.h"
+#include "core/parser/UnitWords.h"
 #include "core/parser/Vocabulary.h"
 
 namespace postwright::addressbook {
@@ -44,16 +45,22 @@ QString standardForm(QStringView word) {
 
 // How a unit is called says nothing besides its number.
 bool isDesignator(QStringView word) {
-  static const QSet<QString> kWords = {
-      QStringLiteral("APT"),   QStringLiteral("APARTMENT"), QStringLiteral("UNIT"),
-      QStringLiteral("STE"),   QStringLiteral("SUITE"),     QStringLiteral("RM"),
-      QStringLiteral("ROOM"),  QStringLiteral("FL"),        QStringLiteral("FLOOR"),
-      QStringLiteral("BLDG"),  QStringLiteral("BUILDING"),  QStringLiteral("NO"),
-      QStringLiteral("SPC"),   QStringLiteral("SPACE"),     QStringLiteral("LOT"),
-      QStringLiteral("TRLR"),  QStringLiteral("TRAILER"),   QStringLiteral("DEPT"),
-      QStringLiteral("PH"),    QStringLiteral("PENTHOUSE"), QStringLiteral("SLIP"),
-      QStringLiteral("HANGER")};
-  return kWords.contains(rawText(word));
+  static const QSet<QString> words = [] {
+    QSet<QString> read = {QStringLiteral("NO"), QStringLiteral("PH"), QStringLiteral("PENTHOUSE")};
+    const auto add = [&read](std::wstring_view unit) {
+      read.insert(QString::fromWCharArray(unit.data(), static_cast<qsizetype>(unit.size())));
+    };
+    for (const Vocabulary::VocabularyRow& row : Vocabulary::NumberedUnits()) {
+      if (row.standard == std::wstring_view(L"BOX")) {
+        continue;  // an address of its own
+      }
+      const std::vector<std::wstring> written = UnitWords(row.written);
+      std::for_each(written.begin(), written.end(), add);
+      add(StandardUnit(row.standard));
+    }
+    return read;
+  }();
+  return words.contains(rawText(word));
 }
 
 using Words = QVarLengthArray<QStringView, 8>;
