@@ -5,12 +5,14 @@
 #include <postwright/LocalService.h>
 
 #include <pybind11/stl.h>
+#include <pybind11/stl/filesystem.h>
 
 #include <array>
 #include <chrono>
 #include <future>
 #include <utility>
 
+#include "common/BaseFolders.h"
 #include "core/label/CarefulFix.h"
 #include "python/native/Record.h"
 #include "python/native/Text.h"
@@ -246,6 +248,7 @@ PYBIND11_MODULE(_native, module) {
            }),
            py::kw_only(), py::arg("whole_label"), py::arg("keep_punctuation"),
            py::arg("accept_doubtful"));
+  module.def("find_bases", FindBases);
   module.def("local_service", LocalServiceOf);
   module.def("server", ServerOf);
   module.def("parse", Parse);

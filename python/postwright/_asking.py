@@ -20,19 +20,9 @@ _LONGEST_PAUSE = 60.0
 _log = logging.getLogger("postwright")
 
 
-def _bases_in(folder: Path) -> list[str]:
-    return sorted(str(path) for path in folder.iterdir() if path.suffix == ".base") \
-        if folder.exists() else []
-
-
 @functools.cache
 def _found_bases() -> tuple[str, ...]:
-    """The user's, then the machine's: where the command looks. A path that is not absolute is
-    ignored (XDG Base Directory Specification)."""
-    data, home = os.environ.get("XDG_DATA_HOME", ""), os.environ.get("HOME", "")
-    user = Path(data, "postwright") if os.path.isabs(data) else Path(home, ".local/share/postwright")
-    bases = _bases_in(user) if user.is_absolute() else []
-    return (*bases, *_bases_in(Path("/var/lib/postwright")))
+    return tuple(str(base) for base in _native.find_bases())
 
 
 @functools.lru_cache(maxsize=2)  # each holds its bases in memory
