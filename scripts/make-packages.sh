@@ -6,12 +6,12 @@
 #   scripts/make-packages.sh --source   only the source package, in seconds
 #
 # Besides what scripts/install-packages.sh installs it needs the Debian packages debhelper, dh-python,
-# doxygen and lintian. It takes some minutes.
+# doxygen, lintian and postgresql-server-dev-15. It takes some minutes.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
 missing=()
-for package in debhelper dh-python doxygen lintian; do
+for package in debhelper dh-python doxygen lintian postgresql-server-dev-15; do
   dpkg-query --show --showformat='${db:Status-Status}' "$package" 2> /dev/null | grep --quiet --line-regexp installed ||
     missing+=("$package")
 done

@@ -45,6 +45,13 @@ inside bash -euc '
   QT_QPA_PLATFORM=offscreen timeout 5 postwright-addressbook friends.csv 2> /dev/null || status=$?
   test "$status" -eq 124'
 
+step "Loading the extensions into the databases"
+apt install --no-install-recommends sqlite3
+parse="SELECT a.street_line FROM postwright_parse('12 n main street, austin tx 78701') a"
+inside sqlite3 -cmd '.load /usr/lib/sqlite3/postwright' :memory: "$parse"
+inside runuser -u postgres -- pg_virtualenv -v 15 psql --quiet --no-align --tuples-only \
+  --command='CREATE EXTENSION postwright' --command="$parse"
+
 step "Building a program against libpostwright-core-dev"
 apt install --no-install-recommends g++ pkg-config
 # shellcheck disable=SC2016
