@@ -47,4 +47,4 @@ for part in "${parts[@]}"; do
     plain) run dev "The plain tests" ;;
   esac
 done
-echo "Left out: scripts/test-wide.sh, the tests that need other systems (Chromium, npm, PostgreSQL, Dask)."
+echo "Left out: scripts/test-wide.sh, the tests that need other systems (Chromium, npm, PostgreSQL, Dask, Slurm)."
