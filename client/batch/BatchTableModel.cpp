@@ -56,8 +56,8 @@ void BatchTableModel::removeRow(int row) {
   beginRemoveRows({}, row, row);
   _rows.remove(_records.at(row).get());
   _records.removeAt(row);
-  for (int behind = row; behind < rowCount(); ++behind) {
-    _rows[_records.at(behind).get()] = behind;
+  for (int later = row; later < rowCount(); ++later) {
+    _rows[_records.at(later).get()] = later;
   }
   endRemoveRows();
 }
@@ -66,7 +66,7 @@ void BatchTableModel::recordChanged(const BatchResultRecord& record) {
   _differences->forget(record);
   const int row = rowOf(record);
   if (row >= 0) {
-    emit dataChanged(index(row, AddressColumn), index(row, StatusColumn));
+    emit dataChanged(index(row, 0), index(row, ColumnCount - 1));
   }
 }
 

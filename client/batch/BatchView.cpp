@@ -140,6 +140,7 @@ RecordQuery BatchView::query() const {
 void BatchView::sortBy(int column) {
   constexpr RecordQuery::Order kOrders[] = {RecordQuery::Order::Address, RecordQuery::Order::Fixed,
                                             RecordQuery::Order::Status};
+  static_assert(std::size(kOrders) == BatchTableModel::ColumnCount);
   const RecordQuery::Order order = kOrders[column];
   if (order == _order && _descending) {
     sortByHost();
