@@ -142,20 +142,6 @@ void AnswerHere(const FixOptions& options) {
   }
 }
 
-// Options that one label has no use for.
-void RefuseStreamOptions(const FixOptions& options) {
-  const std::pair<const char*, bool> given[] = {
-      {"--output", !options.output.empty()},
-      {"--resume", !options.resume.empty()},
-      {"--jobs", options.jobs > 1},
-      {"--give-up-after", options.giveUpAfter != FixOptions().giveUpAfter}};
-  for (const auto& [name, isGiven] : given) {
-    if (isGiven) {
-      throw Failure(std::string(name) + " requires --jsonl or --csv");
-    }
-  }
-}
-
 }  // namespace
 
 std::string CheckLetters(const std::string& letters) {
@@ -203,7 +189,10 @@ ExitStatus RunFix(const FixOptions& options) {
   if (input.Table()) {
     return FixRows(*input.Table(), options, client);
   }
-  RefuseStreamOptions(options);
+  RefuseOptionsOfMany({{"--output", !options.output.empty()},
+                       {"--resume", !options.resume.empty()},
+                       {"--jobs", options.jobs > 1},
+                       {"--give-up-after", options.giveUpAfter != FixOptions().giveUpAfter}});
   return FixText(input.Bytes(), options, client);
 }
 

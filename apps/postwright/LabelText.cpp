@@ -36,4 +36,12 @@ std::wstring LabelTextOf(const InputBytes& input) {
   }
 }
 
+void RefuseOptionsOfMany(std::initializer_list<std::pair<const char*, bool>> given) {
+  for (const auto& [name, isGiven] : given) {
+    if (isGiven) {
+      throw Failure(std::string(name) + " requires --jsonl or --csv");
+    }
+  }
+}
+
 }  // namespace postwright

@@ -3,14 +3,17 @@
 #include <postwright/AddressInfo.h>
 #include <postwright/AddressParser.h>
 
+#include <QJsonObject>
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "apps/postwright/LabelText.h"
 #include "apps/postwright/stream/JsonRecord.h"
 #include "apps/postwright/stream/LineFilter.h"
 #include "apps/postwright/stream/Output.h"
 #include "apps/postwright/table/PlainInput.h"
+#include "apps/postwright/table/RowRecords.h"
 #include "apps/postwright/table/WriteTable.h"
 #include "common/WideText.h"
 #include "core/label/ParsedFields.h"
@@ -96,47 +99,7 @@ class ParseRecordForm final : public RecordForm {
   static constexpr std::string_view kNext = R"(,"prefix":")";
 };
 
-// The fields of each address in columns of their own; nothing else of the table changes.
-ExitStatus ParseTable(const AddressTable& table, const std::string& file) {
-  QStringList titles;
-  for (const ParsedField& field : kParsedFields) {
-    titles.append(QLatin1String(field.name));
-  }
-  Output output(file);
-  return WriteTable(
-      table, titles,
-      [](const LabelColumns& columns, QStringList& cells) {
-        const AddressInfo info =
-            AddressParser::GetInstance()->Parse(columns.LabelOf(cells).toStdWString());
-        QStringList values;
-        for (const ParsedField& field : kParsedFields) {
-          values.append(QString::fromStdWString(info.*field.value));
-        }
-        return values;
-      },
-      output);
-}
-
-}  // namespace
-
-ExitStatus RunParse(const ParseOptions& options) {
-  if (!options.jsonl) {
-    if (!options.resume.empty() || options.jobs > 1) {
-      throw Failure((options.resume.empty() ? "--jobs" : "--resume") +
-                    std::string(" requires --jsonl"));
-    }
-    PlainInput input(options.file, options.csv, options.columns);
-    if (input.Table()) {
-      return ParseTable(*input.Table(), options.output);
-    }
-    if (!options.output.empty()) {
-      throw Failure("--output requires --jsonl or --csv");
-    }
-    return ParseText(input.Bytes());
-  }
-  if (!options.resume.empty() && !options.output.empty()) {
-    throw Failure("--resume excludes --output: the records go to the end of its own file");
-  }
+ExitStatus ParseLines(const ParseOptions& options) {
   ParseRecordForm form;
   LineFilterOptions lines;
   lines.input = options.file;
@@ -146,6 +109,76 @@ ExitStatus RunParse(const ParseOptions& options) {
   lines.jobs = options.jobs;
   AddressParser::GetInstance();  // made once, before there are worker processes
   return FilterLines(lines, ParseLine);
+}
+
+QStringList CellsOf(const AddressInfo& info) {
+  QStringList cells;
+  for (const ParsedField& field : kParsedFields) {
+    cells.append(QString::fromStdWString(info.*field.value));
+  }
+  return cells;
+}
+
+QStringList CellsOf(const QJsonObject& record) {
+  QStringList cells;
+  for (const ParsedField& field : kParsedFields) {
+    cells.append(record[QLatin1String(field.name)].toString());
+  }
+  return cells;
+}
+
+// The fields of each address in columns of their own; nothing else of the table changes. One
+// process takes each label as it comes to it; for several, or for records that are kept, the labels
+// are a stream of their own.
+ExitStatus ParseTable(const AddressTable& table, const ParseOptions& options) {
+  QStringList titles;
+  for (const ParsedField& field : kParsedFields) {
+    titles.append(QLatin1String(field.name));
+  }
+  Output output(options.output);
+  if (options.jobs == 1 && options.resume.empty()) {
+    return WriteTable(
+        table, titles,
+        [](const LabelColumns& columns, const QStringList& cells) {
+          return CellsOf(
+              AddressParser::GetInstance()->Parse(columns.LabelOf(cells).toStdWString()));
+        },
+        output);
+  }
+  RowRecords records(table, options.resume, RowId::kLabel,
+                     [&options](const std::string& input, const std::string& kept) {
+                       ParseOptions stream = options;
+                       stream.file = input;
+                       stream.output.clear();
+                       stream.resume = kept;
+                       return ParseLines(stream);
+                     });
+  const ExitStatus written = WriteTable(
+      table, titles,
+      [&records](const LabelColumns&, const QStringList&) {
+        return CellsOf(records.Next() ? records.Record() : QJsonObject());
+      },
+      output);
+  return std::max(records.Status(), written);
+}
+
+}  // namespace
+
+ExitStatus RunParse(const ParseOptions& options) {
+  if (options.jsonl) {
+    if (!options.resume.empty() && !options.output.empty()) {
+      throw Failure("--resume excludes --output: the records go to the end of its own file");
+    }
+    return ParseLines(options);
+  }
+  PlainInput input(options.file, options.csv, options.columns);
+  if (input.Table()) {
+    return ParseTable(*input.Table(), options);
+  }
+  RefuseOptionsOfMany({{"--output", !options.output.empty()},
+                       {"--resume", !options.resume.empty()},
+                       {"--jobs", options.jobs > 1}});
+  return ParseText(input.Bytes());
 }
 
 }  // namespace postwright

@@ -13,8 +13,8 @@ struct ParseOptions {
   bool csv = false;        // a table; where neither is said, a table is told from one label
   std::string columns;     // what makes the labels of a table; "" is to be found
   std::string output;      // "" is standard output; not for one label
-  std::string resume;      // an earlier run's records, of JSON lines alone
-  int jobs = 1;            // processes that parse at once; as `resume`
+  std::string resume;      // an earlier run's records to go on with; as `output`
+  int jobs = 1;            // processes that parse at once; as `output`
 };
 
 // `postwright parse`: splits labels into the fields of their addresses. Throws Failure and

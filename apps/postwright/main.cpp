@@ -28,7 +28,8 @@ constexpr const char* kUsage = "postwright parse|fix [OPTIONS] [FILE]";
 constexpr const char* kParseUsage =
     "postwright parse [FILE]\n"
     "       postwright parse --jsonl [--jobs N] [--output FILE | --resume FILE] [FILE]\n"
-    "       postwright parse [--csv] [--columns LIST] [--output FILE] [TABLE]";
+    "       postwright parse [--csv] [--columns LIST] [--jobs N] [--output FILE] [--resume FILE]\n"
+    "                        [TABLE]";
 constexpr const char* kParseFooter =
     R"(Without --jsonl the fields that hold something are printed, one a line.
 
@@ -44,7 +45,8 @@ the order of the lines all the same. The labels of one that dies are handed out 
 adds the records to FILE and goes on after those that an interrupted run of the same input left
 there; a half last line is dropped.
 
-A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added.
+A table, CSV or TSV in any usual encoding, is written with these thirteen as columns added. --resume
+keeps the records of the rows in a file of their own, beside --output.
 
 Exit status: 0 done; 1 no address found, or a line was not a label or row; 2 wrong usage, or
 input or output that cannot be read or written; 141 the reader of the output went away.

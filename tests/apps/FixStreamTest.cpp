@@ -454,10 +454,6 @@ TEST_F(ParseStreamTest, GoesOnWhereARunWasInterrupted) {
           {"no record", sed + "'3s/prefix/fixed/' out; " + refused, 0, "not a record of a parse",
            ""},
           {"two outputs", part + resume + " --output b", 2, "", "--resume excludes --output"},
-          {"a table", part + "$postwright parse --csv --resume out more", 2, "",
-           "requires --jsonl"},
-          {"jobs for a table", part + "$postwright parse --csv --jobs 2 more", 2, "",
-           "--jobs requ"},
       },
       folder_);
 }

@@ -189,6 +189,18 @@ TEST(TableTest, GoesOnAsAStreamDoes) {
            "Name,Address,postwright_number,postwright_predirectional,postwright_street,"
            "postwright_street_suffix\nAnn,1 a street,1,,A,ST\n",
            ""},
+          {"of many rows",
+           "cd $folder; (head -n 1 table; seq 2000 | sed 's/.*/A,& a street,Austin,TX,78701/') > "
+           "many; $postwright parse many > parsed; $postwright parse --jobs 3 many | cmp - parsed "
+           "&& cut -d, -f7 parsed | uniq | wc -l",
+           0, "2001\n", ""},
+          {"gone on with",
+           "cd $folder; $postwright parse --jobs 3 --resume rows many > /dev/null; head -c 99999 "
+           "rows > part; $postwright parse --resume part many | cmp - parsed && cmp part rows",
+           0, "", ""},
+          {"of another table",
+           "cd $folder; sed '9s/8 a/8 b/' many | $postwright parse --resume rows", 2, "",
+           "its line 8 is not the record of line 8"},
           {"more cells than the table of an earlier run has",
            "cd $folder; (cat fixed; echo 'Cy,3 c street,Austin,TX,78701,1,2,3,4,5') > again; "
            "$postwright fix --quiet --server 127.0.0.1:1 again | tail -n 1",

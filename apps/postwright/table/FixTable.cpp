@@ -1,15 +1,12 @@
 #include "apps/postwright/table/FixTable.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
 #include <iostream>
 
 #include "apps/postwright/stream/JsonRecord.h"
-#include "apps/postwright/stream/LineReader.h"
 #include "apps/postwright/stream/Output.h"
-#include "apps/postwright/table/ScratchFile.h"
 #include "apps/postwright/table/WriteTable.h"
 #include "apps/tables/LabelText.h"
 #include "core/label/FixStatus.h"
@@ -20,16 +17,6 @@ namespace {
 
 QString TextOf(std::string_view code) {
   return QLatin1String(code.data(), static_cast<qsizetype>(code.size()));
-}
-
-void WriteLabels(const AddressTable& table, const ScratchFile& file) {
-  Output output(file.Descriptor(), "a temporary file");
-  table.ReadLabels([&output](const QString& label) {
-    JsonRecord line("");
-    line.Add("address", label.toStdWString());
-    output.Write(line.Line());
-  });
-  output.Flush();
 }
 
 QString OneLine(const QString& label) {
@@ -66,8 +53,8 @@ QString CandidatesOf(const QJsonObject& record) {
 // Puts the records, one after another, into the rows that their labels are of.
 class RecordCells {
  public:
-  RecordCells(const std::string& records, const FixTableOptions& options)
-      : reader_(records), options_(options) {}
+  RecordCells(RowRecords& records, const FixTableOptions& options)
+      : records_(records), options_(options) {}
 
   QStringList Titles() const {
     QStringList titles{QStringLiteral("status"), QStringLiteral("confirmation"),
@@ -84,14 +71,13 @@ class RecordCells {
   }
 
   QStringList Put(const LabelColumns& columns, QStringList& cells) {
-    if (!reader_.Next()) {
+    if (!records_.Next()) {
       QStringList nothing(Titles().size(), QString());
       nothing.first() = TextOf(kNotAsked);
       return nothing;
     }
-    const QByteArray line(reader_.Line().data(), static_cast<qsizetype>(reader_.Line().size()));
-    const QJsonObject record = QJsonDocument::fromJson(line).object();
-    FixStatus status = StatusOfRecord(reader_.Line()).value_or(FixStatus::kUnchanged);
+    const QJsonObject record = records_.Record();
+    FixStatus status = StatusOfRecord(records_.Line()).value_or(FixStatus::kUnchanged);
     QString reason = record[QLatin1String("reason")].toString();
     QString reasonText = record[QLatin1String("reason_text")].toString();
     QString proposed = record[QLatin1String("proposed")].toString();
@@ -122,21 +108,17 @@ class RecordCells {
   }
 
  private:
-  LineReader reader_;
+  RowRecords& records_;
   const FixTableOptions& options_;
 };
 
 }  // namespace
 
 ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
-                    const FixStream& fix) {
+                    const RowRecords::Stream& fix) {
   Output output(options.output);  // first, so that nothing is asked where it cannot be written
-  const ScratchFile labels;
-  const ScratchFile scratch;
-  const std::string records = options.records.empty() ? scratch.Path() : options.records;
-  WriteLabels(table, labels);
-  const ExitStatus status = fix(labels.Path(), records);
-  if (status == kExitOutage && options.records.empty()) {
+  RowRecords records(table, options.records, RowId::kNone, fix);
+  if (records.Status() == kExitOutage && options.records.empty()) {
     std::cerr << "postwright: the rows that were not reached have the status not-asked; with "
                  "--resume FILE from the start the same command goes on with them\n";
   }
@@ -145,7 +127,7 @@ ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
       table, cells.Titles(),
       [&cells](const LabelColumns& columns, QStringList& row) { return cells.Put(columns, row); },
       output);
-  return std::max(status, written);
+  return std::max(records.Status(), written);
 }
 
 }  // namespace postwright

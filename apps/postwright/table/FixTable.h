@@ -1,11 +1,11 @@
 #ifndef POSTWRIGHT_APPS_POSTWRIGHT_TABLE_FIXTABLE_H_
 #define POSTWRIGHT_APPS_POSTWRIGHT_TABLE_FIXTABLE_H_
 
-#include <functional>
 #include <string>
 
 #include "apps/postwright/stream/Failure.h"
 #include "apps/postwright/table/AddressTable.h"
+#include "apps/postwright/table/RowRecords.h"
 
 namespace postwright {
 
@@ -16,18 +16,14 @@ struct FixTableOptions {
   bool candidates = false;  // a column with what could have been meant
 };
 
-// Fixes the labels of the file `input`, JSON lines, and writes their records to the end of the file
-// `records`, after those that are there.
-using FixStream = std::function<ExitStatus(const std::string& input, const std::string& records)>;
-
-// Has the labels of `table` fixed by `fix` and writes the table with the corrected addresses in
-// their cells, and columns added: status, confirmation, reason, zip4, proposed and, where asked
-// for, reason_text, source_text, changes and candidates. A correction that the cells cannot hold is
-// proposed and not made. Rows that have no record, since the run ended early, have the status
-// not-asked. Throws Failure and ClosedPipe; returns what `fix` returned, or kExitNotALabel where a
-// row could not be read.
+// Has the labels of `table` fixed by `fix`, as a stream, and writes the table with the corrected
+// addresses in their cells, and columns added: status, confirmation, reason, zip4, proposed and,
+// where asked for, reason_text, source_text, changes and candidates. A correction that the cells
+// cannot hold is proposed and not made. Rows that have no record, since the run ended early, have
+// the status not-asked. Throws Failure and ClosedPipe; returns what `fix` returned, or
+// kExitNotALabel where a row could not be read.
 ExitStatus FixTable(const AddressTable& table, const FixTableOptions& options,
-                    const FixStream& fix);
+                    const RowRecords::Stream& fix);
 
 }  // namespace postwright
 
