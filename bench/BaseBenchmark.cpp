@@ -21,7 +21,8 @@ using Questions = std::vector<RequestAddress>;
 // Addresses of the base, each on another street. `spoil` says what is done to them.
 template <typename Spoil>
 Questions MakeQuestions(const std::string& base, const Spoil& spoil) {
-  postal::SqliteFile file = postal::SqliteFile::OpenUnchanging(base);
+  const postal::FileImage image(base, postal::FileImage::Kind::Mapped);
+  postal::SqliteFile file = postal::SqliteFile::OpenImage(image.Bytes(), base);
   postal::SqliteStatement rows(
       file,
       "SELECT number,name,suffix,zip FROM street JOIN point ON point.street=street.id WHERE "

@@ -46,15 +46,6 @@ void LocalSource::Reload() {
   loaded_.swap(loaded);
 }
 
-void LocalSource::TakeFromParent() {
-  const std::shared_ptr<Loaded> ofParent = Get();
-  if (!ofParent->bases.IsInMemory()) {
-    // Kept for good: closing its files would close whatever the child has opened in their place.
-    new std::shared_ptr<Loaded>(ofParent);
-    Reload();
-  }
-}
-
 void LocalSource::Find(const RequestAddress& asked, const std::string&, Done done) {
   done(Get()->verifier.Verify(asked).outcome);
 }

@@ -23,18 +23,15 @@ namespace postwright::service {
 class LocalSource final : public AnswerSource {
  public:
   // Loads the files in their order: ZIP codes (ZipList) and address bases (JoinedBases). Throws
-  // ZipListError or StoreError where one cannot be used. Bases of up to `mostInMemory` bytes are
-  // read into memory.
+  // ZipListError or StoreError where one cannot be used. Bases that have no more than
+  // `mostInMemory` bytes together are copied into memory. A child of the process may go on with the
+  // object.
   explicit LocalSource(std::vector<std::filesystem::path> files,
                        size_t mostInMemory = postal::AddressBase::kMostInMemory);
   ~LocalSource() override;
 
   // Loads them again. Throws as the constructor; what was loaded before stays in use then.
   void Reload();
-
-  // For a child of fork(), before it asks: files that are read as they are asked about are opened
-  // again, since both processes would read through one. What is in memory is the child's already.
-  void TakeFromParent();
 
   // Answers within the call, as Verifier does.
   void Find(const RequestAddress& asked, const std::string& asker, Done done) override;

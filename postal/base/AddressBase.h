@@ -20,30 +20,26 @@ namespace postwright::postal {
 //   reader->FindStreets("78701", StreetKey("MAIN"));
 //
 // Any thread may borrow, each a connection of its own. A base that is replaced by a newer one
-// (postwright-base import) stays readable as it was for as long as the object lives: all
-// connections are opened at once, so that none of them can be to the newer file.
+// (postwright-base import) stays readable as it was for as long as the object lives.
 class AddressBase {
  public:
-  // Bytes of a base that a service keeps in memory.
-  static constexpr size_t kMostInMemory = size_t{512} * 1024 * 1024;
+  // Bytes of all bases together that a service copies into memory.
+  static constexpr size_t kMostInMemory = size_t{128} * 1024 * 1024;
 
   // Opens the file. Throws ZipListError where it is not a finished base of this version, or was
   // changed in place by a program that has not closed it properly, and StoreError where it cannot
   // be read.
   //
-  // A base of up to `mostInMemory` bytes is read into memory, which the connections share; of a
-  // larger one each keeps the pages that it met last. The first answers faster, the second at once.
-  // `place` is its own among those that are asked together (JoinedBases).
-  explicit AddressBase(const std::filesystem::path& file, size_t mostInMemory = 0,
-                       int64_t place = 0);
+  // The connections share one image of it. One that is copied has an index of its streets besides
+  // and answers faster; one that is mapped is there at once. `place` is its own among those that
+  // are asked together (JoinedBases).
+  explicit AddressBase(const std::filesystem::path& file,
+                       FileImage::Kind kind = FileImage::Kind::Mapped, int64_t place = 0);
 
   // What tells people this base from another: the file's name, "texas.base", and the day, as in
   // "2026-11-20", on which the newest of its sources was imported.
   const std::string& Name() const { return name_; }
   const std::string& Date() const { return date_; }
-
-  // Says whether the base was read into memory.
-  bool IsInMemory() const { return image_.has_value(); }
 
   class Lease;
 
@@ -60,8 +56,6 @@ class AddressBase {
     std::mutex mutex;  // held while it is lent
     std::unique_ptr<BaseReader> reader;
   };
-
-  void Open(const std::filesystem::path& file, size_t mostInMemory, int64_t place);
 
   std::string name_;
   std::string date_;

@@ -1,6 +1,7 @@
 #include "postal/base/JoinedBases.h"
 
 #include <algorithm>
+#include <system_error>
 
 #include "postal/places/CityName.h"
 
@@ -15,6 +16,17 @@ const std::vector<std::string>& ListOf(
   return found == lists.end() ? kNothing : found->second;
 }
 
+// Of what cannot be read opening says so.
+uintmax_t SizeOf(const std::vector<std::filesystem::path>& files) {
+  uintmax_t size = 0;
+  for (const std::filesystem::path& file : files) {
+    std::error_code failure;
+    const uintmax_t bytes = std::filesystem::file_size(file, failure);
+    size += failure ? 0 : bytes;
+  }
+  return size;
+}
+
 void Add(std::vector<std::string>& list, const std::string& text) {
   if (std::find(list.begin(), list.end(), text) == list.end()) {
     list.push_back(text);
@@ -23,9 +35,11 @@ void Add(std::vector<std::string>& list, const std::string& text) {
 
 }  // namespace
 
-JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory) {
+JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory)
+    : isInMemory_(SizeOf(files) <= mostInMemory) {
+  const auto kind = isInMemory_ ? FileImage::Kind::Copied : FileImage::Kind::Mapped;
   for (const std::filesystem::path& file : files) {
-    bases_.emplace_back(file, mostInMemory, static_cast<int64_t>(bases_.size()));
+    bases_.emplace_back(file, kind, static_cast<int64_t>(bases_.size()));
   }
   for (size_t place = 0; place < bases_.size(); ++place) {
     if (bases_[place].Borrow()->Known().hasPostal) {
@@ -50,11 +64,6 @@ void JoinedBases::Join(size_t place) {
       Add(zipsOfCity_[CityKey(name)], zip);
     }
   }
-}
-
-bool JoinedBases::IsInMemory() const {
-  return std::all_of(bases_.begin(), bases_.end(),
-                     [](const AddressBase& base) { return base.IsInMemory(); });
 }
 
 size_t JoinedBases::PlaceOf(const std::string& zip) const {

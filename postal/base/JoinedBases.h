@@ -22,14 +22,15 @@ class JoinedBases {
  public:
   static constexpr size_t kNone = static_cast<size_t>(-1);
 
-  // Opens the files, as AddressBase does.
+  // Opens the files, as AddressBase does. They are copied where all together have no more than
+  // `mostInMemory` bytes, and mapped otherwise.
   explicit JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory = 0);
 
   size_t Size() const { return bases_.size(); }
   const AddressBase& operator[](size_t place) const { return bases_[place]; }
 
-  // Says whether all of them were read into memory.
-  bool IsInMemory() const;
+  // Says whether they were copied into memory, which goes with an index of their streets.
+  bool IsInMemory() const { return isInMemory_; }
 
   // Where there are several: returns the place of the one whose streets of the ZIP code count;
   // kNone where none has any.
@@ -51,6 +52,7 @@ class JoinedBases {
 
   void Join(size_t place);
 
+  const bool isInMemory_;
   std::deque<AddressBase> bases_;
   std::unordered_map<std::string, size_t> places_;
   Lists cityNames_;

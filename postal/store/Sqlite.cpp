@@ -6,7 +6,6 @@
 #include <cstring>
 
 #include "common/FileDescriptor.h"
-#include "common/SmallText.h"
 
 namespace postwright::postal {
 namespace {
@@ -14,19 +13,6 @@ namespace {
 // SQLite would create the file with the process's own mask; its helper files take its mode.
 void CreatePrivate(const std::filesystem::path& file) {
   const FileDescriptor created(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
-}
-
-// The signs that mean something else in a URI's path.
-std::string EscapeForUri(const std::string& path) {
-  std::string escaped;
-  for (const char c : path) {
-    if (c == '%' || c == '?' || c == '#') {
-      AppendEscape(c, escaped);
-    } else {
-      escaped += c;
-    }
-  }
-  return escaped;
 }
 
 // SQLite would keep a count of all memory, under a lock that all connections share. Has no effect
@@ -65,15 +51,6 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, std::chrono::milliseco
   CreatePrivate(file);
   Open(name_, SQLITE_OPEN_READWRITE);
   sqlite3_busy_timeout(connection_.get(), static_cast<int>(patience.count()));
-}
-
-SqliteFile SqliteFile::OpenUnchanging(const std::filesystem::path& file) {
-  SqliteFile opened(file.string());
-  opened.Open("file:" + EscapeForUri(std::filesystem::absolute(file).string()) + "?immutable=1",
-              SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
-  opened.Run("PRAGMA cache_size=-" + std::to_string(kPageCache / 1024));
-  opened.ReadAsItIs();
-  return opened;
 }
 
 SqliteFile SqliteFile::OpenImage(std::span<unsigned char> image, std::string name) {

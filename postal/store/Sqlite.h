@@ -45,15 +45,9 @@ class SqliteFile {
   // Opens `file`, which is created, for its owner alone, where there is none.
   SqliteFile(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
-  // Bytes of a file opened by OpenUnchanging that are kept in memory at most.
-  static constexpr size_t kPageCache = size_t{32} * 1024 * 1024;
-
-  // Opens `file` for reading alone, as one that nobody changes while it is open: no locks are taken
-  // and nothing is written beside it, so that the file may be where nothing can be written.
-  static SqliteFile OpenUnchanging(const std::filesystem::path& file);
-
-  // Opens the image of a file, which must outlive the connection, for reading alone. Any number of
-  // connections may share it. `name` stands for it in errors.
+  // Opens the image of a file (FileImage), which must outlive the connection, for reading alone: no
+  // locks are taken and nothing is written beside the file. Any number of connections may share it.
+  // `name` stands for it in errors.
   static SqliteFile OpenImage(std::span<unsigned char> image, std::string name);
 
   // Takes everything out of the file, also of one that is damaged or of another kind. Fails where

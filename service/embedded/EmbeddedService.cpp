@@ -1,7 +1,5 @@
 #include "service/embedded/EmbeddedService.h"
 
-#include <unistd.h>
-
 #include <utility>
 
 #include "postal/places/ZipList.h"
@@ -11,8 +9,7 @@ namespace postwright::service {
 
 EmbeddedService::EmbeddedService(std::vector<std::filesystem::path> files)
     : source_(std::move(files)),
-      service_(source_, nullptr, {.pathPrefix = "", .takesNotes = false}),
-      process_(getpid()) {
+      service_(source_, nullptr, {.pathPrefix = "", .takesNotes = false}) {
   if (source_.Zips()->ZipCount() == 0) {
     throw postal::ZipListError(
         "no list of ZIP codes is among the files; one comes with it as "
@@ -22,7 +19,6 @@ EmbeddedService::EmbeddedService(std::vector<std::filesystem::path> files)
 
 LocalAnswer EmbeddedService::Answer(const std::string& url,
                                     const std::vector<std::string>& headers) {
-  NoteFork();
   const HttpRequest request = RequestOf(url, headers);
   HttpReply reply;
   try {
@@ -31,16 +27,6 @@ LocalAnswer EmbeddedService::Answer(const std::string& url,
     reply = FailureReply(failure.what());
   }
   return {reply.status, static_cast<std::int32_t>(reply.retryAfter.count()), std::move(reply.body)};
-}
-
-void EmbeddedService::NoteFork() {
-  if (process_ != getpid()) {
-    const std::lock_guard lock(forkMutex_);
-    if (process_ != getpid()) {
-      source_.TakeFromParent();
-      process_ = getpid();
-    }
-  }
 }
 
 }  // namespace postwright::service

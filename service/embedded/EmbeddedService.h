@@ -2,11 +2,8 @@
 #define POSTWRIGHT_SERVICE_EMBEDDED_EMBEDDEDSERVICE_H_
 
 #include <postwright/LocalAnswers.h>
-#include <sys/types.h>
 
-#include <atomic>
 #include <filesystem>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -31,12 +28,8 @@ class EmbeddedService {
   LocalAnswer Answer(const std::string& url, const std::vector<std::string>& headers);
 
  private:
-  void NoteFork();
-
   LocalSource source_;
   VerifyService service_;
-  std::mutex forkMutex_;
-  std::atomic<pid_t> process_;  // whose files are open
 };
 
 }  // namespace postwright::service

@@ -1,5 +1,7 @@
 #include "tests/postal/base/SampleBase.h"
 
+#include "postal/store/FileImage.h"
+
 namespace postwright::postal {
 namespace {
 
@@ -23,7 +25,8 @@ ImportCounts Import(const std::filesystem::path& base, const std::string& source
 }
 
 std::string Content(const std::string& file) {
-  SqliteFile base = SqliteFile::OpenUnchanging(file);
+  const FileImage image(file, FileImage::Kind::Mapped);
+  SqliteFile base = SqliteFile::OpenImage(image.Bytes(), file);
   std::string content;
   for (const char* facts :
        {"SELECT source.name||zip||street.name||number||unit FROM point JOIN street ON "

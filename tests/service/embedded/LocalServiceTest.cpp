@@ -239,7 +239,7 @@ TEST_F(LocalServiceTest, AnswersThreadsAtOnce) {
   UseLocalService(Sample().With({"whole.base"}));  // meanwhile
 }
 
-// A worker process closes files that it does not know; a base outside memory used to be among them.
+// A worker process closes files that it does not know.
 TEST_F(LocalServiceTest, AnswersInAChild) {
   RequestAddress asked;
   asked.address2 = "12 N MAIN ST";
@@ -250,7 +250,6 @@ TEST_F(LocalServiceTest, AnswersInAChild) {
     if (child == 0) {
       close_range(STDERR_FILENO + 1, ~0U, 0);
       try {
-        source.TakeFromParent();
         source.Find(asked, "", [](const AddressAnswer& answer) {
           const auto* const fields = std::get_if<ReplyFields>(&answer);
           _exit(fields != nullptr && fields->zip4 == "1201" ? 0 : 1);
