@@ -32,8 +32,7 @@ struct ReadRow {
 void CheckStandard(const AddressRow& row) {
   static const ZipList zips;
   RowReader reader(zips);
-  reader.ReadStreet(row);
-  reader.ReadBox(row);
+  reader.ReadStreet(row, reader.ReadCity(row).state);
   const std::string number = reader.ReadNumber(row[Field::Number]);
   Require(number.empty() || reader.ReadNumber(number) == number, "a standard number stays so");
   const std::string unit = reader.ReadUnit(row[Field::Unit]);

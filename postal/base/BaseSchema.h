@@ -15,22 +15,13 @@ constexpr int64_t kVersion = 1;
 // Where SQLite keeps application_id in a file, and how it is told from any other file.
 constexpr std::string_view kMagic{"SQLite format 3\0", 16};
 
-// What a base and a half-done import have alike.
-//
-// A street belongs to one ZIP code; a street that goes on in the next is another row there. Points
-// and ranges are what makes it known, and name the source that says so, since sources are replaced
-// one by one. `city` holds the names that a source gives the places of a ZIP code.
+// What a base and a half-done import have alike. `city` holds the names that a source gives the
+// places of a ZIP code.
 constexpr std::string_view kTables = R"(
 CREATE TABLE source(
   id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, format TEXT NOT NULL, licence TEXT NOT NULL,
   attribution TEXT NOT NULL, imported TEXT NOT NULL, whole INTEGER NOT NULL,
   rows INTEGER NOT NULL, left_out INTEGER NOT NULL);
-CREATE TABLE street(
-  id INTEGER PRIMARY KEY, zip TEXT NOT NULL, key TEXT NOT NULL, name TEXT NOT NULL,
-  predirectional TEXT NOT NULL, suffix TEXT NOT NULL, postdirectional TEXT NOT NULL,
-  urbanization TEXT NOT NULL);
-CREATE UNIQUE INDEX street_in_zip ON street(
-  zip, key, name, predirectional, suffix, postdirectional, urbanization);
 CREATE TABLE city(
   zip TEXT NOT NULL, key TEXT NOT NULL, name TEXT NOT NULL, source INTEGER NOT NULL,
   PRIMARY KEY(zip, key, source)) WITHOUT ROWID;
@@ -39,7 +30,16 @@ CREATE TABLE zip(
   zip TEXT NOT NULL, source INTEGER NOT NULL, PRIMARY KEY(zip, source)) WITHOUT ROWID;
 )";
 
+// A street belongs to one ZIP code; a street that goes on in the next is another row there. Points
+// and ranges are what makes it known, and name the source that says so, since sources are replaced
+// one by one. Streets are looked up by their names alone: bases that were made before have them in
+// a table by their numbers, and the names once more in an index of it.
 constexpr std::string_view kFacts = R"(
+CREATE TABLE street(
+  id INTEGER NOT NULL, zip TEXT NOT NULL, key TEXT NOT NULL, name TEXT NOT NULL,
+  predirectional TEXT NOT NULL, suffix TEXT NOT NULL, postdirectional TEXT NOT NULL,
+  urbanization TEXT NOT NULL,
+  PRIMARY KEY(zip, key, name, predirectional, suffix, postdirectional, urbanization)) WITHOUT ROWID;
 CREATE TABLE point(
   street INTEGER NOT NULL, number TEXT NOT NULL, unit TEXT NOT NULL, source INTEGER NOT NULL,
   zip4 TEXT NOT NULL, PRIMARY KEY(street, number, unit, source)) WITHOUT ROWID;
@@ -49,10 +49,12 @@ CREATE TABLE number_range(
   PRIMARY KEY(street, low, high, parity, source)) WITHOUT ROWID;
 )";
 
-// What an import gathers, in the order in which it comes.
+// What an import gathers, in the order in which it comes, and how far it has got.
 constexpr std::string_view kStage = R"(
-CREATE TABLE staged_point(
-  street INTEGER NOT NULL, number TEXT NOT NULL, unit TEXT NOT NULL, zip4 TEXT NOT NULL);
+CREATE TABLE street(
+  id INTEGER PRIMARY KEY, zip TEXT NOT NULL, key TEXT NOT NULL, name TEXT NOT NULL,
+  predirectional TEXT NOT NULL, suffix TEXT NOT NULL, postdirectional TEXT NOT NULL,
+  urbanization TEXT NOT NULL);
 CREATE TABLE staged_range(
   street INTEGER NOT NULL, low TEXT NOT NULL, high TEXT NOT NULL, parity TEXT NOT NULL,
   zip4 TEXT NOT NULL);

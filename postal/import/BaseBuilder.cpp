@@ -97,7 +97,7 @@ BaseBuilder::BaseBuilder(const std::filesystem::path& base, const SourceFacts& s
   }
   streets_.emplace(stage_, reader_, sourceId_);
   postal_.emplace(stage_, reader_, sourceId_);
-  addPoint_.emplace(stage_, "INSERT INTO staged_point VALUES(?,?,?,?)");
+  points_.emplace(stage_);
   addRange_.emplace(stage_, "INSERT INTO staged_range VALUES(?,?,?,?,?)");
 }
 
@@ -133,7 +133,7 @@ void BaseBuilder::Begin(const std::string& job) {
     stage_.Run("BEGIN");
   }
   stage_.Run(std::string(BaseSchema::kTables));
-  stage_.Run(std::string(BaseSchema::kStage));
+  stage_.Run(std::string(BaseSchema::kStage) + std::string(PointRuns::kTables));
   stage_.Run(std::string(PostalTables::kTables) + std::string(PostalStage::kTables));
   if (isUpdate) {
     CopyStreets();
@@ -145,7 +145,7 @@ void BaseBuilder::Begin(const std::string& job) {
 
 // Streets keep their numbers, so that what stays of the base can be taken over as it is.
 void BaseBuilder::CopyStreets() {
-  stage_.Run("INSERT INTO main.street SELECT * FROM old.street");
+  stage_.Run("INSERT INTO main.street SELECT * FROM old.street ORDER BY id");
   SqliteStatement known(stage_,
                         "SELECT coalesce((SELECT id FROM old.source WHERE name=?),"
                         "(SELECT coalesce(max(id),0)+1 FROM old.source))");
@@ -183,7 +183,7 @@ std::optional<RowFault> BaseBuilder::Add(const AddressRow& row) {
     return fault;
   }
   if (const std::string number = reader_.ReadNumber(row[Field::Number]); !number.empty()) {
-    SqliteQuery(*addPoint_, *street, number, reader_.ReadUnit(row[Field::Unit]), knownZip4).Step();
+    points_->Add({*street, number, reader_.ReadUnit(row[Field::Unit]), knownZip4});
     ++counts_.points;
     return std::nullopt;
   }
@@ -253,6 +253,7 @@ void BaseBuilder::AddPlace(const AddressRow& row) {
 
 void BaseBuilder::Save(const ImportPlace& place) {
   place_ = place;
+  points_->Save();
   SqliteStatement save(
       stage_, "UPDATE place SET file=?,position=?,line=?,points=?,ranges=?,names=?,left_out=?");
   SqliteQuery(save, place.file, place.row.position, place.row.line, counts_.points, counts_.ranges,
@@ -277,6 +278,7 @@ void BaseBuilder::Finish() {
   }
   const std::string made = Path(".import-new");
   const Unfinished unfinished(made);
+  points_->Save();
   stage_.Run("COMMIT; PRAGMA locking_mode=NORMAL");
   stage_.Number("SELECT count(*) FROM place");      // only now others may read what was gathered
   Lock([this] { stage_.Run("BEGIN IMMEDIATE"); });  // and still not write
@@ -311,9 +313,7 @@ void BaseBuilder::Compose(SqliteFile& whole) const {
   whole.Run("BEGIN");
   whole.Run(std::string(BaseSchema::kFacts));
   const std::string id = std::to_string(sourceId_);
-  whole.Run("INSERT OR IGNORE INTO point SELECT street,number,unit," + id +
-            " AS source,zip4 FROM staged_point" + old("*", "point", "source") +
-            " ORDER BY 1,2,3,4");
+  PointRuns::Compose(whole, sourceId_, update);
   whole.Run("INSERT OR IGNORE INTO number_range SELECT street,low,high,parity," + id +
             " AS source,zip4 FROM staged_range" + old("*", "number_range", "source") +
             " ORDER BY 1,2,3,4,5");
@@ -323,7 +323,8 @@ void BaseBuilder::Compose(SqliteFile& whole) const {
   whole.Run(
       "INSERT INTO main.street SELECT * FROM stage.street s WHERE EXISTS "
       "(SELECT 1 FROM point WHERE street=s.id) OR EXISTS "
-      "(SELECT 1 FROM number_range WHERE street=s.id)");
+      "(SELECT 1 FROM number_range WHERE street=s.id) "
+      "ORDER BY zip,key,name,predirectional,suffix,postdirectional,urbanization");
   whole.Run("INSERT INTO main.city SELECT * FROM stage.city" + old("*", "city", "source"));
   whole.Run("INSERT INTO main.zip SELECT * FROM stage.zip" + old("*", "zip", "source"));
   if (update) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "postal/import/AddressRow.h"
+#include "postal/import/PointRuns.h"
 #include "postal/import/PostalStage.h"
 #include "postal/import/RowReader.h"
 #include "postal/import/RowSource.h"
@@ -106,7 +107,7 @@ class BaseBuilder {
   ImportCounts counts_;
   std::optional<StreetStage> streets_;
   std::optional<PostalStage> postal_;
-  std::optional<SqliteStatement> addPoint_;
+  std::optional<PointRuns> points_;
   std::optional<SqliteStatement> addRange_;
 };
 

@@ -49,8 +49,10 @@ Importer::Importer(const std::filesystem::path& base, SourceFacts source,
 
 // A file that has changed is another file: the place in it would mean nothing.
 std::string Importer::Job() const {
-  std::string job = source_.name + '\n' + source_.licence + '\n' + source_.attribution + '\n' +
-                    (source_.whole ? "whole" : "partial") + '\n' + (map_ ? map_->Text() : "");
+  constexpr std::string_view kStage = "2\n";  // another one is of a program that gathered otherwise
+  std::string job = std::string(kStage) + source_.name + '\n' + source_.licence + '\n' +
+                    source_.attribution + '\n' + (source_.whole ? "whole" : "partial") + '\n' +
+                    (map_ ? map_->Text() : "");
   for (const std::string& state : source_.states) {
     job += '\n' + state;
   }

@@ -95,21 +95,19 @@ std::optional<RowFault> PostalStage::AddAlias(const AddressRow& row) {
   AddressRow target;
   target[Field::Zip] = row[Field::Zip];
   target[Field::Street] = row.postal.other;
-  const auto read = reader_.ReadStreet(row);
-  const auto readTarget = reader_.ReadStreet(target);
-  if (const auto* const fault = std::get_if<RowFault>(&read)) {
-    return *fault;
+  const RowCity city = reader_.ReadCity(row);
+  if (city.zip.empty()) {
+    return RowFault::NoZip;
   }
-  if (const auto* const fault = std::get_if<RowFault>(&readTarget)) {
-    return *fault;
+  const auto name = reader_.ReadStreet(row, city.state);
+  const auto of = reader_.ReadStreet(target, reader_.ReadCity(target).state);
+  if (!name || !of) {
+    return RowFault::NoStreet;
   }
-  const RowStreet& alias = std::get<RowStreet>(read);
-  const StreetName& of = std::get<RowStreet>(readTarget).street;
-  const StreetName& name = alias.street;
-  SqliteQuery(addAlias_, alias.zip, StreetKey(name.name), name.predirectional, name.name,
-              name.suffix, name.postdirectional, row[Field::Low], row[Field::High],
-              row[Field::Parity], int64_t{row.postal.isUsable}, of.predirectional, of.name,
-              of.suffix, of.postdirectional, source_)
+  SqliteQuery(addAlias_, city.zip, StreetKey(name->name), name->predirectional, name->name,
+              name->suffix, name->postdirectional, row[Field::Low], row[Field::High],
+              row[Field::Parity], int64_t{row.postal.isUsable}, of->predirectional, of->name,
+              of->suffix, of->postdirectional, source_)
       .Step();
   return std::nullopt;
 }

@@ -57,56 +57,41 @@ std::string BoxName(Words words) {
 
 }  // namespace
 
-std::string RowReader::PlaceZip(const AddressRow& row, std::string& state) const {
-  const std::string zip = row[Field::Zip].substr(0, kZipLength);
-  if (zip.size() == kZipLength && AllDigits(zip)) {
-    const ZipList::City* const city = zips_.FindZip(zip);
-    if (city != nullptr) {
-      state = city->state;
-    }
-    return zip;
+RowCity RowReader::ReadCity(const AddressRow& row) const {
+  RowCity read;
+  read.state = Lexicon::Get().State(JoinWords(WordsOf(row[Field::State])));
+  const auto name = FoldToAscii(DecodeText(row[Field::City]));
+  read.name = name && *name != kNoCity ? StandardCity(*name) : std::string();
+  read.zip = row[Field::Zip].substr(0, kZipLength);
+  if (read.zip.size() == kZipLength && AllDigits(read.zip)) {
+    const ZipList::City* const city = zips_.FindZip(read.zip);
+    read.state = city != nullptr ? city->state : read.state;
+  } else {
+    const std::string known = StandardCity(JoinWords(WordsOf(row[Field::City])));
+    const ZipList::City* const city =
+        known.empty() ? nullptr : zips_.FindCity(CityKey(known), read.state);
+    read.zip = city != nullptr && city->zips.size() == 1 ? city->zips.front() : std::string();
   }
-  const std::string name = StandardCity(JoinWords(WordsOf(row[Field::City])));
-  const ZipList::City* const city = name.empty() ? nullptr : zips_.FindCity(CityKey(name), state);
-  return city != nullptr && city->zips.size() == 1 ? city->zips.front() : std::string();
+  return read;
 }
 
-std::variant<RowStreet, RowFault> RowReader::ReadStreet(const AddressRow& row) const {
-  std::string state(Lexicon::Get().State(JoinWords(WordsOf(row[Field::State]))));
-  RowStreet read;
-  read.zip = PlaceZip(row, state);
-  if (read.zip.empty()) {
-    return RowFault::NoZip;
+std::optional<StreetName> RowReader::ReadStreet(const AddressRow& row,
+                                                std::string_view state) const {
+  if (row.postal.IsBox()) {
+    StreetName box;
+    box.name = row.postal.kind == PostalRecord::Kind::GeneralDelivery
+                   ? "GENERAL DELIVERY"
+                   : BoxName(WordsOf(row[Field::Street]));
+    return box.name.empty() ? std::nullopt : std::optional(box);
   }
   Words line = {"1"};
   const Words street = WordsOf(row[Field::Street]);
   line.insert(line.end(), street.begin(), street.end());
   const auto parsed = postal::ReadStreet(std::move(line), state);
   if (!parsed || JoinWords(parsed->number) != "1" || !parsed->units.empty()) {
-    return RowFault::NoStreet;
+    return std::nullopt;
   }
-  const auto city = FoldToAscii(DecodeText(row[Field::City]));
-  read.city = city && *city != kNoCity ? StandardCity(*city) : std::string();
-  read.street =
-      StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
-  return read;
-}
-
-std::variant<RowStreet, RowFault> RowReader::ReadBox(const AddressRow& row) const {
-  std::string state;
-  RowStreet read;
-  read.isBox = true;
-  read.zip = PlaceZip(row, state);
-  if (read.zip.empty()) {
-    return RowFault::NoZip;
-  }
-  read.street.name = row.postal.kind == PostalRecord::Kind::GeneralDelivery
-                         ? "GENERAL DELIVERY"
-                         : BoxName(WordsOf(row[Field::Street]));
-  if (read.street.name.empty()) {
-    return RowFault::NoStreet;
-  }
-  return read;
+  return StreetNameOf(*parsed, JoinWords(StandardUrbanization(WordsOf(row[Field::Urbanization]))));
 }
 
 std::string RowReader::ReadNumber(const std::string& text) const {

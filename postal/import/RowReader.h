@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <variant>
 
 #include "common/StringHash.h"
 #include "postal/base/StreetName.h"
@@ -14,12 +13,11 @@
 
 namespace postwright::postal {
 
-// The street of a row and its place, in standard form.
-struct RowStreet {
-  std::string zip;
-  std::string city;  // as the source names it; empty where it does not
-  StreetName street;
-  bool isBox = false;  // a BoxAddress
+// The place of a row, in standard form.
+struct RowCity {
+  std::string zip;    // empty where the row tells none
+  std::string state;  // empty where it is not known
+  std::string name;   // as the source names it; empty where it does not
 };
 
 // Brings the rows of a source into the form in which the service compares addresses: through the
@@ -32,10 +30,12 @@ class RowReader {
  public:
   explicit RowReader(const ZipList& zips) : zips_(zips) {}
 
-  std::variant<RowStreet, RowFault> ReadStreet(const AddressRow& row) const;
+  RowCity ReadCity(const AddressRow& row) const;
 
-  // The same of boxes, routes and general delivery, which are streets of their own in a base.
-  std::variant<RowStreet, RowFault> ReadBox(const AddressRow& row) const;
+  // Returns the row's street, in whose writing the state counts; of boxes, routes and general
+  // delivery the BoxAddress, which is a street of its own in a base. nullopt where it has none that
+  // can be read.
+  std::optional<StreetName> ReadStreet(const AddressRow& row, std::string_view state) const;
 
   // Returns "12 1/2" of "12½", the empty text for what is not a house number.
   std::string ReadNumber(const std::string& text) const;
@@ -44,8 +44,6 @@ class RowReader {
   const std::string& ReadUnit(const std::string& text);
 
  private:
-  std::string PlaceZip(const AddressRow& row, std::string& state) const;
-
   const ZipList& zips_;
   std::unordered_map<std::string, std::string, StringHash<char>, std::equal_to<>> units_;
 };

@@ -132,6 +132,13 @@ void SqliteStatement::Bind(int parameter, int64_t number) {
   }
 }
 
+void SqliteStatement::Bind(int parameter, SqliteBytes bytes) {
+  if (sqlite3_bind_blob64(statement_.get(), parameter, bytes.bytes.data(), bytes.bytes.size(),
+                          SQLITE_STATIC) != SQLITE_OK) {
+    file_.Fail();
+  }
+}
+
 bool SqliteStatement::Step() {
   const int end = sqlite3_step(statement_.get());
   if (end == SQLITE_ROW || end == SQLITE_DONE) {

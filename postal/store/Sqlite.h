@@ -83,15 +83,21 @@ class SqliteFile {
   std::unique_ptr<sqlite3, Close> connection_;
 };
 
+// Bytes that are no text. Borrows them.
+struct SqliteBytes {
+  std::string_view bytes;
+};
+
 // A statement, compiled once. Borrows the file. Parameters and columns are counted as SQLite counts
 // them: parameters from 1, columns from 0.
 class SqliteStatement {
  public:
   SqliteStatement(SqliteFile& file, const std::string& text);
 
-  // `text` must live until the next Reset.
+  // Texts and bytes must live until the next Reset.
   void Bind(int parameter, std::string_view text);
   void Bind(int parameter, int64_t number);
+  void Bind(int parameter, SqliteBytes bytes);
 
   // Returns true where there is a row. Resets the statement where it fails.
   bool Step();
@@ -99,6 +105,7 @@ class SqliteStatement {
   // Makes the statement ready for other parameters and lets go of its lock.
   void Reset();
 
+  // Bytes are read as text, too, as they are.
   std::string Text(int column) const;
   int64_t Number(int column) const { return sqlite3_column_int64(statement_.get(), column); }
 

@@ -133,7 +133,7 @@ void ImportRows(const std::string& text, const std::string& /*other*/) {
   for (bool goesOn = true; goesOn;) {
     try {
       goesOn = source->Next(row);
-      reader.ReadStreet(row);
+      reader.ReadStreet(row, reader.ReadCity(row).state);
       reader.ReadNumber(row[postal::Field::Number]);
       reader.ReadUnit(row[postal::Field::Unit]);
     } catch (const postal::RowError&) {
