@@ -6,17 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "postal/import/StagedPoint.h"
 #include "postal/store/Sqlite.h"
 
 namespace postwright::postal {
-
-// An address of a street, as an import gathers it. Borrows its texts.
-struct StagedPoint {
-  int64_t street = 0;
-  std::string_view number;
-  std::string_view unit;
-  std::string_view zip4;
-};
 
 // Where an import gathers its addresses: in sorted runs, packed, which RunMerge brings together. It
 // takes a fraction of what a row a point and a sort of the table took. Memory is that of one run.
@@ -52,38 +45,6 @@ class PointRuns {
   int64_t run_;
   std::vector<Added> points_;
   std::string texts_;  // number and unit, which are the key, and ZIP+4, each ended by a NUL
-};
-
-// The addresses of all runs of a file's `staged_run`, in the order of street, number and unit; of
-// equal ones those first that were added first. Memory is 32 KiB a run. Borrows the file. One
-// thread.
-class RunMerge {
- public:
-  explicit RunMerge(SqliteFile& file);
-
-  // Goes on to the next; false at the end.
-  bool Next();
-
-  // The one that Next went to, until the next call.
-  const StagedPoint& Point() const { return runs_[order_.front()].point; }
-
- private:
-  struct Run {
-    int64_t number = 0;
-    int64_t part = 0;  // the next one
-    std::string rows;
-    size_t at = 0;  // of what comes after `point`
-    StagedPoint point;
-    std::string_view key;  // number and unit of the point, for its order
-  };
-
-  bool Read(Run& run);
-  bool ComesAfter(size_t run, size_t other) const;
-
-  SqliteStatement find_;
-  std::vector<Run> runs_;
-  std::vector<size_t> order_;  // a heap of those that have a point, the least in front
-  bool hasBegun_ = false;
 };
 
 }  // namespace postwright::postal
