@@ -141,6 +141,9 @@ class AnswerCache::Writer {
             file_,
             "DELETE FROM answers WHERE key IN (SELECT key FROM answers ORDER BY saved LIMIT ?)"),
         note_(file_, "INSERT INTO calls VALUES(?, ?)"),
+        takeBack_(
+            file_,
+            "DELETE FROM calls WHERE rowid = (SELECT max(rowid) FROM calls WHERE source = ?)"),
         forget_(file_, "DELETE FROM calls WHERE source = ? AND at < ?"),
         calls_(file_, "SELECT at FROM calls WHERE source = ? AND at > ? ORDER BY at") {}
 
@@ -167,6 +170,8 @@ class AnswerCache::Writer {
     postal::SqliteQuery(forget_, source, now - kCallsKept.count()).Step();
   }
 
+  void TakeBackCall(const std::string& source) { postal::SqliteQuery(takeBack_, source).Step(); }
+
   std::vector<Clock::Date> CallsSince(const std::string& source, int64_t since) {
     std::vector<Clock::Date> dates;
     for (postal::SqliteQuery query(calls_, source, since); query.Step();) {
@@ -187,6 +192,7 @@ class AnswerCache::Writer {
   postal::SqliteStatement trim_;
   postal::SqliteStatement shrink_;
   postal::SqliteStatement note_;
+  postal::SqliteStatement takeBack_;
   postal::SqliteStatement forget_;
   postal::SqliteStatement calls_;
   uint64_t kept_ = 0;
@@ -265,6 +271,10 @@ void AnswerCache::Keep(const std::string& key, const Kept& answer) {
 
 void AnswerCache::NoteCall() {
   Try(writer_, [&](Writer& writer) { writer.NoteCall(source_, Seconds(clock_.Today())); });
+}
+
+void AnswerCache::TakeBackCall() {
+  Try(writer_, [&](Writer& writer) { writer.TakeBackCall(source_); });
 }
 
 std::vector<Clock::Date> AnswerCache::CallsWithin(std::chrono::seconds stretch) {

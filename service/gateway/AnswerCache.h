@@ -58,9 +58,11 @@ class AnswerCache {
   // second at most.
   void Keep(const std::string& key, const Kept& answer);
 
-  // Notes a call of the upstream at this moment; CallsWithin returns those of the last `stretch`,
-  // of a day at most. Both wait as Keep does.
+  // Notes a call of the upstream at this moment, before it is made, so that who is killed during it
+  // has noted it. TakeBackCall drops the last one, which was not made. CallsWithin returns those of
+  // the last `stretch`, of a day at most. All wait as Keep does.
   void NoteCall();
+  void TakeBackCall();
   std::vector<Clock::Date> CallsWithin(std::chrono::seconds stretch);
 
   // Returns about how many answers the file holds, of all sources.

@@ -231,6 +231,9 @@ void Gateway::Work() {
 
 // A call that was made is finished and kept also where nobody waits for it any more: it is paid.
 void Gateway::Call(const FlightPointer& flight) {
+  if (cache_ != nullptr) {
+    cache_->NoteCall();
+  }
   const Clock::Time begun = clock_.Now();
   const UpstreamOutcome outcome = AskUpstream(flight->normal);
   Deliveries deliveries;
@@ -239,10 +242,13 @@ void Gateway::Call(const FlightPointer& flight) {
     record_.CallEnds(begun);
     deliveries = Settle(flight, outcome);
   }
-  Deliver(std::move(deliveries));
-  for (size_t i = 0; cache_ != nullptr && i < outcome.calls; ++i) {
+  if (cache_ != nullptr && outcome.calls == 0) {
+    cache_->TakeBackCall();
+  }
+  for (size_t i = 1; cache_ != nullptr && i < outcome.calls; ++i) {
     cache_->NoteCall();
   }
+  Deliver(std::move(deliveries));
   if (std::holds_alternative<UpstreamFault>(outcome.answer)) {
     return;
   }

@@ -255,7 +255,12 @@ TEST_F(GatewayTest, CachedAnswersGoOnWhileTheUpstreamHangs) {
 
 TEST_F(GatewayTest, KeepsWithinItsBudgetOverARestart) {
   rate_ = Budget::Rate{3, seconds(3600)};
-  EXPECT_EQ(Ask("1"), "found");
+  upstream_.Hold();
+  auto underWay = Find("1");
+  upstream_.Await(1);
+  EXPECT_EQ(cache_->CallsWithin(seconds(3600)).size(), 1U);  // what a gateway leaves that is killed
+  upstream_.Allow(100);
+  EXPECT_EQ(Show(Get(std::move(underWay))), "found");
   upstream_.Fail(FaultKind::BadReply, {}, 2);  // a call and its repetition
   EXPECT_EQ(Ask("2"), "bad-reply");
   EXPECT_EQ(gateway_->State().budgetLeft, 0U);  // booked at once, not by the file alone
@@ -276,6 +281,7 @@ TEST_F(GatewayTest, KeepsWithinItsBudgetOverARestart) {
   clock_.Move(seconds(1));
   EXPECT_EQ(Show(Get(std::move(waits))), "unreachable");
   EXPECT_EQ(gateway_->State().budgetLeft, 3U);
+  EXPECT_EQ(cache_->CallsWithin(seconds(3600)).size(), 0U);
 }
 
 TEST_F(GatewayTest, ComesBackWhenTheUpstreamSaysSo) {
