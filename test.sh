@@ -40,6 +40,7 @@ run() {
   [ "$preset" = dev ] || echo "== $what: tested in $((SECONDS - since)) s"
 }
 
+echo "Not run here: scripts/test-wide.sh, the tests that need other systems (Chromium, npm, PostgreSQL, Dask, Slurm)."
 for part in "${parts[@]}"; do
   case $part in
     address) run asan "AddressSanitizer and UndefinedBehaviorSanitizer" ;;
@@ -47,4 +48,3 @@ for part in "${parts[@]}"; do
     plain) run dev "The plain tests" ;;
   esac
 done
-echo "Left out: scripts/test-wide.sh, the tests that need other systems (Chromium, npm, PostgreSQL, Dask, Slurm)."
