@@ -43,10 +43,6 @@ void RequestLog::Write(std::string_view line) {
     return;
   }
   const bool sleeps = waiting_.empty();
-  if (leftOut_ > 0) {
-    Append(std::to_string(std::exchange(leftOut_, 0)) +
-           " lines were left out, since nobody read them");
-  }
   Append(line);
   lock.unlock();
   if (sleeps) {
@@ -70,6 +66,10 @@ void RequestLog::Run() {
     }
     lines.clear();
     lines.swap(waiting_);
+    if (leftOut_ > 0) {  // after those in `lines`, for which there was room
+      Append(std::to_string(std::exchange(leftOut_, 0)) +
+             " lines were left out, since nobody read them");
+    }
     lock.unlock();
     if (!WriteLines(lines)) {
       return;
