@@ -7,7 +7,7 @@
 namespace postwright {
 namespace {
 
-// A segment's count is read while it cannot be used too.
+// A segment's count is also read while the segment cannot be used.
 QPalette readableAtRest(QPalette palette) {
   const QColor text = palette.color(QPalette::Active, QPalette::ButtonText);
   const QColor ground = palette.color(QPalette::Active, QPalette::Button);
