@@ -1,6 +1,7 @@
 #ifndef POSTWRIGHT_COMMON_STRINGHASH_H_
 #define POSTWRIGHT_COMMON_STRINGHASH_H_
 
+#include <cstddef>
 #include <functional>
 #include <string_view>
 
@@ -11,9 +12,16 @@ namespace postwright {
 //
 //   std::unordered_set<std::wstring, StringHash<wchar_t>, std::equal_to<>> words;
 //   words.contains(text.substr(begin, length));
+//
+// Not noexcept, and so the standard library keeps each key's hash with the key: it would otherwise
+// work it out anew for every key that a search passes.
 template <typename Char>
-struct StringHash : std::hash<std::basic_string_view<Char>> {
+struct StringHash {
   using is_transparent = void;
+
+  std::size_t operator()(std::basic_string_view<Char> text) const {
+    return std::hash<std::basic_string_view<Char>>()(text);
+  }
 };
 
 }  // namespace postwright

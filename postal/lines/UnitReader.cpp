@@ -63,17 +63,25 @@ void ShortenMailbox(Words& words, size_t from) {
   words.resize(kept);
 }
 
+// How much of what stands in front of a number is a designator, APT and STE of APT4B and STE-209; 0
+// where it is none.
+size_t DesignatorLength(std::string_view front) {
+  const std::string_view word = front.ends_with('-') ? front.substr(0, front.size() - 1) : front;
+  return word.size() > 1 && (!Lexicon::Get().NumberedUnit(word).empty() || word == "PH")
+             ? word.size()
+             : 0;
+}
+
 // APT4B, STE-209, PH1: splits designators from their numbers.
 void SplitDesignators(Words& words, size_t from) {
   Words split;
   for (size_t at = from; at < words.size(); ++at) {
     std::string& word = words[at];
     const size_t digits = std::find_if(word.begin(), word.end(), IsDigit) - word.begin();
-    const bool hyphen = digits > 0 && digits < word.size() && word[digits - 1] == '-';
-    std::string letters = word.substr(0, digits - (hyphen ? 1 : 0));
-    const bool isDesignator = !Lexicon::Get().NumberedUnit(letters).empty() || letters == "PH";
-    if (digits < word.size() && letters.size() > 1 && isDesignator) {
-      split.push_back(std::move(letters));
+    const size_t letters =
+        digits < word.size() ? DesignatorLength(std::string_view(word).substr(0, digits)) : 0;
+    if (letters > 0) {
+      split.push_back(word.substr(0, letters));
       word.erase(0, digits);
     }
     split.push_back(std::move(word));
