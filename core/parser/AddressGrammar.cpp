@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "core/parser/CompiledPattern.h"
+
 namespace postwright {
 
 boost::xpressive::wsregex gAddressRegex;
@@ -64,8 +66,7 @@ std::wstring Designators(const Table& units) {
 }
 
 boost::xpressive::wsregex Compile(const std::wstring& pattern) {
-  return boost::xpressive::wsregex::compile(pattern,
-                                            boost::xpressive::regex_constants::ignore_white_space);
+  return CompiledPattern(pattern, boost::xpressive::regex_constants::ignore_white_space);
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
-namespace postwright {
+#include "core/parser/CompiledPattern.h"
 
-using boost::xpressive::wsregex;
+namespace postwright {
 
 namespace {
 
@@ -15,9 +15,9 @@ constexpr std::wstring_view kKeptMarks = L"/-#& ";
 }  // namespace
 
 ValuePatterns::ValuePatterns(const std::map<std::wstring, std::wstring>& units)
-    : cleanValue_(wsregex::compile(kCleanValuePattern)) {
+    : cleanValue_(CompiledPattern(kCleanValuePattern)) {
   for (const auto& [key, standard] : units) {
-    units_.emplace(key, wsregex::compile(key));
+    units_.emplace(key, CompiledPattern(key));
   }
 }
 

@@ -1,11 +1,10 @@
 #include "core/review/LineKind.h"
 
+#include "core/parser/CompiledPattern.h"
 #include "core/parser/Vocabulary.h"
 #include "core/review/Digits.h"
 #include "core/review/NumberWords.h"
 #include "core/review/WordForms.h"
-
-#include <boost/xpressive/xpressive_dynamic.hpp>
 
 #include <algorithm>
 #include <array>
@@ -63,26 +62,26 @@ struct Patterns {
       LR"([NSEW] ?\d+ ?[NSEW] ?\d+))";
 
   const wsregex isUnit =
-      wsregex::compile(L"^(?:" + unit + L"(?:,? " + unit + L"){0,2}|" + key + L")$");
-  const wsregex isHouse = wsregex::compile(L"^" + house + LR"([,.]? (?=.*[A-Z].*$))");
-  const wsregex isTelephone = wsregex::compile(LR"(^\(?\d{3}\)?[ .-]\d{3}[ .-]\d{4}\b)");
-  const wsregex isBox = wsregex::compile(L"^" + box + LR"((\d+)$)");
-  const wsregex isLetteredBox = wsregex::compile(L"^(?:" + box + number +
-                                                 LR"(|(?:P[. ]{0,2}O[. ]{0,2}|)"
-                                                 LR"(POST OFFICE )(?:BOX|DRAWER) #?[A-Z])$)");
-  const wsregex isRoute = wsregex::compile(
+      CompiledPattern(L"^(?:" + unit + L"(?:,? " + unit + L"){0,2}|" + key + L")$");
+  const wsregex isHouse = CompiledPattern(L"^" + house + LR"([,.]? (?=.*[A-Z].*$))");
+  const wsregex isTelephone = CompiledPattern(LR"(^\(?\d{3}\)?[ .-]\d{3}[ .-]\d{4}\b)");
+  const wsregex isBox = CompiledPattern(L"^" + box + LR"((\d+)$)");
+  const wsregex isLetteredBox = CompiledPattern(L"^(?:" + box + number +
+                                                LR"(|(?:P[. ]{0,2}O[. ]{0,2}|)"
+                                                LR"(POST OFFICE )(?:BOX|DRAWER) #?[A-Z])$)");
+  const wsregex isRoute = CompiledPattern(
       LR"(^(?:(?:R\.? ?R|R\.? ?F\.? ?D|RURAL (?:ROUTE|RTE|RT|DELIVERY)|H\.? ?C(?:\.? ?R)?|)"
       LR"(HIGHWAY CONTRACT(?: (?:ROUTE|RTE|RT))?|STAR (?:ROUTE|RTE|RT))[ .,-]*)"
       LR"((?:(?:ROUTE|RTE|NO\.?|\#)? ?\d+|[A-Z]? ?(?:BOX|BUZON)\b|$)|)"
       LR"((?:ROUTE|RTE|RT|R\.? ?D|S\.? ?R)\.?[ -]?\d+[A-Z]?,? (?:BOX|BUZON)\b))");
-  const wsregex isMilitary = wsregex::compile(
+  const wsregex isMilitary = CompiledPattern(
       LR"(^(?:(?:P\.?S\.?C\.?|C\.?M\.?R\.?|UNIT)[ .#-]*\d+\b|(?:USS|USNS|USCGC) [A-Z]))");
-  const wsregex isAside = wsregex::compile(LR"(^(?:(?:ATTN|ATTENTION|ATT|C ?/ ?O|CARE OF)\b|%))");
-  const wsregex isGeneralDelivery = wsregex::compile(LR"(^GEN(?:ERAL|\.)? ?DEL(?:IVERY|\.)?$)");
+  const wsregex isAside = CompiledPattern(LR"(^(?:(?:ATTN|ATTENTION|ATT|C ?/ ?O|CARE OF)\b|%))");
+  const wsregex isGeneralDelivery = CompiledPattern(LR"(^GEN(?:ERAL|\.)? ?DEL(?:IVERY|\.)?$)");
   const wsregex isBlockHouse =
-      wsregex::compile(L"^[A-Z]{1,2}-?\\d+[A-Z]? " + spanish + L"|^" + spanish +
-                       LR"(.*# ?[A-Z]{1,2}-?\d+[A-Z]?$|^CARR(?:ETERA)?\.? \d+,? KM\b)");
-  const wsregex isHouseBehind = wsregex::compile(L"^" + spanish + LR"(.*(?:\bNO\.? ?|# ?)\d+$)");
+      CompiledPattern(L"^[A-Z]{1,2}-?\\d+[A-Z]? " + spanish + L"|^" + spanish +
+                      LR"(.*# ?[A-Z]{1,2}-?\d+[A-Z]?$|^CARR(?:ETERA)?\.? \d+,? KM\b)");
+  const wsregex isHouseBehind = CompiledPattern(L"^" + spanish + LR"(.*(?:\bNO\.? ?|# ?)\d+$)");
 };
 
 const Patterns& Pattern() {

@@ -1,12 +1,11 @@
 #include "core/review/LineRespelling.h"
 
+#include "core/parser/CompiledPattern.h"
 #include "core/review/Digits.h"
 #include "core/review/NumberWords.h"
 #include "core/review/WordForms.h"
 
 #include <postwright/Utils.h>
-
-#include <boost/xpressive/xpressive_dynamic.hpp>
 
 #include <algorithm>
 #include <array>
@@ -25,14 +24,14 @@ using boost::xpressive::wsregex;
 
 // The patterns are for lines in upper case with single blanks.
 struct Patterns {
-  const wsregex isReadableBox = wsregex::compile(LR"(^(?:P[. ]?O[. ]? )?BOX \d+$)");
-  const wsregex isFloor = wsregex::compile(FloorPattern());
-  const wsregex isKeyWithSign = wsregex::compile(LR"(\b(KEY[. ]{0,2}# ?)[A-Z0-9-]+$)");
-  const wsregex isNumberSign = wsregex::compile(LR"(^(?:NO\.? ?|# ?)(?=\d))");
-  const wsregex isFraction = wsregex::compile(LR"(^(\d+)-(\d/\d)(?= ))");
-  const wsregex isLettered = wsregex::compile(LR"(^(\d+)([A-Z])(?=[ .,]))");
-  const wsregex isDirectionalUnit = wsregex::compile(LR"([^, ](,? ?)(?:# ?|KEY[. ] ?)[NSEW]$)");
-  const wsregex isNumberBehind = wsregex::compile(LR"(^(.*[^ ,.]),? ?(?:NO\.? ?|# ?)(\d+)$)");
+  const wsregex isReadableBox = CompiledPattern(LR"(^(?:P[. ]?O[. ]? )?BOX \d+$)");
+  const wsregex isFloor = CompiledPattern(FloorPattern());
+  const wsregex isKeyWithSign = CompiledPattern(LR"(\b(KEY[. ]{0,2}# ?)[A-Z0-9-]+$)");
+  const wsregex isNumberSign = CompiledPattern(LR"(^(?:NO\.? ?|# ?)(?=\d))");
+  const wsregex isFraction = CompiledPattern(LR"(^(\d+)-(\d/\d)(?= ))");
+  const wsregex isLettered = CompiledPattern(LR"(^(\d+)([A-Z])(?=[ .,]))");
+  const wsregex isDirectionalUnit = CompiledPattern(LR"([^, ](,? ?)(?:# ?|KEY[. ] ?)[NSEW]$)");
+  const wsregex isNumberBehind = CompiledPattern(LR"(^(.*[^ ,.]),? ?(?:NO\.? ?|# ?)(\d+)$)");
 };
 
 const Patterns& Pattern() {
