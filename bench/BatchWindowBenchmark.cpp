@@ -21,6 +21,7 @@
 #include <ctime>
 #include <locale>
 
+#include "bench/FigureBefore.h"
 #include "tests/client/batch/Entries.h"
 
 namespace postwright {
@@ -94,6 +95,11 @@ double scrollPages(QTableView& table, int pages) {
   return slowest;
 }
 
+// Prints a figure, and the last version's.
+void print(const char* text, double figure) {
+  std::printf("%-50s%8.2f  %s\n", text, figure, FigureBefore(text).c_str());
+}
+
 int measure() {
   const Entries entries = makeEntries();
   QSemaphore answers;
@@ -107,27 +113,24 @@ int measure() {
   });
   window.show();
   QApplication::processEvents();
-  std::printf("opens with %d entries, seconds                %8.2f\n", kRecords,
-              static_cast<double>(clock.elapsed()) / 1000);
+  print("opens with 100000 entries, seconds", static_cast<double>(clock.elapsed()) / 1000);
 
   const auto& progress = *window.findChild<QProgressBar*>(QStringLiteral("piProgress"));
   const double first = showTenThousands(answers, progress);
   const double middle = showResults(kRecords - 20 * kThousand, answers, progress);
   const double last = showTenThousands(answers, progress);
-  std::printf("shows a thousand results, milliseconds            %8.2f\n", 1000 * first);
-  std::printf("the same, when 80,000 come at once                %8.2f\n", 1000 * middle / 80);
-  std::printf("a thousand at the end / at the beginning          %8.2f\n", last / first);
+  print("shows a thousand results, milliseconds", 1000 * first);
+  print("the same, when 80,000 come at once", 1000 * middle / 80);
+  print("a thousand at the end / at the beginning", last / first);
 
   double text = 0;
   for (const std::shared_ptr<AddressEntry>& entry : entries) {
     text += static_cast<double>(correctedText(entry->value()).size() + 1) * sizeof(QChar);
   }
-  std::printf("bytes a record above the texts                    %8.0f\n",
-              (heapBytes() - heapBefore - text) / kRecords);
+  print("bytes a record above the texts", (heapBytes() - heapBefore - text) / kRecords);
 
   auto& table = *window.findChild<QTableView*>(QStringLiteral("tvAddresses"));
-  std::printf("slowest page of 500, milliseconds                 %8.2f\n",
-              1000 * scrollPages(table, 500));
+  print("slowest page of 500, milliseconds", 1000 * scrollPages(table, 500));
   window.bnUpdateClick();
   return window.results().size() == kRecords ? 0 : 1;
 }

@@ -17,6 +17,8 @@
 #include <string>
 #include <thread>
 
+#include "bench/FigureBefore.h"
+
 namespace postwright {
 
 namespace {
@@ -81,9 +83,11 @@ bool Compare(const std::string& work, int count, int jobs, const std::string& fo
   labels.close();
   const double one = Time(work, 1, folder + "/labels", folder + "/one");
   const double many = Time(work, jobs, folder + "/labels", folder + "/many");
+  const std::string ratio = "1 job / " + std::to_string(jobs) + " jobs";
   const bool isSame = Read(folder + "/one") == Read(folder + "/many");
   std::cout << work.substr(0, work.find(' ')) << ", " << count << " labels: 1 job " << one << " s, "
-            << jobs << " jobs " << many << " s\n1 job / " << jobs << " jobs: " << one / many << '\n'
+            << jobs << " jobs " << many << " s\n"
+            << ratio << ": " << one / many << "  " << FigureBefore(ratio) << '\n'
             << (isSame ? "" : "but the records differ\n");
   return isSame;
 }

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "bench/FigureBefore.h"
+
 namespace postwright {
 
 void RatioReporter::AddRatio(std::string text, std::string slow, std::string fast) {
@@ -23,7 +25,8 @@ void RatioReporter::Finalize() {
   std::printf("\n");
   for (const Ratio& ratio : ratios_) {
     if (seconds_.count(ratio.slow) != 0 && seconds_.count(ratio.fast) != 0) {
-      std::printf("%-60s %8.1f\n", ratio.text.c_str(), seconds_[ratio.slow] / seconds_[ratio.fast]);
+      std::printf("%-60s %8.1f  %s\n", ratio.text.c_str(),
+                  seconds_[ratio.slow] / seconds_[ratio.fast], FigureBefore(ratio.text).c_str());
     }
   }
 }

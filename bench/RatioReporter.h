@@ -10,8 +10,8 @@
 namespace postwright {
 
 // Prints the usual table and then, for each pair asked for, how many times as long one took as the
-// other, in processor time of the same run. Absolute times differ between machines and from minute
-// to minute; a claim can rest only on a ratio.
+// other, in processor time of the same run, and the last version's figure. Absolute times differ
+// between machines and from minute to minute; a claim can rest only on a ratio.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   // After the run, prints `text` with time(`slow`) / time(`fast`), named as in the table.

@@ -7,6 +7,7 @@ Processor time, the least of ten rounds. The labels are ordinary, and all differ
 """
 
 import itertools
+import pathlib
 import subprocess
 import sys
 import tempfile
@@ -14,6 +15,7 @@ import time
 
 import postwright
 
+FIGURE_BEFORE = pathlib.Path(__file__).with_name("figure-before.sh")
 NAMES = ["Jane Doe", "Maria Delgado", "Acme Tool & Die", "Library of Congress"]
 STREETS = ["n main street", "Lamar Blvd", "west 42nd st", "Old Mill Rd", "E Pennsylvania Avenue NW"]
 UNITS = ["", " apt 4", ", Suite 210", " # 12"]
@@ -47,7 +49,9 @@ def main():
     for name, call in [("parse_many()", lambda: list(postwright.parse_many(texts))),
                        ("parse()", lambda: [postwright.parse(text) for text in texts])]:
         taken = least(call)
-        print(f"{name:15} {taken / len(texts) * 1e6:6.2f} µs a label, {cpp / taken:.2f} of C++'s rate")
+        ratio = f"{name}, of C++'s rate"
+        before = subprocess.check_output([FIGURE_BEFORE, ratio], text=True).strip()
+        print(f"{name:15} {taken / len(texts) * 1e6:6.2f} µs a label\n{ratio}: {cpp / taken:.2f}  {before}")
 
 
 if __name__ == "__main__":

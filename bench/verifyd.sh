@@ -128,6 +128,7 @@ times() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
 echo "$(wc --bytes < "$scratch/answer.xml") bytes an answer, $(wc --lines < "$scratch/queries") addresses, ${base[*]:-the base that comes with it}, load $(cut -d ' ' -f 1 /proc/loadavg)"
 load "$service" 1 > /dev/null
+ratios=()
 printf 'nginx/s\tservice/s\tratio\tmedian us\t99%% us\t99%%/median\tof nginx\n'
 for ((round = 0; round < rounds; ++round)); do
   IFS=$'\t' read -r before _ _ bad < <(load "http://127.0.0.1:$port" "$seconds")
@@ -137,9 +138,12 @@ for ((round = 0; round < rounds; ++round)); do
   IFS=$'\t' read -r after theirMedian theirLast bad < <(load "http://127.0.0.1:$port" "$seconds")
   [ -z "$bad" ] || echo "nginx: $bad"
   there=$(((before + after) / 2))
-  printf '%d\t%d\t%s\t%d\t%d\t%s\t%s\n' "$there" "$here" "$(times "$here" "$there")" "$median" \
+  ratios+=("$(times "$here" "$there")")
+  printf '%d\t%d\t%s\t%d\t%d\t%s\t%s\n' "$there" "$here" "${ratios[-1]}" "$median" \
     "$last" "$(times "$last" "$median")" "$(times "$theirLast" "$theirMedian")"
 done
+text="service / nginx with ${base[*]:-the base that comes with it}, median"
+echo "$text: $(printf '%s\n' "${ratios[@]}" | sort -n | sed -n "$(((rounds + 1) / 2))p")  $(bench/figure-before.sh "$text")"
 
 printf 'requests\tmemory kB\tmedian us\t99%% us\t99%%/median\n'
 printf '%d\t%d\n' "$(answered)" "$(memory)"
