@@ -20,6 +20,11 @@ namespace postwright {
 namespace {
 
 constexpr int kMostCalls = 5000;  // a run that never ends is an error too
+#ifdef POSTWRIGHT_SANITIZED
+constexpr int kStep = 5;  // a process under a sanitizer takes a quarter of a second to begin
+#else
+constexpr int kStep = 1;
+#endif
 
 void Empty(const std::string& folder) {
   for (const auto& file : std::filesystem::directory_iterator(folder)) {
@@ -58,7 +63,7 @@ std::string FaultRuns::RunKind(const std::string& kind) const {
   setenv("POSTWRIGHT_FAULT_REPORT", report.c_str(), 1);
   std::string wrong;
   int call = 1;
-  for (; call < kMostCalls; ++call) {
+  for (; call < kMostCalls; call += kStep) {
     unlink(report.c_str());
     Empty(folder);
     prepare();
@@ -76,7 +81,7 @@ std::string FaultRuns::RunKind(const std::string& kind) const {
                "\n  said: " + end.said + '\n';
     }
   }
-  return call == 1 || call == kMostCalls
+  return call == 1 || call >= kMostCalls
              ? wrong + kind + ": " + std::to_string(call - 1) + " calls\n"
              : wrong;
 }
