@@ -54,27 +54,37 @@ endif()
 
 # A sanitizer build is usually made once, often without ccache: reading the standard library only
 # once saves a fifth of its time. Other builds do not do this, so that a missing include shows.
+# Folders with windows set POSTWRIGHT_PRECOMPILED to what client/ precompiles for them.
 set(POSTWRIGHT_POSITION_INDEPENDENT ON)
 if(POSTWRIGHT_SANITIZED AND NOT POSTWRIGHT_FUZZ)
   set(POSTWRIGHT_POSITION_INDEPENDENT OFF)  # the preset's -fPIC does it for programs too: they share the header
-  file(CONFIGURE OUTPUT empty.cpp CONTENT "")
-  add_library(postwright-precompiled OBJECT "${CMAKE_CURRENT_BINARY_DIR}/empty.cpp")
-  target_link_libraries(postwright-precompiled PRIVATE postwright-options)
-  set_target_properties(postwright-precompiled PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
-                                                          VISIBILITY_INLINES_HIDDEN ON)
+  file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/empty.cpp" CONTENT "")
+  set(POSTWRIGHT_PRECOMPILED postwright-precompiled)
+endif()
+
+# In a sanitizer build, precompiles the standard library's headers and those named as TARGET.
+function(postwright_precompile target)
+  if(NOT POSTWRIGHT_PRECOMPILED)
+    return()
+  endif()
+  add_library(${target} OBJECT "${PROJECT_BINARY_DIR}/empty.cpp")
+  target_link_libraries(${target} PRIVATE postwright-options)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
+                                             VISIBILITY_INLINES_HIDDEN ON)
   target_precompile_headers(
-    postwright-precompiled
+    ${target}
     PRIVATE
     <algorithm> <array> <atomic> <charconv> <chrono> <cstring> <filesystem> <fstream> <functional> <iostream>
     <map> <memory> <mutex> <optional> <set> <sstream> <string> <string_view> <thread> <unordered_map> <utility>
-    <variant> <vector>)
-endif()
+    <variant> <vector> ${ARGN})
+endfunction()
+postwright_precompile(postwright-precompiled)
 
 # Gives TARGET our language level and warnings, hidden symbols and position-independent code.
 function(postwright_configure target)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:postwright-options>)
-  if(TARGET postwright-precompiled)
-    target_precompile_headers(${target} REUSE_FROM postwright-precompiled)
+  if(POSTWRIGHT_PRECOMPILED)
+    target_precompile_headers(${target} REUSE_FROM ${POSTWRIGHT_PRECOMPILED})
   endif()
   set_target_properties(
     ${target}
