@@ -19,8 +19,8 @@ std::vector<std::filesystem::path> BasesAmong(const std::vector<std::filesystem:
 }  // namespace
 
 struct LocalSource::Loaded {
-  Loaded(const std::vector<std::filesystem::path>& files, size_t mostInMemory)
-      : bases(BasesAmong(files), mostInMemory), verifier(zips, &bases) {
+  Loaded(const std::vector<std::filesystem::path>& files, size_t mostInMemory, size_t mostStreets)
+      : bases(BasesAmong(files), mostInMemory, mostStreets), verifier(zips, &bases) {
     for (const std::filesystem::path& file : files) {
       if (!postal::BaseFile::IsMeant(file)) {
         zips.Load(file);
@@ -33,15 +33,17 @@ struct LocalSource::Loaded {
   Verifier verifier;
 };
 
-LocalSource::LocalSource(std::vector<std::filesystem::path> files, size_t mostInMemory)
+LocalSource::LocalSource(std::vector<std::filesystem::path> files, size_t mostInMemory,
+                         size_t mostStreets)
     : files_(std::move(files)),
       mostInMemory_(mostInMemory),
-      loaded_(std::make_shared<Loaded>(files_, mostInMemory_)) {}
+      mostStreets_(mostStreets),
+      loaded_(std::make_shared<Loaded>(files_, mostInMemory_, mostStreets_)) {}
 
 LocalSource::~LocalSource() = default;
 
 void LocalSource::Reload() {
-  auto loaded = std::make_shared<Loaded>(files_, mostInMemory_);
+  auto loaded = std::make_shared<Loaded>(files_, mostInMemory_, mostStreets_);
   const std::lock_guard lock(mutex_);
   loaded_.swap(loaded);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "postal/base/AddressBase.h"
+#include "postal/base/StreetCache.h"
 #include "postal/places/ZipList.h"
 #include "service/AnswerSource.h"
 
@@ -24,10 +25,11 @@ class LocalSource final : public AnswerSource {
  public:
   // Loads the files in their order: ZIP codes (ZipList) and address bases (JoinedBases). Throws
   // ZipListError or StoreError where one cannot be used. Bases that have no more than
-  // `mostInMemory` bytes together are copied into memory. A child of the process may go on with the
-  // object.
+  // `mostInMemory` bytes together are copied into memory, and up to `mostStreets` kept of the
+  // streets that are read (StreetCache). A child of the process may go on with the object.
   explicit LocalSource(std::vector<std::filesystem::path> files,
-                       size_t mostInMemory = postal::AddressBase::kMostInMemory);
+                       size_t mostInMemory = postal::AddressBase::kMostInMemory,
+                       size_t mostStreets = postal::StreetCache::kMostStreets);
   ~LocalSource() override;
 
   // Loads them again. Throws as the constructor; what was loaded before stays in use then.
@@ -55,6 +57,7 @@ class LocalSource final : public AnswerSource {
 
   const std::vector<std::filesystem::path> files_;
   const size_t mostInMemory_;
+  const size_t mostStreets_;
   mutable std::mutex mutex_;
   std::shared_ptr<Loaded> loaded_;  // never null
 };

@@ -101,7 +101,8 @@ void Reload(LocalSource& local, UserList* users, Gateway* gateway, RequestLog& l
 void Serve(const Options& options) {
   const sigset_t signals = BlockSignals();
   ReserveDescriptors(options.service.limits.connections);
-  LocalSource local(options.service.bases);
+  LocalSource local(options.service.bases, postal::AddressBase::kMostInMemory,
+                    postal::StreetCache::kCountry);
   std::optional<UserList> users;
   if (!options.service.users.empty()) {
     users.emplace(options.service.users);

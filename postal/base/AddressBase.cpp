@@ -8,7 +8,8 @@
 
 namespace postwright::postal {
 
-AddressBase::AddressBase(const std::filesystem::path& file, FileImage::Kind kind, int64_t place)
+AddressBase::AddressBase(const std::filesystem::path& file, FileImage::Kind kind, int64_t place,
+                         const std::shared_ptr<StreetCache>& streets)
     : name_(file.filename().string()) {
   BaseFile::Check(file);
   std::error_code failure;
@@ -19,7 +20,6 @@ AddressBase::AddressBase(const std::filesystem::path& file, FileImage::Kind kind
   }
   image_.emplace(file, kind);  // all connections are to this one, whatever takes its place
   std::shared_ptr<const BaseReader::Facts> facts;
-  const auto streets = std::make_shared<StreetCache>();
   for (Connection& connection : connections_) {
     SqliteFile opened = SqliteFile::OpenImage(image_->Bytes(), file.string());
     if (!facts) {

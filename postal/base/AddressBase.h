@@ -31,10 +31,12 @@ class AddressBase {
   // be read.
   //
   // The connections share one image of it. One that is copied has an index of its streets besides
-  // and answers faster; one that is mapped is there at once. `place` is its own among those that
-  // are asked together (JoinedBases).
-  explicit AddressBase(const std::filesystem::path& file,
-                       FileImage::Kind kind = FileImage::Kind::Mapped, int64_t place = 0);
+  // and answers faster; one that is mapped is there at once. `place` is its own among those
+  // that are asked together (JoinedBases), which keep what they read of streets in `streets`.
+  explicit AddressBase(
+      const std::filesystem::path& file, FileImage::Kind kind = FileImage::Kind::Mapped,
+      int64_t place = 0,
+      const std::shared_ptr<StreetCache>& streets = std::make_shared<StreetCache>());
 
   // What tells people this base from another: the file's name, "texas.base", and the day, as in
   // "2026-11-20", on which the newest of its sources was imported.

@@ -98,14 +98,7 @@ std::optional<StreetIndex::Written> BaseReader::FindWritten(const Words& writing
 
 StreetCache::Streets BaseReader::StreetsOf(const std::string& zip) {
   StreetCache::Streets streets = cache_->Find(zip);
-  if (!streets) {
-    std::vector<ComparableStreet> read;
-    for (KnownStreet& street : ReadStreets(allStreets_, first_, zip)) {
-      read.emplace_back(std::move(street));
-    }
-    streets = cache_->Keep(zip, std::move(read));
-  }
-  return streets;
+  return streets ? streets : cache_->Keep(zip, ZipStreets(ReadStreets(allStreets_, first_, zip)));
 }
 
 NumberFacts BaseReader::FindNumber(int64_t street, const std::string& number) {

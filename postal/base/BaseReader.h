@@ -56,7 +56,7 @@ class BaseReader {
   };
   static Facts ReadFacts(SqliteFile& file, bool withStreets);
 
-  // `facts` are the file's own, and `streets` what its connections keep of it.
+  // `facts` are the file's own, and `streets` what all connections keep of the bases.
   BaseReader(SqliteFile file, std::shared_ptr<const Facts> facts,
              std::shared_ptr<StreetCache> streets, int64_t place = 0);
 

@@ -35,11 +35,13 @@ void Add(std::vector<std::string>& list, const std::string& text) {
 
 }  // namespace
 
-JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory)
+JoinedBases::JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory,
+                         size_t mostStreets)
     : isInMemory_(SizeOf(files) <= mostInMemory) {
   const auto kind = isInMemory_ ? FileImage::Kind::Copied : FileImage::Kind::Mapped;
+  const auto streets = std::make_shared<StreetCache>(mostStreets);
   for (const std::filesystem::path& file : files) {
-    bases_.emplace_back(file, kind, static_cast<int64_t>(bases_.size()));
+    bases_.emplace_back(file, kind, static_cast<int64_t>(bases_.size()), streets);
   }
   for (size_t place = 0; place < bases_.size(); ++place) {
     if (bases_[place].Borrow()->Known().hasPostal) {

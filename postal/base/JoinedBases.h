@@ -23,8 +23,10 @@ class JoinedBases {
   static constexpr size_t kNone = static_cast<size_t>(-1);
 
   // Opens the files, as AddressBase does. They are copied where all together have no more than
-  // `mostInMemory` bytes, and mapped otherwise.
-  explicit JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory = 0);
+  // `mostInMemory` bytes, and mapped otherwise. Up to `mostStreets` of what is read of their
+  // streets are kept (StreetCache).
+  explicit JoinedBases(const std::vector<std::filesystem::path>& files, size_t mostInMemory = 0,
+                       size_t mostStreets = StreetCache::kMostStreets);
 
   size_t Size() const { return bases_.size(); }
   const AddressBase& operator[](size_t place) const { return bases_[place]; }

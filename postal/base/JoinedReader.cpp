@@ -73,8 +73,8 @@ std::vector<KnownStreet> JoinedReader::FindStreets(const std::string& zip,
 }
 
 StreetCache::Streets JoinedReader::StreetsOf(const std::string& zip) {
-  return InZip(zip, std::make_shared<const std::vector<ComparableStreet>>(),
-               [&](BaseReader& reader) { return reader.StreetsOf(zip); });
+  static const auto kNone = std::make_shared<const ZipStreets>();
+  return InZip(zip, kNone, [&](BaseReader& reader) { return reader.StreetsOf(zip); });
 }
 
 NumberFacts JoinedReader::FindNumber(int64_t street, const std::string& number) {

@@ -6,30 +6,42 @@ namespace postwright::postal {
 
 StreetCache::Streets StreetCache::Find(const std::string& zip) {
   const std::lock_guard lock(mutex_);
-  const auto place = places_.find(zip);
-  if (place == places_.end()) {
+  const auto found = entries_.find(zip);
+  if (found == entries_.end()) {
     return nullptr;
   }
-  entries_.splice(entries_.begin(), entries_, place->second);
-  return place->second->streets;
+  found->second.isAsked = true;
+  return found->second.streets;
 }
 
-StreetCache::Streets StreetCache::Keep(const std::string& zip,
-                                       std::vector<ComparableStreet> streets) {
-  auto kept = std::make_shared<const std::vector<ComparableStreet>>(std::move(streets));
+StreetCache::Streets StreetCache::Keep(const std::string& zip, ZipStreets streets) {
+  auto kept = std::make_shared<const ZipStreets>(std::move(streets));
   const std::lock_guard lock(mutex_);
-  if (places_.contains(zip)) {
-    return kept;  // another thread has read them meanwhile
+  Entry& entry = entries_[zip];
+  if (entry.streets) {
+    return entry.streets;  // another thread has read them meanwhile
   }
-  entries_.push_front({zip, kept});
-  places_.emplace(zip, entries_.begin());
-  count_ += kept->size();
-  while (count_ > most_ && entries_.size() > 1) {
-    count_ -= entries_.back().streets->size();
-    places_.erase(entries_.back().zip);
-    entries_.pop_back();
-  }
+  entry = {kept};
+  count_ += kept->Size();
+  MakeRoom();
+  kept_.push_back(zip);
   return kept;
+}
+
+// Whatever was asked for since its last turn gets another one.
+void StreetCache::MakeRoom() {
+  while (count_ > most_ && !kept_.empty()) {
+    std::string zip = std::move(kept_.front());
+    kept_.pop_front();
+    Entry& entry = entries_[zip];
+    if (entry.isAsked) {
+      entry.isAsked = false;
+      kept_.push_back(std::move(zip));
+    } else {
+      count_ -= entry.streets->Size();
+      entries_.erase(zip);
+    }
+  }
 }
 
 }  // namespace postwright::postal

@@ -1,26 +1,27 @@
 #ifndef POSTWRIGHT_POSTAL_BASE_STREETCACHE_H_
 #define POSTWRIGHT_POSTAL_BASE_STREETCACHE_H_
 
-#include <list>
+#include <cstddef>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
-#include "postal/base/StreetLikeness.h"
+#include "postal/base/ZipStreets.h"
 
 namespace postwright::postal {
 
-// The streets of the ZIP codes that were looked through last, in memory: a question about a street
-// that is not there as it was written is compared with all of them, and the addresses of a list lie
-// close together. Any thread may call.
+// The streets of the ZIP codes that were looked through lately, in memory: a question about a
+// street that is not there as it was written is compared with all of them. The addresses of a list
+// lie close together; a service is asked for all. Any thread may call.
 class StreetCache {
  public:
-  using Streets = std::shared_ptr<const std::vector<ComparableStreet>>;
+  using Streets = std::shared_ptr<const ZipStreets>;
 
-  // Some 400 bytes each. A thousand ZIP codes of usual size.
-  static constexpr size_t kMostStreets = 150'000;
+  // Some 70 bytes each. Six thousand ZIP codes of usual size, or more than the country has.
+  static constexpr size_t kMostStreets = 900'000;
+  static constexpr size_t kCountry = 10'000'000;
 
   // Keeps up to `most` streets, the ZIP code that was just added always.
   explicit StreetCache(size_t most = kMostStreets) : most_(most) {}
@@ -28,20 +29,23 @@ class StreetCache {
   // Returns the streets of the ZIP code; null where they are not kept.
   Streets Find(const std::string& zip);
 
-  // Keeps them in the place of those that were not asked for the longest, and returns them.
-  Streets Keep(const std::string& zip, std::vector<ComparableStreet> streets);
+  // Keeps them, in the place of some that were not asked for lately where there is no room, and
+  // returns them.
+  Streets Keep(const std::string& zip, ZipStreets streets);
 
  private:
   struct Entry {
-    std::string zip;
     Streets streets;
+    bool isAsked = false;  // again, since it was kept or last looked at for its room
   };
+
+  void MakeRoom();
 
   std::mutex mutex_;
   const size_t most_;
-  size_t count_ = 0;          // of streets
-  std::list<Entry> entries_;  // asked for last first
-  std::unordered_map<std::string, std::list<Entry>::iterator> places_;
+  size_t count_ = 0;  // of streets that are kept
+  std::unordered_map<std::string, Entry> entries_;
+  std::deque<std::string> kept_;  // the next to go first
 };
 
 }  // namespace postwright::postal

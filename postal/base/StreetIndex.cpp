@@ -7,33 +7,13 @@
 namespace postwright::postal {
 namespace {
 
-// Each element ends with a line feed, so that no key begins with another.
 std::string KeyOf(std::string_view zip, const StreetName& street) {
-  constexpr size_t kUsual = 64;
-  std::string key;
-  key.reserve(kUsual);
-  key += zip;
-  for (const std::string* element : {&street.predirectional, &street.name, &street.suffix,
-                                     &street.postdirectional, &street.urbanization}) {
-    key += '\n';
-    key += *element;
-  }
-  key += '\n';
-  return key;
+  return std::string(zip) + '\n' + PackStreet(street);
 }
 
 // Reads what KeyOf has written.
 KnownStreet ReadKey(std::string_view key, int64_t id) {
-  KnownStreet street{id, {}};
-  StreetName& name = street.street;
-  key.remove_prefix(key.find('\n') + 1);
-  for (std::string* element : {&name.predirectional, &name.name, &name.suffix,
-                               &name.postdirectional, &name.urbanization}) {
-    const size_t end = key.find('\n');
-    *element = key.substr(0, end);
-    key.remove_prefix(end + 1);
-  }
-  return street;
+  return {id, UnpackStreet(key.substr(key.find('\n') + 1))};
 }
 
 uint32_t ZipNumber(std::string_view zip) {

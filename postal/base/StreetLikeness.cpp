@@ -109,8 +109,8 @@ ComparableStreet::ComparableStreet(KnownStreet street)
       key(StreetKey(known.street.name)),
       shortName(ShortStreetName(known.street.name)),
       spelt(SpellOut(WordsOf(known.street))),
-      shortLetters(LettersOf(shortName)),
-      speltLetters(LettersOf(Join(spelt))) {}
+      traits{LettersOf(shortName), LettersOf(Join(spelt)), static_cast<uint32_t>(spelt.size()),
+             NumberedRoad(known.street).IsRoad()} {}
 
 StreetLikeness::StreetLikeness(const StreetName& asked)
     : asked_(asked),
@@ -123,7 +123,7 @@ StreetLikeness::StreetLikeness(const StreetName& asked)
       isRoad_(NumberedRoad(asked).IsRoad()) {}
 
 Likeness StreetLikeness::To(const ComparableStreet& there) const {
-  if (!MayBeLike(there)) {
+  if (!MayBeLike(there.traits)) {
     return Likeness::Different;  // nearly always
   }
   const StreetName& known = there.known.street;
@@ -150,11 +150,13 @@ Likeness StreetLikeness::To(const ComparableStreet& there) const {
   return missing ? Likeness::ElementsMissing : Likeness::Different;
 }
 
-// Says whether the letters leave room for a likeness: a name that stands in what was asked for
-// brings no letter of its own, and one letter that is another takes one away and brings one.
-bool StreetLikeness::MayBeLike(const ComparableStreet& there) const {
+// A name that stands in what was asked for brings no letter of its own, and one letter that is
+// another takes one away and brings one.
+bool StreetLikeness::MayBeLike(const StreetTraits& there) const {
   return (there.shortLetters & ~joinedLetters_) == 0 ||
-         std::popcount(there.speltLetters ^ speltLetters_) <= 2 || isRoad_;
+         (there.speltWords == spelt_.size() &&
+          std::popcount(there.speltLetters ^ speltLetters_) <= 2) ||
+         (isRoad_ && there.isRoad);
 }
 
 bool StreetLikeness::IsSameAs(const StreetName& known) const {

@@ -25,6 +25,14 @@ enum class Likeness {
 // Returns a street's name as all its writings are compared: in short forms and without blanks.
 std::string ShortStreetName(const std::string& name);
 
+// What tells most streets apart without their names.
+struct StreetTraits {
+  uint64_t shortLetters = 0;  // the letters and digits that its short name has at all, a bit each
+  uint64_t speltLetters = 0;  // and those of the whole street in words spelled out
+  uint32_t speltWords = 0;
+  bool isRoad = false;  // a numbered one
+};
+
 // A known street with what every comparison needs of it, since that takes longer to make than to
 // compare.
 struct ComparableStreet {
@@ -34,10 +42,7 @@ struct ComparableStreet {
   std::string key;        // of its name
   std::string shortName;  // joined from the short forms of its words
   Words spelt;            // the whole street in words spelled out
-
-  // Which letters and digits are there at all, a bit each: this tells most streets apart.
-  uint64_t shortLetters = 0;
-  uint64_t speltLetters = 0;
+  StreetTraits traits;
 };
 
 // Compares a street that was asked for with streets that are known.
@@ -56,6 +61,9 @@ class StreetLikeness {
   Likeness To(const ComparableStreet& there) const;
   Likeness To(const StreetName& known) const { return To(ComparableStreet({0, known})); }
 
+  // Says whether To() may give anything but Different for a street that has those traits.
+  bool MayBeLike(const StreetTraits& there) const;
+
   // Says whether To() gives Same, in a fraction of the time.
   bool IsSameAs(const StreetName& known) const;
 
@@ -66,7 +74,6 @@ class StreetLikeness {
   static Words WritingsOf(const StreetName& known, const std::string& shortName);
 
  private:
-  bool MayBeLike(const ComparableStreet& there) const;
   std::optional<int> MissingOf(const ComparableStreet& there) const;
   bool HasAnotherThan(const ComparableStreet& there) const;
   bool IsMisspelt(const ComparableStreet& there) const;

@@ -261,12 +261,11 @@ StreetMatch StreetMatcher::Guess(const std::string& zip, const StreetQuestion& a
   bool endsName = false;  // what could be a wrong suffix ends the name of a street that is there
   std::vector<KnownStreet> named;
   std::vector<Candidate> candidates[3];  // the same street, one mistake, more than one
-  const StreetCache::Streets streets = reader_.StreetsOf(zip);
-  for (const ComparableStreet& there : *streets) {
+  for (const ComparableStreet& there : reader_.StreetsOf(zip)->Near(likeness, key)) {
     const Likeness like = likeness.To(there);
     const bool hasName = there.key == key;
     if (like < most || (like == Likeness::Different && !hasName)) {
-      continue;  // nearly always
+      continue;
     }
     const KnownStreet& street = there.known;
     isThere = isThere || like == Likeness::Same;

@@ -68,6 +68,26 @@ std::string ComposeStreet(const StreetName& street) {
   return JoinWords(words);
 }
 
+std::string PackStreet(const StreetName& street) {
+  std::string packed;
+  for (const std::string* element : {&street.predirectional, &street.name, &street.suffix,
+                                     &street.postdirectional, &street.urbanization}) {
+    packed.append(*element).append(1, '\n');
+  }
+  return packed;
+}
+
+StreetName UnpackStreet(std::string_view packed) {
+  StreetName street;
+  for (std::string* element : {&street.predirectional, &street.name, &street.suffix,
+                               &street.postdirectional, &street.urbanization}) {
+    const size_t end = packed.find('\n');
+    *element = packed.substr(0, end);
+    packed.remove_prefix(end + 1);
+  }
+  return street;
+}
+
 std::string StreetKey(std::string_view name) {
   std::string key;
   for (const std::string& word : SplitLine(name)) {

@@ -37,6 +37,11 @@ std::string ComposeStreet(const StreetName& street);
 // the rest.
 std::string StreetKey(std::string_view name);
 
+// Returns all elements in one text, and the street of such a text. Each element ends with a line
+// feed, which none has, so that no text begins with another.
+std::string PackStreet(const StreetName& street);
+StreetName UnpackStreet(std::string_view packed);
+
 // Returns the words of a street in the shortest form that each has: NORTH is N, HILL is HL, SAINT
 // ST; TWENTY-FIRST and 21ST are 21.
 Words ShortStreetWords(const Words& words);

@@ -157,8 +157,10 @@ TEST_F(DecisionTest, BasesBesideEachOtherAreAsGoodAsOne) {
   std::sort(files.begin(), files.end());
   files.erase(std::unique(files.begin(), files.end()), files.end());
   ASSERT_GT(files.size(), 5U);
-  for (int order = 0; order < 2; ++order) {
-    const JoinedBases bases(files, order == 0 ? 0 : AddressBase::kMostInMemory);
+  for (const auto& [mostInMemory, mostStreets] :
+       {std::pair(size_t{0}, size_t{1}),
+        std::pair(AddressBase::kMostInMemory, StreetCache::kMostStreets)}) {
+    const JoinedBases bases(files, mostInMemory, mostStreets);
     for (const DocRow& row : ReadDocTables("address-base.md", "asked", 6)) {
       SCOPED_TRACE(row.place);
       service::RequestAddress asked = ReadAsked(row.cells[0], row.cells[1]);
@@ -170,6 +172,21 @@ TEST_F(DecisionTest, BasesBesideEachOtherAreAsGoodAsOne) {
     }
     std::reverse(files.begin(), files.end());
   }
+}
+
+// What was not asked for lately goes first.
+TEST(StreetCacheTest, KeepsWhatIsAskedFor) {
+  StreetCache cache(2);
+  const auto keep = [&cache](const char* zip) {
+    cache.Keep(zip, ZipStreets({{1, {"", "MAIN", "ST", "", ""}}}));
+  };
+  keep("00011");
+  keep("00012");
+  EXPECT_NE(cache.Find("00011"), nullptr);
+  keep("00013");
+  EXPECT_EQ(cache.Find("00012"), nullptr);
+  EXPECT_NE(cache.Find("00011"), nullptr);
+  EXPECT_NE(cache.Find("00013"), nullptr);
 }
 
 TEST_F(DecisionTest, SaysWhoseWordItIs) {
