@@ -15,6 +15,8 @@ namespace postwright {
 
 namespace {
 
+constexpr size_t kUsualLine = 64;
+
 std::map<std::wstring, std::wstring> ToTable(const std::vector<Vocabulary::VocabularyRow>& rows) {
   std::map<std::wstring, std::wstring> table;
   for (const Vocabulary::VocabularyRow& row : rows) {
@@ -33,33 +35,41 @@ std::map<std::wstring, std::wstring> ToTable(const std::vector<Vocabulary::Suffi
   return table;
 }
 
-// Which field of the record a key stands for; none for a key that no field has.
-std::wstring* FieldFor(AddressInfo& info, const std::wstring& key) {
-  const std::pair<const wchar_t*, std::wstring*> fields[] = {
-      {L"NUMBER", &info.number},
-      {L"PREDIRECTIONAL", &info.predirectional},
-      {L"STREET", &info.street},
-      {L"SUFFIX", &info.streetSuffix},
-      {L"POSTDIRECTIONAL", &info.postdirectional},
-      {L"SECONDARYUNIT", &info.secondaryUnit},
-      {L"SECONDARYNUMBER", &info.secondaryNumber},
-      {L"STREETLINE", &info.streetLine},
-      {L"CITY", &info.city},
-      {L"STATE", &info.state},
-      {L"ZIP", &info.zip},
+// Which field of the record a key stands for; null for a key that no field has.
+std::wstring AddressInfo::*FieldFor(std::wstring_view key) {
+  constexpr std::pair<std::wstring_view, std::wstring AddressInfo::*> kFields[] = {
+      {L"NUMBER", &AddressInfo::number},
+      {L"PREDIRECTIONAL", &AddressInfo::predirectional},
+      {L"STREET", &AddressInfo::street},
+      {L"SUFFIX", &AddressInfo::streetSuffix},
+      {L"POSTDIRECTIONAL", &AddressInfo::postdirectional},
+      {L"SECONDARYUNIT", &AddressInfo::secondaryUnit},
+      {L"SECONDARYNUMBER", &AddressInfo::secondaryNumber},
+      {L"STREETLINE", &AddressInfo::streetLine},
+      {L"CITY", &AddressInfo::city},
+      {L"STATE", &AddressInfo::state},
+      {L"ZIP", &AddressInfo::zip},
   };
-  for (const auto& [name, field] : fields) {
-    if (key == name) {
-      return field;
-    }
-  }
-  return nullptr;
+  const auto* const row =
+      std::ranges::find(kFields, key, [](const auto& field) { return field.first; });
+  return row == std::end(kFields) ? nullptr : row->second;
 }
 
-std::wstring CollapseBlanks(std::wstring text) {
+void CollapseBlanks(std::wstring& text) {
   const auto bothBlank = [](wchar_t left, wchar_t right) { return left == L' ' && right == L' '; };
   text.erase(std::unique(text.begin(), text.end(), bothBlank), text.end());
-  return text;
+}
+
+std::wstring ComposeStreetLine(const AddressInfo& info) {
+  std::wstring line;
+  line.reserve(kUsualLine);
+  for (const std::wstring* element :
+       {&info.number, &info.predirectional, &info.street, &info.streetSuffix, &info.postdirectional,
+        &info.secondaryUnit, &info.secondaryNumber}) {
+    line.append(line.empty() ? 0 : 1, L' ').append(*element);
+  }
+  CollapseBlanks(line);
+  return Utils::TrimString(line);
 }
 
 }  // namespace
@@ -137,7 +147,7 @@ void AddressParser::TakeCaptures(const AddressCaptures& captures) {
   for (size_t group = 0; group < groupNames_.size(); ++group) {
     const Span span = captures.groups[group];
     if (span.end > span.begin) {
-      named.emplace(groupNames_[group], text(span.begin, span.end));
+      named.emplace_hint(named.end(), groupNames_[group], text(span.begin, span.end));
     }
   }
   info_.prefix = text(0, captures.match.begin);
@@ -146,27 +156,22 @@ void AddressParser::TakeCaptures(const AddressCaptures& captures) {
 }
 
 void AddressParser::ExtractAddress(std::map<std::wstring, std::wstring> captures) {
-  for (auto& [name, captured] : captures) {
-    const std::wstring key = GetNormalizedKey(name);
-    std::wstring value = valuePatterns_->Clean(captured);
+  for (auto& [name, value] : captures) {
+    valuePatterns_->Clean(value);
     if (value.empty()) {
       continue;
     }
-    value = GetNormalizedValueForKey(key, value);
-    if (std::wstring* field = FieldFor(info_, key)) {
-      *field = std::move(value);
+    const std::wstring key = GetNormalizedKey(name);
+    if (std::wstring AddressInfo::*const field = FieldFor(key)) {
+      info_.*field = GetNormalizedValueForKey(key, value);
     }
   }
   if (!info_.secondaryNumber.empty() && info_.secondaryUnit.empty()) {
     info_.secondaryUnit = L"APT";
   }
-  if (!info_.streetLine.empty()) {
-    return;
+  if (info_.streetLine.empty()) {
+    info_.streetLine = ComposeStreetLine(info_);
   }
-  const std::vector<std::wstring> elements = {
-      info_.number,          info_.predirectional, info_.street,         info_.streetSuffix,
-      info_.postdirectional, info_.secondaryUnit,  info_.secondaryNumber};
-  info_.streetLine = Utils::TrimString(CollapseBlanks(Utils::JoinStrings(elements, L" ", false)));
 }
 
 // The order decides: a captured "STREETLINE" is a street, so the line of a box or military address
@@ -186,15 +191,16 @@ std::wstring AddressParser::GetNormalizedKey(const std::wstring& name) const {
 std::wstring AddressParser::GetNormalizedValueForKey(const std::wstring& key,
                                                      std::wstring& value) const {
   std::wstring normalized = value;
-  if (key == L"PREDIRECTIONAL" || key == L"POSTDIRECTIONAL") {
+  const std::wstring_view name = key;
+  if (name == L"PREDIRECTIONAL" || name == L"POSTDIRECTIONAL") {
     normalized = GetNormalizedValueByStaticLookup(directionMap_, value);
-  } else if (key == L"SUFFIX") {
+  } else if (name == L"SUFFIX") {
     normalized = GetNormalizedValueByStaticLookup(suffixMap_, value);
-  } else if (key == L"SECONDARYUNIT") {
+  } else if (name == L"SECONDARYUNIT") {
     normalized = GetNormalizedValueByRegexLookup(unitMap_, value);
-  } else if (key == L"STATE") {
+  } else if (name == L"STATE") {
     normalized = GetNormalizedValueByStaticLookup(stateMap_, value);
-  } else if (key == L"NUMBER" && value.find(L'/') == std::wstring::npos) {
+  } else if (name == L"NUMBER" && value.find(L'/') == std::wstring::npos) {
     std::erase(value, L' ');
   }
   return normalized;
@@ -210,12 +216,8 @@ std::wstring AddressParser::GetNormalizedValueByStaticLookup(const Table& map,
 
 std::wstring AddressParser::GetNormalizedValueByRegexLookup(const Table& map,
                                                             const std::wstring& value) const {
-  for (const auto& [key, standard] : map) {
-    if (valuePatterns_->Finds(key, value)) {
-      return standard;
-    }
-  }
-  return value;
+  const std::wstring* const key = valuePatterns_->UnitIn(value);
+  return key != nullptr ? map.at(*key) : value;
 }
 
 }  // namespace postwright

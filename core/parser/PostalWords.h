@@ -1,13 +1,16 @@
 #ifndef POSTWRIGHT_CORE_PARSER_POSTALWORDS_H_
 #define POSTWRIGHT_CORE_PARSER_POSTALWORDS_H_
 
+#include <array>
 #include <map>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "common/StringHash.h"
+#include "core/parser/DesignatorPattern.h"
 
 namespace postwright {
 
@@ -28,8 +31,9 @@ class PostalWords {
   // The directionals in the order in which their alternation tries them, full stops and all.
   const std::vector<std::wstring>& Directions() const { return directions_; }
 
-  // The names and codes of the states, with plain blanks.
-  const std::vector<std::wstring>& States() const { return states_; }
+  // The names and codes of the states that end in `c`, with plain blanks, in the order of their
+  // alternation.
+  const std::vector<std::wstring>& StatesEndingIn(wchar_t c) const { return states_[c]; }
 
   // Where a unit designator that begins at `at` may end, in the order in which the alternation of
   // the designators would try it; the list is overwritten. Empty where there is none.
@@ -41,34 +45,35 @@ class PostalWords {
   }
 
  private:
-  // One step of a designator's pattern: what may stand there, the likelier text first, or a letter
-  // any number of times. The table of the designators holds letters, "(?:", ")", "?" and "*" alone.
-  struct Step {
-    std::vector<std::wstring> choices;
-    bool repeated = false;
-  };
-  using Steps = std::vector<Step>;
+  // Lists by a letter from A to Z that their entries have in common; there is none of any other
+  // character.
+  template <typename Entry>
+  class ByLetter {
+   public:
+    const std::vector<Entry>& operator[](wchar_t c) const { return lists_[Place(c)]; }
+    void Add(wchar_t letter, Entry entry) { lists_[Place(letter)].push_back(std::move(entry)); }
 
-  struct Unit {
-    wchar_t initial;  // which every text of the designator begins with
-    Steps steps;
-  };
+   private:
+    static constexpr size_t kLetters = 26;
+    static size_t Place(wchar_t c) {
+      return c >= L'A' && c <= L'Z' ? static_cast<size_t>(c - L'A') : kLetters;
+    }
 
-  static Steps TakeApart(std::wstring_view pattern);
-  static std::vector<Unit> TakeApart(const Table& units);
-  static void FindUnits(const std::vector<Unit>& units, std::wstring_view text, int at,
-                        std::vector<int>& ends);
-  static void Follow(const Steps& steps, size_t step, std::wstring_view text, int at,
-                     std::vector<int>& ends);
+    std::array<std::vector<Entry>, kLetters + 1> lists_;
+  };
 
   using Words = std::unordered_set<std::wstring, StringHash<wchar_t>, std::equal_to<>>;
+  using Units = ByLetter<DesignatorPattern>;
+
+  static Units ByInitial(const Table& units);
+  static void FindUnits(const Units& units, std::wstring_view text, int at, std::vector<int>& ends);
 
   Words suffixes_;
   std::vector<std::wstring> directions_;
   Words directionWords_;
-  std::vector<std::wstring> states_;
-  std::vector<Unit> numberedUnits_;
-  std::vector<Unit> plainUnits_;
+  ByLetter<std::wstring> states_;
+  Units numberedUnits_;
+  Units plainUnits_;
 };
 
 }  // namespace postwright

@@ -48,12 +48,12 @@ void TailTable::FindStatesBefore(int zip) {
   while (isNonWord(end - 1)) {
     --end;
   }
-  if (end == zip) {
+  if (end == zip || end == 0) {
     return;
   }
   const std::wstring_view before = text_.substr(0, static_cast<size_t>(end));
   const size_t known = states_.size();
-  for (const std::wstring& state : words_.States()) {
+  for (const std::wstring& state : words_.StatesEndingIn(before.back())) {
     const int begin = end - static_cast<int>(state.size());
     if (isNonWord(begin - 1) && before.ends_with(state)) {
       // Of two states that end here (VIRGINIA, WEST VIRGINIA) the table wants the first one first.

@@ -17,29 +17,36 @@ constexpr std::wstring_view kKeptMarks = L"/-#& ";
 ValuePatterns::ValuePatterns(const std::map<std::wstring, std::wstring>& units)
     : cleanValue_(CompiledPattern(kCleanValuePattern)) {
   for (const auto& [key, standard] : units) {
-    units_.emplace(key, CompiledPattern(key));
+    units_.emplace_back(key, DesignatorPattern(key));
   }
 }
 
-std::wstring ValuePatterns::Clean(const std::wstring& value) const {
-  return IsClean(value) ? value : boost::xpressive::regex_replace(value, cleanValue_, L"");
+// A plain value is one line, and its only white space are blanks: those at the ends go, and no
+// others, whatever else is removed.
+void ValuePatterns::Clean(std::wstring& value) const {
+  if (!IsPlain(value)) {
+    value = boost::xpressive::regex_replace(value, cleanValue_, L"");
+    return;
+  }
+  value.erase(value.find_last_not_of(L' ') + 1);
+  value.erase(0, value.find_first_not_of(L' '));
+  std::erase_if(value, [this](wchar_t c) { return !IsKept(c); });
 }
 
-// Every text that a unit pattern fits begins with the pattern's first letter, so most patterns need
-// not be searched for at all.
-bool ValuePatterns::Finds(const std::wstring& key, const std::wstring& value) {
-  const wchar_t initial = key[key.find_first_not_of(L"(?:")];
-  return value.find(initial) != std::wstring::npos &&
-         boost::xpressive::regex_search(value, found_, units_.at(key));
+const std::wstring* ValuePatterns::UnitIn(const std::wstring& value) const {
+  const auto unit =
+      std::ranges::find_if(units_, [&value](const auto& row) { return row.second.IsIn(value); });
+  return unit != units_.end() ? &unit->first : nullptr;
 }
 
-// Most values are clean: one or a few words with single blanks between them.
-bool ValuePatterns::IsClean(const std::wstring& value) const {
-  return !value.empty() && value.front() != L' ' && value.back() != L' ' &&
-         std::all_of(value.begin(), value.end(), [this](wchar_t c) {
-           return (classes_.Of(c) & CharacterClasses::kWord) != 0 ||
-                  kKeptMarks.find(c) != kKeptMarks.npos;
-         });
+bool ValuePatterns::IsPlain(const std::wstring& value) const {
+  return std::ranges::all_of(value, [this](wchar_t c) {
+    return (c >= L' ' && c < 0x7F) || (classes_.Of(c) & CharacterClasses::kWord) != 0;
+  });
+}
+
+bool ValuePatterns::IsKept(wchar_t c) const {
+  return (classes_.Of(c) & CharacterClasses::kWord) != 0 || kKeptMarks.find(c) != kKeptMarks.npos;
 }
 
 }  // namespace postwright

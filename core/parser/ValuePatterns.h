@@ -2,35 +2,39 @@
 #define POSTWRIGHT_CORE_PARSER_VALUEPATTERNS_H_
 
 #include "core/parser/CharacterClasses.h"
+#include "core/parser/DesignatorPattern.h"
 
 #include <boost/xpressive/xpressive_dynamic.hpp>
 
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace postwright {
 
-// The patterns that captured values go through, compiled once: they mean the same as long as the
-// character locale stays, and compiling one takes longer than using it a hundred times.
+// The patterns that captured values go through, made once: they mean the same as long as the
+// character locale stays, and making one takes longer than using it a hundred times.
 class ValuePatterns {
  public:
-  // Compiles the keys of `units`.
+  // The keys of `units` are the patterns of the unit designators.
   explicit ValuePatterns(const std::map<std::wstring, std::wstring>& units);
 
-  // Returns `value` without white space at its ends and at the ends of the lines in it, and without
-  // any character but letters, digits, "_", white space, "/", "-", "#" and "&".
-  std::wstring Clean(const std::wstring& value) const;
+  // Removes from `value` the white space at its ends and at the ends of the lines in it, and every
+  // character but letters, digits, "_", white space, "/", "-", "#" and "&".
+  void Clean(std::wstring& value) const;
 
-  // Is the unit pattern `key`, one of those given to the constructor, found anywhere in `value`?
-  bool Finds(const std::wstring& key, const std::wstring& value);
+  // The first unit pattern, in the order of the keys, that is found anywhere in `value`; null where
+  // none is.
+  const std::wstring* UnitIn(const std::wstring& value) const;
 
  private:
-  bool IsClean(const std::wstring& value) const;
+  bool IsPlain(const std::wstring& value) const;
+  bool IsKept(wchar_t c) const;
 
   CharacterClasses classes_;
   boost::xpressive::wsregex cleanValue_;
-  std::map<std::wstring, boost::xpressive::wsregex> units_;
-  boost::xpressive::wsmatch found_;  // kept to use its memory again
+  std::vector<std::pair<std::wstring, DesignatorPattern>> units_;
 };
 
 }  // namespace postwright

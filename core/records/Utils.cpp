@@ -1,23 +1,44 @@
 #include <postwright/Utils.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cwctype>
+#include <string_view>
 
 namespace postwright::Utils {
 
-std::wstring TrimString(const std::wstring& text) {
-  constexpr const wchar_t* kTrimmed = L" \n\r\t";
-  const size_t first = text.find_first_not_of(kTrimmed);
-  if (first == std::wstring::npos) {
-    return text;
-  }
-  return text.substr(first, text.find_last_not_of(kTrimmed) - first + 1);
+namespace {
+
+bool IsBreak(wchar_t c) {
+  return c == L'\n' || c == L'\r';
 }
 
+std::wstring_view Trimmed(std::wstring_view text) {
+  const auto isKept = [](wchar_t c) { return c != L' ' && c != L'\t' && !IsBreak(c); };
+  const auto first = std::find_if(text.begin(), text.end(), isKept);
+  if (first == text.end()) {
+    return text;
+  }
+  return {first, std::find_if(text.rbegin(), text.rend(), isKept).base()};
+}
+
+}  // namespace
+
+std::wstring TrimString(const std::wstring& text) {
+  return std::wstring(Trimmed(text));
+}
+
+// Of ASCII's letters only i depends on the locale, its capital has a dot in Turkish; the others
+// need not be asked about one by one.
 std::wstring ToUpper(const std::wstring& text) {
   std::wstring upper = text;
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); });
+  for (wchar_t& c : upper) {
+    if (c == L'i' || static_cast<uint32_t>(c) >= 0x80) {
+      c = static_cast<wchar_t>(std::towupper(c));
+    } else if (c >= L'a' && c <= L'z') {
+      c -= L'a' - L'A';
+    }
+  }
   return upper;
 }
 
@@ -56,14 +77,16 @@ std::wstring JoinStrings(const std::vector<std::wstring>& strings, const std::ws
 }
 
 std::wstring NormalizeAddress(const std::wstring& text) {
-  std::vector<std::wstring> kept;
-  for (const std::wstring& line : SeparateStringToLines(text)) {
-    std::wstring trimmed = TrimString(line);
-    if (!trimmed.empty()) {
-      kept.push_back(std::move(trimmed));
+  std::wstring normalized;
+  normalized.reserve(text.size());
+  for (auto begin = text.begin(); begin != text.end();) {
+    const auto end = std::find_if(begin, text.end(), IsBreak);
+    if (begin != end) {
+      normalized.append(normalized.empty() ? 0 : 1, L'\n').append(Trimmed({begin, end}));
     }
+    begin = end == text.end() ? end : end + 1;
   }
-  return JoinStrings(kept, L"\n", false);
+  return normalized;
 }
 
 }  // namespace postwright::Utils
