@@ -425,11 +425,13 @@ TEST_F(ParseStreamTest, ReplacesADeadWorker) {
         "pkill -STOP -P $run; tail -n +701 more >&$input; sleep 0.3; pkill -9 -P $run; "
         "exec {input}>&-; wait $run; cmp out records-of-more",
         0, "", ""},
-       // Without a leak check at its end, which would have a process of its own that is killed too.
        {"killed over a line",
-        "export ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0; " + parse_ +
-            " --jobs 2 slow > out & run=$!; while sleep 0.02; kill -0 $run 2>&-; do "
-            "pkill -9 -P $run; done; wait $run; echo $?; cat out" +
+        parse_ +
+            " --jobs 2 slow > out 2> said & run=$!; kill_workers() { sleep 0.02; pkill -9 -P $run; "
+            "}; "
+            "until kill_workers; do :; done; until [ -s out ]; do sleep 0.02; done; "
+            "until grep -q 'line 2' said; do kill_workers; done; wait $run; echo $?; "
+            "cat said >&2; cat out" +
             numbers,
         0, "1\n\"number\":\"1\n\"number\":\"\n\"number\":\"2\n",
         "postwright: line 2 could not be read: the worker process was ended by signal 9 (Killed); "
