@@ -1,21 +1,25 @@
 #include "client/suite/WorkerThread.h"
 
+#include <array>
+
 #include "tests/client/ClientTestMain.h"
 
 using namespace postwright;  // NOLINT(google-build-using-namespace)
 
 namespace {
 
+constexpr int kMostSteps = 1000;
+
 // Writes what it found, then reports each of its steps.
 class Counter final : public WorkerThread {
  public:
   ~Counter() override { waitForEnd(); }
-  std::vector<int> written;
+  std::array<int, kMostSteps> written{};  // each read while the next is written
 
  private:
   void threadTask(const QVariantMap& parameters) override {
     for (int i = 0; i < parameters.value(QStringLiteral("steps")).toInt(); ++i) {
-      written.push_back(i);
+      written.at(i) = i + 1;
       sendMessage(i, QStringLiteral("step %1").arg(i));
     }
     sendMessage(ThreadStopMessage);
@@ -47,7 +51,7 @@ void WorkerThreadTest::messagesArriveInOrderInNestedLoops() {
       return;
     }
     QCOMPARE(data.toString(), QStringLiteral("step %1").arg(identifier));
-    QCOMPARE(counter.written.at(identifier), identifier);  // published by the message
+    QCOMPARE(counter.written.at(identifier), identifier + 1);  // published by the message
     if (identifier == 0) {
       inner.exec();
     }
@@ -68,7 +72,7 @@ void WorkerThreadTest::portMayGoFirst() {
   QCoreApplication::processEvents();  // there is no receiver any more
 
   Counter counter;  // ends although it has no port
-  counter.detach({{QStringLiteral("steps"), 1000}});
+  counter.detach({{QStringLiteral("steps"), kMostSteps}});
 }
 
 POSTWRIGHT_CLIENT_TEST_MAIN(QCoreApplication, WorkerThreadTest)
