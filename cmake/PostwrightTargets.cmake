@@ -54,7 +54,6 @@ endif()
 
 # A sanitizer build is usually made once, often without ccache: reading the standard library only
 # once saves a fifth of its time. Other builds do not do this, so that a missing include shows.
-# Folders with windows set POSTWRIGHT_PRECOMPILED to what client/ precompiles for them.
 set(POSTWRIGHT_POSITION_INDEPENDENT ON)
 if(POSTWRIGHT_SANITIZED AND NOT POSTWRIGHT_FUZZ)
   set(POSTWRIGHT_POSITION_INDEPENDENT OFF)  # the preset's -fPIC does it for programs too: they share the header
@@ -79,6 +78,13 @@ function(postwright_precompile target)
     <variant> <vector> ${ARGN})
 endfunction()
 postwright_precompile(postwright-precompiled)
+
+# In a sanitizer build, has the folder's targets share what client/ precompiles for those with windows.
+macro(postwright_precompile_windows)
+  if(POSTWRIGHT_PRECOMPILED)
+    set(POSTWRIGHT_PRECOMPILED postwright-precompiled-windows)
+  endif()
+endmacro()
 
 # Gives TARGET our language level and warnings, hidden symbols and position-independent code.
 function(postwright_configure target)
